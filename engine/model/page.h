@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+// Plain data: what one pass over a page of a PDF file finds. Nothing here knows the PDF library, so that everything
+// built on it can be tried on pages made by hand.
+//
+// All lengths are PDF points (1/72 inch). The origin is the top left corner of the page as it is shown (the page's own
+// rotation is undone), y grows downwards.
+namespace model {
+
+/// An upright rectangle; left <= right and top <= bottom, an empty one has no area.
+struct Box
+{
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+
+    double width() const { return right - left; }
+    double height() const { return bottom - top; }
+    double centreX() const { return (left + right) / 2; }
+    double centreY() const { return (top + bottom) / 2; }
+    bool isEmpty() const { return right <= left || bottom <= top; }
+    bool contains(double x, double y) const { return x >= left && x <= right && y >= top && y <= bottom; }
+    bool operator==(const Box &) const = default;
+};
+
+/// The smallest box around both; an empty box at the origin counts as nothing.
+inline Box united(const Box &a, const Box &b)
+{
+    if (a == Box{}) {
+        return b;
+    }
+    if (b == Box{}) {
+        return a;
+    }
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
+}
+
+/// The common part of both, with no area when they do not touch.
+inline Box intersected(const Box &a, const Box &b)
+{
+    const Box both{
+        std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
+    return {both.left, both.top, std::max(both.left, both.right), std::max(both.top, both.bottom)};
+}
+
+/// An opaque colour, 0xRRGGBB.
+using Colour = std::uint32_t;
+constexpr Colour black = 0x000000;
+constexpr Colour white = 0xffffff;
+
+/// How a piece of text looks and where it leads.
+struct Style
+{
+    QString family; ///< "Times New Roman", without subset prefix and without Bold, Italic and the like
+    double size = 10;
+    bool bold = false;
+    bool italic = false;
+    bool fixedPitch = false;
+    bool serif = false;
+    Colour colour = black;
+    QString link; ///< an address, or "#page=N" for a place in the same document; empty for none
+
+    bool operator==(const Style &) const = default;
+};
+
+/// A word as drawn. The text stands in the order in which it is read (right-to-left words already turned).
+struct Word
+{
+    QString text;
+    Box box;
+    double baseline = 0; ///< y of the baseline for upright text, x for text turned by 90 or 270 degrees
+    int rotation = 0;    ///< 0, 90, 180 or 270: how far the text is turned clockwise against the page
+    bool spaceAfter = true;
+    Style style;
+};
+
+/// A straight horizontal or vertical line, drawn as a stroke or as a thin filled rectangle.
+struct Rule
+{
+    double x1 = 0;
+    double y1 = 0;
+    double x2 = 0;
+    double y2 = 0;
+    double width = 1;
+    Colour colour = black;
+
+    bool isHorizontal() const { return y1 == y2; }
+    double length() const { return (x2 - x1) + (y2 - y1); }
+};
+
+/// A filled rectangle that is too thick to be a rule: the background of a cell or a box.
+struct Fill
+{
+    Box box;
+    Colour colour = white;
+};
+
+enum class PictureKind {
+    Image,   ///< a raster image of the file
+    Drawing, ///< a region full of lines, curves and fills that are no rules of a table
+    Page     ///< the whole page, for scans
+};
+
+/// Where a picture stands. Its pixels come from a PictureSource, on request.
+struct RawPicture
+{
+    Box box; ///< the visible part
+    PictureKind kind = PictureKind::Image;
+};
+
+/// Everything one pass over a page finds.
+struct RawPage
+{
+    int number = 1; ///< counted from 1 in the file
+    double width = 612;
+    double height = 792;
+    std::vector<Word> words; ///< in the order of the PDF library's own reading order, a hint only
+    std::vector<Rule> rules;
+    std::vector<Fill> fills;
+    std::vector<RawPicture> pictures;
+};
+
+} // namespace model
