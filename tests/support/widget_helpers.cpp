@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "widget_helpers.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <cerrno>
+#include <grp.h>
+#include <malloc.h>
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace {
+
+// The empty scheme stands for addresses without one.
+const QStringList &recordedSchemes()
+{
+    static const QStringList schemes{
+        QStringLiteral("file"), QStringLiteral("http"), QStringLiteral("https"), QStringLiteral("mailto"),
+        QStringLiteral("")};
+    return schemes;
+}
+
+} // namespace
+
+UrlRecorder::UrlRecorder()
+{
+    for (const QString &scheme : recordedSchemes())
+        QDesktopServices::setUrlHandler(scheme, this, "open");
+}
+
+UrlRecorder::~UrlRecorder()
+{
+    for (const QString &scheme : recordedSchemes())
+        QDesktopServices::unsetUrlHandler(scheme);
+}
+
+void UrlRecorder::open(const QUrl &url)
+{
+    opened << url;
+}
+
+ModalAnswer::ModalAnswer(std::function<bool(QWidget *)> accepts, std::function<void(QWidget *)> answer)
+    : m_accepts(std::move(accepts))
+    , m_answer(std::move(answer))
+{
+    connect(&m_timer, &QTimer::timeout, this, &ModalAnswer::look);
+    m_timer.start(1);
+}
+
+void ModalAnswer::look()
+{
+    QWidget *widget = QApplication::activeModalWidget();
+    if (m_seen || !widget || !widget->isVisible() || !m_accepts(widget))
+        return;
+    m_seen = true;
+    m_timer.stop();
+    m_answer(widget);
+}
+
+void answerFileDialog(QFileDialog &dialog, const QStringList &paths)
+{
+    if (paths.isEmpty()) {
+        dialog.reject();
+        return;
+    }
+    QString typed = paths.constFirst();
+    if (paths.size() > 1)
+        typed = QLatin1Char('"') + paths.join(QStringLiteral("\" \"")) + QLatin1Char('"');
+    dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(typed);
+    QMetaObject::invokeMethod(&dialog, "accept");
+}
+
+bool sendDragEnter(QWidget &window, const QMimeData &data)
+{
+    QDragEnterEvent event(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    event.setAccepted(false);
+    QApplication::sendEvent(&window, &event);
+    return event.isAccepted();
+}
+
+void sendDrop(QWidget &window, const QList<QUrl> &urls)
+{
+    QMimeData data;
+    data.setUrls(urls);
+    QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &event);
+}
+
+void sendDrop(QWidget &window, const QStringList &paths)
+{
+    QList<QUrl> urls;
+    urls.reserve(paths.size());
+    for (const QString &path : paths)
+        urls << QUrl::fromLocalFile(path);
+    sendDrop(window, urls);
+}
+
+qint64 residentKilobytes()
+{
+    malloc_trim(0);
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    if (!statm.open(QIODevice::ReadOnly))
+        return -1;
+    return statm.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE) / 1024;
+}
+
+void failOnUnexpectedWarnings()
+{
+    QTest::failOnWarning(
+        QRegularExpression(QStringLiteral("^(?!Could not parse stylesheet of object QTableWidget\\()")));
+}
+
+bool becomeOrdinaryUser()
+{
+    constexpr uid_t nobody = 65534;
+    if (geteuid() != 0)
+        return true;
+    if (setgroups(0, nullptr) != 0 || setresgid(nobody, nobody, nobody) != 0 || setresuid(nobody, nobody, nobody) != 0)
+        return false;
+    // A change of user makes the process untraceable, and the leak checker traces its own process.
+    prctl(PR_SET_DUMPABLE, 1);
+    return setuid(0) != 0 && errno == EPERM;
+}
