@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/output_kinds.h"
+
+#include <array>
+
+namespace {
+
+using Extension = QLatin1String;
+
+constexpr std::array wordExtensions{Extension(".doc"), Extension(".rtf")};
+constexpr std::array excelExtensions{Extension(".xls")};
+constexpr std::array powerPointExtensions{Extension(".pptx")};
+constexpr std::array htmlExtensions{Extension(".html"), Extension(".htm")};
+constexpr std::array xmlExtensions{Extension(".xml")};
+constexpr std::array postScriptExtensions{Extension(".ps")};
+constexpr std::array epsExtensions{Extension(".eps")};
+constexpr std::array textExtensions{Extension(".txt")};
+constexpr std::array imageExtensions{
+    Extension(".tiff"), Extension(".tif"), Extension(".jpeg"), Extension(".jpe"), Extension(".jpg"),
+    Extension(".tga"),  Extension(".png"), Extension(".gif"),  Extension(".bmp"), Extension(".ppm"),
+    Extension(".pbm"),  Extension(".pgm"), Extension(".pnm"),
+};
+
+constexpr DisabledControls none = DisabledControls::None;
+
+// Word and Excel default to the old formats, PowerPoint to the new one, on purpose.
+constexpr std::array kinds{
+    OutputKind{QLatin1String("PDF to Word"), Extension(".doc"), wordExtensions, true, false, none},
+    OutputKind{QLatin1String("PDF to Excel"), Extension(".xls"), excelExtensions, false, false, none},
+    OutputKind{QLatin1String("PDF to PPT"), Extension(".pptx"), powerPointExtensions, false, false, none},
+    OutputKind{
+        QLatin1String("PDF to HTML"), Extension(".html"), htmlExtensions, false, false, DisabledControls::PageSize},
+    OutputKind{QLatin1String("PDF to XML"), Extension(".xml"), xmlExtensions, false, false, DisabledControls::PageSize},
+    OutputKind{QLatin1String("PDF to PostScript"), Extension(".ps"), postScriptExtensions, false, false, none},
+    OutputKind{QLatin1String("PDF to EPS"), Extension(".eps"), epsExtensions, false, false, none},
+    OutputKind{
+        QLatin1String("PDF to Text"), Extension(".txt"), textExtensions, false, false,
+        DisabledControls::PageSizeResolutionAndColor},
+    OutputKind{QLatin1String("PDF to Image"), Extension(".tiff"), imageExtensions, false, true, none},
+};
+
+bool hasRow(int row)
+{
+    return row >= 0 && row < static_cast<int>(kinds.size());
+}
+
+} // namespace
+
+std::span<const OutputKind> outputKinds()
+{
+    return kinds;
+}
+
+const OutputKind *outputKindOfStoredRow(const QString &row)
+{
+    const int number = row.toInt();
+    // Only the number's own text counts, so that "abc" is not taken for row 0.
+    const bool known = hasRow(number) && row == QString::number(number);
+    return known ? &kinds.at(static_cast<std::size_t>(number)) : nullptr;
+}
+
+QString defaultExtensionOfRow(int row)
+{
+    return kinds.at(hasRow(row) ? static_cast<std::size_t>(row) : 0).defaultExtension;
+}
+
+int selectableRow(int saved)
+{
+    return hasRow(saved) ? saved : 0;
+}
