@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/cli/page_range.h"
+
+#include "engine/cli/failure.h"
+
+#include <algorithm>
+
+namespace quorra {
+
+PageRange pageRange(const Options &options, int pageCount)
+{
+    const PageRange range{options.firstPage.value_or(1), std::min(options.lastPage.value_or(pageCount), pageCount)};
+    if (range.first > pageCount)
+        throw Failure(
+            ExitStatus::Usage,
+            "the first page is " + std::to_string(range.first) + ", the document has " + std::to_string(pageCount));
+    if (range.first > range.last)
+        throw Failure(ExitStatus::Usage, "the first page comes after the last");
+    return range;
+}
+
+} // namespace quorra

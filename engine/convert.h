@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/cli/options.h"
+#include "engine/pdf/document.h"
+
+#include <string_view>
+
+namespace quorra {
+
+/// One conversion: the pages firstPage to lastPage (from 1, both included, both in the document) of an opened document.
+struct Job
+{
+    const Options &options;
+    Document &document;
+    int firstPage;
+    int lastPage;
+
+    int pageCount() const { return lastPage - firstPage + 1; }
+};
+
+// Each writes its files and throws Failure.
+void convertToText(const Job &job);
+void convertToHtml(const Job &job);
+void convertToXml(const Job &job);
+void convertToImages(const Job &job);
+void convertToPostScript(const Job &job);
+void convertToWord(const Job &job);
+void convertToSlides(const Job &job);
+void convertToSheets(const Job &job);
+
+using Converter = void (*)(const Job &);
+
+/// The function that writes files with this extension (lower case, with its dot); null for an unknown one.
+Converter converterFor(std::string_view extension);
+
+/// Opens the input, works out the page range and converts. Throws Failure.
+void convert(const Options &options);
+
+} // namespace quorra

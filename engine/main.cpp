@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/cli/failure.h"
+#include "engine/convert.h"
+#include "engine/platform/limits.h"
+#include "engine/platform/streams.h"
+
+#include <cstring>
+#include <exception>
+#include <new>
+#include <string>
+#include <vector>
+
+namespace {
+
+using quorra::ExitStatus;
+using quorra::Failure;
+
+/// Blanks the passwords where every user of the machine can read them.
+void hidePasswords(int count, char **arguments)
+{
+    for (int i = 1; i + 1 < count; ++i) {
+        if (std::strcmp(arguments[i], "-upw") == 0 || std::strcmp(arguments[i], "-opw") == 0) {
+            ++i;
+            std::memset(arguments[i], 0, std::strlen(arguments[i]));
+        }
+    }
+}
+
+void run(const std::vector<std::string> &arguments)
+{
+    quorra::convert(quorra::parseOptions(arguments));
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const std::vector<std::string> arguments(argv + 1, argv + (argc > 0 ? argc : 1));
+    hidePasswords(argc, argv);
+    const quorra::ErrorLine errorLine;
+    quorra::limits::catchFatalSignals(errorLine.descriptor());
+    quorra::limits::apply();
+    ExitStatus status = ExitStatus::Done;
+    try {
+        run(arguments);
+    } catch (const Failure &failure) {
+        status = failure.status();
+        errorLine.print(failure.what());
+    } catch (const std::bad_alloc &) {
+        status = ExitStatus::Limit;
+        errorLine.print("the file needs more memory than allowed");
+    } catch (const std::exception &error) {
+        status = ExitStatus::CannotOpen;
+        errorLine.print(std::string("the file cannot be converted: ") + error.what());
+    }
+    return static_cast<int>(status);
+}

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "../model/page.h"
+
+#include <QHash>
+#include <QLatin1String>
+#include <QString>
+#include <QXmlStreamWriter>
+
+#include <utility>
+#include <vector>
+
+// What the writers of flat ODF files share: elements as plain data, and the table of automatic styles.
+namespace office {
+
+using Attributes = std::vector<std::pair<QLatin1String, QString>>;
+
+/// An XML element without text, as plain data: the definition of a style or a part of one.
+struct Element
+{
+    QLatin1String name;
+    Attributes attributes;
+    std::vector<Element> children;
+};
+
+/// Writes the element with all that is in it.
+void writeElement(QXmlStreamWriter &xml, const Element &element);
+
+/// Points as an ODF length: "12.35pt". Anything that is no finite number gives "0pt".
+QString pt(double points);
+
+/// "#rrggbb"
+QString colourName(model::Colour colour);
+
+/// The text without the characters that XML 1.0 cannot hold (control characters, unpaired surrogates).
+QString xmlText(const QString &text);
+
+/// The attributes of style:text-properties for one look.
+Attributes textAttributes(const model::Style &style);
+
+/// The automatic styles of one file. Equal definitions share one name.
+class StyleTable
+{
+public:
+    /// The name of a style like this; definition has no style:name yet. Styles that refer to others by name must be
+    /// asked for after those.
+    QString name(const Element &definition);
+
+    /// Shortcuts for the commonest families. Parent names a style of the file's fixed part; empty for none.
+    QString text(const model::Style &style);
+    QString graphic(const Attributes &properties, QLatin1String parent);
+
+    /// The element of font declarations for all families seen so far.
+    void noteFont(const model::Style &style);
+    void writeFonts(QXmlStreamWriter &xml) const;
+    void writeStyles(QXmlStreamWriter &xml) const;
+
+private:
+    QHash<QByteArray, QString> m_names;
+    std::vector<std::pair<QString, Element>> m_styles;
+    std::vector<std::pair<QString, Element>> m_fonts;
+    QHash<QString, bool> m_fontSeen;
+};
+
+} // namespace office

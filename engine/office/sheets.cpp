@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/cli/failure.h"
+#include "engine/convert.h"
+
+namespace quorra {
+
+void convertToSheets(const Job &)
+{
+    throw Failure(ExitStatus::Helper, "spreadsheet output is not available in this version of the engine");
+}
+
+} // namespace quorra

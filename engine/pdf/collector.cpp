@@ -1,0 +1,350 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/pdf/collector.h"
+
+#include "engine/model/direction.h"
+#include "engine/model/font_name.h"
+#include "engine/pdf/collector_links.h"
+#include "engine/pdf/document_handles.h"
+
+#include <GfxState.h>
+#include <TextOutputDev.h>
+
+#include <QHash>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace quorra {
+
+namespace {
+
+using model::Box;
+
+constexpr double thinnestFill = 3.2;       // a filled rectangle up to this many points thick is a line
+constexpr double straightTolerance = 0.35; // how far the ends of a straight line may differ across its direction
+constexpr std::size_t mostMarks = 20'000;  // a page with more lines than this is a drawing, not a table
+
+model::Colour colourOf(const GfxRGB &rgb)
+{
+    const auto byte = [](GfxColorComp c) { return static_cast<model::Colour>(colToByte(c)); };
+    return byte(rgb.r) << 16U | byte(rgb.g) << 8U | byte(rgb.b);
+}
+
+model::Colour colourOf(double r, double g, double b)
+{
+    const auto byte = [](double c) { return static_cast<model::Colour>(std::clamp(std::lround(c * 255), 0L, 255L)); };
+    return byte(r) << 16U | byte(g) << 8U | byte(b);
+}
+
+Box clipBox(const GfxState *state)
+{
+    Box clip;
+    state->getClipBBox(&clip.left, &clip.top, &clip.right, &clip.bottom);
+    return clip;
+}
+
+struct Point
+{
+    double x;
+    double y;
+};
+
+// One subpath in page coordinates; empty when it has a curve or a slanted side.
+std::vector<Point> uprightPoints(const GfxState *state, const GfxSubpath *subpath)
+{
+    std::vector<Point> points;
+    for (int i = 0; i < subpath->getNumPoints(); ++i) {
+        Point p{};
+        state->transform(subpath->getX(i), subpath->getY(i), &p.x, &p.y);
+        const bool slanted = !points.empty() && std::abs(points.back().x - p.x) > straightTolerance &&
+                             std::abs(points.back().y - p.y) > straightTolerance;
+        if (subpath->getCurve(i) || slanted) {
+            return {};
+        }
+        points.push_back(p);
+    }
+    if (subpath->isClosed() && !points.empty()) {
+        points.push_back(points.front());
+    }
+    return points;
+}
+
+Box boxAround(const GfxState *state, const GfxSubpath *subpath)
+{
+    Box box{1e9, 1e9, -1e9, -1e9};
+    for (int i = 0; i < subpath->getNumPoints(); ++i) {
+        double x = 0;
+        double y = 0;
+        state->transform(subpath->getX(i), subpath->getY(i), &x, &y);
+        box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x), std::max(box.bottom, y)};
+    }
+    return box;
+}
+
+/// The text device of the PDF library finds words; this one keeps what is drawn around them as well.
+class Collector final : public TextOutputDev
+{
+public:
+    Collector(model::RawPage &page, bool withPictures)
+        : TextOutputDev(nullptr, false, 0, false, false)
+        , m_page(page)
+        , m_withPictures(withPictures)
+    {}
+
+    bool needNonText() override { return m_withPictures; }
+    bool useTilingPatternFill() override { return true; }
+    bool useShadedFills(int /*type*/) override { return true; }
+
+    void stroke(GfxState *state) override
+    {
+        GfxRGB rgb;
+        state->getStrokeRGB(&rgb);
+        const double width = std::max(0.1, state->getTransformedLineWidth());
+        forEachSubpath(state, [&](const GfxSubpath *subpath) {
+            const std::vector<Point> points = uprightPoints(state, subpath);
+            if (points.empty()) {
+                addInk(state, boxAround(state, subpath));
+            }
+            for (std::size_t i = 1; i < points.size(); ++i) {
+                addRule(state, points[i - 1], points[i], width, colourOf(rgb));
+            }
+        });
+    }
+
+    void fill(GfxState *state) override
+    {
+        GfxRGB rgb;
+        state->getFillRGB(&rgb);
+        forEachSubpath(state, [&](const GfxSubpath *subpath) {
+            const std::vector<Point> points = uprightPoints(state, subpath);
+            const Box box = intersected(boxAround(state, subpath), clipBox(state));
+            if (points.size() < 2 || points.size() > 6) {
+                addInk(state, box);
+            } else {
+                addFill(state, box, colourOf(rgb));
+            }
+        });
+    }
+
+    void eoFill(GfxState *state) override { fill(state); }
+
+    bool tilingPatternFill(
+        GfxState *state, Gfx * /*gfx*/, Catalog * /*cat*/, GfxTilingPattern * /*pattern*/, const double * /*matrix*/,
+        int /*x0*/, int /*y0*/, int /*x1*/, int /*y1*/, double /*xStep*/, double /*yStep*/) override
+    {
+        addInk(state, clipBox(state));
+        return true;
+    }
+
+    bool functionShadedFill(GfxState *state, GfxFunctionShading * /*shading*/) override { return addShading(state); }
+    bool axialShadedFill(GfxState *state, GfxAxialShading * /*shading*/, double /*tMin*/, double /*tMax*/) override
+    {
+        return addShading(state);
+    }
+    bool radialShadedFill(GfxState *state, GfxRadialShading * /*shading*/, double /*sMin*/, double /*sMax*/) override
+    {
+        return addShading(state);
+    }
+    bool gouraudTriangleShadedFill(GfxState *state, GfxGouraudTriangleShading * /*shading*/) override
+    {
+        return addShading(state);
+    }
+    bool patchMeshShadedFill(GfxState *state, GfxPatchMeshShading * /*shading*/) override { return addShading(state); }
+
+    void drawImageMask(
+        GfxState *state, Object *ref, Stream *str, int width, int height, bool invert, bool interpolate,
+        bool inlineImage) override
+    {
+        addImage(state);
+        OutputDev::drawImageMask(state, ref, str, width, height, invert, interpolate, inlineImage);
+    }
+
+    void drawImage(
+        GfxState *state, Object *ref, Stream *str, int width, int height, GfxImageColorMap *colours, bool interpolate,
+        const int *maskColours, bool inlineImage) override
+    {
+        addImage(state);
+        OutputDev::drawImage(state, ref, str, width, height, colours, interpolate, maskColours, inlineImage);
+    }
+
+private:
+    template <typename Use>
+    void forEachSubpath(const GfxState *state, Use use)
+    {
+        const GfxPath *path = state->getPath();
+        for (int i = 0; i < path->getNumSubpaths() && m_marks < mostMarks; ++i, ++m_marks) {
+            if (path->getSubpath(i)->getNumPoints() > 1) {
+                use(path->getSubpath(i));
+            }
+        }
+    }
+
+    void addRule(const GfxState *state, const Point &from, const Point &to, double width, model::Colour colour)
+    {
+        const bool horizontal = std::abs(from.x - to.x) >= std::abs(from.y - to.y);
+        Box box{std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x), std::max(from.y, to.y)};
+        const Box clip = clipBox(state);
+        if (box.right < clip.left || box.left > clip.right || box.bottom < clip.top || box.top > clip.bottom) {
+            return;
+        }
+        box = intersected(box, clip);
+        if (width > thinnestFill) { // a thick stroke is a bar
+            const double half = width / 2;
+            const Box bar = horizontal ? Box{box.left, box.top - half, box.right, box.bottom + half}
+                                       : Box{box.left - half, box.top, box.right + half, box.bottom};
+            m_page.fills.push_back({intersected(bar, clip), colour});
+            return;
+        }
+        addRule(box, horizontal, width, colour);
+    }
+
+    void addRule(const Box &box, bool horizontal, double width, model::Colour colour)
+    {
+        if (horizontal) {
+            m_page.rules.push_back({box.left, box.centreY(), box.right, box.centreY(), width, colour});
+        } else {
+            m_page.rules.push_back({box.centreX(), box.top, box.centreX(), box.bottom, width, colour});
+        }
+    }
+
+    void addFill(const GfxState *state, const Box &box, model::Colour colour)
+    {
+        const double thickness = std::min(box.width(), box.height());
+        if (thickness < 0 || state->getFillOpacity() < 0.02 || std::max(box.width(), box.height()) <= 0) {
+            return;
+        }
+        if (thickness <= thinnestFill) {
+            addRule(box, box.width() >= box.height(), std::max(0.1, thickness), colour);
+        } else {
+            m_page.fills.push_back({box, colour});
+        }
+    }
+
+    void addInk(const GfxState *state, const Box &box)
+    {
+        const Box seen = intersected(box, clipBox(state));
+        if (seen.width() > 0 || seen.height() > 0) {
+            m_page.ink.push_back(seen);
+        }
+    }
+
+    bool addShading(const GfxState *state)
+    {
+        addInk(state, clipBox(state));
+        return true;
+    }
+
+    void addImage(const GfxState *state)
+    {
+        Box box{1e9, 1e9, -1e9, -1e9};
+        for (const Point corner : {Point{0, 0}, Point{1, 0}, Point{0, 1}, Point{1, 1}}) {
+            double x = 0;
+            double y = 0;
+            state->transform(corner.x, corner.y, &x, &y);
+            box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x), std::max(box.bottom, y)};
+        }
+        box = intersected(box, clipBox(state));
+        if (std::min(box.width(), box.height()) > thinnestFill) {
+            m_page.pictures.push_back({box, model::PictureKind::Image});
+        } else if (std::max(box.width(), box.height()) > thinnestFill) {
+            addRule(box, box.width() >= box.height(), std::min(box.width(), box.height()), model::black);
+        }
+    }
+
+    model::RawPage &m_page;
+    bool m_withPictures;
+    std::size_t m_marks = 0;
+};
+
+/// Turns the library's words into ours; remembers the fonts it has read.
+class WordReader
+{
+public:
+    explicit WordReader(model::RawPage &page) : m_page(page) {}
+
+    void read(const TextWord *word)
+    {
+        QString text;
+        for (int i = 0; i < word->getLength(); ++i) {
+            text += QString::fromUcs4(reinterpret_cast<const char32_t *>(word->getChar(i)), 1);
+        }
+        model::Word own;
+        own.text = model::plainLetters(model::logicalWord(text));
+        if (own.text.trimmed().isEmpty()) {
+            return;
+        }
+        word->getBBox(&own.box.left, &own.box.top, &own.box.right, &own.box.bottom);
+        own.baseline = word->getBaseline();
+        own.rotation = word->getRotation() * 90;
+        own.spaceAfter = word->getSpaceAfter();
+        own.style = styleOf(word);
+        m_page.words.push_back(std::move(own));
+    }
+
+private:
+    model::Style styleOf(const TextWord *word)
+    {
+        const TextFontInfo *info = word->getFontInfo(0);
+        auto known = m_styles.constFind(info);
+        if (known == m_styles.constEnd()) {
+            const GooString *name = word->getFontName(0);
+            const model::FontName parsed =
+                model::parseFontName(name ? QString::fromLatin1(name->c_str(), name->getLength()) : QString());
+            model::Style style;
+            style.family = parsed.family;
+            style.bold = parsed.bold || info->isBold();
+            style.italic = parsed.italic || info->isItalic();
+            style.fixedPitch = parsed.fixedPitch || info->isFixedWidth();
+            style.serif = info->isSerif() && !parsed.sansSerif && !style.fixedPitch;
+            known = m_styles.insert(info, style);
+        }
+        model::Style style = *known;
+        style.size = word->getFontSize();
+        double r = 0;
+        double g = 0;
+        double b = 0;
+        word->getColor(&r, &g, &b);
+        style.colour = colourOf(r, g, b);
+        return style;
+    }
+
+    model::RawPage &m_page;
+    QHash<const TextFontInfo *, model::Style> m_styles;
+};
+
+void readWords(const TextOutputDev &device, model::RawPage &page)
+{
+    WordReader reader(page);
+    for (const TextFlow *flow = device.getFlows(); flow; flow = flow->getNext()) {
+        for (const TextBlock *block = flow->getBlocks(); block; block = block->getNext()) {
+            for (const TextLine *line = block->getLines(); line; line = line->getNext()) {
+                for (const TextWord *word = line->getWords(); word; word = word->getNext()) {
+                    reader.read(word);
+                }
+            }
+        }
+    }
+}
+
+} // namespace
+
+model::RawPage collectPage(Document &document, int pageNumber, Collect what)
+{
+    const PageSize size = document.pageSize(pageNumber);
+    model::RawPage page;
+    page.number = pageNumber;
+    page.width = size.width;
+    page.height = size.height;
+    Collector device(page, what == Collect::Everything);
+    PDFDoc &doc = *document.handles().doc;
+    constexpr double pointsPerInch = 72;
+    doc.displayPage(&device, pageNumber, pointsPerInch, pointsPerInch, 0, false, true, false);
+    readWords(device, page);
+    if (what == Collect::Everything) {
+        applyLinks(doc, pageNumber, page);
+    }
+    return page;
+}
+
+} // namespace quorra

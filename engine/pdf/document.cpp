@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/pdf/document.h"
+
+#include "engine/cli/failure.h"
+#include "engine/cli/passwords.h"
+#include "engine/pdf/document_handles.h"
+
+#include <ErrorCodes.h>
+
+namespace quorra {
+
+namespace {
+
+constexpr PageSize UsLetter{612, 792};
+
+void dropMessage(ErrorCategory, Goffset, const char *) {}
+
+std::optional<GooString> optionalPassword(const std::string &password)
+{
+    return password.empty() ? std::optional<GooString>() : std::optional<GooString>(password);
+}
+
+std::unique_ptr<PDFDoc> load(const std::string &path, const PasswordPair &passwords)
+{
+    return std::make_unique<PDFDoc>(
+        std::make_unique<GooString>(path), optionalPassword(passwords.owner), optionalPassword(passwords.user));
+}
+
+[[noreturn]] void fail(const std::string &path, int error, bool passwordGiven)
+{
+    if (error == errEncrypted)
+        throw Failure(
+            ExitStatus::Password,
+            (passwordGiven ? "no given password opens " : "a password is needed to open ") + path);
+    throw Failure(
+        ExitStatus::CannotOpen, (error == errOpenFile ? "cannot read " : "not a PDF file that can be read: ") + path);
+}
+
+/// The one place that decides whether an owner's restrictions hold: a file that opens is converted.
+bool conversionAllowed(const PDFDoc &)
+{
+    return true;
+}
+
+} // namespace
+
+Document::Document(const std::string &path, const std::string &userPassword, const std::string &ownerPassword)
+    : m_handles(std::make_unique<DocumentHandles>(&dropMessage))
+{
+    for (const PasswordPair &passwords : passwordsToTry(userPassword, ownerPassword)) {
+        m_handles->doc = load(path, passwords);
+        m_handles->passwords = passwords;
+        if (m_handles->doc->isOk() || m_handles->doc->getErrorCode() != errEncrypted)
+            break;
+    }
+    PDFDoc &doc = *m_handles->doc;
+    if (!doc.isOk())
+        fail(path, doc.getErrorCode(), !userPassword.empty() || !ownerPassword.empty());
+    if (doc.getNumPages() < 1)
+        fail(path, errDamaged, false);
+    if (!conversionAllowed(doc))
+        throw Failure(ExitStatus::NotPermitted, "the owner of the file does not permit this");
+    m_handles->path = path;
+}
+
+Document::~Document() = default;
+
+int Document::pageCount() const
+{
+    return m_handles->doc->getNumPages();
+}
+
+PageSize Document::pageSize(int page) const
+{
+    PDFDoc &doc = *m_handles->doc;
+    PageSize size{doc.getPageCropWidth(page), doc.getPageCropHeight(page)};
+    if (!(size.width > 0) || !(size.height > 0))
+        return UsLetter;
+    if (rotation(page) % 180 != 0)
+        std::swap(size.width, size.height);
+    return size;
+}
+
+int Document::rotation(int page) const
+{
+    return m_handles->doc->getPageRotate(page);
+}
+
+} // namespace quorra

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/platform/child_process.h"
+
+#include "engine/platform/platform.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char **environ;
+
+namespace quorra {
+
+namespace {
+
+constexpr std::chrono::milliseconds Pause{5};
+constexpr int NotStartedStatus = 127;
+
+/// The inherited environment with the command's own entries in place of those of the same name.
+std::vector<std::string> mergedEnvironment(const std::vector<std::string> &own)
+{
+    std::vector<std::string> merged = own;
+    for (char **entry = environ; *entry; ++entry) {
+        const std::string inherited = *entry;
+        const std::string name = inherited.substr(0, inherited.find('=') + 1);
+        const bool replaced = std::any_of(
+            own.begin(), own.end(), [&](const std::string &each) { return each.compare(0, name.size(), name) == 0; });
+        if (!replaced)
+            merged.push_back(inherited);
+    }
+    return merged;
+}
+
+std::vector<char *> pointers(std::vector<std::string> &texts)
+{
+    std::vector<char *> result;
+    for (std::string &text : texts)
+        result.push_back(text.data());
+    result.push_back(nullptr);
+    return result;
+}
+
+// From here to exec only async-signal-safe calls: the process may have other threads.
+
+template <typename Resource>
+void limit(Resource resource, rlim_t value)
+{
+    const rlimit both{value, value};
+    setrlimit(resource, &both);
+}
+
+[[noreturn]] void becomeCommand(const ChildCommand &command, char **arguments, char **environment, pid_t parent)
+{
+    setpgid(0, 0);
+    platform::dieWithParent(parent);
+    if (command.addressSpaceBytes > 0)
+        limit(RLIMIT_AS, command.addressSpaceBytes);
+    if (command.cpuSeconds > 0)
+        limit(RLIMIT_CPU, command.cpuSeconds);
+    umask(077);
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+    for (const int number : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGXCPU, SIGXFSZ, SIGPIPE})
+        signal(number, SIG_DFL);
+    const int nowhere = open("/dev/null", O_RDWR);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        dup2(nowhere, stream);
+    if (nowhere > STDERR_FILENO)
+        close(nowhere);
+    if (command.workingFolder.empty() || chdir(command.workingFolder.c_str()) == 0)
+        execve(command.program.c_str(), arguments, environment);
+    _exit(NotStartedStatus);
+}
+
+/// Waits for the process; true when it ended before the deadline.
+bool waitUntil(pid_t child, std::chrono::steady_clock::time_point deadline, int &status)
+{
+    for (;;) {
+        const pid_t ended = waitpid(child, &status, WNOHANG);
+        if (ended == child || (ended < 0 && errno != EINTR))
+            return true;
+        if (std::chrono::steady_clock::now() >= deadline)
+            return false;
+        std::this_thread::sleep_for(Pause);
+    }
+}
+
+} // namespace
+
+ChildResult runChild(const ChildCommand &command)
+{
+    std::vector<std::string> argumentTexts = {command.program};
+    argumentTexts.insert(argumentTexts.end(), command.arguments.begin(), command.arguments.end());
+    std::vector<std::string> environmentTexts = mergedEnvironment(command.environment);
+    const std::vector<char *> arguments = pointers(argumentTexts);
+    const std::vector<char *> environment = pointers(environmentTexts);
+
+    const pid_t parent = getpid();
+    const pid_t child = fork();
+    if (child < 0)
+        return {};
+    if (child == 0)
+        becomeCommand(command, const_cast<char **>(arguments.data()), const_cast<char **>(environment.data()), parent);
+    setpgid(child, child);
+    platform::guardGroup(child);
+
+    int status = 0;
+    const bool inTime = waitUntil(child, std::chrono::steady_clock::now() + command.wallLimit, status);
+    // Also after a normal end: nothing that the command started may stay.
+    kill(-child, SIGKILL);
+    if (!inTime) {
+        waitpid(child, &status, 0);
+        return {ChildEnd::TimedOut, 0};
+    }
+    if (WIFSIGNALED(status))
+        return {ChildEnd::Signalled, WTERMSIG(status)};
+    if (WEXITSTATUS(status) == NotStartedStatus)
+        return {};
+    return {ChildEnd::Exited, WEXITSTATUS(status)};
+}
+
+} // namespace quorra

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quorra {
+
+/// A program to run to its end.
+struct ChildCommand
+{
+    std::string program;                  ///< full path; also its argument 0
+    std::vector<std::string> arguments;   ///< without argument 0
+    std::vector<std::string> environment; ///< "NAME=value", set over the inherited ones
+    std::string workingFolder;            ///< empty: inherited
+    std::uint64_t addressSpaceBytes = 0;  ///< 0: inherited
+    unsigned cpuSeconds = 0;              ///< 0: inherited
+    std::chrono::milliseconds wallLimit{60'000};
+};
+
+enum class ChildEnd { Exited, Signalled, TimedOut, NotStarted };
+
+struct ChildResult
+{
+    ChildEnd end = ChildEnd::NotStarted;
+    int status = 0; ///< exit status or signal number
+};
+
+/// Runs the command in a process group of its own with the standard streams at /dev/null and waits for its end. It dies
+/// with this process. Past the wall limit the whole group is killed. Call it from the main thread only: the death
+/// signal follows the thread that forked.
+ChildResult runChild(const ChildCommand &command);
+
+} // namespace quorra

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+
+namespace quorra::limits {
+
+inline constexpr std::uint64_t AddressSpaceBytes = 2ULL << 30;
+inline constexpr unsigned CpuSeconds = 600;
+inline constexpr std::uint64_t HelperAddressSpaceBytes = 4ULL << 30;
+inline constexpr unsigned HelperCpuSeconds = 300;
+inline constexpr std::uint64_t OutputBytes = 4ULL << 30; ///< largest single file the engine writes
+
+inline constexpr int LargestSide = 20000;                ///< pixels of a picture's side
+inline constexpr std::int64_t LargestArea = 250'000'000; ///< pixels of a picture
+
+/// Limits this process's memory, time, file size and core files, and takes the network away from it and from every
+/// process it starts. Where the system has no such limit, that one is left out.
+void apply();
+
+/// Turns signals by which the PDF library dies (out of memory, processor time, a crash) into one line and an exit
+/// status. `errorDescriptor` is where the line goes.
+void catchFatalSignals(int errorDescriptor);
+
+/// Gives the calling thread a signal stack of its own, so that a stack overflow in it can still be told.
+void prepareThread();
+
+} // namespace quorra::limits

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/platform/output_file.h"
+
+#include "engine/cli/failure.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace quorra {
+
+namespace {
+
+constexpr std::size_t BufferBytes = 64 * 1024;
+
+[[noreturn]] void fail(const std::string &path, int error)
+{
+    throw Failure(ExitStatus::CannotWrite, "cannot write " + path + ": " + std::strerror(error));
+}
+
+std::string folderOf(const std::string &path)
+{
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+}
+
+void writeAll(int descriptor, std::string_view bytes, const std::string &path)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR)
+            fail(path, errno);
+        bytes.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
+    }
+}
+
+} // namespace
+
+OutputFile::OutputFile(std::string path) : m_path(std::move(path))
+{
+    if (m_path.find('/') == std::string::npos)
+        m_path = "./" + m_path;
+    const std::string folder = folderOf(m_path);
+    m_file = platform::beginFile(folder);
+    if (m_file.descriptor < 0)
+        fail(m_path, errno);
+}
+
+OutputFile::~OutputFile()
+{
+    if (m_file.descriptor < 0)
+        return;
+    if (!m_file.partPath.empty())
+        unlink(m_file.partPath.c_str());
+    close(m_file.descriptor);
+}
+
+void OutputFile::write(std::string_view bytes)
+{
+    if (m_buffer.size() + bytes.size() > BufferBytes)
+        flush();
+    if (bytes.size() > BufferBytes)
+        writeAll(m_file.descriptor, bytes, m_path);
+    else
+        m_buffer.append(bytes);
+}
+
+void OutputFile::writeFile(const std::string &sourcePath)
+{
+    const int source = open(sourcePath.c_str(), O_RDONLY | O_CLOEXEC);
+    if (source < 0)
+        fail(m_path, errno);
+    std::array<char, BufferBytes> block;
+    ssize_t got = 0;
+    while ((got = read(source, block.data(), block.size())) > 0)
+        write({block.data(), static_cast<std::size_t>(got)});
+    const int error = errno;
+    close(source);
+    if (got < 0)
+        fail(m_path, error);
+}
+
+int OutputFile::descriptor()
+{
+    flush();
+    return m_file.descriptor;
+}
+
+void OutputFile::commit()
+{
+    flush();
+    if (!platform::nameFile(m_file, m_path))
+        fail(m_path, errno);
+    close(std::exchange(m_file.descriptor, -1));
+}
+
+void OutputFile::flush()
+{
+    writeAll(m_file.descriptor, m_buffer, m_path);
+    m_buffer.clear();
+}
+
+} // namespace quorra

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/platform/part_file.h"
+
+#include <atomic>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace quorra {
+
+namespace {
+
+const std::string Prefix = ".qtminw-";
+const std::string Suffix = ".part";
+
+bool endsWith(const std::string &text, const std::string &end)
+{
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+void removeIfUnlocked(const std::string &path)
+{
+    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (descriptor < 0)
+        return;
+    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+        unlink(path.c_str());
+    close(descriptor);
+}
+
+} // namespace
+
+std::string newPartPath(const std::string &folder)
+{
+    static std::atomic<unsigned> counter{0};
+    return folder + "/" + Prefix + std::to_string(getpid()) + "-" + std::to_string(++counter) + Suffix;
+}
+
+platform::UnnamedFile beginPartFile(const std::string &folder)
+{
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        const std::string path = newPartPath(folder);
+        const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (descriptor >= 0) {
+            flock(descriptor, LOCK_EX | LOCK_NB);
+            return {descriptor, path};
+        }
+        if (errno != EEXIST)
+            return {};
+    }
+    return {};
+}
+
+bool ownerIsGone(const std::string &name, const std::string &prefix)
+{
+    if (name.compare(0, prefix.size(), prefix) != 0)
+        return false;
+    pid_t pid = 0;
+    const char *const end = name.data() + name.size();
+    const auto parsed = std::from_chars(name.data() + prefix.size(), end, pid);
+    if (parsed.ec != std::errc() || parsed.ptr == end || *parsed.ptr != '-' || pid <= 0)
+        return false;
+    return kill(pid, 0) != 0 && errno == ESRCH;
+}
+
+void sweepPartFiles(const std::string &folder)
+{
+    DIR *const listing = opendir(folder.c_str());
+    if (!listing)
+        return;
+    while (const dirent *entry = readdir(listing)) {
+        const std::string name = entry->d_name;
+        if (endsWith(name, Suffix) && ownerIsGone(name, Prefix))
+            removeIfUnlocked(folder + "/" + name);
+    }
+    closedir(listing);
+}
+
+} // namespace quorra

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/platform/temp_folder.h"
+
+#include "engine/cli/failure.h"
+#include "engine/platform/part_file.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace quorra {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string Prefix = "qtminw-";
+const std::string LockName = "/.lock";
+
+std::string parentFolder()
+{
+    const char *const given = std::getenv("TMPDIR");
+    return given && *given == '/' ? given : "/tmp";
+}
+
+bool isOurs(const std::string &path)
+{
+    struct stat status;
+    return lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid();
+}
+
+void removeIfUnlocked(const std::string &path)
+{
+    const int lock = open((path + LockName).c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+    std::error_code ignored;
+    // A folder without its lock file was left between the two steps of making it.
+    if (lock < 0 || flock(lock, LOCK_EX | LOCK_NB) == 0)
+        fs::remove_all(path, ignored);
+    if (lock >= 0)
+        close(lock);
+}
+
+} // namespace
+
+TempFolder::TempFolder()
+{
+    sweepTempFolders();
+    const std::string pattern = parentFolder() + "/" + Prefix + std::to_string(getpid()) + "-XXXXXX";
+    std::vector<char> path(pattern.c_str(), pattern.c_str() + pattern.size() + 1);
+    if (!mkdtemp(path.data()))
+        throw Failure(
+            ExitStatus::CannotWrite, "cannot make a folder in " + parentFolder() + ": " + std::strerror(errno));
+    m_path = path.data();
+    m_lock = open((m_path + LockName).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (m_lock >= 0)
+        flock(m_lock, LOCK_EX | LOCK_NB);
+}
+
+TempFolder::~TempFolder()
+{
+    std::error_code ignored;
+    fs::remove_all(m_path, ignored);
+    if (m_lock >= 0)
+        close(m_lock);
+}
+
+void sweepTempFolders()
+{
+    std::error_code error;
+    for (fs::directory_iterator entry(parentFolder(), error), end; !error && entry != end; entry.increment(error)) {
+        const std::string path = entry->path().string();
+        if (ownerIsGone(entry->path().filename().string(), Prefix) && isOurs(path))
+            removeIfUnlocked(path);
+    }
+}
+
+} // namespace quorra

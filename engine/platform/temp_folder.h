@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+namespace quorra {
+
+/// A private folder (mode 0700) under $TMPDIR, removed with everything in it at the end. What killed runs left behind
+/// is removed when the next one is made.
+class TempFolder
+{
+public:
+    /// Throws Failure(CannotWrite).
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder &) = delete;
+    TempFolder &operator=(const TempFolder &) = delete;
+
+    /// Absolute path, no slash at its end.
+    const std::string &path() const { return m_path; }
+
+private:
+    std::string m_path;
+    int m_lock = -1;
+};
+
+/// Removes the temporary folders of runs that no longer live. Never throws.
+void sweepTempFolders();
+
+} // namespace quorra
