@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "document.h"
-#include "page.h"
+#include "engine/model/document.h"
+#include "engine/model/page.h"
 
 #include <vector>
 
-namespace model {
+namespace quorra::model {
 
 /// Builds the document from the pages of one range, in their order: tables, columns, reading order, paragraphs, roles.
 /// Never fails; an empty page gives a page without blocks. Takes the raw pages by value because it moves their words.
@@ -19,4 +19,4 @@ void joinContinuations(Document &document, bool overPages);
 /// The text of the runs, one after the other.
 QString plainText(const std::vector<Run> &runs);
 
-} // namespace model
+} // namespace quorra::model

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "page.h"
+#include "engine/model/page.h"
 
 #include <optional>
 #include <variant>
@@ -9,7 +9,7 @@
 
 // The document as a reader sees it: pages with sections of columns, and in them paragraphs, tables and pictures.
 // All writers work from these types. Units and origin are those of page.h.
-namespace model {
+namespace quorra::model {
 
 /// Text of one look.
 struct Run
@@ -143,4 +143,4 @@ struct Document
     std::vector<Page> pages;
 };
 
-} // namespace model
+} // namespace quorra::model

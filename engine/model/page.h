@@ -12,7 +12,7 @@
 //
 // All lengths are PDF points (1/72 inch). The origin is the top left corner of the page as it is shown (the page's own
 // rotation is undone), y grows downwards.
-namespace model {
+namespace quorra::model {
 
 /// An upright rectangle; left <= right and top <= bottom, an empty one has no area.
 struct Box
@@ -125,7 +125,8 @@ struct RawPage
     std::vector<Word> words; ///< in the order of the PDF library's own reading order, a hint only
     std::vector<Rule> rules;
     std::vector<Fill> fills;
-    std::vector<RawPicture> pictures;
+    std::vector<RawPicture> pictures; ///< raster images; drawings are found later, from the ink
+    std::vector<Box> ink;             ///< curves and slanted lines, and what is filled with a pattern
 };
 
-} // namespace model
+} // namespace quorra::model

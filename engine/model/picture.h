@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "page.h"
+#include "engine/model/page.h"
 
 #include <QByteArray>
 
-namespace model {
+namespace quorra::model {
 
 /// A picture as bytes of a file format.
 struct EncodedPicture
@@ -30,4 +30,4 @@ public:
     virtual EncodedPicture background(int pageNumber) = 0;
 };
 
-} // namespace model
+} // namespace quorra::model
