@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "odf_styles.h"
+#include "engine/office/odf_styles.h"
 
 #include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace office {
+namespace quorra::office {
 
 void writeElement(QXmlStreamWriter &xml, const Element &element)
 {
@@ -101,7 +101,7 @@ QString StyleTable::name(const Element &definition)
         name = u"a%1"_s.arg(m_styles.size() + 1);
         Element named = definition;
         named.attributes.insert(named.attributes.begin(), {"style:name"_L1, name});
-        m_styles.emplace_back(name, std::move(named));
+        m_styles.push_back(std::move(named));
     }
     return name;
 }
@@ -125,35 +125,34 @@ QString StyleTable::graphic(const Attributes &properties, QLatin1String parent)
 
 void StyleTable::noteFont(const model::Style &style)
 {
-    if (style.family.isEmpty() || m_fontSeen.contains(style.family)) {
+    if (style.family.isEmpty() || m_families.contains(style.family)) {
         return;
     }
-    m_fontSeen.insert(style.family, true);
+    m_families.insert(style.family);
     const QString family = xmlText(style.family);
     QString quoted = family;
     quoted.replace(u'\'', u' ');
     // The kind of the face lets a word processor without this font choose one that looks alike.
     const QString generic = style.fixedPitch ? u"modern"_s : style.serif ? u"roman"_s : u"swiss"_s;
-    m_fonts.emplace_back(family,
-        Element{"style:font-face"_L1,
-            {{"style:name"_L1, family}, {"svg:font-family"_L1, u"'"_s + quoted + u'\''},
-                {"style:font-family-generic"_L1, generic},
-                {"style:font-pitch"_L1, style.fixedPitch ? u"fixed"_s : u"variable"_s}},
-            {}});
+    m_fonts.push_back({"style:font-face"_L1,
+        {{"style:name"_L1, family}, {"svg:font-family"_L1, u"'"_s + quoted + u'\''},
+            {"style:font-family-generic"_L1, generic},
+            {"style:font-pitch"_L1, style.fixedPitch ? u"fixed"_s : u"variable"_s}},
+        {}});
 }
 
 void StyleTable::writeFonts(QXmlStreamWriter &xml) const
 {
-    for (const auto &[family, element] : m_fonts) {
+    for (const Element &element : m_fonts) {
         writeElement(xml, element);
     }
 }
 
 void StyleTable::writeStyles(QXmlStreamWriter &xml) const
 {
-    for (const auto &[name, element] : m_styles) {
+    for (const Element &element : m_styles) {
         writeElement(xml, element);
     }
 }
 
-} // namespace office
+} // namespace quorra::office

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "../model/page.h"
+#include "engine/model/page.h"
 
 #include <QHash>
 #include <QLatin1String>
+#include <QSet>
 #include <QString>
 #include <QXmlStreamWriter>
 
@@ -12,7 +13,7 @@
 #include <vector>
 
 // What the writers of flat ODF files share: elements as plain data, and the table of automatic styles.
-namespace office {
+namespace quorra::office {
 
 using Attributes = std::vector<std::pair<QLatin1String, QString>>;
 
@@ -51,16 +52,18 @@ public:
     QString text(const model::Style &style);
     QString graphic(const Attributes &properties, QLatin1String parent);
 
-    /// The element of font declarations for all families seen so far.
+    /// Declares the style's font family; to be called for every family that a style names.
     void noteFont(const model::Style &style);
+
+    /// The declarations of all families, and the definitions of all styles, seen so far.
     void writeFonts(QXmlStreamWriter &xml) const;
     void writeStyles(QXmlStreamWriter &xml) const;
 
 private:
     QHash<QByteArray, QString> m_names;
-    std::vector<std::pair<QString, Element>> m_styles;
-    std::vector<std::pair<QString, Element>> m_fonts;
-    QHash<QString, bool> m_fontSeen;
+    std::vector<Element> m_styles;
+    std::vector<Element> m_fonts;
+    QSet<QString> m_families;
 };
 
-} // namespace office
+} // namespace quorra::office
