@@ -1,0 +1,36 @@
+# The program looks for its engine and keeps its settings beside its own executable, so both lie at the top of a folder
+# of their own instead of in bin/.
+if(CMAKE_INSTALL_PREFIX_INITIALIZED_TO_DEFAULT)
+  set_property(CACHE CMAKE_INSTALL_PREFIX PROPERTY VALUE /opt/quorra-converter)
+endif()
+
+set(linux "${CMAKE_CURRENT_LIST_DIR}")
+install(TARGETS quorra-converter RUNTIME DESTINATION .)
+if(TARGET Qtminw)
+  install(TARGETS Qtminw RUNTIME DESTINATION .)
+endif()
+install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/LICENSE"
+  DESTINATION . OPTIONAL)
+install(PROGRAMS "${linux}/add-to-menu" DESTINATION .)
+install(FILES "${linux}/quorra-converter.desktop" DESTINATION share/applications)
+install(FILES "${linux}/example.marbeck.QuorraConverter.metainfo.xml" DESTINATION share/metainfo)
+install(DIRECTORY "${linux}/icons/" DESTINATION share/icons/hicolor)
+install(FILES "${PROJECT_SOURCE_DIR}/resources/artwork/main.svg"
+  DESTINATION share/icons/hicolor/scalable/apps RENAME quorra-converter.svg)
+
+set(CPACK_GENERATOR TGZ DEB)
+set(CPACK_PROJECT_CONFIG_FILE "${linux}/cpack_project.cmake")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SECTION text)
+set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${PROJECT_HOMEPAGE_URL}")
+# The libraries are found by looking at the executables. Named here is what the engine opens or starts by name: the
+# tables of Asian character sets, the fonts that documents without their own are drawn with, and the office suite
+# that writes Word, Excel and PowerPoint files.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "poppler-data, fonts-liberation, fonts-dejavu-core, \
+libreoffice-writer-nogui | libreoffice-writer, libreoffice-calc-nogui | libreoffice-calc, \
+libreoffice-impress-nogui | libreoffice-impress")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, fonts-wqy-zenhei")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA "${linux}/postrm")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
