@@ -13,7 +13,6 @@ class QProcess;
 class QResizeEvent;
 class QToolButton;
 class Ui_tovrane;
-struct ListedFile;
 
 // The main window: the list of files, the kind of output, the output folder and the batch run over the list.
 // Its sources are split by subject: construction and toolbar, format list and output folder, file list (app/), option
@@ -80,7 +79,6 @@ private:
     void showSelectedRow(int selected);
     void restoreOutputFolder();
     void warnAboutOutputFolder();
-    void appendFiles(const QList<ListedFile> &files);
     void startEngine(const QString &command);
     [[nodiscard]] QString inputPathOfRow(int row) const;
 };

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/appearance.h"
+
+#include <QApplication>
+#include <QBrush>
+#include <QIcon>
+#include <QPalette>
+#include <QPixmapCache>
+#include <QString>
+#include <QToolButton>
+#include <QWidget>
+
+#include <array>
+
+namespace {
+
+// Windows are made often, also ones that are never shown: what they share is drawn once and kept in the toolkit's
+// cache, which goes away with the application.
+template <class Make>
+QPixmap cached(const QString &key, Make make)
+{
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = make();
+        QPixmapCache::insert(key, pixmap);
+    }
+    return pixmap;
+}
+
+QPixmap stretchedBackground(QSize size)
+{
+    const QString key = QStringLiteral("quorra/background/%1x%2").arg(size.width()).arg(size.height());
+    return cached(key, [size]() {
+        return loadImage(image::background).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    });
+}
+
+struct RoleColor
+{
+    QPalette::ColorRole role;
+    QRgb enabled;
+    QRgb disabled;
+};
+
+// Every role is named, so that nothing of the desktop's dark palette shines through.
+constexpr std::array lightColors{
+    RoleColor{QPalette::WindowText, 0xff000000, 0xff787878},
+    RoleColor{QPalette::Button, 0xffefefef, 0xffefefef},
+    RoleColor{QPalette::Light, 0xffffffff, 0xffffffff},
+    RoleColor{QPalette::Midlight, 0xffcacaca, 0xffcacaca},
+    RoleColor{QPalette::Dark, 0xff9f9f9f, 0xffbebebe},
+    RoleColor{QPalette::Mid, 0xffb8b8b8, 0xffb8b8b8},
+    RoleColor{QPalette::Text, 0xff000000, 0xff787878},
+    RoleColor{QPalette::BrightText, 0xffffffff, 0xffffffff},
+    RoleColor{QPalette::ButtonText, 0xff000000, 0xff787878},
+    RoleColor{QPalette::Base, 0xffffffff, 0xffefefef},
+    RoleColor{QPalette::Window, 0xffefefef, 0xffefefef},
+    RoleColor{QPalette::Shadow, 0xff767676, 0xffb1b1b1},
+    RoleColor{QPalette::Highlight, 0xff308cc6, 0xff919191},
+    RoleColor{QPalette::HighlightedText, 0xffffffff, 0xffffffff},
+    RoleColor{QPalette::Link, 0xff0000ff, 0xff0000ff},
+    RoleColor{QPalette::LinkVisited, 0xffff00ff, 0xffff00ff},
+    RoleColor{QPalette::AlternateBase, 0xfff7f7f7, 0xfff7f7f7},
+    RoleColor{QPalette::ToolTipBase, 0xffffffdc, 0xffffffdc},
+    RoleColor{QPalette::ToolTipText, 0xff000000, 0xff000000},
+    RoleColor{QPalette::PlaceholderText, 0x80000000, 0x80000000},
+};
+
+constexpr int darkBelowLightness = 128;
+
+} // namespace
+
+QPixmap loadImage(QLatin1String path)
+{
+    return cached(QLatin1String("quorra/") + path, [path]() { return QPixmap(path); });
+}
+
+void paintBackground(QWidget *window)
+{
+    QPalette palette = window->palette();
+    palette.setBrush(QPalette::Window, QBrush(stretchedBackground(window->size())));
+    window->setPalette(palette);
+}
+
+void dressToolButton(QToolButton *button, const QString &text, QLatin1String imagePath)
+{
+    const QPixmap pixmap = loadImage(imagePath);
+    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    button->setAutoRaise(true);
+    button->setText(text);
+    button->setIcon(QIcon(pixmap));
+    button->setIconSize(pixmap.size());
+}
+
+void useLightPalette()
+{
+    if (QApplication::palette().color(QPalette::Window).lightness() >= darkBelowLightness) {
+        return;
+    }
+    QPalette light;
+    for (const RoleColor &color : lightColors) {
+        light.setColor(QPalette::Active, color.role, QColor::fromRgba(color.enabled));
+        light.setColor(QPalette::Inactive, color.role, QColor::fromRgba(color.enabled));
+        light.setColor(QPalette::Disabled, color.role, QColor::fromRgba(color.disabled));
+    }
+    QApplication::setPalette(light);
+}

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLatin1String>
+#include <QPixmap>
+
+class QToolButton;
+class QWidget;
+
+// The compiled-in images and what the windows make of them.
+namespace image {
+inline constexpr QLatin1String background(":/MyImage/Image/bg1.png");
+inline constexpr QLatin1String row(":/MyImage/Image/listwidget1.png");
+inline constexpr QLatin1String currentRow(":/MyImage/Image/listwidget2.png");
+inline constexpr QLatin1String add(":/MyImage/Image/add.png");
+inline constexpr QLatin1String remove(":/MyImage/Image/delete.png");
+inline constexpr QLatin1String clear(":/MyImage/Image/clear.png");
+inline constexpr QLatin1String setting(":/MyImage/Image/setting.png");
+inline constexpr QLatin1String start(":/MyImage/Image/start.png");
+inline constexpr QLatin1String stop(":/MyImage/Image/stop.png");
+inline constexpr QLatin1String about(":/MyImage/Image/about.png");
+} // namespace image
+
+// The image at its own size, read once; a null pixmap when there is none of that path.
+[[nodiscard]] QPixmap loadImage(QLatin1String path);
+
+// Lays the background image, stretched to the window's size, under everything the window shows.
+void paintBackground(QWidget *window);
+
+// The look of a toolbar button: `text` below the image, which keeps its own size.
+void dressToolButton(QToolButton *button, const QString &text, QLatin1String imagePath);
+
+// Gives the application a light palette where the desktop's own is dark: background and text colours of the windows
+// are made for a light one.
+void useLightPalette();

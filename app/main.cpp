@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/appearance.h"
+#include "app/tovrane.h"
+#include "app/working_folder.h"
+
+#include <QApplication>
+#include <QDir>
+
+int main(int argc, char *argv[])
+{
+    const QApplication application(argc, argv);
+    // Settings file and engine are found by relative names.
+    QDir::setCurrent(workingFolder(QCoreApplication::applicationDirPath(), userWorkingFolder()));
+    useLightPalette();
+    auto *window = new tovrane; // deletes itself when it is closed
+    window->show();
+    return QApplication::exec();
+}

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window's side of the engine option string.
+#include "app/tovrane.h"
+#include "conversion/engine_options.h"
+#include "settings/store.h"
+#include "ui_tovrane.h"
+
+QString tovrane::GetSetParameter()
+{
+    const EngineSettings settings = readEngineSettings(store::open());
+    m_strOutputFormat = GetOutputFormat();
+    return engineOptions(settings, m_strOutputFormat);
+}
