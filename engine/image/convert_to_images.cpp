@@ -1,17 +1,107 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/cli/failure.h"
+#include "engine/cli/naming.h"
 #include "engine/convert.h"
+#include "engine/image/page_pool.h"
+#include "engine/image/picture_writer.h"
+#include "engine/image/tiff_writer.h"
+#include "engine/pdf/page_renderer.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
 
 namespace quorra {
 
-void convertToImages(const Job &)
+namespace {
+
+/// Pixels in memory at a time, shared by all threads; larger pictures are made in slices.
+constexpr std::int64_t MostPixels = 16'000'000;
+
+/// What does not change from page to page.
+struct Plan
 {
-    throw Failure(ExitStatus::Helper, "picture output is not available in this version of the engine");
+    const Job &job;
+    std::string extension;
+    ColourDepth depth;
+    std::vector<PictureSize> sizes; ///< by position
+    std::int64_t slicePixels = MostPixels;
+
+    const PictureSize &size(int position) const { return sizes[static_cast<std::size_t>(position - 1)]; }
+    int page(int position) const { return job.firstPage + position - 1; }
+    bool isTiff() const { return extension == ".tif" || extension == ".tiff"; }
+};
+
+Plan makePlan(const Job &job)
+{
+    Plan plan{job, outputExtension(job.options.outputPath), ColourDepth::Colour, {}};
+    plan.depth = pictureDepth(job.options, plan.extension);
+    for (int page = job.firstPage; page <= job.lastPage; ++page) {
+        const PageSize points = job.document.pageSize(page);
+        plan.sizes.push_back(pictureSize(job.options, page, points.width, points.height));
+    }
+    return plan;
 }
 
-void convertToPostScript(const Job &)
+/// Draws the page slice by slice and gives each slice to `take`.
+template <typename Take>
+void drawSlices(const Plan &plan, PageRenderer &renderer, int position, Take take)
 {
-    throw Failure(ExitStatus::Helper, "PostScript output is not available in this version of the engine");
+    const PictureSize &size = plan.size(position);
+    const int rows = static_cast<int>(std::clamp<std::int64_t>(plan.slicePixels / size.width, 1, size.height));
+    for (int top = 0; top < size.height; top += rows)
+        take(renderer.draw(plan.page(position), size, top, std::min(rows, size.height - top)));
+}
+
+void writeTiffPage(const Plan &plan, PageRenderer &renderer, int position, TiffFile &tiff)
+{
+    tiff.beginPage({plan.size(position), plan.depth});
+    drawSlices(plan, renderer, position, [&tiff](const Raster &slice) { tiff.addRows(slice); });
+    tiff.endPage();
+}
+
+void writePageFile(const Plan &plan, PageRenderer &renderer, int position)
+{
+    OutputFile file(pageFilePath(plan.job.options, position, plan.job.pageCount()));
+    if (plan.isTiff()) {
+        TiffFile tiff(file, plan.job.options.compression.value_or(DefaultTiffCompression), 1);
+        writeTiffPage(plan, renderer, position, tiff);
+    } else {
+        const auto writer = makePictureWriter(plan.extension, file, {plan.size(position), plan.depth});
+        drawSlices(plan, renderer, position, [&writer](const Raster &slice) { writer->addRows(slice); });
+        writer->finish();
+    }
+    file.commit();
+}
+
+void writeMultipage(const Plan &plan)
+{
+    PageRenderer renderer(plan.job.document, plan.depth);
+    OutputFile file(pageFilePath(plan.job.options, 1, 1));
+    const int count = plan.job.pageCount();
+    {
+        TiffFile tiff(file, plan.job.options.compression.value_or(DefaultTiffCompression), count);
+        for (int position = 1; position <= count; ++position)
+            writeTiffPage(plan, renderer, position, tiff);
+    }
+    file.commit();
+}
+
+} // namespace
+
+void convertToImages(const Job &job)
+{
+    Plan plan = makePlan(job);
+    if (plan.isTiff() && job.options.multipage) {
+        writeMultipage(plan);
+        return;
+    }
+    const int threads = poolSize(job.pageCount());
+    plan.slicePixels = MostPixels / threads;
+    runPool(threads, job.pageCount(), [&plan](PageSource next) {
+        PageRenderer renderer(plan.job.document, plan.depth);
+        while (const int position = next())
+            writePageFile(plan, renderer, position);
+    });
 }
 
 } // namespace quorra

@@ -28,10 +28,12 @@ std::string folderOf(const std::string &path)
     return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
 }
 
-void writeAll(int descriptor, std::string_view bytes, const std::string &path)
+/// Calls `writeSome`, which takes the bytes that are left and gives how many it wrote, until none are left.
+template <typename WriteSome>
+void writeAll(std::string_view bytes, const std::string &path, WriteSome writeSome)
 {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        const ssize_t written = writeSome(bytes);
         if (written < 0 && errno != EINTR)
             fail(path, errno);
         bytes.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
@@ -64,9 +66,19 @@ void OutputFile::write(std::string_view bytes)
     if (m_buffer.size() + bytes.size() > BufferBytes)
         flush();
     if (bytes.size() > BufferBytes)
-        writeAll(m_file.descriptor, bytes, m_path);
+        append(bytes);
     else
         m_buffer.append(bytes);
+}
+
+void OutputFile::writeAt(std::size_t position, std::string_view bytes)
+{
+    flush();
+    writeAll(bytes, m_path, [this, &position](std::string_view rest) {
+        const ssize_t written = pwrite(m_file.descriptor, rest.data(), rest.size(), static_cast<off_t>(position));
+        position += written < 0 ? 0 : static_cast<std::size_t>(written);
+        return written;
+    });
 }
 
 void OutputFile::writeFile(const std::string &sourcePath)
@@ -100,8 +112,14 @@ void OutputFile::commit()
 
 void OutputFile::flush()
 {
-    writeAll(m_file.descriptor, m_buffer, m_path);
+    append(m_buffer);
     m_buffer.clear();
+}
+
+void OutputFile::append(std::string_view bytes)
+{
+    writeAll(
+        bytes, m_path, [this](std::string_view rest) { return ::write(m_file.descriptor, rest.data(), rest.size()); });
 }
 
 } // namespace quorra

@@ -22,6 +22,9 @@ public:
     /// Appends; buffered.
     void write(std::string_view bytes);
 
+    /// Writes at a place counted from the file's begin; what follows with write() is not moved by it.
+    void writeAt(std::size_t position, std::string_view bytes);
+
     /// Appends the whole content of another file.
     void writeFile(const std::string &sourcePath);
 
@@ -36,6 +39,7 @@ public:
 
 private:
     void flush();
+    void append(std::string_view bytes);
 
     std::string m_path;
     platform::UnnamedFile m_file;

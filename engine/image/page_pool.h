@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+
+namespace quorra {
+
+/// Gives the next position from 1 on to whichever thread asks; 0 when there is none left.
+using PageSource = std::function<int()>;
+
+/// How many threads pay for so many pages: each opens the file anew.
+int poolSize(int pageCount);
+
+/// Runs `work` in so many threads (one: in the calling one). The first failure stops the giving of pages and is thrown
+/// here when all have ended.
+void runPool(int threads, int pageCount, const std::function<void(PageSource)> &work);
+
+} // namespace quorra

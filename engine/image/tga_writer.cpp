@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/image/little_endian.h"
+#include "engine/image/picture_writer.h"
+
+#include <string>
+
+namespace quorra {
+
+namespace {
+
+constexpr std::uint32_t TrueColour = 2;
+constexpr std::uint32_t BlackAndWhite = 3;
+constexpr std::uint32_t TopRowFirst = 0x20;
+constexpr char White = '\xFF';
+
+/// Truevision TGA, uncompressed. One bit a pixel is no standard form, so mono is stored as gray.
+class TgaWriter : public PictureWriter
+{
+public:
+    TgaWriter(OutputFile &file, const PictureInfo &info) : m_file(file)
+    {
+        const bool colour = info.depth == ColourDepth::Colour;
+        std::string header;
+        appendLittleEndian(header, 0, 2); // no identification, no colour map
+        appendLittleEndian(header, colour ? TrueColour : BlackAndWhite, 1);
+        header.append(9, '\0'); // colour map and origin
+        appendLittleEndian(header, static_cast<std::uint32_t>(info.size.width), 2);
+        appendLittleEndian(header, static_cast<std::uint32_t>(info.size.height), 2);
+        appendLittleEndian(header, colour ? 24 : 8, 1);
+        appendLittleEndian(header, TopRowFirst, 1);
+        m_file.write(header);
+    }
+
+    void addRows(const Raster &rows) override
+    {
+        for (int y = 0; y < rows.rows; ++y) {
+            m_row.clear();
+            appendRow(rows, rows.row(y));
+            m_file.write(m_row);
+        }
+    }
+
+    void finish() override
+    {
+        // The footer by which readers tell the second version of the format.
+        m_file.write(std::string(8, '\0') + std::string("TRUEVISION-XFILE.") + '\0');
+    }
+
+private:
+    void appendRow(const Raster &rows, const std::uint8_t *source)
+    {
+        for (int x = 0; x < rows.width; ++x) {
+            if (rows.depth == ColourDepth::Colour) {
+                const std::uint8_t *const pixel = source + std::ptrdiff_t{3} * x;
+                for (const int part : {2, 1, 0})
+                    m_row += static_cast<char>(pixel[part]);
+            } else if (rows.depth == ColourDepth::Gray) {
+                m_row += static_cast<char>(source[x]);
+            } else {
+                m_row += (source[x / 8] >> (7 - x % 8) & 1) != 0 ? White : '\0';
+            }
+        }
+    }
+
+    OutputFile &m_file;
+    std::string m_row;
+};
+
+} // namespace
+
+std::unique_ptr<PictureWriter> makeTgaWriter(OutputFile &file, const PictureInfo &info)
+{
+    return std::make_unique<TgaWriter>(file, info);
+}
+
+} // namespace quorra
