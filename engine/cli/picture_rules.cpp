@@ -55,12 +55,8 @@ int pixels(double length)
 
 PictureSize byResolution(double xres, double yres, double pageWidth, double pageHeight)
 {
-    return {pixels(pageWidth * (xres / PointsPerInch)),
-            pixels(pageHeight * (yres / PointsPerInch)),
-            xres,
-            yres,
-            xres,
-            yres};
+    return {
+        pixels(pageWidth * xres / PointsPerInch), pixels(pageHeight * yres / PointsPerInch), xres, yres, xres, yres};
 }
 
 PictureSize bySize(const Options &options, double pageWidth, double pageHeight)

@@ -73,6 +73,13 @@ void writePageFile(const Plan &plan, PageRenderer &renderer, int position)
     file.commit();
 }
 
+void writePageFiles(const Plan &plan, Document &document, const PageSource &next)
+{
+    PageRenderer renderer(document, plan.depth);
+    while (const int position = next())
+        writePageFile(plan, renderer, position);
+}
+
 void writeMultipage(const Plan &plan)
 {
     PageRenderer renderer(plan.job.document, plan.depth);
@@ -97,10 +104,14 @@ void convertToImages(const Job &job)
     }
     const int threads = poolSize(job.pageCount());
     plan.slicePixels = MostPixels / threads;
-    runPool(threads, job.pageCount(), [&plan](PageSource next) {
-        PageRenderer renderer(plan.job.document, plan.depth);
-        while (const int position = next())
-            writePageFile(plan, renderer, position);
+    if (threads == 1) {
+        writePageFiles(plan, job.document, pagesOneByOne(job.pageCount()));
+        return;
+    }
+    runPool(threads, job.pageCount(), [&plan](const PageSource &next) {
+        const Options &options = plan.job.options;
+        Document document(options.inputPath, options.userPassword, options.ownerPassword);
+        writePageFiles(plan, document, next);
     });
 }
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <atomic>
 #include <exception>
+#include <memory>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -25,17 +26,19 @@ int poolSize(int pageCount)
     return std::clamp(std::min(cores, pageCount / PagesPerThread), 1, MostThreads);
 }
 
-void runPool(int threads, int pageCount, const std::function<void(PageSource)> &work)
+PageSource pagesOneByOne(int pageCount)
 {
-    std::atomic<int> given{0};
-    const PageSource next = [&given, pageCount] {
-        const int position = ++given;
-        return position > 0 && position <= pageCount ? position : 0;
+    return [given = std::make_shared<std::atomic<int>>(0), pageCount] {
+        const int position = ++*given;
+        return position <= pageCount ? position : 0;
     };
-    if (threads <= 1) {
-        work(next);
-        return;
-    }
+}
+
+void runPool(int threads, int pageCount, const std::function<void(const PageSource &)> &work)
+{
+    std::atomic<bool> failed{false};
+    const PageSource pages = pagesOneByOne(pageCount);
+    const PageSource next = [&failed, &pages] { return failed ? 0 : pages(); };
     std::mutex mutex;
     std::exception_ptr failure;
     std::vector<std::thread> pool;
@@ -48,7 +51,7 @@ void runPool(int threads, int pageCount, const std::function<void(PageSource)> &
                 const std::lock_guard lock(mutex);
                 if (!failure)
                     failure = std::current_exception();
-                given = pageCount;
+                failed = true;
             }
         });
     for (std::thread &thread : pool)

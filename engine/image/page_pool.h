@@ -11,8 +11,11 @@ using PageSource = std::function<int()>;
 /// How many threads pay for so many pages: each opens the file anew.
 int poolSize(int pageCount);
 
-/// Runs `work` in so many threads (one: in the calling one). The first failure stops the giving of pages and is thrown
+/// Gives 1 to `pageCount`; any number of threads may ask it.
+PageSource pagesOneByOne(int pageCount);
+
+/// Runs `work` in so many threads, which share the pages. The first failure stops the giving of pages and is thrown
 /// here when all have ended.
-void runPool(int threads, int pageCount, const std::function<void(PageSource)> &work);
+void runPool(int threads, int pageCount, const std::function<void(const PageSource &)> &work);
 
 } // namespace quorra

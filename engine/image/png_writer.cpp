@@ -11,9 +11,9 @@ namespace quorra {
 
 namespace {
 
-// Fastest coding of the packer and the filter that suits pages best: several times faster than the library's default,
-// and the files are smaller.
-constexpr int PackerLevel = 1;
+// Measured on pages of text and on scans at 150 dpi: rows as they are, packed at this level, take a quarter to a tenth
+// of the time of the library's defaults and less room than filtered rows on text.
+constexpr int PackerLevel = 3;
 constexpr int PackerBuffer = 64 * 1024;
 constexpr double InchesPerMetre = 1 / 0.0254;
 
@@ -48,7 +48,7 @@ public:
         png_set_pHYs(m_png, m_info, perMetre(info.size.xtag), perMetre(info.size.ytag), PNG_RESOLUTION_METER);
         png_set_compression_level(m_png, PackerLevel);
         png_set_compression_buffer_size(m_png, PackerBuffer);
-        png_set_filter(m_png, PNG_FILTER_TYPE_BASE, mono ? PNG_FILTER_NONE : PNG_FILTER_UP);
+        png_set_filter(m_png, PNG_FILTER_TYPE_BASE, PNG_FILTER_NONE);
         png_write_info(m_png, m_info);
         rethrow();
     }

@@ -9,12 +9,12 @@
 
 namespace quorra {
 
-/// Draws pages as pixels. Each object opens the file anew, so that several threads can draw, one object each.
+/// Draws pages as pixels. Several threads can draw at a time, each with a document and a renderer of its own.
 class PageRenderer
 {
 public:
-    /// `document` only tells what to open. Throws as Document does.
-    PageRenderer(const Document &document, ColourDepth depth);
+    /// The document must outlive the renderer.
+    PageRenderer(Document &document, ColourDepth depth);
     ~PageRenderer();
     PageRenderer(const PageRenderer &) = delete;
     PageRenderer &operator=(const PageRenderer &) = delete;
@@ -23,11 +23,11 @@ public:
     Raster draw(int page, const PictureSize &size, int top, int rows);
 
 private:
-    class Source;
-    class PublicSource;
-    class BilevelSource;
+    class Device;
 
-    std::unique_ptr<Source> m_source;
+    Document &m_document;
+    ColourDepth m_depth;
+    std::unique_ptr<Device> m_device;
 };
 
 } // namespace quorra
