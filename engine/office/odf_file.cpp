@@ -37,7 +37,8 @@ constexpr std::array<std::array<QLatin1String, 2>, 10> Namespaces = {{
     {QLatin1String("xmlns:svg"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0")},
     {QLatin1String("xmlns:number"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:datastyle:1.0")},
     {QLatin1String("xmlns:xlink"), QLatin1String("http://www.w3.org/1999/xlink")},
-    {QLatin1String("xmlns:loext"), QLatin1String("urn:org:documentfoundation:names:experimental:office:xmlns:loext:1.0")},
+    {QLatin1String("xmlns:loext"),
+     QLatin1String("urn:org:documentfoundation:names:experimental:office:xmlns:loext:1.0")},
 }};
 
 Element namedStyle(QLatin1String name, QLatin1String family, Attributes more = {}, std::vector<Element> children = {})
@@ -50,10 +51,14 @@ Element namedStyle(QLatin1String name, QLatin1String family, Attributes more = {
 Element headingStyle(int level)
 {
     const QString number = QString::number(level);
-    return {"style:style"_L1,
-        {{"style:name"_L1, u"Heading_20_"_s + number}, {"style:display-name"_L1, u"Heading "_s + number},
-            {"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Standard"_s},
-            {"style:next-style-name"_L1, u"Standard"_s}, {"style:default-outline-level"_L1, number}},
+    return {
+        "style:style"_L1,
+        {{"style:name"_L1, u"Heading_20_"_s + number},
+         {"style:display-name"_L1, u"Heading "_s + number},
+         {"style:family"_L1, u"paragraph"_s},
+         {"style:parent-style-name"_L1, u"Standard"_s},
+         {"style:next-style-name"_L1, u"Standard"_s},
+         {"style:default-outline-level"_L1, number}},
         {}};
 }
 
@@ -61,20 +66,29 @@ Element headingStyle(int level)
 // and pictures for drawing shapes; without "standard" a slide's size is ignored.
 std::vector<Element> fixedStyles(OdfKind kind)
 {
-    const Element plainParagraph{"style:default-style"_L1, {{"style:family"_L1, u"paragraph"_s}},
+    const Element plainParagraph{
+        "style:default-style"_L1,
+        {{"style:family"_L1, u"paragraph"_s}},
         {{"style:paragraph-properties"_L1,
-             {{"fo:orphans"_L1, u"0"_s}, {"fo:widows"_L1, u"0"_s}, {"style:tab-stop-distance"_L1, u"36pt"_s}}, {}},
-            {"style:text-properties"_L1, {{"fo:hyphenate"_L1, u"false"_s}}, {}}}};
+          {{"fo:orphans"_L1, u"0"_s}, {"fo:widows"_L1, u"0"_s}, {"style:tab-stop-distance"_L1, u"36pt"_s}},
+          {}},
+         {"style:text-properties"_L1, {{"fo:hyphenate"_L1, u"false"_s}}, {}}}};
     switch (kind) {
     case OdfKind::Text:
-        return {plainParagraph, namedStyle("Standard"_L1, "paragraph"_L1), headingStyle(1), headingStyle(2),
+        return {
+            plainParagraph,
+            namedStyle("Standard"_L1, "paragraph"_L1),
+            headingStyle(1),
+            headingStyle(2),
             headingStyle(3),
             namedStyle("Caption"_L1, "paragraph"_L1, {{"style:parent-style-name"_L1, u"Standard"_s}}),
             namedStyle("Header"_L1, "paragraph"_L1, {{"style:parent-style-name"_L1, u"Standard"_s}}),
             namedStyle("Footer"_L1, "paragraph"_L1, {{"style:parent-style-name"_L1, u"Standard"_s}}),
-            namedStyle("Frame"_L1, "graphic"_L1), namedStyle("Graphics"_L1, "graphic"_L1)};
+            namedStyle("Frame"_L1, "graphic"_L1),
+            namedStyle("Graphics"_L1, "graphic"_L1)};
     case OdfKind::Presentation:
-        return {namedStyle("standard"_L1, "graphic"_L1, {},
+        return {namedStyle(
+            "standard"_L1, "graphic"_L1, {},
             {{"style:graphic-properties"_L1, {{"draw:stroke"_L1, u"none"_s}, {"draw:fill"_L1, u"none"_s}}, {}}})};
     case OdfKind::Spreadsheet:
         return {namedStyle("Default"_L1, "table-cell"_L1)};

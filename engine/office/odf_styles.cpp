@@ -16,6 +16,9 @@ void writeElement(QXmlStreamWriter &xml, const Element &element)
     for (const Element &child : element.children) {
         writeElement(xml, child);
     }
+    if (!element.text.isEmpty()) {
+        xml.writeCharacters(element.text);
+    }
     xml.writeEndElement();
 }
 
@@ -54,6 +57,7 @@ QByteArray keyOf(const Element &element)
         key += keyOf(child);
         key += '\2';
     }
+    key += element.text.toUtf8();
     return key;
 }
 
@@ -83,14 +87,22 @@ Attributes textAttributes(const model::Style &style)
     Attributes attributes;
     if (!style.family.isEmpty()) {
         const QString family = xmlText(style.family);
-        attributes = {{"style:font-name"_L1, family}, {"style:font-name-asian"_L1, family},
+        attributes = {
+            {"style:font-name"_L1, family},
+            {"style:font-name-asian"_L1, family},
             {"style:font-name-complex"_L1, family}};
     }
-    attributes.insert(attributes.end(),
-        {{"fo:font-size"_L1, size}, {"style:font-size-asian"_L1, size}, {"style:font-size-complex"_L1, size},
-            {"fo:font-weight"_L1, weight}, {"style:font-weight-asian"_L1, weight},
-            {"style:font-weight-complex"_L1, weight}, {"fo:font-style"_L1, slant}, {"style:font-style-asian"_L1, slant},
-            {"style:font-style-complex"_L1, slant}, {"fo:color"_L1, colourName(style.colour)}});
+    attributes.insert(
+        attributes.end(), {{"fo:font-size"_L1, size},
+                           {"style:font-size-asian"_L1, size},
+                           {"style:font-size-complex"_L1, size},
+                           {"fo:font-weight"_L1, weight},
+                           {"style:font-weight-asian"_L1, weight},
+                           {"style:font-weight-complex"_L1, weight},
+                           {"fo:font-style"_L1, slant},
+                           {"style:font-style-asian"_L1, slant},
+                           {"style:font-style-complex"_L1, slant},
+                           {"fo:color"_L1, colourName(style.colour)}});
     return attributes;
 }
 
@@ -109,14 +121,16 @@ QString StyleTable::name(const Element &definition)
 QString StyleTable::text(const model::Style &style)
 {
     noteFont(style);
-    return name({"style:style"_L1, {{"style:family"_L1, u"text"_s}},
-        {{"style:text-properties"_L1, textAttributes(style), {}}}});
+    return name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"text"_s}},
+         {{"style:text-properties"_L1, textAttributes(style), {}}}});
 }
 
 QString StyleTable::graphic(const Attributes &properties, QLatin1String parent)
 {
-    Element style{"style:style"_L1, {{"style:family"_L1, u"graphic"_s}},
-        {{"style:graphic-properties"_L1, properties, {}}}};
+    Element style{
+        "style:style"_L1, {{"style:family"_L1, u"graphic"_s}}, {{"style:graphic-properties"_L1, properties, {}}}};
     if (!parent.isEmpty()) {
         style.attributes.emplace_back("style:parent-style-name"_L1, parent);
     }
@@ -134,11 +148,13 @@ void StyleTable::noteFont(const model::Style &style)
     quoted.replace(u'\'', u' ');
     // The kind of the face lets a word processor without this font choose one that looks alike.
     const QString generic = style.fixedPitch ? u"modern"_s : style.serif ? u"roman"_s : u"swiss"_s;
-    m_fonts.push_back({"style:font-face"_L1,
-        {{"style:name"_L1, family}, {"svg:font-family"_L1, u"'"_s + quoted + u'\''},
-            {"style:font-family-generic"_L1, generic},
-            {"style:font-pitch"_L1, style.fixedPitch ? u"fixed"_s : u"variable"_s}},
-        {}});
+    m_fonts.push_back(
+        {"style:font-face"_L1,
+         {{"style:name"_L1, family},
+          {"svg:font-family"_L1, u"'"_s + quoted + u'\''},
+          {"style:font-family-generic"_L1, generic},
+          {"style:font-pitch"_L1, style.fixedPitch ? u"fixed"_s : u"variable"_s}},
+         {}});
 }
 
 void StyleTable::writeFonts(QXmlStreamWriter &xml) const

@@ -17,12 +17,13 @@ namespace quorra::office {
 
 using Attributes = std::vector<std::pair<QLatin1String, QString>>;
 
-/// An XML element without text, as plain data: the definition of a style or a part of one.
+/// An XML element as plain data: the definition of a style or a part of one.
 struct Element
 {
     QLatin1String name;
-    Attributes attributes;
-    std::vector<Element> children;
+    Attributes attributes = {};
+    std::vector<Element> children = {};
+    QString text = {}; ///< after the children
 };
 
 /// Writes the element with all that is in it.

@@ -25,7 +25,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Format {
+struct Format
+{
     std::string_view extension;
     Component component;
     std::string_view filter;
@@ -41,7 +42,8 @@ constexpr std::array<Format, 7> Formats = {{
     {".xlsx", Component::Calc, "Calc MS Excel 2007 XML"},
 }};
 
-struct ComponentFile {
+struct ComponentFile
+{
     Component component;
     std::string_view package;
     std::string_view registry;
@@ -119,8 +121,7 @@ void checkEnd(const ChildResult &result, std::chrono::seconds limit)
     switch (result.end) {
     case ChildEnd::Exited:
         if (result.status != 0)
-            throw Failure(
-                ExitStatus::Helper, "LibreOffice ended with exit status " + std::to_string(result.status));
+            throw Failure(ExitStatus::Helper, "LibreOffice ended with exit status " + std::to_string(result.status));
         return;
     case ChildEnd::Signalled:
         throw Failure(ExitStatus::Helper, "LibreOffice was ended by signal " + std::to_string(result.status));
@@ -183,23 +184,26 @@ std::string socketPath(const std::string &profileAddress)
 }
 
 std::string exportFile(
-    const TempFolder &folder, const std::string &sourcePath, std::string_view extension, int pageCount)
+    const TempFolder &folder, const std::string &program, const std::string &sourcePath, std::string_view extension,
+    int pageCount)
 {
-    const auto format = std::find_if(
-        Formats.begin(), Formats.end(), [&](const Format &each) { return each.extension == extension; });
+    const auto format =
+        std::find_if(Formats.begin(), Formats.end(), [&](const Format &each) { return each.extension == extension; });
     if (format == Formats.end())
         throw Failure(ExitStatus::Usage, "no office format has the extension " + std::string(extension));
 
     ChildCommand command;
-    command.program =
-        findOffice(officeCandidates(std::getenv("QUORRA_SOFFICE"), std::getenv("PATH")), format->component);
+    command.program = program;
     const std::string profile = folder.path() + "/profile";
     const std::string address = fileAddress(profile);
     const std::string outFolder = folder.path() + "/out";
     prepareProfile(profile, command.program);
-    command.arguments = {"--headless", "--nologo", "--nodefault", "--norestore", "--nolockcheck",
-        "-env:UserInstallation=" + address, "--convert-to",
-        std::string(extension.substr(1)) + ":" + std::string(format->filter), "--outdir", outFolder, sourcePath};
+    command.arguments = {"--headless",    "--nologo",
+                         "--nodefault",   "--norestore",
+                         "--nolockcheck", "-env:UserInstallation=" + address,
+                         "--convert-to",  std::string(extension.substr(1)) + ":" + std::string(format->filter),
+                         "--outdir",      outFolder,
+                         sourcePath};
     command.environment = {"HOME=" + folder.path(), "TMPDIR=" + folder.path()};
     command.workingFolder = folder.path();
 #ifndef QUORRA_SANITIZED
@@ -222,8 +226,8 @@ std::string exportFile(
     std::error_code error;
     if (fs::file_size(made, error) == 0 || error)
         throw Failure(
-            ExitStatus::Helper, "LibreOffice wrote no file; is the package "
-                + std::string(fileOf(format->component).package) + " installed?");
+            ExitStatus::Helper, "LibreOffice wrote no file; is the package " +
+                                    std::string(fileOf(format->component).package) + " installed?");
     return made;
 }
 

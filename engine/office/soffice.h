@@ -25,9 +25,11 @@ std::string findOffice(const std::vector<std::string> &candidates, Component com
 /// The name that LibreOffice gives its socket in the system's temporary folder for this profile (a file: address).
 std::string socketPath(const std::string &profileAddress);
 
-/// Exports a flat ODF file, that must lie in the folder, in the format of the extension (lower case, with its dot).
-/// Gives the path of the new file, in the same folder. Throws Failure(Helper) or Failure(Limit).
+/// Exports a flat ODF file, that must lie in the folder, in the format of the extension (lower case, with its dot);
+/// program is what findOffice() gave. Gives the path of the new file, in the same folder. Throws Failure(Helper) or
+/// Failure(Limit).
 std::string exportFile(
-    const TempFolder &folder, const std::string &sourcePath, std::string_view extension, int pageCount);
+    const TempFolder &folder, const std::string &program, const std::string &sourcePath, std::string_view extension,
+    int pageCount);
 
 } // namespace quorra::office

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/convert.h"
+#include "engine/model/build.h"
+#include "engine/office/odf_sheets.h"
+#include "engine/office/odf_slides.h"
+#include "engine/office/page_transform.h"
+#include "engine/office/soffice.h"
+#include "engine/office/word_flow.h"
+#include "engine/office/word_placed.h"
+#include "engine/pdf/collector.h"
+#include "engine/platform/output_file.h"
+#include "engine/platform/temp_folder.h"
+
+#include <cstdlib>
+#include <vector>
+
+namespace quorra {
+
+namespace {
+
+using namespace office;
+
+class NoPictures : public model::PictureSource
+{
+public:
+    model::EncodedPicture encode(int, const model::Box &, model::PictureKind) override { return {}; }
+    model::EncodedPicture background(int) override { return {}; }
+};
+
+model::Document collect(const Job &job)
+{
+    std::vector<model::RawPage> pages;
+    for (int page = job.firstPage; page <= job.lastPage; ++page)
+        pages.push_back(collectPage(job.document, page));
+    return model::buildDocument(std::move(pages));
+}
+
+// Collects the pages, lets write(file, document, pictures) put them into a flat ODF file, and has that exported.
+template <typename Writer>
+void convertThroughOffice(const Job &job, OdfKind kind, Component component, const Writer &write)
+{
+    // First what can be told at once: a folder that cannot be written to, and a missing LibreOffice.
+    OutputFile output(job.options.outputPath);
+    const std::string program =
+        findOffice(officeCandidates(std::getenv("QUORRA_SOFFICE"), std::getenv("PATH")), component);
+    const TempFolder folder;
+    const std::string source = folder.path() + "/document.xml";
+    {
+        model::Document document = collect(job);
+        NoPictures pagePictures;
+        MovedPictures pictures(pagePictures);
+        fitToOptions(document, job.options, pictures);
+        reduceColours(document, job.options.colourDepth);
+        OdfFile file(kind, QString::fromStdString(source));
+        write(file, document, pictures);
+        file.finish();
+    }
+    output.writeFile(exportFile(folder, program, source, outputExtension(job.options.outputPath), job.pageCount()));
+    output.commit();
+}
+
+} // namespace
+
+void convertToWord(const Job &job)
+{
+    const WordMode mode = job.options.wordMode;
+    convertThroughOffice(
+        job, OdfKind::Text, Component::Writer,
+        [mode](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
+            switch (mode) {
+            case WordMode::Combine:
+                model::joinContinuations(document, false);
+                writeFlow(file, document, pictures, {true, true, true});
+                break;
+            case WordMode::FlowWithBoxes:
+                writeFramed(file, document, pictures);
+                break;
+            case WordMode::Exact:
+                writeExact(file, document, pictures);
+                break;
+            case WordMode::FlowWithoutBoxes:
+                writeFlow(file, document, pictures, {false, true, true});
+                break;
+            case WordMode::Continuous:
+                model::joinContinuations(document, true);
+                writeFlow(file, document, pictures, {false, false, false});
+                break;
+            }
+        });
+}
+
+void convertToSlides(const Job &job)
+{
+    convertThroughOffice(
+        job, OdfKind::Presentation, Component::Impress,
+        [](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
+            MovedPictures unified(pictures);
+            unifyPages(document, unified);
+            writeSlides(file, document, unified);
+        });
+}
+
+void convertToSheets(const Job &job)
+{
+    convertThroughOffice(
+        job, OdfKind::Spreadsheet, Component::Calc,
+        [](OdfFile &file, const model::Document &document, model::PictureSource &pictures) {
+            writeSheets(file, document, pictures);
+        });
+}
+
+} // namespace quorra

@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/office/exact_lines.h"
+
+#include "engine/office/font_widths.h"
+#include "engine/office/odf_frames.h"
+#include "engine/office/page_walk.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double BaselinePart = 0.8; // of a line's fixed height
+constexpr double UsualHeight = 1.2;  // of the size of type
+constexpr double LeastHeight = 0.4;
+constexpr double SpacingStep = 0.05; // finer steps only multiply styles
+constexpr double SpareWidth = 24;    // so that no line wraps
+
+// Lines that share a frame: turned alike, one below the other.
+using LineGroup = std::vector<const model::Line *>;
+
+double sizeOf(const model::Line &line)
+{
+    double size = 0;
+    for (const model::Word &word : line.words) {
+        size = std::max(size, word.style.size);
+    }
+    return size > 0 ? size : 10;
+}
+
+void addLines(const std::vector<model::Line> &lines, std::vector<LineGroup> &groups)
+{
+    const model::Line *before = nullptr;
+    for (const model::Line &line : lines) {
+        if (line.words.empty()) {
+            continue;
+        }
+        const double leading = before ? line.baseline - before->baseline : 0;
+        const bool follows = before && line.rotation == 0 && before->rotation == 0 && leading > 0.6 * sizeOf(line) &&
+                             leading < 4 * sizeOf(line);
+        if (follows) {
+            groups.back().push_back(&line);
+        } else {
+            groups.push_back({&line});
+        }
+        before = &line;
+    }
+}
+
+std::vector<LineGroup> lineGroups(const model::Page &page)
+{
+    std::vector<LineGroup> groups;
+    forEachParagraph(page, [&](const model::Paragraph &paragraph) { addLines(paragraph.lines, groups); });
+    return groups;
+}
+
+double stepped(double spacing)
+{
+    return std::round(spacing / SpacingStep) * SpacingStep;
+}
+
+// Writes the words of one line so that each begins where it does on the page, as far as the widths are known.
+class LineWriter
+{
+public:
+    LineWriter(const Sink &sink, double left) : m_sink(sink), m_at(left) {}
+
+    void write(const model::Line &line)
+    {
+        for (std::size_t i = 0; i < line.words.size(); ++i) {
+            const model::Word &word = line.words[i];
+            writePiece(word.text, word.style, word.box.right);
+            if (word.spaceAfter && i + 1 < line.words.size()) {
+                const double next = line.words[i + 1].box.left;
+                writePiece(u" "_s, word.style, next > word.box.right ? next : word.box.right);
+            }
+        }
+    }
+
+private:
+    void writePiece(const QString &text, model::Style style, double end)
+    {
+        const std::optional<double> natural = textWidth(text, style);
+        double spacing = 0;
+        if (natural) {
+            style.family = measuredFamily(style);
+            const auto signs = static_cast<double>(text.size());
+            const double largest = text.size() == 1 ? 40 * style.size : style.size / 2;
+            spacing = std::clamp(stepped((end - m_at - *natural) / signs), -style.size / 3, largest);
+            m_at += *natural + signs * spacing;
+        } else {
+            m_at = end;
+        }
+        style.link.clear();
+        m_sink.xml.writeStartElement("text:span"_L1);
+        m_sink.xml.writeAttribute("text:style-name"_L1, pieceStyle(style, spacing));
+        writeText(m_sink.xml, text);
+        m_sink.xml.writeEndElement();
+    }
+
+    QString pieceStyle(const model::Style &style, double spacing)
+    {
+        m_sink.styles.noteFont(style);
+        Attributes look = textAttributes(style);
+        look.emplace_back("fo:letter-spacing"_L1, pt(spacing));
+        look.emplace_back("style:letter-kerning"_L1, u"false"_s);
+        return m_sink.styles.name(
+            {"style:style"_L1, {{"style:family"_L1, u"text"_s}}, {{"style:text-properties"_L1, look}}});
+    }
+
+    const Sink &m_sink;
+    double m_at;
+};
+
+void writeLine(const Sink &sink, const model::Line &line, const LinePlace &place, double left, bool rightToLeft)
+{
+    const Element style{
+        "style:style"_L1,
+        {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Standard"_s}},
+        {{"style:paragraph-properties"_L1,
+          {{"fo:margin-left"_L1, pt(line.box.left - left)},
+           {"fo:margin-top"_L1, pt(place.above)},
+           {"fo:line-height"_L1, pt(place.height)},
+           {"fo:text-align"_L1, u"left"_s},
+           {"style:writing-mode"_L1, rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}}}}};
+    sink.xml.writeStartElement("text:p"_L1);
+    sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
+    LineWriter(sink, line.box.left).write(line);
+    sink.xml.writeEndElement();
+}
+
+bool readsRightToLeft(const model::Line &line)
+{
+    return line.words.size() > 1 && line.words.front().box.left > line.words.back().box.left;
+}
+
+void writeGroup(const Sink &sink, const model::Page &page, const LineGroup &group)
+{
+    std::vector<double> baselines;
+    std::vector<double> sizes;
+    model::Box box;
+    for (const model::Line *line : group) {
+        baselines.push_back(line->rotation == 0 ? line->baseline : line->box.bottom);
+        sizes.push_back(sizeOf(*line));
+        box = model::united(box, line->box);
+    }
+    box.top = baselines.front() - riseOf(sizes.front());
+    box.right = std::min(std::max(box.right, page.width - 1), box.right + SpareWidth);
+    const std::vector<LinePlace> places = placeLines(box.top, baselines, sizes);
+    double height = 0;
+    for (const LinePlace &place : places) {
+        height += place.above + place.height;
+    }
+    box.bottom = box.top + height;
+    beginTextFrame(sink, box, FrameAnchor::Page, true);
+    for (std::size_t i = 0; i < group.size(); ++i) {
+        writeLine(sink, *group[i], places[i], box.left, readsRightToLeft(*group[i]));
+    }
+    sink.xml.writeEndElement();
+    sink.xml.writeEndElement();
+}
+
+} // namespace
+
+double riseOf(double size)
+{
+    return BaselinePart * UsualHeight * size;
+}
+
+std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselines, const std::vector<double> &sizes)
+{
+    std::vector<LinePlace> places;
+    double bottom = top;
+    for (std::size_t i = 0; i < baselines.size(); ++i) {
+        const double rise = baselines[i] - bottom;
+        const double usual = riseOf(sizes[i]);
+        LinePlace place;
+        place.above = std::max(0.0, rise - usual);
+        place.height = std::max(LeastHeight * sizes[i], (rise - place.above) / BaselinePart);
+        places.push_back(place);
+        bottom += place.above + place.height;
+    }
+    return places;
+}
+
+void writeExactLines(const Sink &sink, const model::Page &page)
+{
+    for (const LineGroup &group : lineGroups(page)) {
+        writeGroup(sink, page, group);
+    }
+}
+
+} // namespace quorra::office

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/office/odf_runs.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+model::Style withoutLink(model::Style style)
+{
+    style.link.clear();
+    return style;
+}
+
+void flush(QXmlStreamWriter &xml, QString &pending)
+{
+    if (!pending.isEmpty()) {
+        xml.writeCharacters(pending);
+        pending.clear();
+    }
+}
+
+} // namespace
+
+model::Style mainStyle(const std::vector<model::Run> &runs)
+{
+    std::vector<std::pair<model::Style, qsizetype>> looks;
+    for (const model::Run &run : runs) {
+        const model::Style style = withoutLink(run.style);
+        const auto known =
+            std::find_if(looks.begin(), looks.end(), [&](const auto &each) { return each.first == style; });
+        if (known == looks.end()) {
+            looks.emplace_back(style, run.text.size());
+        } else {
+            known->second += run.text.size();
+        }
+    }
+    const auto most =
+        std::max_element(looks.begin(), looks.end(), [](const auto &a, const auto &b) { return a.second < b.second; });
+    return most == looks.end() ? model::Style{} : most->first;
+}
+
+double largestSize(const std::vector<model::Run> &runs)
+{
+    double largest = 0;
+    for (const model::Run &run : runs) {
+        largest = std::max(largest, run.style.size);
+    }
+    return largest > 0 ? largest : 10;
+}
+
+QString linkTarget(const QString &link)
+{
+    constexpr QLatin1String Page("#page=");
+    if (link.startsWith(Page)) {
+        bool isNumber = false;
+        const int page = QStringView(link).mid(Page.size()).toInt(&isNumber);
+        return isNumber && page > 0 ? u"#page%1"_s.arg(page) : QString();
+    }
+    static constexpr std::array<QLatin1String, 4> Schemes = {
+        QLatin1String("http://"), QLatin1String("https://"), QLatin1String("ftp://"), QLatin1String("mailto:")};
+    const bool safe = std::any_of(Schemes.begin(), Schemes.end(), [&](QLatin1String scheme) {
+        return link.startsWith(scheme, Qt::CaseInsensitive);
+    });
+    return safe ? xmlText(link) : QString();
+}
+
+void writeText(QXmlStreamWriter &xml, const QString &text)
+{
+    QString pending;
+    bool afterBlank = true; // blanks at the start of a paragraph or span would be dropped
+    const QString clean = xmlText(text);
+    for (const QChar c : clean) {
+        if (c == u'\n' || c == u'\t') {
+            flush(xml, pending);
+            xml.writeEmptyElement(c == u'\n' ? "text:line-break"_L1 : "text:tab"_L1);
+            afterBlank = true;
+        } else if (c == u' ' && afterBlank) {
+            flush(xml, pending);
+            xml.writeEmptyElement("text:s"_L1);
+        } else {
+            pending += c;
+            afterBlank = c == u' ';
+        }
+    }
+    flush(xml, pending);
+}
+
+void writeRuns(
+    const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks)
+{
+    QXmlStreamWriter &xml = sink.xml;
+    for (const model::Run &run : runs) {
+        const QString target = withLinks ? linkTarget(run.style.link) : QString();
+        const model::Style look = withoutLink(run.style);
+        const bool needsSpan = !(look == paragraphStyle);
+        if (!target.isEmpty()) {
+            xml.writeStartElement("text:a"_L1);
+            xml.writeAttribute("xlink:type"_L1, "simple"_L1);
+            xml.writeAttribute("xlink:href"_L1, target);
+        }
+        if (needsSpan) {
+            xml.writeStartElement("text:span"_L1);
+            xml.writeAttribute("text:style-name"_L1, sink.styles.text(look));
+        }
+        writeText(xml, run.text);
+        if (needsSpan) {
+            xml.writeEndElement();
+        }
+        if (!target.isEmpty()) {
+            xml.writeEndElement();
+        }
+    }
+}
+
+} // namespace quorra::office

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/model/document.h"
+#include "engine/office/odf_styles.h"
+
+#include <QString>
+#include <QXmlStreamWriter>
+
+#include <vector>
+
+namespace quorra::office {
+
+/// Where the inside of a document goes: the elements and the styles they use.
+struct Sink
+{
+    QXmlStreamWriter &xml;
+    StyleTable &styles;
+};
+
+/// The look that most of the characters have; the default look without any.
+model::Style mainStyle(const std::vector<model::Run> &runs);
+
+/// The largest size of type in the runs, in points; 10 without any text.
+double largestSize(const std::vector<model::Run> &runs);
+
+/// The address as it may stand in an office document: web and mail addresses as they are, "#page=N" as the bookmark
+/// "#pageN"; empty for anything else, which might start programs or open files.
+QString linkTarget(const QString &link);
+
+/// Text inside a paragraph: runs of blanks, tabs and line breaks as the elements that keep them.
+void writeText(QXmlStreamWriter &xml, const QString &text);
+
+/// The runs as spans and links; runs that look like the paragraph itself need no span. Links stay off where the
+/// document kind has none (withLinks false).
+void writeRuns(
+    const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks = true);
+
+} // namespace quorra::office

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/office/odf_tables.h"
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+QString tableStyle(const Sink &sink, const model::Table &table, const TablePlace &place)
+{
+    if (place.home == TableHome::Slide) {
+        return sink.styles.name({"style:style"_L1, {{"style:family"_L1, u"table"_s}}});
+    }
+    return sink.styles.name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"table"_s}},
+         {{"style:table-properties"_L1,
+           {{"style:width"_L1, pt(table.columnEdges.back() - table.columnEdges.front())},
+            {"fo:margin-left"_L1, pt(place.left)},
+            {"fo:margin-top"_L1, pt(place.above)},
+            {"table:align"_L1, u"left"_s},
+            {"table:border-model"_L1, u"collapsing"_s}}}}});
+}
+
+QString columnStyle(const Sink &sink, double width)
+{
+    return sink.styles.name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"table-column"_s}},
+         {{"style:table-column-properties"_L1, {{"style:column-width"_L1, pt(width)}}}}});
+}
+
+QString rowStyle(const Sink &sink, double height, TableHome home)
+{
+    const QLatin1String name = home == TableHome::Slide ? "style:row-height"_L1 : "style:min-row-height"_L1;
+    return sink.styles.name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"table-row"_s}},
+         {{"style:table-row-properties"_L1, {{name, pt(height)}, {"fo:keep-together"_L1, u"always"_s}}}}});
+}
+
+QString cellStyle(const Sink &sink, const model::Cell &cell, TableHome home)
+{
+    Attributes look = {{"fo:padding"_L1, u"0pt"_s}};
+    const Attributes borders = {
+        {"fo:border-left"_L1, borderText(cell.left)},
+        {"fo:border-right"_L1, borderText(cell.right)},
+        {"fo:border-top"_L1, borderText(cell.top)},
+        {"fo:border-bottom"_L1, borderText(cell.bottom)}};
+    Element style{"style:style"_L1, {{"style:family"_L1, u"table-cell"_s}}};
+    if (home == TableHome::Text) {
+        look.insert(look.end(), borders.begin(), borders.end());
+        if (cell.background) {
+            look.emplace_back("fo:background-color"_L1, colourName(*cell.background));
+        }
+        style.children = {{"style:table-cell-properties"_L1, look}};
+    } else {
+        look.emplace_back("draw:fill"_L1, cell.background ? u"solid"_s : u"none"_s);
+        look.emplace_back("draw:fill-color"_L1, colourName(cell.background.value_or(model::white)));
+        style.children = {{"style:graphic-properties"_L1, look}, {"style:paragraph-properties"_L1, borders}};
+    }
+    return sink.styles.name(style);
+}
+
+void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &place)
+{
+    QXmlStreamWriter &xml = sink.xml;
+    xml.writeStartElement("table:table-cell"_L1);
+    xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell, place.home));
+    if (cell.columnSpan > 1) {
+        xml.writeAttribute("table:number-columns-spanned"_L1, QString::number(cell.columnSpan));
+    }
+    if (cell.rowSpan > 1) {
+        xml.writeAttribute("table:number-rows-spanned"_L1, QString::number(cell.rowSpan));
+    }
+    ParagraphPlace inside;
+    inside.exactLeading = place.exactLeading;
+    inside.withLists = false;
+    inside.withLinks = place.home == TableHome::Text;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        writeParagraph(sink, paragraph, inside);
+    }
+    if (cell.paragraphs.empty()) {
+        writeAnchorParagraph(sink, inside);
+    }
+    xml.writeEndElement();
+}
+
+} // namespace
+
+std::vector<const model::Cell *> cellGrid(const model::Table &table)
+{
+    std::vector<const model::Cell *> grid(
+        static_cast<std::size_t>(table.rows()) * static_cast<std::size_t>(table.columns()), nullptr);
+    for (const model::Cell &cell : table.cells) {
+        if (cell.row >= 0 && cell.row < table.rows() && cell.column >= 0 && cell.column < table.columns()) {
+            grid[static_cast<std::size_t>(cell.row * table.columns() + cell.column)] = &cell;
+        }
+    }
+    return grid;
+}
+
+void writeTable(const Sink &sink, const model::Table &table, const TablePlace &place)
+{
+    if (table.rows() == 0 || table.columns() == 0) {
+        return;
+    }
+    QXmlStreamWriter &xml = sink.xml;
+    xml.writeStartElement("table:table"_L1);
+    xml.writeAttribute("table:style-name"_L1, tableStyle(sink, table, place));
+    for (int column = 0; column < table.columns(); ++column) {
+        const auto at = table.columnEdges.begin() + column;
+        xml.writeEmptyElement("table:table-column"_L1);
+        xml.writeAttribute("table:style-name"_L1, columnStyle(sink, at[1] - at[0]));
+    }
+    const std::vector<const model::Cell *> grid = cellGrid(table);
+    const int headerRows = place.home == TableHome::Text ? std::min(table.headerRows, table.rows() - 1) : 0;
+    for (int row = 0; row < table.rows(); ++row) {
+        if (row == 0 && headerRows > 0) {
+            xml.writeStartElement("table:table-header-rows"_L1);
+        }
+        const auto at = table.rowEdges.begin() + row;
+        xml.writeStartElement("table:table-row"_L1);
+        xml.writeAttribute("table:style-name"_L1, rowStyle(sink, at[1] - at[0], place.home));
+        for (int column = 0; column < table.columns(); ++column) {
+            if (const model::Cell *cell = grid[static_cast<std::size_t>(row * table.columns() + column)]) {
+                writeCell(sink, *cell, place);
+            } else {
+                xml.writeEmptyElement("table:covered-table-cell"_L1);
+            }
+        }
+        xml.writeEndElement();
+        if (row + 1 == headerRows) {
+            xml.writeEndElement();
+        }
+    }
+    xml.writeEndElement();
+}
+
+} // namespace quorra::office

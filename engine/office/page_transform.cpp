@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/office/page_transform.h"
+
+#include "engine/office/page_walk.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::office {
+
+namespace {
+
+constexpr int ScreenResolution = 96; // dots per inch that pixels count in without -xres and -yres
+constexpr double PointsPerInch = 72;
+
+class Mover
+{
+public:
+    explicit Mover(const Transform &transform) : m_t(transform), m_size(std::min(transform.scaleX, transform.scaleY)) {}
+
+    double x(double value) const { return value * m_t.scaleX + m_t.shiftX; }
+    double y(double value) const { return value * m_t.scaleY + m_t.shiftY; }
+    void move(model::Box &box) const { box = {x(box.left), y(box.top), x(box.right), y(box.bottom)}; }
+    void move(model::Border &border) const { border.width *= m_size; }
+
+    void move(model::Rule &rule) const
+    {
+        rule.x1 = x(rule.x1);
+        rule.x2 = x(rule.x2);
+        rule.y1 = y(rule.y1);
+        rule.y2 = y(rule.y2);
+        rule.width *= m_size;
+    }
+
+    void move(model::Paragraph &paragraph) const
+    {
+        for (model::Run &run : paragraph.runs) {
+            run.style.size *= m_size;
+        }
+        for (double *across : {&paragraph.indentLeft, &paragraph.indentRight, &paragraph.firstLineIndent}) {
+            *across *= m_t.scaleX;
+        }
+        paragraph.spaceBefore *= m_t.scaleY;
+        paragraph.lineDistance *= m_t.scaleY;
+        move(paragraph.box);
+        for (model::Line &line : paragraph.lines) {
+            move(line.box);
+            line.baseline = baseline(line.baseline, line.rotation);
+            for (model::Word &word : line.words) {
+                move(word.box);
+                word.baseline = baseline(word.baseline, word.rotation);
+                word.style.size *= m_size;
+            }
+        }
+    }
+
+    void move(model::Block &block) const
+    {
+        if (model::Picture *picture = block.picture()) {
+            move(picture->box);
+        } else if (model::Table *table = block.table()) {
+            move(table->box);
+            std::for_each(table->columnEdges.begin(), table->columnEdges.end(), [&](double &edge) { edge = x(edge); });
+            std::for_each(table->rowEdges.begin(), table->rowEdges.end(), [&](double &edge) { edge = y(edge); });
+            for (model::Cell &cell : table->cells) {
+                move(cell.box);
+                for (model::Border *border : {&cell.left, &cell.top, &cell.right, &cell.bottom}) {
+                    move(*border);
+                }
+            }
+        }
+    }
+
+private:
+    double baseline(double value, int rotation) const { return rotation % 180 == 0 ? y(value) : x(value); }
+
+    Transform m_t;
+    double m_size;
+};
+
+model::Colour reduced(model::Colour colour, ColourDepth depth, model::Colour inMono)
+{
+    if (depth == ColourDepth::Colour) {
+        return colour;
+    }
+    if (depth == ColourDepth::Mono) {
+        return inMono;
+    }
+    const double red = (colour >> 16) & 0xff;
+    const double green = (colour >> 8) & 0xff;
+    const double blue = colour & 0xff;
+    const auto gray = static_cast<model::Colour>(std::lround(0.299 * red + 0.587 * green + 0.114 * blue));
+    return gray << 16 | gray << 8 | gray;
+}
+
+} // namespace
+
+void transformPage(model::Page &page, const Transform &transform, double width, double height)
+{
+    const Mover mover(transform);
+    page.width = width;
+    page.height = height;
+    mover.move(page.content);
+    for (model::Section &section : page.sections) {
+        std::for_each(section.columns.begin(), section.columns.end(), [&](model::Box &box) { mover.move(box); });
+    }
+    forEachBlock(page, [&](model::Block &block) { mover.move(block); });
+    std::for_each(page.runningHeads.begin(), page.runningHeads.end(), [&](model::Block &block) { mover.move(block); });
+    std::for_each(page.rules.begin(), page.rules.end(), [&](model::Rule &rule) { mover.move(rule); });
+    std::for_each(page.fills.begin(), page.fills.end(), [&](model::Fill &fill) { mover.move(fill.box); });
+    forEachParagraph(page, [&](model::Paragraph &paragraph) { mover.move(paragraph); });
+}
+
+model::EncodedPicture MovedPictures::encode(int pageNumber, const model::Box &box, model::PictureKind kind)
+{
+    const auto found = m_transforms.find(pageNumber);
+    if (found == m_transforms.end()) {
+        return m_source.encode(pageNumber, box, kind);
+    }
+    const Transform &t = found->second;
+    return m_source.encode(
+        pageNumber,
+        {(box.left - t.shiftX) / t.scaleX, (box.top - t.shiftY) / t.scaleY, (box.right - t.shiftX) / t.scaleX,
+         (box.bottom - t.shiftY) / t.scaleY},
+        kind);
+}
+
+void fitToOptions(model::Document &document, const Options &options, MovedPictures &pictures)
+{
+    if (!options.width && !options.height) {
+        return;
+    }
+    for (model::Page &page : document.pages) {
+        const auto points = [](int pixels, int resolution) { return pixels * PointsPerInch / resolution; };
+        double width = options.width ? points(*options.width, options.horizontalResolution(ScreenResolution)) : 0;
+        double height = options.height ? points(*options.height, options.verticalResolution(ScreenResolution)) : 0;
+        if (!options.width) {
+            width = height * page.width / page.height;
+        } else if (!options.height) {
+            height = width * page.height / page.width;
+        }
+        const Transform transform{width / page.width, height / page.height, 0, 0};
+        pictures.setTransform(page.number, transform);
+        transformPage(page, transform, width, height);
+    }
+}
+
+void reduceColours(model::Document &document, ColourDepth depth)
+{
+    if (depth == ColourDepth::Colour) {
+        return;
+    }
+    const auto dark = [depth](model::Colour &colour) { colour = reduced(colour, depth, model::black); };
+    const auto light = [depth](model::Colour &colour) { colour = reduced(colour, depth, model::white); };
+    for (model::Page &page : document.pages) {
+        forEachParagraph(page, [&](model::Paragraph &paragraph) {
+            for (model::Run &run : paragraph.runs) {
+                dark(run.style.colour);
+            }
+            for (model::Line &line : paragraph.lines) {
+                for (model::Word &word : line.words) {
+                    dark(word.style.colour);
+                }
+            }
+        });
+        std::for_each(page.rules.begin(), page.rules.end(), [&](model::Rule &rule) { dark(rule.colour); });
+        // Black text must stay readable: backgrounds vanish in black and white.
+        std::for_each(page.fills.begin(), page.fills.end(), [&](model::Fill &fill) { light(fill.colour); });
+        forEachBlock(page, [&](model::Block &block) {
+            if (model::Table *table = block.table()) {
+                for (model::Cell &cell : table->cells) {
+                    for (model::Border *border : {&cell.left, &cell.top, &cell.right, &cell.bottom}) {
+                        dark(border->colour);
+                    }
+                    if (cell.background) {
+                        light(*cell.background);
+                    }
+                }
+            }
+        });
+    }
+}
+
+} // namespace quorra::office

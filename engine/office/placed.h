@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/model/document.h"
+#include "engine/model/picture.h"
+#include "engine/office/odf_frames.h"
+
+#include <vector>
+
+namespace quorra::office {
+
+/// Paragraphs that follow one another closely in one column: they share a frame, in which their text flows.
+struct TextBlock
+{
+    model::Box box;
+    std::vector<const model::Paragraph *> paragraphs;
+};
+
+/// The text blocks of a page, running heads included, in reading order. With joined, close paragraphs of a column come
+/// together; otherwise each is a block of its own.
+std::vector<TextBlock> textBlocks(const model::Page &page, bool joined);
+
+/// The frame for a text of this box: somewhat wider, because other fonts run wider, but not over its neighbours or the
+/// page's edge.
+model::Box roomyBox(const model::Page &page, const model::Box &box);
+
+/// Writes all of the page at its places: backgrounds, lines and pictures, then texts and tables in frames. The anchor
+/// is FrameAnchor::Page or FrameAnchor::Slide.
+void writePlacedPage(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor);
+
+} // namespace quorra::office
