@@ -42,12 +42,20 @@ Plan makePlan(const Job &job)
     return plan;
 }
 
+int rowsPerSlice(const Plan &plan, const PictureSize &size)
+{
+    // Mono is drawn whole: it is small, and its pattern of dots would start anew in each slice.
+    if (plan.depth == ColourDepth::Mono)
+        return size.height;
+    return static_cast<int>(std::clamp<std::int64_t>(plan.slicePixels / size.width, 1, size.height));
+}
+
 /// Draws the page slice by slice and gives each slice to `take`.
 template <typename Take>
 void drawSlices(const Plan &plan, PageRenderer &renderer, int position, Take take)
 {
     const PictureSize &size = plan.size(position);
-    const int rows = static_cast<int>(std::clamp<std::int64_t>(plan.slicePixels / size.width, 1, size.height));
+    const int rows = rowsPerSlice(plan, size);
     for (int top = 0; top < size.height; top += rows)
         take(renderer.draw(plan.page(position), size, top, std::min(rows, size.height - top)));
 }
