@@ -1,12 +1,47 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/cli/failure.h"
-#include "engine/convert.h"
+#include "engine/writers/html.h"
+
+#include "engine/model/build.h"
+#include "engine/office/page_transform.h"
+#include "engine/pdf/collect_pages.h"
+#include "engine/pdf/collector_pictures.h"
+#include "engine/platform/output_file.h"
+#include "engine/writers/html_writer.h"
+#include "engine/writers/output_device.h"
 
 namespace quorra {
 
-void convertToHtml(const Job &)
+namespace {
+
+// The file's name without folder and extension; bytes that are no UTF-8 are replaced.
+QString titleOf(const std::string &path)
 {
-    throw Failure(ExitStatus::Helper, "HTML output is not available in this version of the engine");
+    const QString name = QString::fromStdString(path.substr(path.rfind('/') + 1));
+    const auto dot = name.lastIndexOf(QLatin1Char('.'));
+    return dot > 0 ? name.left(dot) : name;
+}
+
+} // namespace
+
+void convertToMarkup(const Job &job, bool xhtml)
+{
+    OutputFile file(job.options.outputPath);
+    model::Document document = model::buildDocument(collectPages(job, Collect::Everything));
+    model::joinContinuations(document, true);
+    PagePictureSource drawn(
+        job.document, job.options.colourDepth, job.options.horizontalResolution(EmbeddedResolution),
+        job.options.verticalResolution(EmbeddedResolution));
+    office::MovedPictures pictures(drawn);
+    office::fitToOptions(document, job.options, pictures);
+    office::reduceColours(document, job.options.colourDepth);
+    OutputDevice device(file);
+    writeHtml(device, document, pictures, {xhtml, titleOf(job.options.inputPath)});
+    file.commit();
+}
+
+void convertToHtml(const Job &job)
+{
+    convertToMarkup(job, false);
 }
 
 } // namespace quorra

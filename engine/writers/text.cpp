@@ -1,14 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/convert.h"
-#include "engine/pdf/plain_text.h"
+#include "engine/model/build.h"
+#include "engine/pdf/collect_pages.h"
 #include "engine/platform/output_file.h"
+#include "engine/writers/text_writer.h"
 
 namespace quorra {
 
 void convertToText(const Job &job)
 {
     OutputFile file(job.options.outputPath);
-    writePlainText(job.document, job.firstPage, job.lastPage, file);
+    const model::Document document = model::buildDocument(collectPages(job, Collect::TextAndRules));
+    for (const model::Page &page : document.pages) {
+        const QByteArray text = pageAsText(page).toUtf8();
+        file.write({text.constData(), static_cast<std::size_t>(text.size())});
+        file.write("\f"); // ends each page, the last one too
+    }
     file.commit();
 }
 

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/model/build.h"
+
+#include "engine/model/page_builder.h"
+#include "engine/model/roles.h"
+#include "engine/model/running_heads.h"
+#include "engine/model/turned.h"
+
+namespace quorra::model {
+
+Document buildDocument(std::vector<RawPage> pages)
+{
+    std::vector<int> rotations;
+    for (RawPage &page : pages) {
+        rotations.push_back(mainRotation(page));
+        page = turnedUpright(std::move(page), rotations.back());
+    }
+    const auto heads = findRunningHeads(pages);
+    Document document;
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        document.pages.push_back(buildPage(pages[i], heads[i]));
+        pages[i] = {}; // its words live on in the lines
+    }
+    assignRoles(document);
+    markContinuations(document);
+    for (std::size_t i = 0; i < rotations.size(); ++i) {
+        turnBack(document.pages[i], rotations[i]);
+    }
+    return document;
+}
+
+} // namespace quorra::model

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/model/document.h"
+#include "engine/model/rulings.h"
+
+#include <vector>
+
+namespace quorra::model {
+
+/// The grid that a group of touching rules draws.
+class Lattice
+{
+public:
+    explicit Lattice(const Rulings &rules);
+
+    int rows() const { return static_cast<int>(m_ys.size()) - 1; }
+    int columns() const { return static_cast<int>(m_xs.size()) - 1; }
+
+    /// The share of the sides between neighbouring places of the grid that are drawn, 1 for a grid of one place.
+    double innerLineShare() const;
+
+    /// The grid with its spanning cells and borders, without text.
+    Table table() const;
+
+private:
+    const Rule *verticalAt(int edge, int row) const;
+    const Rule *horizontalAt(int edge, int column) const;
+    std::vector<Cell> cells() const;
+    void widen(Cell &cell, std::vector<char> &taken) const;
+    bool rowContinues(const Cell &cell, int row, const std::vector<char> &taken) const;
+    void addBorders(Cell &cell) const;
+
+    Rulings m_rules;
+    std::vector<double> m_xs;
+    std::vector<double> m_ys;
+    std::vector<const Rule *> m_vertical;   ///< for each edge and row, null where no line is drawn
+    std::vector<const Rule *> m_horizontal; ///< for each edge and column
+};
+
+} // namespace quorra::model

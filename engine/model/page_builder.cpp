@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/model/page_builder.h"
+
+#include "engine/model/column_builder.h"
+#include "engine/model/paragraphs.h"
+#include "engine/model/pictures.h"
+#include "engine/model/regions.h"
+#include "engine/model/rulings.h"
+#include "engine/model/table_finish.h"
+#include "engine/model/turned.h"
+
+#include <algorithm>
+#include <array>
+#include <unordered_set>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double scanShare = 0.8; // of the page that pictures must cover to be a scan
+
+using WordSet = std::unordered_set<const Word *>;
+
+bool isScan(const RawPage &raw)
+{
+    double area = 0;
+    for (const RawPicture &picture : raw.pictures) {
+        area += picture.box.width() * picture.box.height();
+    }
+    return raw.words.empty() && area > scanShare * raw.width * raw.height;
+}
+
+Page scannedPage(const RawPage &raw)
+{
+    Page page;
+    page.scanned = true;
+    page.content = {0, 0, raw.width, raw.height};
+    page.sections.push_back({{page.content}, {{Picture{page.content, PictureKind::Page}, 0}}});
+    return page;
+}
+
+void addRunningHeads(Page &page, const std::set<const Word *> &heads)
+{
+    const Box whole{0, 0, page.width, page.height};
+    for (const Row &row : rowsOf({heads.begin(), heads.end()})) {
+        for (Paragraph &paragraph : paragraphsOf({row}, whole)) {
+            paragraph.role = Role::RunningHead;
+            page.runningHeads.push_back({std::move(paragraph), 0});
+        }
+    }
+}
+
+// Words that run in another direction than the page's text: paragraphs of their own at the end.
+void addTurnedText(Page &page, const RawPage &raw, const WordSet &used)
+{
+    for (const int rotation : {90, 180, 270}) {
+        RawPage turned;
+        turned.width = raw.width;
+        turned.height = raw.height;
+        for (const Word &word : raw.words) {
+            if (word.rotation == rotation && used.count(&word) == 0) {
+                turned.words.push_back(word);
+            }
+        }
+        if (turned.words.empty()) {
+            continue;
+        }
+        turned = turnedUpright(std::move(turned), rotation);
+        WordRefs words;
+        for (const Word &word : turned.words) {
+            words.push_back(&word);
+        }
+        Section section{{{0, 0, raw.width, raw.height}}, {}};
+        const Box column{0, 0, turned.width, turned.height};
+        for (Paragraph &paragraph : paragraphsOf(rowsOf(std::move(words)), column)) {
+            turnBack(paragraph, rotation, turned.width, turned.height);
+            section.blocks.push_back({std::move(paragraph), 0});
+        }
+        page.sections.push_back(std::move(section));
+    }
+}
+
+void addLeftovers(Page &page, const RawPage &raw, const Rulings &rulings)
+{
+    std::vector<Box> owned;
+    for (const Section &section : page.sections) {
+        for (const Block &block : section.blocks) {
+            page.content = united(page.content, block.box());
+            if (!block.paragraph()) {
+                owned.push_back(block.box());
+            }
+        }
+    }
+    const auto isOwned = [&owned](double x, double y) {
+        constexpr double edge = 2;
+        return std::any_of(owned.begin(), owned.end(), [x, y](const Box &box) {
+            return Box{box.left - edge, box.top - edge, box.right + edge, box.bottom + edge}.contains(x, y);
+        });
+    };
+    for (const auto *rules : {&rulings.horizontal, &rulings.vertical}) {
+        for (const Rule &rule : *rules) {
+            if (!isOwned((rule.x1 + rule.x2) / 2, (rule.y1 + rule.y2) / 2)) {
+                page.rules.push_back(rule);
+            }
+        }
+    }
+    for (const Fill &fill : raw.fills) {
+        if (!isOwned(fill.box.centreX(), fill.box.centreY())) {
+            page.fills.push_back(fill);
+        }
+    }
+}
+
+std::vector<Section> sectionsOf(const std::vector<Band> &bands, const ColumnBuilder &builder)
+{
+    std::vector<Section> sections;
+    for (const Band &band : bands) {
+        Section section;
+        for (const Band::Column &column : band.columns) {
+            for (const RegionItems &part : column.parts) {
+                for (Block &block : builder.blocks(part)) {
+                    block.column = static_cast<int>(section.columns.size());
+                    section.blocks.push_back(std::move(block));
+                }
+            }
+            section.columns.push_back(column.box);
+        }
+        sections.push_back(std::move(section));
+    }
+    return sections;
+}
+
+Page builtPage(const RawPage &raw, const std::set<const Word *> &heads)
+{
+    Page page;
+    page.width = raw.width;
+    page.height = raw.height;
+    addRunningHeads(page, heads);
+    WordRefs words;
+    for (const Word &word : raw.words) {
+        if (heads.count(&word) == 0) {
+            words.push_back(&word);
+        }
+    }
+    const Rulings rulings = mergeRules(raw.rules);
+    std::vector<TableWords> tables = findRuledTables(rulings, words);
+    WordSet used(heads.begin(), heads.end());
+    std::vector<Box> tableBoxes;
+    for (const TableWords &table : tables) {
+        tableBoxes.push_back(table.table.box);
+        for (const WordRefs &cell : table.words) {
+            used.insert(cell.begin(), cell.end());
+        }
+    }
+    PagePictures pictures = findPictures(raw, tableBoxes, words);
+    for (const DrawingLabels &drawing : pictures.labels) {
+        used.insert(drawing.words.begin(), drawing.words.end());
+    }
+    RegionItems items;
+    for (const Word *word : words) {
+        if (word->rotation == 0 && used.count(word) == 0) {
+            items.words.push_back(word);
+        }
+    }
+    for (const Box &box : tableBoxes) {
+        items.obstacles.emplace_back(box, items.obstacles.size());
+    }
+    for (const Picture &picture : pictures.placed) {
+        items.obstacles.emplace_back(picture.box, items.obstacles.size());
+    }
+    for (const Picture &picture : pictures.backgrounds) {
+        page.sections.push_back({{picture.box}, {{picture, 0}}});
+    }
+    const ColumnBuilder builder(raw, rulings, std::move(tables), pictures);
+    for (Section &section : sectionsOf(cutRegions(std::move(items)), builder)) {
+        page.sections.push_back(std::move(section));
+    }
+    addTurnedText(page, raw, used);
+    addLeftovers(page, raw, rulings);
+    return page;
+}
+
+} // namespace
+
+Page buildPage(const RawPage &raw, const std::set<const Word *> &heads)
+{
+    Page page = isScan(raw) ? scannedPage(raw) : builtPage(raw, heads);
+    page.number = raw.number;
+    page.width = raw.width;
+    page.height = raw.height;
+    return page;
+}
+
+} // namespace quorra::model

@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/model/paragraphs.h"
+
+#include "engine/model/build.h"
+#include "engine/model/direction.h"
+#include "engine/model/joining.h"
+#include "engine/model/list_mark.h"
+#include "engine/model/paragraph_breaks.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double sameEdge = 2.0; // points
+
+// The share of letters and digits among fixed-pitch text decides: line ends of listings are meant.
+bool isListing(const std::vector<Line> &lines)
+{
+    std::size_t fixed = 0;
+    std::size_t all = 0;
+    for (const Line &line : lines) {
+        for (const Word &word : line.words) {
+            ++all;
+            fixed += word.style.fixedPitch ? 1 : 0;
+        }
+    }
+    return 10 * fixed > 8 * all;
+}
+
+template <typename Get>
+bool agree(const std::vector<Line> &lines, std::size_t from, std::size_t to, Get get)
+{
+    for (std::size_t i = from; i + 1 < to; ++i) {
+        if (std::abs(get(lines[i]) - get(lines[i + 1])) > sameEdge) {
+            return false;
+        }
+    }
+    return to > from + 1;
+}
+
+Alignment alignmentOf(const std::vector<Line> &lines, const Box &column)
+{
+    const std::size_t n = lines.size();
+    if (n == 1) {
+        const Box &box = lines.front().box;
+        const double left = box.left - column.left;
+        const double right = column.right - box.right;
+        const bool inset = left > 0.06 * column.width();
+        if (inset && std::abs(left - right) < std::max(4.0, 0.02 * column.width())) {
+            return Alignment::Centre;
+        }
+        return inset && right < sameEdge && left > 0.4 * column.width() ? Alignment::Right : Alignment::Left;
+    }
+    const auto left = [](const Line &l) { return l.box.left; };
+    const auto right = [](const Line &l) { return l.box.right; };
+    const auto centre = [](const Line &l) { return l.box.centreX(); };
+    const bool rights = agree(lines, 0, n - 1, right);
+    const bool lefts = n == 2 ? agree(lines, 0, n, left) : agree(lines, 1, n, left);
+    if (lefts) {
+        return (n > 2 && rights) || (n == 2 && column.right - lines.front().box.right < sameEdge) ? Alignment::Justify
+                                                                                                  : Alignment::Left;
+    }
+    if (agree(lines, 0, n, centre)) {
+        return Alignment::Centre;
+    }
+    if (n == 2 && column.right - lines.front().box.right < sameEdge) {
+        return Alignment::Justify; // the first line is indented
+    }
+    return agree(lines, 0, n, right) ? Alignment::Right : rights ? Alignment::Justify : Alignment::Left;
+}
+
+void measure(Paragraph &paragraph, const Box &column)
+{
+    const std::vector<Line> &lines = paragraph.lines;
+    double left = lines.front().box.left;
+    double right = lines.front().box.right;
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        left = i == 1 ? lines[i].box.left : std::min(left, lines[i].box.left);
+        right = std::max(right, lines[i].box.right);
+    }
+    paragraph.alignment = alignmentOf(lines, column);
+    if (paragraph.rightToLeft && paragraph.alignment != Alignment::Centre) {
+        paragraph.alignment = Alignment::Right;
+    }
+    if (paragraph.alignment == Alignment::Left || paragraph.alignment == Alignment::Justify) {
+        paragraph.indentLeft = std::max(0.0, left - column.left);
+        paragraph.firstLineIndent = lines.front().box.left - left;
+    }
+    if (paragraph.alignment == Alignment::Right || paragraph.alignment == Alignment::Justify) {
+        paragraph.indentRight = std::max(0.0, column.right - right);
+    }
+    if (lines.size() > 1) {
+        paragraph.lineDistance =
+            (lines.back().baseline - lines.front().baseline) / static_cast<double>(lines.size() - 1);
+    }
+    for (const Line &line : lines) {
+        paragraph.box = united(paragraph.box, line.box);
+    }
+}
+
+// A mark at the beginning becomes the list mark; the lines keep it, the runs do not.
+void takeListMark(Paragraph &paragraph)
+{
+    Line &first = paragraph.lines.front();
+    if (first.words.size() < 2 || !isListMark(first.words.front().text) || !first.words.front().spaceAfter) {
+        return;
+    }
+    const bool bullet = isBullet(first.words.front().text);
+    const double gap = first.words[1].box.left - first.words[0].box.right;
+    const bool hangs = paragraph.lines.size() > 1 && paragraph.lines[1].box.left > first.box.left + sameEdge;
+    static const QString dashes = QStringLiteral("-–—*");
+    const bool dash = bullet && dashes.contains(first.words.front().text.front());
+    if ((!bullet || dash) && !hangs && gap < 0.35 * first.words[0].style.size) {
+        return; // "A. Smith", "1. January", "- 3 -"
+    }
+    paragraph.listMark = first.words.front().text;
+    paragraph.listOrdered = !bullet;
+    paragraph.role = Role::ListItem;
+}
+
+Paragraph makeParagraph(std::vector<Line> lines, const Box &column)
+{
+    Paragraph paragraph;
+    paragraph.lines = std::move(lines);
+    QString all;
+    for (const Line &line : paragraph.lines) {
+        all += lineText(line);
+    }
+    paragraph.rightToLeft = isRightToLeft(all);
+    measure(paragraph, column);
+    takeListMark(paragraph);
+    const bool listing = isListing(paragraph.lines);
+    for (std::size_t i = 0; i < paragraph.lines.size(); ++i) {
+        if (i == 0 && !paragraph.listMark.isEmpty()) {
+            Line rest = paragraph.lines.front();
+            rest.words.erase(rest.words.begin());
+            appendLine(paragraph.runs, rest, false);
+        } else {
+            appendLine(paragraph.runs, paragraph.lines[i], listing);
+        }
+    }
+    return paragraph;
+}
+
+} // namespace
+
+Line lineOf(const Row &row)
+{
+    Line line;
+    line.box = row.box;
+    line.box.top = row.baseline - 0.8 * row.size;
+    line.box.bottom = row.baseline + 0.2 * row.size;
+    line.baseline = row.baseline;
+    line.words.reserve(row.words.size());
+    QString all;
+    for (const Word *word : row.words) {
+        line.words.push_back(*word);
+        all += word->text;
+    }
+    constexpr double blank = 0.15; // font sizes
+    for (std::size_t i = 0; i + 1 < line.words.size(); ++i) {
+        Word &word = line.words[i];
+        const double gap = line.words[i + 1].box.left - word.box.right;
+        word.spaceAfter = word.spaceAfter || gap > blank * word.style.size;
+    }
+    orderWords(line.words, isRightToLeft(all));
+    return line;
+}
+
+std::vector<Paragraph> paragraphsOf(const std::vector<Row> &rows, const Box &column)
+{
+    std::vector<Paragraph> paragraphs;
+    const ParagraphBreaks breaks(rows, column);
+    double lastBaseline = 0;
+    for (std::size_t start = 0; start < rows.size();) {
+        std::size_t end = start + 1;
+        while (end < rows.size() && !breaks.startsAt(start, end)) {
+            ++end;
+        }
+        std::vector<Line> lines;
+        for (std::size_t i = start; i < end; ++i) {
+            lines.push_back(lineOf(rows[i]));
+        }
+        paragraphs.push_back(makeParagraph(std::move(lines), column));
+        if (start > 0) {
+            const double step = rows[start].baseline - lastBaseline;
+            paragraphs.back().spaceBefore = std::max(0.0, step - breaks.usualStep(rows[start].size));
+        }
+        lastBaseline = rows[end - 1].baseline;
+        start = end;
+    }
+    return paragraphs;
+}
+
+std::vector<Paragraph> cellParagraphs(const WordRefs &words, const Box &cell)
+{
+    WordRefs upright;
+    std::vector<Paragraph> paragraphs;
+    for (const Word *word : words) {
+        if (word->rotation == 0) {
+            upright.push_back(word);
+        } else {
+            Line line;
+            line.box = word->box;
+            line.baseline = word->baseline;
+            line.rotation = word->rotation;
+            line.words = {*word};
+            if (!paragraphs.empty() && paragraphs.back().rotation == word->rotation) {
+                appendLine(paragraphs.back().runs, line, false);
+                paragraphs.back().box = united(paragraphs.back().box, line.box);
+                paragraphs.back().lines.push_back(line);
+            } else {
+                paragraphs.push_back(makeParagraph({line}, cell));
+                paragraphs.back().rotation = word->rotation;
+            }
+        }
+    }
+    for (Paragraph &paragraph : paragraphsOf(rowsOf(std::move(upright)), cell)) {
+        paragraphs.push_back(std::move(paragraph));
+    }
+    return paragraphs;
+}
+
+bool endsSentence(const QString &text)
+{
+    static const QString ends = QStringLiteral(".!?:;。！？：；؟۔");
+    static const QString closing = QStringLiteral("\"'”’)]»）」』");
+    auto i = text.size() - 1;
+    while (i >= 0 && (text.at(i).isSpace() || closing.contains(text.at(i)))) {
+        --i;
+    }
+    return i >= 0 && ends.contains(text.at(i));
+}
+
+} // namespace quorra::model

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/model/rows.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double bodyHeight = 0.72;   // of the font size: the height of capitals
+constexpr double initialFactor = 1.8; // a word this much larger than the row's is an initial over several lines
+
+double sharedHeight(const Box &a, const Box &b)
+{
+    return std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
+}
+
+bool belongsTo(const Row &row, const Word &word, const Box &body)
+{
+    const double larger = std::max(row.size, word.style.size);
+    const double smaller = std::min(row.size, word.style.size);
+    if (larger > initialFactor * smaller) {
+        return std::abs(row.baseline - word.baseline) < 0.35 * smaller;
+    }
+    return sharedHeight(row.box, body) > 0.5 * std::min(row.box.height(), body.height());
+}
+
+void add(Row &row, const Word *word, const Box &body)
+{
+    if (row.words.empty() || word->style.size > row.size) {
+        row.size = word->style.size;
+        row.baseline = word->baseline;
+        row.box.top = body.top;
+        row.box.bottom = body.bottom;
+    }
+    row.box.left = row.words.empty() ? body.left : std::min(row.box.left, body.left);
+    row.box.right = row.words.empty() ? body.right : std::max(row.box.right, body.right);
+    row.words.push_back(word);
+}
+
+} // namespace
+
+Box bodyOf(const Word &word)
+{
+    return {word.box.left, word.baseline - bodyHeight * word.style.size, word.box.right, word.baseline};
+}
+
+std::vector<Row> rowsOf(WordRefs words)
+{
+    std::stable_sort(
+        words.begin(), words.end(), [](const Word *a, const Word *b) { return a->baseline < b->baseline; });
+    std::vector<Row> rows;
+    constexpr std::size_t openRows = 4;
+    for (const Word *word : words) {
+        const Box body = bodyOf(*word);
+        Row *home = nullptr;
+        for (std::size_t back = 1; back <= std::min(openRows, rows.size()) && !home; ++back) {
+            Row &row = rows[rows.size() - back];
+            home = belongsTo(row, *word, body) ? &row : nullptr;
+        }
+        add(home ? *home : rows.emplace_back(), word, body);
+    }
+    for (Row &row : rows) {
+        std::stable_sort(
+            row.words.begin(), row.words.end(), [](const Word *a, const Word *b) { return a->box.left < b->box.left; });
+    }
+    std::stable_sort(rows.begin(), rows.end(), [](const Row &a, const Row &b) { return a.baseline < b.baseline; });
+    return rows;
+}
+
+std::vector<Segment> segmentsOf(const Row &row, double gapInSizes)
+{
+    std::vector<Segment> segments;
+    for (const Word *word : row.words) {
+        const Box body = bodyOf(*word);
+        const double size = std::min(row.size, word->style.size * 1.3);
+        if (segments.empty() || body.left - segments.back().box.right > gapInSizes * size) {
+            segments.push_back({{word}, body});
+        } else {
+            segments.back().words.push_back(word);
+            segments.back().box = united(segments.back().box, body);
+        }
+    }
+    return segments;
+}
+
+double median(std::vector<double> values)
+{
+    if (values.empty()) {
+        return 0;
+    }
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+int letterCount(const QString &text)
+{
+    int count = 0;
+    for (const QChar c : text) {
+        const bool ideograph = c.unicode() >= 0x2e80 && c.unicode() < 0xfb00;
+        count += ideograph ? 2 : c.isLetterOrNumber() ? 1 : 0;
+    }
+    return count;
+}
+
+bool looksNumeric(const QString &text)
+{
+    int digits = 0;
+    int letters = 0;
+    for (const QChar c : text) {
+        digits += c.isDigit() ? 1 : 0;
+        letters += c.isLetter() ? 1 : 0;
+    }
+    if (digits > 0) {
+        return letters == 0 || (letters <= 2 && digits > letters);
+    }
+    static const QString stand = QStringLiteral("-–—†‡*….#");
+    return letters == 0 &&
+           std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace() || stand.contains(c); });
+}
+
+} // namespace quorra::model

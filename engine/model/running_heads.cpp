@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/model/running_heads.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double edgeShare = 0.13;       // of the page's height: where heads and feet are looked for
+constexpr std::size_t outermostRows = 3; // at each end
+constexpr std::size_t fewestPages = 3;
+
+struct EdgeRow
+{
+    Row row;
+    QString key; ///< its text with every number replaced
+    bool top = false;
+};
+
+QString keyOf(const Row &row)
+{
+    QString key;
+    bool inNumber = false;
+    for (const Word *word : row.words) {
+        for (const QChar c : word->text) {
+            if (c.isDigit()) {
+                key += inNumber ? QString() : QStringLiteral("#");
+            } else {
+                key += c;
+            }
+            inNumber = c.isDigit();
+        }
+        inNumber = false;
+        key += QLatin1Char(' ');
+    }
+    return key;
+}
+
+std::vector<EdgeRow> edgeRows(const RawPage &page)
+{
+    std::vector<EdgeRow> found;
+    for (const bool top : {true, false}) {
+        WordRefs words;
+        for (const Word &word : page.words) {
+            const double y = word.box.centreY();
+            if (word.rotation == 0 && (top ? y < edgeShare * page.height : y > (1 - edgeShare) * page.height)) {
+                words.push_back(&word);
+            }
+        }
+        std::vector<Row> rows = rowsOf(std::move(words));
+        if (!top) {
+            std::reverse(rows.begin(), rows.end());
+        }
+        rows.resize(std::min(rows.size(), outermostRows));
+        for (Row &row : rows) {
+            QString key = keyOf(row);
+            found.push_back({std::move(row), std::move(key), top});
+        }
+    }
+    return found;
+}
+
+} // namespace
+
+std::vector<std::set<const Word *>> findRunningHeads(const std::vector<RawPage> &pages)
+{
+    std::vector<std::set<const Word *>> heads(pages.size());
+    if (pages.size() < fewestPages) {
+        return heads;
+    }
+    std::vector<std::vector<EdgeRow>> rows;
+    QHash<QString, QList<double>> places; // the heights at which each text stands
+    for (const RawPage &page : pages) {
+        rows.push_back(edgeRows(page));
+        for (const EdgeRow &row : rows.back()) {
+            places[row.key].append(row.row.baseline);
+        }
+    }
+    constexpr double sameHeight = 6; // points
+    const std::size_t needed = std::max(fewestPages, pages.size() / 12);
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        for (const EdgeRow &row : rows[i]) {
+            const QList<double> &heights = places[row.key];
+            const auto alike = std::count_if(heights.begin(), heights.end(), [&row](double y) {
+                return std::abs(y - row.row.baseline) <= sameHeight;
+            });
+            if (static_cast<std::size_t>(alike) >= needed) {
+                heads[i].insert(row.row.words.begin(), row.row.words.end());
+            }
+        }
+    }
+    return heads;
+}
+
+} // namespace quorra::model

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/model/text_grid.h"
+
+#include <algorithm>
+
+namespace quorra::model {
+
+namespace {
+
+QString firstWord(const WordRefs &words)
+{
+    return words.front()->text;
+}
+
+bool startsLow(const WordRefs &words)
+{
+    const QString word = firstWord(words);
+    return word.front().isLower() || word.front() == QLatin1Char('(');
+}
+
+QString joined(const WordRefs &words)
+{
+    QString text;
+    for (const Word *word : words) {
+        text += word->text;
+    }
+    return text;
+}
+
+template <typename Pieces>
+const auto *pieceIn(const Pieces &pieces, int column)
+{
+    const auto found = std::find_if(pieces.begin(), pieces.end(), [column](const auto &piece) {
+        return piece.column <= column && column < piece.column + piece.span;
+    });
+    return found == pieces.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+bool TextGrid::ruleBetween(const GridRow &upper, const GridRow &lower) const
+{
+    return std::any_of(m_rules.begin(), m_rules.end(), [&](const Rule &rule) {
+        return rule.y1 > upper.box.centreY() && rule.y1 < lower.box.centreY();
+    });
+}
+
+// A row that only goes on with cells of the row above: no key of its own, words in small letters.
+bool TextGrid::continues(const GridRow &upper, const GridRow &lower, double usualStep) const
+{
+    if (ruleBetween(upper, lower) || lower.baseline - upper.baseline > 1.15 * usualStep) {
+        return false;
+    }
+    const bool hasKey = lower.pieces.front().column == 0;
+    if (hasKey && lower.pieces.size() > 1) {
+        return false;
+    }
+    bool low = false;
+    for (const Piece &piece : lower.pieces) {
+        const Piece *above = pieceIn(upper.pieces, piece.column);
+        if (!above || above->column != piece.column || looksNumeric(joined(piece.words))) {
+            return false;
+        }
+        low = low || startsLow(piece.words);
+    }
+    return low || (!hasKey && lower.pieces.size() < upper.pieces.size() && upper.pieces.front().column == 0);
+}
+
+// Two lines of a table's head: every cell of the upper one stands over a cell of the lower one.
+bool TextGrid::headsTogether(const GridRow &upper, const GridRow &lower) const
+{
+    if (ruleBetween(upper, lower) || lower.baseline - upper.baseline > 1.6 * std::max(upper.size, lower.size)) {
+        return false;
+    }
+    return std::all_of(upper.pieces.begin(), upper.pieces.end(), [&](const Piece &piece) {
+        const Piece *below = pieceIn(lower.pieces, piece.column);
+        return below && below->column == piece.column && below->span == piece.span;
+    });
+}
+
+void TextGrid::mergeWrappedRows()
+{
+    std::vector<double> steps;
+    for (std::size_t i = 1; i < m_grid.size(); ++i) {
+        steps.push_back(m_grid[i].baseline - m_grid[i - 1].baseline);
+    }
+    const double usualStep = median(steps);
+    const auto hasNumbers = [](const GridRow &row) {
+        return std::any_of(row.pieces.begin(), row.pieces.end(), [](const Piece &piece) {
+            return piece.column > 0 && looksNumeric(joined(piece.words));
+        });
+    };
+    const auto takeIn = [](GridRow &upper, const GridRow &lower) {
+        for (const Piece &piece : lower.pieces) {
+            const auto home = std::find_if(upper.pieces.begin(), upper.pieces.end(), [&piece](const Piece &p) {
+                return p.column == piece.column;
+            });
+            if (home == upper.pieces.end()) {
+                upper.pieces.push_back(piece);
+            } else {
+                home->words.insert(home->words.end(), piece.words.begin(), piece.words.end());
+                home->box = united(home->box, piece.box);
+            }
+        }
+        std::sort(upper.pieces.begin(), upper.pieces.end(), [](const Piece &a, const Piece &b) {
+            return a.column < b.column;
+        });
+        upper.box = united(upper.box, lower.box);
+        upper.baseline = lower.baseline;
+    };
+    std::vector<GridRow> merged;
+    bool head = true;
+    for (const GridRow &row : m_grid) {
+        const bool inHead = head && !hasNumbers(row);
+        head = inHead;
+        const bool together = !merged.empty() && ((inHead && headsTogether(merged.back(), row)) ||
+                                                  (!inHead && continues(merged.back(), row, usualStep)));
+        if (together) {
+            takeIn(merged.back(), row);
+        } else {
+            merged.push_back(row);
+        }
+    }
+    m_grid = std::move(merged);
+}
+
+TableWords TextGrid::tableWords() const
+{
+    TextGrid merged(*this);
+    merged.mergeWrappedRows();
+    const std::vector<GridRow> &grid = merged.m_grid;
+    TableWords result;
+    Table &table = result.table;
+    table.columnEdges = m_edges;
+    table.rowEdges = {grid.front().box.top - 2};
+    for (std::size_t i = 1; i < grid.size(); ++i) {
+        table.rowEdges.push_back((grid[i - 1].box.bottom + grid[i].box.top) / 2);
+    }
+    table.rowEdges.push_back(grid.back().box.bottom + 2);
+    table.box = {m_edges.front(), table.rowEdges.front(), m_edges.back(), table.rowEdges.back()};
+    for (std::size_t r = 0; r < grid.size(); ++r) {
+        for (int column = 0; column < columns();) {
+            const Piece *piece = pieceIn(grid[r].pieces, column);
+            Cell cell;
+            cell.row = static_cast<int>(r);
+            cell.column = column;
+            cell.columnSpan = piece ? piece->span : 1;
+            cell.box = {
+                m_edges[static_cast<std::size_t>(column)], table.rowEdges[r],
+                m_edges[static_cast<std::size_t>(column + cell.columnSpan)], table.rowEdges[r + 1]};
+            table.cells.push_back(cell);
+            result.words.push_back(piece ? piece->words : WordRefs());
+            column += cell.columnSpan;
+        }
+    }
+    return result;
+}
+
+} // namespace quorra::model

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/model/unruled_table.h"
+
+#include "engine/model/list_mark.h"
+#include "engine/model/text_grid.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double cellGap = 0.75;       // font sizes between two cells
+constexpr double farRows = 2.6;        // font sizes between the baselines of rows of one table
+constexpr std::size_t mostSingles = 2; // rows of one piece in a row inside a table (group headings, wrapped cells)
+
+struct Stretch
+{
+    std::size_t first = 0;
+    std::size_t last = 0;
+};
+
+bool isLeader(const QString &text)
+{
+    const auto dots = text.count(QLatin1Char('.'));
+    return dots >= 4 && dots * 2 >= text.size();
+}
+
+// Rows with "....." or ". . . . ." in them: a table of contents reads better as lines.
+bool hasLeader(const Row &row)
+{
+    int loneDots = 0;
+    for (const Word *word : row.words) {
+        loneDots += word->text == QLatin1String(".") ? 1 : 0;
+        if (isLeader(word->text)) {
+            return true;
+        }
+    }
+    return loneDots >= 4;
+}
+
+bool isListLine(const std::vector<Segment> &segments)
+{
+    QString mark;
+    for (const Word *word : segments.front().words) {
+        mark += word->text;
+    }
+    return segments.size() == 2 && isListMark(mark);
+}
+
+bool hasRuleBetween(const std::vector<Rule> &horizontal, const Row &upper, const Row &lower)
+{
+    return std::any_of(horizontal.begin(), horizontal.end(), [&](const Rule &rule) {
+        return rule.y1 > upper.box.centreY() && rule.y1 < lower.box.centreY() && rule.x2 > upper.box.left &&
+               rule.x1 < upper.box.right;
+    });
+}
+
+// Stretches of rows close to one another in which nearly all are cut by wide gaps.
+std::vector<Stretch> candidateStretches(
+    const std::vector<Row> &rows, const std::vector<std::vector<Segment>> &segments,
+    const std::vector<Rule> &horizontal)
+{
+    std::vector<Stretch> stretches;
+    const auto isMulti = [&](std::size_t i) { return segments[i].size() >= 2 && !isListLine(segments[i]); };
+    for (std::size_t i = 0; i < rows.size();) {
+        if (!isMulti(i)) {
+            ++i;
+            continue;
+        }
+        Stretch stretch{i, i};
+        std::size_t singles = 0;
+        for (std::size_t j = i + 1; j < rows.size(); ++j) {
+            const double reach = hasRuleBetween(horizontal, rows[j - 1], rows[j]) ? 2 * farRows : farRows;
+            if (rows[j].baseline - rows[j - 1].baseline > reach * std::max(rows[j].size, rows[j - 1].size)) {
+                break;
+            }
+            if (isMulti(j)) {
+                stretch.last = j;
+                singles = 0;
+            } else if (++singles > mostSingles) {
+                break;
+            }
+        }
+        stretches.push_back(stretch);
+        i = stretch.last + 1;
+    }
+    return stretches;
+}
+
+std::size_t count(const std::vector<Row> &rows, const Stretch &s, bool (*has)(const Row &))
+{
+    return static_cast<std::size_t>(std::count_if(
+        rows.begin() + static_cast<std::ptrdiff_t>(s.first), rows.begin() + static_cast<std::ptrdiff_t>(s.last) + 1,
+        has));
+}
+
+bool isFixedPitch(const Row &row)
+{
+    return row.words.front()->style.fixedPitch;
+}
+
+} // namespace
+
+std::vector<UnruledTable> findUnruledTables(const std::vector<Row> &rows, const std::vector<Rule> &horizontal)
+{
+    std::vector<std::vector<Segment>> segments;
+    segments.reserve(rows.size());
+    for (const Row &row : rows) {
+        segments.push_back(segmentsOf(row, cellGap));
+    }
+    std::vector<UnruledTable> tables;
+    for (const Stretch &stretch : candidateStretches(rows, segments, horizontal)) {
+        const std::size_t length = stretch.last - stretch.first + 1;
+        if (length < 2 || 3 * count(rows, stretch, hasLeader) > length ||
+            2 * count(rows, stretch, isFixedPitch) > length) {
+            continue;
+        }
+        TextGrid grid(
+            {rows.begin() + static_cast<std::ptrdiff_t>(stretch.first),
+             rows.begin() + static_cast<std::ptrdiff_t>(stretch.last) + 1},
+            horizontal);
+        if (grid.looksLikeTable()) {
+            tables.push_back({grid.tableWords(), stretch.first, stretch.last});
+        }
+    }
+    return tables;
+}
+
+} // namespace quorra::model

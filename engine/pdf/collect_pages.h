@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/convert.h"
+#include "engine/model/page.h"
+#include "engine/pdf/collector.h"
+
+#include <vector>
+
+namespace quorra {
+
+/// The raw pages of a job's range, in their order. Long ranges are read by two threads.
+std::vector<model::RawPage> collectPages(const Job &job, Collect what);
+
+} // namespace quorra

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/cli/options.h"
+#include "engine/model/picture.h"
+#include "engine/pdf/document.h"
+
+#include <memory>
+
+namespace quorra {
+
+/// Pictures of a PDF file, drawn at a resolution and colour depth: an image looks as on the page, whatever masks,
+/// turns and colour spaces the file uses for it. The last page drawn is kept.
+class PagePictureSource final : public model::PictureSource
+{
+public:
+    /// The document must outlive the source. Resolutions are dots per inch.
+    PagePictureSource(Document &document, ColourDepth depth, double xres, double yres);
+    ~PagePictureSource() override;
+
+    model::EncodedPicture encode(int pageNumber, const model::Box &box, model::PictureKind kind) override;
+    model::EncodedPicture background(int pageNumber) override;
+
+private:
+    class Page;
+
+    const Page &page(int number, bool withText);
+
+    Document &m_document;
+    ColourDepth m_depth;
+    double m_xres;
+    double m_yres;
+    std::unique_ptr<Page> m_page;
+};
+
+/// Dots per inch of pictures inside documents when the options name none.
+inline constexpr int EmbeddedResolution = 150;
+
+} // namespace quorra
