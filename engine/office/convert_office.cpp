@@ -7,33 +7,18 @@
 #include "engine/office/soffice.h"
 #include "engine/office/word_flow.h"
 #include "engine/office/word_placed.h"
-#include "engine/pdf/collector.h"
+#include "engine/pdf/collect_pages.h"
+#include "engine/pdf/collector_pictures.h"
 #include "engine/platform/output_file.h"
 #include "engine/platform/temp_folder.h"
 
 #include <cstdlib>
-#include <vector>
 
 namespace quorra {
 
 namespace {
 
 using namespace office;
-
-class NoPictures : public model::PictureSource
-{
-public:
-    model::EncodedPicture encode(int, const model::Box &, model::PictureKind) override { return {}; }
-    model::EncodedPicture background(int) override { return {}; }
-};
-
-model::Document collect(const Job &job)
-{
-    std::vector<model::RawPage> pages;
-    for (int page = job.firstPage; page <= job.lastPage; ++page)
-        pages.push_back(collectPage(job.document, page));
-    return model::buildDocument(std::move(pages));
-}
 
 // Collects the pages, lets write(file, document, pictures) put them into a flat ODF file, and has that exported.
 template <typename Writer>
@@ -46,11 +31,14 @@ void convertThroughOffice(const Job &job, OdfKind kind, Component component, con
     const TempFolder folder;
     const std::string source = folder.path() + "/document.xml";
     {
-        model::Document document = collect(job);
-        NoPictures pagePictures;
+        model::Document document = model::buildDocument(collectPages(job, Collect::Everything));
+        const Options &options = job.options;
+        PagePictureSource pagePictures(
+            job.document, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
+            options.verticalResolution(EmbeddedResolution));
         MovedPictures pictures(pagePictures);
-        fitToOptions(document, job.options, pictures);
-        reduceColours(document, job.options.colourDepth);
+        fitToOptions(document, options, pictures);
+        reduceColours(document, options.colourDepth);
         OdfFile file(kind, QString::fromStdString(source));
         write(file, document, pictures);
         file.finish();

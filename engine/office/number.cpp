@@ -91,7 +91,7 @@ std::optional<Number> readNumber(const QString &text, NumberStyle style)
     const QString suffix = match.captured(u"suffix"_s);
     const bool plus = sign.startsWith(u'+');
     const bool minus = (!sign.isEmpty() && !plus) || !match.captured(u"sign2"_s).isEmpty();
-    if (open && (plus || minus)) {
+    if ((open && (plus || minus)) || (plus && minus)) {
         return std::nullopt;
     }
     Number number;

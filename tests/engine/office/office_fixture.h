@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/model/document.h"
+#include "engine/model/picture.h"
+#include "engine/office/odf_file.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+
+#include <functional>
+
+/// Documents made by hand, and the flat ODF text that a writer makes of them.
+namespace fixture {
+
+using namespace quorra;
+
+inline model::Style style(double size = 10, bool bold = false)
+{
+    model::Style look;
+    look.family = QStringLiteral("Liberation Serif");
+    look.serif = true;
+    look.size = size;
+    look.bold = bold;
+    return look;
+}
+
+/// A paragraph of one line at the box, with its words 5 points a sign.
+inline model::Paragraph paragraph(const QString &text, const model::Box &box, const model::Style &look = style())
+{
+    model::Paragraph result;
+    result.runs = {{text, look}};
+    result.box = box;
+    model::Line line;
+    line.box = box;
+    line.baseline = box.bottom - 2;
+    double left = box.left;
+    const QStringList words = text.split(u' ', Qt::SkipEmptyParts);
+    for (const QString &word : words) {
+        model::Word made;
+        made.text = word;
+        made.box = {left, box.top, left + 5 * static_cast<double>(word.size()), box.bottom};
+        made.baseline = line.baseline;
+        made.style = look;
+        line.words.push_back(made);
+        left = made.box.right + 5;
+    }
+    result.lines = {line};
+    return result;
+}
+
+inline model::Block block(model::Paragraph content, int column = 0)
+{
+    return {std::move(content), column};
+}
+
+/// A page of one section with these columns.
+inline model::Page page(std::vector<model::Box> columns = {{72, 72, 540, 720}})
+{
+    model::Page result;
+    result.content = {72, 72, 540, 720};
+    result.sections.push_back({std::move(columns), {}});
+    return result;
+}
+
+/// A ruled table with these texts, row by row, 100 x 20 points a cell.
+inline model::Table table(int columns, const QStringList &texts)
+{
+    model::Table result;
+    result.ruled = true;
+    const int rows = static_cast<int>(texts.size()) / columns;
+    for (int column = 0; column <= columns; ++column) {
+        result.columnEdges.push_back(72 + 100 * column);
+    }
+    for (int row = 0; row <= rows; ++row) {
+        result.rowEdges.push_back(100 + 20 * row);
+    }
+    result.box = {72, 100, result.columnEdges.back(), result.rowEdges.back()};
+    for (int i = 0; i < static_cast<int>(texts.size()); ++i) {
+        model::Cell cell;
+        cell.row = i / columns;
+        cell.column = i % columns;
+        cell.left = cell.right = cell.top = cell.bottom = {0.5, model::black};
+        cell.box = {72.0 + 100 * cell.column, 100.0 + 20 * cell.row, 172.0 + 100 * cell.column, 120.0 + 20 * cell.row};
+        if (!texts[i].isEmpty()) {
+            cell.paragraphs.push_back(paragraph(texts[i], cell.box));
+        }
+        result.cells.push_back(cell);
+    }
+    return result;
+}
+
+/// Gives every picture the same few bytes and counts what it was asked for.
+class Pictures : public model::PictureSource
+{
+public:
+    model::EncodedPicture encode(int, const model::Box &box, model::PictureKind) override
+    {
+        ++encoded;
+        lastBox = box;
+        return {QByteArrayLiteral("picture"), QByteArrayLiteral("image/png"), 1, 1};
+    }
+    model::EncodedPicture background(int) override
+    {
+        ++backgrounds;
+        return {QByteArrayLiteral("background"), QByteArrayLiteral("image/png"), 1, 1};
+    }
+
+    int encoded = 0;
+    int backgrounds = 0;
+    model::Box lastBox;
+};
+
+/// The flat ODF file that write makes, as text; empty when it is no well-formed XML.
+inline QString odf(office::OdfKind kind, const std::function<void(office::OdfFile &)> &write)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("made.xml"));
+    office::OdfFile file(kind, path);
+    write(file);
+    file.finish();
+    QFile made(path);
+    if (!made.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    const QByteArray bytes = made.readAll();
+    QXmlStreamReader reader(bytes);
+    while (!reader.atEnd()) {
+        reader.readNext();
+    }
+    return reader.hasError() ? QString() : QString::fromUtf8(bytes);
+}
+
+/// All text of the body, elements left out, with the paragraphs apart.
+inline QStringList paragraphs(const QString &odfText)
+{
+    QStringList result;
+    QXmlStreamReader reader(odfText);
+    int depth = 0;
+    while (!reader.atEnd()) {
+        reader.readNext();
+        const bool isParagraph = reader.name() == QLatin1String("p") || reader.name() == QLatin1String("h");
+        if (reader.isStartElement() && isParagraph && depth++ == 0) {
+            result.push_back({});
+        } else if (reader.isEndElement() && isParagraph) {
+            --depth;
+        } else if (reader.isStartElement() && depth > 0 && reader.name() == QLatin1String("tab")) {
+            result.back() += u'\t';
+        } else if (reader.isStartElement() && depth > 0 && reader.name() == QLatin1String("s")) {
+            result.back() += u' ';
+        } else if (reader.isCharacters() && depth > 0) {
+            result.back() += reader.text();
+        }
+    }
+    return result;
+}
+
+} // namespace fixture

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "office_fixture.h"
+
+#include "engine/office/decorations.h"
+#include "engine/office/word_flow.h"
+
+#include <QTest>
+
+using namespace quorra;
+using namespace quorra::office;
+
+/// Flowing text documents made of hand-made pages.
+class OfficeFlowTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keepsParagraphsAndTheirLook();
+    void writesHeadingsBulletsAndNumbers();
+    void keepsColumnsOnlyWhereAsked();
+    void keepsPageBreaksAndSizes();
+    void putsRunningHeadsIntoThePage();
+    void dropsRunningHeadsInContinuousText();
+    void writesTablesWithSpans();
+    void keepsLinksThatAreSafe();
+    void placesPictures();
+    void writesScansAsPages();
+    void dropsCharactersThatXmlCannotHold();
+    void takesSeparatorsAndBackgrounds();
+};
+
+namespace {
+
+constexpr FlowForm Combined{true, true, true};
+constexpr FlowForm Continuous{false, false, false};
+
+QString flow(const model::Document &document, const FlowForm &form = Combined)
+{
+    fixture::Pictures pictures;
+    return fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeFlow(file, document, pictures, form); });
+}
+
+model::Document oneBlock(model::Paragraph paragraph)
+{
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {fixture::block(std::move(paragraph))};
+    return {{page}};
+}
+
+} // namespace
+
+void OfficeFlowTest::keepsParagraphsAndTheirLook()
+{
+    model::Paragraph paragraph = fixture::paragraph(QStringLiteral("plain "), {72, 72, 300, 84});
+    model::Style loud = fixture::style(14, true);
+    loud.italic = true;
+    loud.colour = 0x123abc;
+    loud.family = QStringLiteral("Courier New");
+    loud.fixedPitch = true;
+    paragraph.runs.push_back({QStringLiteral("loud"), loud});
+    paragraph.alignment = model::Alignment::Centre;
+    const QString text = flow(oneBlock(paragraph));
+    QCOMPARE(fixture::paragraphs(text), QStringList{QStringLiteral("plain loud")});
+    for (const char *part :
+         {"fo:color=\"#123abc\"", "fo:font-size=\"14.0pt\"", "fo:font-weight=\"bold\"", "fo:font-style=\"italic\"",
+          "style:font-name=\"Courier New\"", "style:font-pitch=\"fixed\"", "fo:text-align=\"center\"",
+          "fo:page-width=\"612.00pt\"", "fo:margin-left=\"72.00pt\""}) {
+        QVERIFY2(text.contains(QLatin1String(part)), part);
+    }
+}
+
+void OfficeFlowTest::writesHeadingsBulletsAndNumbers()
+{
+    model::Page page = fixture::page();
+    model::Paragraph heading = fixture::paragraph(QStringLiteral("Title"), {72, 72, 200, 90});
+    heading.role = model::Role::Heading2;
+    model::Paragraph bullet = fixture::paragraph(QStringLiteral("first"), {90, 100, 200, 112});
+    bullet.role = model::Role::ListItem;
+    bullet.listMark = QStringLiteral("\u2022");
+    bullet.listLevel = 1;
+    model::Paragraph number = fixture::paragraph(QStringLiteral("second"), {90, 120, 200, 132});
+    number.role = model::Role::ListItem;
+    number.listMark = QStringLiteral("(iv)");
+    number.listOrdered = true;
+    number.firstLineIndent = -18;
+    page.sections[0].blocks = {fixture::block(heading), fixture::block(bullet), fixture::block(number)};
+    const QString text = flow({{page}});
+    QCOMPARE(
+        fixture::paragraphs(text),
+        (QStringList{QStringLiteral("Title"), QStringLiteral("first"), QStringLiteral("(iv)\tsecond")}));
+    QVERIFY(text.contains(QLatin1String("<text:h ")));
+    QVERIFY(text.contains(QLatin1String("text:outline-level=\"2\"")));
+    QCOMPARE(text.count(QLatin1String("<text:list-item>")), 2); // nested to the second level
+    QVERIFY(text.contains(QStringLiteral("text:bullet-char=\"\u2022\"")));
+}
+
+void OfficeFlowTest::keepsColumnsOnlyWhereAsked()
+{
+    model::Page page = fixture::page({{72, 72, 300, 720}, {312, 72, 540, 720}});
+    page.sections[0].blocks = {
+        fixture::block(fixture::paragraph(QStringLiteral("left"), {72, 72, 300, 84})),
+        fixture::block(fixture::paragraph(QStringLiteral("right"), {312, 72, 540, 84}), 1)};
+    const QString columns = flow({{page}});
+    QVERIFY(columns.contains(QLatin1String("fo:column-count=\"2\"")));
+    const QString without = flow({{page}}, {false, true, true});
+    QVERIFY(!without.contains(QLatin1String("fo:column-count")));
+    QVERIFY(without.contains(QLatin1String("fo:margin-left=\"240.00pt\""))); // the second column's place
+    QVERIFY(!flow({{page}}, Continuous).contains(QLatin1String("fo:margin-left=\"240.00pt\"")));
+}
+
+void OfficeFlowTest::keepsPageBreaksAndSizes()
+{
+    model::Page first = fixture::page();
+    first.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("one"), {72, 72, 300, 84}))};
+    model::Page second = first;
+    second.number = 2;
+    model::Page wide = first;
+    wide.number = 3;
+    wide.width = 842;
+    wide.height = 595;
+    const QString text = flow({{first, second, wide}});
+    QCOMPARE(text.count(QLatin1String("fo:break-before=\"page\"")), 1);
+    QCOMPARE(text.count(QLatin1String("<style:master-page ")), 2);
+    QVERIFY(text.contains(QLatin1String("style:print-orientation=\"landscape\"")));
+    QVERIFY(!flow({{first, second}}, Continuous).contains(QLatin1String("fo:break-before")));
+}
+
+void OfficeFlowTest::putsRunningHeadsIntoThePage()
+{
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("body"), {72, 72, 300, 84}))};
+    model::Paragraph left = fixture::paragraph(QStringLiteral("Report"), {72, 30, 120, 42});
+    left.role = model::Role::RunningHead;
+    model::Paragraph right = fixture::paragraph(QStringLiteral("7"), {530, 30, 540, 42});
+    right.role = model::Role::RunningHead;
+    model::Paragraph foot = fixture::paragraph(QStringLiteral("foot"), {72, 750, 120, 762});
+    foot.role = model::Role::RunningHead;
+    page.runningHeads = {fixture::block(right), fixture::block(left), fixture::block(foot)};
+    const QString text = flow({{page}});
+    QCOMPARE(
+        fixture::paragraphs(text),
+        (QStringList{QStringLiteral("Report\t7"), QStringLiteral("foot"), QStringLiteral("body")}));
+    QVERIFY(text.indexOf(QLatin1String("<style:header>")) > 0);
+    QVERIFY(text.indexOf(QLatin1String("<style:footer>")) > text.indexOf(QLatin1String("<style:header>")));
+}
+
+void OfficeFlowTest::dropsRunningHeadsInContinuousText()
+{
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("body"), {72, 72, 300, 84}))};
+    page.runningHeads = {fixture::block(fixture::paragraph(QStringLiteral("Report"), {72, 30, 120, 42}))};
+    QCOMPARE(fixture::paragraphs(flow({{page}}, Continuous)), QStringList{QStringLiteral("body")});
+}
+
+void OfficeFlowTest::writesTablesWithSpans()
+{
+    model::Table table = fixture::table(2, {QStringLiteral("head"), {}, QStringLiteral("a"), QStringLiteral("b")});
+    table.cells[0].columnSpan = 2;
+    table.cells[0].background = 0xeeeeee;
+    table.cells.erase(table.cells.begin() + 1);
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {{table, 0}};
+    const QString text = flow({{page}});
+    QVERIFY(text.contains(QLatin1String("table:number-columns-spanned=\"2\"")));
+    QCOMPARE(text.count(QLatin1String("<table:covered-table-cell/>")), 1);
+    QCOMPARE(text.count(QLatin1String("<table:table-cell ")), 3);
+    QVERIFY(text.contains(QLatin1String("fo:border-left=\"0.50pt solid #000000\"")));
+    QVERIFY(text.contains(QLatin1String("fo:background-color=\"#eeeeee\"")));
+}
+
+void OfficeFlowTest::keepsLinksThatAreSafe()
+{
+    model::Paragraph paragraph = fixture::paragraph(QStringLiteral("web"), {72, 72, 300, 84});
+    paragraph.runs[0].style.link = QStringLiteral("https://example.org/a?b=1&c=2");
+    for (const char *link : {"#page=3", "file:///etc/passwd", "macro:run"}) {
+        paragraph.runs.push_back({QStringLiteral("x"), fixture::style()});
+        paragraph.runs.back().style.link = QLatin1String(link);
+    }
+    const QString text = flow(oneBlock(paragraph));
+    QVERIFY(text.contains(QLatin1String("xlink:href=\"https://example.org/a?b=1&amp;c=2\"")));
+    QVERIFY(text.contains(QLatin1String("xlink:href=\"#page3\"")));
+    QVERIFY(!text.contains(QLatin1String("file:")));
+    QVERIFY(!text.contains(QLatin1String("macro:")));
+}
+
+void OfficeFlowTest::placesPictures()
+{
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {
+        {model::Picture{{72, 100, 172, 200}, model::PictureKind::Image}, 0},
+        fixture::block(fixture::paragraph(QStringLiteral("over"), {100, 410, 160, 422})),
+        {model::Picture{{72, 400, 540, 500}, model::PictureKind::Image}, 0}};
+    const QString text = flow({{page}});
+    QCOMPARE(text.count(QLatin1String("<office:binary-data>cGljdHVyZQ==")), 2);
+    QCOMPARE(text.count(QLatin1String("text:anchor-type=\"as-char\"")), 1);
+    QVERIFY(text.contains(QLatin1String("style:run-through=\"background\"")));
+    QVERIFY(text.contains(QLatin1String("svg:y=\"400.00pt\"")));
+}
+
+void OfficeFlowTest::writesScansAsPages()
+{
+    model::Page page;
+    page.scanned = true;
+    page.sections = {{{{0, 0, 612, 792}}, {{model::Picture{{0, 0, 612, 792}, model::PictureKind::Page}, 0}}}};
+    const QString text = flow({{page}});
+    QCOMPARE(text.count(QLatin1String("<draw:image>")), 1);
+    QVERIFY(text.contains(QLatin1String("svg:width=\"612.00pt\" svg:height=\"792.00pt\"")));
+    QVERIFY(text.contains(QLatin1String("fo:margin-left=\"0.00pt\"")));
+}
+
+void OfficeFlowTest::dropsCharactersThatXmlCannotHold()
+{
+    QString odd = QStringLiteral("a");
+    odd += QChar(0x0b);
+    odd += QChar(0xd800);
+    odd += QStringLiteral("b  c");
+    const QString text = flow(oneBlock(fixture::paragraph(odd, {72, 72, 300, 84})));
+    QCOMPARE(fixture::paragraphs(text), QStringList{QStringLiteral("ab  c")});
+}
+
+void OfficeFlowTest::takesSeparatorsAndBackgrounds()
+{
+    model::Page page = fixture::page();
+    const model::Box upper{72, 100, 300, 112};
+    const model::Box lower{72, 130, 300, 142};
+    page.sections[0].blocks = {
+        fixture::block(fixture::paragraph(QStringLiteral("upper"), upper)),
+        fixture::block(fixture::paragraph(QStringLiteral("lower"), lower))};
+    page.rules = {{72, 120, 540, 120, 1, model::black}, {72, 150, 540, 150, 2, 0xff0000}, {72, 60, 80, 60, 1, 0}};
+    page.fills = {{{60, 125, 400, 145}, 0xcccccc}};
+    QCOMPARE(decorationOf(page, upper).below.width, 0.0);
+    QCOMPARE(decorationOf(page, upper).above.width, 0.0);
+    QCOMPARE(decorationOf(page, lower).above.width, 1.0);
+    QCOMPARE(decorationOf(page, lower).below.colour, model::Colour(0xff0000));
+    QCOMPARE(decorationOf(page, lower).background.value_or(0), model::Colour(0xcccccc));
+    QVERIFY(!decorationOf(page, upper).background);
+}
+
+QTEST_APPLESS_MAIN(OfficeFlowTest)
+#include "office_flow_test.moc"

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/cli/failure.h"
+#include "engine/office/soffice.h"
+#include "engine/platform/temp_folder.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <algorithm>
+
+using namespace quorra;
+using namespace quorra::office;
+
+/// Where LibreOffice is looked for, and what is said when it, or a part of it, is missing or does not do its work.
+class OfficeHelperTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void looksWhereItIsNamed();
+    void looksBesideTheLauncherOnThePath();
+    void namesThePackageThatIsMissing_data();
+    void namesThePackageThatIsMissing();
+    void seesAMissingPart();
+    void knowsTheSocketsName();
+    void startsAgainWhenAskedTo();
+    void tellsWhatWentWrong_data();
+    void tellsWhatWentWrong();
+};
+
+namespace {
+
+void writeScript(const QString &path, const QByteArray &lines)
+{
+    QFile script(path);
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\n" + lines);
+    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+// Finds the folder that the output goes to among the arguments, as $out.
+const QByteArray FindFolder = "while [ \"$1\" != --outdir ]; do shift; done\nout=$2\n";
+
+std::string failureOf(const std::function<void()> &action, ExitStatus &status)
+{
+    try {
+        action();
+    } catch (const Failure &failure) {
+        status = failure.status();
+        return failure.what();
+    }
+    return {};
+}
+
+} // namespace
+
+void OfficeHelperTest::looksWhereItIsNamed()
+{
+    QCOMPARE(officeCandidates("/opt/office", "/usr/bin"), std::vector<std::string>{"/opt/office"});
+    QCOMPARE(officeCandidates("", nullptr).front(), std::string("/usr/lib/libreoffice/program/soffice.bin"));
+}
+
+void OfficeHelperTest::looksBesideTheLauncherOnThePath()
+{
+    const QTemporaryDir folder;
+    const QString program = folder.filePath(QStringLiteral("program"));
+    QVERIFY(QDir().mkdir(program) && QDir().mkdir(folder.filePath(QStringLiteral("bin"))));
+    writeScript(program + QStringLiteral("/soffice"), "");
+    QVERIFY(QFile::link(program + QStringLiteral("/soffice"), folder.filePath(QStringLiteral("bin/soffice"))));
+    const std::vector<std::string> found =
+        officeCandidates(nullptr, ("/nowhere:" + folder.path().toStdString() + "/bin").c_str());
+    const std::string expected = QFileInfo(program).canonicalFilePath().toStdString() + "/soffice.bin";
+    QVERIFY(std::find(found.begin(), found.end(), expected) != found.end());
+}
+
+void OfficeHelperTest::namesThePackageThatIsMissing_data()
+{
+    QTest::addColumn<int>("component");
+    QTest::addColumn<QByteArray>("package");
+    QTest::newRow("Writer") << int(Component::Writer) << QByteArrayLiteral("libreoffice-writer-nogui");
+    QTest::newRow("Calc") << int(Component::Calc) << QByteArrayLiteral("libreoffice-calc-nogui");
+    QTest::newRow("Impress") << int(Component::Impress) << QByteArrayLiteral("libreoffice-impress-nogui");
+}
+
+void OfficeHelperTest::namesThePackageThatIsMissing()
+{
+    QFETCH(int, component);
+    QFETCH(QByteArray, package);
+    ExitStatus status = ExitStatus::Done;
+    const std::string line =
+        failureOf([&] { findOffice({"/nowhere/soffice.bin"}, static_cast<Component>(component)); }, status);
+    QCOMPARE(status, ExitStatus::Helper);
+    QVERIFY2(QByteArray::fromStdString(line).endsWith(package), line.c_str());
+    QVERIFY(line.find('\n') == std::string::npos);
+}
+
+void OfficeHelperTest::seesAMissingPart()
+{
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("program")));
+    QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("share/registry")));
+    for (const char *name : {"main.xcd", "writer.xcd"})
+        writeScript(folder.filePath(QStringLiteral("share/registry/") + QLatin1String(name)), "");
+    const QString program = folder.filePath(QStringLiteral("program/soffice.bin"));
+    writeScript(program, "");
+    QCOMPARE(findOffice({program.toStdString()}, Component::Writer), program.toStdString());
+    ExitStatus status = ExitStatus::Done;
+    const std::string line = failureOf([&] { findOffice({program.toStdString()}, Component::Calc); }, status);
+    QCOMPARE(status, ExitStatus::Helper);
+    QVERIFY2(line.find("libreoffice-calc-nogui") != std::string::npos, line.c_str());
+}
+
+void OfficeHelperTest::knowsTheSocketsName()
+{
+    // Taken from a run of LibreOffice with this profile.
+    const QByteArray path = QByteArray::fromStdString(socketPath("file:///tmp/example/profile"));
+    QVERIFY(path.startsWith("/tmp/OSL_PIPE_"));
+    QVERIFY(path.endsWith("_SingleOfficeIPC_1dddcdb741d4c8b6199b77efb0dcf34"));
+}
+
+void OfficeHelperTest::startsAgainWhenAskedTo()
+{
+    const QTemporaryDir tools;
+    const QString program = tools.filePath(QStringLiteral("soffice.bin"));
+    writeScript(
+        program,
+        FindFolder + "if [ ! -e started ]; then : > started; exit 81; fi\nmkdir $out\necho made > $out/in.doc\n");
+    const TempFolder folder;
+    const std::string made = exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1);
+    QCOMPARE(made, folder.path() + "/out/in.doc");
+}
+
+void OfficeHelperTest::tellsWhatWentWrong_data()
+{
+    QTest::addColumn<QByteArray>("script");
+    QTest::addColumn<QByteArray>("expected");
+    QTest::newRow("no file") << QByteArrayLiteral("exit 0\n") << QByteArrayLiteral("wrote no file");
+    QTest::newRow("empty file") << FindFolder + "mkdir $out\n: > $out/in.doc\n" << QByteArrayLiteral("wrote no file");
+    QTest::newRow("status") << QByteArrayLiteral("exit 3\n") << QByteArrayLiteral("exit status 3");
+    QTest::newRow("for ever again") << QByteArrayLiteral("exit 81\n") << QByteArrayLiteral("exit status 81");
+    QTest::newRow("signal") << QByteArrayLiteral("kill -9 $$\n") << QByteArrayLiteral("signal 9");
+}
+
+void OfficeHelperTest::tellsWhatWentWrong()
+{
+    QFETCH(QByteArray, script);
+    QFETCH(QByteArray, expected);
+    const QTemporaryDir tools;
+    const QString program = tools.filePath(QStringLiteral("soffice.bin"));
+    writeScript(program, script);
+    const TempFolder folder;
+    ExitStatus status = ExitStatus::Done;
+    const std::string line =
+        failureOf([&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1); }, status);
+    QCOMPARE(status, ExitStatus::Helper);
+    QVERIFY2(QByteArray::fromStdString(line).contains(expected), line.c_str());
+}
+
+QTEST_APPLESS_MAIN(OfficeHelperTest)
+#include "office_helper_test.moc"
