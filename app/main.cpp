@@ -2,6 +2,7 @@
 #include "app/appearance.h"
 #include "app/tovrane.h"
 #include "app/working_folder.h"
+#include "settings/store.h"
 
 #include <QApplication>
 #include <QDir>
@@ -13,6 +14,7 @@ int main(int argc, char *argv[])
     QDir::setCurrent(workingFolder(QCoreApplication::applicationDirPath(), userWorkingFolder()));
     useLightPalette();
     auto *window = new tovrane; // deletes itself when it is closed
+    store::restrictToOwner();   // its construction wrote the settings
     window->show();
     return QApplication::exec();
 }

@@ -16,6 +16,7 @@ void Setting::SaveParaInfo()
     const QString extension = ui->comboBox_Format->currentText();
     // Made before anything is written: making it resets the extension index in the store, which is then overwritten.
     const tovrane window;
+    store::restrictToOwner(); // before the first password is in it
     const auto flag = [](const QCheckBox *box) { return store::flagText(box->isChecked()); };
     const auto row = [](const QComboBox *box) { return QString::number(box->currentIndex()); };
     const auto page = [](const QLineEdit *field) { return dialogValues::storedPage(field->text()); };

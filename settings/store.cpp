@@ -1,11 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/store.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 namespace store {
 
 QSettings open()
 {
     return QSettings(fileName, QSettings::IniFormat);
+}
+
+void restrictToOwner()
+{
+    if (QFileInfo(fileName).isFile()) {
+        QFile::setPermissions(fileName, QFile::permissions(fileName) & (QFile::ReadOwner | QFile::WriteOwner));
+    }
 }
 
 QString text(const QSettings &settings, QLatin1String key, QLatin1String fallback)

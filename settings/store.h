@@ -38,6 +38,10 @@ inline constexpr QLatin1String inputFolder("/SettingInfo/InputFolder");
 // Opens the settings file of the current directory; it is written back and closed when the result is destroyed.
 [[nodiscard]] QSettings open();
 
+// Closes the settings file to everybody but its owner, since it holds passwords; the toolkit makes it as the umask
+// says, and keeps its mode from then on. Nothing happens where there is none.
+void restrictToOwner();
+
 // Reads one text from an open store; a missing key gives `fallback`.
 [[nodiscard]] QString text(const QSettings &settings, QLatin1String key, QLatin1String fallback);
 
