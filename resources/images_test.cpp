@@ -13,7 +13,7 @@
 
 namespace {
 
-const QString imageFolder = QStringLiteral(":/MyImage/Image/");
+constexpr QLatin1String imageFolder(":/MyImage/Image/");
 
 QImage loadImage(const QString &path)
 {
@@ -160,7 +160,7 @@ void ImagesTest::backgroundKeepsTextReadable_data()
 void ImagesTest::backgroundKeepsTextReadable()
 {
     QFETCH(QColor, text);
-    const QImage background(imageFolder + QStringLiteral("bg1.png"));
+    const QImage background(imageFolder + QLatin1String("bg1.png"));
     for (int y = 0; y < background.height(); ++y) {
         for (int x = 0; x < background.width(); ++x) {
             const QColor ground = background.pixelColor(x, y);
@@ -192,9 +192,9 @@ void ImagesTest::collectionName()
 {
     // Nothing has called this before: the collection registers itself before main.
     Q_CLEANUP_RESOURCE(Halvexrc);
-    QVERIFY(!QResource(imageFolder + QStringLiteral("main.png")).isValid());
+    QVERIFY(!QResource(imageFolder + QLatin1String("main.png")).isValid());
     Q_INIT_RESOURCE(Halvexrc);
-    QVERIFY(QResource(imageFolder + QStringLiteral("main.png")).isValid());
+    QVERIFY(QResource(imageFolder + QLatin1String("main.png")).isValid());
 }
 
 QTEST_GUILESS_MAIN(ImagesTest)
