@@ -3,6 +3,7 @@
 
 #include "about/about.h"
 #include "app/appearance.h"
+#include "app/frame_limiter.h"
 #include "conversion/batch_run.h"
 #include "settings/setting.h"
 #include "ui_tovrane.h"
@@ -50,6 +51,7 @@ tovrane::tovrane(QWidget *parent) : QMainWindow(parent), ui(std::make_unique<Ui_
     placeOnScreen();
     paintBackground(this);
     setAttribute(Qt::WA_DeleteOnClose); // a second time, on purpose
+    new FrameLimiter(this);
     connectWidgets();
     ui->tableWidget_Files->setContextMenuPolicy(Qt::ActionsContextMenu);
     // The closing parenthesis is missing on purpose: the toolkit rejects the rule and the table keeps its own colours.
