@@ -145,6 +145,15 @@ Paragraph makeParagraph(std::vector<Line> lines, const Box &column)
     return paragraph;
 }
 
+// Whether a blank stands between two words, the right one after the left one on the row. Only pieces that the PDF
+// library itself found to be one word's stay together.
+bool isApart(const Word &left, const Word &right)
+{
+    constexpr double blank = 0.15; // font sizes
+    return left.spaceAfter || &right != &left + 1 ||
+           right.box.left - left.box.right > blank * std::max(left.style.size, right.style.size);
+}
+
 } // namespace
 
 Line lineOf(const Row &row)
@@ -156,17 +165,19 @@ Line lineOf(const Row &row)
     line.baseline = row.baseline;
     line.words.reserve(row.words.size());
     QString all;
-    for (const Word *word : row.words) {
-        line.words.push_back(*word);
-        all += word->text;
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        line.words.push_back(*row.words[i]);
+        line.words.back().spaceAfter = i + 1 == row.words.size() || isApart(*row.words[i], *row.words[i + 1]);
+        all += row.words[i]->text;
     }
-    constexpr double blank = 0.15; // font sizes
-    for (std::size_t i = 0; i + 1 < line.words.size(); ++i) {
-        Word &word = line.words[i];
-        const double gap = line.words[i + 1].box.left - word.box.right;
-        word.spaceAfter = word.spaceAfter || gap > blank * word.style.size;
+    const bool rightToLeft = isRightToLeft(all);
+    if (rightToLeft) { // the blank after a word is then the one on its left
+        for (std::size_t i = line.words.size(); i-- > 1;) {
+            line.words[i].spaceAfter = line.words[i - 1].spaceAfter;
+        }
+        line.words.front().spaceAfter = true;
     }
-    orderWords(line.words, isRightToLeft(all));
+    orderWords(line.words, rightToLeft);
     return line;
 }
 

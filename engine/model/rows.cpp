@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 namespace quorra::model {
 
@@ -39,6 +40,35 @@ void add(Row &row, const Word *word, const Box &body)
     row.words.push_back(word);
 }
 
+// The PDF library knows from the file which pieces are one word, however deep an index of an index hangs: such a
+// piece goes to the row of the piece before it.
+void uniteWordPieces(std::vector<Row> &rows)
+{
+    std::unordered_map<const Word *, std::size_t> homes;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        for (const Word *word : rows[i].words) {
+            homes.emplace(word, i);
+        }
+    }
+    const std::size_t count = rows.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        for (std::size_t k = 0; k < rows[i].words.size(); ++k) { // grows while pieces come in
+            const Word *word = rows[i].words[k];
+            const auto next = word->spaceAfter ? homes.end() : homes.find(word + 1);
+            if (next == homes.end() || next->second == i ||
+                std::abs(next->first->box.left - word->box.right) > 0.25 * word->style.size ||
+                std::abs(next->first->baseline - word->baseline) > word->style.size) {
+                continue;
+            }
+            std::vector<const Word *> &left = rows[next->second].words;
+            left.erase(std::find(left.begin(), left.end(), next->first));
+            add(rows[i], next->first, bodyOf(*next->first));
+            next->second = i;
+        }
+    }
+    rows.erase(std::remove_if(rows.begin(), rows.end(), [](const Row &row) { return row.words.empty(); }), rows.end());
+}
+
 } // namespace
 
 Box bodyOf(const Word &word)
@@ -50,6 +80,7 @@ std::vector<Row> rowsOf(WordRefs words)
 {
     std::stable_sort(
         words.begin(), words.end(), [](const Word *a, const Word *b) { return a->baseline < b->baseline; });
+    const bool hasPieces = std::any_of(words.begin(), words.end(), [](const Word *word) { return !word->spaceAfter; });
     std::vector<Row> rows;
     constexpr std::size_t openRows = 4;
     for (const Word *word : words) {
@@ -60,6 +91,9 @@ std::vector<Row> rowsOf(WordRefs words)
             home = belongsTo(row, *word, body) ? &row : nullptr;
         }
         add(home ? *home : rows.emplace_back(), word, body);
+    }
+    if (hasPieces) {
+        uniteWordPieces(rows);
     }
     for (Row &row : rows) {
         std::stable_sort(

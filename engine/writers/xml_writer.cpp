@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/writers/xml_writer.h"
 
+#include "engine/model/joining.h"
 #include "engine/writers/xml_text.h"
 
 #include <QHash>
@@ -109,19 +110,46 @@ private:
         if (paragraph.continuesPrevious) {
             attribute("continues", QStringLiteral("yes"));
         }
-        for (const model::Line &line : paragraph.lines) {
+        for (std::size_t i = 0; i < paragraph.lines.size(); ++i) {
+            const model::Line &line = paragraph.lines[i];
             start("line");
             box(line.box);
             number("baseline", line.baseline);
             if (line.rotation != 0) {
                 number("rotation", line.rotation);
             }
-            for (const model::Word &word : line.words) {
-                writeWord(word);
-            }
+            writeWords(paragraph, i);
             m_xml.writeEndElement();
         }
         m_xml.writeEndElement();
+    }
+
+    // A word that was drawn in pieces is one element. One that a line end cuts stands whole on its first line; its
+    // second part keeps its place, without text.
+    void writeWords(const Paragraph &paragraph, std::size_t index)
+    {
+        const std::vector<model::Word> &words = paragraph.lines[index].words;
+        const std::vector<model::Word> none;
+        const auto &before = index > 0 ? paragraph.lines[index - 1].words : none;
+        const auto &after = index + 1 < paragraph.lines.size() ? paragraph.lines[index + 1].words : none;
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            model::Word word = words[i];
+            const bool rest = i == 0 && !before.empty() && model::endsInHyphen(before.back().text, word.text);
+            while (i + 1 < words.size() && !words[i].spaceAfter) {
+                word.text += words[++i].text;
+                word.box = united(word.box, words[i].box);
+            }
+            if (i + 1 == words.size() && !after.empty() && model::endsInHyphen(word.text, after.front().text)) {
+                word.text.chop(1);
+                for (std::size_t k = 0; k < after.size() && (k == 0 || !after[k - 1].spaceAfter); ++k) {
+                    word.text += after[k].text;
+                }
+            }
+            if (rest) {
+                word.text.clear();
+            }
+            writeWord(word);
+        }
     }
 
     void writeWord(const model::Word &word)
@@ -138,6 +166,9 @@ private:
         }
         if (!style.link.isEmpty()) {
             attribute("link", xmlText(style.link));
+        }
+        if (word.text.isEmpty()) {
+            attribute("part", QStringLiteral("rest"));
         }
         m_xml.writeCharacters(xmlText(word.text));
         m_xml.writeEndElement();
