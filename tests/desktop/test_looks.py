@@ -13,27 +13,11 @@ from desktop_case import TOOLS, DesktopCase
 from test_drag import RECORD
 
 # What a dark desktop tells its programs, in the form in which one of the desktops stores it.
-DARK = """[General]
-ColorScheme=Dark
-[Colors:Button]
-BackgroundNormal=49,54,59
-ForegroundNormal=239,240,241
-[Colors:Selection]
-BackgroundNormal=61,174,233
-ForegroundNormal=239,240,241
-[Colors:Tooltip]
-BackgroundNormal=49,54,59
-ForegroundNormal=239,240,241
-[Colors:View]
-BackgroundNormal=35,38,41
-BackgroundAlternate=49,54,59
-ForegroundNormal=239,240,241
-ForegroundLink=41,128,185
-ForegroundVisited=127,140,141
-[Colors:Window]
-BackgroundNormal=49,54,59
-ForegroundNormal=239,240,241
-"""
+DARK_COLORS = {"Button": "49,54,59", "Selection": "61,174,233", "Tooltip": "49,54,59", "View": "35,38,41",
+               "Window": "49,54,59"}
+DARK = "[General]\nColorScheme=Dark\n" + "".join(
+    f"[Colors:{part}]\nBackgroundNormal={color}\nForegroundNormal=239,240,241\n"
+    for part, color in DARK_COLORS.items())
 DARK_DESKTOP = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
 
 
