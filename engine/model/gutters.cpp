@@ -155,7 +155,7 @@ bool hasTextBesides(const RegionItems &items, const Gutter &gutter)
 bool isRunningText(const WordRefs &words)
 {
     const std::vector<Row> rows = rowsOf(words);
-    if (rows.size() < 3) {
+    if (rows.size() < 2) {
         return false;
     }
     Box all;
@@ -172,7 +172,7 @@ bool isRunningText(const WordRefs &words)
         letters.push_back(count);
         widths.push_back(row.box.width());
     }
-    constexpr double lettersInLine = 15;
+    const double lettersInLine = rows.size() == 2 ? 22 : 15; // two lines must be long ones to be told from cells
     return median(letters) >= lettersInLine && median(widths) >= 0.45 * all.width() &&
            3 * static_cast<std::size_t>(numeric) < words.size();
 }

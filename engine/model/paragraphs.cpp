@@ -109,6 +109,10 @@ void takeListMark(Paragraph &paragraph)
         return;
     }
     const bool bullet = isBullet(first.words.front().text);
+    const bool bold = std::all_of(first.words.begin(), first.words.end(), [](const Word &w) { return w.style.bold; });
+    if (!bullet && bold && paragraph.lines.size() <= 2) {
+        return; // the number of a heading
+    }
     const double gap = first.words[1].box.left - first.words[0].box.right;
     const bool hangs = paragraph.lines.size() > 1 && paragraph.lines[1].box.left > first.box.left + sameEdge;
     static const QString dashes = QStringLiteral("-–—*");
@@ -150,6 +154,11 @@ Paragraph makeParagraph(std::vector<Line> lines, const Box &column)
 bool isApart(const Word &left, const Word &right)
 {
     constexpr double blank = 0.15; // font sizes
+    const double gap = right.box.left - left.box.right;
+    if (right.style.size < 0.85 * left.style.size && right.baseline > left.baseline &&
+        std::abs(gap) < 0.1 * left.style.size) {
+        return false; // an index hangs on its letter
+    }
     return left.spaceAfter || &right != &left + 1 ||
            right.box.left - left.box.right > blank * std::max(left.style.size, right.style.size);
 }

@@ -101,7 +101,9 @@ std::vector<Paragraph> labelParagraphs(const DrawingLabels &labels)
     Paragraph all;
     for (const Row &row : rowsOf(labels.words)) {
         Line line = lineOf(row);
-        appendLine(all.runs, line, true);
+        const bool hyphen =
+            !all.runs.empty() && !line.words.empty() && endsInHyphen(all.runs.back().text, line.words.front().text);
+        appendLine(all.runs, line, !hyphen);
         all.box = united(all.box, line.box);
         all.lines.push_back(std::move(line));
     }

@@ -69,6 +69,43 @@ void uniteWordPieces(std::vector<Row> &rows)
     rows.erase(std::remove_if(rows.begin(), rows.end(), [](const Row &row) { return row.words.empty(); }), rows.end());
 }
 
+// Whether a small word hangs on one of the row's words, as an index does.
+bool hangsOn(const Row &row, const Word &word)
+{
+    const Box body = bodyOf(word);
+    const double reach = 0.5 * row.size;
+    if (word.style.size > 0.85 * row.size || body.top > row.box.bottom + reach || body.bottom < row.box.top - reach) {
+        return false;
+    }
+    return std::any_of(row.words.begin(), row.words.end(), [&](const Word *base) {
+        return std::abs(word.box.left - base->box.right) < 0.25 * row.size;
+    });
+}
+
+// Rows of nothing but indices, too far from the letters that carry them to have been found with them.
+void attachIndices(std::vector<Row> &rows)
+{
+    constexpr std::size_t mostIndices = 8;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i].words.size() > mostIndices) {
+            continue;
+        }
+        for (const std::size_t home : {i - 1, i + 1}) {
+            const bool all = home < rows.size() && !rows[home].words.empty() &&
+                             std::all_of(rows[i].words.begin(), rows[i].words.end(), [&](const Word *word) {
+                                 return hangsOn(rows[home], *word);
+                             });
+            if (all && !rows[i].words.empty()) {
+                for (const Word *word : rows[i].words) {
+                    add(rows[home], word, bodyOf(*word));
+                }
+                rows[i].words.clear();
+            }
+        }
+    }
+    rows.erase(std::remove_if(rows.begin(), rows.end(), [](const Row &row) { return row.words.empty(); }), rows.end());
+}
+
 } // namespace
 
 Box bodyOf(const Word &word)
@@ -95,6 +132,7 @@ std::vector<Row> rowsOf(WordRefs words)
     if (hasPieces) {
         uniteWordPieces(rows);
     }
+    attachIndices(rows);
     for (Row &row : rows) {
         std::stable_sort(
             row.words.begin(), row.words.end(), [](const Word *a, const Word *b) { return a->box.left < b->box.left; });
