@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <map>
 
 namespace quorra::model {
 
@@ -15,6 +17,27 @@ bool flows(const Paragraph &paragraph)
 {
     return paragraph.role == Role::Body || paragraph.role == Role::ListItem;
 }
+
+bool isHeading(Role role)
+{
+    return role == Role::Heading1 || role == Role::Heading2 || role == Role::Heading3;
+}
+
+// Text goes on in text of its size: notes at the foot of a column and captions stand in between.
+int sizeClass(const Paragraph &paragraph)
+{
+    double sum = 0;
+    double letters = 0;
+    for (const Line &line : paragraph.lines) {
+        for (const Word &word : line.words) {
+            sum += word.style.size * static_cast<double>(word.text.size());
+            letters += static_cast<double>(word.text.size());
+        }
+    }
+    return static_cast<int>(std::lround(sum / std::max(1.0, letters)));
+}
+
+using LastOfSize = std::map<int, Paragraph *>;
 
 double lastSize(const Paragraph &paragraph)
 {
@@ -43,29 +66,31 @@ bool goesOn(const Paragraph &before, const Paragraph &after)
 
 void markContinuations(Document &document)
 {
-    Paragraph *before = nullptr;
-    bool fresh = false; // a column or page began since `before`
-    const Page *page = nullptr;
-    for (Page &current : document.pages) {
-        for (Section &section : current.sections) {
-            int column = -1;
+    LastOfSize last;
+    std::map<int, int> columnOf; // the column, counted over the document, in which the last paragraph of a size stands
+    int column = 0;
+    for (Page &page : document.pages) {
+        for (Section &section : page.sections) {
+            int inSection = -1;
             for (Block &block : section.blocks) {
-                fresh = fresh || block.column != column || &current != page;
-                column = block.column;
-                page = &current;
+                column += block.column != inSection ? 1 : 0;
+                inSection = block.column;
                 Paragraph *paragraph = block.paragraph();
                 if (!paragraph || !flows(*paragraph)) {
-                    const bool heading = paragraph && paragraph->role <= Role::Heading3;
-                    before = heading ? nullptr : before; // footnotes and figures may stand in between
+                    if (paragraph && isHeading(paragraph->role)) {
+                        last.clear();
+                    }
                     continue;
                 }
-                if (before && fresh && goesOn(*before, *paragraph)) {
+                const int size = sizeClass(*paragraph);
+                Paragraph *before = last[size];
+                if (before && columnOf[size] != column && goesOn(*before, *paragraph)) {
                     paragraph->continuesPrevious = true;
                     paragraph->joinsHyphen =
                         endsInHyphen(plainText(before->runs).trimmed(), plainText(paragraph->runs).trimmed());
                 }
-                before = paragraph;
-                fresh = false;
+                last[size] = paragraph;
+                columnOf[size] = column;
             }
         }
     }
@@ -100,41 +125,28 @@ void appendParagraph(Paragraph &before, Paragraph &after)
 
 void joinContinuations(Document &document, bool overPages)
 {
-    Paragraph *before = nullptr;
+    LastOfSize last;
     for (Page &page : document.pages) {
-        before = overPages ? before : nullptr;
+        if (!overPages) {
+            last.clear();
+        }
         for (Section &section : page.sections) {
-            std::vector<char> gone(section.blocks.size(), 0);
-            for (std::size_t i = 0; i < section.blocks.size(); ++i) {
-                Paragraph *paragraph = section.blocks[i].paragraph();
-                if (!paragraph || !flows(*paragraph)) {
+            std::vector<Block> kept;
+            kept.reserve(section.blocks.size()); // addresses of the kept paragraphs must last
+            for (Block &block : section.blocks) {
+                Paragraph *paragraph = block.paragraph();
+                const bool text = paragraph && flows(*paragraph);
+                const int size = text ? sizeClass(*paragraph) : 0;
+                if (text && paragraph->continuesPrevious && last[size]) {
+                    appendParagraph(*last[size], *paragraph);
                     continue;
                 }
-                if (paragraph->continuesPrevious && before) {
-                    appendParagraph(*before, *paragraph);
-                    gone[i] = 1;
-                } else {
-                    before = paragraph;
+                kept.push_back(std::move(block));
+                if (text) {
+                    last[size] = kept.back().paragraph();
                 }
             }
-            // Blocks are moved below, so that a pointer into this section must be found anew.
-            std::size_t kept = 0;
-            const Paragraph *last = before;
-            for (std::size_t i = 0; i < section.blocks.size(); ++i) {
-                if (gone[i]) {
-                    continue;
-                }
-                const bool isLast = section.blocks[i].paragraph() && section.blocks[i].paragraph() == last;
-                if (kept != i) {
-                    section.blocks[kept] = std::move(section.blocks[i]);
-                }
-                if (isLast) {
-                    before = section.blocks[kept].paragraph();
-                    last = nullptr;
-                }
-                ++kept;
-            }
-            section.blocks.resize(kept);
+            section.blocks = std::move(kept);
         }
     }
 }

@@ -42,7 +42,10 @@ Page scannedPage(const RawPage &raw)
 void addRunningHeads(Page &page, const std::set<const Word *> &heads)
 {
     const Box whole{0, 0, page.width, page.height};
-    for (const Row &row : rowsOf({heads.begin(), heads.end()})) {
+    WordRefs upright;
+    std::copy_if(
+        heads.begin(), heads.end(), std::back_inserter(upright), [](const Word *w) { return w->rotation == 0; });
+    for (const Row &row : rowsOf(std::move(upright))) {
         for (Paragraph &paragraph : paragraphsOf({row}, whole)) {
             paragraph.role = Role::RunningHead;
             page.runningHeads.push_back({std::move(paragraph), 0});
@@ -50,33 +53,47 @@ void addRunningHeads(Page &page, const std::set<const Word *> &heads)
     }
 }
 
+template <typename Wanted>
+std::vector<Paragraph> turnedParagraphs(const RawPage &raw, int rotation, const Wanted &isWanted)
+{
+    RawPage turned;
+    turned.width = raw.width;
+    turned.height = raw.height;
+    for (const Word &word : raw.words) {
+        if (word.rotation == rotation && isWanted(&word)) {
+            turned.words.push_back(word);
+        }
+    }
+    turned = turnedUpright(std::move(turned), rotation);
+    WordRefs words;
+    for (const Word &word : turned.words) {
+        words.push_back(&word);
+    }
+    const Box column{0, 0, turned.width, turned.height};
+    std::vector<Paragraph> paragraphs = paragraphsOf(rowsOf(std::move(words)), column);
+    for (Paragraph &paragraph : paragraphs) {
+        turnBack(paragraph, rotation, turned.width, turned.height);
+    }
+    return paragraphs;
+}
+
 // Words that run in another direction than the page's text: paragraphs of their own at the end.
-void addTurnedText(Page &page, const RawPage &raw, const WordSet &used)
+void addTurnedText(Page &page, const RawPage &raw, const std::set<const Word *> &heads, const WordSet &used)
 {
     for (const int rotation : {90, 180, 270}) {
-        RawPage turned;
-        turned.width = raw.width;
-        turned.height = raw.height;
-        for (const Word &word : raw.words) {
-            if (word.rotation == rotation && used.count(&word) == 0) {
-                turned.words.push_back(word);
-            }
-        }
-        if (turned.words.empty()) {
-            continue;
-        }
-        turned = turnedUpright(std::move(turned), rotation);
-        WordRefs words;
-        for (const Word &word : turned.words) {
-            words.push_back(&word);
-        }
         Section section{{{0, 0, raw.width, raw.height}}, {}};
-        const Box column{0, 0, turned.width, turned.height};
-        for (Paragraph &paragraph : paragraphsOf(rowsOf(std::move(words)), column)) {
-            turnBack(paragraph, rotation, turned.width, turned.height);
+        for (Paragraph &paragraph :
+             turnedParagraphs(raw, rotation, [&](const Word *w) { return used.count(w) == 0; })) {
             section.blocks.push_back({std::move(paragraph), 0});
         }
-        page.sections.push_back(std::move(section));
+        if (!section.blocks.empty()) {
+            page.sections.push_back(std::move(section));
+        }
+        for (Paragraph &paragraph :
+             turnedParagraphs(raw, rotation, [&](const Word *w) { return heads.count(w) > 0; })) {
+            paragraph.role = Role::RunningHead;
+            page.runningHeads.push_back({std::move(paragraph), 0});
+        }
     }
 }
 
@@ -175,7 +192,7 @@ Page builtPage(const RawPage &raw, const std::set<const Word *> &heads)
     for (Section &section : sectionsOf(cutRegions(std::move(items)), builder)) {
         page.sections.push_back(std::move(section));
     }
-    addTurnedText(page, raw, used);
+    addTurnedText(page, raw, heads, used);
     addLeftovers(page, raw, rulings);
     return page;
 }

@@ -41,6 +41,18 @@ bool agree(const std::vector<Line> &lines, std::size_t from, std::size_t to, Get
     return to > from + 1;
 }
 
+// Every line in the middle of the column, none but the widest reaching its left edge.
+bool isCentred(const std::vector<Line> &lines, const Box &column)
+{
+    const double slack = std::max(3.0, 0.02 * column.width());
+    const auto inMiddle = std::all_of(lines.begin(), lines.end(), [&](const Line &line) {
+        return std::abs(line.box.centreX() - column.centreX()) <= slack;
+    });
+    const auto atEdge = std::count_if(
+        lines.begin(), lines.end(), [&](const Line &line) { return line.box.left - column.left < slack; });
+    return inMiddle && atEdge <= 1;
+}
+
 Alignment alignmentOf(const std::vector<Line> &lines, const Box &column)
 {
     const std::size_t n = lines.size();
@@ -56,14 +68,13 @@ Alignment alignmentOf(const std::vector<Line> &lines, const Box &column)
     }
     const auto left = [](const Line &l) { return l.box.left; };
     const auto right = [](const Line &l) { return l.box.right; };
-    const auto centre = [](const Line &l) { return l.box.centreX(); };
     const bool rights = agree(lines, 0, n - 1, right);
     const bool lefts = n == 2 ? agree(lines, 0, n, left) : agree(lines, 1, n, left);
     if (lefts) {
         return (n > 2 && rights) || (n == 2 && column.right - lines.front().box.right < sameEdge) ? Alignment::Justify
                                                                                                   : Alignment::Left;
     }
-    if (agree(lines, 0, n, centre)) {
+    if (isCentred(lines, column)) {
         return Alignment::Centre;
     }
     if (n == 2 && column.right - lines.front().box.right < sameEdge) {

@@ -69,8 +69,10 @@ bool isCaption(const QString &text)
 {
     static const QRegularExpression caption(
         QStringLiteral("^(?:Figure|Fig\\.|Table|Tab\\.|Abbildung|Abb\\.|Tabelle|Tableau|Tabla|Figura|Listing|図|表)\\s*"
-                       "[A-Z]?\\.?\\d"));
-    return text.size() < 600 && caption.match(text).hasMatch();
+                       "[A-Z]?\\.?\\d+[a-z]?(?:\\.\\d+)*\\s*([.:–—|)])?"));
+    const QRegularExpressionMatch match = caption.match(text);
+    constexpr qsizetype shortCaption = 150; // longer ones are sentences that begin with a figure's name
+    return match.hasMatch() && (text.size() < shortCaption || !match.captured(1).isEmpty());
 }
 
 double bodySize(Document &document)

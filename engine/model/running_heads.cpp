@@ -64,6 +64,32 @@ std::vector<EdgeRow> edgeRows(const RawPage &page)
     return found;
 }
 
+// Stamps in the margin: words in another direction that stand at the same place on other pages.
+void addTurnedStamps(const std::vector<RawPage> &pages, std::size_t needed, std::vector<std::set<const Word *>> &heads)
+{
+    const auto keyOfWord = [](const Word &word) {
+        return QStringLiteral("%1 %2 %3")
+            .arg(
+                word.text, QString::number(std::lround(word.box.left / 4)),
+                QString::number(std::lround(word.box.top / 4)));
+    };
+    QHash<QString, std::size_t> count;
+    for (const RawPage &page : pages) {
+        for (const Word &word : page.words) {
+            if (word.rotation != 0) {
+                ++count[keyOfWord(word)];
+            }
+        }
+    }
+    for (std::size_t i = 0; i < pages.size() && !count.isEmpty(); ++i) {
+        for (const Word &word : pages[i].words) {
+            if (word.rotation != 0 && count.value(keyOfWord(word)) >= needed) {
+                heads[i].insert(&word);
+            }
+        }
+    }
+}
+
 } // namespace
 
 std::vector<std::set<const Word *>> findRunningHeads(const std::vector<RawPage> &pages)
@@ -82,6 +108,7 @@ std::vector<std::set<const Word *>> findRunningHeads(const std::vector<RawPage> 
     }
     constexpr double sameHeight = 6; // points
     const std::size_t needed = std::max(fewestPages, pages.size() / 12);
+    addTurnedStamps(pages, needed, heads);
     for (std::size_t i = 0; i < pages.size(); ++i) {
         for (const EdgeRow &row : rows[i]) {
             const QList<double> &heights = places[row.key];

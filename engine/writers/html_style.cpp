@@ -110,7 +110,7 @@ QString styleSheet(const model::Document &document, const Style &usual)
                           ".counted{list-style:none}\n"
                           "table{border-collapse:collapse;margin:.6em 0}\n"
                           "td,th{padding:.1em .4em;vertical-align:top;text-align:left;font-weight:normal}\n"
-                          ".head{color:#555}\n"
+                          "header,footer{margin:0 0 .6em}\n"
                           ".caption,.picture{margin:.4em 0}\n"
                           "img{max-width:100%}\n")
         .arg(points(usual.size), family(usual), points(width - 2 * margin), points(margin));

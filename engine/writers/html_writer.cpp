@@ -83,7 +83,7 @@ private:
     {
         for (const Block &head : page.runningHeads) {
             if ((head.box().centreY() < page.height / 2) == top && head.paragraph()) {
-                writeText("p", "head", *head.paragraph());
+                writeText(top ? "header" : "footer", nullptr, *head.paragraph());
             }
         }
     }
