@@ -72,13 +72,14 @@ Decoration decorationOf(const model::Page &page, const model::Box &block)
     return decoration;
 }
 
-bool isBehindText(const model::Page &page, const model::Box &picture)
+bool isBehindText(const model::Page &page, const model::Picture &picture)
 {
     bool behind = false;
     forEachBlock(page, [&](const model::Block &block) {
         const model::Box box = block.box();
-        behind = behind || (!block.picture() && !box.isEmpty() && picture.contains(box.centreX(), box.centreY()) &&
-                            model::intersected(picture, box).width() > 0.5 * box.width());
+        behind = behind || (!block.picture() && !isLabelOf(block, picture) && !box.isEmpty() &&
+                            picture.box.contains(box.centreX(), box.centreY()) &&
+                            model::intersected(picture.box, box).width() > 0.5 * box.width());
     });
     return behind;
 }

@@ -20,6 +20,6 @@ struct Decoration
 Decoration decorationOf(const model::Page &page, const model::Box &block);
 
 /// True when the picture lies behind text rather than among it.
-bool isBehindText(const model::Page &page, const model::Box &picture);
+bool isBehindText(const model::Page &page, const model::Picture &picture);
 
 } // namespace quorra::office

@@ -2,8 +2,6 @@
 #include "engine/office/exact_lines.h"
 
 #include "engine/office/font_widths.h"
-#include "engine/office/odf_frames.h"
-#include "engine/office/page_walk.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,9 +17,12 @@ constexpr double UsualHeight = 1.2;  // of the size of type
 constexpr double LeastHeight = 0.4;
 constexpr double SpacingStep = 0.05; // finer steps only multiply styles
 constexpr double SpareWidth = 24;    // so that no line wraps
+constexpr double WidestGap = 3;      // between words of one line, times the size of type
+constexpr double LeastGap = 0.15;    // that counts as a space, times the size of type
+constexpr double LeastRise = 0.08;   // of the size of type, for a word off the baseline
 
 // Lines that share a frame: turned alike, one below the other.
-using LineGroup = std::vector<const model::Line *>;
+using LineGroup = std::vector<model::Line>;
 
 double sizeOf(const model::Line &line)
 {
@@ -32,29 +33,49 @@ double sizeOf(const model::Line &line)
     return size > 0 ? size : 10;
 }
 
-void addLines(const std::vector<model::Line> &lines, std::vector<LineGroup> &groups)
+// Words far apart, or on baselines of their own, do not make one line: the labels of a drawing.
+bool isApart(const model::Word &word, const model::Word &next)
 {
-    const model::Line *before = nullptr;
-    for (const model::Line &line : lines) {
-        if (line.words.empty()) {
-            continue;
-        }
-        const double leading = before ? line.baseline - before->baseline : 0;
-        const bool follows = before && line.rotation == 0 && before->rotation == 0 && leading > 0.6 * sizeOf(line) &&
-                             leading < 4 * sizeOf(line);
-        if (follows) {
-            groups.back().push_back(&line);
-        } else {
-            groups.push_back({&line});
-        }
-        before = &line;
-    }
+    const double size = std::max(word.style.size, next.style.size);
+    return next.box.left - word.box.right > WidestGap * size || std::abs(next.baseline - word.baseline) > 0.7 * size;
 }
 
-std::vector<LineGroup> lineGroups(const model::Page &page)
+std::vector<model::Line> piecesOf(const model::Line &line)
+{
+    if (line.rotation != 0) {
+        return {line};
+    }
+    std::vector<model::Line> pieces;
+    for (const model::Word &word : line.words) {
+        if (pieces.empty() || isApart(pieces.back().words.back(), word)) {
+            pieces.push_back({word.box, word.baseline, line.rotation, {}});
+        }
+        pieces.back().words.push_back(word);
+        pieces.back().box = model::united(pieces.back().box, word.box);
+    }
+    if (pieces.size() == 1) {
+        pieces.front().baseline = line.baseline;
+    }
+    return pieces;
+}
+
+std::vector<LineGroup> lineGroups(const std::vector<model::Line> &lines)
 {
     std::vector<LineGroup> groups;
-    forEachParagraph(page, [&](const model::Paragraph &paragraph) { addLines(paragraph.lines, groups); });
+    for (const model::Line &line : lines) {
+        std::vector<model::Line> pieces = piecesOf(line);
+        const model::Line *before = groups.empty() ? nullptr : &groups.back().back();
+        const double leading = before ? line.baseline - before->baseline : 0;
+        const bool follows = before && pieces.size() == 1 && line.rotation == 0 && before->rotation == 0 &&
+                             leading > 0.6 * sizeOf(line) && leading < 4 * sizeOf(line);
+        if (follows) {
+            groups.back().push_back(std::move(pieces.front()));
+            continue;
+        }
+        for (model::Line &piece : pieces) {
+            groups.push_back({std::move(piece)});
+        }
+    }
     return groups;
 }
 
@@ -73,16 +94,19 @@ public:
     {
         for (std::size_t i = 0; i < line.words.size(); ++i) {
             const model::Word &word = line.words[i];
-            writePiece(word.text, word.style, word.box.right);
-            if (word.spaceAfter && i + 1 < line.words.size()) {
-                const double next = line.words[i + 1].box.left;
-                writePiece(u" "_s, word.style, next > word.box.right ? next : word.box.right);
+            writePiece(word.text, word.style, word.box.right, line.baseline - word.baseline);
+            if (i + 1 == line.words.size()) {
+                return;
+            }
+            const double next = line.words[i + 1].box.left;
+            if (word.spaceAfter || next > word.box.right + LeastGap * word.style.size) {
+                writePiece(u" "_s, word.style, std::max(next, word.box.right), 0);
             }
         }
     }
 
 private:
-    void writePiece(const QString &text, model::Style style, double end)
+    void writePiece(const QString &text, model::Style style, double end, double rise)
     {
         const std::optional<double> natural = textWidth(text, style);
         double spacing = 0;
@@ -97,17 +121,21 @@ private:
         }
         style.link.clear();
         m_sink.xml.writeStartElement("text:span"_L1);
-        m_sink.xml.writeAttribute("text:style-name"_L1, pieceStyle(style, spacing));
+        m_sink.xml.writeAttribute("text:style-name"_L1, pieceStyle(style, spacing, rise));
         writeText(m_sink.xml, text);
         m_sink.xml.writeEndElement();
     }
 
-    QString pieceStyle(const model::Style &style, double spacing)
+    QString pieceStyle(const model::Style &style, double spacing, double rise)
     {
         m_sink.styles.noteFont(style);
         Attributes look = textAttributes(style);
         look.emplace_back("fo:letter-spacing"_L1, pt(spacing));
         look.emplace_back("style:letter-kerning"_L1, u"false"_s);
+        if (std::abs(rise) > LeastRise * style.size) {
+            const long percent = std::clamp(std::lround(100 * rise / style.size), -100L, 100L);
+            look.emplace_back("style:text-position"_L1, QString::number(percent) + u"% 100%"_s);
+        }
         return m_sink.styles.name(
             {"style:style"_L1, {{"style:family"_L1, u"text"_s}}, {{"style:text-properties"_L1, look}}});
     }
@@ -138,27 +166,27 @@ bool readsRightToLeft(const model::Line &line)
     return line.words.size() > 1 && line.words.front().box.left > line.words.back().box.left;
 }
 
-void writeGroup(const Sink &sink, const model::Page &page, const LineGroup &group)
+void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, FrameAnchor anchor)
 {
     std::vector<double> baselines;
     std::vector<double> sizes;
     model::Box box;
-    for (const model::Line *line : group) {
-        baselines.push_back(line->rotation == 0 ? line->baseline : line->box.bottom);
-        sizes.push_back(sizeOf(*line));
-        box = model::united(box, line->box);
+    for (const model::Line &line : group) {
+        baselines.push_back(line.rotation == 0 ? line.baseline : line.box.bottom);
+        sizes.push_back(sizeOf(line));
+        box = model::united(box, line.box);
     }
     box.top = baselines.front() - riseOf(sizes.front());
-    box.right = std::min(std::max(box.right, page.width - 1), box.right + SpareWidth);
+    box.right = std::min(std::max(box.right, pageWidth - 1), box.right + SpareWidth);
     const std::vector<LinePlace> places = placeLines(box.top, baselines, sizes);
     double height = 0;
     for (const LinePlace &place : places) {
         height += place.above + place.height;
     }
     box.bottom = box.top + height;
-    beginTextFrame(sink, box, FrameAnchor::Page, true);
+    beginTextFrame(sink, box, anchor, anchor == FrameAnchor::Page);
     for (std::size_t i = 0; i < group.size(); ++i) {
-        writeLine(sink, *group[i], places[i], box.left, readsRightToLeft(*group[i]));
+        writeLine(sink, group[i], places[i], box.left, readsRightToLeft(group[i]));
     }
     sink.xml.writeEndElement();
     sink.xml.writeEndElement();
@@ -187,10 +215,10 @@ std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselin
     return places;
 }
 
-void writeExactLines(const Sink &sink, const model::Page &page)
+void writeExactLines(const Sink &sink, const model::Paragraph &paragraph, double pageWidth, FrameAnchor anchor)
 {
-    for (const LineGroup &group : lineGroups(page)) {
-        writeGroup(sink, page, group);
+    for (const LineGroup &group : lineGroups(paragraph.lines)) {
+        writeGroup(sink, group, pageWidth, anchor);
     }
 }
 

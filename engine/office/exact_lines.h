@@ -2,7 +2,7 @@
 #pragma once
 
 #include "engine/model/document.h"
-#include "engine/office/odf_runs.h"
+#include "engine/office/odf_frames.h"
 
 #include <vector>
 
@@ -23,7 +23,8 @@ std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselin
 /// How far above the first baseline a frame of lines begins.
 double riseOf(double size);
 
-/// Writes every line of the page at its place, lines that follow one another closely in one frame.
-void writeExactLines(const Sink &sink, const model::Page &page);
+/// Writes every line of the paragraph at its place, lines that follow one another closely in one frame. Frames end at
+/// the page's right edge, which is at this x.
+void writeExactLines(const Sink &sink, const model::Paragraph &paragraph, double pageWidth, FrameAnchor anchor);
 
 } // namespace quorra::office

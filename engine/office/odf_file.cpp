@@ -143,6 +143,9 @@ void OdfFile::writeHead(QXmlStreamWriter &xml) const
 
 void OdfFile::finish()
 {
+    // An empty element at the end of a part is closed only by what follows.
+    m_body.writeCharacters(QString());
+    m_masters.writeCharacters(QString());
     QFile file(m_path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         fail(file);

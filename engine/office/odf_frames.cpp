@@ -112,7 +112,9 @@ void writePictures(const Sink &sink, const model::Page &page, model::PictureSour
 {
     forEachBlock(page, [&](const model::Block &block) {
         if (const model::Picture *picture = block.picture()) {
-            writePicture(sink, pictures.encode(page.number, picture->box, picture->kind), picture->box, anchor);
+            const model::PictureKind kind =
+                picture->kind == model::PictureKind::Drawing ? model::PictureKind::Image : picture->kind;
+            writePicture(sink, pictures.encode(page.number, picture->box, kind), picture->box, anchor);
         }
     });
 }

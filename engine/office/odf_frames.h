@@ -27,7 +27,7 @@ void beginTableFrame(const Sink &sink, const model::Box &box);
 /// Writes a picture at the box; nothing for a picture without bytes.
 void writePicture(const Sink &sink, const model::EncodedPicture &picture, const model::Box &box, FrameAnchor anchor);
 
-/// Writes all pictures of the page at their places; for a scanned page that is the page.
+/// Writes all pictures of the page at their places, drawings without their labels; for a scanned page that is the page.
 void writePictures(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor);
 
 /// Draws a line, or a filled rectangle, at its place on the page or slide.

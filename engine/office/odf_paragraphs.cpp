@@ -55,6 +55,9 @@ int headingLevel(model::Role role)
 
 QString alignmentName(const model::Paragraph &paragraph)
 {
+    if (!paragraph.listMark.isEmpty() && paragraph.alignment != model::Alignment::Justify) {
+        return u"start"_s; // marks stand one below the other, however long the items are
+    }
     switch (paragraph.alignment) {
     case model::Alignment::Left:
         return paragraph.rightToLeft ? u"left"_s : u"start"_s;
@@ -169,7 +172,7 @@ void writeInside(
             sink.xml.writeCharacters(u" "_s);
         }
     }
-    writeRuns(sink, paragraph.runs, look, place.withLinks);
+    writeRuns(sink, paragraph.runs, look, place.withLinks, risesOf(paragraph));
 }
 
 } // namespace

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/odf_runs.h"
 
-#include <QHash>
-
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -25,6 +24,18 @@ void flush(QXmlStreamWriter &xml, QString &pending)
         xml.writeCharacters(pending);
         pending.clear();
     }
+}
+
+QString spanStyle(StyleTable &styles, const model::Style &look, Rise rise)
+{
+    if (rise == Rise::None) {
+        return styles.text(look);
+    }
+    styles.noteFont(look);
+    Attributes attributes = textAttributes(look);
+    attributes.emplace_back("style:text-position"_L1, rise == Rise::Above ? u"super 58%"_s : u"sub 58%"_s);
+    return styles.name(
+        {"style:style"_L1, {{"style:family"_L1, u"text"_s}}, {{"style:text-properties"_L1, attributes}}});
 }
 
 } // namespace
@@ -93,14 +104,42 @@ void writeText(QXmlStreamWriter &xml, const QString &text)
     flush(xml, pending);
 }
 
+std::vector<Rise> risesOf(const model::Paragraph &paragraph)
+{
+    constexpr double SmallType = 0.85; // raised signs are set smaller than the text
+    constexpr double LeastRise = 0.1;  // of the text's size
+    const double size = mainStyle(paragraph.runs).size;
+    std::vector<Rise> rises(paragraph.runs.size(), Rise::None);
+    for (std::size_t i = 0; i < rises.size(); ++i) {
+        const model::Run &run = paragraph.runs[i];
+        if (run.style.size > SmallType * size) {
+            continue;
+        }
+        for (const model::Line &line : paragraph.lines) {
+            for (const model::Word &word : line.words) {
+                const double rise = line.baseline - word.baseline;
+                if (word.style == run.style && std::abs(rise) > LeastRise * size && run.text.contains(word.text)) {
+                    rises[i] = rise > 0 ? Rise::Above : Rise::Below;
+                }
+            }
+        }
+    }
+    return rises;
+}
+
 void writeRuns(
-    const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks)
+    const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks,
+    const std::vector<Rise> &rises)
 {
     QXmlStreamWriter &xml = sink.xml;
-    for (const model::Run &run : runs) {
-        const QString target = withLinks ? linkTarget(run.style.link) : QString();
-        const model::Style look = withoutLink(run.style);
-        const bool needsSpan = !(look == paragraphStyle);
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        const QString target = withLinks ? linkTarget(runs[i].style.link) : QString();
+        const Rise rise = i < rises.size() ? rises[i] : Rise::None;
+        model::Style look = withoutLink(runs[i].style);
+        if (rise != Rise::None) {
+            look.size = paragraphStyle.size; // made small by being raised
+        }
+        const bool needsSpan = rise != Rise::None || !(look == paragraphStyle);
         if (!target.isEmpty()) {
             xml.writeStartElement("text:a"_L1);
             xml.writeAttribute("xlink:type"_L1, "simple"_L1);
@@ -108,9 +147,9 @@ void writeRuns(
         }
         if (needsSpan) {
             xml.writeStartElement("text:span"_L1);
-            xml.writeAttribute("text:style-name"_L1, sink.styles.text(look));
+            xml.writeAttribute("text:style-name"_L1, spanStyle(sink.styles, look, rise));
         }
-        writeText(xml, run.text);
+        writeText(xml, runs[i].text);
         if (needsSpan) {
             xml.writeEndElement();
         }

@@ -31,9 +31,16 @@ QString linkTarget(const QString &link);
 /// Text inside a paragraph: runs of blanks, tabs and line breaks as the elements that keep them.
 void writeText(QXmlStreamWriter &xml, const QString &text);
 
+/// Whether a run stands above or below the line.
+enum class Rise { None, Above, Below };
+
+/// The rise of each of the paragraph's runs, as its words show it.
+std::vector<Rise> risesOf(const model::Paragraph &paragraph);
+
 /// The runs as spans and links; runs that look like the paragraph itself need no span. Links stay off where the
-/// document kind has none (withLinks false).
+/// document kind has none (withLinks false). Rises, where given, has one entry for each run.
 void writeRuns(
-    const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks = true);
+    const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks = true,
+    const std::vector<Rise> &rises = {});
 
 } // namespace quorra::office

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/odf_styles.h"
 
+#include "engine/office/font_widths.h"
+
+#include <QRegularExpression>
+
 #include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
@@ -79,6 +83,13 @@ QString xmlText(const QString &text)
     return clean;
 }
 
+QString officeFamily(const model::Style &style)
+{
+    // "CMR10", "SFBX1095", "MSBM10": capital letters and a size
+    static const QRegularExpression numberedFace(QStringLiteral("^[A-Z]{2,8}[0-9]{1,4}$"));
+    return numberedFace.match(style.family).hasMatch() ? measuredFamily(style) : xmlText(style.family);
+}
+
 Attributes textAttributes(const model::Style &style)
 {
     const QString size = QString::number(style.size > 0 ? style.size : 10, 'f', 1) + "pt"_L1;
@@ -86,7 +97,7 @@ Attributes textAttributes(const model::Style &style)
     const QString slant = style.italic ? u"italic"_s : u"normal"_s;
     Attributes attributes;
     if (!style.family.isEmpty()) {
-        const QString family = xmlText(style.family);
+        const QString family = officeFamily(style);
         attributes = {
             {"style:font-name"_L1, family},
             {"style:font-name-asian"_L1, family},
@@ -139,11 +150,11 @@ QString StyleTable::graphic(const Attributes &properties, QLatin1String parent)
 
 void StyleTable::noteFont(const model::Style &style)
 {
-    if (style.family.isEmpty() || m_families.contains(style.family)) {
+    const QString family = officeFamily(style);
+    if (family.isEmpty() || m_families.contains(family)) {
         return;
     }
-    m_families.insert(style.family);
-    const QString family = xmlText(style.family);
+    m_families.insert(family);
     QString quoted = family;
     quoted.replace(u'\'', u' ');
     // The kind of the face lets a word processor without this font choose one that looks alike.

@@ -38,6 +38,10 @@ QString colourName(model::Colour colour);
 /// The text without the characters that XML 1.0 cannot hold (control characters, unpaired surrogates).
 QString xmlText(const QString &text);
 
+/// The family as a word processor may know it: the numbered faces of typesetting systems, which exist only inside PDF
+/// files, give way to the common face of their kind.
+QString officeFamily(const model::Style &style);
+
 /// The attributes of style:text-properties for one look.
 Attributes textAttributes(const model::Style &style);
 

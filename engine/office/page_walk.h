@@ -17,6 +17,15 @@ void forEachBlock(PageType &page, const Visitor &visit)
     }
 }
 
+/// True when the paragraph holds the labels of this drawing: its picture shows them already.
+inline bool isLabelOf(const model::Block &block, const model::Picture &picture)
+{
+    const model::Paragraph *paragraph = block.paragraph();
+    return paragraph && picture.kind == model::PictureKind::Drawing &&
+           picture.box.contains(paragraph->box.centreX(), paragraph->box.centreY()) &&
+           model::intersected(picture.box, paragraph->box).width() > 0.9 * paragraph->box.width();
+}
+
 /// Calls visit(paragraph) for the paragraphs of the page, those in tables and the running heads (last) included.
 template <typename PageType, typename Visitor>
 void forEachParagraph(PageType &page, const Visitor &visit)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/placed.h"
 
+#include "engine/office/exact_lines.h"
 #include "engine/office/odf_tables.h"
 #include "engine/office/page_walk.h"
 
@@ -33,7 +34,11 @@ bool belongsTo(const TextBlock &block, const model::Paragraph &paragraph)
 
 void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &block, FrameAnchor anchor)
 {
-    const model::Box room = roomyBox(page, block.box);
+    const bool justified = std::any_of(block.paragraphs.begin(), block.paragraphs.end(), [](const auto *each) {
+        return each->alignment == model::Alignment::Justify && each->lines.size() > 1;
+    });
+    // Justified lines show the width that is meant; a wider frame would break them elsewhere.
+    const model::Box room = justified ? block.box : roomyBox(page, block.box);
     beginTextFrame(sink, room, anchor, anchor == FrameAnchor::Page);
     double bottom = block.box.top;
     for (const model::Paragraph *paragraph : block.paragraphs) {
@@ -41,6 +46,8 @@ void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &
         model::Paragraph framed = *paragraph;
         framed.indentLeft = paragraph->box.left - room.left + std::max(0.0, -paragraph->firstLineIndent);
         framed.indentRight = 0;
+        // A slide forgets the first line's indent where there is no other.
+        framed.indentLeft = std::max(framed.indentLeft, anchor == FrameAnchor::Slide ? 0.1 : 0.0);
         if (paragraph->lines.size() < 2) {
             framed.firstLineIndent = std::min(0.0, paragraph->firstLineIndent);
         }
@@ -88,6 +95,10 @@ std::vector<TextBlock> textBlocks(const model::Page &page, bool joined)
     for (const model::Section &section : page.sections) {
         const model::Block *before = nullptr;
         for (const model::Block &block : section.blocks) {
+            if (before && before->picture() && isLabelOf(block, *before->picture())) {
+                blocks.push_back({block.box(), {block.paragraph()}, true});
+                continue;
+            }
             if (const model::Paragraph *paragraph = block.paragraph()) {
                 add(*paragraph, joined && before && before->paragraph() && before->column == block.column);
             }
@@ -130,7 +141,11 @@ void writePlacedPage(const Sink &sink, const model::Page &page, model::PictureSo
         writeRule(sink, rule, under);
     }
     for (const TextBlock &block : textBlocks(page, anchor == FrameAnchor::Page)) {
-        writeTextBlock(sink, page, block, anchor);
+        if (block.labels) {
+            writeExactLines(sink, *block.paragraphs.front(), page.width, anchor);
+        } else {
+            writeTextBlock(sink, page, block, anchor);
+        }
     }
     forEachBlock(page, [&](const model::Block &block) {
         if (const model::Table *table = block.table()) {

@@ -14,6 +14,7 @@ struct TextBlock
 {
     model::Box box;
     std::vector<const model::Paragraph *> paragraphs;
+    bool labels = false; ///< of a drawing: each line at its own place
 };
 
 /// The text blocks of a page, running heads included, in reading order. With joined, close paragraphs of a column come

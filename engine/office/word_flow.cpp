@@ -5,6 +5,7 @@
 #include "engine/office/odf_frames.h"
 #include "engine/office/odf_tables.h"
 #include "engine/office/page_layout.h"
+#include "engine/office/page_walk.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,6 +46,7 @@ private:
     void writeParagraphBlock(
         const model::Page &page, const model::Paragraph &paragraph, const model::Box &column, const Area &area);
     void writePictureBlock(const model::Page &page, const model::Picture &picture, const Area &area);
+    void writeLabels(const model::Paragraph &labels);
     void writePicturesBehind(const model::Page &page);
     void closeBefore();
     void flushBreak();
@@ -121,7 +123,7 @@ void FlowWriter::writePicturesBehind(const model::Page &page)
     for (const model::Section &section : page.sections) {
         for (const model::Block &block : section.blocks) {
             const model::Picture *picture = block.picture();
-            if (picture && isBehindText(page, picture->box)) {
+            if (picture && isBehindText(page, *picture)) {
                 beginAnchorParagraph(m_sink, std::exchange(m_pending, {}));
                 m_hasPending = false;
                 writePicture(
@@ -185,7 +187,13 @@ void FlowWriter::writeSection(const model::Page &page, const model::Section &sec
         areas.push_back(
             {ownStrip ? column.left : margins.left, ownStrip ? column.right : page.width - margins.right, 0});
     }
+    const model::Picture *picture = nullptr;
     for (const model::Block &block : section.blocks) {
+        if (picture && isLabelOf(block, *picture)) {
+            writeLabels(*block.paragraph());
+            continue;
+        }
+        picture = block.picture();
         const auto column = std::min(static_cast<std::size_t>(std::max(0, block.column)), areas.size() - 1);
         writeBlock(page, block, section.columns[column], areas[column]);
     }
@@ -214,7 +222,7 @@ void FlowWriter::writeBlock(const model::Page &page, const model::Block &block, 
         writeTable(m_sink, *table, place);
         m_afterTable = true;
     } else if (const model::Picture *picture = block.picture()) {
-        if (m_form.pages && isBehindText(page, picture->box)) {
+        if (m_form.pages && isBehindText(page, *picture)) {
             return;
         }
         writePictureBlock(page, *picture, area);
@@ -239,6 +247,23 @@ void FlowWriter::writeParagraphBlock(
     place.above = m_firstAbove;
     place.exactLeading = m_form.places;
     writeParagraph(m_sink, paragraph, place);
+}
+
+// The picture shows its labels; hidden, they can still be found.
+void FlowWriter::writeLabels(const model::Paragraph &labels)
+{
+    const QString hidden = m_sink.styles.name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"text"_s}},
+         {{"style:text-properties"_L1, {{"fo:font-size"_L1, u"1pt"_s}, {"text:display"_L1, u"none"_s}}}}});
+    beginAnchorParagraph(m_sink, {});
+    m_sink.xml.writeStartElement("text:span"_L1);
+    m_sink.xml.writeAttribute("text:style-name"_L1, hidden);
+    for (const model::Run &run : labels.runs) {
+        writeText(m_sink.xml, run.text);
+    }
+    m_sink.xml.writeEndElement();
+    m_sink.xml.writeEndElement();
 }
 
 void FlowWriter::writePictureBlock(const model::Page &page, const model::Picture &picture, const Area &area)

@@ -58,7 +58,9 @@ void writeExact(OdfFile &file, const model::Document &document, model::PictureSo
         } else if (hasBackground(page)) {
             writePicture(sink, pictures.background(page.number), {0, 0, page.width, page.height}, FrameAnchor::Behind);
         }
-        writeExactLines(sink, page);
+        forEachParagraph(page, [&](const model::Paragraph &paragraph) {
+            writeExactLines(sink, paragraph, page.width, FrameAnchor::Page);
+        });
     });
 }
 
