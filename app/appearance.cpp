@@ -4,12 +4,14 @@
 #include <QApplication>
 #include <QBrush>
 #include <QIcon>
+#include <QImage>
 #include <QPalette>
 #include <QPixmapCache>
 #include <QString>
 #include <QToolButton>
 #include <QWidget>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -30,9 +32,20 @@ QPixmap cached(const QString &key, Make make)
 QPixmap stretchedBackground(QSize size)
 {
     const QString key = QStringLiteral("quorra/background/%1x%2").arg(size.width()).arg(size.height());
-    return cached(key, [size]() {
-        return loadImage(image::background).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    });
+    return cached(
+        key, [size]() { return QPixmap::fromImage(stretched(loadImage(image::background).toImage(), size)); });
+}
+
+bool hasPlainRows(const QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 1; x < image.width(); ++x) {
+            if (image.pixel(x, y) != image.pixel(0, y)) {
+                return false;
+            }
+        }
+    }
+    return true;
 }
 
 struct RoleColor
@@ -73,6 +86,20 @@ constexpr int darkBelowLightness = 128;
 QPixmap loadImage(QLatin1String path)
 {
     return cached(QLatin1String("quorra/") + path, [path]() { return QPixmap(path); });
+}
+
+QImage stretched(const QImage &image, QSize size)
+{
+    if (image.format() != QImage::Format_RGB32 || !hasPlainRows(image)) {
+        return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+    const QImage column =
+        image.copy(0, 0, 1, image.height()).scaled(1, size.height(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QImage result(size, column.format());
+    for (int y = 0; y < size.height(); ++y) {
+        std::fill_n(reinterpret_cast<QRgb *>(result.scanLine(y)), size.width(), column.pixel(0, y));
+    }
+    return result;
 }
 
 void paintBackground(QWidget *window)

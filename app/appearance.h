@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QImage>
 #include <QLatin1String>
 #include <QPixmap>
 
@@ -23,6 +24,10 @@ inline constexpr QLatin1String about(":/MyImage/Image/about.png");
 
 // The image at its own size, read once; a null pixmap when there is none of that path.
 [[nodiscard]] QPixmap loadImage(QLatin1String path);
+
+// The image at another size, ignoring its aspect ratio, smoothly: what QImage::scaled() gives. An image whose rows are
+// of one colour each is stretched as a single column, which takes a fraction of the time; every start waits for it.
+[[nodiscard]] QImage stretched(const QImage &image, QSize size);
 
 // Lays the background image, stretched to the window's size, under everything the window shows.
 void paintBackground(QWidget *window);
