@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QLineEdit>
 #include <QMimeData>
@@ -49,10 +50,19 @@ void ShownWindow::run(const QString &outputFolder)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-void ShownWindow::settle()
+void ShownWindow::handleEvents()
 {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents();
+}
+
+void ShownWindow::settle()
+{
+    constexpr int twoFrames = 40; // milliseconds
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < twoFrames)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, twoFrames);
 }
 
 QToolButton *ShownWindow::button(const char *name) const

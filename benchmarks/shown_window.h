@@ -32,7 +32,10 @@ public:
     /// Presses Start with `outputFolder` in its line and handles events until the run has ended.
     void run(const QString &outputFolder);
 
-    /// Handles all events there are, paint events among them.
+    /// Handles the events that wait, paint events among them.
+    static void handleEvents();
+
+    /// Handles events until the window is at rest and has drawn all, so that the next change is drawn at once.
     static void settle();
 
 private:

@@ -56,7 +56,7 @@ Sides measureDrop(ShownWindow &window, PlainTable &plain, const QList<QUrl> &url
         ShownWindow::settle();
         const double time = milliseconds([&] {
             window.drop(urls);
-            ShownWindow::settle();
+            ShownWindow::handleEvents();
         });
         return checked(time, window.table(), urls.size());
     };
@@ -65,7 +65,7 @@ Sides measureDrop(ShownWindow &window, PlainTable &plain, const QList<QUrl> &url
         ShownWindow::settle();
         return milliseconds([&] {
             plain.fill(paths);
-            ShownWindow::settle();
+            ShownWindow::handleEvents();
         });
     };
     return interleaved(rounds, ours, floor);
@@ -79,7 +79,7 @@ Sides measureClear(ShownWindow &window, PlainTable &plain, const QList<QUrl> &ur
         ShownWindow::settle();
         const double time = milliseconds([&] {
             window.press("toolButton_Clear");
-            ShownWindow::settle();
+            ShownWindow::handleEvents();
         });
         return checked(time, window.table(), 0);
     };
@@ -88,7 +88,7 @@ Sides measureClear(ShownWindow &window, PlainTable &plain, const QList<QUrl> &ur
         ShownWindow::settle();
         return milliseconds([&] {
             plain.clear();
-            ShownWindow::settle();
+            ShownWindow::handleEvents();
         });
     };
     return interleaved(rounds, ours, floor);
@@ -104,7 +104,7 @@ Sides measureDelete(ShownWindow &window, PlainTable &plain, const QList<QUrl> &u
         ShownWindow::settle();
         const double time = milliseconds([&] {
             window.press("toolButton_Delete");
-            ShownWindow::settle();
+            ShownWindow::handleEvents();
         });
         return checked(time, window.table(), urls.size() / 2 - 1);
     };
@@ -113,7 +113,7 @@ Sides measureDelete(ShownWindow &window, PlainTable &plain, const QList<QUrl> &u
         ShownWindow::settle();
         return milliseconds([&] {
             plain.refillWithEveryOther();
-            ShownWindow::settle();
+            ShownWindow::handleEvents();
         });
     };
     return interleaved(rounds, ours, floor);
