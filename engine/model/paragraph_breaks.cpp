@@ -152,7 +152,8 @@ bool ParagraphBreaks::lineEndedEarly(std::size_t before, std::size_t next) const
     }
     double room = rightToLeft ? line.box.left - m_column.left : m_column.right - line.box.right;
     if (isCentred(before) && isCentred(next)) {
-        return endsSentence(last);
+        // Centred lines are often broken by hand, but hardly where less than half of the room is used.
+        return endsSentence(last) || line.box.width() < 0.45 * m_column.width();
     }
     const Word *word = rightToLeft ? following.words.back() : following.words.front();
     room -= word->box.width() + 0.8 * line.size;

@@ -40,14 +40,31 @@ QString keyOf(const Row &row)
     return key;
 }
 
+// The text may end far above the edge of the paper, so that its own extent counts.
+std::pair<double, double> textExtent(const RawPage &page)
+{
+    double top = page.height;
+    double bottom = 0;
+    for (const Word &word : page.words) {
+        if (word.rotation == 0) {
+            top = std::min(top, word.box.centreY());
+            bottom = std::max(bottom, word.box.centreY());
+        }
+    }
+    return {top, bottom};
+}
+
 std::vector<EdgeRow> edgeRows(const RawPage &page)
 {
     std::vector<EdgeRow> found;
+    const auto [first, last] = textExtent(page);
+    const double reach = edgeShare * page.height;
     for (const bool top : {true, false}) {
         WordRefs words;
         for (const Word &word : page.words) {
             const double y = word.box.centreY();
-            if (word.rotation == 0 && (top ? y < edgeShare * page.height : y > (1 - edgeShare) * page.height)) {
+            if (word.rotation == 0 &&
+                (top ? y < std::max(first + reach / 2, reach) : y > std::min(last - reach / 2, page.height - reach))) {
                 words.push_back(&word);
             }
         }

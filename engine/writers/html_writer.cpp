@@ -19,11 +19,23 @@ using model::Role;
 using model::Run;
 using model::Table;
 
-QString headingTag(Role role)
+const char *tagOf(const Paragraph &paragraph)
 {
-    return role == Role::Heading1   ? QStringLiteral("h1")
-           : role == Role::Heading2 ? QStringLiteral("h2")
-                                    : QStringLiteral("h3");
+    switch (paragraph.role) {
+    case Role::Heading1:
+        return "h1";
+    case Role::Heading2:
+        return "h2";
+    case Role::Heading3:
+        return "h3";
+    default:
+        return isListing(paragraph) && paragraph.role == Role::Body ? "pre" : "p";
+    }
+}
+
+const char *classOf(const Paragraph &paragraph)
+{
+    return paragraph.role == Role::Caption ? "caption" : paragraph.role == Role::Footnote ? "note" : nullptr;
 }
 
 class HtmlWriter
@@ -109,7 +121,7 @@ private:
             } else if (paragraph->role == Role::ListItem) {
                 openLists = writeListItem(*paragraph, openLists);
             } else {
-                writeParagraph(*paragraph);
+                writeText(tagOf(*paragraph), classOf(*paragraph), *paragraph);
             }
         }
         setLists(0);
@@ -134,25 +146,6 @@ private:
         }
         writeRuns(item);
         return wanted;
-    }
-
-    void writeParagraph(const Paragraph &paragraph)
-    {
-        switch (paragraph.role) {
-        case Role::Heading1:
-        case Role::Heading2:
-        case Role::Heading3:
-            writeText(headingTag(paragraph.role).toLatin1().constData(), nullptr, paragraph);
-            break;
-        case Role::Caption:
-            writeText("p", "caption", paragraph);
-            break;
-        case Role::Footnote:
-            writeText("p", "note", paragraph);
-            break;
-        default:
-            writeText(isListing(paragraph) ? "pre" : "p", nullptr, paragraph);
-        }
     }
 
     void writeText(const char *tag, const char *htmlClass, const Paragraph &paragraph)
