@@ -9,7 +9,6 @@ import fcntl
 import os
 import shutil
 import subprocess
-import tempfile
 import unittest
 from pathlib import Path
 
@@ -43,12 +42,17 @@ class Debian(PackageCase):
     def installed_root(self):
         """Makes the package's files ready for use and returns the folder they lie under."""
         if AS_ROOT:
-            # One installation at a time, however many test runs there are.
-            lock = open(Path(tempfile.gettempdir()) / "quorra-converter-package-test.lock", "w", encoding="ascii")
+            # One installation at a time, however many test runs there are. The file tells of one that was killed.
+            lock = open(f"/run/{NAME}-package-test.lock", "a+", encoding="ascii")
             self.addCleanup(lock.close)
             fcntl.flock(lock, fcntl.LOCK_EX)
+            lock.seek(0)
+            if lock.read():
+                self.purge(lock)
             if not is_installed():
-                self.addCleanup(self.purge)
+                lock.write("installed")
+                lock.flush()
+                self.addCleanup(self.purge, lock)
                 dpkg("-i", self.package)
                 return Path("/")
         root = self.folder / "root"
@@ -58,10 +62,12 @@ class Debian(PackageCase):
         self.addCleanup(program_folder.chmod, 0o755)
         return root
 
-    def purge(self):
-        # As the superuser leaves it who has used the program.
-        Path("/opt", NAME, "settingquorra.ini").touch()
+    def purge(self, lock):
+        if Path("/opt", NAME).is_dir():
+            # As the superuser leaves it who has used the program.
+            Path("/opt", NAME, "settingquorra.ini").touch()
         dpkg("--purge", NAME)
+        lock.truncate(0)
         self.assertFalse(Path("/opt", NAME).exists())
         self.assertFalse(Path("/usr/bin", NAME).is_symlink())
 
