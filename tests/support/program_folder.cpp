@@ -121,6 +121,15 @@ void ProgramFolder::releaseAll() const
     writeFile(filePath(QStringLiteral("engine.release-all")), QByteArray());
 }
 
+void ProgramFolder::forgetRuns() const
+{
+    const QDir dir(m_path);
+    const QStringList names = dir.entryList(
+        {QStringLiteral("engine.log"), QStringLiteral("engine.count"), QStringLiteral("engine.release-*")});
+    for (const QString &name : names)
+        QFile::remove(dir.filePath(name));
+}
+
 QList<EngineRun> ProgramFolder::runs() const
 {
     QList<EngineRun> list;

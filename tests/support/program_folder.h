@@ -45,6 +45,9 @@ public:
     void release(int run) const;
     void releaseAll() const;
 
+    // Starts the numbers of runs at 0 again; no engine may be running.
+    void forgetRuns() const;
+
     QList<EngineRun> runs() const;
     int runCount() const;
     int endedCount() const;

@@ -17,7 +17,8 @@ QMap<QString, QString> storedSettings()
     QMap<QString, QString> values;
     const QStringList keys = settings.childKeys();
     for (const QString &key : keys)
-        values.insert(key, settings.value(key).toString());
+        if (!key.isEmpty()) // a broken file may hold a value without a name
+            values.insert(key, settings.value(key).toString());
     return values;
 }
 

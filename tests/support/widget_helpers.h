@@ -77,7 +77,8 @@ void sendDrop(QWidget &window, const QStringList &paths);
 // Memory of this process that is really in use, in kB, after giving back to the system what can be given back.
 qint64 residentKilobytes();
 
-// Call it in init(): any warning fails the test, but for the one that the table's style sheet is expected to give.
+// Call it in init(): any warning fails the test, but for the one that the table's style sheet is expected to give and
+// those of the offscreen platform about what it cannot do.
 void failOnUnexpectedWarnings();
 
 // Gives up root's rights for the rest of this process, so that file modes count; true when the process now runs as an

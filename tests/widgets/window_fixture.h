@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/tovrane.h"
+#include "conversion/batch_run.h"
+#include "program_folder.h"
+#include "settings_file.h"
+#include "widget_helpers.h"
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMetaObject>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QToolButton>
+
+constexpr int longWait = 60000; // ms; a bound for a loaded machine, never reached in a passing test
+
+// The window with its state open to the tests.
+class OpenWindow : public tovrane
+{
+public:
+    using tovrane::m_nCurrentRow;
+    using tovrane::m_pProcess;
+    using tovrane::m_strOutputFormat;
+    using tovrane::m_strParameter;
+};
+
+// A main window in a program folder of its own. The widgets are found by their object names, as a user of the window
+// would see them, not through the class's members.
+class WindowFixture
+{
+public:
+    explicit WindowFixture(ProgramFolder::Engine engine = ProgramFolder::WithEngine);
+    ~WindowFixture();
+
+    // Makes and shows the window; what is in the settings file before counts.
+    void open();
+    // Closes the window and waits until it is destroyed.
+    void close();
+
+    template <class Widget>
+    Widget *child(const char *name) const
+    {
+        return window->findChild<Widget *>(QLatin1String(name));
+    }
+    QTableWidget *table() const { return child<QTableWidget>("tableWidget_Files"); }
+    QListWidget *formats() const { return child<QListWidget>("listWidget_Format"); }
+    QLineEdit *outputLine() const { return child<QLineEdit>("lineEdit_OutputPath"); }
+    QProgressBar *bar() const { return child<QProgressBar>("progressBar"); }
+    QToolButton *button(const char *name) const { return child<QToolButton>(name); }
+    QToolButton *startButton() const { return button("toolButton_Start"); }
+
+    // Calls a slot of the window by its name, public or not.
+    void call(const char *slot) const;
+    // Presses the Start/Stop button.
+    void press() const;
+    void selectFormat(int row) const { formats()->setCurrentRow(row); }
+    // Adds the files by a drop, which works in every state.
+    void drop(const QStringList &paths) const;
+    // Makes that many PDF files (in/1.pdf ...) and drops them; returns their paths.
+    QStringList dropFiles(int count) const;
+    // Opens the settings dialog from the toolbar and closes it with "Cancel" or "Apply".
+    void visitSettings(const char *closingButton = "pushButton_Cancle") const;
+
+    QStringList pathsInTable() const;
+    QString sizeText(int row) const; // a null string without an item
+
+    // What the window shows of the run's state.
+    bool showsIdle() const;
+    bool showsRunning() const;
+
+    ProgramFolder folder;
+    UrlRecorder urls;
+    QString outputFolder; // exists; what open() puts into the output line
+    QPointer<OpenWindow> window;
+};
