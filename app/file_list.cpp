@@ -27,7 +27,7 @@ void tovrane::On_Button_AddFile()
         return;
     }
     // Stored before any file is looked at: the folder counts even when none of its files is accepted.
-    store::open().setValue(store::key::inputFolder, folderOfPath(paths.first()));
+    store::write(store::key::inputFolder, folderOfPath(paths.first()));
     appendRows(ui->tableWidget_Files, filesToAdd(paths));
 }
 

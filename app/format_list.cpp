@@ -85,7 +85,7 @@ void tovrane::On_Button_OutputFolder()
     if (folder.isEmpty()) {
         return;
     }
-    store::open().setValue(store::key::outputFolder, folder);
+    store::write(store::key::outputFolder, folder);
     ui->lineEdit_OutputPath->clear();
     ui->lineEdit_OutputPath->setText(folder);
 }

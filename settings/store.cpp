@@ -23,6 +23,12 @@ QString text(const QSettings &settings, QLatin1String key, QLatin1String fallbac
     return settings.value(key, fallback).toString();
 }
 
+void write(QLatin1String key, const QString &value)
+{
+    QSettings settings = open();
+    settings.setValue(key, value);
+}
+
 bool isOn(const QString &flag)
 {
     return flag == QLatin1String("1");

@@ -45,6 +45,9 @@ void restrictToOwner();
 // Reads one text from an open store; a missing key gives `fallback`.
 [[nodiscard]] QString text(const QSettings &settings, QLatin1String key, QLatin1String fallback);
 
+// Writes one text in an access of its own.
+void write(QLatin1String key, const QString &value);
+
 // A stored flag is on only when it is exactly "1".
 [[nodiscard]] bool isOn(const QString &flag);
 

@@ -35,8 +35,8 @@ void StoreTest::readingMakesNoFile()
 
 void StoreTest::writesOneSectionInTheCurrentFolder()
 {
-    store::open().setValue(store::key::outputKindRow, 8);
-    store::open().setValue(store::key::converterFormat, QStringLiteral("20"));
+    store::write(store::key::outputKindRow, QStringLiteral("8"));
+    store::write(store::key::converterFormat, QStringLiteral("20"));
     QFile file(fileName);
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
     QCOMPARE(file.readAll(), QByteArray("[SettingInfo]\nConverterFormat=20\nListWidgetCurrtentItemRow=8\n"));
@@ -44,7 +44,7 @@ void StoreTest::writesOneSectionInTheCurrentFolder()
 
 void StoreTest::passwordsArePlainText()
 {
-    store::open().setValue(store::key::userPassword, QStringLiteral("geheim"));
+    store::write(store::key::userPassword, QStringLiteral("geheim"));
     QFile file(fileName);
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
     QCOMPARE(file.readAll(), QByteArray("[SettingInfo]\nUserPassword=geheim\n"));
@@ -60,7 +60,7 @@ void StoreTest::missingKeyGivesTheReadersDefault()
 void StoreTest::everyOpeningSeesTheLastWrite()
 {
     const QString typed = QStringLiteral(" a, \"b\"; ä=文%03d\n");
-    store::open().setValue(store::key::tempName, typed);
+    store::write(store::key::tempName, typed);
     QCOMPARE(store::text(store::open(), store::key::tempName, QLatin1String("")), typed);
 }
 
