@@ -31,6 +31,6 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "poppler-data, fonts-liberation, fonts-dejavu-core, \
 libreoffice-writer-nogui | libreoffice-writer, libreoffice-calc-nogui | libreoffice-calc, \
 libreoffice-impress-nogui | libreoffice-impress")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, fonts-wqy-zenhei")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils, fonts-wqy-zenhei")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA "${linux}/postrm")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
