@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/font_widths.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 
@@ -87,9 +89,18 @@ enum Face { SansRegular, SansBold, SerifRegular, SerifBold, SerifItalic, SerifBo
 
 constexpr double FixedPitchWidth = 0.6;
 
+// Many fonts carry no flags; the names of the commonest ones tell.
+bool hasSerifs(const model::Style &style)
+{
+    static const QRegularExpression names(
+        QStringLiteral("Times|Roman|Georgia|Garamond|Palatino|Bookman|Century|Cambria|Minion|Melior|Caslon|Baskerville|"
+                       "Bodoni|Serif|Song|Ming|^CM(?!SS|TT|MI|SY|EX)|^SF(?!SS|SX|TT)|^LM(?!Sans|Mono)"));
+    return style.serif || (!style.family.contains("Sans"_L1) && names.match(style.family).hasMatch());
+}
+
 Face faceOf(const model::Style &style)
 {
-    if (!style.serif) {
+    if (!hasSerifs(style)) {
         return style.bold ? SansBold : SansRegular;
     }
     if (style.bold) {
@@ -115,7 +126,7 @@ std::size_t indexOf(char16_t sign)
 
 QString measuredFamily(const model::Style &style)
 {
-    return style.fixedPitch ? u"Courier New"_s : style.serif ? u"Times New Roman"_s : u"Arial"_s;
+    return style.fixedPitch ? u"Courier New"_s : hasSerifs(style) ? u"Times New Roman"_s : u"Arial"_s;
 }
 
 std::optional<double> textWidth(const QString &text, const model::Style &style)

@@ -158,7 +158,8 @@ void StyleTable::noteFont(const model::Style &style)
     QString quoted = family;
     quoted.replace(u'\'', u' ');
     // The kind of the face lets a word processor without this font choose one that looks alike.
-    const QString generic = style.fixedPitch ? u"modern"_s : style.serif ? u"roman"_s : u"swiss"_s;
+    const QString like = measuredFamily(style);
+    const QString generic = style.fixedPitch ? u"modern"_s : like == "Arial"_L1 ? u"swiss"_s : u"roman"_s;
     m_fonts.push_back(
         {"style:font-face"_L1,
          {{"style:name"_L1, family},

@@ -58,7 +58,7 @@ private:
     ParagraphPlace m_pending; // the break and bookmark that the next paragraph carries
     bool m_hasPending = false;
     QString m_masterPage;
-    bool m_afterColumns = false;
+    bool m_breakWouldBeLost = false;
     bool m_afterTable = false;
     int m_sections = 0;
     double m_firstAbove = 0; // blank space above the first block of a page
@@ -73,10 +73,10 @@ void FlowWriter::flushBreak()
     }
 }
 
-// A break right after columns, and a table right after another, are lost without a paragraph between.
+// A break right after columns is lost, one right after frames comes before them: an empty paragraph goes between.
 void FlowWriter::closeBefore()
 {
-    if (std::exchange(m_afterColumns, false)) {
+    if (std::exchange(m_breakWouldBeLost, false)) {
         writeAnchorParagraph(m_sink, {});
         m_afterTable = false;
     }
@@ -116,6 +116,7 @@ void FlowWriter::writeScan(const model::Page &page)
     m_hasPending = false;
     writePictures(m_sink, page, m_pictures, FrameAnchor::Behind);
     m_sink.xml.writeEndElement();
+    m_breakWouldBeLost = true;
 }
 
 void FlowWriter::writePicturesBehind(const model::Page &page)
@@ -199,7 +200,7 @@ void FlowWriter::writeSection(const model::Page &page, const model::Section &sec
     }
     if (inColumns) {
         m_sink.xml.writeEndElement();
-        m_afterColumns = true;
+        m_breakWouldBeLost = true;
         m_afterTable = false;
     }
 }

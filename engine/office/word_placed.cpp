@@ -38,6 +38,9 @@ void writePages(OdfFile &file, const model::Document &document, const PageWriter
         beginAnchorParagraph(sink, place);
         writePage(sink, page);
         sink.xml.writeEndElement();
+        // The next page's break is written at the end of the paragraph before it, ahead of its frames: it gets one
+        // without frames.
+        writeAnchorParagraph(sink, {});
     }
 }
 

@@ -63,7 +63,7 @@ public:
     }
 
 private:
-    SplashColor m_white = {0xff, 0xff, 0xff, 0xff};
+    static inline SplashColor m_white = {0xff, 0xff, 0xff, 0xff}; // read before members of the object exist
     bool m_withText;
 };
 
