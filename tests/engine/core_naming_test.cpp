@@ -299,7 +299,7 @@ void CoreNamingTest::paper()
         QCOMPARE(paper->height, expected[1]);
     }
     options.width = 1'000'000'000;
-    QVERIFY_EXCEPTION_THROWN(paperSize(options, 612, 792), Failure);
+    QVERIFY_THROWS_EXCEPTION(Failure, paperSize(options, 612, 792));
 }
 
 QTEST_APPLESS_MAIN(CoreNamingTest)
