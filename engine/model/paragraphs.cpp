@@ -166,12 +166,14 @@ bool isApart(const Word &left, const Word &right)
 {
     constexpr double blank = 0.15; // font sizes
     const double gap = right.box.left - left.box.right;
-    if (right.style.size < 0.85 * left.style.size && right.baseline > left.baseline &&
-        std::abs(gap) < 0.1 * left.style.size) {
-        return false; // an index hangs on its letter
+    const bool inOrder = &right == &left + 1;
+    const bool index = right.style.size < 0.85 * left.style.size && right.baseline > left.baseline &&
+                       std::abs(gap) < 0.1 * left.style.size;
+    const bool stacked = gap < -0.3 * left.style.size && right.baseline != left.baseline;
+    if (inOrder && (index || stacked)) {
+        return false; // an index hangs on its letter, a lower index under the upper one
     }
-    return left.spaceAfter || &right != &left + 1 ||
-           right.box.left - left.box.right > blank * std::max(left.style.size, right.style.size);
+    return left.spaceAfter || !inOrder || gap > blank * std::max(left.style.size, right.style.size);
 }
 
 } // namespace
