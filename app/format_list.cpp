@@ -32,7 +32,7 @@ QString tovrane::GetOutputFormat() const
 void tovrane::fillFormatList()
 {
     for (const OutputKind &kind : outputKinds()) {
-        ui->listWidget_Format->addItem(kind.text);
+        ui->listWidget_Format->addItem(tr(kind.text.data()));
     }
     const int saved = store::open().value(store::key::outputKindRow, 0).toInt();
     ui->listWidget_Format->setCurrentRow(selectableRow(saved)); // runs On_ListWidget_ItemClicked()

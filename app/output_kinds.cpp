@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/output_kinds.h"
 
+#include <QCoreApplication>
+
 #include <array>
 
 namespace {
@@ -25,18 +27,33 @@ constexpr DisabledControls none = DisabledControls::None;
 
 // Word and Excel default to the old formats, PowerPoint to the new one, on purpose.
 constexpr std::array kinds{
-    OutputKind{QLatin1String("PDF to Word"), Extension(".doc"), wordExtensions, true, false, none},
-    OutputKind{QLatin1String("PDF to Excel"), Extension(".xls"), excelExtensions, false, false, none},
-    OutputKind{QLatin1String("PDF to PPT"), Extension(".pptx"), powerPointExtensions, false, false, none},
     OutputKind{
-        QLatin1String("PDF to HTML"), Extension(".html"), htmlExtensions, false, false, DisabledControls::PageSize},
-    OutputKind{QLatin1String("PDF to XML"), Extension(".xml"), xmlExtensions, false, false, DisabledControls::PageSize},
-    OutputKind{QLatin1String("PDF to PostScript"), Extension(".ps"), postScriptExtensions, false, false, none},
-    OutputKind{QLatin1String("PDF to EPS"), Extension(".eps"), epsExtensions, false, false, none},
+        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Word")), Extension(".doc"), wordExtensions, true, false,
+        none},
     OutputKind{
-        QLatin1String("PDF to Text"), Extension(".txt"), textExtensions, false, false,
+        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Excel")), Extension(".xls"), excelExtensions, false, false,
+        none},
+    OutputKind{
+        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to PPT")), Extension(".pptx"), powerPointExtensions, false,
+        false, none},
+    OutputKind{
+        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to HTML")), Extension(".html"), htmlExtensions, false, false,
+        DisabledControls::PageSize},
+    OutputKind{
+        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to XML")), Extension(".xml"), xmlExtensions, false, false,
+        DisabledControls::PageSize},
+    OutputKind{
+        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to PostScript")), Extension(".ps"), postScriptExtensions, false,
+        false, none},
+    OutputKind{
+        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to EPS")), Extension(".eps"), epsExtensions, false, false,
+        none},
+    OutputKind{
+        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Text")), Extension(".txt"), textExtensions, false, false,
         DisabledControls::PageSizeResolutionAndColor},
-    OutputKind{QLatin1String("PDF to Image"), Extension(".tiff"), imageExtensions, false, true, none},
+    OutputKind{
+        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Image")), Extension(".tiff"), imageExtensions, false, true,
+        none},
 };
 
 bool hasRow(int row)

@@ -12,7 +12,7 @@ enum class DisabledControls { None, PageSize, PageSizeResolutionAndColor };
 // One row of the main window's format list and what it means to the settings dialog.
 struct OutputKind
 {
-    QLatin1String text;
+    QLatin1String text; // not translated yet
     QLatin1String defaultExtension;
     std::span<const QLatin1String> offeredExtensions; // the settings dialog's choice, in its order
     bool hasWordMode;

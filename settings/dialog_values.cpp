@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/dialog_values.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 
@@ -9,26 +11,28 @@ namespace dialogValues {
 namespace {
 
 constexpr std::array wordModes{
-    QLatin1String("Combine text blocks automatically (Good)"),
-    QLatin1String("Flow text with text boxes"),
-    QLatin1String("Flow text without text boxes"),
-    QLatin1String("Continuous text without text boxes"),
-    QLatin1String("Exact mode for reconstruction"),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "Combine text blocks automatically (Good)")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "Flow text with text boxes")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "Flow text without text boxes")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "Continuous text without text boxes")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "Exact mode for reconstruction")),
 };
 
 constexpr std::array compressions{
-    QLatin1String("None compression"),
-    QLatin1String("CCITT Group 3 fax encoding 1D"),
-    QLatin1String("CCITT Group 3 fax encoding 2D"),
-    QLatin1String("CCITT Group 4 fax encoding"),
-    QLatin1String("LZW compression"),
-    QLatin1String("PackBits compression"),
-    QLatin1String("204x98 G3 Class F TIFF"),
-    QLatin1String("204x196 G3 Class F TIFF"),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "None compression")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "CCITT Group 3 fax encoding 1D")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "CCITT Group 3 fax encoding 2D")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "CCITT Group 4 fax encoding")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "LZW compression")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "PackBits compression")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "204x98 G3 Class F TIFF")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "204x196 G3 Class F TIFF")),
 };
 
 // The list for JPEG is the general one without its first row.
-constexpr std::array colorDepths{QLatin1String("1 Bit"), QLatin1String("8 Bits"), QLatin1String("24 Bits")};
+constexpr std::array colorDepths{
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "1 Bit")), QLatin1String(QT_TRANSLATE_NOOP("Setting", "8 Bits")),
+    QLatin1String(QT_TRANSLATE_NOOP("Setting", "24 Bits"))};
 
 constexpr std::array jpegExtensions{QLatin1String(".jpeg"), QLatin1String(".jpe"), QLatin1String(".jpg")};
 

@@ -10,7 +10,7 @@
 // number counts as 0 everywhere.
 namespace dialogValues {
 
-// The rows of the dialog's fixed lists.
+// The rows of the dialog's fixed lists, not translated yet.
 [[nodiscard]] std::span<const QLatin1String> wordModeTexts();
 [[nodiscard]] std::span<const QLatin1String> compressionTexts();
 

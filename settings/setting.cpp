@@ -9,13 +9,25 @@
 
 namespace {
 
-void refill(QComboBox *box, std::span<const QLatin1String> texts, int row)
+void refill(QComboBox *box, const QStringList &texts, int row)
 {
     box->clear();
-    for (const QLatin1String text : texts) {
-        box->addItem(text);
-    }
+    box->addItems(texts);
     box->setCurrentIndex(row);
+}
+
+QStringList untranslated(std::span<const QLatin1String> texts)
+{
+    return {texts.begin(), texts.end()};
+}
+
+QStringList translated(std::span<const QLatin1String> texts)
+{
+    QStringList result;
+    for (const QLatin1String text : texts) {
+        result.append(Setting::tr(text.data()));
+    }
+    return result;
 }
 
 QString storedKindRow()
@@ -66,13 +78,15 @@ void Setting::Init()
         field->setEnabled(false);
     }
     ui->checkBox_MultiPageTIFF->setChecked(false);
-    refill(ui->comboBox_BitCount, dialogValues::colorDepthTexts(QString()), dialogValues::fullColorRow(QString()));
-    refill(ui->comboBox_Compression, dialogValues::compressionTexts(), 0);
+    refill(
+        ui->comboBox_BitCount, translated(dialogValues::colorDepthTexts(QString())),
+        dialogValues::fullColorRow(QString()));
+    refill(ui->comboBox_Compression, translated(dialogValues::compressionTexts()), 0);
     ui->lineEdit_TempName->clear();
     ui->checkBox_SingleTempName->setChecked(false);
     ui->lineEdit_FirstPage->clear();
     ui->lineEdit_LastPage->clear();
-    refill(ui->comboBox_WordMode, dialogValues::wordModeTexts(), 0);
+    refill(ui->comboBox_WordMode, translated(dialogValues::wordModeTexts()), 0);
     applyOutputKind();
 }
 
@@ -84,7 +98,7 @@ void Setting::applyOutputKind()
     if (kind == nullptr) {
         return;
     }
-    refill(ui->comboBox_Format, kind->offeredExtensions, 0);
+    refill(ui->comboBox_Format, untranslated(kind->offeredExtensions), 0);
     ui->label_WordMode->setVisible(kind->hasWordMode);
     ui->comboBox_WordMode->setVisible(kind->hasWordMode);
     if (!kind->hasImageTab) {
@@ -145,7 +159,9 @@ void Setting::On_CheckBox_ResetResolution_Checked_Change()
 void Setting::setColorBit()
 {
     const QString extension = ui->comboBox_Format->currentText();
-    refill(ui->comboBox_BitCount, dialogValues::colorDepthTexts(extension), dialogValues::fullColorRow(extension));
+    refill(
+        ui->comboBox_BitCount, translated(dialogValues::colorDepthTexts(extension)),
+        dialogValues::fullColorRow(extension));
 }
 
 void Setting::DynimicUpdateTIFFChoice(bool on)
