@@ -102,7 +102,8 @@ QString lineHeight(const model::Paragraph &paragraph, bool exactLeading)
 Attributes paragraphProperties(const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
     const bool centred = paragraph.alignment == model::Alignment::Centre;
-    const bool keepsLeft = !centred && paragraph.alignment != model::Alignment::Right;
+    const bool inList = !paragraph.listMark.isEmpty();
+    const bool keepsLeft = inList || (!centred && paragraph.alignment != model::Alignment::Right);
     Attributes properties = {
         {"fo:margin-left"_L1, pt(place.left + (keepsLeft ? paragraph.indentLeft : 0))},
         {"fo:margin-right"_L1, pt(place.right + std::max(0.0, rightIndent(paragraph)))},

@@ -1,0 +1,192 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What the engine's outputs hold, as libraries of other makers and the formats' own structure tell it."""
+import html.parser
+import os
+import re
+import subprocess
+import tempfile
+import unicodedata
+import xml.etree.ElementTree as ElementTree
+import zipfile
+
+W = "{http://schemas.openxmlformats.org/wordprocessingml/2006/main}"
+A = "{http://schemas.openxmlformats.org/drawingml/2006/main}"
+FALLBACK = "{http://schemas.openxmlformats.org/markup-compatibility/2006}Fallback"
+
+
+def run(*command, timeout=300):
+    return subprocess.run(command, capture_output=True, check=True, timeout=timeout).stdout
+
+
+def tokens(text):
+    """The words of a text; compatibility forms (ligatures, presentation forms) count as what they stand for."""
+    return re.findall(r"\w+", unicodedata.normalize("NFKC", text.replace("\u00ad", "")))
+
+
+def pdf_text(path, *options):
+    return run("pdftotext", *options, path, "-").decode("utf-8", "replace")
+
+
+def pdf_pages(path):
+    return int(re.search(rb"Pages:\s+(\d+)", run("pdfinfo", path)).group(1))
+
+
+def back_to_pdf(path, folder):
+    """The file as LibreOffice shows it, as a PDF file in the folder."""
+    with tempfile.TemporaryDirectory() as profile:
+        run("soffice", "-env:UserInstallation=file://" + profile, "--headless", "--convert-to", "pdf",
+            "--outdir", folder, path)
+    made = os.path.join(folder, os.path.splitext(os.path.basename(path))[0] + ".pdf")
+    if not os.path.exists(made):
+        raise AssertionError("LibreOffice cannot open " + path)
+    return made
+
+
+def _shown(element):
+    """All elements below, without the second copy of each text box that is kept for old readers."""
+    for child in element:
+        if child.tag != FALLBACK:
+            yield child
+            yield from _shown(child)
+
+
+def _own_text(paragraph):
+    """The text of a paragraph without that of text boxes inside it."""
+    parts = []
+
+    def walk(element):
+        for child in element:
+            if child.tag in (FALLBACK, W + "txbxContent"):
+                continue
+            if child.tag == W + "t":
+                parts.append(child.text or "")
+            elif child.tag in (W + "tab", W + "br", W + "cr"):
+                parts.append(" ")
+            walk(child)
+
+    walk(paragraph)
+    return "".join(parts)
+
+
+def _pages_of(section):
+    """How many pages a section has at least: one more than its page breaks."""
+    breaks = sum(1 for element in section for each in element.iter(W + "br") if each.get(W + "type") == "page")
+    return 1 + breaks + sum(1 for element in section for _ in element.iter(W + "pageBreakBefore"))
+
+
+class WordFile:
+    def __init__(self, path):
+        import docx
+
+        document = docx.Document(path)
+        body = document.element.body
+        self.paragraphs = [_own_text(each) for each in _shown(body) if each.tag == W + "p"]
+        self.text_boxes = sum(1 for each in _shown(body) if each.tag == W + "txbxContent")
+        self.framed = sum(1 for each in _shown(body) if each.tag == W + "framePr")
+        self.tables = len(document.tables)
+        self.heads = []
+        sections, open_section = [], []
+        for element in body:
+            open_section.append(element)
+            if element.tag == W + "sectPr" or element.find(W + "pPr/" + W + "sectPr") is not None:
+                sections.append(open_section)
+                open_section = []
+        for section, elements in zip(document.sections, sections):
+            # A running head stands on every page of its section.
+            for part in (section.header, section.footer):
+                texts = [_own_text(each) for each in part._element.iter(W + "p")]
+                self.heads += texts * _pages_of(elements)
+        self.page_sizes = [(each.page_width.pt, each.page_height.pt) for each in document.sections]
+
+    def text(self):
+        return "\n".join(self.paragraphs + self.heads)
+
+
+def slide_texts(path):
+    """The text of each slide."""
+    with zipfile.ZipFile(path) as archive:
+        names = sorted((n for n in archive.namelist() if re.fullmatch(r"ppt/slides/slide\d+\.xml", n)),
+                       key=lambda n: int(re.search(r"\d+", n).group()))
+        slides = []
+        for name in names:
+            root = ElementTree.fromstring(archive.read(name))
+            paragraphs = ("".join(t.text or "" for t in p.iter(A + "t")) for p in root.iter(A + "p"))
+            slides.append("\n".join(paragraphs))
+        return slides
+
+
+def sheet_tables(path):
+    """Each sheet's cells: (row, column, last row, last column, text as shown, value)."""
+    import openpyxl
+
+    sheets = []
+    for sheet in openpyxl.load_workbook(path).worksheets:
+        spans = {(r.min_row, r.min_col): (r.max_row, r.max_col) for r in sheet.merged_cells.ranges}
+        cells = []
+        for row in sheet.iter_rows():
+            for cell in row:
+                if cell.value is not None:
+                    last = spans.get((cell.row, cell.column), (cell.row, cell.column))
+                    cells.append((cell.row, cell.column, last[0], last[1], shown(cell), cell.value))
+        sheets.append(cells)
+    return sheets
+
+
+def shown(cell):
+    """The cell's text as its number format shows it, for the formats that the engine writes."""
+    value, form = cell.value, cell.number_format or "General"
+    if isinstance(value, str) or isinstance(value, bool):
+        return str(value)
+    negative_part = form.split(";")[1] if value < 0 and ";" in form else None
+    if ";" in form:
+        parts = form.split(";")
+        # "[>=0]a;b" names the condition, "a;b" does not
+        form = next((p for p in parts if (">=0" in p) == (value >= 0)), parts[0]) if "[" in form else (
+            negative_part or parts[0])
+    form = re.sub(r"\[[^\]]*\]", "", form)
+    if "%" in form:
+        value *= 100
+    match = re.search(r"[#0][#0,]*(\.0+)?", form)
+    if not match:
+        return ("%g" % value)
+    decimals = len(match.group(1) or ".") - 1
+    negative = value < 0 and "(" not in form
+    number = ("{:,.%df}" if "," in match.group() else "{:.%df}").replace("%d", str(decimals)).format(abs(value))
+    literal = lambda part: re.sub(r"[\"\\_]", "", part)
+    return ("-" if negative else "") + literal(form[:match.start()]) + number + literal(form[match.end():])
+
+
+class _TextOfHtml(html.parser.HTMLParser):
+    BLOCKS = {"p", "h1", "h2", "h3", "li", "td", "th", "div", "br", "tr", "pre"}
+
+    def __init__(self):
+        super().__init__()
+        self.parts = []
+        self.skipped = 0
+
+    def handle_starttag(self, tag, attrs):
+        self.skipped += tag in ("style", "script", "title")
+        if tag in self.BLOCKS:
+            self.parts.append("\n")
+
+    def handle_endtag(self, tag):
+        self.skipped -= tag in ("style", "script", "title")
+        if tag in self.BLOCKS:
+            self.parts.append("\n")
+
+    def handle_data(self, data):
+        if not self.skipped:
+            self.parts.append(data)
+
+
+def html_text(path):
+    reader = _TextOfHtml()
+    with open(path, encoding="utf-8") as file:
+        reader.feed(file.read())
+    return "".join(reader.parts)
+
+
+def xml_words(path):
+    """The text of the plain XML form: its leaves, a word each."""
+    root = ElementTree.parse(path).getroot()
+    return " ".join(each.text for each in root.iter() if len(each) == 0 and each.text)
