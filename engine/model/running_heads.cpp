@@ -17,8 +17,9 @@ constexpr std::size_t fewestPages = 3;
 struct EdgeRow
 {
     Row row;
-    QString key; ///< its text with every number replaced
-    bool top = false;
+    QString key;            ///< its text with every number replaced
+    double gap = 0;         ///< font sizes from its baseline to that of the next row towards the page's middle
+    bool outermost = false; ///< nothing stands between it and the edge of the page
 };
 
 QString keyOf(const Row &row)
@@ -60,11 +61,12 @@ std::vector<EdgeRow> edgeRows(const RawPage &page)
     const auto [first, last] = textExtent(page);
     const double reach = edgeShare * page.height;
     for (const bool top : {true, false}) {
-        WordRefs words;
+        const auto inZone = [&](double y, double depth) {
+            return top ? y < std::max(first + depth / 2, depth) : y > std::min(last - depth / 2, page.height - depth);
+        };
+        WordRefs words; // from further in than looked for, to see how far the next row is
         for (const Word &word : page.words) {
-            const double y = word.box.centreY();
-            if (word.rotation == 0 &&
-                (top ? y < std::max(first + reach / 2, reach) : y > std::min(last - reach / 2, page.height - reach))) {
+            if (word.rotation == 0 && inZone(word.box.centreY(), 2 * reach)) {
                 words.push_back(&word);
             }
         }
@@ -72,10 +74,12 @@ std::vector<EdgeRow> edgeRows(const RawPage &page)
         if (!top) {
             std::reverse(rows.begin(), rows.end());
         }
-        rows.resize(std::min(rows.size(), outermostRows));
-        for (Row &row : rows) {
-            QString key = keyOf(row);
-            found.push_back({std::move(row), std::move(key), top});
+        for (std::size_t i = 0; i < std::min(rows.size(), outermostRows) && inZone(rows[i].box.centreY(), reach); ++i) {
+            constexpr double farAway = 99;
+            const double gap = i + 1 < rows.size() ? std::abs(rows[i + 1].baseline - rows[i].baseline) /
+                                                         std::max(rows[i].size, rows[i + 1].size)
+                                                   : farAway;
+            found.push_back({rows[i], keyOf(rows[i]), gap, i == 0});
         }
     }
     return found;
@@ -127,14 +131,22 @@ std::vector<std::set<const Word *>> findRunningHeads(const std::vector<RawPage> 
     const std::size_t needed = std::max(fewestPages, pages.size() / 12);
     addTurnedStamps(pages, needed, heads);
     for (std::size_t i = 0; i < pages.size(); ++i) {
-        for (const EdgeRow &row : rows[i]) {
-            const QList<double> &heights = places[row.key];
-            const auto alike = std::count_if(heights.begin(), heights.end(), [&row](double y) {
-                return std::abs(y - row.row.baseline) <= sameHeight;
+        // From the text outwards: a line that the text follows at its usual distance is part of it, such as the head
+        // of a table that comes back on each page.
+        bool apart = false;
+        for (auto row = rows[i].rbegin(); row != rows[i].rend(); ++row) {
+            const QList<double> &heights = places[row->key];
+            const auto alike = std::count_if(heights.begin(), heights.end(), [row](double y) {
+                return std::abs(y - row->row.baseline) <= sameHeight;
             });
-            if (static_cast<std::size_t>(alike) >= needed) {
-                heads[i].insert(row.row.words.begin(), row.row.words.end());
+            constexpr double usualGap = 1.5;
+            const bool repeated = static_cast<std::size_t>(alike) >= needed;
+            const bool isNumber = row->key == QLatin1String("# ");
+            apart = apart || row->gap > usualGap;
+            if (repeated && (apart || isNumber)) {
+                heads[i].insert(row->row.words.begin(), row->row.words.end());
             }
+            apart = apart && !row->outermost; // the other end of the page begins anew
         }
     }
     return heads;

@@ -57,6 +57,32 @@ bool hasRuleBetween(const std::vector<Rule> &horizontal, const Row &upper, const
     });
 }
 
+// A heading over several columns has a line of its own under it, shorter than the table is wide.
+bool isHeadingOver(const Row &upper, const Row &lower, const std::vector<Rule> &horizontal)
+{
+    const double whole = std::max(lower.box.right, upper.box.right) - std::min(lower.box.left, upper.box.left);
+    return lower.baseline - upper.baseline < 2 * lower.size &&
+           std::any_of(horizontal.begin(), horizontal.end(), [&](const Rule &rule) {
+               return rule.y1 > upper.box.centreY() && rule.y1 < lower.box.centreY() && rule.x1 < upper.box.centreX() &&
+                      rule.x2 > upper.box.centreX() && rule.length() < 0.8 * whole;
+           });
+}
+
+// The last lines of a wrapped cell stand alone under it, in its column.
+bool wrapsOn(const std::vector<Segment> &upper, const std::vector<Segment> &lower, double step, double size)
+{
+    if (lower.size() != 1 || step > 1.3 * size || !lower.front().words.front()->text.front().isLower()) {
+        return false;
+    }
+    for (std::size_t i = 0; i < upper.size(); ++i) {
+        const double room = i + 1 < upper.size() ? upper[i + 1].box.left : upper[i].box.right + size;
+        if (std::abs(upper[i].box.left - lower.front().box.left) < size && lower.front().box.right < room) {
+            return true;
+        }
+    }
+    return false;
+}
+
 // Stretches of rows close to one another in which nearly all are cut by wide gaps.
 std::vector<Stretch> candidateStretches(
     const std::vector<Row> &rows, const std::vector<std::vector<Segment>> &segments,
@@ -83,6 +109,17 @@ std::vector<Stretch> candidateStretches(
                 break;
             }
         }
+        const std::size_t floor = stretches.empty() ? 0 : stretches.back().last + 1;
+        while (stretch.first > floor && isHeadingOver(rows[stretch.first - 1], rows[stretch.first], horizontal)) {
+            --stretch.first;
+        }
+        std::size_t next = stretch.last + 1;
+        while (next < rows.size() && wrapsOn(
+                                         segments[stretch.last], segments[next],
+                                         rows[next].baseline - rows[next - 1].baseline, rows[next].size)) {
+            ++next;
+        }
+        stretch.last = next - 1;
         stretches.push_back(stretch);
         i = stretch.last + 1;
     }

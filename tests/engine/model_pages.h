@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/model/build.h"
+
+#include <QStringList>
+
+#include <string>
+
+/// Pages made by hand, the way the collector would deliver them.
+class PageMaker
+{
+public:
+    explicit PageMaker(int number = 1, double width = 600, double height = 800)
+    {
+        m_page.number = number;
+        m_page.width = width;
+        m_page.height = height;
+    }
+
+    /// Writes the words of a text from x on, each letter half the size wide; returns where the text ends.
+    double text(double x, double baseline, const QString &text, double size = 10)
+    {
+        quorra::model::Style style;
+        style.family = QStringLiteral("Times New Roman");
+        style.size = size;
+        return styled(x, baseline, text, style);
+    }
+
+    double bold(double x, double baseline, const QString &text, double size = 10)
+    {
+        quorra::model::Style style;
+        style.family = QStringLiteral("Times New Roman");
+        style.size = size;
+        style.bold = true;
+        return styled(x, baseline, text, style);
+    }
+
+    double styled(double x, double baseline, const QString &text, const quorra::model::Style &style)
+    {
+        for (const QString &part : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+            quorra::model::Word word;
+            word.text = part;
+            word.baseline = baseline;
+            word.style = style;
+            const double width = 0.5 * style.size * static_cast<double>(part.size());
+            word.box = {x, baseline - 0.8 * style.size, x + width, baseline + 0.2 * style.size};
+            m_page.words.push_back(word);
+            x += width + 0.25 * style.size;
+        }
+        return x;
+    }
+
+    /// Lines of running text, 12 points apart; returns the baseline after the last.
+    double lines(double x, double baseline, const QStringList &texts)
+    {
+        for (const QString &line : texts) {
+            text(x, baseline, line);
+            baseline += 12;
+        }
+        return baseline;
+    }
+
+    void rule(double x1, double y1, double x2, double y2) { m_page.rules.push_back({x1, y1, x2, y2, 0.5, 0}); }
+
+    /// All lines of a grid with these edges.
+    void grid(const std::vector<double> &xs, const std::vector<double> &ys)
+    {
+        for (const double y : ys) {
+            rule(xs.front(), y, xs.back(), y);
+        }
+        for (const double x : xs) {
+            rule(x, ys.front(), x, ys.back());
+        }
+    }
+
+    quorra::model::RawPage &raw() { return m_page; }
+
+    quorra::model::Document build() const { return quorra::model::buildDocument({m_page}); }
+
+private:
+    quorra::model::RawPage m_page;
+};
+
+/// Prose of that many lines, none like another, all about as long as the column is wide.
+inline QStringList prose(int lines, const QString &mark = QStringLiteral("alpha"))
+{
+    QStringList texts;
+    for (int i = 0; i < lines; ++i) {
+        texts += QStringLiteral("%1 runs along this line until number %2 and").arg(mark, QString::number(10 + i));
+    }
+    return texts;
+}
+
+/// The texts of all paragraphs of the first page, in reading order.
+inline QStringList paragraphTexts(const quorra::model::Document &document)
+{
+    QStringList texts;
+    for (const auto &section : document.pages.front().sections) {
+        for (const auto &block : section.blocks) {
+            if (block.paragraph()) {
+                texts += quorra::model::plainText(block.paragraph()->runs);
+            }
+        }
+    }
+    return texts;
+}
+
+/// The first table of the first page; null without one.
+inline const quorra::model::Table *firstTable(const quorra::model::Document &document)
+{
+    for (const auto &section : document.pages.front().sections) {
+        for (const auto &block : section.blocks) {
+            if (block.table()) {
+                return block.table();
+            }
+        }
+    }
+    return nullptr;
+}
+
+/// A cell's text by its place; "(none)" where no cell begins.
+inline QString cellText(const quorra::model::Table &table, int row, int column)
+{
+    for (const auto &cell : table.cells) {
+        if (cell.row == row && cell.column == column) {
+            QStringList texts;
+            for (const auto &paragraph : cell.paragraphs) {
+                texts += quorra::model::plainText(paragraph.runs);
+            }
+            return texts.join(QLatin1Char('|'));
+        }
+    }
+    return QStringLiteral("(none)");
+}

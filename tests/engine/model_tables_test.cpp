@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model_pages.h"
+
+#include <QTest>
+
+using namespace quorra::model;
+
+namespace {
+
+const Cell *cellAt(const Table &table, int row, int column)
+{
+    for (const Cell &cell : table.cells) {
+        if (cell.row == row && cell.column == column) {
+            return &cell;
+        }
+    }
+    return nullptr;
+}
+
+// Three columns of words and numbers without any line.
+PageMaker plainTable()
+{
+    PageMaker page;
+    const QStringList names{
+        QStringLiteral("Year"), QStringLiteral("North"), QStringLiteral("South"), QStringLiteral("East")};
+    for (int row = 0; row < 4; ++row) {
+        const double y = 200 + 14 * row;
+        page.text(60, y, names.at(row));
+        page.text(200, y, row == 0 ? QStringLiteral("2019") : QString::number(100 + row));
+        page.text(300, y, row == 0 ? QStringLiteral("2020") : QString::number(200 + row));
+    }
+    return page;
+}
+
+} // namespace
+
+class ModelTablesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void findsRuledTable()
+    {
+        PageMaker page;
+        page.grid({50, 150, 250}, {100, 120, 140});
+        page.text(60, 114, QStringLiteral("one two"));
+        page.text(160, 114, QStringLiteral("three"));
+        page.text(60, 134, QStringLiteral("four"));
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QVERIFY(table->ruled);
+        QCOMPARE(table->rows(), 2);
+        QCOMPARE(table->columns(), 2);
+        QCOMPARE(cellText(*table, 0, 0), QStringLiteral("one two"));
+        QCOMPARE(cellText(*table, 0, 1), QStringLiteral("three"));
+        QCOMPARE(cellText(*table, 1, 0), QStringLiteral("four"));
+        QCOMPARE(cellText(*table, 1, 1), QString());
+        QVERIFY(cellAt(*table, 0, 0)->top.width > 0);
+        QVERIFY(document.pages.front().rules.empty()); // the table's lines are not drawn a second time
+    }
+
+    void joinsPiecesOfLines()
+    {
+        PageMaker page; // each cell draws its own sides, dashes leave gaps
+        for (const double x : {50.0, 150.0}) {
+            for (const double y : {100.0, 120.0}) {
+                page.rule(x, y, x + 48, y);
+                page.rule(x + 50, y, x + 100, y);
+                page.rule(x, y + 20, x + 100, y + 20);
+                page.rule(x, y, x, y + 20);
+                page.rule(x + 100, y + 0.4, x + 100, y + 20);
+                page.text(x + 5, y + 14, QStringLiteral("cell"));
+            }
+        }
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(table->rows(), 2);
+        QCOMPARE(table->columns(), 2);
+        QCOMPARE(table->cells.size(), std::size_t(4));
+    }
+
+    void findsSpanningCells()
+    {
+        PageMaker page;
+        page.rule(50, 100, 350, 100);
+        page.rule(150, 120, 350, 120); // the first column goes on downwards
+        page.rule(50, 140, 350, 140);
+        page.rule(50, 100, 50, 140);
+        page.rule(150, 100, 150, 140);
+        page.rule(250, 120, 250, 140); // the head spans both columns
+        page.rule(350, 100, 350, 140);
+        page.text(60, 124, QStringLiteral("key"));
+        page.text(200, 114, QStringLiteral("head"));
+        page.text(160, 134, QStringLiteral("left"));
+        page.text(260, 134, QStringLiteral("right"));
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(table->cells.size(), std::size_t(4));
+        QCOMPARE(cellAt(*table, 0, 0)->rowSpan, 2);
+        QCOMPARE(cellText(*table, 0, 0), QStringLiteral("key"));
+        QCOMPARE(cellAt(*table, 0, 1)->columnSpan, 2);
+        QCOMPARE(cellText(*table, 0, 1), QStringLiteral("head"));
+        QCOMPARE(cellText(*table, 1, 2), QStringLiteral("right"));
+    }
+
+    void splitsRowsThatNoLineDivides()
+    {
+        PageMaker page;
+        page.grid({50, 150, 250}, {100, 160});
+        for (int i = 0; i < 4; ++i) {
+            page.text(60, 112 + 13 * i, QString::number(10 + i));
+            page.text(160, 112 + 13 * i, QString::number(20 + i));
+        }
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(table->rows(), 4);
+        QCOMPARE(cellText(*table, 2, 1), QStringLiteral("22"));
+    }
+
+    void boxAroundTextIsNoTable()
+    {
+        PageMaker page;
+        page.grid({50, 350}, {90, 200});
+        page.lines(60, 110, prose(6));
+        QVERIFY(!firstTable(page.build()));
+    }
+
+    void findsUnruledTable()
+    {
+        const Document document = plainTable().build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QVERIFY(!table->ruled);
+        QCOMPARE(table->rows(), 4);
+        QCOMPARE(table->columns(), 3);
+        QCOMPARE(cellText(*table, 0, 0), QStringLiteral("Year"));
+        QCOMPARE(cellText(*table, 2, 1), QStringLiteral("102"));
+        QCOMPARE(cellText(*table, 3, 2), QStringLiteral("203"));
+    }
+
+    void headingSpansWhatItsLineSpans()
+    {
+        PageMaker page = plainTable();
+        page.text(240, 184, QStringLiteral("Both"));
+        page.rule(195, 188, 330, 188);
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        const Cell *head = cellAt(*table, 0, 1);
+        QVERIFY(head);
+        QCOMPARE(cellText(*table, 0, 1), QStringLiteral("Both"));
+        QCOMPARE(head->columnSpan, 2);
+    }
+
+    void wrappedCellIsOneRow()
+    {
+        PageMaker page = plainTable();
+        page.text(60, 256, QStringLiteral("West with"));
+        page.text(200, 256, QStringLiteral("104"));
+        page.text(300, 256, QStringLiteral("204"));
+        page.text(60, 268, QStringLiteral("the islands"));
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        const int last = table->rows() - 1;
+        QCOMPARE(cellText(*table, last, 0), QStringLiteral("West with the islands"));
+        QCOMPARE(cellText(*table, last, 2), QStringLiteral("204"));
+    }
+
+    void proseIsNoTable_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::newRow("one column") << 0;
+        QTest::newRow("two columns") << 1;
+        QTest::newRow("wide blanks") << 2;
+        QTest::newRow("table of contents") << 3;
+        QTest::newRow("list") << 4;
+    }
+
+    void proseIsNoTable()
+    {
+        QFETCH(int, kind);
+        PageMaker page;
+        for (int i = 0; i < 8; ++i) {
+            const double y = 200 + 12 * i;
+            switch (kind) {
+            case 0:
+                page.text(60, y, prose(8).at(i));
+                break;
+            case 1:
+                page.text(40, y, prose(8).at(i));
+                page.text(320, y, prose(8, QStringLiteral("omega")).at(i));
+                break;
+            case 2: { // justified lines have blanks of up to a letter's size, never one above the other
+                const double end = page.text(60, y, QStringLiteral("words that stand ") + QString(i, QLatin1Char('x')));
+                page.text(end + 6, y, QStringLiteral("apart from the others in this line of text"));
+                break;
+            }
+            case 3:
+                page.text(60, y, QStringLiteral("Chapter %1 ........................").arg(i));
+                page.text(400, y, QString::number(10 * i));
+                break;
+            default:
+                page.text(60, y, QString::number(i + 1) + QLatin1Char('.'));
+                page.text(90, y, QStringLiteral("an entry of the list"));
+            }
+        }
+        QVERIFY(!firstTable(page.build()));
+    }
+
+    void cellsAreAligned()
+    {
+        PageMaker page;
+        page.grid({50, 150, 250}, {100, 120, 140});
+        page.text(52, 114, QStringLiteral("left"));
+        page.text(190, 114, QStringLiteral("mid"));
+        page.text(60, 134, QStringLiteral("x"));
+        page.text(233, 134, QStringLiteral("777"));
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(cellAt(*table, 0, 0)->paragraphs.front().alignment, Alignment::Left);
+        QCOMPARE(cellAt(*table, 0, 1)->paragraphs.front().alignment, Alignment::Centre);
+        QCOMPARE(cellAt(*table, 1, 1)->paragraphs.front().alignment, Alignment::Right);
+    }
+
+    void everyPlaceIsCoveredOnce()
+    {
+        for (const Document &document : {plainTable().build()}) {
+            const Table *table = firstTable(document);
+            QVERIFY(table);
+            int places = 0;
+            for (const Cell &cell : table->cells) {
+                places += cell.rowSpan * cell.columnSpan;
+            }
+            QCOMPARE(places, table->rows() * table->columns());
+        }
+    }
+};
+
+QTEST_APPLESS_MAIN(ModelTablesTest)
+#include "model_tables_test.moc"
