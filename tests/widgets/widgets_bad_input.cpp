@@ -19,12 +19,6 @@ QString longPath(const ProgramFolder &folder, int length)
     return folder.makePdf(name + QStringLiteral(".pdf"));
 }
 
-void runToTheEnd(const WindowFixture &fixture)
-{
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
-}
-
 // After whatever has happened: the list is whole, and with a working engine a run converts all of it.
 void expectUsable(const WindowFixture &fixture, const QStringList &paths)
 {
@@ -36,7 +30,7 @@ void expectUsable(const WindowFixture &fixture, const QStringList &paths)
         fixture.press();
     QVERIFY(fixture.showsIdle());
     const int before = fixture.folder.endedCount();
-    runToTheEnd(fixture);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.endedCount(), before + int(paths.size()));
     QCOMPARE(fixture.pathsInTable(), paths);
     fixture.selectFormat(3);
@@ -103,7 +97,7 @@ void WidgetsBadInput::oddNamesReachTheEngine()
     fixture.drop({path});
     QCOMPARE(fixture.pathsInTable(), QStringList({path}));
     QVERIFY(!fixture.sizeText(0).isNull());
-    runToTheEnd(fixture);
+    fixture.runToTheEnd();
     const QString output = fixture.outputFolder + QLatin1Char('/') + base + QStringLiteral(".doc");
     const QByteArrayList arguments = fixture.folder.runs().value(0).arguments;
     QCOMPARE(arguments.mid(2), QByteArrayList({"-call", path.toUtf8(), output.toUtf8()}));
@@ -121,7 +115,7 @@ void WidgetsBadInput::quotesSplitTheArguments()
         fixture.folder.makePdf(QStringLiteral("in/\"\"\"x\"\".pdf")),
         fixture.folder.makePdf(QStringLiteral("in/ok.pdf"))};
     fixture.drop(paths);
-    runToTheEnd(fixture);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.runCount(), 4);
     QVERIFY(fixture.folder.runs().at(0).arguments.constLast() != fixture.outputFolder.toUtf8() + "/a\"b.doc");
     QVERIFY(QFile::exists(fixture.outputFolder + QStringLiteral("/ok.doc")));
@@ -136,7 +130,7 @@ void WidgetsBadInput::longestPaths()
     QCOMPARE(path.size(), 4000);
     fixture.drop({path});
     QCOMPARE(fixture.sizeText(0), QStringLiteral("         2,048 KB"));
-    runToTheEnd(fixture);
+    fixture.runToTheEnd();
     const QByteArrayList arguments = fixture.folder.runs().value(0).arguments;
     QCOMPARE(arguments.value(arguments.size() - 2), path.toUtf8());
     QCOMPARE(QDir(fixture.outputFolder).entryList(QDir::Files).size(), 1);
@@ -156,7 +150,7 @@ void WidgetsBadInput::nameThatIsTooLong()
     fixture.call("openFile");
     fixture.call("On_TableWidget_DoubleClicked");
     QCOMPARE(fixture.urls.opened.size(), 1);
-    runToTheEnd(fixture);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.runCount(), 2);
     QVERIFY(QFile::exists(fixture.outputFolder + QStringLiteral("/ok.doc")));
     expectUsable(fixture, paths);
@@ -170,7 +164,7 @@ void WidgetsBadInput::nameThatIsNoText()
     QList<QUrl> urls{QUrl::fromEncoded("file://" + bytes.toPercentEncoding("/"))};
     sendDrop(*fixture.window, urls);
     QCOMPARE(fixture.table()->rowCount(), 1);
-    runToTheEnd(fixture);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.runCount(), 1);
     expectUsable(fixture, fixture.pathsInTable());
 }
@@ -178,15 +172,11 @@ void WidgetsBadInput::nameThatIsNoText()
 void WidgetsBadInput::inputVanishes()
 {
     WindowFixture fixture;
-    fixture.folder.plan({QStringLiteral("wait write")});
-    fixture.open();
-    const QStringList paths = fixture.dropFiles(3);
-    fixture.press();
-    QTRY_COMPARE_WITH_TIMEOUT(fixture.folder.runCount(), 1, longWait);
+    const QStringList paths = fixture.beginRun(3);
     for (const QString &path : paths)
         QVERIFY(QFile::remove(path));
     fixture.folder.releaseAll();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.waitForIdle();
     QCOMPARE(fixture.folder.runCount(), 3);
     QCOMPARE(fixture.sizeText(1), QStringLiteral("         2,048 KB"));
     expectUsable(fixture, paths);
@@ -199,7 +189,7 @@ void WidgetsBadInput::inputIsAFolderNow()
     const QStringList paths = fixture.dropFiles(1);
     QVERIFY(QFile::remove(paths.at(0)));
     QVERIFY(QDir().mkdir(paths.at(0)));
-    runToTheEnd(fixture);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.runs().value(0).arguments.value(3), paths.at(0).toUtf8());
     expectUsable(fixture, paths);
 }
@@ -207,14 +197,10 @@ void WidgetsBadInput::inputIsAFolderNow()
 void WidgetsBadInput::outputFolderVanishesMidRun()
 {
     WindowFixture fixture;
-    fixture.folder.plan({QStringLiteral("wait write")});
-    fixture.open();
-    const QStringList paths = fixture.dropFiles(3);
-    fixture.press();
-    QTRY_COMPARE_WITH_TIMEOUT(fixture.folder.runCount(), 1, longWait);
+    const QStringList paths = fixture.beginRun(3);
     QVERIFY(QDir(fixture.outputFolder).removeRecursively());
     fixture.folder.releaseAll();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.waitForIdle();
     QCOMPARE(fixture.folder.runCount(), 3);
     QVERIFY(!QFile::exists(fixture.outputFolder));
     DialogAnswer<QMessageBox> answer([](QMessageBox &box) { box.accept(); });
@@ -236,7 +222,7 @@ void WidgetsBadInput::outputFolderOfOddName()
         fixture.outputLine()->setText(folder);
         if (fixture.outputLine()->text() != folder)
             continue;
-        runToTheEnd(fixture);
+        fixture.runToTheEnd();
         QVERIFY(QFile::exists(folder + QStringLiteral("/1.doc")));
     }
     expectUsable(fixture, paths);
@@ -319,7 +305,7 @@ void WidgetsBadInput::engineCrashes()
     fixture.folder.plan({QStringLiteral("crash")});
     fixture.open();
     const QStringList paths = fixture.dropFiles(3);
-    runToTheEnd(fixture);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.runCount(), 3);
     QCOMPARE(fixture.folder.endedCount(), 0);
     expectUsable(fixture, paths);
@@ -328,15 +314,11 @@ void WidgetsBadInput::engineCrashes()
 void WidgetsBadInput::engineHangs()
 {
     WindowFixture fixture;
-    fixture.folder.plan({QStringLiteral("hang")});
-    fixture.open();
-    const QStringList paths = fixture.dropFiles(2);
-    fixture.press();
-    QTRY_COMPARE_WITH_TIMEOUT(fixture.folder.runCount(), 1, longWait);
+    const QStringList paths = fixture.beginRun(2, QStringLiteral("hang"));
     QVERIFY(fixture.showsRunning());
     fixture.press();
     QVERIFY(fixture.showsIdle());
-    QTRY_VERIFY_WITH_TIMEOUT(!ProgramFolder::isAlive(fixture.folder.runs().at(0).pid), longWait);
+    fixture.waitForDeath(fixture.folder.runs().at(0).pid);
     expectUsable(fixture, paths);
 }
 
@@ -348,7 +330,7 @@ void WidgetsBadInput::engineVanishesMidRun()
     fixture.open();
     const QStringList paths = fixture.dropFiles(3);
     fixture.press();
-    QTRY_COMPARE_WITH_TIMEOUT(fixture.window->m_nCurrentRow, 1, longWait);
+    fixture.waitForCounter(1);
     QTRY_VERIFY_WITH_TIMEOUT(fixture.window->m_pProcess.isNull(), longWait); // the finished one is released
     QVERIFY(g_bProcess);
     QVERIFY(fixture.showsRunning());
@@ -366,7 +348,7 @@ void WidgetsBadInput::engineFloodsItsOutput()
     fixture.folder.plan({QStringLiteral("flood:20000000 write")});
     fixture.open();
     const QStringList paths = fixture.dropFiles(2);
-    runToTheEnd(fixture);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.endedCount(), 2);
     expectUsable(fixture, paths);
 }

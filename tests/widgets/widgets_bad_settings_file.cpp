@@ -35,8 +35,7 @@ void useTheWindow(const WindowFixture &fixture)
     QCOMPARE(storedSetting(QStringLiteral("ListWidgetCurrtentItemRow")), QStringLiteral("7"));
     QCOMPARE(fixture.window->GetOutputFormat(), QStringLiteral(".txt"));
     fixture.dropFiles(1);
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.endedCount(), 1);
     QVERIFY(QFile::exists(fixture.outputFolder + QStringLiteral("/1.txt")));
     fixture.visitSettings();
@@ -103,8 +102,7 @@ void WidgetsBadSettingsFile::hugeValuesAreHandedOn()
     storeSettings({{QStringLiteral("TempName"), value}, {QStringLiteral("UserPassword"), value}});
     fixture.open();
     fixture.dropFiles(1);
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.runs().value(0).arguments.value(1), value.toUtf8());
     fixture.visitSettings("pushButton_Apply");
     QCOMPARE(storedSetting(QStringLiteral("UserPassword")).size(), 32767); // what a line of text holds
@@ -120,8 +118,7 @@ void WidgetsBadSettingsFile::folderInTheFilesPlaceKeepsNothing()
     for (int row = 0; row < 9; ++row) {
         fixture.selectFormat(row);
         QCOMPARE(fixture.window->GetOutputFormat(), QStringLiteral(".doc"));
-        fixture.press();
-        QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+        fixture.runToTheEnd();
         QVERIFY(fixture.folder.runs().value(row).arguments.constLast().endsWith("/out/1.doc"));
     }
     fixture.visitSettings("pushButton_Apply");
@@ -142,10 +139,10 @@ void WidgetsBadSettingsFile::fileThatGoesAwayMidway()
     fixture.selectFormat(8);
     fixture.dropFiles(2);
     fixture.press();
-    QTRY_COMPARE_WITH_TIMEOUT(fixture.folder.runCount(), 1, longWait);
+    fixture.waitForRuns(1);
     QVERIFY(QFile::remove(fixture.folder.filePath(QStringLiteral("settingquorra.ini"))));
     fixture.folder.releaseAll();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.waitForIdle();
     QVERIFY(fixture.folder.runs().at(0).arguments.constLast().endsWith("/1.tiff"));
     QVERIFY(fixture.folder.runs().at(1).arguments.constLast().endsWith("/2.doc"));
     QVERIFY(!fixture.folder.runs().at(1).arguments.contains("-f"));

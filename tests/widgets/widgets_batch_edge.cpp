@@ -12,29 +12,11 @@
 
 namespace {
 
-const QString waitThenWrite = QStringLiteral("wait write");
-
 void expectWarning(const WindowFixture &fixture)
 {
     DialogAnswer<QMessageBox> answer([](QMessageBox &box) { box.accept(); });
     fixture.press();
     QVERIFY(answer.seen());
-}
-
-void waitForRuns(const WindowFixture &fixture, int count)
-{
-    QTRY_COMPARE_WITH_TIMEOUT(fixture.folder.runCount(), count, longWait);
-}
-
-void waitForEnded(const WindowFixture &fixture, int count)
-{
-    QTRY_COMPARE_WITH_TIMEOUT(fixture.folder.endedCount(), count, longWait);
-}
-
-// The window has taken notice of that many ends of engines since the run began.
-void waitForCounter(const WindowFixture &fixture, int count)
-{
-    QTRY_COMPARE_WITH_TIMEOUT(fixture.window->m_nCurrentRow, count, longWait);
 }
 
 } // namespace
@@ -75,17 +57,13 @@ void WidgetsBatchEdge::settingsDialogStallsTheRun()
 {
     QFETCH(QByteArray, closingButton);
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(3);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(3);
     fixture.visitSettings(closingButton.constData());
     QVERIFY(!g_bProcess);
     QVERIFY(fixture.showsRunning());
     fixture.folder.release(0);
-    waitForEnded(fixture, 1);
-    waitForCounter(fixture, 1);
+    fixture.waitForEnded(1);
+    fixture.waitForCounter(1);
     QVERIFY(fixture.showsRunning());
     QCOMPARE(fixture.bar()->value(), 1);
     QCOMPARE(fixture.folder.runCount(), 1);
@@ -93,7 +71,7 @@ void WidgetsBatchEdge::settingsDialogStallsTheRun()
     fixture.folder.releaseAll();
     fixture.press();
     QVERIFY(g_bProcess);
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.waitForIdle();
     QCOMPARE(
         fixture.folder.inputsOfRuns(),
         QStringList(
@@ -103,11 +81,7 @@ void WidgetsBatchEdge::settingsDialogStallsTheRun()
 void WidgetsBatchEdge::stalledWindowAllowsItsActions()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(3);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(3);
     fixture.visitSettings();
     fixture.selectFormat(7);
     QCOMPARE(storedSetting(QStringLiteral("ConverterFormat")), QStringLiteral("7"));
@@ -118,7 +92,7 @@ void WidgetsBatchEdge::stalledWindowAllowsItsActions()
     QCOMPARE(fixture.table()->rowCount(), 0);
     QVERIFY(fixture.showsRunning());
     fixture.folder.releaseAll();
-    waitForEnded(fixture, 1);
+    fixture.waitForEnded(1);
     fixture.press(); // no rows: nothing happens
     QVERIFY(fixture.showsRunning());
 }
@@ -126,14 +100,10 @@ void WidgetsBatchEdge::stalledWindowAllowsItsActions()
 void WidgetsBatchEdge::engineThatEndsWhileTheDialogIsOpen()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(2);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(2);
     DialogAnswer<QDialog> answer([&](QDialog &dialog) {
         fixture.folder.release(0);
-        waitForCounter(fixture, 1);
+        fixture.waitForCounter(1);
         dialog.reject();
     });
     QTest::mouseClick(fixture.button("toolButton_Setting"), Qt::LeftButton);
@@ -145,11 +115,7 @@ void WidgetsBatchEdge::engineThatEndsWhileTheDialogIsOpen()
 void WidgetsBatchEdge::settingsAppliedDuringARunCountForTheNext()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(1);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(1);
     DialogAnswer<QDialog> answer([&](QDialog &dialog) {
         dialog.findChild<QLineEdit *>(QStringLiteral("lineEdit_FirstPage"))->setText(QStringLiteral("5"));
         QTest::mouseClick(dialog.findChild<QPushButton *>(QStringLiteral("pushButton_Apply")), Qt::LeftButton);
@@ -157,9 +123,8 @@ void WidgetsBatchEdge::settingsAppliedDuringARunCountForTheNext()
     QTest::mouseClick(fixture.button("toolButton_Setting"), Qt::LeftButton);
     QVERIFY(answer.seen());
     fixture.folder.releaseAll();
-    waitForCounter(fixture, 1);
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.waitForCounter(1);
+    fixture.runToTheEnd();
     QVERIFY(!fixture.folder.runs().at(0).arguments.contains("-f"));
     QCOMPARE(fixture.folder.runs().at(1).arguments.mid(0, 2), QByteArrayList({"-f", "5"}));
 }
@@ -167,66 +132,53 @@ void WidgetsBatchEdge::settingsAppliedDuringARunCountForTheNext()
 void WidgetsBatchEdge::twoEnginesMoveOneCounter()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(4);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(4);
     fixture.visitSettings();
     fixture.press(); // a new run while the earlier engine still works on row 0
-    waitForRuns(fixture, 2);
+    fixture.waitForRuns(2);
     QVERIFY(ProgramFolder::isAlive(fixture.folder.runs().at(0).pid));
     QCOMPARE(fixture.window->m_nCurrentRow, 0);
     fixture.folder.release(0); // the earlier one ends: the counter moves, row 1 starts
-    waitForRuns(fixture, 3);
+    fixture.waitForRuns(3);
     QCOMPARE(fixture.window->m_nCurrentRow, 1);
     fixture.folder.release(1); // the first of the new run ends: row 2 starts
-    waitForRuns(fixture, 4);
+    fixture.waitForRuns(4);
     QCOMPARE(fixture.window->m_nCurrentRow, 2);
     QCOMPARE(
         fixture.folder.inputsOfRuns(),
         QStringList(
             {QStringLiteral("1.pdf"), QStringLiteral("1.pdf"), QStringLiteral("2.pdf"), QStringLiteral("3.pdf")}));
     fixture.folder.releaseAll();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.waitForIdle();
     QVERIFY(!g_bProcess);
 }
 
 void WidgetsBatchEdge::endKillsOnlyTheNewestEngine()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(1);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(1);
     fixture.visitSettings();
     fixture.press();
-    waitForRuns(fixture, 2);
+    fixture.waitForRuns(2);
     const qint64 earlier = fixture.folder.runs().at(0).pid;
     const qint64 newest = fixture.folder.runs().at(1).pid;
     fixture.press(); // Stop
     QVERIFY(fixture.showsIdle());
-    QTRY_VERIFY_WITH_TIMEOUT(!ProgramFolder::isAlive(newest), longWait);
+    fixture.waitForDeath(newest);
     QVERIFY(ProgramFolder::isAlive(earlier));
     fixture.folder.releaseAll();
-    waitForEnded(fixture, 1);
+    fixture.waitForEnded(1);
     QVERIFY(fixture.folder.runs().at(0).ended);
-    waitForCounter(fixture, 1); // counted, though idle
+    fixture.waitForCounter(1); // counted, though idle
     QVERIFY(fixture.showsIdle());
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.runCount(), 3);
 }
 
 void WidgetsBatchEdge::stopChecksTheFolderFirst()
 {
     WindowFixture fixture;
-    fixture.folder.plan({QStringLiteral("hang")});
-    fixture.open();
-    fixture.dropFiles(2);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(2, QStringLiteral("hang"));
     QVERIFY(QDir().rmdir(fixture.outputFolder));
     expectWarning(fixture);
     QVERIFY(g_bProcess);
@@ -235,17 +187,13 @@ void WidgetsBatchEdge::stopChecksTheFolderFirst()
     QVERIFY(QDir().mkdir(fixture.outputFolder));
     fixture.press();
     QVERIFY(fixture.showsIdle());
-    QTRY_VERIFY_WITH_TIMEOUT(!ProgramFolder::isAlive(fixture.folder.runs().at(0).pid), longWait);
+    fixture.waitForDeath(fixture.folder.runs().at(0).pid);
 }
 
 void WidgetsBatchEdge::stopChecksTheListFirst()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    const QStringList paths = fixture.dropFiles(1);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    const QStringList paths = fixture.beginRun(1);
     fixture.table()->setRowCount(0); // the window itself refuses to empty the list now
     fixture.press();
     QVERIFY(g_bProcess);
@@ -259,21 +207,16 @@ void WidgetsBatchEdge::stopChecksTheListFirst()
 void WidgetsBatchEdge::stalledStartChecksTheFolderFirst()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(1);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(1);
     fixture.visitSettings();
     fixture.folder.releaseAll();
-    waitForCounter(fixture, 1);
+    fixture.waitForCounter(1);
     QVERIFY(QDir(fixture.outputFolder).removeRecursively());
     expectWarning(fixture);
     QVERIFY(!g_bProcess);
     QVERIFY(fixture.showsRunning());
     QVERIFY(QDir().mkdir(fixture.outputFolder));
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.endedCount(), 2);
 }
 
@@ -281,39 +224,31 @@ void WidgetsBatchEdge::rowsRemovedWhileStalled()
 {
     // The earlier engine's end moves the counter of the new run past its only row: the run is over at once.
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(3);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(3);
     fixture.visitSettings();
     while (fixture.table()->rowCount() > 1) {
         fixture.table()->setCurrentCell(1, 0);
         QTest::mouseClick(fixture.button("toolButton_Delete"), Qt::LeftButton);
     }
     fixture.press();
-    waitForRuns(fixture, 2);
+    fixture.waitForRuns(2);
     QCOMPARE(fixture.bar()->maximum(), 1);
     fixture.folder.release(0);
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
-    QTRY_VERIFY_WITH_TIMEOUT(!ProgramFolder::isAlive(fixture.folder.runs().at(1).pid), longWait);
+    fixture.waitForIdle();
+    fixture.waitForDeath(fixture.folder.runs().at(1).pid);
     QVERIFY(!fixture.folder.runs().at(1).ended);
 }
 
 void WidgetsBatchEdge::closingDuringARunLetsTheEngineFinish()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(2);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(2);
     const qint64 pid = fixture.folder.runs().at(0).pid;
     fixture.close();
     QVERIFY(ProgramFolder::isAlive(pid));
     fixture.folder.releaseAll();
-    waitForEnded(fixture, 1);
-    QTRY_VERIFY_WITH_TIMEOUT(!ProgramFolder::isAlive(pid), longWait);
+    fixture.waitForEnded(1);
+    fixture.waitForDeath(pid);
     QVERIFY(QFile::exists(fixture.outputFolder + QStringLiteral("/1.doc")));
     QCoreApplication::processEvents();
     QCOMPARE(fixture.folder.runCount(), 1);
@@ -322,34 +257,30 @@ void WidgetsBatchEdge::closingDuringARunLetsTheEngineFinish()
 void WidgetsBatchEdge::closingDuringARunEndsTheProgram()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
+    fixture.folder.plan({QStringLiteral("wait write")});
     fixture.open();
     fixture.dropFiles(2);
     QTimer::singleShot(0, fixture.window.data(), [&]() {
         fixture.press();
-        waitForRuns(fixture, 1);
+        fixture.waitForRuns(1);
         fixture.window->close();
     });
     QCOMPARE(QApplication::exec(), 0);
     QVERIFY(ProgramFolder::isAlive(fixture.folder.runs().at(0).pid)); // nobody waited for it
     fixture.folder.releaseAll();
-    waitForEnded(fixture, 1);
+    fixture.waitForEnded(1);
 }
 
 void WidgetsBatchEdge::closingWithTwoEnginesLetsBothFinish()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(2);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(2);
     fixture.visitSettings();
     fixture.press();
-    waitForRuns(fixture, 2);
+    fixture.waitForRuns(2);
     fixture.close();
     fixture.folder.releaseAll();
-    waitForEnded(fixture, 2);
+    fixture.waitForEnded(2);
     QCoreApplication::processEvents();
     QCOMPARE(fixture.folder.runCount(), 2);
 }
@@ -357,13 +288,10 @@ void WidgetsBatchEdge::closingWithTwoEnginesLetsBothFinish()
 void WidgetsBatchEdge::aboutBoxDoesNotDisturbTheRun()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(2);
-    fixture.press();
+    fixture.beginRun(2);
     DialogAnswer<QDialog> answer([&](QDialog &dialog) {
         fixture.folder.releaseAll();
-        QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+        fixture.waitForIdle();
         dialog.reject();
     });
     QTest::mouseClick(fixture.button("toolButton_About"), Qt::LeftButton);
@@ -374,16 +302,12 @@ void WidgetsBatchEdge::aboutBoxDoesNotDisturbTheRun()
 void WidgetsBatchEdge::runGoesOnWhileAMessageBoxIsOpen()
 {
     WindowFixture fixture;
-    fixture.folder.plan({waitThenWrite});
-    fixture.open();
-    fixture.dropFiles(3);
-    fixture.press();
-    waitForRuns(fixture, 1);
+    fixture.beginRun(3);
     QVERIFY(QDir().rmdir(fixture.outputFolder));
     DialogAnswer<QMessageBox> answer([&](QMessageBox &box) {
         QVERIFY(QDir().mkdir(fixture.outputFolder));
         fixture.folder.releaseAll();
-        QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+        fixture.waitForIdle();
         box.accept();
     });
     fixture.press();

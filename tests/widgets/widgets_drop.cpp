@@ -180,7 +180,7 @@ void WidgetsDrop::droppedFilesOfARunAreConvertedToo()
     QCOMPARE(fixture.table()->rowCount(), 3);
     QVERIFY(fixture.showsRunning());
     fixture.folder.release(0);
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.waitForIdle();
     QCOMPARE(
         fixture.folder.inputsOfRuns(),
         QStringList({QStringLiteral("1.pdf"), QStringLiteral("2.pdf"), QStringLiteral("3.pdf")}));

@@ -259,10 +259,7 @@ void WidgetsFileList::clearEmptiesTheTable()
 void WidgetsFileList::refusedDuringARun()
 {
     WindowFixture fixture;
-    fixture.folder.plan({QStringLiteral("wait")});
-    fixture.open();
-    const QStringList paths = fixture.dropFiles(3);
-    fixture.press();
+    const QStringList paths = fixture.beginRun(3, QStringLiteral("wait"));
     const QMap<QString, QString> before = storedSettings();
     DialogAnswer<QFileDialog> answer([](QFileDialog &dialog) { dialog.reject(); });
     for (const char *name : {"toolButton_AddFile", "toolButton_Delete", "toolButton_Clear"}) {

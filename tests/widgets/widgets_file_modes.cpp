@@ -85,8 +85,7 @@ void WidgetsFileModes::unreadableSettings()
     fixture.selectFormat(4);
     fixture.visitSettings();
     fixture.dropFiles(1);
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.endedCount(), 1);
     QVERIFY(!fixture.folder.runs().at(0).arguments.contains("-f"));
     QVERIFY(QFile::setPermissions(settingsPath(fixture), QFile::ReadOwner | QFile::WriteOwner));
@@ -105,8 +104,7 @@ void WidgetsFileModes::readOnlySettingsStayAsTheyWere()
     fixture.visitSettings("pushButton_Apply");
     QCOMPARE(fileContent(settingsPath(fixture)), content);
     fixture.dropFiles(1);
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.endedCount(), 1);
     QCOMPARE(fileContent(settingsPath(fixture)), content);
 }
@@ -123,8 +121,7 @@ void WidgetsFileModes::unreadableInput()
     fixture.drop({path});
     QCOMPARE(fixture.pathsInTable(), QStringList({path, path}));
     QVERIFY(fixture.sizeText(1).isNull());
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.endedCount(), 2);
     QVERIFY(QFile::setPermissions(QFileInfo(path).path(), openFolder));
 }
@@ -135,14 +132,12 @@ void WidgetsFileModes::unwritableOutputFolder()
     fixture.open();
     QVERIFY(QFile::setPermissions(fixture.outputFolder, readOnlyFolder));
     const QStringList paths = fixture.dropFiles(2);
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.endedCount(), 2);
     QVERIFY(QDir(fixture.outputFolder).isEmpty());
     QCOMPARE(fixture.pathsInTable(), paths);
     QVERIFY(QFile::setPermissions(fixture.outputFolder, openFolder));
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.runToTheEnd();
     QCOMPARE(QDir(fixture.outputFolder).entryList(QDir::Files).size(), 2);
 }
 

@@ -78,8 +78,7 @@ void WidgetsLocale::argumentsOfTheEngine()
          {QStringLiteral("Width"), QStringLiteral("9999")},
          {QStringLiteral("LastPage"), QStringLiteral("1234")}});
     const QStringList paths = fixture.dropFiles(1);
-    fixture.press();
-    QTRY_VERIFY_WITH_TIMEOUT(fixture.showsIdle(), longWait);
+    fixture.runToTheEnd();
     QCOMPARE(fixture.folder.runs().value(0).arguments.mid(0, 4), QByteArrayList({"-l", "1234", "-width", "9999"}));
 }
 

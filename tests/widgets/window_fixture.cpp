@@ -52,6 +52,48 @@ QStringList WindowFixture::dropFiles(int count) const
     return paths;
 }
 
+QStringList WindowFixture::beginRun(int files, const QString &plan)
+{
+    folder.plan({plan});
+    open();
+    QStringList paths = dropFiles(files);
+    press();
+    waitForRuns(1);
+    return paths;
+}
+
+void WindowFixture::runToTheEnd() const
+{
+    press();
+    waitForIdle();
+}
+
+void WindowFixture::waitForIdle() const
+{
+    QTRY_VERIFY_WITH_TIMEOUT(showsIdle(), longWait);
+    QVERIFY(!g_bProcess);
+}
+
+void WindowFixture::waitForRuns(int count) const
+{
+    QTRY_COMPARE_WITH_TIMEOUT(folder.runCount(), count, longWait);
+}
+
+void WindowFixture::waitForEnded(int count) const
+{
+    QTRY_COMPARE_WITH_TIMEOUT(folder.endedCount(), count, longWait);
+}
+
+void WindowFixture::waitForCounter(int row) const
+{
+    QTRY_COMPARE_WITH_TIMEOUT(window->m_nCurrentRow, row, longWait);
+}
+
+void WindowFixture::waitForDeath(qint64 engine) const
+{
+    QTRY_VERIFY_WITH_TIMEOUT(!ProgramFolder::isAlive(engine), longWait);
+}
+
 void WindowFixture::visitSettings(const char *closingButton) const
 {
     DialogAnswer<QDialog> answer([&](QDialog &dialog) {

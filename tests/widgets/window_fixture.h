@@ -62,6 +62,16 @@ public:
     void drop(const QStringList &paths) const;
     // Makes that many PDF files (in/1.pdf ...) and drops them; returns their paths.
     QStringList dropFiles(int count) const;
+    // Opens the window and starts a run over that many files; returns once the first engine is at work. The engines
+    // wait until they are released unless the plan says otherwise.
+    QStringList beginRun(int files, const QString &plan = QStringLiteral("wait write"));
+    // Presses Start and waits until the window is idle again.
+    void runToTheEnd() const;
+    void waitForIdle() const;
+    void waitForRuns(int count) const;  // engines started
+    void waitForEnded(int count) const; // engines that have ended by themselves
+    void waitForCounter(int row) const; // ends that the window has taken notice of since the run began
+    void waitForDeath(qint64 engine) const;
     // Opens the settings dialog from the toolbar and closes it with "Cancel" or "Apply".
     void visitSettings(const char *closingButton = "pushButton_Cancle") const;
 
