@@ -12,8 +12,9 @@ constexpr int worthTwoThreads = 6; // pages: below, opening the file once more t
 
 void collectRange(Document &document, int first, int last, Collect what, std::vector<model::RawPage> &pages)
 {
+    PageCollector collector(document, what);
     for (int page = first; page <= last; ++page) {
-        pages.push_back(collectPage(document, page, what));
+        pages.push_back(collector.collect(page));
     }
 }
 

@@ -77,11 +77,13 @@ Box boxAround(const GfxState *state, const GfxSubpath *subpath)
 class Collector final : public TextOutputDev
 {
 public:
-    Collector(model::RawPage &page, bool withPictures)
+    explicit Collector(bool withPictures)
         : TextOutputDev(nullptr, false, 0, false, false)
-        , m_page(page)
         , m_withPictures(withPictures)
     {}
+
+    /// What the next page is drawn into.
+    model::RawPage &page() { return m_page; }
 
     bool needNonText() override { return m_withPictures; }
     bool useTilingPatternFill() override { return true; }
@@ -243,21 +245,35 @@ private:
         }
     }
 
-    model::RawPage &m_page;
+    model::RawPage m_page;
     bool m_withPictures;
     std::size_t m_marks = 0;
 };
 
 } // namespace
 
-model::RawPage collectPage(Document &document, int pageNumber, Collect what)
+struct PageCollector::State
 {
+    Document &document;
+    Collect what;
+    Collector device;
+};
+
+PageCollector::PageCollector(Document &document, Collect what)
+    : m_state(new State{document, what, Collector(what == Collect::Everything)})
+{}
+
+PageCollector::~PageCollector() = default;
+
+model::RawPage PageCollector::collect(int pageNumber)
+{
+    auto &[document, what, device] = *m_state;
     const PageSize size = document.pageSize(pageNumber);
-    model::RawPage page;
+    model::RawPage &page = device.page();
+    page = {};
     page.number = pageNumber;
     page.width = size.width;
     page.height = size.height;
-    Collector device(page, what == Collect::Everything);
     PDFDoc &doc = *document.handles().doc;
     constexpr double pointsPerInch = 72;
     doc.displayPage(&device, pageNumber, pointsPerInch, pointsPerInch, 0, false, true, false);
@@ -265,7 +281,7 @@ model::RawPage collectPage(Document &document, int pageNumber, Collect what)
     if (what == Collect::Everything) {
         applyLinks(doc, pageNumber, page);
     }
-    return page;
+    return std::move(page);
 }
 
 } // namespace quorra
