@@ -4,6 +4,8 @@
 #include "engine/platform/limits.h"
 #include "engine/platform/streams.h"
 
+#include <QHashSeed>
+
 #include <cstring>
 #include <exception>
 #include <new>
@@ -37,6 +39,8 @@ int main(int argc, char **argv)
 {
     const std::vector<std::string> arguments(argv + 1, argv + (argc > 0 ? argc : 1));
     hidePasswords(argc, argv);
+    // One file always gives the same output: nothing may hang on the order of a table that differs from run to run.
+    QHashSeed::setDeterministicGlobalSeed();
     const quorra::ErrorLine errorLine;
     quorra::limits::catchFatalSignals(errorLine.descriptor());
     quorra::limits::apply();

@@ -77,9 +77,7 @@ Box boxAround(const GfxState *state, const GfxSubpath *subpath)
 class Collector final : public TextOutputDev
 {
 public:
-    explicit Collector(bool withPictures)
-        : TextOutputDev(nullptr, false, 0, false, false)
-        , m_withPictures(withPictures)
+    explicit Collector(bool withPictures) : TextOutputDev(nullptr, false, 0, false, false), m_withPictures(withPictures)
     {}
 
     /// What the next page is drawn into.
