@@ -16,6 +16,7 @@ constexpr double BaselinePart = 0.8; // of a line's fixed height
 constexpr double UsualHeight = 1.2;  // of the size of type
 constexpr double LeastHeight = 0.4;
 constexpr double SpacingStep = 0.05; // finer steps only multiply styles
+constexpr double SizeSteps = 2;      // Word's sizes of type are half points
 constexpr double SpareWidth = 24;    // so that no line wraps
 constexpr double WidestGap = 3;      // between words of one line, times the size of type
 constexpr double LeastGap = 0.15;    // that counts as a space, times the size of type
@@ -108,6 +109,7 @@ public:
 private:
     void writePiece(const QString &text, model::Style style, double end, double rise)
     {
+        style.size = std::round(style.size * SizeSteps) / SizeSteps;
         const std::optional<double> natural = textWidth(text, style);
         double spacing = 0;
         if (natural) {

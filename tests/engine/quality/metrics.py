@@ -89,9 +89,9 @@ def gray_pages(pdf, folder, dpi=72):
 
 
 def ink_overlap(ours, original):
-    """The ink that both pages share over the ink of either, 0 to 1; 1 for two empty pages."""
+    """Twice the ink that both pages share over the ink of the two, 0 to 1; 1 for two empty pages."""
     width, height = min(ours[0], original[0]), min(ours[1], original[1])
-    shared = either = 0
+    shared = total = 0
     for row in range(height):
         a = ours[2][row * ours[0]:row * ours[0] + width]
         b = original[2][row * original[0]:row * original[0] + width]
@@ -100,5 +100,5 @@ def ink_overlap(ours, original):
         for x, y in zip(a, b):
             if x != 255 or y != 255:
                 shared += 255 - (x if x > y else y)
-                either += 255 - (y if x > y else x)
-    return shared / either if either else 1.0
+                total += 510 - x - y
+    return 2 * shared / total if total else 1.0

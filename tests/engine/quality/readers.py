@@ -68,10 +68,13 @@ def _own_text(paragraph):
     return "".join(parts)
 
 
-def _pages_of(section):
-    """How many pages a section has at least: one more than its page breaks."""
-    breaks = sum(1 for element in section for each in element.iter(W + "br") if each.get(W + "type") == "page")
-    return 1 + breaks + sum(1 for element in section for _ in element.iter(W + "pageBreakBefore"))
+def _pages_begun(section, number, elements):
+    """How many pages begin in a section: its page breaks, and one more unless it goes on in the middle of a page."""
+    from docx.enum.section import WD_SECTION
+
+    begins = number == 0 or section.start_type != WD_SECTION.CONTINUOUS
+    breaks = sum(1 for element in elements for each in element.iter(W + "br") if each.get(W + "type") == "page")
+    return begins + breaks + sum(1 for element in elements for _ in element.iter(W + "pageBreakBefore"))
 
 
 class WordFile:
@@ -91,11 +94,11 @@ class WordFile:
             if element.tag == W + "sectPr" or element.find(W + "pPr/" + W + "sectPr") is not None:
                 sections.append(open_section)
                 open_section = []
-        for section, elements in zip(document.sections, sections):
-            # A running head stands on every page of its section.
+        for number, (section, elements) in enumerate(zip(document.sections, sections)):
+            # A running head stands on every page that begins in its section.
             for part in (section.header, section.footer):
                 texts = [_own_text(each) for each in part._element.iter(W + "p")]
-                self.heads += texts * _pages_of(elements)
+                self.heads += texts * _pages_begun(section, number, elements)
         self.page_sizes = [(each.page_width.pt, each.page_height.pt) for each in document.sections]
 
     def text(self):
@@ -110,7 +113,8 @@ def slide_texts(path):
         slides = []
         for name in names:
             root = ElementTree.fromstring(archive.read(name))
-            paragraphs = ("".join(t.text or "" for t in p.iter(A + "t")) for p in root.iter(A + "p"))
+            paragraphs = ("".join(t.text or "" if t.tag == A + "t" else " " for t in p.iter() if t.tag in (A + "t", A + "br"))
+                          for p in root.iter(A + "p"))
             slides.append("\n".join(paragraphs))
         return slides
 
