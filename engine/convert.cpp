@@ -3,6 +3,7 @@
 
 #include "engine/cli/failure.h"
 #include "engine/cli/page_range.h"
+#include "engine/platform/part_file.h"
 
 #include <algorithm>
 #include <array>
@@ -46,6 +47,9 @@ void convert(const Options &options)
                                                  : "unknown output extension " + extension);
     Document document(options.inputPath, options.userPassword, options.ownerPassword);
     const PageRange range = pageRange(options, document.pageCount());
+    // What a killed run left where this one writes.
+    const std::size_t slash = options.outputPath.rfind('/');
+    sweepPartFiles(slash == std::string::npos ? "." : options.outputPath.substr(0, slash + 1));
     converter({options, document, range.first, range.last});
 }
 

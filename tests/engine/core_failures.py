@@ -105,6 +105,22 @@ def naming(suite):
         suite.check(found == sorted(expected), extension, options, found)
 
 
+def sweeping(suite):
+    folder = suite.fresh("sweeping")
+    ended = subprocess.Popen(["true"])
+    ended.wait()
+    dead = folder / f".qtminw-{ended.pid}-1.part"
+    alive = folder / f".qtminw-{os.getpid()}-1.part"
+    others = folder / ".qtminw-notes.part"
+    for path in (dead, alive, others):
+        path.touch()
+    (folder / "out.txt").write_text("what stood there before")
+    suite.convert(suite.samples / "report.pdf", folder / "out.txt")
+    left = sorted(path.name for path in folder.iterdir())
+    suite.check(left == sorted((alive.name, others.name, "out.txt")), "after sweeping:", left)
+    suite.check((folder / "out.txt").stat().st_size > 100, "the file was not replaced")
+
+
 def hidden_passwords(suite):
     """A fifo as input keeps the engine waiting while its arguments are looked at."""
     fifo = suite.folder / "fifo.pdf"
@@ -137,7 +153,7 @@ def hostile(suite):
 
 def closed_streams(suite):
     out = suite.folder / "closed.png"
-    command = f'exec "$0" -l 1 -call "$1" "$2" <&- >&- 2>&-'
+    command = 'exec "$0" -l 1 -call "$1" "$2" <&- >&- 2>&-'
     done = subprocess.run(["sh", "-c", command, suite.engine, str(suite.samples / "report.pdf"), str(out)], check=False)
     suite.check(done.returncode == 0 and b"PNG image" in tool("file", "-b", str(out)), "closed streams")
 
@@ -148,7 +164,7 @@ def main():
         suite.documents()
         hostile(suite)
     else:
-        for part in (statuses, passwords, names, naming, hidden_passwords, closed_streams):
+        for part in (statuses, passwords, names, naming, sweeping, hidden_passwords, closed_streams):
             part(suite)
     suite.end()
 
