@@ -124,8 +124,9 @@ void ListedFilesTest::droppedFiles()
 void ListedFilesTest::sizeTextsDiffer()
 {
     const QString path = QStringLiteral("/in/a.pdf");
-    QCOMPARE(filesToAdd({path}, pretend).first().sizeText, QStringLiteral("2.048       KB"));
-    QCOMPARE(filesToDrop({QUrl::fromLocalFile(path)}, pretend).first().sizeText, QStringLiteral("         2,048 KB"));
+    QCOMPARE(filesToAdd({path}, pretend).constFirst().sizeText, QStringLiteral("2.048       KB"));
+    QCOMPARE(
+        filesToDrop({QUrl::fromLocalFile(path)}, pretend).constFirst().sizeText, QStringLiteral("         2,048 KB"));
 }
 
 void ListedFilesTest::sizesThatShowNothing()
@@ -143,7 +144,7 @@ void ListedFilesTest::realFiles()
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly) && file.resize(2048));
     file.close();
-    QCOMPARE(filesToAdd({path}).first().sizeText, QStringLiteral("2.048       KB"));
+    QCOMPARE(filesToAdd({path}).constFirst().sizeText, QStringLiteral("2.048       KB"));
     const QString missing = folder.filePath(QStringLiteral("missing.pdf"));
     QCOMPARE(filesToAdd({missing}), (QList<ListedFile>{{missing, QString()}}));
     QCOMPARE(filesToDrop({QUrl::fromLocalFile(missing)}), (QList<ListedFile>{{missing, QString()}}));

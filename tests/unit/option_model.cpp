@@ -17,7 +17,8 @@ int whole(const QString &text)
         return 0;
     }
     qint64 value = 0;
-    for (const QChar digit : match.captured(2)) {
+    const QString digits = match.captured(2);
+    for (const QChar digit : digits) {
         value = value * 10 + (digit.unicode() - '0');
     }
     if (match.captured(1) == QStringLiteral("-")) {

@@ -54,11 +54,11 @@ void SettingsFileModeTest::cleanup()
 
 void SettingsFileModeTest::closesTheFileAndLaterWritesKeepIt()
 {
-    store::open().setValue(store::key::tempName, 1);
+    store::write(store::key::tempName, QStringLiteral("1"));
     QVERIFY(QFile::setPermissions(store::fileName, ownerOnly | QFile::ReadGroup | QFile::ReadOther));
     store::restrictToOwner();
     QCOMPARE(modeOf(store::fileName), ownerOnly);
-    store::open().setValue(store::key::userPassword, QStringLiteral("secret"));
+    store::write(store::key::userPassword, QStringLiteral("secret"));
     QCOMPARE(store::open().value(store::key::userPassword).toString(), QStringLiteral("secret"));
     QCOMPARE(modeOf(store::fileName), ownerOnly);
 }
@@ -75,7 +75,7 @@ void SettingsFileModeTest::opensNothing()
 {
     QFETCH(QFile::Permissions, before);
     QFETCH(QFile::Permissions, after);
-    store::open().setValue(store::key::tempName, 1);
+    store::write(store::key::tempName, QStringLiteral("1"));
     QVERIFY(QFile::setPermissions(store::fileName, before));
     store::restrictToOwner();
     QCOMPARE(modeOf(store::fileName), after);
