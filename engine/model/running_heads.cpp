@@ -61,7 +61,7 @@ std::vector<EdgeRow> edgeRows(const RawPage &page)
     const auto [first, last] = textExtent(page);
     const double reach = edgeShare * page.height;
     for (const bool top : {true, false}) {
-        const auto inZone = [&](double y, double depth) {
+        const auto inZone = [&, first = first, last = last](double y, double depth) {
             return top ? y < std::max(first + depth / 2, depth) : y > std::min(last - depth / 2, page.height - depth);
         };
         WordRefs words; // from further in than looked for, to see how far the next row is
