@@ -68,6 +68,7 @@ private Q_SLOTS:
     void doubleClickOpensExactlyOnce_data();
     void doubleClickOpensExactlyOnce();
     void doubleClickWithoutItems();
+    void doubleClickHandsOnWhatHasAScheme();
     void cellsCannotBeEdited();
 };
 
@@ -332,6 +333,17 @@ void WidgetsFileList::doubleClickWithoutItems()
     fixture.drop({empty});
     doubleClickCell(fixture, 0, 1);
     QCOMPARE(fixture.urls.opened, QList<QUrl>({QUrl::fromLocalFile(empty)}));
+}
+
+void WidgetsFileList::doubleClickHandsOnWhatHasAScheme()
+{
+    WindowFixture fixture;
+    fixture.open();
+    fixture.dropFiles(1);
+    fixture.table()->item(0, 0)->setText(QStringLiteral("https://marbeck.example/a b.pdf"));
+    fixture.table()->setCurrentCell(0, 0);
+    fixture.call("On_TableWidget_DoubleClicked");
+    QCOMPARE(fixture.urls.opened, QList<QUrl>({QUrl(QStringLiteral("https://marbeck.example/a b.pdf"))}));
 }
 
 void WidgetsFileList::cellsCannotBeEdited()
