@@ -49,13 +49,15 @@ void checkOptions(const Options &options, const std::vector<std::string> &argume
 void checkNames(const Options &options)
 {
     const std::string folder = options.outputPath.substr(0, options.outputPath.rfind('/') + 1);
+    const std::string extension = outputExtension(options.outputPath);
     std::vector<std::string> paths;
     for (int page = 1; page <= 12; ++page) {
         paths.push_back(pageFilePath(options, page, 12));
         const std::string &path = paths.back();
         fuzz::require(path.compare(0, folder.size(), folder) == 0, "every file lies in the output folder");
         fuzz::require(path.find('/', folder.size()) == std::string::npos, "no file lies in a folder below");
-        fuzz::require(outputExtension(path) == outputExtension(options.outputPath), "the extension stays");
+        // An output path without one is refused before any file is named.
+        fuzz::require(extension.empty() || outputExtension(path) == extension, "the extension stays");
     }
     std::sort(paths.begin(), paths.end());
     fuzz::require(std::adjacent_find(paths.begin(), paths.end()) == paths.end(), "no two pages share a file");
