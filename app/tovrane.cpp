@@ -68,7 +68,10 @@ tovrane::~tovrane() = default;
 void tovrane::placeOnScreen()
 {
     setGeometry(0, 0, width(), height());
-    move(QGuiApplication::screens().at(0)->geometry().center() - rect().center());
+    const QRect screen = QGuiApplication::screens().at(0)->geometry();
+    const QPoint centred = screen.center() - rect().center();
+    // A screen that is too small shows the top left, where everything but the banner and the bar is.
+    move(std::max(centred.x(), screen.x()), std::max(centred.y(), screen.y()));
     setFixedSize(width(), height());
 }
 
