@@ -47,6 +47,26 @@ bool isTaken(const Box &box, const std::vector<Box> &taken)
         taken.begin(), taken.end(), [&box](const Box &t) { return t.contains(box.centreX(), box.centreY()); });
 }
 
+double area(const Box &box)
+{
+    return box.width() * box.height();
+}
+
+// Much text, and lines and fills that reach far beyond what is really drawn.
+bool isFramedText(const RawPage &page, const Box &region, const std::vector<Region> &strokes)
+{
+    constexpr int fewWords = 30;
+    constexpr double mostlyDrawn = 0.25;
+    double drawn = 0;
+    for (const Region &stroke : strokes) {
+        drawn += area(intersected(stroke.box, region));
+    }
+    const auto words = std::count_if(page.words.begin(), page.words.end(), [&region](const Word &word) {
+        return region.contains(word.box.centreX(), word.box.centreY());
+    });
+    return words > fewWords && drawn < mostlyDrawn * area(region);
+}
+
 } // namespace
 
 std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken)
@@ -58,33 +78,45 @@ std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken
     const auto isBackground = [&](const Box &b) {
         return b.width() * b.height() > mostOfPage * pageArea || isTaken(b, taken);
     };
-    std::vector<Region> parts;
+    std::vector<Region> strokes;
     for (const Box &ink : page.ink) {
         if (!isBackground(ink)) {
-            parts.push_back({ink, 1});
+            strokes.push_back({ink, 1});
         }
     }
-    parts = joined(parts);
-    for (const Rule &rule : page.rules) {
-        const Box box{rule.x1, rule.y1, rule.x2, rule.y2};
-        const bool touches =
-            std::any_of(parts.begin(), parts.end(), [&](const Region &r) { return close(r.box, box); });
-        if (touches && !isBackground(box) && rule.length() < 0.6 * std::max(page.width, page.height)) {
+    strokes = joined(strokes);
+    std::vector<Region> parts = strokes;
+    const auto addNear = [&](const Box &box) {
+        if (!isBackground(box) &&
+            std::any_of(strokes.begin(), strokes.end(), [&](const Region &r) { return close(r.box, box); })) {
             parts.push_back({box, 0});
+        }
+    };
+    for (const Rule &rule : page.rules) {
+        if (rule.length() < 0.6 * std::max(page.width, page.height)) {
+            addNear({rule.x1, rule.y1, rule.x2, rule.y2});
         }
     }
     for (const Fill &fill : page.fills) {
-        if (!isBackground(fill.box) &&
-            std::any_of(parts.begin(), parts.end(), [&](const Region &r) { return close(r.box, fill.box); })) {
-            parts.push_back({fill.box, 0});
-        }
+        addNear(fill.box);
     }
     std::vector<Box> drawings;
-    constexpr int fewestMarks = 3;
-    for (const Region &region : joined(parts)) {
+    const auto keep = [&](const Region &region) {
         const bool large = region.box.width() >= smallest && region.box.height() >= smallest;
+        constexpr int fewestMarks = 3;
         if (large && region.ink >= fewestMarks && !isBackground(region.box)) {
             drawings.push_back(region.box);
+        }
+    };
+    for (const Region &region : joined(parts)) {
+        if (isFramedText(page, region.box, strokes)) { // a form or a striped table with a few ornaments
+            for (const Region &stroke : strokes) {
+                if (region.box.contains(stroke.box.centreX(), stroke.box.centreY())) {
+                    keep(stroke);
+                }
+            }
+        } else {
+            keep(region);
         }
     }
     return drawings;

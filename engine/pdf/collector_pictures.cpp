@@ -69,64 +69,24 @@ private:
 
 } // namespace
 
-class PagePictureSource::Page
+/// A part of a page as pixels, or all of it.
+struct PagePictureSource::Drawn
 {
-public:
-    Page(Document &document, int number, bool withText, ColourDepth depth, double xres, double yres)
-        : m_number(number)
-        , m_withText(withText)
-        , m_depth(depth)
-        , m_xres(xres)
-        , m_yres(yres)
-    {
-        const PageSize size = document.pageSize(number);
-        const double pixels = size.width * xres / pointsPerInch * size.height * yres / pointsPerInch;
-        const double shrink = pixels > mostPixels ? std::sqrt(mostPixels / pixels) : 1;
-        m_xres *= shrink;
-        m_yres *= shrink;
-        PDFDoc *doc = document.handles().doc.get();
-        Painter painter(depth, withText);
-        painter.startDoc(doc);
-        doc->displayPage(&painter, number, m_xres, m_yres, 0, false, true, false);
-        m_bitmap.reset(painter.takeBitmap());
-    }
+    int page = 0;
+    bool withText = false;
+    bool whole = false;
+    double xres = 0;
+    double yres = 0;
+    int left = 0; ///< where the bitmap begins on the page, in pixels
+    int top = 0;
+    std::unique_ptr<SplashBitmap> bitmap;
+};
 
-    bool is(int number, bool withText) const { return number == m_number && withText == m_withText; }
-
-    model::EncodedPicture cut(const model::Box &box) const
-    {
-        if (!m_bitmap || !m_bitmap->getDataPtr()) {
-            return {};
-        }
-        const auto pixel = [](double points, double res, int limit) {
-            return std::clamp(static_cast<int>(std::lround(points * res / pointsPerInch)), 0, limit);
-        };
-        const int left = pixel(box.left, m_xres, m_bitmap->getWidth());
-        const int right = pixel(box.right, m_xres, m_bitmap->getWidth());
-        const int top = pixel(box.top, m_yres, m_bitmap->getHeight());
-        const int bottom = pixel(box.bottom, m_yres, m_bitmap->getHeight());
-        if (left >= right || top >= bottom) {
-            return {};
-        }
-        const Raster raster{
-            m_bitmap->getWidth(),
-            m_bitmap->getHeight(),
-            m_depth,
-            static_cast<std::size_t>(m_bitmap->getRowSize()),
-            m_bitmap->getDataPtr(),
-            nullptr};
-        return encodePicture(raster, {left, top, right - left, bottom - top});
-    }
-
-    model::EncodedPicture all() const { return cut({0, 0, 1e6, 1e6}); }
-
-private:
-    int m_number;
-    bool m_withText;
-    ColourDepth m_depth;
-    double m_xres;
-    double m_yres;
-    std::unique_ptr<SplashBitmap> m_bitmap;
+/// Fonts and colours that a painter has met serve all pages that it paints.
+struct PagePictureSource::Painters
+{
+    std::unique_ptr<Painter> withText;
+    std::unique_ptr<Painter> withoutText;
 };
 
 PagePictureSource::PagePictureSource(Document &document, ColourDepth depth, double xres, double yres)
@@ -134,28 +94,87 @@ PagePictureSource::PagePictureSource(Document &document, ColourDepth depth, doub
     , m_depth(depth)
     , m_xres(xres)
     , m_yres(yres)
+    , m_painters(std::make_unique<Painters>())
+    , m_drawn(std::make_unique<Drawn>())
 {}
 
 PagePictureSource::~PagePictureSource() = default;
 
-const PagePictureSource::Page &PagePictureSource::page(int number, bool withText)
+void PagePictureSource::draw(int page, bool withText, const model::Box &box, bool whole)
 {
-    if (!m_page || !m_page->is(number, withText)) {
-        m_page.reset();
-        m_page = std::make_unique<Page>(m_document, number, withText, m_depth, m_xres, m_yres);
+    auto &painter = withText ? m_painters->withText : m_painters->withoutText;
+    PDFDoc *doc = m_document.handles().doc.get();
+    if (!painter) {
+        painter = std::make_unique<Painter>(m_depth, withText);
+        painter->startDoc(doc);
     }
-    return *m_page;
+    const PageSize size = m_document.pageSize(page);
+    const double pixels = size.width * m_xres / pointsPerInch * size.height * m_yres / pointsPerInch;
+    const double shrink = pixels > mostPixels ? std::sqrt(mostPixels / pixels) : 1;
+    Drawn drawn{page, withText, whole, m_xres * shrink, m_yres * shrink, 0, 0, nullptr};
+    if (whole) {
+        m_drawn->bitmap.reset(); // not two pages at a time
+        doc->displayPage(painter.get(), page, drawn.xres, drawn.yres, 0, false, true, false);
+    } else {
+        const auto first = [](double points, double res) { return static_cast<int>(points * res / pointsPerInch); };
+        drawn.left = std::max(0, first(box.left, drawn.xres) - 1);
+        drawn.top = std::max(0, first(box.top, drawn.yres) - 1);
+        const int width = first(std::min(box.right, size.width), drawn.xres) + 2 - drawn.left;
+        const int height = first(std::min(box.bottom, size.height), drawn.yres) + 2 - drawn.top;
+        doc->displayPageSlice(
+            painter.get(), page, drawn.xres, drawn.yres, 0, false, true, false, drawn.left, drawn.top,
+            std::max(1, width), std::max(1, height));
+    }
+    drawn.bitmap.reset(painter->takeBitmap());
+    *m_drawn = std::move(drawn);
+}
+
+model::EncodedPicture PagePictureSource::cut(const model::Box &box) const
+{
+    SplashBitmap *bitmap = m_drawn->bitmap.get();
+    if (!bitmap || !bitmap->getDataPtr()) {
+        return {};
+    }
+    const auto pixel = [](double points, double res, int first, int limit) {
+        return std::clamp(static_cast<int>(std::lround(points * res / pointsPerInch)) - first, 0, limit);
+    };
+    const int left = pixel(box.left, m_drawn->xres, m_drawn->left, bitmap->getWidth());
+    const int right = pixel(box.right, m_drawn->xres, m_drawn->left, bitmap->getWidth());
+    const int top = pixel(box.top, m_drawn->yres, m_drawn->top, bitmap->getHeight());
+    const int bottom = pixel(box.bottom, m_drawn->yres, m_drawn->top, bitmap->getHeight());
+    if (left >= right || top >= bottom) {
+        return {};
+    }
+    const Raster raster{
+        bitmap->getWidth(),
+        bitmap->getHeight(),
+        m_depth,
+        static_cast<std::size_t>(bitmap->getRowSize()),
+        bitmap->getDataPtr(),
+        nullptr};
+    return encodePicture(raster, {left, top, right - left, bottom - top});
 }
 
 model::EncodedPicture PagePictureSource::encode(int pageNumber, const model::Box &box, model::PictureKind kind)
 {
     // The labels of a drawing belong to its picture: without them a chart cannot be read.
-    return page(pageNumber, kind != model::PictureKind::Image).cut(box);
+    const bool withText = kind != model::PictureKind::Image;
+    const bool samePage = m_drawn->page == pageNumber && m_drawn->withText == withText;
+    if (!samePage) { // most pages have one picture
+        draw(pageNumber, withText, box, kind == model::PictureKind::Page);
+    } else if (!m_drawn->whole) {
+        draw(pageNumber, withText, box, true);
+    }
+    return cut(box);
 }
 
 model::EncodedPicture PagePictureSource::background(int pageNumber)
 {
-    return page(pageNumber, false).all();
+    constexpr model::Box everything{0, 0, 1e6, 1e6};
+    if (m_drawn->page != pageNumber || m_drawn->withText || !m_drawn->whole) {
+        draw(pageNumber, false, everything, true);
+    }
+    return cut(everything);
 }
 
 } // namespace quorra

@@ -22,15 +22,18 @@ public:
     model::EncodedPicture background(int pageNumber) override;
 
 private:
-    class Page;
+    struct Drawn;
+    struct Painters;
 
-    const Page &page(int number, bool withText);
+    void draw(int page, bool withText, const model::Box &box, bool whole);
+    model::EncodedPicture cut(const model::Box &box) const;
 
     Document &m_document;
     ColourDepth m_depth;
     double m_xres;
     double m_yres;
-    std::unique_ptr<Page> m_page;
+    std::unique_ptr<Painters> m_painters;
+    std::unique_ptr<Drawn> m_drawn;
 };
 
 /// Dots per inch of pictures inside documents when the options name none.

@@ -112,7 +112,7 @@ QString styleSheet(const model::Document &document, const Style &usual)
                           "td,th{padding:.1em .4em;vertical-align:top;text-align:left;font-weight:normal}\n"
                           "header,footer{margin:0 0 .6em}\n"
                           ".caption,.picture{margin:.4em 0}\n"
-                          "img{max-width:100%}\n")
+                          "img{max-width:100%;height:auto}\n")
         .arg(points(usual.size), family(usual), points(width - 2 * margin), points(margin));
 }
 

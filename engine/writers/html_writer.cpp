@@ -6,6 +6,8 @@
 
 #include <QXmlStreamWriter>
 
+#include <cmath>
+
 namespace quorra {
 
 namespace {
@@ -31,11 +33,6 @@ const char *tagOf(const Paragraph &paragraph)
     default:
         return isListing(paragraph) && paragraph.role == Role::Body ? "pre" : "p";
     }
-}
-
-const char *classOf(const Paragraph &paragraph)
-{
-    return paragraph.role == Role::Caption ? "caption" : paragraph.role == Role::Footnote ? "note" : nullptr;
 }
 
 class HtmlWriter
@@ -121,7 +118,7 @@ private:
             } else if (paragraph->role == Role::ListItem) {
                 openLists = writeListItem(*paragraph, openLists);
             } else {
-                writeText(tagOf(*paragraph), classOf(*paragraph), *paragraph);
+                writeText(tagOf(*paragraph), paragraph->role == Role::Caption ? "caption" : nullptr, *paragraph);
             }
         }
         setLists(0);
@@ -263,7 +260,11 @@ private:
         start("p", "picture");
         m_xml.writeEmptyElement(QStringLiteral("img"));
         m_xml.writeAttribute(QStringLiteral("alt"), QString());
-        m_xml.writeAttribute(QStringLiteral("style"), QStringLiteral("width:%1pt").arg(picture.box.width(), 0, 'f', 1));
+        constexpr double pixelsInPoint = 96.0 / 72;
+        m_xml.writeAttribute(
+            QStringLiteral("width"), QString::number(std::lround(picture.box.width() * pixelsInPoint)));
+        m_xml.writeAttribute(
+            QStringLiteral("height"), QString::number(std::lround(picture.box.height() * pixelsInPoint)));
         m_xml.writeAttribute(
             QStringLiteral("src"),
             QStringLiteral("data:%1;base64,%2")

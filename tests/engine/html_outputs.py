@@ -1,0 +1,99 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""HTML and XML outputs: well-formed, in one file, with the words that pdftotext finds; tables as a person marked them.
+
+Tables are scored where the documents' folder has truth/NAME-str.xml.
+"""
+import html
+import os
+import re
+import subprocess
+import sys
+import unicodedata
+
+import core_support
+import table_score
+from core_support import password, tool
+
+LEAST = {"html": 0.995, "xhtml": 0.995, "xml": 0.98}
+MOST_MEGABYTES = 150
+LEAST_TABLES = 0.85
+# A text without blanks has no words to compare; its letters serve. Formulas are cut otherwise by every reader.
+IDEOGRAPH = "\u2e80-\ua4cf\uf900-\ufaff"
+FORMULAS = {"GeoTopo-komprimiert.pdf": 0.993}
+
+
+def words(text):
+    text = unicodedata.normalize("NFKC", text).replace("\u00ad", "")
+    return core_support.collections.Counter(
+        re.findall(rf"[{IDEOGRAPH}]|[^\W{IDEOGRAPH}]+", text))
+
+
+def plain(markup):
+    markup = re.sub(r"<(title|style)>.*?</\1>", "", markup, flags=re.S)
+    markup = re.sub(r"</?(?:b|i|a|span)\b[^>]*>", "", markup)
+    return html.unescape(re.sub(r"<[^>]*>", " ", markup))
+
+
+def compare_words(suite, document, kind, markup):
+    peer = tool("pdftotext", *password(document), str(document), "-").decode(errors="replace")
+    ours, theirs = words(plain(markup)), words(peer)
+    common = sum((ours & theirs).values())
+    recall = common / max(1, sum(theirs.values())) if theirs else 1
+    precision = common / max(1, sum(ours.values())) if ours else 1
+    least = min(LEAST[kind], FORMULAS.get(document.name, 1))
+    unlike = max(sum(theirs.values()), sum(ours.values())) - common
+    suite.check(unlike <= 2 or (recall >= least and precision >= least), document.name, kind,
+                f"recall {recall:.4f} precision {precision:.4f}")
+
+
+def check_markup(suite, document, kind):
+    folder = suite.fresh(f"{document.name}-{kind}")
+    path = folder / ("out.html" if kind == "html" else "out.xml")
+    result = suite.convert(document, path, *(["-htmlformat"] if kind == "xhtml" else []))
+    if not path.exists():
+        return None
+    suite.check(result.megabytes <= MOST_MEGABYTES or "SANITIZE" in os.environ, document.name, kind,
+                f"{result.megabytes:.0f} MB")
+    suite.check([each.name for each in folder.iterdir()] == [path.name], document.name, kind, "more than one file")
+    lint = subprocess.run(["xmllint", "--noout", "--nonet", "--huge", str(path)], capture_output=True, check=False)
+    suite.check(lint.returncode == 0, document.name, kind, "is not well-formed:", lint.stderr[:300])
+    markup = path.read_text(encoding="utf-8")
+    suite.check(not re.search(r"<(?:img|link|script|iframe)\b[^>]*\b(?:src|href)=\"(?!data:)", markup), document.name,
+                kind, "needs another file")
+    compare_words(suite, document, kind, markup)
+    return path
+
+
+def check_options(suite):
+    document = suite.samples / "report.pdf"
+    path = suite.folder / "gray.html"
+    suite.convert(document, path, "-gray", "-f", "1", "-l", "1")
+    for colour in re.findall(r"#([0-9a-f]{6})\b", path.read_text(encoding="utf-8")):
+        suite.check(colour[:2] == colour[2:4] == colour[4:], "colour in gray output:", colour)
+    wide, narrow = (suite.folder / name for name in ("wide.html", "narrow.html"))
+    suite.convert(document, wide, "-width", "1600")
+    suite.convert(document, narrow, "-width", "800")
+    sizes = [float(re.search(r"font:([\d.]+)pt", each.read_text(encoding="utf-8")).group(1)) for each in (wide, narrow)]
+    suite.check(abs(sizes[0] / sizes[1] - 2) < 0.1, "type does not follow the width:", sizes)
+
+
+def main():
+    suite = core_support.Suite()
+    scores = []
+    for document in suite.documents():
+        for kind in LEAST:
+            path = check_markup(suite, document, kind)
+            truth = document.parent / "truth" / f"{document.stem}-str.xml"
+            if path and kind == "html" and truth.exists():
+                scores.append(table_score.score(str(truth), str(path))[2])
+    if scores:
+        mean = sum(scores) / len(scores)
+        suite.check(mean >= LEAST_TABLES, "tables:", scores)
+        print(f"tables: mean F1 {mean:.3f} over {len(scores)} documents")
+    if not suite.corpus:
+        check_options(suite)
+    suite.end()
+
+
+sys.stdout.reconfigure(line_buffering=True)
+main()

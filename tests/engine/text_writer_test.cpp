@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model_pages.h"
+
+#include "engine/writers/text_writer.h"
+#include "engine/writers/xml_writer.h"
+
+#include <QBuffer>
+#include <QTest>
+
+using namespace quorra;
+using namespace quorra::model;
+
+class TextWriterTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keepsLinesAndCompletesCutWords()
+    {
+        PageMaker page;
+        page.lines(
+            60, 100, {QStringLiteral("The con-"), QStringLiteral("verter works"), QStringLiteral("as it should.")});
+        QCOMPARE(pageAsText(page.build().pages.front()), QStringLiteral("The converter\nworks\nas it should.\n"));
+    }
+
+    void setsTablesInColumns()
+    {
+        PageMaker page;
+        page.grid({50, 150, 250}, {100, 120, 140});
+        page.text(52, 114, QStringLiteral("long entry"));
+        page.text(152, 114, QStringLiteral("two"));
+        page.text(52, 134, QStringLiteral("x"));
+        page.text(228, 134, QStringLiteral("1234"));
+        QCOMPARE(
+            pageAsText(page.build().pages.front()), QStringLiteral("long entry  two\n"
+                                                                   "x           1234\n"));
+    }
+
+    void putsRunningHeadsAtTheirEnds()
+    {
+        std::vector<RawPage> pages;
+        for (int number = 1; number <= 3; ++number) {
+            PageMaker page(number);
+            page.text(300, 780, QString::number(number));
+            page.text(60, 40, QStringLiteral("A report"));
+            page.lines(60, 100, prose(5, QString(number, QLatin1Char('m'))));
+            pages.push_back(page.raw());
+        }
+        const QString text = pageAsText(buildDocument(pages).pages.at(1));
+        QVERIFY(text.startsWith(QStringLiteral("A report\n\nmm runs")));
+        QVERIFY(text.endsWith(QStringLiteral("\n\n2\n")));
+    }
+
+    void emptyPageGivesNothing() { QCOMPARE(pageAsText(Page()), QString()); }
+
+    void xmlKeepsPlacesAndWholeWords()
+    {
+        PageMaker page;
+        page.lines(60, 100, {QStringLiteral("The con-"), QStringLiteral("verter works & is done.")});
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        writeXml(buffer, page.build());
+        const QString xml = QString::fromUtf8(buffer.data());
+        QVERIFY(xml.contains(QStringLiteral(
+            "left=\"60\" top=\"92\" right=\"75\" bottom=\"102\" font=\"Times New Roman\" size=\"10\">The</word>")));
+        QVERIFY(xml.contains(QStringLiteral(">converter</word>")));
+        QVERIFY(xml.contains(QStringLiteral("part=\"rest\"")));
+        QVERIFY(xml.contains(QStringLiteral("&amp;")));
+    }
+};
+
+QTEST_APPLESS_MAIN(TextWriterTest)
+#include "text_writer_test.moc"
