@@ -42,6 +42,7 @@ void runPool(int threads, int pageCount, const std::function<void(const PageSour
     std::mutex mutex;
     std::exception_ptr failure;
     std::vector<std::thread> pool;
+    pool.reserve(static_cast<std::size_t>(threads));
     for (int i = 0; i < threads; ++i)
         pool.emplace_back([&] {
             limits::prepareThread();
