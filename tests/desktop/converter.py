@@ -21,7 +21,7 @@ PLACES = {
 }
 KINDS = ["PDF to Word", "PDF to Excel", "PDF to PPT", "PDF to HTML", "PDF to XML", "PDF to PostScript", "PDF to EPS",
          "PDF to Text", "PDF to Image"]
-KIND_PLACE = (84, 105)
+KIND_PLACE = (84, 116)
 KIND_HEIGHT = 29
 ROW_PLACE = (330, 117)
 ROW_HEIGHT = 30
@@ -64,8 +64,8 @@ class Converter:
         self.process = self.desktop.start(command, environment, cwd="/")
         self.window = self.desktop.window(TITLE)
         self.desktop.park()
-        wait_for("the window's drawing", lambda: len(set(self.look())) > 1)
-        self.idle_look = self.look()
+        wait_for("the window's drawing", lambda: len(set(self.sign())) > 2)
+        self.idle_sign = self.sign()
         self.plain_look = self.look("About")
 
     def place(self, x, y):
@@ -142,11 +142,17 @@ class Converter:
 
     # The run
 
-    def look(self, button="Start"):
+    def look(self, button):
         """What the button looks like at this moment."""
         x, y = self.place(*PLACES[button])
         half = 34 * self.scale
         return self.desktop.pixels(self.window, x - half, y - half, 2 * half, 2 * half)
+
+    def sign(self):
+        """The middle of the Start button's icon, which tells start from stop however the button is highlighted."""
+        x, y = PLACES["Start"]
+        x, y = self.place(x, y - 10)
+        return self.desktop.pixels(self.window, x - 8, y - 8, 16, 16)
 
     def settle(self):
         """Waits until the program has dealt with all pointer events so far: until a button that the pointer is then
@@ -172,7 +178,7 @@ class Converter:
 
     def wait_for_end(self, limit=10 * LIMIT):
         """Waits until the Start button looks idle again and no engine runs."""
-        wait_for("the end of the run", lambda: not self.engines() and self.look() == self.idle_look
+        wait_for("the end of the run", lambda: not self.engines() and self.sign() == self.idle_sign
                  and not self.engines(), limit)
 
     def close(self):

@@ -33,6 +33,7 @@ class Drag(DesktopCase):
         self.picture("drag-over")
         self.desktop.run("xdotool", "mouseup", 1)
         wait_for("the end of the drag", lambda: "dropped" in told.read_text())
+        converter.settle()  # the window fetches the addresses from the source after the pointer was let go
         source.terminate()
         return told.read_text().split("\n")[-2]
 
