@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Prints how good the engine's documents are, beside what other tools make of the same files.
 
-Usage: quality.py ENGINE CORPUS [--check]
+Usage: quality.py ENGINE [--check]
 
+The files are those of the folder that the environment variable QUORRA_PDF_CORPUS names; without it nothing is measured.
 --check   ends with exit status 1 when a figure misses its target.
 """
 import os
@@ -137,10 +138,10 @@ PEER_BOXES = "LibreOffice's import: 1 a line"
 
 
 def main(arguments):
-    if len(arguments) < 2:
+    if not arguments:
         sys.exit(__doc__)
-    engine, corpus = arguments[:2]
-    if not corpus or not os.path.isdir(corpus):
+    engine, corpus = arguments[0], os.environ.get("QUORRA_PDF_CORPUS", "")
+    if not os.path.isdir(corpus):
         print("QUORRA_PDF_CORPUS names no folder: nothing to measure")
         return 77
     started = time.time()

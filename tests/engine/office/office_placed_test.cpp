@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "office_fixture.h"
+
+#include "engine/office/exact_lines.h"
+#include "engine/office/font_widths.h"
+#include "engine/office/odf_sheets.h"
+#include "engine/office/odf_slides.h"
+#include "engine/office/page_transform.h"
+#include "engine/office/placed.h"
+#include "engine/office/word_placed.h"
+
+#include <QTest>
+
+using namespace quorra;
+using namespace quorra::office;
+
+/// Documents whose parts keep their places: frames, exact lines, slides and sheets made of hand-made pages.
+class OfficePlacedTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void joinsCloseParagraphsIntoOneFrame();
+    void framesStandWhereTheTextDoes();
+    void linesKeepTheirBaselines();
+    void knowsWidthsOfCommonFaces();
+    void exactLinesStandOverTheBackground();
+    void oneSlideForEachPage();
+    void otherPageSizesAreCentred();
+    void pagesTakeTheSizeAskedFor();
+    void coloursAreReduced();
+    void sheetsHoldNumbersAsNumbers();
+    void documentsWithoutTablesGiveTheirLines();
+};
+
+namespace {
+
+model::Page pageOf(std::vector<model::Paragraph> paragraphs)
+{
+    model::Page page = fixture::page();
+    for (model::Paragraph &paragraph : paragraphs) {
+        page.sections[0].blocks.push_back(fixture::block(std::move(paragraph)));
+    }
+    return page;
+}
+
+model::Page threeParagraphs()
+{
+    return pageOf(
+        {fixture::paragraph(QStringLiteral("one"), {72, 100, 200, 112}),
+         fixture::paragraph(QStringLiteral("two"), {72, 114, 200, 126}),
+         fixture::paragraph(QStringLiteral("far below"), {72, 300, 200, 312})});
+}
+
+} // namespace
+
+void OfficePlacedTest::joinsCloseParagraphsIntoOneFrame()
+{
+    const model::Page page = threeParagraphs();
+    const std::vector<TextBlock> joined = textBlocks(page, true);
+    QCOMPARE(joined.size(), std::size_t(2));
+    QCOMPARE(joined[0].box, (model::Box{72, 100, 200, 126}));
+    QCOMPARE(textBlocks(page, false).size(), std::size_t(3));
+}
+
+void OfficePlacedTest::framesStandWhereTheTextDoes()
+{
+    fixture::Pictures pictures;
+    const model::Document document{{threeParagraphs()}};
+    const QString text = fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeFramed(file, document, pictures); });
+    QCOMPARE(text.count(QLatin1String("<draw:text-box ")), 2);
+    QVERIFY(text.contains(QLatin1String("svg:x=\"72.00pt\" svg:y=\"300.00pt\"")));
+    QCOMPARE(pictures.encoded, 0);
+}
+
+void OfficePlacedTest::linesKeepTheirBaselines()
+{
+    const std::vector<double> baselines = {110, 122, 133, 160};
+    const std::vector<double> sizes = {10, 10, 9, 10};
+    const double top = baselines[0] - riseOf(sizes[0]);
+    double bottom = top;
+    const std::vector<LinePlace> places = placeLines(top, baselines, sizes);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const double baseline = bottom + places[i].above + 0.8 * places[i].height;
+        QVERIFY2(std::abs(baseline - baselines[i]) < 0.01, qPrintable(QString::number(baseline)));
+        bottom += places[i].above + places[i].height;
+    }
+}
+
+void OfficePlacedTest::knowsWidthsOfCommonFaces()
+{
+    model::Style look = fixture::style(10);
+    QCOMPARE(textWidth(QStringLiteral("A"), look).value_or(0), 7.22);
+    look.bold = true;
+    QCOMPARE(textWidth(QStringLiteral("a"), look).value_or(0), 5.0);
+    look.serif = false;
+    look.family = QStringLiteral("Something Sans");
+    QCOMPARE(measuredFamily(look), QStringLiteral("Arial"));
+    QCOMPARE(textWidth(QStringLiteral("a "), look).value_or(0), 8.34);
+    look.fixedPitch = true;
+    QCOMPARE(textWidth(QStringLiteral("iiii"), look).value_or(0), 24.0);
+    QVERIFY(!textWidth(QStringLiteral("\u4e2d"), look));
+}
+
+void OfficePlacedTest::exactLinesStandOverTheBackground()
+{
+    fixture::Pictures pictures;
+    model::Document document{{threeParagraphs()}};
+    const auto exact = [&] {
+        return fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeExact(file, document, pictures); });
+    };
+    QVERIFY(exact().contains(QLatin1String(">far<")));
+    QCOMPARE(pictures.backgrounds, 0); // nothing but text: no picture behind it
+    document.pages[0].rules = {{72, 120, 540, 120, 1, model::black}};
+    QVERIFY(exact().contains(QLatin1String("svg:width=\"612.00pt\" svg:height=\"792.00pt\"")));
+    QCOMPARE(pictures.backgrounds, 1);
+}
+
+void OfficePlacedTest::oneSlideForEachPage()
+{
+    fixture::Pictures pictures;
+    model::Page page = threeParagraphs();
+    page.sections[0].blocks.push_back({fixture::table(2, {QStringLiteral("a"), QStringLiteral("b")}), 0});
+    page.rules = {{72, 400, 540, 400, 1, 0xff0000}};
+    const model::Document document{{page, threeParagraphs()}};
+    const QString text =
+        fixture::odf(OdfKind::Presentation, [&](OdfFile &file) { writeSlides(file, document, pictures); });
+    QCOMPARE(text.count(QLatin1String("<draw:page ")), 2);
+    QCOMPARE(text.count(QLatin1String("<draw:text-box>")), 6);
+    QCOMPARE(text.count(QLatin1String("<table:table ")), 1);
+    QCOMPARE(text.count(QLatin1String("<draw:line ")), 1);
+}
+
+void OfficePlacedTest::otherPageSizesAreCentred()
+{
+    fixture::Pictures source;
+    MovedPictures pictures(source);
+    model::Page wide = pageOf({fixture::paragraph(QStringLiteral("x"), {0, 0, 100, 10})});
+    wide.number = 2;
+    wide.width = 1224;
+    wide.height = 792;
+    model::Document document{{threeParagraphs(), wide}};
+    unifyPages(document, pictures);
+    QCOMPARE(document.pages[1].width, 612.0);
+    QCOMPARE(document.pages[1].sections[0].blocks[0].box(), (model::Box{0, 198, 50, 203}));
+    pictures.encode(2, {0, 198, 50, 203}, model::PictureKind::Image);
+    QCOMPARE(source.lastBox, (model::Box{0, 0, 100, 10}));
+}
+
+void OfficePlacedTest::pagesTakeTheSizeAskedFor()
+{
+    fixture::Pictures source;
+    MovedPictures pictures(source);
+    model::Document document{{threeParagraphs()}};
+    Options options;
+    options.width = 408; // pixels, 96 to the inch: half of the page's 612 points
+    fitToOptions(document, options, pictures);
+    QCOMPARE(document.pages[0].width, 306.0);
+    QCOMPARE(document.pages[0].height, 396.0);
+    QCOMPARE(document.pages[0].sections[0].blocks[0].paragraph()->runs[0].style.size, 5.0);
+    QCOMPARE(document.pages[0].sections[0].blocks[0].paragraph()->lines[0].baseline, 55.0);
+}
+
+void OfficePlacedTest::coloursAreReduced()
+{
+    model::Page page = threeParagraphs();
+    page.sections[0].blocks[0].paragraph()->runs[0].style.colour = 0xff0000;
+    page.fills = {{{0, 0, 10, 10}, 0x0000ff}};
+    model::Document gray{{page}};
+    reduceColours(gray, ColourDepth::Gray);
+    QCOMPARE(gray.pages[0].sections[0].blocks[0].paragraph()->runs[0].style.colour, model::Colour(0x4c4c4c));
+    model::Document mono{{page}};
+    reduceColours(mono, ColourDepth::Mono);
+    QCOMPARE(mono.pages[0].sections[0].blocks[0].paragraph()->runs[0].style.colour, model::black);
+    QCOMPARE(mono.pages[0].fills[0].colour, model::white);
+}
+
+void OfficePlacedTest::sheetsHoldNumbersAsNumbers()
+{
+    fixture::Pictures pictures;
+    model::Page page = fixture::page();
+    page.number = 3;
+    page.sections[0].blocks = {
+        {fixture::table(
+             2, {QStringLiteral("Name"), QStringLiteral("Sum"), QStringLiteral("00123"), QStringLiteral("(1,234.5)"),
+                 QStringLiteral("share"), QStringLiteral("5%")}),
+         0}};
+    const model::Document document{{page}};
+    const QString text =
+        fixture::odf(OdfKind::Spreadsheet, [&](OdfFile &file) { writeSheets(file, document, pictures); });
+    QVERIFY(text.contains(QLatin1String("table:name=\"Page 3\"")));
+    QVERIFY(text.contains(QLatin1String("office:value-type=\"float\" office:value=\"-1234.5\"")));
+    QVERIFY(text.contains(QLatin1String("office:value-type=\"percentage\" office:value=\"0.05\"")));
+    QVERIFY(text.contains(QLatin1String("office:value-type=\"string\"><text:p>00123")));
+    QVERIFY(text.contains(QLatin1String("style:condition=\"value()&gt;=0\"")));
+    QVERIFY(text.contains(QLatin1String("number:grouping=\"true\"")));
+}
+
+void OfficePlacedTest::documentsWithoutTablesGiveTheirLines()
+{
+    fixture::Pictures pictures;
+    const model::Document document{{threeParagraphs()}};
+    const QString text =
+        fixture::odf(OdfKind::Spreadsheet, [&](OdfFile &file) { writeSheets(file, document, pictures); });
+    QCOMPARE(
+        fixture::paragraphs(text),
+        (QStringList{QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("far below")}));
+    QVERIFY(text.contains(QLatin1String("table:name=\"Text\"")));
+}
+
+QTEST_APPLESS_MAIN(OfficePlacedTest)
+#include "office_placed_test.moc"
