@@ -34,6 +34,7 @@ std::vector<std::string> probedEnvironment(const std::string &probe, bool openDi
 pid_t spawn(const std::string &program, std::vector<std::string> environment, int reportEnd)
 {
     std::vector<char *> variables;
+    variables.reserve(environment.size() + 1);
     for (std::string &variable : environment)
         variables.push_back(variable.data());
     variables.push_back(nullptr);
