@@ -3,6 +3,7 @@
 
 #include "engine/model/build.h"
 #include "engine/office/page_transform.h"
+#include "engine/pdf/ahead_pictures.h"
 #include "engine/pdf/collect_pages.h"
 #include "engine/pdf/collector_pictures.h"
 #include "engine/platform/output_file.h"
@@ -31,7 +32,8 @@ void convertToMarkup(const Job &job, bool xhtml)
     PagePictureSource drawn(
         job.document, job.options.colourDepth, job.options.horizontalResolution(EmbeddedResolution),
         job.options.verticalResolution(EmbeddedResolution));
-    office::MovedPictures pictures(drawn);
+    AheadPictures ahead(job, document, drawn);
+    office::MovedPictures pictures(ahead);
     office::fitToOptions(document, job.options, pictures);
     office::reduceColours(document, job.options.colourDepth);
     OutputDevice device(file);
