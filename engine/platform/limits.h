@@ -5,7 +5,8 @@
 
 namespace quorra::limits {
 
-// Enough for every honest file tried at 150 dpi; with twice as much, a file made to unpack without end runs for minutes.
+// Enough for every honest file tried at 150 dpi; with twice as much, a file made to unpack without end runs for
+// minutes.
 inline constexpr std::uint64_t AddressSpaceBytes = 1ULL << 30;
 inline constexpr unsigned CpuSeconds = 600;
 inline constexpr std::uint64_t HelperAddressSpaceBytes = 4ULL << 30;
