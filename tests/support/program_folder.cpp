@@ -66,7 +66,7 @@ QString ProgramFolder::makeFolder(const QString &name) const
 
 QString ProgramFolder::makePdf(const QString &name, qint64 bytes) const
 {
-    const QString path = filePath(name);
+    QString path = filePath(name);
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || !file.resize(bytes))

@@ -36,12 +36,18 @@
 
 namespace {
 
-std::string g_folder;
 std::uint32_t g_run = 0;
+
+// The folder of the engine's own file; main() sets it.
+std::string &ownFolder()
+{
+    static std::string folder;
+    return folder;
+}
 
 std::string inFolder(const char *name)
 {
-    return g_folder + "/" + name;
+    return ownFolder() + "/" + name;
 }
 
 void writeAll(int fd, const char *bytes, std::size_t count)
@@ -141,7 +147,7 @@ void waitForRelease()
     const std::string mine = inFolder("engine.release-") + std::to_string(g_run);
     const std::string all = inFolder("engine.release-all");
     while (!exists(mine) && !exists(all)) {
-        if (!exists(g_folder))
+        if (!exists(ownFolder()))
             _exit(98);
         shortPause();
     }
@@ -150,7 +156,7 @@ void waitForRelease()
 void hang()
 {
     signal(SIGTERM, SIG_IGN);
-    while (exists(g_folder))
+    while (exists(ownFolder()))
         shortPause();
     _exit(98);
 }
@@ -197,10 +203,9 @@ void finish(int status, bool quiet)
 
 int main(int argc, char **argv)
 {
-    g_folder = argv[0];
-    g_folder.resize(g_folder.find_last_of('/') == std::string::npos ? 0 : g_folder.find_last_of('/'));
-    if (g_folder.empty())
-        g_folder = ".";
+    const std::string path = argv[0];
+    const std::size_t slash = path.find_last_of('/');
+    ownFolder() = slash == std::string::npos ? "." : path.substr(0, slash);
 
     const std::string plan = readAll(inFolder("engine.plan"));
     const bool quiet = plan.compare(0, 5, "quiet") == 0;

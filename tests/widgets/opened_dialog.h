@@ -57,5 +57,12 @@ inline Values one(const char *name, const char *value)
     return {{QString::fromLatin1(name), QString::fromLatin1(value)}};
 }
 
-inline const QStringList generalDepths{QStringLiteral("1 Bit"), QStringLiteral("8 Bits"), QStringLiteral("24 Bits")};
-inline const QStringList jpegDepths{QStringLiteral("8 Bits"), QStringLiteral("24 Bits")};
+inline QStringList generalDepths()
+{
+    return {QStringLiteral("1 Bit"), QStringLiteral("8 Bits"), QStringLiteral("24 Bits")};
+}
+
+inline QStringList jpegDepths()
+{
+    return {QStringLiteral("8 Bits"), QStringLiteral("24 Bits")};
+}

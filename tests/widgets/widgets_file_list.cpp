@@ -222,7 +222,8 @@ void WidgetsFileList::removes()
     WindowFixture fixture;
     fixture.open();
     QStringList expected;
-    for (const QChar letter : QStringLiteral("abcde")) {
+    const QString letters = QStringLiteral("abcde");
+    for (const QChar letter : letters) {
         const QString path = fixture.folder.makePdf(letter + QStringLiteral(".pdf"));
         fixture.drop({path});
         if (left.contains(letter))

@@ -82,7 +82,7 @@ void WidgetsSettingsDialog::fixedLists()
              QStringLiteral("CCITT Group 3 fax encoding 2D"), QStringLiteral("CCITT Group 4 fax encoding"),
              QStringLiteral("LZW compression"), QStringLiteral("PackBits compression"),
              QStringLiteral("204x98 G3 Class F TIFF"), QStringLiteral("204x196 G3 Class F TIFF")}));
-    QCOMPARE(opened.items("comboBox_BitCount"), generalDepths);
+    QCOMPARE(opened.items("comboBox_BitCount"), generalDepths());
     QVERIFY(!opened.combo("comboBox_WordMode")->itemData(0).isValid());
 }
 
@@ -352,10 +352,10 @@ void WidgetsSettingsDialog::resetRefillsDepthsForTheFirstExtension()
 {
     const ProgramFolder folder;
     const Opened opened(::kind(8, one("ConverterFormat", "15")));
-    QCOMPARE(opened.items("comboBox_BitCount"), jpegDepths);
+    QCOMPARE(opened.items("comboBox_BitCount"), jpegDepths());
     opened.click("pushButton_Reset");
     QCOMPARE(opened.combo("comboBox_Format")->currentText(), QStringLiteral(".tiff"));
-    QCOMPARE(opened.items("comboBox_BitCount"), generalDepths);
+    QCOMPARE(opened.items("comboBox_BitCount"), generalDepths());
     QCOMPARE(opened.combo("comboBox_BitCount")->currentText(), QStringLiteral("24 Bits"));
 }
 

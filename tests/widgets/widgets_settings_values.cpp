@@ -37,7 +37,7 @@ void WidgetsSettingsValues::jpegDepthRoundTrip()
     const auto depthStored = [] { return storedSetting(QStringLiteral("ColorDepth")); };
     {
         const Opened opened(::kind(8, one("ConverterFormat", "17")));
-        QCOMPARE(opened.items("comboBox_BitCount"), jpegDepths);
+        QCOMPARE(opened.items("comboBox_BitCount"), jpegDepths());
         opened.combo("comboBox_BitCount")->setCurrentText(QStringLiteral("8 Bits"));
         opened.apply();
         QCOMPARE(depthStored(), QStringLiteral("1"));
@@ -72,7 +72,7 @@ void WidgetsSettingsValues::extensionChangeResetsDepth()
     QCOMPARE(opened.combo("comboBox_BitCount")->currentText(), QStringLiteral("1 Bit"));
     opened.combo("comboBox_Format")->setCurrentText(extension);
     QCOMPARE(
-        opened.items("comboBox_BitCount"), extension.startsWith(QLatin1String(".jp")) ? jpegDepths : generalDepths);
+        opened.items("comboBox_BitCount"), extension.startsWith(QLatin1String(".jp")) ? jpegDepths() : generalDepths());
     QCOMPARE(opened.combo("comboBox_BitCount")->currentText(), QStringLiteral("24 Bits"));
 }
 
