@@ -22,6 +22,7 @@ std::vector<double> edges(
     double Rule::*to)
 {
     std::vector<double> values;
+    values.reserve(across.size());
     for (const Rule &rule : across) {
         values.push_back(rule.*at);
     }
@@ -39,6 +40,11 @@ std::vector<double> edges(
         values.push_back(last);
     }
     return values;
+}
+
+double edge(const std::vector<double> &values, int index)
+{
+    return values[static_cast<std::size_t>(index)];
 }
 
 } // namespace
@@ -69,6 +75,11 @@ Lattice::Lattice(const Rulings &rules)
             }
         }
     }
+}
+
+std::size_t Lattice::placeOf(int row, int column) const
+{
+    return static_cast<std::size_t>(row) * (m_xs.size() - 1) + static_cast<std::size_t>(column);
 }
 
 const Rule *Lattice::verticalAt(int edge, int row) const
@@ -112,10 +123,10 @@ Table Lattice::table() const
 std::vector<Cell> Lattice::cells() const
 {
     std::vector<Cell> cells;
-    std::vector<char> taken(static_cast<std::size_t>(rows() * columns()), 0);
+    std::vector<char> taken(placeOf(rows(), 0), 0);
     for (int row = 0; row < rows(); ++row) {
         for (int column = 0; column < columns(); ++column) {
-            if (taken[static_cast<std::size_t>(row * columns() + column)]) {
+            if (taken[placeOf(row, column)]) {
                 continue;
             }
             Cell cell;
@@ -123,9 +134,8 @@ std::vector<Cell> Lattice::cells() const
             cell.column = column;
             widen(cell, taken);
             cell.box = {
-                m_xs[static_cast<std::size_t>(column)], m_ys[static_cast<std::size_t>(row)],
-                m_xs[static_cast<std::size_t>(column + cell.columnSpan)],
-                m_ys[static_cast<std::size_t>(row + cell.rowSpan)]};
+                edge(m_xs, column), edge(m_ys, row), edge(m_xs, column + cell.columnSpan),
+                edge(m_ys, row + cell.rowSpan)};
             addBorders(cell);
             cells.push_back(cell);
         }
@@ -136,9 +146,8 @@ std::vector<Cell> Lattice::cells() const
 // Grows a cell to the right and then downwards as long as no line stands in its way.
 void Lattice::widen(Cell &cell, std::vector<char> &taken) const
 {
-    const auto place = [this](int row, int column) { return static_cast<std::size_t>(row * columns() + column); };
     while (cell.column + cell.columnSpan < columns() && !verticalAt(cell.column + cell.columnSpan, cell.row) &&
-           !taken[place(cell.row, cell.column + cell.columnSpan)]) {
+           !taken[placeOf(cell.row, cell.column + cell.columnSpan)]) {
         ++cell.columnSpan;
     }
     while (cell.row + cell.rowSpan < rows() && rowContinues(cell, cell.row + cell.rowSpan, taken)) {
@@ -146,7 +155,7 @@ void Lattice::widen(Cell &cell, std::vector<char> &taken) const
     }
     for (int row = cell.row; row < cell.row + cell.rowSpan; ++row) {
         for (int column = cell.column; column < cell.column + cell.columnSpan; ++column) {
-            taken[place(row, column)] = 1;
+            taken[placeOf(row, column)] = 1;
         }
     }
 }
@@ -154,7 +163,7 @@ void Lattice::widen(Cell &cell, std::vector<char> &taken) const
 bool Lattice::rowContinues(const Cell &cell, int row, const std::vector<char> &taken) const
 {
     for (int column = cell.column; column < cell.column + cell.columnSpan; ++column) {
-        if (horizontalAt(row, column) || taken[static_cast<std::size_t>(row * columns() + column)] ||
+        if (horizontalAt(row, column) || taken[placeOf(row, column)] ||
             (column > cell.column && verticalAt(column, row))) {
             return false;
         }

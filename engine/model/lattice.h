@@ -24,6 +24,7 @@ public:
     Table table() const;
 
 private:
+    std::size_t placeOf(int row, int column) const;
     const Rule *verticalAt(int edge, int row) const;
     const Rule *horizontalAt(int edge, int column) const;
     std::vector<Cell> cells() const;
