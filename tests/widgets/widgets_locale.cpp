@@ -77,7 +77,7 @@ void WidgetsLocale::argumentsOfTheEngine()
         {{QStringLiteral("ResizePage"), QStringLiteral("1")},
          {QStringLiteral("Width"), QStringLiteral("9999")},
          {QStringLiteral("LastPage"), QStringLiteral("1234")}});
-    const QStringList paths = fixture.dropFiles(1);
+    fixture.dropFiles(1);
     fixture.runToTheEnd();
     QCOMPARE(fixture.folder.runs().value(0).arguments.mid(0, 4), QByteArrayList({"-l", "1234", "-width", "9999"}));
 }

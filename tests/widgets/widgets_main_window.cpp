@@ -271,8 +271,7 @@ void WidgetsMainWindow::resizeSetsColumnWidths()
     fixture.open();
     fixture.table()->resize(tableWidth, 300);
     QResizeEvent event(QSize(720, 483), QSize(720, 483));
-    QVERIFY(QMetaObject::invokeMethod(
-        fixture.window.data(), "resizeEvent", Qt::DirectConnection, Q_ARG(QResizeEvent *, &event)));
+    fixture.window->resizeEvent(&event);
     QCOMPARE(fixture.table()->columnWidth(0), firstColumn);
     QCOMPARE(fixture.table()->columnWidth(1), 150);
 }
