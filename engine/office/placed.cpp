@@ -4,6 +4,7 @@
 #include "engine/office/exact_lines.h"
 #include "engine/office/odf_tables.h"
 #include "engine/office/page_walk.h"
+#include "engine/office/slide_grid.h"
 
 #include <algorithm>
 
@@ -62,9 +63,13 @@ void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &
     sink.xml.writeEndElement();
 }
 
-void writePlacedTable(const Sink &sink, const model::Table &table, FrameAnchor anchor)
+void writePlacedTable(const Sink &sink, const model::Page &page, const model::Table &table, FrameAnchor anchor)
 {
     TablePlace place;
+    if (anchor == FrameAnchor::Slide && isTooLargeForSlide(table)) {
+        writeSlideGrid(sink, table, page.width);
+        return;
+    }
     if (anchor == FrameAnchor::Slide) {
         place.home = TableHome::Slide;
         beginTableFrame(sink, table.box);
@@ -149,7 +154,7 @@ void writePlacedPage(const Sink &sink, const model::Page &page, model::PictureSo
     }
     forEachBlock(page, [&](const model::Block &block) {
         if (const model::Table *table = block.table()) {
-            writePlacedTable(sink, *table, anchor);
+            writePlacedTable(sink, page, *table, anchor);
         }
     });
 }
