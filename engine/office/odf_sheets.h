@@ -3,13 +3,9 @@
 
 #include "engine/model/document.h"
 #include "engine/model/picture.h"
-#include "engine/office/number.h"
 #include "engine/office/odf_file.h"
 
 namespace quorra::office {
-
-/// The name of a number format that shows the number as its table does.
-QString numberFormat(StyleTable &styles, const Number &number);
 
 /// Writes one sheet for each page with tables and for each scanned page; a document without either gives one sheet
 /// with its lines of text.
