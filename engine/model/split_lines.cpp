@@ -89,8 +89,9 @@ void splitBand(TableWords &found, int row, const std::vector<BandCell> &band, co
         for (int part = 0; part <= added; ++part) {
             Cell piece = cell;
             piece.row = row + part;
-            piece.box.top = edges[static_cast<std::size_t>(row + part)];
-            piece.box.bottom = edges[static_cast<std::size_t>(row + part) + 1];
+            const auto firstEdge = static_cast<std::size_t>(piece.row);
+            piece.box.top = edges[firstEdge];
+            piece.box.bottom = edges[firstEdge + 1];
             piece.top = part == 0 ? cell.top : Border{};
             piece.bottom = part == added ? cell.bottom : Border{};
             WordRefs inside;

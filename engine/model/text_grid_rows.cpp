@@ -145,9 +145,10 @@ TableWords TextGrid::tableWords() const
             cell.row = static_cast<int>(r);
             cell.column = column;
             cell.columnSpan = piece ? piece->span : 1;
+            const int end = column + cell.columnSpan;
             cell.box = {
-                m_edges[static_cast<std::size_t>(column)], table.rowEdges[r],
-                m_edges[static_cast<std::size_t>(column + cell.columnSpan)], table.rowEdges[r + 1]};
+                m_edges[static_cast<std::size_t>(column)], table.rowEdges[r], m_edges[static_cast<std::size_t>(end)],
+                table.rowEdges[r + 1]};
             table.cells.push_back(cell);
             result.words.push_back(piece ? piece->words : WordRefs());
             column += cell.columnSpan;

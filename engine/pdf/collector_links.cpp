@@ -32,7 +32,7 @@ int pageOf(PDFDoc &doc, const LinkGoTo &action)
 // Only addresses that a reader may follow safely; everything else (programs to start, scripts) is left out.
 QString addressOf(const std::string &uri)
 {
-    const QString address = QString::fromUtf8(uri.c_str()).trimmed();
+    QString address = QString::fromUtf8(uri.c_str()).trimmed();
     for (const char *scheme : {"http://", "https://", "mailto:", "ftp://"}) {
         if (address.startsWith(QLatin1String(scheme), Qt::CaseInsensitive)) {
             return address;
