@@ -190,7 +190,7 @@ void SheetWriter::writeTables(const model::Page &page, const std::vector<const m
             const auto at = table->rowEdges.begin() + row;
             beginRow(at[1] - at[0]);
             for (int column = 0; column < table->columns(); ++column) {
-                if (const model::Cell *cell = grid[static_cast<std::size_t>(row * table->columns() + column)]) {
+                if (const model::Cell *cell = *(grid.begin() + row * table->columns() + column)) {
                     writeCell(*cell);
                 } else {
                     m_sink.xml.writeEmptyElement("table:covered-table-cell"_L1);

@@ -97,7 +97,7 @@ std::vector<const model::Cell *> cellGrid(const model::Table &table)
         static_cast<std::size_t>(table.rows()) * static_cast<std::size_t>(table.columns()), nullptr);
     for (const model::Cell &cell : table.cells) {
         if (cell.row >= 0 && cell.row < table.rows() && cell.column >= 0 && cell.column < table.columns()) {
-            grid[static_cast<std::size_t>(cell.row * table.columns() + cell.column)] = &cell;
+            *(grid.begin() + cell.row * table.columns() + cell.column) = &cell;
         }
     }
     return grid;
@@ -126,7 +126,7 @@ void writeTable(const Sink &sink, const model::Table &table, const TablePlace &p
         xml.writeStartElement("table:table-row"_L1);
         xml.writeAttribute("table:style-name"_L1, rowStyle(sink, at[1] - at[0], place.home));
         for (int column = 0; column < table.columns(); ++column) {
-            if (const model::Cell *cell = grid[static_cast<std::size_t>(row * table.columns() + column)]) {
+            if (const model::Cell *cell = *(grid.begin() + row * table.columns() + column)) {
                 writeCell(sink, *cell, place);
             } else {
                 xml.writeEmptyElement("table:covered-table-cell"_L1);

@@ -188,7 +188,7 @@ QString MasterPages::name(const model::Page &page, const Margins &margins, bool 
     if (known != m_known.end()) {
         return known->second;
     }
-    const QString name = u"page%1"_s.arg(m_known.size() + 1);
+    QString name = u"page%1"_s.arg(m_known.size() + 1);
     m_known.emplace_back(key, name);
     m_masters.xml.writeStartElement("style:master-page"_L1);
     m_masters.xml.writeAttribute("style:name"_L1, name);

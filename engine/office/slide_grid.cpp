@@ -40,10 +40,10 @@ std::vector<model::Rule> gridLines(const model::Table &table)
     // Cells come row by row, so pieces of each line come in growing order; a line between two cells is both's.
     std::map<std::tuple<double, double, double, double>, model::Border> pieces;
     for (const model::Cell &cell : table.cells) {
-        const double left = table.columnEdges[static_cast<std::size_t>(cell.column)];
-        const double right = table.columnEdges[static_cast<std::size_t>(cell.column + cell.columnSpan)];
-        const double top = table.rowEdges[static_cast<std::size_t>(cell.row)];
-        const double bottom = table.rowEdges[static_cast<std::size_t>(cell.row + cell.rowSpan)];
+        const double left = *(table.columnEdges.begin() + cell.column);
+        const double right = *(table.columnEdges.begin() + cell.column + cell.columnSpan);
+        const double top = *(table.rowEdges.begin() + cell.row);
+        const double bottom = *(table.rowEdges.begin() + cell.row + cell.rowSpan);
         const auto add = [&](double x1, double y1, double x2, double y2, const model::Border &border) {
             if (border.width > 0) {
                 pieces.insert({{y1, x1, y2, x2}, border});

@@ -222,7 +222,7 @@ std::string exportFile(
     unlink(socketPath(address).c_str());
     checkEnd(result, limit);
 
-    const std::string made = outFolder + "/" + fs::path(sourcePath).stem().string() + std::string(extension);
+    std::string made = outFolder + "/" + fs::path(sourcePath).stem().string() + std::string(extension);
     std::error_code error;
     if (fs::file_size(made, error) == 0 || error)
         throw Failure(
