@@ -23,7 +23,7 @@ constexpr int sampleStep = 3; // pixels
 std::vector<std::uint8_t> wholeBytes(const Raster &raster, const PixelBox &part)
 {
     const int channels = raster.depth == ColourDepth::Colour ? 3 : 1;
-    const auto rowLength = static_cast<std::size_t>(part.width * channels);
+    const auto rowLength = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(channels);
     std::vector<std::uint8_t> bytes(rowLength * static_cast<std::size_t>(part.height));
     for (int y = 0; y < part.height; ++y) {
         const std::uint8_t *from = raster.row(part.top + y);
@@ -49,7 +49,8 @@ bool isPhotograph(const std::vector<std::uint8_t> &bytes, int width, int height,
         for (int x = 0; x < width; x += sampleStep) {
             std::uint32_t value = 0;
             for (int c = 0; c < channels; ++c) {
-                value = value << 8U | bytes[static_cast<std::size_t>((y * width + x) * channels + c)];
+                const int at = (y * width + x) * channels + c;
+                value = value << 8U | bytes[static_cast<std::size_t>(at)];
             }
             seen.insert(value);
         }
@@ -115,7 +116,7 @@ QByteArray asJpeg(const std::vector<std::uint8_t> &bytes, int width, int height,
         jpeg_write_scanlines(&jpeg, &row, 1);
     }
     jpeg_finish_compress(&jpeg);
-    const QByteArray result(reinterpret_cast<const char *>(packed), static_cast<qsizetype>(size));
+    QByteArray result(reinterpret_cast<const char *>(packed), static_cast<qsizetype>(size));
     jpeg_destroy_compress(&jpeg);
     std::free(packed);
     return result;
