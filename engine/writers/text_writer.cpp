@@ -140,7 +140,9 @@ QString tableAsText(const Table &table)
                 if (text.row != row || i >= text.lines.size()) {
                     continue;
                 }
-                const qsizetype end = starts[static_cast<std::size_t>(text.column + text.columnSpan)] - columnGap;
+                const int behind = text.column + text.columnSpan;
+                const auto afterLast = static_cast<std::size_t>(behind);
+                const qsizetype end = starts[afterLast] - columnGap;
                 const qsizetype start = starts[static_cast<std::size_t>(text.column)];
                 put(line, text.lines[i], text.right ? std::max(start, end - text.lines[i].size()) : start);
             }
