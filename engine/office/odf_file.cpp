@@ -4,6 +4,7 @@
 #include "engine/cli/failure.h"
 
 #include <array>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -41,11 +42,12 @@ constexpr std::array<std::array<QLatin1String, 2>, 10> Namespaces = {{
      QLatin1String("urn:org:documentfoundation:names:experimental:office:xmlns:loext:1.0")},
 }};
 
-Element namedStyle(QLatin1String name, QLatin1String family, Attributes more = {}, std::vector<Element> children = {})
+Element
+namedStyle(QLatin1String name, QLatin1String family, const Attributes &more = {}, std::vector<Element> children = {})
 {
     Attributes attributes = {{"style:name"_L1, name}, {"style:family"_L1, family}};
     attributes.insert(attributes.end(), more.begin(), more.end());
-    return {"style:style"_L1, attributes, children};
+    return {"style:style"_L1, attributes, std::move(children)};
 }
 
 Element headingStyle(int level)

@@ -87,11 +87,11 @@ class Quality:
 
     def measure_paragraphs(self):
         for name in PROSE:
-            paragraphs = self.word(name, 0).paragraphs
+            word = self.word(name, 0)
             peer = metrics.pdftotext_paragraphs(self.pdf(name))
-            self.report.row("ends inside a sentence, %s" % name[:16], metrics.mid_sentence_share(paragraphs),
+            self.report.row("ends inside a sentence, %s" % name[:16], metrics.mid_sentence_share(word.sentences),
                             (None, 0.20), "pdftotext %.2f" % metrics.mid_sentence_share(peer))
-            self.report.row("stray hyphens, %s" % name[:16], metrics.stray_hyphens(paragraphs), (None, 0),
+            self.report.row("stray hyphens, %s" % name[:16], metrics.stray_hyphens(word.paragraphs), (None, 0),
                             "pdftotext %d" % metrics.stray_hyphens(peer))
 
     def measure_tables(self):

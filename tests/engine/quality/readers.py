@@ -77,6 +77,11 @@ def _pages_begun(section, number, elements):
     return begins + breaks + sum(1 for element in elements for _ in element.iter(W + "pageBreakBefore"))
 
 
+def _is_heading(paragraph):
+    style = paragraph.find(W + "pPr/" + W + "pStyle")
+    return style is not None and style.get(W + "val").startswith("Heading")
+
+
 class WordFile:
     def __init__(self, path):
         import docx
@@ -84,6 +89,8 @@ class WordFile:
         document = docx.Document(path)
         body = document.element.body
         self.paragraphs = [_own_text(each) for each in _shown(body) if each.tag == W + "p"]
+        # Headings are no sentences: Word knows them by their style.
+        self.sentences = [_own_text(each) for each in _shown(body) if each.tag == W + "p" and not _is_heading(each)]
         self.text_boxes = sum(1 for each in _shown(body) if each.tag == W + "txbxContent")
         self.framed = sum(1 for each in _shown(body) if each.tag == W + "framePr")
         self.tables = len(document.tables)
