@@ -53,10 +53,10 @@ void appendLine(std::vector<Run> &runs, const Line &line, bool keepBreak)
     if (!runs.empty()) {
         QString &before = runs.back().text;
         const QString &next = line.words.front().text;
-        if (keepBreak) {
-            appendBlank(runs, QLatin1Char('\n'));
-        } else if (endsInHyphen(before, next)) {
+        if (endsInHyphen(before, next)) { // a word cut at the line's end: no break that is meant
             before.chop(1);
+        } else if (keepBreak) {
+            appendBlank(runs, QLatin1Char('\n'));
         } else if (!before.isEmpty() && !(isIdeograph(before.back()) && isIdeograph(next.front()))) {
             const bool dashed = isHyphen(before.back()) && before.size() > 1 && before.at(before.size() - 2).isLetter();
             if (!dashed) { // "Anglo-" and "Saxon": the hyphen is the word's own

@@ -28,6 +28,7 @@ void convertThroughOffice(const Job &job, OdfKind kind, Component component, con
     OutputFile output(job.options.outputPath);
     const std::string program =
         findOffice(officeCandidates(std::getenv("QUORRA_SOFFICE"), std::getenv("PATH")), component);
+    sweepSockets();
     const TempFolder folder;
     const std::string source = folder.path() + "/document.xml";
     {

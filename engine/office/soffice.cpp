@@ -116,6 +116,11 @@ std::string fileAddress(const std::string &path)
     return QUrl::fromLocalFile(QString::fromStdString(path)).toEncoded().toStdString();
 }
 
+std::string profileIn(const std::string &folder)
+{
+    return folder + "/profile";
+}
+
 void checkEnd(const ChildResult &result, std::chrono::seconds limit)
 {
     switch (result.end) {
@@ -183,6 +188,12 @@ std::string socketPath(const std::string &profileAddress)
     return "/tmp/OSL_PIPE_" + std::to_string(getuid()) + "_SingleOfficeIPC_" + name.toStdString();
 }
 
+void sweepSockets()
+{
+    for (const std::string &folder : abandonedTempFolders())
+        unlink(socketPath(fileAddress(profileIn(folder))).c_str());
+}
+
 std::string exportFile(
     const TempFolder &folder, const std::string &program, const std::string &sourcePath, std::string_view extension,
     int pageCount)
@@ -194,7 +205,7 @@ std::string exportFile(
 
     ChildCommand command;
     command.program = program;
-    const std::string profile = folder.path() + "/profile";
+    const std::string profile = profileIn(folder.path());
     const std::string address = fileAddress(profile);
     const std::string outFolder = folder.path() + "/out";
     prepareProfile(profile, command.program);

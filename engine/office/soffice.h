@@ -25,6 +25,10 @@ std::string findOffice(const std::vector<std::string> &candidates, Component com
 /// The name that LibreOffice gives its socket in the system's temporary folder for this profile (a file: address).
 std::string socketPath(const std::string &profileAddress);
 
+/// Removes the sockets that LibreOffice left there when its engine was killed. To be called before a TempFolder is
+/// made, which removes the folders by which they are known.
+void sweepSockets();
+
 /// Exports a flat ODF file, that must lie in the folder, in the format of the extension (lower case, with its dot);
 /// program is what findOffice() gave. Gives the path of the new file, in the same folder. Throws Failure(Helper) or
 /// Failure(Limit).

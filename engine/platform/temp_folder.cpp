@@ -71,14 +71,22 @@ TempFolder::~TempFolder()
         close(m_lock);
 }
 
-void sweepTempFolders()
+std::vector<std::string> abandonedTempFolders()
 {
+    std::vector<std::string> abandoned;
     std::error_code error;
     for (fs::directory_iterator entry(parentFolder(), error), end; !error && entry != end; entry.increment(error)) {
         const std::string path = entry->path().string();
         if (ownerIsGone(entry->path().filename().string(), Prefix) && isOurs(path))
-            removeIfUnlocked(path);
+            abandoned.push_back(path);
     }
+    return abandoned;
+}
+
+void sweepTempFolders()
+{
+    for (const std::string &path : abandonedTempFolders())
+        removeIfUnlocked(path);
 }
 
 } // namespace quorra

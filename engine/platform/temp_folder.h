@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace quorra {
 
@@ -24,7 +25,10 @@ private:
     int m_lock = -1;
 };
 
-/// Removes the temporary folders of runs that no longer live. Never throws.
+/// Paths of the temporary folders whose runs no longer live. Never throws.
+std::vector<std::string> abandonedTempFolders();
+
+/// Removes those. Never throws.
 void sweepTempFolders();
 
 } // namespace quorra

@@ -4,6 +4,7 @@
 #include "engine/platform/temp_folder.h"
 
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void namesThePackageThatIsMissing();
     void seesAMissingPart();
     void knowsTheSocketsName();
+    void removesSocketsOfKilledRuns();
     void startsAgainWhenAskedTo();
     void tellsWhatWentWrong_data();
     void tellsWhatWentWrong();
@@ -117,6 +119,26 @@ void OfficeHelperTest::knowsTheSocketsName()
     const QByteArray path = QByteArray::fromStdString(socketPath("file:///tmp/example/profile"));
     QVERIFY(path.startsWith("/tmp/OSL_PIPE_"));
     QVERIFY(path.endsWith("_SingleOfficeIPC_1dddcdb741d4c8b6199b77efb0dcf34"));
+}
+
+void OfficeHelperTest::removesSocketsOfKilledRuns()
+{
+    QProcess gone;
+    gone.start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QStringLiteral("exit")});
+    QVERIFY(gone.waitForStarted());
+    const QString pid = QString::number(gone.processId());
+    QVERIFY(gone.waitForFinished());
+    const QTemporaryDir temp;
+    const QByteArray inherited = qgetenv("TMPDIR");
+    qputenv("TMPDIR", temp.path().toUtf8());
+    const QString folder = temp.filePath(QStringLiteral("qtminw-%1-killed").arg(pid));
+    QVERIFY(QDir().mkdir(folder));
+    const QString left = QString::fromStdString(socketPath("file://" + folder.toStdString() + "/profile"));
+    QFile socket(left);
+    QVERIFY(socket.open(QIODevice::WriteOnly));
+    sweepSockets();
+    inherited.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", inherited);
+    QVERIFY(!QFile::exists(left));
 }
 
 void OfficeHelperTest::startsAgainWhenAskedTo()
