@@ -15,12 +15,13 @@ namespace {
 constexpr double BaselinePart = 0.8; // of a line's fixed height
 constexpr double UsualHeight = 1.2;  // of the size of type
 constexpr double LeastHeight = 0.4;
-constexpr double SpacingStep = 0.05; // finer steps only multiply styles
-constexpr double SizeSteps = 2;      // Word's sizes of type are half points
-constexpr double SpareWidth = 24;    // so that no line wraps
-constexpr double WidestGap = 3;      // between words of one line, times the size of type
-constexpr double LeastGap = 0.15;    // that counts as a space, times the size of type
-constexpr double LeastRise = 0.08;   // of the size of type, for a word off the baseline
+constexpr double SpacingStep = 0.05;  // finer steps only multiply styles
+constexpr double SpacingSlack = 0.15; // points by which a word may end off its place
+constexpr double SizeSteps = 2;       // Word's sizes of type are half points
+constexpr double SpareWidth = 24;     // so that no line wraps
+constexpr double WidestGap = 3;       // between words of one line, times the size of type
+constexpr double LeastGap = 0.15;     // that counts as a space, times the size of type
+constexpr double LeastRise = 0.08;    // of the size of type, for a word off the baseline
 
 // Lines that share a frame: turned alike, one below the other.
 using LineGroup = std::vector<model::Line>;
@@ -97,13 +98,14 @@ public:
             const model::Word &word = line.words[i];
             writePiece(word.text, word.style, word.box.right, line.baseline - word.baseline);
             if (i + 1 == line.words.size()) {
-                return;
+                break;
             }
             const double next = line.words[i + 1].box.left;
             if (word.spaceAfter || next > word.box.right + LeastGap * word.style.size) {
                 writePiece(u" "_s, word.style, std::max(next, word.box.right), 0);
             }
         }
+        flush();
     }
 
 private:
@@ -116,16 +118,33 @@ private:
             style.family = measuredFamily(style);
             const auto signs = static_cast<double>(text.size());
             const double largest = text.size() == 1 ? 40 * style.size : style.size / 2;
-            spacing = std::clamp(stepped((end - m_at - *natural) / signs), -style.size / 3, largest);
+            // Close enough with the spacing before: fewer changes make the file smaller and quicker to open.
+            const bool keeps = std::abs(m_at + *natural + signs * m_spacing - end) < SpacingSlack;
+            spacing =
+                keeps ? m_spacing : std::clamp(stepped((end - m_at - *natural) / signs), -style.size / 3, largest);
+            m_spacing = spacing;
             m_at += *natural + signs * spacing;
         } else {
             m_at = end;
         }
         style.link.clear();
-        m_sink.xml.writeStartElement("text:span"_L1);
-        m_sink.xml.writeAttribute("text:style-name"_L1, pieceStyle(style, spacing, rise));
-        writeText(m_sink.xml, text);
-        m_sink.xml.writeEndElement();
+        const QString look = pieceStyle(style, spacing, rise);
+        if (look != m_look) {
+            flush();
+            m_look = look;
+        }
+        m_pending += text;
+    }
+
+    void flush()
+    {
+        if (!m_pending.isEmpty()) {
+            m_sink.xml.writeStartElement("text:span"_L1);
+            m_sink.xml.writeAttribute("text:style-name"_L1, m_look);
+            writeText(m_sink.xml, m_pending);
+            m_sink.xml.writeEndElement();
+            m_pending.clear();
+        }
     }
 
     QString pieceStyle(const model::Style &style, double spacing, double rise)
@@ -144,6 +163,9 @@ private:
 
     const Sink &m_sink;
     double m_at;
+    double m_spacing = 0;
+    QString m_look;    // the style of the text that is not written yet
+    QString m_pending; // that text
 };
 
 void writeLine(const Sink &sink, const model::Line &line, const LinePlace &place, double left, bool rightToLeft)
