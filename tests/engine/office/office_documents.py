@@ -19,7 +19,7 @@ WORD, SLIDES, SHEETS = (".docx", ".doc", ".rtf"), (".pptx", ".ppt"), (".xlsx", "
 LEAST_RECALL = {".docx": 0.98, ".doc": 0.98, ".pptx": 0.97}
 # Text drawn in odd ways (mirrored, vertical, fonts without Unicode values): judged by the text tests, not here.
 ODD_TEXT = {"issue-848", "vertical", "rotation", "90ms_rksj_h_sample", "ArabicCIDTrueType", "c02-22",
-            "pdf20-utf8-test", "GeoTopo-komprimiert", "developers-reference-ja", "pdflatex-forms"}
+            "pdf20-utf8-test", "cmyk", "GeoTopo-komprimiert", "developers-reference-ja", "pdflatex-forms"}
 
 
 FEWEST_WORDS = 20
