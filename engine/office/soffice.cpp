@@ -183,7 +183,8 @@ std::string socketPath(const std::string &profileAddress)
     const QByteArrayView utf16(reinterpret_cast<const char *>(address.utf16()), 2 * address.size());
     QByteArray name;
     // One number after the other without leading zeros, as LibreOffice puts it together.
-    for (const char byte : QCryptographicHash::hash(utf16, QCryptographicHash::Md5))
+    const QByteArray digest = QCryptographicHash::hash(utf16, QCryptographicHash::Md5);
+    for (const char byte : digest)
         name += QByteArray::number(static_cast<unsigned char>(byte), 16);
     return "/tmp/OSL_PIPE_" + std::to_string(getuid()) + "_SingleOfficeIPC_" + name.toStdString();
 }

@@ -61,7 +61,8 @@ private:
             style.italic = parsed.italic || info->isItalic();
             style.fixedPitch = parsed.fixedPitch || info->isFixedWidth();
             style.serif = info->isSerif() && !parsed.sansSerif && !style.fixedPitch;
-            known = m_styles.insert(info, style);
+            m_styles.insert(info, style);
+            known = m_styles.constFind(info);
         }
         model::Style style = *known;
         style.size = word->getFontSize();

@@ -41,6 +41,7 @@ std::vector<std::string> mergedEnvironment(const std::vector<std::string> &own)
 std::vector<char *> pointers(std::vector<std::string> &texts)
 {
     std::vector<char *> result;
+    result.reserve(texts.size() + 1);
     for (std::string &text : texts)
         result.push_back(text.data());
     result.push_back(nullptr);

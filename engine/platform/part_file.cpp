@@ -76,7 +76,7 @@ void sweepPartFiles(const std::string &folder)
     while (const dirent *entry = readdir(listing)) {
         const std::string name = entry->d_name;
         if (endsWith(name, Suffix) && ownerIsGone(name, Prefix))
-            removeIfUnlocked(folder + "/" + name);
+            removeIfUnlocked(std::string(folder).append("/").append(name));
     }
     closedir(listing);
 }

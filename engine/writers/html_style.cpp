@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quorra {
 
@@ -82,7 +83,7 @@ Style usualStyle(const model::Document &document)
         }
     }
     std::pair<qsizetype, Style> best;
-    for (const auto &entry : letters) {
+    for (const auto &entry : std::as_const(letters)) {
         best = entry.first > best.first ? entry : best;
     }
     best.second.bold = best.second.italic = false;

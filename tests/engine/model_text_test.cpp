@@ -160,7 +160,7 @@ private Q_SLOTS:
         joinContinuations(perPage, false);
         QVERIFY(!perPage.pages.back().sections.front().blocks.empty());
         joinContinuations(document, true);
-        QVERIFY(paragraphTexts(document).last().contains(QStringLiteral("whole line of the next page")));
+        QVERIFY(paragraphTexts(document).constLast().contains(QStringLiteral("whole line of the next page")));
     }
 
     void putsRightToLeftIntoReadingOrder()

@@ -42,7 +42,7 @@ void writeScript(const QString &path, const QByteArray &lines)
 }
 
 // Finds the folder that the output goes to among the arguments, as $out.
-const QByteArray FindFolder = "while [ \"$1\" != --outdir ]; do shift; done\nout=$2\n";
+constexpr const char *FindFolder = "while [ \"$1\" != --outdir ]; do shift; done\nout=$2\n";
 
 std::string failureOf(const std::function<void()> &action, ExitStatus &status)
 {
@@ -146,8 +146,8 @@ void OfficeHelperTest::startsAgainWhenAskedTo()
     const QTemporaryDir tools;
     const QString program = tools.filePath(QStringLiteral("soffice.bin"));
     writeScript(
-        program,
-        FindFolder + "if [ ! -e started ]; then : > started; exit 81; fi\nmkdir $out\necho made > $out/in.doc\n");
+        program, QByteArray(FindFolder) +
+                     "if [ ! -e started ]; then : > started; exit 81; fi\nmkdir $out\necho made > $out/in.doc\n");
     const TempFolder folder;
     const std::string made = exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1);
     QCOMPARE(made, folder.path() + "/out/in.doc");
@@ -158,7 +158,8 @@ void OfficeHelperTest::tellsWhatWentWrong_data()
     QTest::addColumn<QByteArray>("script");
     QTest::addColumn<QByteArray>("expected");
     QTest::newRow("no file") << QByteArrayLiteral("exit 0\n") << QByteArrayLiteral("wrote no file");
-    QTest::newRow("empty file") << FindFolder + "mkdir $out\n: > $out/in.doc\n" << QByteArrayLiteral("wrote no file");
+    QTest::newRow("empty file") << QByteArray(FindFolder) + "mkdir $out\n: > $out/in.doc\n"
+                                << QByteArrayLiteral("wrote no file");
     QTest::newRow("status") << QByteArrayLiteral("exit 3\n") << QByteArrayLiteral("exit status 3");
     QTest::newRow("for ever again") << QByteArrayLiteral("exit 81\n") << QByteArrayLiteral("exit status 81");
     QTest::newRow("signal") << QByteArrayLiteral("kill -9 $$\n") << QByteArrayLiteral("signal 9");
