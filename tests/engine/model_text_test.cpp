@@ -120,7 +120,9 @@ private Q_SLOTS:
         const Paragraph *first = paragraphWith(document, QStringLiteral("first thing"));
         const Paragraph *inner = paragraphWith(document, QStringLiteral("inside"));
         const Paragraph *counted = paragraphWith(document, QStringLiteral("counted"));
-        QVERIFY(first && inner && counted);
+        QVERIFY(first != nullptr);
+        QVERIFY(inner != nullptr);
+        QVERIFY(counted != nullptr);
         QCOMPARE(first->role, Role::ListItem);
         QCOMPARE(first->listMark, QStringLiteral("•"));
         QCOMPARE(plainText(first->runs), QStringLiteral("the first thing"));
