@@ -78,7 +78,7 @@ void EngineOptionsTest::oneSettingAtATime_data()
     using Member = QString EngineSettings::*;
     QTest::addColumn<EngineSettings>("settings");
     QTest::addColumn<QString>("options");
-    const auto row = [](const char *name, QList<std::pair<Member, const char *>> values, Fragment place,
+    const auto row = [](const char *name, const QList<std::pair<Member, const char *>> &values, Fragment place,
                         const char *text) {
         EngineSettings settings;
         for (const auto &[member, value] : values) {
