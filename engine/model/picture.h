@@ -22,7 +22,7 @@ class PictureSource
 public:
     virtual ~PictureSource() = default;
 
-    /// The part of the page inside the box, as shown: without the page's text for images and drawings, with it for
+    /// The part of the page inside the box, as shown: without the page's text for images, with it for drawings and
     /// pictures of the whole page. pageNumber counts from 1 in the file.
     virtual EncodedPicture encode(int pageNumber, const Box &box, PictureKind kind) = 0;
 

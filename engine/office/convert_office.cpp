@@ -37,6 +37,7 @@ void convertThroughOffice(const Job &job, OdfKind kind, Component component, con
         PagePictureSource pagePictures(
             job.document, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
             options.verticalResolution(EmbeddedResolution));
+        pagePictures.expect(document);
         MovedPictures pictures(pagePictures);
         fitToOptions(document, options, pictures);
         reduceColours(document, options.colourDepth);

@@ -3,9 +3,10 @@
 
 #include "engine/pdf/collector_pictures.h"
 
-#include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <exception>
+#include <numeric>
 #include <thread>
 
 namespace quorra {
@@ -22,10 +23,13 @@ struct Wanted
     model::PictureKind kind;
 };
 
-std::vector<Wanted> wantedPictures(const model::Document &document)
+using PageOfPictures = std::vector<Wanted>;
+
+std::vector<PageOfPictures> wantedPictures(const model::Document &document)
 {
-    std::vector<Wanted> wanted;
+    std::vector<PageOfPictures> pages;
     for (const model::Page &page : document.pages) {
+        PageOfPictures wanted;
         for (const model::Section &section : page.sections) {
             for (const model::Block &block : section.blocks) {
                 if (const model::Picture *picture = block.picture()) {
@@ -33,8 +37,18 @@ std::vector<Wanted> wantedPictures(const model::Document &document)
                 }
             }
         }
+        if (!wanted.empty()) {
+            pages.push_back(std::move(wanted));
+        }
     }
-    return wanted;
+    return pages;
+}
+
+std::size_t countOf(const std::vector<PageOfPictures> &pages)
+{
+    return std::accumulate(pages.begin(), pages.end(), std::size_t{0}, [](std::size_t sum, const PageOfPictures &page) {
+        return sum + page.size();
+    });
 }
 
 } // namespace
@@ -42,20 +56,27 @@ std::vector<Wanted> wantedPictures(const model::Document &document)
 AheadPictures::AheadPictures(const Job &job, const model::Document &document, model::PictureSource &source)
     : m_source(source)
 {
-    const std::vector<Wanted> wanted = wantedPictures(document);
-    if (wanted.size() < worthTwoThreads || std::thread::hardware_concurrency() < 2) {
+    const std::vector<PageOfPictures> pages = wantedPictures(document);
+    if (countOf(pages) < worthTwoThreads || std::thread::hardware_concurrency() < 2) {
         return;
     }
     using Drawn = std::map<Key, model::EncodedPicture>;
-    const auto drawRange = [&wanted](std::size_t from, std::size_t to, model::PictureSource &pictures, Drawn &drawn) {
+    // Pages differ much in what they take: each thread takes the next one when it is done with one.
+    std::atomic<std::size_t> next = 0;
+    const auto drawPages = [&pages, &next](model::PictureSource &pictures, Drawn &drawn) {
         qsizetype bytes = 0;
-        for (std::size_t i = from; i < to && bytes < mostBytes; ++i) {
-            model::EncodedPicture picture = pictures.encode(wanted[i].page, wanted[i].box, wanted[i].kind);
-            bytes += picture.bytes.size();
-            drawn.emplace(keyOf(wanted[i].page, wanted[i].box), std::move(picture));
+        while (bytes < mostBytes) {
+            const std::size_t page = next++;
+            if (page >= pages.size()) {
+                break;
+            }
+            for (const Wanted &wanted : pages[page]) {
+                model::EncodedPicture picture = pictures.encode(wanted.page, wanted.box, wanted.kind);
+                bytes += picture.bytes.size();
+                drawn.emplace(keyOf(wanted.page, wanted.box), std::move(picture));
+            }
         }
     };
-    const std::size_t middle = wanted.size() / 2;
     Drawn rest;
     std::exception_ptr failure;
     std::thread second([&] {
@@ -65,13 +86,14 @@ AheadPictures::AheadPictures(const Job &job, const model::Document &document, mo
             PagePictureSource pictures(
                 copy, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
                 options.verticalResolution(EmbeddedResolution));
-            drawRange(middle, wanted.size(), pictures, rest);
+            pictures.expect(document);
+            drawPages(pictures, rest);
         } catch (...) {
             failure = std::current_exception();
         }
     });
     try {
-        drawRange(0, middle, m_source, m_drawn);
+        drawPages(m_source, m_drawn);
     } catch (...) {
         second.join();
         throw;

@@ -17,12 +17,27 @@ namespace {
 constexpr double pointsPerInch = 72;
 constexpr int rowAlignment = 4;
 constexpr double mostPixels = 60e6; // of one page; larger ones are drawn at a lower resolution
+constexpr model::Box everything{0, 0, 1e6, 1e6};
+
+// The labels of a drawing belong to its picture: without them a chart cannot be read.
+bool hasText(model::PictureKind kind)
+{
+    return kind != model::PictureKind::Image;
+}
 
 SplashColorMode splashMode(ColourDepth depth)
 {
     return depth == ColourDepth::Colour ? splashModeRGB8
            : depth == ColourDepth::Gray ? splashModeMono8
                                         : splashModeMono1;
+}
+
+// Boxes that were moved there and back are a little off.
+bool isInside(const model::Box &box, const model::Box &area)
+{
+    constexpr double tolerance = 0.02; // points
+    return box.left > area.left - tolerance && box.top > area.top - tolerance && box.right < area.right + tolerance &&
+           box.bottom < area.bottom + tolerance;
 }
 
 /// Draws a page, its text left out on request.
@@ -43,7 +58,7 @@ public:
         GfxState *state, double x, double y, double dx, double dy, double originX, double originY, CharCode code,
         int bytes, const Unicode *u, int uLength) override
     {
-        if (m_withText) {
+        if (m_withText && isNear(state, x - originX, y - originY)) {
             SplashOutputDev::drawChar(state, x, y, dx, dy, originX, originY, code, bytes, u, uLength);
         }
     }
@@ -63,6 +78,21 @@ public:
     }
 
 private:
+    // Most letters of a page stand outside the part that is drawn: their fonts need not even be loaded. Letters that
+    // are clipped to count wherever they are.
+    bool isNear(GfxState *state, double x, double y)
+    {
+        constexpr int firstClippingMode = 4;
+        constexpr double reach = 4; // font sizes: more than a letter is wide
+        double left = 0;
+        double top = 0;
+        state->transform(x, y, &left, &top);
+        const double margin = reach * state->getTransformedFontSize();
+        return state->getRender() >= firstClippingMode ||
+               (left > -margin && top > -margin && left < getBitmapWidth() + margin &&
+                top < getBitmapHeight() + margin);
+    }
+
     static inline SplashColor m_white = {0xff, 0xff, 0xff, 0xff}; // read before members of the object exist
     bool m_withText;
 };
@@ -74,7 +104,7 @@ struct PagePictureSource::Drawn
 {
     int page = 0;
     bool withText = false;
-    bool whole = false;
+    model::Box area;
     double xres = 0;
     double yres = 0;
     int left = 0; ///< where the bitmap begins on the page, in pixels
@@ -100,7 +130,38 @@ PagePictureSource::PagePictureSource(Document &document, ColourDepth depth, doub
 
 PagePictureSource::~PagePictureSource() = default;
 
-void PagePictureSource::draw(int page, bool withText, const model::Box &box, bool whole)
+void PagePictureSource::expect(const model::Document &document)
+{
+    m_expected.clear();
+    for (const model::Page &page : document.pages) {
+        for (const model::Section &section : page.sections) {
+            for (const model::Block &block : section.blocks) {
+                if (const model::Picture *picture = block.picture()) {
+                    model::Box &area = m_expected[{page.number, hasText(picture->kind)}];
+                    area = united(area, picture->box);
+                }
+            }
+        }
+    }
+}
+
+bool PagePictureSource::isDrawn(int page, bool withText, const model::Box &box) const
+{
+    return m_drawn->page == page && m_drawn->withText == withText && isInside(box, m_drawn->area);
+}
+
+// What to draw so that the box is seen: all that is expected of the page, or the box. A second box that nobody expected
+// lets expect more of them.
+model::Box PagePictureSource::areaFor(int page, bool withText, const model::Box &box) const
+{
+    const auto expected = m_expected.find({page, withText});
+    if (expected != m_expected.end() && isInside(box, expected->second)) {
+        return expected->second;
+    }
+    return m_drawn->page == page && m_drawn->withText == withText ? everything : box;
+}
+
+void PagePictureSource::draw(int page, bool withText, const model::Box &area)
 {
     auto &painter = withText ? m_painters->withText : m_painters->withoutText;
     PDFDoc *doc = m_document.handles().doc.get();
@@ -111,16 +172,16 @@ void PagePictureSource::draw(int page, bool withText, const model::Box &box, boo
     const PageSize size = m_document.pageSize(page);
     const double pixels = size.width * m_xres / pointsPerInch * size.height * m_yres / pointsPerInch;
     const double shrink = pixels > mostPixels ? std::sqrt(mostPixels / pixels) : 1;
-    Drawn drawn{page, withText, whole, m_xres * shrink, m_yres * shrink, 0, 0, nullptr};
-    if (whole) {
-        m_drawn->bitmap.reset(); // not two pages at a time
+    Drawn drawn{page, withText, area, m_xres * shrink, m_yres * shrink, 0, 0, nullptr};
+    m_drawn->bitmap.reset(); // not two pages at a time
+    if (area == everything) {
         doc->displayPage(painter.get(), page, drawn.xres, drawn.yres, 0, false, true, false);
     } else {
         const auto first = [](double points, double res) { return static_cast<int>(points * res / pointsPerInch); };
-        drawn.left = std::max(0, first(box.left, drawn.xres) - 1);
-        drawn.top = std::max(0, first(box.top, drawn.yres) - 1);
-        const int width = first(std::min(box.right, size.width), drawn.xres) + 2 - drawn.left;
-        const int height = first(std::min(box.bottom, size.height), drawn.yres) + 2 - drawn.top;
+        drawn.left = std::max(0, first(area.left, drawn.xres) - 1);
+        drawn.top = std::max(0, first(area.top, drawn.yres) - 1);
+        const int width = first(std::min(area.right, size.width), drawn.xres) + 2 - drawn.left;
+        const int height = first(std::min(area.bottom, size.height), drawn.yres) + 2 - drawn.top;
         doc->displayPageSlice(
             painter.get(), page, drawn.xres, drawn.yres, 0, false, true, false, drawn.left, drawn.top,
             std::max(1, width), std::max(1, height));
@@ -157,22 +218,18 @@ model::EncodedPicture PagePictureSource::cut(const model::Box &box) const
 
 model::EncodedPicture PagePictureSource::encode(int pageNumber, const model::Box &box, model::PictureKind kind)
 {
-    // The labels of a drawing belong to its picture: without them a chart cannot be read.
-    const bool withText = kind != model::PictureKind::Image;
-    const bool samePage = m_drawn->page == pageNumber && m_drawn->withText == withText;
-    if (!samePage) { // most pages have one picture
-        draw(pageNumber, withText, box, kind == model::PictureKind::Page);
-    } else if (!m_drawn->whole) {
-        draw(pageNumber, withText, box, true);
+    const bool withText = hasText(kind);
+    if (!isDrawn(pageNumber, withText, box)) {
+        const bool whole = kind == model::PictureKind::Page;
+        draw(pageNumber, withText, whole ? everything : areaFor(pageNumber, withText, box));
     }
     return cut(box);
 }
 
 model::EncodedPicture PagePictureSource::background(int pageNumber)
 {
-    constexpr model::Box everything{0, 0, 1e6, 1e6};
-    if (m_drawn->page != pageNumber || m_drawn->withText || !m_drawn->whole) {
-        draw(pageNumber, false, everything, true);
+    if (!isDrawn(pageNumber, false, everything)) {
+        draw(pageNumber, false, everything);
     }
     return cut(everything);
 }

@@ -32,6 +32,7 @@ void convertToMarkup(const Job &job, bool xhtml)
     PagePictureSource drawn(
         job.document, job.options.colourDepth, job.options.horizontalResolution(EmbeddedResolution),
         job.options.verticalResolution(EmbeddedResolution));
+    drawn.expect(document);
     AheadPictures ahead(job, document, drawn);
     office::MovedPictures pictures(ahead);
     office::fitToOptions(document, job.options, pictures);
