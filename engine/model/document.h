@@ -135,6 +135,7 @@ struct Page
     std::vector<Block> runningHeads; ///< headers, footers and page numbers; paragraphs of that role
     std::vector<Rule> rules;         ///< lines that belong to no table
     std::vector<Fill> fills;         ///< backgrounds that belong to no table
+    std::size_t marks = 0;           ///< how many lines and shapes are drawn on it: tells how long drawing it takes
     bool scanned = false;            ///< nothing but a picture of the page (then the only block is that picture)
 };
 

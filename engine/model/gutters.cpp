@@ -38,6 +38,17 @@ public:
     double x(int bin) const { return m_area.left + bin * m_binWidth; }
     double y(int slice) const { return m_area.top + slice * m_sliceHeight; }
     double binWidth() const { return m_binWidth; }
+    /// Widens what is covered to the left, so that a bin counts as covered where one of so many bins from it on is.
+    void coverStrips(int width)
+    {
+        for (Slice &slice : m_rows) {
+            for (int done = 1; done < width;) {
+                const int step = std::min(done, width - done);
+                slice.bits |= slice.bits >> static_cast<std::size_t>(step);
+                done += step;
+            }
+        }
+    }
     bool covered(int slice, int bin) const
     {
         return m_rows[static_cast<std::size_t>(slice)].bits[static_cast<std::size_t>(bin)];
@@ -84,7 +95,7 @@ struct Candidate
     int score = 0; // slices with text on both sides
 };
 
-// The longest blank stretches of a strip, as candidates.
+// The longest blank stretches of a strip, as candidates; the coverage is that of strips.
 void addCandidates(const Coverage &coverage, int bin, int width, std::vector<Candidate> &candidates)
 {
     Candidate current{bin, -1, -1, 0};
@@ -99,11 +110,7 @@ void addCandidates(const Coverage &coverage, int bin, int width, std::vector<Can
         left = right = 0;
     };
     for (int slice = 0; slice < coverage.slices(); ++slice) {
-        bool blank = true;
-        for (int b = bin; blank && b < bin + width; ++b) {
-            blank = !coverage.covered(slice, b);
-        }
-        if (!blank) {
+        if (coverage.covered(slice, bin)) {
             finish();
             continue;
         }
@@ -190,9 +197,10 @@ std::optional<Gutter> findGutter(const RegionItems &items)
     for (const auto &obstacle : items.obstacles) {
         area = united(area, obstacle.first);
     }
-    const Coverage coverage(items, area);
+    Coverage coverage(items, area);
     const double size = usualSize(items.words);
     const int width = std::max(2, static_cast<int>(std::lround(narrowestGutter * size / coverage.binWidth())));
+    coverage.coverStrips(width);
     std::vector<Candidate> candidates;
     for (int bin = 1; bin + width < coverage.bins(); ++bin) {
         addCandidates(coverage, bin, width, candidates);

@@ -205,6 +205,7 @@ Page buildPage(const RawPage &raw, const std::set<const Word *> &heads)
     page.number = raw.number;
     page.width = raw.width;
     page.height = raw.height;
+    page.marks = raw.rules.size() + raw.fills.size() + raw.ink.size();
     return page;
 }
 

@@ -2,18 +2,17 @@
 #include "engine/pdf/ahead_pictures.h"
 
 #include "engine/pdf/collector_pictures.h"
+#include "engine/platform/page_pool.h"
 
-#include <atomic>
+#include <algorithm>
 #include <cmath>
-#include <exception>
+#include <mutex>
 #include <numeric>
-#include <thread>
 
 namespace quorra {
 
 namespace {
 
-constexpr std::size_t worthTwoThreads = 8;        // pictures
 constexpr qsizetype mostBytes = 24 * 1024 * 1024; // of one thread's pictures; the rest is drawn when it is asked for
 
 struct Wanted
@@ -23,13 +22,17 @@ struct Wanted
     model::PictureKind kind;
 };
 
-using PageOfPictures = std::vector<Wanted>;
+struct PageOfPictures
+{
+    std::vector<Wanted> pictures;
+    std::size_t marks;
+};
 
 std::vector<PageOfPictures> wantedPictures(const model::Document &document)
 {
     std::vector<PageOfPictures> pages;
     for (const model::Page &page : document.pages) {
-        PageOfPictures wanted;
+        std::vector<Wanted> wanted;
         for (const model::Section &section : page.sections) {
             for (const model::Block &block : section.blocks) {
                 if (const model::Picture *picture = block.picture()) {
@@ -38,16 +41,19 @@ std::vector<PageOfPictures> wantedPictures(const model::Document &document)
             }
         }
         if (!wanted.empty()) {
-            pages.push_back(std::move(wanted));
+            pages.push_back({std::move(wanted), page.marks});
         }
     }
+    // The longest ones first, so that no thread is left with one when the others are done.
+    std::stable_sort(
+        pages.begin(), pages.end(), [](const PageOfPictures &a, const PageOfPictures &b) { return a.marks > b.marks; });
     return pages;
 }
 
-std::size_t countOf(const std::vector<PageOfPictures> &pages)
+int countOf(const std::vector<PageOfPictures> &pages)
 {
-    return std::accumulate(pages.begin(), pages.end(), std::size_t{0}, [](std::size_t sum, const PageOfPictures &page) {
-        return sum + page.size();
+    return std::accumulate(pages.begin(), pages.end(), 0, [](int sum, const PageOfPictures &page) {
+        return sum + static_cast<int>(page.pictures.size());
     });
 }
 
@@ -57,52 +63,34 @@ AheadPictures::AheadPictures(const Job &job, const model::Document &document, mo
     : m_source(source)
 {
     const std::vector<PageOfPictures> pages = wantedPictures(document);
-    if (countOf(pages) < worthTwoThreads || std::thread::hardware_concurrency() < 2) {
+    const int threads = poolSize(countOf(pages));
+    if (threads == 1) {
         return;
     }
-    using Drawn = std::map<Key, model::EncodedPicture>;
-    // Pages differ much in what they take: each thread takes the next one when it is done with one.
-    std::atomic<std::size_t> next = 0;
-    const auto drawPages = [&pages, &next](model::PictureSource &pictures, Drawn &drawn) {
+    std::mutex mutex;
+    runPool(threads, static_cast<int>(pages.size()), [&](const PageSource &next) {
+        const Options &options = job.options;
+        Document copy(options.inputPath, options.userPassword, options.ownerPassword);
+        PagePictureSource pictures(
+            copy, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
+            options.verticalResolution(EmbeddedResolution));
+        pictures.expect(document);
+        std::map<Key, model::EncodedPicture> drawn;
         qsizetype bytes = 0;
         while (bytes < mostBytes) {
-            const std::size_t page = next++;
-            if (page >= pages.size()) {
+            const int position = next();
+            if (position == 0) {
                 break;
             }
-            for (const Wanted &wanted : pages[page]) {
+            for (const Wanted &wanted : pages[static_cast<std::size_t>(position) - 1].pictures) {
                 model::EncodedPicture picture = pictures.encode(wanted.page, wanted.box, wanted.kind);
                 bytes += picture.bytes.size();
                 drawn.emplace(keyOf(wanted.page, wanted.box), std::move(picture));
             }
         }
-    };
-    Drawn rest;
-    std::exception_ptr failure;
-    std::thread second([&] {
-        try {
-            const Options &options = job.options;
-            Document copy(options.inputPath, options.userPassword, options.ownerPassword);
-            PagePictureSource pictures(
-                copy, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
-                options.verticalResolution(EmbeddedResolution));
-            pictures.expect(document);
-            drawPages(pictures, rest);
-        } catch (...) {
-            failure = std::current_exception();
-        }
+        const std::lock_guard lock(mutex);
+        m_drawn.merge(drawn);
     });
-    try {
-        drawPages(m_source, m_drawn);
-    } catch (...) {
-        second.join();
-        throw;
-    }
-    second.join();
-    if (failure) {
-        std::rethrow_exception(failure);
-    }
-    m_drawn.merge(rest);
 }
 
 AheadPictures::Key AheadPictures::keyOf(int pageNumber, const model::Box &box)

@@ -10,7 +10,7 @@
 
 namespace quorra {
 
-/// The pictures of a document, drawn ahead by two threads; what was not drawn ahead comes from the other source.
+/// The pictures of a document, drawn ahead by several threads; what was not drawn ahead comes from the other source.
 class AheadPictures final : public model::PictureSource
 {
 public:

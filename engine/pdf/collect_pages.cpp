@@ -1,54 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/pdf/collect_pages.h"
 
-#include <exception>
-#include <thread>
+#include "engine/platform/page_pool.h"
 
 namespace quorra {
 
-namespace {
-
-constexpr int worthTwoThreads = 6; // pages: below, opening the file once more takes longer than it saves
-
-void collectRange(Document &document, int first, int last, Collect what, std::vector<model::RawPage> &pages)
-{
-    PageCollector collector(document, what);
-    for (int page = first; page <= last; ++page) {
-        pages.push_back(collector.collect(page));
-    }
-}
-
-} // namespace
-
 std::vector<model::RawPage> collectPages(const Job &job, Collect what)
 {
-    std::vector<model::RawPage> pages;
-    if (job.pageCount() < worthTwoThreads || std::thread::hardware_concurrency() < 2) {
-        collectRange(job.document, job.firstPage, job.lastPage, what, pages);
+    std::vector<model::RawPage> pages(static_cast<std::size_t>(job.pageCount()));
+    const auto collect = [&](Document &document, const PageSource &next) {
+        PageCollector collector(document, what);
+        while (const int position = next()) {
+            pages[static_cast<std::size_t>(position) - 1] = collector.collect(job.firstPage + position - 1);
+        }
+    };
+    const int threads = poolSize(job.pageCount());
+    if (threads == 1) {
+        collect(job.document, pagesOneByOne(job.pageCount()));
         return pages;
     }
-    const int middle = job.firstPage + job.pageCount() / 2;
-    std::vector<model::RawPage> rest;
-    std::exception_ptr failure;
-    std::thread second([&] {
-        try {
-            Document copy(job.options.inputPath, job.options.userPassword, job.options.ownerPassword);
-            collectRange(copy, middle, job.lastPage, what, rest);
-        } catch (...) {
-            failure = std::current_exception();
-        }
+    runPool(threads, job.pageCount(), [&](const PageSource &next) {
+        Document copy(job.options.inputPath, job.options.userPassword, job.options.ownerPassword);
+        collect(copy, next);
     });
-    try {
-        collectRange(job.document, job.firstPage, middle - 1, what, pages);
-    } catch (...) {
-        second.join();
-        throw;
-    }
-    second.join();
-    if (failure) {
-        std::rethrow_exception(failure);
-    }
-    pages.insert(pages.end(), std::make_move_iterator(rest.begin()), std::make_move_iterator(rest.end()));
     return pages;
 }
 

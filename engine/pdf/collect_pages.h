@@ -9,7 +9,7 @@
 
 namespace quorra {
 
-/// The raw pages of a job's range, in their order. Long ranges are read by two threads.
+/// The raw pages of a job's range, in their order. Long ranges are read by several threads.
 std::vector<model::RawPage> collectPages(const Job &job, Collect what);
 
 } // namespace quorra

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/image/page_pool.h"
+#include "engine/platform/page_pool.h"
 
 #include "engine/platform/limits.h"
 
