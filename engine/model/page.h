@@ -79,6 +79,7 @@ struct Word
     double baseline = 0; ///< y of the baseline for upright text, x for text turned by 90 or 270 degrees
     int rotation = 0;    ///< 0, 90, 180 or 270: how far the text is turned clockwise against the page
     bool spaceAfter = true;
+    bool endsLine = true; ///< the last word of what the PDF library takes for a line: a hint only
     Style style;
 };
 

@@ -8,6 +8,7 @@
 #include "engine/model/rulings.h"
 #include "engine/model/table_finish.h"
 #include "engine/model/turned.h"
+#include "engine/model/word_pieces.h"
 
 #include <algorithm>
 #include <array>
@@ -39,7 +40,7 @@ Page scannedPage(const RawPage &raw)
     return page;
 }
 
-void addRunningHeads(Page &page, const std::set<const Word *> &heads)
+void addRunningHeads(Page &page, const WordRefs &heads)
 {
     const Box whole{0, 0, page.width, page.height};
     WordRefs upright;
@@ -152,7 +153,6 @@ Page builtPage(const RawPage &raw, const std::set<const Word *> &heads)
     Page page;
     page.width = raw.width;
     page.height = raw.height;
-    addRunningHeads(page, heads);
     WordRefs words;
     for (const Word &word : raw.words) {
         if (heads.count(&word) == 0) {
@@ -161,17 +161,24 @@ Page builtPage(const RawPage &raw, const std::set<const Word *> &heads)
     }
     const Rulings rulings = mergeRules(raw.rules);
     std::vector<TableWords> tables = findRuledTables(rulings, words);
-    WordSet used(heads.begin(), heads.end());
     std::vector<Box> tableBoxes;
-    for (const TableWords &table : tables) {
+    WordRefs headWords(heads.begin(), heads.end());
+    std::vector<WordRefs *> groups{&headWords};
+    for (TableWords &table : tables) {
         tableBoxes.push_back(table.table.box);
-        for (const WordRefs &cell : table.words) {
-            used.insert(cell.begin(), cell.end());
+        for (WordRefs &cell : table.words) {
+            groups.push_back(&cell);
         }
     }
     PagePictures pictures = findPictures(raw, tableBoxes, words);
-    for (const DrawingLabels &drawing : pictures.labels) {
-        used.insert(drawing.words.begin(), drawing.words.end());
+    for (DrawingLabels &drawing : pictures.labels) {
+        groups.push_back(&drawing.words);
+    }
+    keepPiecesTogether(raw, groups);
+    addRunningHeads(page, headWords);
+    WordSet used;
+    for (const WordRefs *group : groups) {
+        used.insert(group->begin(), group->end());
     }
     RegionItems items;
     for (const Word *word : words) {

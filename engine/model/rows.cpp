@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/model/rows.h"
 
+#include "engine/model/word_pieces.h"
+
 #include <algorithm>
 #include <cmath>
 #include <unordered_map>
@@ -40,8 +42,7 @@ void add(Row &row, const Word *word, const Box &body)
     row.words.push_back(word);
 }
 
-// The PDF library knows from the file which pieces are one word, however deep an index of an index hangs: such a
-// piece goes to the row of the piece before it.
+// A piece of a word goes to the row of the piece before it, and so does a fraction that goes on in its line.
 void uniteWordPieces(std::vector<Row> &rows)
 {
     std::unordered_map<const Word *, std::size_t> homes;
@@ -54,10 +55,13 @@ void uniteWordPieces(std::vector<Row> &rows)
     for (std::size_t i = 0; i < count; ++i) {
         for (std::size_t k = 0; k < rows[i].words.size(); ++k) { // grows while pieces come in
             const Word *word = rows[i].words[k];
-            const auto next = word->spaceAfter ? homes.end() : homes.find(word + 1);
-            if (next == homes.end() || next->second == i ||
-                std::abs(next->first->box.left - word->box.right) > 0.25 * word->style.size ||
-                std::abs(next->first->baseline - word->baseline) > word->style.size) {
+            const auto next = word->endsLine ? homes.end() : homes.find(word + 1);
+            if (next == homes.end() || next->second == i) {
+                continue;
+            }
+            const auto last = next->first->endsLine ? homes.end() : homes.find(next->first + 1);
+            const bool fraction = last != homes.end() && isSmallFraction(*word, *next->first, *last->first);
+            if (!fraction && !isRestOf(*word, *next->first)) {
                 continue;
             }
             std::vector<const Word *> &left = rows[next->second].words;
@@ -117,7 +121,7 @@ std::vector<Row> rowsOf(WordRefs words)
 {
     std::stable_sort(
         words.begin(), words.end(), [](const Word *a, const Word *b) { return a->baseline < b->baseline; });
-    const bool hasPieces = std::any_of(words.begin(), words.end(), [](const Word *word) { return !word->spaceAfter; });
+    const bool hasPieces = std::any_of(words.begin(), words.end(), [](const Word *word) { return !word->endsLine; });
     std::vector<Row> rows;
     constexpr std::size_t openRows = 4;
     for (const Word *word : words) {

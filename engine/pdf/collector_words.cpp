@@ -41,7 +41,8 @@ public:
         word->getBBox(&own.box.left, &own.box.top, &own.box.right, &own.box.bottom);
         own.baseline = word->getBaseline();
         own.rotation = word->getRotation() * 90;
-        own.spaceAfter = word->getSpaceAfter() || !word->getNext(); // the end of a line is no end of a word's piece
+        own.endsLine = !word->getNext();
+        own.spaceAfter = word->getSpaceAfter() || own.endsLine; // the end of a line is no end of a word's piece
         own.style = styleOf(word);
         m_page.words.push_back(std::move(own));
     }

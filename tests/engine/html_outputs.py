@@ -17,9 +17,8 @@ from core_support import password, tool
 LEAST = {"html": 0.995, "xhtml": 0.995, "xml": 0.98}
 MOST_MEGABYTES = 150
 LEAST_TABLES = 0.85
-# A text without blanks has no words to compare; its letters serve. Formulas are cut otherwise by every reader.
+# A text without blanks has no words to compare; its letters serve.
 IDEOGRAPH = "\u2e80-\ua4cf\uf900-\ufaff"
-FORMULAS = {"GeoTopo-komprimiert.pdf": 0.993}
 
 
 def words(text):
@@ -40,7 +39,7 @@ def compare_words(suite, document, kind, markup):
     common = sum((ours & theirs).values())
     recall = common / max(1, sum(theirs.values())) if theirs else 1
     precision = common / max(1, sum(ours.values())) if ours else 1
-    least = min(LEAST[kind], FORMULAS.get(document.name, 1))
+    least = LEAST[kind]
     unlike = max(sum(theirs.values()), sum(ours.values())) - common
     suite.check(unlike <= 2 or (recall >= least and precision >= least), document.name, kind,
                 f"recall {recall:.4f} precision {precision:.4f}")
