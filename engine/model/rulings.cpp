@@ -42,14 +42,20 @@ std::vector<Span> mergeSpans(std::vector<Span> spans)
         const auto last = spans.begin() + static_cast<std::ptrdiff_t>(end);
         std::sort(first, last, [](const Span &a, const Span &b) { return a.from < b.from; });
         std::size_t current = merged.size();
+        double longest = 0; // piece of the line: its colour is the line's
         for (auto it = first; it != last; ++it) {
             if (current < merged.size() && it->from <= merged[current].to + dashGap) {
                 merged[current].to = std::max(merged[current].to, it->to);
                 merged[current].width = std::max(merged[current].width, it->width);
+                if (it->to - it->from > longest) {
+                    merged[current].colour = it->colour;
+                }
             } else {
                 current = merged.size();
                 merged.push_back(*it);
+                longest = 0;
             }
+            longest = std::max(longest, it->to - it->from);
         }
         start = end;
     }

@@ -81,6 +81,22 @@ private Q_SLOTS:
         QCOMPARE(table->cells.size(), std::size_t(4));
     }
 
+    void linesTakeTheColourOfTheirLongestPiece()
+    {
+        PageMaker page;
+        page.grid({50, 150, 250}, {100, 120, 140});
+        page.rule(49, 120, 52, 120); // the end of a frame around the table
+        page.raw().rules.back().colour = 0x0071bc;
+        page.text(60, 114, QStringLiteral("one"));
+        page.text(160, 114, QStringLiteral("two"));
+        page.text(60, 134, QStringLiteral("three"));
+        page.text(160, 134, QStringLiteral("four"));
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(cellAt(*table, 0, 1)->bottom.colour, black);
+    }
+
     void findsSpanningCells()
     {
         PageMaker page;
