@@ -22,6 +22,7 @@ constexpr double SpareWidth = 24;     // so that no line wraps
 constexpr double WidestGap = 3;       // between words of one line, times the size of type
 constexpr double LeastGap = 0.15;     // that counts as a space, times the size of type
 constexpr double LeastRise = 0.08;    // of the size of type, for a word off the baseline
+constexpr double LeastIndent = 0.1;   // slides give a line without any the indent of the line before
 
 // Lines that share a frame: turned alike, one below the other.
 using LineGroup = std::vector<model::Line>;
@@ -174,7 +175,7 @@ void writeLine(const Sink &sink, const model::Line &line, const LinePlace &place
         "style:style"_L1,
         {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Standard"_s}},
         {{"style:paragraph-properties"_L1,
-          {{"fo:margin-left"_L1, pt(line.box.left - left)},
+          {{"fo:margin-left"_L1, pt(std::max(LeastIndent, line.box.left - left))},
            {"fo:margin-top"_L1, pt(place.above)},
            {"fo:line-height"_L1, pt(place.height)},
            {"fo:text-align"_L1, u"left"_s},

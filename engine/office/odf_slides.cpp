@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/odf_slides.h"
 
+#include "engine/office/odf_frames.h"
+#include "engine/office/page_walk.h"
 #include "engine/office/placed.h"
+#include "engine/office/slide_grid.h"
+#include "engine/office/slide_table.h"
+#include "engine/office/slide_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,6 +19,30 @@ namespace {
 
 constexpr double SameSize = 1; // points by which pages of one size may differ
 
+void writeSlide(const Sink &sink, const model::Page &page, model::PictureSource &pictures)
+{
+    for (const model::Fill &fill : page.fills) {
+        writeFill(sink, fill, FrameAnchor::Slide);
+    }
+    writePictures(sink, page, pictures, FrameAnchor::Slide);
+    for (const model::Rule &rule : page.rules) {
+        writeRule(sink, rule, FrameAnchor::Slide);
+    }
+    for (const TextBlock &block : textBlocks(page, false)) {
+        for (const model::Paragraph *paragraph : block.paragraphs) {
+            writeSlideText(sink, page, *paragraph, block.labels);
+        }
+    }
+    forEachBlock(page, [&](const model::Block &block) {
+        const model::Table *table = block.table();
+        if (table && fitsAsTable(page, *table)) {
+            writeSlideTable(sink, *table);
+        } else if (table) {
+            writeSlideGrid(sink, page, *table);
+        }
+    });
+}
+
 } // namespace
 
 void unifyPages(model::Document &document, MovedPictures &pictures)
@@ -21,6 +50,7 @@ void unifyPages(model::Document &document, MovedPictures &pictures)
     if (document.pages.empty()) {
         return;
     }
+    dropDeadLinks(document);
     const double width = document.pages.front().width;
     const double height = document.pages.front().height;
     for (model::Page &page : document.pages) {
@@ -53,7 +83,7 @@ void writeSlides(OdfFile &file, const model::Document &document, model::PictureS
         sink.xml.writeStartElement("draw:page"_L1);
         sink.xml.writeAttribute("draw:name"_L1, u"Page %1"_s.arg(page.number));
         sink.xml.writeAttribute("draw:master-page-name"_L1, "Default"_L1);
-        writePlacedPage(sink, page, pictures, FrameAnchor::Slide);
+        writeSlide(sink, page, pictures);
         sink.xml.writeEndElement();
     }
 }

@@ -11,9 +11,6 @@ namespace {
 
 QString tableStyle(const Sink &sink, const model::Table &table, const TablePlace &place)
 {
-    if (place.home == TableHome::Slide) {
-        return sink.styles.name({"style:style"_L1, {{"style:family"_L1, u"table"_s}}});
-    }
     return sink.styles.name(
         {"style:style"_L1,
          {{"style:family"_L1, u"table"_s}},
@@ -33,43 +30,35 @@ QString columnStyle(const Sink &sink, double width)
          {{"style:table-column-properties"_L1, {{"style:column-width"_L1, pt(width)}}}}});
 }
 
-QString rowStyle(const Sink &sink, double height, TableHome home)
+QString rowStyle(const Sink &sink, double height)
 {
-    const QLatin1String name = home == TableHome::Slide ? "style:row-height"_L1 : "style:min-row-height"_L1;
     return sink.styles.name(
         {"style:style"_L1,
          {{"style:family"_L1, u"table-row"_s}},
-         {{"style:table-row-properties"_L1, {{name, pt(height)}, {"fo:keep-together"_L1, u"always"_s}}}}});
+         {{"style:table-row-properties"_L1,
+           {{"style:min-row-height"_L1, pt(height)}, {"fo:keep-together"_L1, u"always"_s}}}}});
 }
 
-QString cellStyle(const Sink &sink, const model::Cell &cell, TableHome home)
+QString cellStyle(const Sink &sink, const model::Cell &cell)
 {
-    Attributes look = {{"fo:padding"_L1, u"0pt"_s}};
-    const Attributes borders = {
+    Attributes look = {
+        {"fo:padding"_L1, u"0pt"_s},
         {"fo:border-left"_L1, borderText(cell.left)},
         {"fo:border-right"_L1, borderText(cell.right)},
         {"fo:border-top"_L1, borderText(cell.top)},
         {"fo:border-bottom"_L1, borderText(cell.bottom)}};
-    Element style{"style:style"_L1, {{"style:family"_L1, u"table-cell"_s}}};
-    if (home == TableHome::Text) {
-        look.insert(look.end(), borders.begin(), borders.end());
-        if (cell.background) {
-            look.emplace_back("fo:background-color"_L1, colourName(*cell.background));
-        }
-        style.children = {{"style:table-cell-properties"_L1, look}};
-    } else {
-        look.emplace_back("draw:fill"_L1, cell.background ? u"solid"_s : u"none"_s);
-        look.emplace_back("draw:fill-color"_L1, colourName(cell.background.value_or(model::white)));
-        style.children = {{"style:graphic-properties"_L1, look}, {"style:paragraph-properties"_L1, borders}};
+    if (cell.background) {
+        look.emplace_back("fo:background-color"_L1, colourName(*cell.background));
     }
-    return sink.styles.name(style);
+    return sink.styles.name(
+        {"style:style"_L1, {{"style:family"_L1, u"table-cell"_s}}, {{"style:table-cell-properties"_L1, look}}});
 }
 
 void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &place)
 {
     QXmlStreamWriter &xml = sink.xml;
     xml.writeStartElement("table:table-cell"_L1);
-    xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell, place.home));
+    xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell));
     if (cell.columnSpan > 1) {
         xml.writeAttribute("table:number-columns-spanned"_L1, QString::number(cell.columnSpan));
     }
@@ -79,7 +68,6 @@ void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &plac
     ParagraphPlace inside;
     inside.exactLeading = place.exactLeading;
     inside.withLists = false;
-    inside.withLinks = place.home == TableHome::Text;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         writeParagraph(sink, paragraph, inside);
     }
@@ -117,14 +105,14 @@ void writeTable(const Sink &sink, const model::Table &table, const TablePlace &p
         xml.writeAttribute("table:style-name"_L1, columnStyle(sink, at[1] - at[0]));
     }
     const std::vector<const model::Cell *> grid = cellGrid(table);
-    const int headerRows = place.home == TableHome::Text ? std::min(table.headerRows, table.rows() - 1) : 0;
+    const int headerRows = std::min(table.headerRows, table.rows() - 1);
     for (int row = 0; row < table.rows(); ++row) {
         if (row == 0 && headerRows > 0) {
             xml.writeStartElement("table:table-header-rows"_L1);
         }
         const auto at = table.rowEdges.begin() + row;
         xml.writeStartElement("table:table-row"_L1);
-        xml.writeAttribute("table:style-name"_L1, rowStyle(sink, at[1] - at[0], place.home));
+        xml.writeAttribute("table:style-name"_L1, rowStyle(sink, at[1] - at[0]));
         for (int column = 0; column < table.columns(); ++column) {
             if (const model::Cell *cell = *(grid.begin() + row * table.columns() + column)) {
                 writeCell(sink, *cell, place);

@@ -5,13 +5,9 @@
 
 namespace quorra::office {
 
-/// Where a table stands: text documents and slides name the same looks differently.
-enum class TableHome { Text, Slide };
-
 /// How a table stands in what surrounds it. Lengths in points.
 struct TablePlace
 {
-    TableHome home = TableHome::Text;
     double left = 0;  ///< from the left edge of what surrounds it
     double above = 0; ///< blank space above
     bool exactLeading = true;
@@ -20,8 +16,7 @@ struct TablePlace
 /// The cell that begins at each place of the grid, row by row; null where a cell that spans covers the place.
 std::vector<const model::Cell *> cellGrid(const model::Table &table);
 
-/// Writes the table with its spans, borders, backgrounds and header rows; text documents get it at its place, in
-/// slides the caller's frame places it.
+/// Writes the table into a text document with its spans, borders, backgrounds and header rows.
 void writeTable(const Sink &sink, const model::Table &table, const TablePlace &place);
 
 } // namespace quorra::office

@@ -4,7 +4,6 @@
 #include "engine/office/exact_lines.h"
 #include "engine/office/odf_tables.h"
 #include "engine/office/page_walk.h"
-#include "engine/office/slide_grid.h"
 
 #include <algorithm>
 
@@ -47,8 +46,7 @@ void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &
         model::Paragraph framed = *paragraph;
         framed.indentLeft = paragraph->box.left - room.left + std::max(0.0, -paragraph->firstLineIndent);
         framed.indentRight = 0;
-        // A slide forgets the first line's indent where there is no other.
-        framed.indentLeft = std::max(framed.indentLeft, anchor == FrameAnchor::Slide ? 0.1 : 0.0);
+        framed.indentLeft = std::max(framed.indentLeft, 0.0);
         if (paragraph->lines.size() < 2) {
             framed.firstLineIndent = std::min(0.0, paragraph->firstLineIndent);
         }
@@ -63,22 +61,10 @@ void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &
     sink.xml.writeEndElement();
 }
 
-void writePlacedTable(const Sink &sink, const model::Page &page, const model::Table &table, FrameAnchor anchor)
+void writePlacedTable(const Sink &sink, const model::Table &table, FrameAnchor anchor)
 {
-    TablePlace place;
-    if (anchor == FrameAnchor::Slide && isTooLargeForSlide(table)) {
-        writeSlideGrid(sink, table, page.width);
-        return;
-    }
-    if (anchor == FrameAnchor::Slide) {
-        place.home = TableHome::Slide;
-        beginTableFrame(sink, table.box);
-        writeTable(sink, table, place);
-        sink.xml.writeEndElement();
-        return;
-    }
     beginTextFrame(sink, table.box, anchor, true);
-    writeTable(sink, table, place);
+    writeTable(sink, table, {});
     writeAnchorParagraph(sink, {});
     sink.xml.writeEndElement();
     sink.xml.writeEndElement();
@@ -154,7 +140,7 @@ void writePlacedPage(const Sink &sink, const model::Page &page, model::PictureSo
     }
     forEachBlock(page, [&](const model::Block &block) {
         if (const model::Table *table = block.table()) {
-            writePlacedTable(sink, page, *table, anchor);
+            writePlacedTable(sink, *table, anchor);
         }
     });
 }

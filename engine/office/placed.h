@@ -26,7 +26,7 @@ std::vector<TextBlock> textBlocks(const model::Page &page, bool joined);
 model::Box roomyBox(const model::Page &page, const model::Box &box);
 
 /// Writes all of the page at its places: backgrounds, lines and pictures, then texts and tables in frames. The anchor
-/// is FrameAnchor::Page or FrameAnchor::Slide.
+/// is FrameAnchor::Page.
 void writePlacedPage(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor);
 
 } // namespace quorra::office

@@ -2,6 +2,9 @@
 #include "engine/office/slide_grid.h"
 
 #include "engine/office/exact_lines.h"
+#include "engine/office/odf_frames.h"
+#include "engine/office/slide_frame.h"
+#include "engine/office/slide_text.h"
 
 #include <algorithm>
 #include <map>
@@ -10,8 +13,6 @@
 namespace quorra::office {
 
 namespace {
-
-constexpr std::size_t MostCells = 200;
 
 // Puts a piece behind the line that it goes on with, or keeps it as a new one. Pieces come in growing order.
 void addPiece(std::vector<model::Rule> &rules, const model::Rule &piece)
@@ -28,12 +29,21 @@ void addPiece(std::vector<model::Rule> &rules, const model::Rule &piece)
     }
 }
 
-} // namespace
-
-bool isTooLargeForSlide(const model::Table &table)
+// How far most of the table's text is turned; its edges count as if it were upright.
+int rotationOf(const model::Table &table)
 {
-    return table.cells.size() > MostCells;
+    std::map<int, int> texts;
+    for (const model::Cell &cell : table.cells) {
+        for (const model::Paragraph &paragraph : cell.paragraphs) {
+            ++texts[paragraph.rotation];
+        }
+    }
+    const auto most =
+        std::max_element(texts.begin(), texts.end(), [](const auto &a, const auto &b) { return a.second < b.second; });
+    return most == texts.end() ? 0 : most->first;
 }
+
+} // namespace
 
 std::vector<model::Rule> gridLines(const model::Table &table)
 {
@@ -62,23 +72,30 @@ std::vector<model::Rule> gridLines(const model::Table &table)
     return rules;
 }
 
-void writeSlideGrid(const Sink &sink, const model::Table &table, double pageWidth)
+void writeSlideGrid(const Sink &sink, const model::Page &page, const model::Table &table)
 {
-    std::map<int, model::Paragraph> columns;
+    const SlideTurn turn{rotationOf(table), page.width, page.height};
     for (const model::Cell &cell : table.cells) {
         if (cell.background) {
-            writeFill(sink, {cell.box, *cell.background}, FrameAnchor::Slide);
+            writeFill(sink, {onSlide(cell.box, turn), *cell.background}, FrameAnchor::Slide);
         }
+    }
+    for (const model::Rule &rule : gridLines(table)) {
+        writeRule(sink, onSlide(rule, turn), FrameAnchor::Slide);
+    }
+    std::map<int, model::Paragraph> columns;
+    for (const model::Cell &cell : table.cells) {
         for (const model::Paragraph &paragraph : cell.paragraphs) {
+            if (paragraph.rotation != 0) {
+                writeSlideText(sink, page, paragraph, false);
+                continue;
+            }
             std::vector<model::Line> &lines = columns[cell.column].lines;
             lines.insert(lines.end(), paragraph.lines.begin(), paragraph.lines.end());
         }
     }
-    for (const model::Rule &rule : gridLines(table)) {
-        writeRule(sink, rule, FrameAnchor::Slide);
-    }
     for (const auto &[number, column] : columns) {
-        writeExactLines(sink, column, pageWidth, FrameAnchor::Slide);
+        writeExactLines(sink, column, page.width, FrameAnchor::Slide);
     }
 }
 

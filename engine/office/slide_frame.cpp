@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/office/slide_frame.h"
+
+#include "engine/model/turned.h"
+
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double QuarterTurn = 1.5707963268; // in radians, as ODF counts angles
+
+std::pair<double, double> pointOnSlide(double x, double y, const SlideTurn &turn)
+{
+    switch (turn.rotation) {
+    case 90:
+        return {turn.width - y, x};
+    case 180:
+        return {turn.width - x, turn.height - y};
+    case 270:
+        return {y, turn.height - x};
+    default:
+        return {x, y};
+    }
+}
+
+QString sideName(model::Alignment alignment)
+{
+    switch (alignment) {
+    case model::Alignment::Centre:
+        return u"center"_s;
+    case model::Alignment::Right:
+        return u"right"_s;
+    default:
+        return u"left"_s;
+    }
+}
+
+} // namespace
+
+model::Paragraph uprightParagraph(model::Paragraph paragraph, const SlideTurn &turn)
+{
+    if (turn.rotation != 0) {
+        model::turnBack(paragraph, 360 - turn.rotation, turn.width, turn.height);
+    }
+    return paragraph;
+}
+
+model::Box onSlide(const model::Box &box, const SlideTurn &turn)
+{
+    const auto [x1, y1] = pointOnSlide(box.left, box.top, turn);
+    const auto [x2, y2] = pointOnSlide(box.right, box.bottom, turn);
+    return {std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
+}
+
+model::Rule onSlide(const model::Rule &rule, const SlideTurn &turn)
+{
+    const model::Box box = onSlide(model::Box{rule.x1, rule.y1, rule.x2, rule.y2}, turn);
+    return {box.left, box.top, box.right, box.bottom, rule.width, rule.colour};
+}
+
+void beginSlideFrame(
+    const Sink &sink, const model::Box &box, const SlideTurn &turn, bool wraps, model::Alignment alignment)
+{
+    const QString style = sink.styles.graphic(
+        {{"fo:padding"_L1, u"0pt"_s},
+         {"fo:border"_L1, u"none"_s},
+         {"draw:fill"_L1, u"none"_s},
+         {"draw:stroke"_L1, u"none"_s},
+         {"draw:auto-grow-height"_L1, u"false"_s},
+         {"draw:auto-grow-width"_L1, wraps ? u"false"_s : u"true"_s},
+         {"fo:wrap-option"_L1, wraps ? u"wrap"_s : u"no-wrap"_s},
+         {"draw:textarea-horizontal-align"_L1, wraps ? u"justify"_s : sideName(alignment)},
+         {"draw:textarea-vertical-align"_L1, u"top"_s}},
+        "standard"_L1);
+    QXmlStreamWriter &xml = sink.xml;
+    xml.writeStartElement("draw:frame"_L1);
+    xml.writeAttribute("draw:style-name"_L1, style);
+    const auto [x, y] = pointOnSlide(box.left, box.top, turn);
+    if (turn.rotation == 0) {
+        xml.writeAttribute("svg:x"_L1, pt(x));
+        xml.writeAttribute("svg:y"_L1, pt(y));
+    } else {
+        const QString angle = QString::number(-QuarterTurn * turn.rotation / 90, 'f', 6);
+        xml.writeAttribute(
+            "draw:transform"_L1, "rotate ("_L1 + angle + ") translate ("_L1 + pt(x) + u' ' + pt(y) + u')');
+    }
+    xml.writeAttribute("svg:width"_L1, pt(box.width()));
+    xml.writeAttribute("svg:height"_L1, pt(box.height()));
+    xml.writeStartElement("draw:text-box"_L1);
+}
+
+} // namespace quorra::office

@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "office_fixture.h"
+
+#include "engine/office/odf_slides.h"
+#include "engine/office/slide_fit.h"
+#include "engine/office/slide_table.h"
+#include "engine/office/slide_text.h"
+
+#include <QTest>
+
+using namespace quorra;
+using namespace quorra::office;
+
+/// Slides made of hand-made pages: text boxes, links, turned text and tables.
+class OfficeSlidesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void singleLinesDoNotWrap();
+    void linksKeepTheirText();
+    void linksToMissingPagesAreDropped();
+    void wideGapsPartALine();
+    void turnedTextTurnsItsFrame();
+    void rightToLeftLinesStandRight();
+    void boxesBeginAboveTheBaseline();
+    void codeKeepsItsBlanks();
+    void unknownFontsGiveWayToMeasuredOnes();
+    void spacingFollowsThePage();
+    void tightTablesAreDrawn();
+    void emptyCellsStayLow();
+    void cellTextKeepsItsBlankSides();
+};
+
+namespace {
+
+model::Paragraph lineAt(const QString &text, const model::Box &box, const model::Style &look = fixture::style())
+{
+    return fixture::paragraph(text, box, look);
+}
+
+model::Document documentOf(std::vector<model::Paragraph> paragraphs)
+{
+    model::Page page = fixture::page();
+    for (model::Paragraph &paragraph : paragraphs) {
+        page.sections[0].blocks.push_back(fixture::block(std::move(paragraph)));
+    }
+    return {{page}};
+}
+
+QString slides(const model::Document &document)
+{
+    fixture::Pictures pictures;
+    return fixture::odf(OdfKind::Presentation, [&](OdfFile &file) { writeSlides(file, document, pictures); });
+}
+
+// Two lines of words, one below the other, with their words at the given width a sign.
+model::Paragraph twoLines(double signWidth)
+{
+    model::Paragraph paragraph = lineAt(QStringLiteral("some words stand here"), {72, 100, 200, 110});
+    paragraph.lines.push_back(paragraph.lines.front());
+    paragraph.runs[0].text = QStringLiteral("some words stand here some words stand here");
+    for (model::Line &line : paragraph.lines) {
+        double left = 72;
+        for (model::Word &word : line.words) {
+            word.box.left = left;
+            word.box.right = left + signWidth * static_cast<double>(word.text.size());
+            left = word.box.right + 3;
+        }
+    }
+    return paragraph;
+}
+
+} // namespace
+
+void OfficeSlidesTest::singleLinesDoNotWrap()
+{
+    const QString text = slides(documentOf({lineAt(QStringLiteral("A heading"), {72, 100, 117, 112})}));
+    QVERIFY(text.contains(QLatin1String("draw:auto-grow-width=\"true\"")));
+    QVERIFY(!text.contains(QLatin1String("draw:auto-grow-width=\"false\"")));
+    QVERIFY(slides(documentOf({twoLines(5)})).contains(QLatin1String("draw:auto-grow-width=\"false\"")));
+}
+
+void OfficeSlidesTest::linksKeepTheirText()
+{
+    model::Paragraph paragraph = lineAt(QStringLiteral("see our page now"), {72, 100, 152, 112});
+    model::Style linked = fixture::style();
+    linked.link = QStringLiteral("https://example.org/");
+    linked.colour = 0x0000ff;
+    for (const std::size_t word : {std::size_t(1), std::size_t(2)}) {
+        paragraph.lines[0].words[word].style = linked;
+    }
+    const QString text = slides(documentOf({paragraph}));
+    // The look stands outside: a link with elements in it would come out empty.
+    QVERIFY(text.contains(QLatin1String("xlink:href=\"https://example.org/\">our</text:a></text:span>")));
+    QVERIFY(text.contains(QLatin1String("xlink:href=\"https://example.org/\">page</text:a></text:span>")));
+    QCOMPARE(fixture::paragraphs(text), QStringList{QStringLiteral("see our page now")});
+}
+
+void OfficeSlidesTest::linksToMissingPagesAreDropped()
+{
+    QCOMPARE(slideTarget(QStringLiteral("#page=3")), QStringLiteral("#Page 3"));
+    QCOMPARE(slideTarget(QStringLiteral("file:///etc/passwd")), QString());
+    model::Paragraph paragraph = lineAt(QStringLiteral("one two"), {72, 100, 152, 112});
+    paragraph.lines[0].words[0].style.link = QStringLiteral("#page=1");
+    paragraph.lines[0].words[1].style.link = QStringLiteral("#page=2");
+    paragraph.runs[0].style.link = QStringLiteral("#page=2");
+    model::Document document = documentOf({paragraph});
+    dropDeadLinks(document);
+    const model::Paragraph &kept = *document.pages[0].sections[0].blocks[0].paragraph();
+    QCOMPARE(kept.lines[0].words[0].style.link, QStringLiteral("#page=1"));
+    QVERIFY(kept.lines[0].words[1].style.link.isEmpty());
+    QVERIFY(kept.runs[0].style.link.isEmpty());
+}
+
+void OfficeSlidesTest::wideGapsPartALine()
+{
+    model::Paragraph paragraph = lineAt(QStringLiteral("Appendix B 200"), {72, 100, 400, 112});
+    paragraph.lines[0].words[2].box.left = 380;
+    paragraph.lines[0].words[2].box.right = 395;
+    const std::vector<model::Paragraph> pieces = piecesApart(paragraph, false);
+    QCOMPARE(pieces.size(), std::size_t(2));
+    QCOMPARE(pieces[0].runs[0].text, QStringLiteral("Appendix B"));
+    QCOMPARE(pieces[1].runs[0].text, QStringLiteral("200"));
+    QCOMPARE(pieces[1].box.left, 380.0);
+    paragraph.lines[0].words[2].box = {130, 100, 145, 112};
+    QCOMPARE(piecesApart(paragraph, false).size(), std::size_t(1));
+}
+
+void OfficeSlidesTest::turnedTextTurnsItsFrame()
+{
+    // Upright it stands at 100, 50 on a page of 792 x 612; turned by a quarter that is 612 - 50 from the left.
+    model::Paragraph paragraph = lineAt(QStringLiteral("turned"), {100, 50, 130, 62});
+    const SlideTurn turn{90, 612, 792};
+    const model::Box box = onSlide(model::Box{100, 50, 130, 62}, turn);
+    QCOMPARE(box, (model::Box{550, 100, 562, 130}));
+    paragraph.rotation = 90;
+    paragraph.box = box;
+    paragraph.lines[0].rotation = 90;
+    paragraph.lines[0].box = box;
+    paragraph.lines[0].baseline = 612 - 60;
+    paragraph.lines[0].words[0].box = box;
+    paragraph.lines[0].words[0].rotation = 90;
+    paragraph.lines[0].words[0].baseline = 612 - 60;
+    const model::Paragraph upright = uprightParagraph(paragraph, turn);
+    QCOMPARE(upright.box, (model::Box{100, 50, 130, 62}));
+    QCOMPARE(upright.rotation, 0);
+    const QString text = slides(documentOf({paragraph}));
+    QVERIFY(text.contains(QLatin1String("draw:transform=\"rotate (-1.570796) translate (")));
+    QVERIFY(text.contains(QLatin1String(" 100.00pt)\"")));
+}
+
+void OfficeSlidesTest::rightToLeftLinesStandRight()
+{
+    model::Paragraph paragraph = lineAt(QStringLiteral("\u05e9\u05dc\u05d5\u05dd"), {400, 100, 540, 112});
+    paragraph.rightToLeft = true;
+    const QString text = slides(documentOf({paragraph}));
+    QVERIFY(text.contains(QLatin1String("fo:text-align=\"end\"")));
+    QVERIFY(text.contains(QLatin1String("draw:textarea-horizontal-align=\"right\"")));
+    QVERIFY(text.contains(QLatin1String("svg:x=\"382.80pt\""))); // room on the left
+}
+
+void OfficeSlidesTest::boxesBeginAboveTheBaseline()
+{
+    // 12 points of line height above a baseline at 110, less what hangs below it.
+    const QString text = slides(documentOf({lineAt(QStringLiteral("x"), {72, 100, 77, 112})}));
+    QVERIFY(text.contains(QLatin1String("svg:y=\"100.10pt\"")));
+}
+
+void OfficeSlidesTest::codeKeepsItsBlanks()
+{
+    model::Style look = fixture::style();
+    look.fixedPitch = true;
+    model::Paragraph code = lineAt(QStringLiteral("if x"), {72, 100, 96, 112}, look);
+    model::Paragraph inner = lineAt(QStringLiteral("stop now"), {84, 112, 132, 124}, look);
+    code.lines[0].words = {code.lines[0].words[0], code.lines[0].words[1]};
+    code.lines[0].words[1].box.left = 72 + 12 + 18;
+    code.lines[0].words[0].box.right = 72 + 12;
+    code.lines.push_back(inner.lines[0]);
+    code.runs[0].text = QStringLiteral("if x\nstop now");
+    code.box = {72, 100, 132, 124};
+    QVERIFY(keepsLines(code));
+    QCOMPARE(runsByLine(code)[0].text, QStringLiteral("if   x\n  stop now"));
+}
+
+void OfficeSlidesTest::unknownFontsGiveWayToMeasuredOnes()
+{
+    model::Style look = fixture::style();
+    look.family = QStringLiteral("New Century Schlbk");
+    QCOMPARE(
+        inCommonFonts(lineAt(QStringLiteral("x"), {0, 0, 5, 10}, look)).runs[0].style.family,
+        QStringLiteral("Times New Roman"));
+    look.family = QStringLiteral("Calibri");
+    QCOMPARE(
+        inCommonFonts(lineAt(QStringLiteral("x"), {0, 0, 5, 10}, look)).runs[0].style.family,
+        QStringLiteral("Calibri"));
+    look.family = QStringLiteral("Ryumin"); // nothing is known of the widths of these signs
+    QCOMPARE(
+        inCommonFonts(lineAt(QStringLiteral("\u65e5"), {0, 0, 10, 10}, look)).runs[0].style.family,
+        QStringLiteral("Ryumin"));
+}
+
+void OfficeSlidesTest::spacingFollowsThePage()
+{
+    const model::Paragraph wide = twoLines(5.2);
+    const model::Paragraph narrow = twoLines(4);
+    QVERIFY(fittingSpacing(wide, 300) > fittingSpacing(narrow, 300) + 1);
+    // Where the lines would break once more, letters come closer together.
+    const double free = fittingSpacing(wide, 110);
+    const double pressed = fittingSpacing(wide, 101);
+    QVERIFY2(pressed < free, qPrintable(QStringLiteral("%1 %2").arg(pressed).arg(free)));
+    model::Paragraph foreign = wide;
+    foreign.lines[0].words[0].text = QStringLiteral("\u65e5");
+    QCOMPARE(fittingSpacing(foreign, 100), 0.0);
+}
+
+void OfficeSlidesTest::tightTablesAreDrawn()
+{
+    model::Page page = fixture::page();
+    model::Table table = fixture::table(2, {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), {}});
+    page.sections[0].blocks = {{table, 0}};
+    QVERIFY(fitsAsTable(page, table));
+    // Rows of 10 points must grow; below there is room for that.
+    model::Table tight = table;
+    tight.rowEdges = {100, 110, 120};
+    tight.box.bottom = 120;
+    page.sections[0].blocks = {{tight, 0}};
+    QVERIFY(fitsAsTable(page, tight));
+    page.sections[0].blocks.push_back(fixture::block(lineAt(QStringLiteral("close"), {72, 124, 97, 134})));
+    QVERIFY(!fitsAsTable(page, tight));
+    const QString text = slides({{page}});
+    QVERIFY(!text.contains(QLatin1String("<table:table")));
+    QVERIFY(text.contains(QLatin1String("<draw:line")));
+}
+
+void OfficeSlidesTest::emptyCellsStayLow()
+{
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {{fixture::table(2, {QStringLiteral("a"), {}}), 0}};
+    QVERIFY(slides({{page}}).contains(QLatin1String("fo:font-size=\"1.0pt\"")));
+}
+
+void OfficeSlidesTest::cellTextKeepsItsBlankSides()
+{
+    model::Table table = fixture::table(2, {QStringLiteral("a"), QStringLiteral("b")});
+    model::Paragraph &left = table.cells[0].paragraphs[0];
+    left.box = {84, 105, 89, 115};
+    model::Paragraph &right = table.cells[1].paragraphs[0];
+    right.box = {255, 105, 260, 115};
+    right.alignment = model::Alignment::Right;
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {{table, 0}};
+    const QString text = slides({{page}});
+    QVERIFY(text.contains(QLatin1String("fo:margin-left=\"11.70pt\"")));
+    QVERIFY(text.contains(QLatin1String("fo:padding-right=\"12.00pt\"")));
+}
+
+QTEST_APPLESS_MAIN(OfficeSlidesTest)
+#include "office_slides_test.moc"
