@@ -112,7 +112,7 @@ void appendParagraph(Paragraph &before, Paragraph &after)
         }
     }
     for (Run &run : after.runs) {
-        if (!before.runs.empty() && before.runs.back().style == run.style) {
+        if (!before.runs.empty() && before.runs.back().style == run.style && before.runs.back().script == run.script) {
             before.runs.back().text += run.text;
         } else {
             before.runs.push_back(std::move(run));

@@ -11,11 +11,15 @@
 // All writers work from these types. Units and origin are those of page.h.
 namespace quorra::model {
 
+/// Where a small piece of text stands against the letters beside it.
+enum class Script { None, Raised, Lowered };
+
 /// Text of one look.
 struct Run
 {
     QString text;
     Style style;
+    Script script = Script::None;
 
     bool operator==(const Run &) const = default;
 };

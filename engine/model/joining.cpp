@@ -2,6 +2,7 @@
 #include "engine/model/joining.h"
 
 #include "engine/model/build.h"
+#include "engine/model/scripts.h"
 
 namespace quorra::model {
 
@@ -18,10 +19,10 @@ bool isHyphen(QChar c)
     return c == QLatin1Char('-') || c.unicode() == 0x2010 || c.unicode() == 0xad;
 }
 
-void appendText(std::vector<Run> &runs, const QString &text, const Style &style)
+void appendText(std::vector<Run> &runs, const QString &text, const Style &style, Script script)
 {
-    if (runs.empty() || !(runs.back().style == style)) {
-        runs.push_back({text, style});
+    if (runs.empty() || runs.back().script != script || !(runs.back().style == style)) {
+        runs.push_back({text, style, script});
     } else {
         runs.back().text += text;
     }
@@ -64,9 +65,10 @@ void appendLine(std::vector<Run> &runs, const Line &line, bool keepBreak)
             }
         }
     }
+    const std::vector<Script> scripts = scriptsOf(line);
     for (std::size_t i = 0; i < line.words.size(); ++i) {
         const Word &word = line.words[i];
-        appendText(runs, word.text, word.style);
+        appendText(runs, word.text, word.style, scripts[i]);
         if (i + 1 < line.words.size() && word.spaceAfter) {
             appendBlank(runs, QLatin1Char(' '));
         }

@@ -1,38 +1,61 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/writers/html_writer.h"
 
+#include "engine/office/decorations.h"
+#include "engine/office/page_walk.h"
+#include "engine/writers/html_paragraph.h"
+#include "engine/writers/html_picture.h"
 #include "engine/writers/html_style.h"
+#include "engine/writers/html_table.h"
+#include "engine/writers/html_text.h"
 #include "engine/writers/xml_text.h"
 
 #include <QXmlStreamWriter>
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace quorra {
 
 namespace {
 
 using model::Block;
-using model::Cell;
+using model::Box;
 using model::Page;
 using model::Paragraph;
 using model::Picture;
 using model::Role;
-using model::Run;
+using model::Style;
 using model::Table;
 
-const char *tagOf(const Paragraph &paragraph)
+// Whether faint text stands on something that is no background of all of it: a picture, a bar.
+bool isOnSomething(const Page &page, const Paragraph &paragraph)
 {
-    switch (paragraph.role) {
-    case Role::Heading1:
-        return "h1";
-    case Role::Heading2:
-        return "h2";
-    case Role::Heading3:
-        return "h3";
-    default:
-        return isListing(paragraph) && paragraph.role == Role::Body ? "pre" : "p";
+    const auto isPale = [](const model::Run &run) { return isFaint(run.style.colour); };
+    if (std::none_of(paragraph.runs.begin(), paragraph.runs.end(), isPale)) {
+        return false;
     }
+    const Box &text = paragraph.box;
+    bool found = std::any_of(page.fills.begin(), page.fills.end(), [&text](const model::Fill &fill) {
+        return !isFaint(fill.colour) && !model::intersected(fill.box, text).isEmpty();
+    });
+    office::forEachBlock(page, [&](const Block &block) {
+        found = found || (block.picture() && !model::intersected(block.picture()->box, text).isEmpty());
+    });
+    return found;
+}
+
+bool isCentred(const Box &table, const model::Section &section, int column)
+{
+    const auto at = static_cast<std::size_t>(column);
+    if (at >= section.columns.size()) {
+        return false;
+    }
+    const Box &around = section.columns[at];
+    constexpr double least = 12; // points
+    return table.left - around.left > least &&
+           std::abs(table.left - around.left - (around.right - table.right)) < 0.1 * around.width();
 }
 
 class HtmlWriter
@@ -69,6 +92,9 @@ private:
         m_xml.writeStartElement(QStringLiteral("head"));
         m_xml.writeEmptyElement(QStringLiteral("meta"));
         m_xml.writeAttribute(QStringLiteral("charset"), QStringLiteral("utf-8"));
+        m_xml.writeEmptyElement(QStringLiteral("meta"));
+        m_xml.writeAttribute(QStringLiteral("name"), QStringLiteral("viewport"));
+        m_xml.writeAttribute(QStringLiteral("content"), QStringLiteral("width=device-width, initial-scale=1"));
         m_xml.writeTextElement(
             QStringLiteral("title"), options.title.isEmpty() ? QStringLiteral("Document") : xmlText(options.title));
         m_xml.writeTextElement(QStringLiteral("style"), styleSheet(m_document, m_usual));
@@ -77,7 +103,7 @@ private:
 
     void writePage(const Page &page)
     {
-        start("section", page.scanned ? "page scan" : "page");
+        startElement(m_xml, "section", page.scanned ? "page scan" : "page");
         m_xml.writeAttribute(QStringLiteral("id"), QStringLiteral("page-%1").arg(page.number));
         m_xml.writeCharacters(QString()); // an empty page must not become a self-closing element
         writeHeads(page, true);
@@ -92,198 +118,105 @@ private:
     {
         for (const Block &head : page.runningHeads) {
             if ((head.box().centreY() < page.height / 2) == top && head.paragraph()) {
-                writeText(top ? "header" : "footer", nullptr, *head.paragraph());
+                writeHtmlRunningHead(m_xml, page, *head.paragraph(), groundOf(page, *head.paragraph()));
             }
         }
     }
 
     void writeBlocks(const Page &page, const model::Section &section)
     {
-        int openLists = 0;
-        const auto setLists = [&](int wanted) {
-            for (; openLists > wanted; --openLists) {
-                m_xml.writeEndElement();
-                m_xml.writeEndElement();
-            }
-        };
-        for (const Block &block : section.blocks) {
+        for (std::size_t i = 0; i < section.blocks.size(); ++i) {
+            const Block &block = section.blocks[i];
             const Paragraph *paragraph = block.paragraph();
+            const office::Decoration decoration =
+                paragraph ? office::decorationOf(page, paragraph->box) : office::Decoration();
             if (!paragraph || paragraph->role != Role::ListItem) {
-                setLists(0);
+                closeLists(0);
             }
+            setBackground(decoration.background);
             if (const Table *table = block.table()) {
-                writeTable(*table);
+                writeHtmlTable(m_xml, *table, m_usual, isCentred(table->box, section, block.column));
             } else if (const Picture *picture = block.picture()) {
-                writePicture(page, *picture);
+                const Block *next = i + 1 < section.blocks.size() ? &section.blocks[i + 1] : nullptr;
+                const bool labelled = next && office::isLabelOf(*next, *picture);
+                if (writePicture(page, *picture, labelled ? next->paragraph() : nullptr) && labelled) {
+                    ++i;
+                }
             } else if (paragraph->role == Role::ListItem) {
-                openLists = writeListItem(*paragraph, openLists);
+                writeListItem(page, *paragraph);
             } else {
-                writeText(tagOf(*paragraph), paragraph->role == Role::Caption ? "caption" : nullptr, *paragraph);
+                ParagraphGround ground = groundOf(page, *paragraph);
+                ground.decoration = decoration;
+                writeHtmlParagraph(m_xml, *paragraph, ground);
             }
         }
-        setLists(0);
+        closeLists(0);
+        setBackground({});
     }
 
-    // Leaves the item open for a list inside it; returns how many lists are open.
-    int writeListItem(const Paragraph &item, int open)
+    // Blocks that follow one another on one background share one element with it.
+    void setBackground(std::optional<model::Colour> background)
     {
-        const int wanted = std::min(item.listLevel + 1, open + 1);
-        for (; open > wanted; --open) {
+        if (background == m_background) {
+            return;
+        }
+        closeLists(0);
+        if (m_background) {
+            m_xml.writeEndElement();
+        }
+        if (background) {
+            startElement(m_xml, "div", "shaded");
+            writeStyle(m_xml, QStringLiteral("background:") + colourName(*background));
+        }
+        m_background = background;
+    }
+
+    void closeLists(int wanted)
+    {
+        for (; m_openLists > wanted; --m_openLists) {
             m_xml.writeEndElement();
             m_xml.writeEndElement();
         }
-        if (open == wanted) {
+    }
+
+    // Leaves the item open for a list inside it.
+    void writeListItem(const Page &page, const Paragraph &item)
+    {
+        const int wanted = std::min(item.listLevel + 1, m_openLists + 1);
+        closeLists(wanted);
+        if (m_openLists == wanted) {
             m_xml.writeEndElement();
         } else {
-            start("ul", item.listOrdered ? "counted" : nullptr);
+            startElement(m_xml, item.listOrdered ? "ol" : "ul", item.listOrdered ? "counted" : nullptr);
         }
-        start("li", nullptr);
-        if (item.listOrdered) { // the mark as it stands: a list that goes on after other text keeps its number
-            m_xml.writeCharacters(xmlText(item.listMark) + QLatin1Char(' '));
-        }
-        writeRuns(item);
-        return wanted;
+        m_openLists = wanted;
+        startElement(m_xml, "li");
+        writeHtmlListText(m_xml, item, groundOf(page, item));
     }
 
-    void writeText(const char *tag, const char *htmlClass, const Paragraph &paragraph)
+    ParagraphGround groundOf(const Page &page, const Paragraph &paragraph) const
     {
-        start(tag, htmlClass);
-        const QString style = paragraphStyle(paragraph);
-        if (!style.isEmpty()) {
-            m_xml.writeAttribute(QStringLiteral("style"), style);
-        }
-        if (paragraph.rightToLeft) {
-            m_xml.writeAttribute(QStringLiteral("dir"), QStringLiteral("rtl"));
-        }
-        writeRuns(paragraph);
-        m_xml.writeEndElement();
+        return {m_usual, {}, !m_background && isOnSomething(page, paragraph)};
     }
 
-    void writeRuns(const Paragraph &paragraph)
-    {
-        m_xml.writeCharacters(QString());
-        const bool heading = paragraph.role >= Role::Heading1 && paragraph.role <= Role::Heading3;
-        for (const Run &run : paragraph.runs) {
-            writeRun(run, heading);
-        }
-    }
-
-    void writeRun(const Run &run, bool heading)
-    {
-        int open = 0;
-        const auto element = [&](const char *tag) {
-            start(tag, nullptr);
-            ++open;
-        };
-        if (!run.style.link.isEmpty()) {
-            element("a");
-            m_xml.writeAttribute(QStringLiteral("href"), xmlText(linkAddress(run.style.link)));
-        }
-        const QString style = runStyle(run.style, m_usual, heading);
-        if (!style.isEmpty()) {
-            element("span");
-            m_xml.writeAttribute(QStringLiteral("style"), style);
-        }
-        if (run.style.bold && !heading) {
-            element("b");
-        }
-        if (run.style.italic) {
-            element("i");
-        }
-        m_xml.writeCharacters(xmlText(run.text));
-        for (; open > 0; --open) {
-            m_xml.writeEndElement();
-        }
-    }
-
-    void writeTable(const Table &table)
-    {
-        start("table", table.ruled ? "ruled" : nullptr);
-        int row = -1;
-        for (const Cell &cell : table.cells) {
-            for (; row < cell.row; ++row) {
-                if (row >= 0) {
-                    m_xml.writeEndElement();
-                }
-                start("tr", nullptr);
-                m_xml.writeCharacters(QString());
-            }
-            writeCell(cell, cell.row < table.headerRows);
-        }
-        for (; row + 1 < table.rows() && row >= 0; ++row) { // rows that cells from above fill
-            m_xml.writeEndElement();
-            start("tr", nullptr);
-            m_xml.writeCharacters(QString());
-        }
-        if (row >= 0) {
-            m_xml.writeEndElement();
-        }
-        m_xml.writeEndElement();
-    }
-
-    void writeCell(const Cell &cell, bool header)
-    {
-        start(header ? "th" : "td", nullptr);
-        if (cell.rowSpan > 1) {
-            m_xml.writeAttribute(QStringLiteral("rowspan"), QString::number(cell.rowSpan));
-        }
-        if (cell.columnSpan > 1) {
-            m_xml.writeAttribute(QStringLiteral("colspan"), QString::number(cell.columnSpan));
-        }
-        const QString style = cellStyle(cell);
-        if (!style.isEmpty()) {
-            m_xml.writeAttribute(QStringLiteral("style"), style);
-        }
-        m_xml.writeCharacters(QString());
-        bool first = true;
-        for (const Paragraph &paragraph : cell.paragraphs) {
-            if (!first) {
-                m_xml.writeEmptyElement(QStringLiteral("br"));
-            }
-            first = false;
-            if (!paragraph.listMark.isEmpty()) {
-                m_xml.writeCharacters(xmlText(paragraph.listMark) + QLatin1Char(' '));
-            }
-            for (const Run &run : paragraph.runs) {
-                writeRun(run, header);
-            }
-        }
-        m_xml.writeEndElement();
-    }
-
-    void writePicture(const Page &page, const Picture &picture)
+    // False when the picture cannot be had.
+    bool writePicture(const Page &page, const Picture &picture, const Paragraph *labels)
     {
         const model::EncodedPicture encoded = m_pictures.encode(page.number, picture.box, picture.kind);
         if (encoded.bytes.isEmpty()) {
-            return;
+            return false;
         }
-        start("p", "picture");
-        m_xml.writeEmptyElement(QStringLiteral("img"));
-        m_xml.writeAttribute(QStringLiteral("alt"), QString());
-        constexpr double pixelsInPoint = 96.0 / 72;
-        m_xml.writeAttribute(
-            QStringLiteral("width"), QString::number(std::lround(picture.box.width() * pixelsInPoint)));
-        m_xml.writeAttribute(
-            QStringLiteral("height"), QString::number(std::lround(picture.box.height() * pixelsInPoint)));
-        m_xml.writeAttribute(
-            QStringLiteral("src"),
-            QStringLiteral("data:%1;base64,%2")
-                .arg(QString::fromLatin1(encoded.mimeType), QString::fromLatin1(encoded.bytes.toBase64())));
-        m_xml.writeEndElement();
-    }
-
-    void start(const char *tag, const char *htmlClass)
-    {
-        m_xml.writeStartElement(QLatin1String(tag));
-        if (htmlClass) {
-            m_xml.writeAttribute(QStringLiteral("class"), QLatin1String(htmlClass));
-        }
+        const QString alt = page.scanned ? QStringLiteral("Page %1").arg(page.number) : QString();
+        writeHtmlPicture(m_xml, encoded, picture.box, labels, alt);
+        return true;
     }
 
     QXmlStreamWriter m_xml;
     const model::Document &m_document;
     model::PictureSource &m_pictures;
-    model::Style m_usual;
+    Style m_usual;
+    std::optional<model::Colour> m_background;
+    int m_openLists = 0;
 };
 
 } // namespace

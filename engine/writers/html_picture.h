@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/model/document.h"
+#include "engine/model/picture.h"
+
+class QXmlStreamWriter;
+
+namespace quorra {
+
+/// Writes a picture with its bytes. labels, which may be null, are the words that a drawing shows: they lie over it at
+/// their places, transparent, so that they are seen once, heard once, found and copied. alt is what is heard for it.
+void writeHtmlPicture(
+    QXmlStreamWriter &xml, const model::EncodedPicture &encoded, const model::Box &box, const model::Paragraph *labels,
+    const QString &alt);
+
+} // namespace quorra
