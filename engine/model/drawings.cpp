@@ -79,9 +79,9 @@ std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken
         return b.width() * b.height() > mostOfPage * pageArea || isTaken(b, taken);
     };
     std::vector<Region> strokes;
-    for (const Box &ink : page.ink) {
-        if (!isBackground(ink)) {
-            strokes.push_back({ink, 1});
+    for (const Ink &ink : page.ink) {
+        if (!isBackground(ink.box)) {
+            strokes.push_back({ink.box, 1});
         }
     }
     strokes = joined(strokes);

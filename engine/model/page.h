@@ -104,6 +104,13 @@ struct Fill
     Colour colour = white;
 };
 
+/// A curve, a slanted line, or something filled with a pattern.
+struct Ink
+{
+    Box box;
+    bool frame = false; ///< says nothing about what is inside its box: a frame with round corners, a pattern
+};
+
 enum class PictureKind {
     Image,   ///< a raster image of the file
     Drawing, ///< a region full of lines, curves and fills that are no rules of a table
@@ -127,7 +134,7 @@ struct RawPage
     std::vector<Rule> rules;
     std::vector<Fill> fills;
     std::vector<RawPicture> pictures; ///< raster images; drawings are found later, from the ink
-    std::vector<Box> ink;             ///< curves and slanted lines, and what is filled with a pattern
+    std::vector<Ink> ink;
 };
 
 } // namespace quorra::model

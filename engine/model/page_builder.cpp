@@ -4,6 +4,7 @@
 #include "engine/model/column_builder.h"
 #include "engine/model/paragraphs.h"
 #include "engine/model/pictures.h"
+#include "engine/model/plots.h"
 #include "engine/model/regions.h"
 #include "engine/model/rulings.h"
 #include "engine/model/table_finish.h"
@@ -161,6 +162,8 @@ Page builtPage(const RawPage &raw, const std::set<const Word *> &heads)
     }
     const Rulings rulings = mergeRules(raw.rules);
     std::vector<TableWords> tables = findRuledTables(rulings, words);
+    const auto drawn = [&raw](const TableWords &table) { return isPlot(table.table, raw.ink); };
+    tables.erase(std::remove_if(tables.begin(), tables.end(), drawn), tables.end());
     std::vector<Box> tableBoxes;
     WordRefs headWords(heads.begin(), heads.end());
     std::vector<WordRefs *> groups{&headWords};

@@ -121,8 +121,8 @@ RawPage turnedUpright(RawPage page, int rotation)
     for (RawPicture &picture : page.pictures) {
         picture.box = turn.box(picture.box);
     }
-    for (Box &ink : page.ink) {
-        ink = turn.box(ink);
+    for (Ink &ink : page.ink) {
+        ink.box = turn.box(ink.box);
     }
     if (turn.quarters % 2 == 1) {
         std::swap(page.width, page.height);

@@ -4,6 +4,7 @@
 #include "engine/pdf/collector_links.h"
 #include "engine/pdf/collector_words.h"
 #include "engine/pdf/document_handles.h"
+#include "engine/pdf/paths.h"
 
 #include <GfxState.h>
 #include <TextOutputDev.h>
@@ -18,9 +19,8 @@ namespace {
 
 using model::Box;
 
-constexpr double thinnestFill = 3.2;       // a filled rectangle up to this many points thick is a line
-constexpr double straightTolerance = 0.35; // how far the ends of a straight line may differ across its direction
-constexpr std::size_t mostMarks = 20'000;  // a page with more lines than this is a drawing, not a table
+constexpr double thinnestFill = 3.2;      // a filled rectangle up to this many points thick is a line
+constexpr std::size_t mostMarks = 20'000; // a page with more lines than this is a drawing, not a table
 
 model::Colour colourOf(const GfxRGB &rgb)
 {
@@ -35,44 +35,6 @@ Box clipBox(const GfxState *state)
     return clip;
 }
 
-struct Point
-{
-    double x;
-    double y;
-};
-
-// One subpath in page coordinates; empty when it has a curve or a slanted side.
-std::vector<Point> uprightPoints(const GfxState *state, const GfxSubpath *subpath)
-{
-    std::vector<Point> points;
-    for (int i = 0; i < subpath->getNumPoints(); ++i) {
-        Point p{};
-        state->transform(subpath->getX(i), subpath->getY(i), &p.x, &p.y);
-        const bool slanted = !points.empty() && std::abs(points.back().x - p.x) > straightTolerance &&
-                             std::abs(points.back().y - p.y) > straightTolerance;
-        if (subpath->getCurve(i) || slanted) {
-            return {};
-        }
-        points.push_back(p);
-    }
-    if (subpath->isClosed() && !points.empty()) {
-        points.push_back(points.front());
-    }
-    return points;
-}
-
-Box boxAround(const GfxState *state, const GfxSubpath *subpath)
-{
-    Box box{1e9, 1e9, -1e9, -1e9};
-    for (int i = 0; i < subpath->getNumPoints(); ++i) {
-        double x = 0;
-        double y = 0;
-        state->transform(subpath->getX(i), subpath->getY(i), &x, &y);
-        box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x), std::max(box.bottom, y)};
-    }
-    return box;
-}
-
 /// The text device of the PDF library finds words; this one keeps what is drawn around them as well.
 class Collector final : public TextOutputDev
 {
@@ -80,8 +42,13 @@ public:
     explicit Collector(bool withPictures) : TextOutputDev(nullptr, false, 0, false, false), m_withPictures(withPictures)
     {}
 
-    /// What the next page is drawn into.
-    model::RawPage &page() { return m_page; }
+    /// Empties what the next page is drawn into.
+    model::RawPage &newPage()
+    {
+        m_marks = 0;
+        m_page = {};
+        return m_page;
+    }
 
     bool needNonText() override { return m_withPictures; }
     bool useTilingPatternFill() override { return true; }
@@ -95,7 +62,7 @@ public:
         forEachSubpath(state, [&](const GfxSubpath *subpath) {
             const std::vector<Point> points = uprightPoints(state, subpath);
             if (points.empty()) {
-                addInk(state, boxAround(state, subpath));
+                addInk(state, boxAround(state, subpath), isFrame(state, subpath));
             }
             for (std::size_t i = 1; i < points.size(); ++i) {
                 addRule(state, points[i - 1], points[i], width, colourOf(rgb));
@@ -111,7 +78,7 @@ public:
             const std::vector<Point> points = uprightPoints(state, subpath);
             const Box box = intersected(boxAround(state, subpath), clipBox(state));
             if (points.size() < 2 || points.size() > 6) {
-                addInk(state, box);
+                addInk(state, box, isFrame(state, subpath));
             } else {
                 addFill(state, box, colourOf(rgb));
             }
@@ -124,7 +91,7 @@ public:
         GfxState *state, Gfx * /*gfx*/, Catalog * /*cat*/, GfxTilingPattern * /*pattern*/, const double * /*matrix*/,
         int /*x0*/, int /*y0*/, int /*x1*/, int /*y1*/, double /*xStep*/, double /*yStep*/) override
     {
-        addInk(state, clipBox(state));
+        addInk(state, clipBox(state), true);
         return true;
     }
 
@@ -212,17 +179,17 @@ private:
         }
     }
 
-    void addInk(const GfxState *state, const Box &box)
+    void addInk(const GfxState *state, const Box &box, bool frame)
     {
         const Box seen = intersected(box, clipBox(state));
         if (seen.width() > 0 || seen.height() > 0) {
-            m_page.ink.push_back(seen);
+            m_page.ink.push_back({seen, frame});
         }
     }
 
     bool addShading(const GfxState *state)
     {
-        addInk(state, clipBox(state));
+        addInk(state, clipBox(state), true);
         return true;
     }
 
@@ -267,8 +234,7 @@ model::RawPage PageCollector::collect(int pageNumber)
 {
     auto &[document, what, device] = *m_state;
     const PageSize size = document.pageSize(pageNumber);
-    model::RawPage &page = device.page();
-    page = {};
+    model::RawPage &page = device.newPage();
     page.number = pageNumber;
     page.width = size.width;
     page.height = size.height;

@@ -88,7 +88,7 @@ private Q_SLOTS:
         PageMaker page;
         page.lines(50, 600, prose(4));
         for (int i = 0; i < 6; ++i) {
-            page.raw().ink.push_back({200, 301.0 + 10 * i, 320, 321.0 + 10 * i});
+            page.raw().ink.push_back({{200, 301.0 + 10 * i, 320, 321.0 + 10 * i}, false});
         }
         page.raw().words.push_back(piece(QStringLiteral("g"), 210, 5, 303, 10));
         page.raw().words.push_back(piece(QStringLiteral("2"), 215, 4, 305, 8));
