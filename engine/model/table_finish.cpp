@@ -2,6 +2,7 @@
 #include "engine/model/table_finish.h"
 
 #include "engine/model/build.h"
+#include "engine/model/column_alignment.h"
 #include "engine/model/paragraphs.h"
 
 #include <algorithm>
@@ -98,6 +99,7 @@ Table finishedTable(TableWords found, const std::vector<Fill> &fills)
         cell.background = backgroundOf(cell, table, fills);
     }
     table.headerRows = headerRows(table);
+    alignColumns(table);
     return table;
 }
 

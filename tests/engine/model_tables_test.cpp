@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model_pages.h"
 
+#include "engine/model/column_alignment.h"
+
 #include <QTest>
 
 using namespace quorra::model;
@@ -242,6 +244,38 @@ private Q_SLOTS:
         QCOMPARE(cellAt(*table, 0, 0)->paragraphs.front().alignment, Alignment::Left);
         QCOMPARE(cellAt(*table, 0, 1)->paragraphs.front().alignment, Alignment::Centre);
         QCOMPARE(cellAt(*table, 1, 1)->paragraphs.front().alignment, Alignment::Right);
+    }
+
+    void alignsColumnsByTheirSharedEdge()
+    {
+        Table table;
+        table.columnEdges = {0, 100, 200};
+        table.rowEdges = {0, 20, 40, 60, 80};
+        const auto add = [&table](int row, int column, const QString &text, double left, double right) {
+            Paragraph paragraph;
+            paragraph.runs = {{text, {}}};
+            paragraph.box = {left, 20.0 * row, right, 20.0 * row + 10};
+            paragraph.lines.resize(1);
+            paragraph.alignment = row % 2 == 0 ? Alignment::Centre : Alignment::Left;
+            Cell cell;
+            cell.row = row;
+            cell.column = column;
+            cell.paragraphs = {paragraph};
+            table.cells.push_back(cell);
+        };
+        const double widths[] = {10, 30, 20, 25};
+        for (int row = 0; row < 4; ++row) {
+            const double indent = row == 3 ? 20 : 5;
+            add(row, 0, QStringLiteral("text"), indent, indent + widths[row]);
+            add(row, 1, QStringLiteral("1,234"), 180 - widths[row], 180);
+        }
+        alignColumns(table);
+        for (const Cell &cell : table.cells) {
+            const Alignment before = cell.row % 2 == 0 ? Alignment::Centre : Alignment::Left;
+            const bool indented = cell.row == 3 && cell.column == 0; // stands where no other text does
+            const Alignment wanted = indented ? before : cell.column == 0 ? Alignment::Left : Alignment::Right;
+            QCOMPARE(cell.paragraphs.front().alignment, wanted);
+        }
     }
 
     void everyPlaceIsCoveredOnce()
