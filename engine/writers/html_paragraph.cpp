@@ -157,7 +157,7 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
     } else {
         writeInline(xml, paragraph.runs, text);
     }
-    xml.writeEndElement();
+    endBlock(xml);
 }
 
 void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const ParagraphGround &ground)
@@ -195,7 +195,7 @@ void writeHtmlRunningHead(QXmlStreamWriter &xml, const Page &page, const Paragra
         xml.writeCharacters(i > 0 ? QStringLiteral("\n") : QString());
         writeSpan(xml, parts[i], text);
     }
-    xml.writeEndElement();
+    endBlock(xml);
 }
 
 } // namespace quorra

@@ -98,7 +98,7 @@ void writeHtmlPicture(
         xml.writeCharacters(QStringLiteral("\n"));
         writeLabel(xml, label, box);
     }
-    xml.writeEndElement();
+    endBlock(xml);
 }
 
 } // namespace quorra

@@ -79,7 +79,7 @@ void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Styl
     int row = -1;
     const auto openRow = [&] {
         if (row >= 0) {
-            xml.writeEndElement();
+            endBlock(xml);
         }
         startElement(xml, "tr");
         xml.writeCharacters(QString());
@@ -98,7 +98,7 @@ void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Styl
         xml.writeEndElement();
     }
     xml.writeEndElement();
-    xml.writeEndElement();
+    endBlock(xml);
 }
 
 } // namespace quorra

@@ -146,6 +146,12 @@ void writeInline(QXmlStreamWriter &xml, const std::vector<Run> &runs, const Text
     InlineWriter(xml, ground).write(runs);
 }
 
+void endBlock(QXmlStreamWriter &xml)
+{
+    xml.writeEndElement();
+    xml.writeCharacters(QStringLiteral("\n"));
+}
+
 void writeStyle(QXmlStreamWriter &xml, const QString &style)
 {
     if (!style.isEmpty()) {

@@ -28,6 +28,9 @@ struct TextGround
 /// rest as styles. Blanks at a run's end stand outside its elements, blanks at the end are dropped.
 void writeInline(QXmlStreamWriter &xml, const std::vector<model::Run> &runs, const TextGround &ground);
 
+/// Ends a block and its line of the file, so that programs that know no blocks do not join the words of two.
+void endBlock(QXmlStreamWriter &xml);
+
 /// Writes the attribute unless there is nothing to say.
 void writeStyle(QXmlStreamWriter &xml, const QString &style);
 void writeDirection(QXmlStreamWriter &xml, bool rightToLeft);

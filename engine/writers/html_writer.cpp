@@ -78,6 +78,7 @@ public:
         m_xml.writeDefaultNamespace(QStringLiteral("http://www.w3.org/1999/xhtml"));
         writeHead(options);
         m_xml.writeStartElement(QStringLiteral("body"));
+        m_xml.writeCharacters(QStringLiteral("\n"));
         for (const Page &page : m_document.pages) {
             writePage(page);
         }
@@ -111,7 +112,7 @@ private:
             writeBlocks(page, section);
         }
         writeHeads(page, false);
-        m_xml.writeEndElement();
+        endBlock(m_xml);
     }
 
     void writeHeads(const Page &page, bool top)
@@ -175,7 +176,7 @@ private:
     {
         for (; m_openLists > wanted; --m_openLists) {
             m_xml.writeEndElement();
-            m_xml.writeEndElement();
+            endBlock(m_xml);
         }
     }
 
@@ -185,7 +186,7 @@ private:
         const int wanted = std::min(item.listLevel + 1, m_openLists + 1);
         closeLists(wanted);
         if (m_openLists == wanted) {
-            m_xml.writeEndElement();
+            endBlock(m_xml);
         } else {
             startElement(m_xml, item.listOrdered ? "ol" : "ul", item.listOrdered ? "counted" : nullptr);
         }

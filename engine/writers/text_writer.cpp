@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/writers/text_writer.h"
 
+#include "engine/model/build.h"
 #include "engine/model/joining.h"
+#include "engine/model/listing.h"
 
 #include <QStringList>
 
@@ -23,6 +25,12 @@ constexpr int columnGap = 2;
 QStringList paragraphLines(const Paragraph &paragraph)
 {
     QStringList lines;
+    for (const std::vector<model::Run> &line : model::listingLines(paragraph)) {
+        lines.append(model::plainText(line));
+    }
+    if (!lines.isEmpty()) {
+        return lines;
+    }
     for (const Line &line : paragraph.lines) {
         QString text = model::lineText(line);
         if (!lines.isEmpty() && !line.words.empty() && model::endsInHyphen(lines.back(), line.words.front().text)) {
@@ -112,14 +120,23 @@ QString blockText(const Block &block)
     return paragraphLines(*paragraph).join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 
-void append(QString &page, const QString &text)
+void append(QString &page, const QString &text, bool close)
 {
     if (!text.isEmpty()) {
-        if (!page.isEmpty()) {
+        if (!page.isEmpty() && !close) {
             page += QLatin1Char('\n');
         }
         page += text;
     }
+}
+
+// Entries of a list stand below one another, unless the page has blank space between them.
+bool isSameList(const Block *before, const Block &block)
+{
+    const Paragraph *entry = block.paragraph();
+    const Paragraph *last = before ? before->paragraph() : nullptr;
+    return entry && last && entry->role == model::Role::ListItem && last->role == model::Role::ListItem &&
+           !entry->runs.empty() && entry->spaceBefore < 0.5 * entry->runs.front().style.size;
 }
 
 } // namespace
@@ -158,14 +175,16 @@ QString pageAsText(const model::Page &page)
     const auto addHeads = [&](bool top) {
         for (const Block &head : page.runningHeads) {
             if ((head.box().centreY() < page.height / 2) == top) {
-                append(text, blockText(head));
+                append(text, blockText(head), false);
             }
         }
     };
     addHeads(true);
+    const Block *before = nullptr;
     for (const model::Section &section : page.sections) {
         for (const Block &block : section.blocks) {
-            append(text, blockText(block));
+            append(text, blockText(block), isSameList(before, block));
+            before = &block;
         }
     }
     addHeads(false);

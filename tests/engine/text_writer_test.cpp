@@ -36,6 +36,33 @@ private Q_SLOTS:
                                                                    "x           1234\n"));
     }
 
+    void keepsColumnsOfListings()
+    {
+        PageMaker page;
+        Style style;
+        style.family = QStringLiteral("Courier");
+        style.fixedPitch = true;
+        page.styled(60, 100, QStringLiteral("begin"), style);
+        page.styled(70, 112, QStringLiteral("first"), style);
+        page.styled(70, 124, QStringLiteral("second"), style);
+        page.styled(150, 124, QStringLiteral("remark"), style);
+        QCOMPARE(
+            pageAsText(page.build().pages.front()), QStringLiteral("begin\n"
+                                                                   "  first\n"
+                                                                   "  second          remark\n"));
+    }
+
+    void setsEntriesOfListsBelowOneAnother()
+    {
+        PageMaker page;
+        page.lines(60, 60, prose(3));
+        for (int i = 0; i < 2; ++i) {
+            page.text(70, 112 + 12 * i, QStringLiteral("•"));
+            page.text(90, 112 + 12 * i, QStringLiteral("an entry"));
+        }
+        QVERIFY(pageAsText(page.build().pages.front()).endsWith(QStringLiteral("and\n\n• an entry\n• an entry\n")));
+    }
+
     void putsRunningHeadsAtTheirEnds()
     {
         std::vector<RawPage> pages;
