@@ -40,6 +40,7 @@ private:
     void layRows();
     void addPiece(GridRow &row, const Segment &segment) const;
     void widenHeadings();
+    std::size_t headRows() const;
     void mergeWrappedRows();
     bool continues(const GridRow &upper, const GridRow &lower, double usualStep) const;
     bool headsTogether(const GridRow &upper, const GridRow &lower) const;

@@ -78,6 +78,30 @@ bool TextGrid::headsTogether(const GridRow &upper, const GridRow &lower) const
     });
 }
 
+// How many rows at the top may be the lines of a head: those above the first one with numbers, or, where words stand in
+// all cells, above a line. Without either each line is a row of its own.
+std::size_t TextGrid::headRows() const
+{
+    constexpr std::size_t mostLines = 8;
+    const auto hasNumbers = [](const GridRow &row) {
+        return std::any_of(row.pieces.begin(), row.pieces.end(), [](const Piece &piece) {
+            return piece.column > 0 && looksNumeric(joined(piece.words));
+        });
+    };
+    const std::size_t most = std::min(mostLines + 1, m_grid.size());
+    for (std::size_t i = 0; i < most; ++i) {
+        if (hasNumbers(m_grid[i])) {
+            return i;
+        }
+    }
+    for (std::size_t i = 1; i < most; ++i) {
+        if (ruleBetween(m_grid[i - 1], m_grid[i])) {
+            return i;
+        }
+    }
+    return 0;
+}
+
 void TextGrid::mergeWrappedRows()
 {
     std::vector<double> steps;
@@ -85,11 +109,7 @@ void TextGrid::mergeWrappedRows()
         steps.push_back(m_grid[i].baseline - m_grid[i - 1].baseline);
     }
     const double usualStep = median(steps);
-    const auto hasNumbers = [](const GridRow &row) {
-        return std::any_of(row.pieces.begin(), row.pieces.end(), [](const Piece &piece) {
-            return piece.column > 0 && looksNumeric(joined(piece.words));
-        });
-    };
+    const std::size_t headEnd = headRows();
     const auto takeIn = [](GridRow &upper, const GridRow &lower) {
         for (const Piece &piece : lower.pieces) {
             const auto home = std::find_if(upper.pieces.begin(), upper.pieces.end(), [&piece](const Piece &p) {
@@ -109,10 +129,9 @@ void TextGrid::mergeWrappedRows()
         upper.baseline = lower.baseline;
     };
     std::vector<GridRow> merged;
-    bool head = true;
-    for (const GridRow &row : m_grid) {
-        const bool inHead = head && !hasNumbers(row);
-        head = inHead;
+    for (std::size_t i = 0; i < m_grid.size(); ++i) {
+        const GridRow &row = m_grid[i];
+        const bool inHead = i < headEnd;
         const bool together = !merged.empty() && ((inHead && headsTogether(merged.back(), row)) ||
                                                   (!inHead && continues(merged.back(), row, usualStep)));
         if (together) {

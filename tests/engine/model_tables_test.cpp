@@ -189,6 +189,46 @@ private Q_SLOTS:
         QCOMPARE(cellText(*table, last, 2), QStringLiteral("204"));
     }
 
+    // A glossary: without numbers nothing tells a head from rows, and every line is a row.
+    void tableOfWordsHasARowForEachLine()
+    {
+        PageMaker page;
+        const QStringList words{
+            QStringLiteral("atlas"), QStringLiteral("chart"), QStringLiteral("curve"), QStringLiteral("torus"),
+            QStringLiteral("plane")};
+        for (int i = 0; i < words.size(); ++i) {
+            page.text(60, 200 + 12 * i, words.at(i));
+            page.text(140, 200 + 12 * i, QStringLiteral("Meaning of ") + words.at(i));
+        }
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(table->rows(), 5);
+        QCOMPARE(cellText(*table, 3, 0), QStringLiteral("torus"));
+        QCOMPARE(cellText(*table, 3, 1), QStringLiteral("Meaning of torus"));
+    }
+
+    void linesAboveTheFirstNumbersAreOneHead()
+    {
+        PageMaker page;
+        const QStringList upper{QStringLiteral("All"), QStringLiteral("First"), QStringLiteral("Second")};
+        const QStringList lower{QStringLiteral("places"), QStringLiteral("half"), QStringLiteral("half")};
+        for (int column = 0; column < 3; ++column) {
+            page.text(60 + 120 * column, 200, upper.at(column));
+            page.text(60 + 120 * column, 212, lower.at(column));
+            for (int row = 0; row < 4; ++row) {
+                page.text(
+                    60 + 120 * column, 226 + 14 * row, column == 0 ? QStringLiteral("Town") : QString::number(row));
+            }
+        }
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(table->rows(), 5);
+        QCOMPARE(cellText(*table, 0, 1), QStringLiteral("First half"));
+        QCOMPARE(cellText(*table, 1, 1), QStringLiteral("0"));
+    }
+
     void proseIsNoTable_data()
     {
         QTest::addColumn<int>("kind");
