@@ -2,6 +2,7 @@
 #include "engine/model/paragraph_breaks.h"
 
 #include "engine/model/direction.h"
+#include "engine/model/joining.h"
 #include "engine/model/list_mark.h"
 #include "engine/model/paragraphs.h"
 
@@ -63,6 +64,10 @@ bool ParagraphBreaks::startsAt(std::size_t first, std::size_t next) const
     const std::size_t before = next - 1;
     const double step = m_rows[next].baseline - m_rows[before].baseline;
     const double size = std::max(m_looks[before].size, m_looks[next].size);
+    constexpr double nextLine = 1.9; // font sizes
+    if (step > 0 && step < nextLine * size && endsInHyphen(lastWord(before), firstWord(next))) {
+        return false; // a word cut at the line's end
+    }
     const double own = before > first ? m_rows[before].baseline - m_rows[before - 1].baseline : usualStep(size);
     if (step > widerStep * std::max(own, 1.05 * size) || (before > first && step < 0.6 * own)) {
         return true;

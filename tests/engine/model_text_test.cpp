@@ -45,6 +45,22 @@ private Q_SLOTS:
         QCOMPARE(document.pages.front().sections.back().columns.size(), std::size_t(2));
     }
 
+    // A caption whose first line is all bold: what looks like a heading goes on in the middle of a word.
+    void aWordCutAtALinesEndKeepsTheParagraphTogether()
+    {
+        PageMaker page;
+        page.lines(50, 300, prose(4));
+        page.bold(50, 400, QStringLiteral("Figure 11. Share of the code that is run by inter-"));
+        const double end = page.bold(50, 412, QStringLiteral("preter and by"));
+        page.text(end, 412, QStringLiteral("compiled code in all of the programs here."));
+        const QStringList texts = paragraphTexts(page.build());
+        QVERIFY2(
+            texts.contains(
+                QStringLiteral("Figure 11. Share of the code that is run by interpreter and by compiled code "
+                               "in all of the programs here.")),
+            qPrintable(texts.join(QLatin1Char('\n'))));
+    }
+
     void readsThreeColumns()
     {
         PageMaker page;
