@@ -45,6 +45,7 @@ TextGrid::TextGrid(std::vector<Row> rows, const std::vector<Rule> &horizontal) :
     layRows();
     if (columns() > 1) {
         widenHeadings();
+        joinTitle();
     }
 }
 
@@ -106,14 +107,26 @@ int TextGrid::columnAt(double x) const
     return static_cast<int>(next - m_edges.begin()) - 1;
 }
 
+// Whether the word behind the piece stands in a cell of its own: with a gap between them at a column's edge, or as a
+// number behind a number, however close they are.
+bool TextGrid::isNextCell(const Piece &piece, const Word &word) const
+{
+    const Box body = bodyOf(word);
+    const Word &last = *piece.words.back();
+    if (looksNumeric(last.text) && looksNumeric(word.text) &&
+        columnAt(body.centreX()) > columnAt(bodyOf(last).centreX())) {
+        return true;
+    }
+    return body.left - piece.box.right >= pieceGap * word.style.size &&
+           columnAt(body.left) > columnAt(piece.box.right - 0.5);
+}
+
 void TextGrid::addPiece(GridRow &row, const Segment &segment) const
 {
     std::vector<Piece> pieces;
     for (const Word *word : segment.words) {
         const Box body = bodyOf(*word);
-        const bool apart = !pieces.empty() && body.left - pieces.back().box.right >= pieceGap * word->style.size &&
-                           columnAt(body.left) > columnAt(pieces.back().box.right - 0.5);
-        if (pieces.empty() || apart) {
+        if (pieces.empty() || isNextCell(pieces.back(), *word)) {
             pieces.emplace_back();
         }
         pieces.back().words.push_back(word);
@@ -123,6 +136,10 @@ void TextGrid::addPiece(GridRow &row, const Segment &segment) const
         const double slack = std::min(2.0, piece.box.width() / 3);
         piece.column = columnAt(piece.box.left + slack);
         piece.span = std::max(1, columnAt(piece.box.right - slack) - piece.column + 1);
+        if (piece.words.size() == 1 && looksNumeric(piece.words.front()->text)) {
+            piece.column = columnAt(piece.box.centreX()); // a number may be wider than its column, but has only one
+            piece.span = 1;
+        }
         Piece *last = row.pieces.empty() ? nullptr : &row.pieces.back();
         if (last && last->column + last->span > piece.column) { // both reach into the column: one cell
             last->words.insert(last->words.end(), piece.words.begin(), piece.words.end());
@@ -172,6 +189,51 @@ void TextGrid::widenHeadings()
             }
         }
     }
+}
+
+// Lines of text above the line that opens the table are its title: one cell over all columns.
+void TextGrid::joinTitle()
+{
+    constexpr std::size_t mostLines = 4;
+    constexpr std::size_t fewestWords = 5;
+    const double whole = m_edges.back() - m_edges.front();
+    std::size_t lines = 0;
+    std::size_t words = 0;
+    const auto opens = [&](const Rule &rule, const GridRow &row) {
+        return rule.length() > 0.8 * whole && rule.y1 > row.box.centreY();
+    };
+    const auto isAbove = [&](const GridRow &row) {
+        return std::any_of(m_rules.begin(), m_rules.end(), [&](const Rule &rule) {
+            return opens(rule, row) && rule.y1 < m_grid.back().box.top && !opens(rule, m_grid[lines]);
+        });
+    };
+    while (lines + 1 < m_grid.size() && lines < mostLines && m_grid[lines].pieces.size() <= 2) {
+        for (const Piece &piece : m_grid[lines].pieces) {
+            words += piece.words.size();
+        }
+        ++lines;
+        if (isAbove(m_grid[lines - 1])) {
+            break;
+        }
+    }
+    if (lines == 0 || words < fewestWords || !isAbove(m_grid[lines - 1])) {
+        return;
+    }
+    GridRow title = m_grid.front();
+    Piece all;
+    for (std::size_t i = 0; i < lines; ++i) {
+        for (const Piece &piece : m_grid[i].pieces) {
+            all.words.insert(all.words.end(), piece.words.begin(), piece.words.end());
+            all.box = united(all.box, piece.box);
+        }
+        title.box = united(title.box, m_grid[i].box);
+        title.baseline = m_grid[i].baseline;
+    }
+    all.span = columns();
+    title.pieces = {all};
+    m_grid.erase(m_grid.begin(), m_grid.begin() + static_cast<std::ptrdiff_t>(lines) - 1);
+    m_grid.front() = title;
+    m_hasTitle = true;
 }
 
 bool TextGrid::looksLikeTable() const

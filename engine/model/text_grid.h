@@ -39,8 +39,11 @@ private:
     void findColumns();
     void layRows();
     void addPiece(GridRow &row, const Segment &segment) const;
+    bool isNextCell(const Piece &piece, const Word &word) const;
     void widenHeadings();
     std::size_t headRows() const;
+    void joinTitle();
+    void addBorders(Table &table) const;
     void mergeWrappedRows();
     bool continues(const GridRow &upper, const GridRow &lower, double usualStep) const;
     bool headsTogether(const GridRow &upper, const GridRow &lower) const;
@@ -52,6 +55,7 @@ private:
     std::vector<Rule> m_rules;
     std::vector<double> m_edges; ///< of the columns
     std::vector<GridRow> m_grid;
+    bool m_hasTitle = false; ///< the first row
 };
 
 } // namespace quorra::model

@@ -2,6 +2,7 @@
 #include "engine/model/text_grid.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace quorra::model {
 
@@ -131,9 +132,11 @@ void TextGrid::mergeWrappedRows()
     std::vector<GridRow> merged;
     for (std::size_t i = 0; i < m_grid.size(); ++i) {
         const GridRow &row = m_grid[i];
+        const bool underTitle = m_hasTitle && merged.size() < 2;
         const bool inHead = i < headEnd;
-        const bool together = !merged.empty() && ((inHead && headsTogether(merged.back(), row)) ||
-                                                  (!inHead && continues(merged.back(), row, usualStep)));
+        const bool together =
+            !merged.empty() && !underTitle &&
+            ((inHead && headsTogether(merged.back(), row)) || (!inHead && continues(merged.back(), row, usualStep)));
         if (together) {
             takeIn(merged.back(), row);
         } else {
@@ -141,6 +144,35 @@ void TextGrid::mergeWrappedRows()
         }
     }
     m_grid = std::move(merged);
+}
+
+// The lines between the rows, as borders of the cells that they run along.
+void TextGrid::addBorders(Table &table) const
+{
+    constexpr double edge = 2;            // points by which lines may lie outside the table
+    constexpr double coveredShare = 0.55; // of a cell's side
+    for (const Rule &rule : m_rules) {
+        const double y = rule.y1;
+        if (y < table.box.top - edge || y > table.box.bottom + edge) {
+            continue;
+        }
+        const auto nearest = std::min_element(table.rowEdges.begin(), table.rowEdges.end(), [y](double a, double b) {
+            return std::abs(a - y) < std::abs(b - y);
+        });
+        const auto line = static_cast<int>(nearest - table.rowEdges.begin());
+        for (Cell &cell : table.cells) {
+            const double along = std::min(rule.x2, cell.box.right) - std::max(rule.x1, cell.box.left);
+            if (along < coveredShare * cell.box.width()) {
+                continue;
+            }
+            if (cell.row == line) {
+                cell.top = {rule.width, rule.colour};
+            }
+            if (cell.row + cell.rowSpan == line) {
+                cell.bottom = {rule.width, rule.colour};
+            }
+        }
+    }
 }
 
 TableWords TextGrid::tableWords() const
@@ -173,6 +205,7 @@ TableWords TextGrid::tableWords() const
             column += cell.columnSpan;
         }
     }
+    addBorders(table);
     return result;
 }
 

@@ -174,6 +174,79 @@ private Q_SLOTS:
         QCOMPARE(head->columnSpan, 2);
     }
 
+    void linesOfUnruledTablesAreBorders()
+    {
+        PageMaker page = plainTable();
+        page.rule(55, 204, 330, 204);
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QVERIFY(cellAt(*table, 0, 1)->bottom.width > 0);
+        QVERIFY(cellAt(*table, 1, 1)->top.width > 0);
+        QCOMPARE(cellAt(*table, 1, 1)->bottom.width, 0.0);
+    }
+
+    void titleOverTheTableIsOneCell()
+    {
+        PageMaker page = plainTable();
+        page.text(60, 172, QStringLiteral("Table 1."));
+        page.text(120, 172, QStringLiteral("The rain in three parts of the"));
+        page.text(120, 183, QStringLiteral("country since the year"));
+        page.rule(55, 187, 330, 187);
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        const Cell *title = cellAt(*table, 0, 0);
+        QCOMPARE(title->columnSpan, 3);
+        QVERIFY(cellText(*table, 0, 0).endsWith(QStringLiteral("since the year")));
+        QCOMPARE(cellText(*table, 1, 0), QStringLiteral("Year"));
+        QCOMPARE(table->rows(), 5);
+    }
+
+    void crampedNumbersStayInTheirColumns()
+    {
+        PageMaker page;
+        for (int row = 0; row < 6; ++row) {
+            const double y = 200 + 14 * row;
+            page.text(60, y, QStringLiteral("key"));
+            page.text(200, y, QStringLiteral("12,345"));
+            page.text(260, y, QStringLiteral("23,456"));
+        }
+        page.text(60, 284, QStringLiteral("sum"));
+        page.text(192, 284, QStringLiteral("1,123,456,789"));
+        page.text(258.5, 284, QStringLiteral("9,234,567"));
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(table->columns(), 3);
+        QCOMPARE(cellText(*table, 6, 1), QStringLiteral("1,123,456,789"));
+        QCOMPARE(cellText(*table, 6, 2), QStringLiteral("9,234,567"));
+    }
+
+    void columnsTellHowTheirTextsStand()
+    {
+        PageMaker page;
+        const QStringList sums{
+            QStringLiteral("7"), QStringLiteral("12,345"), QStringLiteral("999"), QStringLiteral("1,200")};
+        for (int row = 0; row < 4; ++row) {
+            const double y = 200 + 14 * row;
+            page.text(60, y, row % 2 == 0 ? QStringLiteral("key") : QStringLiteral("a long key"));
+            page.text(300 - 5.0 * static_cast<double>(sums[row].size()), y, sums[row]);
+            page.text(340, y, QString::number(1990 + row));
+        }
+        page.text(70, 256, QStringLiteral("an indented key that fills its column"));
+        page.text(295, 256, QStringLiteral("1"));
+        page.text(340, 256, QStringLiteral("1994"));
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        for (int row = 0; row < 5; ++row) {
+            QCOMPARE(cellAt(*table, row, 0)->paragraphs[0].alignment, Alignment::Left);
+            QCOMPARE(cellAt(*table, row, 1)->paragraphs[0].alignment, Alignment::Right);
+            QCOMPARE(cellAt(*table, row, 2)->paragraphs[0].alignment, Alignment::Right);
+        }
+    }
+
     void wrappedCellIsOneRow()
     {
         PageMaker page = plainTable();
