@@ -5,6 +5,8 @@
 #include "engine/office/odf_frames.h"
 #include "engine/office/odf_tables.h"
 #include "engine/office/page_walk.h"
+#include "engine/office/raised_marks.h"
+#include "engine/office/sheet_layout.h"
 
 #include <algorithm>
 
@@ -14,21 +16,27 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double NarrowestColumn = 20;
-constexpr double WidestColumn = 400;
 constexpr double LineWidth = 480; // of the column for a document's lines of text
 
-QString cellText(const model::Cell &cell)
+std::vector<model::Run> allRuns(const model::Cell &cell)
 {
-    QStringList lines;
+    std::vector<model::Run> runs;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
-        QString text = paragraph.listMark.isEmpty() ? QString() : paragraph.listMark + u' ';
-        for (const model::Run &run : paragraph.runs) {
-            text += run.text;
-        }
-        lines.push_back(text);
+        runs.insert(runs.end(), paragraph.runs.begin(), paragraph.runs.end());
     }
-    return lines.join(u'\n');
+    return runs;
+}
+
+QString sideName(const model::Paragraph &paragraph)
+{
+    switch (paragraph.alignment) {
+    case model::Alignment::Centre:
+        return u"center"_s;
+    case model::Alignment::Right:
+        return u"end"_s;
+    default:
+        return paragraph.rightToLeft ? u"end"_s : u"start"_s;
+    }
 }
 
 // The sheets of one document.
@@ -49,9 +57,9 @@ private:
     void beginSheet(const QString &name);
     void writeColumn(double width);
     void beginRow(double height);
-    void writeCell(const model::Cell &cell);
+    void writeCell(const model::Cell &cell, double indent);
     void writeValue(const Number &number);
-    QString cellStyle(const model::Cell &cell, const std::optional<Number> &number);
+    QString cellStyle(const model::Cell &cell, const std::optional<Number> &number, double indent);
 
     Sink m_sink;
     model::PictureSource &m_pictures;
@@ -68,12 +76,10 @@ void SheetWriter::writeColumn(double width)
 {
     m_sink.xml.writeEmptyElement("table:table-column"_L1);
     m_sink.xml.writeAttribute(
-        "table:style-name"_L1,
-        m_sink.styles.name(
-            {"style:style"_L1,
-             {{"style:family"_L1, u"table-column"_s}},
-             {{"style:table-column-properties"_L1,
-               {{"style:column-width"_L1, pt(std::clamp(width, NarrowestColumn, WidestColumn))}}}}}));
+        "table:style-name"_L1, m_sink.styles.name(
+                                   {"style:style"_L1,
+                                    {{"style:family"_L1, u"table-column"_s}},
+                                    {{"style:table-column-properties"_L1, {{"style:column-width"_L1, pt(width)}}}}}));
 }
 
 void SheetWriter::beginRow(double height)
@@ -86,45 +92,41 @@ void SheetWriter::beginRow(double height)
                 {"style:style"_L1,
                  {{"style:family"_L1, u"table-row"_s}},
                  {{"style:table-row-properties"_L1,
-                   {{"style:row-height"_L1, pt(height)}, {"style:use-optimal-row-height"_L1, u"true"_s}}}}}));
+                   {{"style:row-height"_L1, pt(height)}, {"style:use-optimal-row-height"_L1, u"false"_s}}}}}));
     }
 }
 
-QString SheetWriter::cellStyle(const model::Cell &cell, const std::optional<Number> &number)
+QString SheetWriter::cellStyle(const model::Cell &cell, const std::optional<Number> &number, double indent)
 {
     Attributes look = {
         {"fo:border-left"_L1, borderText(cell.left)},
         {"fo:border-right"_L1, borderText(cell.right)},
         {"fo:border-top"_L1, borderText(cell.top)},
         {"fo:border-bottom"_L1, borderText(cell.bottom)},
-        {"style:vertical-align"_L1, u"bottom"_s}};
+        {"style:vertical-align"_L1, verticalPlace(cell)}};
     if (cell.background) {
         look.emplace_back("fo:background-color"_L1, colourName(*cell.background));
     }
-    Element style{
-        "style:style"_L1, {{"style:family"_L1, u"table-cell"_s}, {"style:parent-style-name"_L1, u"Default"_s}}};
-    std::vector<model::Run> runs;
-    std::size_t lines = 0;
-    for (const model::Paragraph &paragraph : cell.paragraphs) {
-        runs.insert(runs.end(), paragraph.runs.begin(), paragraph.runs.end());
-        lines += std::max<std::size_t>(1, paragraph.lines.size());
-    }
-    if (lines > 1) {
+    if (wrapsInSheet(cell)) {
         look.emplace_back("fo:wrap-option"_L1, u"wrap"_s);
     }
     Attributes align;
-    if (!number && !cell.paragraphs.empty()) {
-        const model::Alignment alignment = cell.paragraphs.front().alignment;
-        align.emplace_back(
-            "fo:text-align"_L1, alignment == model::Alignment::Centre  ? u"center"_s
-                                : alignment == model::Alignment::Right ? u"end"_s
-                                                                       : u"start"_s);
+    if (!cell.paragraphs.empty()) {
+        const model::Paragraph &first = cell.paragraphs.front();
+        align = {
+            {"fo:text-align"_L1, sideName(first)},
+            {"style:writing-mode"_L1, first.rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}};
         look.emplace_back("style:text-align-source"_L1, u"fix"_s);
+        if (indent > 0) {
+            align.emplace_back("fo:margin-left"_L1, pt(indent));
+        }
     }
+    Element style{
+        "style:style"_L1, {{"style:family"_L1, u"table-cell"_s}, {"style:parent-style-name"_L1, u"Default"_s}}};
     if (number) {
         style.attributes.emplace_back("style:data-style-name"_L1, numberFormat(m_sink.styles, *number));
     }
-    const model::Style main = mainStyle(runs);
+    const model::Style main = mainStyle(allRuns(cell));
     m_sink.styles.noteFont(main);
     style.children = {
         {"style:table-cell-properties"_L1, look},
@@ -139,28 +141,28 @@ void SheetWriter::writeValue(const Number &number)
     m_sink.xml.writeAttribute("office:value"_L1, QString::number(number.value, 'g', 15));
 }
 
-void SheetWriter::writeCell(const model::Cell &cell)
+void SheetWriter::writeCell(const model::Cell &cell, double indent)
 {
     QXmlStreamWriter &xml = m_sink.xml;
-    const QString text = cellText(cell);
-    const std::optional<Number> number = readNumber(text, m_numberStyle);
+    const std::optional<Number> number = cellNumber(cell, m_numberStyle);
     xml.writeStartElement("table:table-cell"_L1);
-    xml.writeAttribute("table:style-name"_L1, cellStyle(cell, number));
+    xml.writeAttribute("table:style-name"_L1, cellStyle(cell, number, indent));
     if (cell.columnSpan > 1 || cell.rowSpan > 1) {
         xml.writeAttribute("table:number-columns-spanned"_L1, QString::number(cell.columnSpan));
         xml.writeAttribute("table:number-rows-spanned"_L1, QString::number(cell.rowSpan));
     }
     if (number) {
         writeValue(*number);
-        xml.writeTextElement("text:p"_L1, xmlText(text));
-    } else if (!text.isEmpty()) {
+        xml.writeTextElement("text:p"_L1, xmlText(cellText(cell)));
+    } else if (!cellText(cell).isEmpty()) {
         xml.writeAttribute("office:value-type"_L1, "string"_L1);
+        const model::Style main = mainStyle(allRuns(cell));
         for (const model::Paragraph &paragraph : cell.paragraphs) {
             xml.writeStartElement("text:p"_L1);
             if (!paragraph.listMark.isEmpty()) {
                 xml.writeCharacters(xmlText(paragraph.listMark) + u' ');
             }
-            writeRuns(m_sink, paragraph.runs, mainStyle(paragraph.runs));
+            writeRuns(m_sink, paragraph.runs, main, true, risesOf(paragraph));
             xml.writeEndElement();
         }
     }
@@ -170,14 +172,7 @@ void SheetWriter::writeCell(const model::Cell &cell)
 void SheetWriter::writeTables(const model::Page &page, const std::vector<const model::Table *> &tables)
 {
     beginSheet(u"Page %1"_s.arg(page.number));
-    std::vector<double> widths;
-    for (const model::Table *table : tables) {
-        for (int i = 0; i < table->columns(); ++i) {
-            const auto column = static_cast<std::size_t>(i);
-            widths.resize(std::max(widths.size(), column + 1));
-            widths[column] = std::max(widths[column], table->columnEdges[column + 1] - table->columnEdges[column]);
-        }
-    }
+    const std::vector<double> widths = sheetColumns(tables);
     std::for_each(widths.begin(), widths.end(), [this](double width) { writeColumn(width); });
     for (const model::Table *table : tables) {
         if (table != tables.front()) {
@@ -186,12 +181,13 @@ void SheetWriter::writeTables(const model::Page &page, const std::vector<const m
             m_sink.xml.writeEndElement();
         }
         const std::vector<const model::Cell *> grid = cellGrid(*table);
+        const std::vector<double> heights = sheetRows(*table);
+        const std::vector<double> indents = sheetIndents(*table);
         for (int row = 0; row < table->rows(); ++row) {
-            const auto at = table->rowEdges.begin() + row;
-            beginRow(at[1] - at[0]);
+            beginRow(*(heights.begin() + row));
             for (int column = 0; column < table->columns(); ++column) {
                 if (const model::Cell *cell = *(grid.begin() + row * table->columns() + column)) {
-                    writeCell(*cell);
+                    writeCell(*cell, *(indents.begin() + (cell - table->cells.data())));
                 } else {
                     m_sink.xml.writeEmptyElement("table:covered-table-cell"_L1);
                 }
@@ -236,8 +232,8 @@ void SheetWriter::writeLines(const model::Document &document)
     for (const model::Page &page : document.pages) {
         forEachParagraph(page, [this](const model::Paragraph &paragraph) {
             for (const model::Line &line : paragraph.lines) {
-                beginRow(0);
-                writeCell(cellOf(line));
+                beginRow(sheetLineHeight(line));
+                writeCell(cellOf(line), 0);
                 m_sink.xml.writeEndElement();
             }
         });

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "office_fixture.h"
+
+#include "engine/office/odf_sheets.h"
+#include "engine/office/raised_marks.h"
+#include "engine/office/sheet_layout.h"
+
+#include <QTest>
+
+using namespace quorra;
+using namespace quorra::office;
+
+/// Sheets made of hand-made tables: sizes of columns and rows, places of texts in their cells, notes' marks.
+class OfficeSheetsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void columnsHoldTheirTexts();
+    void rowsHoldTheirLines();
+    void textsKeepTheirPlaceInTheCell();
+    void indentsCountFromTheColumnsTexts();
+    void marksOfNotesAreNoDigits();
+    void rightToLeftCellsReadSo();
+    void eachParagraphKeepsItsLook();
+};
+
+namespace {
+
+QString sheets(const model::Table &table)
+{
+    fixture::Pictures pictures;
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {{table, 0}};
+    const model::Document document{{page}};
+    return fixture::odf(OdfKind::Spreadsheet, [&](OdfFile &file) { writeSheets(file, document, pictures); });
+}
+
+model::Paragraph withMark(const QString &text, const QString &mark)
+{
+    model::Paragraph paragraph = fixture::paragraph(text, {100, 100, 150, 112});
+    model::Word raised = paragraph.lines[0].words[0];
+    raised.text = mark;
+    raised.style.size = 6;
+    raised.baseline -= 4;
+    paragraph.lines[0].words[0].spaceAfter = false;
+    paragraph.lines[0].words.push_back(raised);
+    paragraph.runs.push_back({mark, raised.style});
+    return paragraph;
+}
+
+} // namespace
+
+void OfficeSheetsTest::columnsHoldTheirTexts()
+{
+    model::Table table = fixture::table(2, {QStringLiteral("a"), QStringLiteral("b")});
+    const std::vector<double> usual = sheetColumns({&table});
+    QCOMPARE(usual.size(), std::size_t(2));
+    QVERIFY(usual[0] > 100 && usual[0] < 120);
+    table.cells[1].paragraphs[0].box = {172, 100, 292, 112}; // reaches over its cell
+    const std::vector<double> wide = sheetColumns({&table});
+    QVERIFY(wide[1] > 125);
+    QCOMPARE(wide[0], usual[0]);
+    model::Paragraph &wrapped = table.cells[1].paragraphs[0];
+    wrapped.lines.push_back(wrapped.lines[0]);
+    QVERIFY(sheetColumns({&table})[1] <= usual[1]); // wrapped text needs no wider column
+}
+
+void OfficeSheetsTest::rowsHoldTheirLines()
+{
+    model::Table table = fixture::table(1, {QStringLiteral("a"), QStringLiteral("b")});
+    QCOMPARE(sheetRows(table), (std::vector<double>{20, 20}));
+    model::Paragraph &text = table.cells[1].paragraphs[0];
+    text.lines.resize(3, text.lines[0]);
+    QVERIFY(sheetRows(table)[1] > 36);
+    QCOMPARE(sheetRows(table)[0], 20.0);
+    // A text over both rows needs the second only for what the first does not hold.
+    table.cells.pop_back();
+    table.cells[0].rowSpan = 2;
+    table.cells[0].paragraphs[0].lines.resize(4, table.cells[0].paragraphs[0].lines[0]);
+    QVERIFY(sheetRows(table)[1] > 25 && sheetRows(table)[1] < 35);
+    QVERIFY(sheets(table).contains(QLatin1String("style:use-optimal-row-height=\"false\"")));
+}
+
+void OfficeSheetsTest::textsKeepTheirPlaceInTheCell()
+{
+    model::Table table = fixture::table(1, {QStringLiteral("5"), QStringLiteral("b")});
+    model::Cell &cell = table.cells[0];
+    cell.paragraphs[0].box = {110, 101, 115, 105};
+    QCOMPARE(verticalPlace(cell), QStringLiteral("top"));
+    cell.paragraphs[0].box = {110, 115, 115, 119};
+    QCOMPARE(verticalPlace(cell), QStringLiteral("bottom"));
+    cell.paragraphs[0].box = {110, 107, 115, 115};
+    QCOMPARE(verticalPlace(cell), QStringLiteral("middle"));
+    cell.paragraphs[0].alignment = model::Alignment::Centre; // numbers too
+    QVERIFY(sheets(table).contains(QLatin1String("fo:text-align=\"center\"")));
+}
+
+void OfficeSheetsTest::indentsCountFromTheColumnsTexts()
+{
+    model::Table table = fixture::table(
+        1, {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d"), QStringLiteral("e")});
+    const std::vector<double> lefts = {80, 92, 80.4, 92, 74};
+    for (std::size_t i = 0; i < lefts.size(); ++i) {
+        table.cells[i].paragraphs[0].box.left = lefts[i];
+    }
+    // The last one sticks out alone: it does not indent the others.
+    QCOMPARE(sheetIndents(table), (std::vector<double>{0, 12, 0, 12, 0}));
+    QVERIFY(sheets(table).contains(QLatin1String("fo:margin-left=\"12.00pt\"")));
+}
+
+void OfficeSheetsTest::marksOfNotesAreNoDigits()
+{
+    model::Cell cell;
+    cell.paragraphs = {withMark(QStringLiteral("8,935,112"), QStringLiteral("3"))};
+    const std::optional<Number> number = cellNumber(cell, NumberStyle::Point);
+    QVERIFY(number);
+    QCOMPARE(number->value, 8935112.0);
+    QCOMPARE(number->suffix, QStringLiteral("\u00b3"));
+    cell.paragraphs = {withMark(QStringLiteral("word"), QStringLiteral("3"))};
+    QVERIFY(!cellNumber(cell, NumberStyle::Point));
+    cell.paragraphs = {fixture::paragraph(QStringLiteral("1,234"), {100, 100, 150, 112})};
+    QCOMPARE(cellNumber(cell, NumberStyle::Point)->value, 1234.0);
+}
+
+void OfficeSheetsTest::rightToLeftCellsReadSo()
+{
+    model::Table table = fixture::table(1, {QStringLiteral("\u05e9\u05dc\u05d5\u05dd abc")});
+    table.cells[0].paragraphs[0].rightToLeft = true;
+    const QString text = sheets(table);
+    QVERIFY(text.contains(QLatin1String("style:writing-mode=\"rl-tb\"")));
+    QVERIFY(text.contains(QLatin1String("fo:text-align=\"end\"")));
+}
+
+void OfficeSheetsTest::eachParagraphKeepsItsLook()
+{
+    model::Table table = fixture::table(1, {QStringLiteral("a long first line")});
+    model::Style red = fixture::style();
+    red.colour = 0xff0000;
+    table.cells[0].paragraphs.push_back(fixture::paragraph(QStringLiteral("red"), {72, 112, 87, 120}, red));
+    const QString text = sheets(table);
+    QVERIFY(text.contains(QLatin1String("fo:color=\"#ff0000\"")));
+}
+
+QTEST_APPLESS_MAIN(OfficeSheetsTest)
+#include "office_sheets_test.moc"
