@@ -4,6 +4,7 @@
 #include "engine/model/build.h"
 #include "engine/model/rows.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -11,76 +12,104 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double sameEdge = 2.5; // points
-constexpr std::size_t fewest = 3;
-
-double leftOf(const Box &box)
+// The largest share of the values that lie close together, and the middle of those.
+struct Cluster
 {
-    return box.left;
-}
-
-double rightOf(const Box &box)
-{
-    return box.right;
-}
-
-double centreOf(const Box &box)
-{
-    return box.centreX();
-}
-
-struct Edge
-{
-    Alignment alignment;
-    double (*of)(const Box &);
+    double share = 0;
+    double middle = 0;
 };
 
-// In the order of preference when several agree equally.
-constexpr Edge textEdges[] = {{Alignment::Left, leftOf}, {Alignment::Centre, centreOf}, {Alignment::Right, rightOf}};
-constexpr Edge numberEdges[] = {{Alignment::Right, rightOf}, {Alignment::Centre, centreOf}, {Alignment::Left, leftOf}};
-
-using Texts = std::vector<Paragraph *>;
-
-double usual(const Texts &texts, const Edge &edge)
+Cluster largestCluster(std::vector<double> values)
 {
-    std::vector<double> values;
-    values.reserve(texts.size());
-    for (const Paragraph *text : texts) {
-        values.push_back(edge.of(text->box));
+    constexpr double close = 2; // points
+    std::sort(values.begin(), values.end());
+    Cluster best;
+    for (std::size_t from = 0, to = 0; from < values.size(); ++from) {
+        while (to < values.size() && values[to] - values[from] <= close) {
+            ++to;
+        }
+        const double share = static_cast<double>(to - from) / static_cast<double>(values.size());
+        if (share > best.share) {
+            best = {share, (values[from] + values[to - 1]) / 2};
+        }
     }
-    return median(std::move(values));
+    return best;
 }
 
-bool standsAt(const Paragraph &text, const Edge &edge, double place)
+double sideOf(const Paragraph &paragraph, Alignment alignment)
 {
-    return std::abs(edge.of(text.box) - place) <= sameEdge;
+    switch (alignment) {
+    case Alignment::Centre:
+        return paragraph.box.centreX();
+    case Alignment::Right:
+        return paragraph.box.right;
+    default:
+        return paragraph.box.left;
+    }
 }
 
-void align(const Texts &texts, const Edge (&edges)[3])
+bool isSingleLine(const Cell &cell)
 {
+    return cell.columnSpan == 1 && cell.paragraphs.size() == 1 && cell.paragraphs.front().lines.size() == 1 &&
+           cell.paragraphs.front().rotation == 0 && !cell.paragraphs.front().rightToLeft;
+}
+
+bool areNumbers(const std::vector<Paragraph *> &texts)
+{
+    const auto numbers = std::count_if(
+        texts.begin(), texts.end(), [](const Paragraph *text) { return looksNumeric(plainText(text->runs)); });
+    return 2 * static_cast<std::size_t>(numbers) > texts.size();
+}
+
+// What the texts of a column have in common says more than the blank space around each of them: the cells of a table
+// without lines end somewhere between two columns.
+void alignColumn(std::vector<Paragraph *> &texts, std::size_t headers, bool ruled, bool first)
+{
+    constexpr std::size_t fewest = 3;
+    constexpr double clearShare = 0.6;
+    constexpr double clearLead = 0.1;
+    constexpr double onSide = 2; // points
     if (texts.size() < fewest) {
         return;
     }
-    std::size_t most = texts.size() * 7 / 10;
-    const Edge *best = nullptr;
-    for (const Edge &edge : edges) {
-        const double place = usual(texts, edge);
-        std::size_t count = 0;
+    Alignment alignment = Alignment::Left;
+    Cluster best;
+    double second = 0;
+    Cluster right;
+    for (const Alignment each : {Alignment::Left, Alignment::Right, Alignment::Centre}) {
+        std::vector<double> sides;
+        sides.reserve(texts.size());
         for (const Paragraph *text : texts) {
-            count += standsAt(*text, edge, place) ? 1 : 0;
+            sides.push_back(sideOf(*text, each));
         }
-        if (count > most) {
-            most = count;
-            best = &edge;
+        const Cluster cluster = largestCluster(std::move(sides));
+        right = each == Alignment::Right ? cluster : right;
+        if (cluster.share > best.share) {
+            second = best.share;
+            best = cluster;
+            alignment = each;
+        } else {
+            second = std::max(second, cluster.share);
         }
     }
-    if (!best) {
+    if (best.share < clearShare) {
         return;
     }
-    const double place = usual(texts, *best);
-    for (Paragraph *text : texts) {
-        if (standsAt(*text, *best, place)) {
-            text->alignment = best->alignment;
+    if (best.share < second + clearLead) {
+        // Texts of one width are aligned in every way. Only lines tell by their distance how they are meant; without
+        // them numbers stand right, but for the keys in the first column.
+        if (ruled) {
+            return;
+        }
+        if (!first && areNumbers(texts) && right.share >= best.share - clearLead) {
+            alignment = Alignment::Right;
+            best = right;
+        }
+    }
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const bool there = std::abs(sideOf(*texts[i], alignment) - best.middle) <= onSide;
+        if (there || (i >= headers && texts[i]->alignment != Alignment::Justify)) {
+            texts[i]->alignment = alignment;
         }
     }
 }
@@ -89,24 +118,16 @@ void align(const Texts &texts, const Edge (&edges)[3])
 
 void alignColumns(Table &table)
 {
-    const auto columns = static_cast<std::size_t>(table.columns());
-    std::vector<Texts> numbers(columns);
-    std::vector<Texts> others(columns);
-    for (Cell &cell : table.cells) {
-        const bool single = cell.columnSpan == 1 && cell.row >= table.headerRows && cell.paragraphs.size() == 1 &&
-                            cell.column >= 0 && static_cast<std::size_t>(cell.column) < columns;
-        if (!single) {
-            continue;
+    for (int column = 0; column < table.columns(); ++column) {
+        std::vector<Paragraph *> texts;
+        std::size_t headers = 0;
+        for (Cell &cell : table.cells) {
+            if (cell.column == column && isSingleLine(cell)) {
+                texts.push_back(&cell.paragraphs.front());
+                headers += cell.row < table.headerRows ? 1 : 0;
+            }
         }
-        Paragraph &text = cell.paragraphs.front();
-        if (text.lines.size() == 1 && !text.rightToLeft && text.rotation == 0) {
-            auto &kind = looksNumeric(plainText(text.runs)) ? numbers : others;
-            kind[static_cast<std::size_t>(cell.column)].push_back(&text);
-        }
-    }
-    for (std::size_t column = 0; column < columns; ++column) {
-        align(numbers[column], numberEdges);
-        align(others[column], textEdges);
+        alignColumn(texts, headers, table.ruled, column == 0);
     }
 }
 

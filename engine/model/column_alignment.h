@@ -6,8 +6,8 @@
 namespace quorra::model {
 
 /// Gives the cells of a column the alignment by which their texts really stand below one another: numbers of unequal
-/// length share their right edge, however much blank space a single cell has on its sides. Numbers and other texts are
-/// looked at apart; a column in which no edge agrees keeps what it has, and so do texts that do not stand at the edge.
+/// length share their right edge, however much blank space a single cell has on its sides. Texts that stand elsewhere
+/// follow the others of their column, heads keep what they have. A column in which no edge clearly agrees keeps all.
 void alignColumns(Table &table);
 
 } // namespace quorra::model
