@@ -95,7 +95,7 @@ std::size_t TextGrid::headRows() const
             return i;
         }
     }
-    for (std::size_t i = 1; i < most; ++i) {
+    for (std::size_t i = m_hasTitle ? 2 : 1; i < most; ++i) {
         if (ruleBetween(m_grid[i - 1], m_grid[i])) {
             return i;
         }
