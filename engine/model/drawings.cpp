@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/model/drawings.h"
 
+#include "engine/model/bar_charts.h"
+
 #include <algorithm>
 
 namespace quorra::model {
@@ -10,6 +12,8 @@ namespace {
 constexpr double near = 9;      // points between parts of one drawing
 constexpr double smallest = 28; // points: a smaller region is a bullet or an ornament
 constexpr double mostOfPage = 0.8;
+constexpr double lineWidth = 1; // points: half of it lies outside of a line's box
+constexpr int fewestMarks = 3;  // curves and slanted lines
 
 struct Region
 {
@@ -39,6 +43,54 @@ std::vector<Region> joined(const std::vector<Region> &parts)
         regions.push_back(grown);
     }
     return regions.size() == parts.size() ? regions : joined(regions);
+}
+
+bool touch(const Box &a, const Box &b)
+{
+    constexpr double seam = 1; // points
+    return a.left - seam <= b.right && b.left - seam <= a.right && a.top - seam <= b.bottom && b.top - seam <= a.bottom;
+}
+
+// The boxes around rules that touch one another: a frame is near a stroke with all its sides or not at all. Rules about
+// as long as the page are the page's own; where rules reach that far together, each counts for itself.
+std::vector<Box> connectedRules(const RawPage &page)
+{
+    constexpr std::size_t most = 1000; // beyond that it is a plan or a map, whose parts are close to one another anyway
+    const double longest = 0.6 * std::max(page.width, page.height);
+    std::vector<Box> rules;
+    for (const Rule &rule : page.rules) {
+        if (rule.length() < longest) {
+            rules.push_back({rule.x1, rule.y1, rule.x2, rule.y2});
+        }
+    }
+    if (rules.size() > most) {
+        return rules;
+    }
+    std::vector<Box> found;
+    std::vector<bool> seen(rules.size());
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        if (seen[i]) {
+            continue;
+        }
+        seen[i] = true;
+        std::vector<Box> network{rules[i]};
+        Box around = rules[i];
+        for (std::size_t at = 0; at < network.size(); ++at) { // grows while rules are found
+            for (std::size_t k = i + 1; k < rules.size(); ++k) {
+                if (!seen[k] && touch(network[at], rules[k])) {
+                    seen[k] = true;
+                    around = united(around, rules[k]);
+                    network.push_back(rules[k]);
+                }
+            }
+        }
+        if (around.width() < longest && around.height() < longest) {
+            found.push_back(around);
+        } else {
+            found.insert(found.end(), network.begin(), network.end());
+        }
+    }
+    return found;
 }
 
 bool isTaken(const Box &box, const std::vector<Box> &taken)
@@ -71,7 +123,8 @@ bool isFramedText(const RawPage &page, const Box &region, const std::vector<Regi
 
 std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken)
 {
-    if (page.ink.empty()) {
+    const std::vector<Box> charts = findBarCharts(page, taken);
+    if (page.ink.empty() && charts.empty()) {
         return {};
     }
     const double pageArea = page.width * page.height;
@@ -84,6 +137,11 @@ std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken
             strokes.push_back({ink.box, 1});
         }
     }
+    for (const Box &chart : charts) {
+        if (!isBackground(chart)) {
+            strokes.push_back({chart, fewestMarks});
+        }
+    }
     strokes = joined(strokes);
     std::vector<Region> parts = strokes;
     const auto addNear = [&](const Box &box) {
@@ -92,10 +150,8 @@ std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken
             parts.push_back({box, 0});
         }
     };
-    for (const Rule &rule : page.rules) {
-        if (rule.length() < 0.6 * std::max(page.width, page.height)) {
-            addNear({rule.x1, rule.y1, rule.x2, rule.y2});
-        }
+    for (const Box &frame : connectedRules(page)) {
+        addNear(frame);
     }
     for (const Fill &fill : page.fills) {
         addNear(fill.box);
@@ -103,9 +159,11 @@ std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken
     std::vector<Box> drawings;
     const auto keep = [&](const Region &region) {
         const bool large = region.box.width() >= smallest && region.box.height() >= smallest;
-        constexpr int fewestMarks = 3;
         if (large && region.ink >= fewestMarks && !isBackground(region.box)) {
-            drawings.push_back(region.box);
+            drawings.push_back(
+                {std::max(0.0, region.box.left - lineWidth), std::max(0.0, region.box.top - lineWidth),
+                 std::min(page.width, region.box.right + lineWidth),
+                 std::min(page.height, region.box.bottom + lineWidth)});
         }
     };
     for (const Region &region : joined(parts)) {
