@@ -165,7 +165,7 @@ QString styleSheet(const model::Document &document, const Style &usual)
     constexpr double narrowest = 288; // points: a column that can be read
     const double column = std::max(width - 2 * margin, narrowest);
     return QStringLiteral(
-               "\nbody{font:%1/1.3 %2;color:#000;background:#fff;max-width:%3;margin:0 auto;padding:0 %4}\n"
+               "\nbody{font:%1/1.3 %2;color:#000;background:#fff;max-width:%3;margin:0 auto;padding:0 min(%4,6vw)}\n"
                ".page{padding:1.5em 0;overflow-wrap:break-word}\n"
                ".page+.page{border-top:1px solid #bbb}\n"
                "p,pre{margin:0 0 .6em}\n"

@@ -3,6 +3,7 @@
 
 #include "engine/office/decorations.h"
 #include "engine/office/page_walk.h"
+#include "engine/writers/html_language.h"
 #include "engine/writers/html_paragraph.h"
 #include "engine/writers/html_picture.h"
 #include "engine/writers/html_style.h"
@@ -76,6 +77,10 @@ public:
         m_xml.writeDTD(QStringLiteral("<!DOCTYPE html>"));
         m_xml.writeStartElement(QStringLiteral("html"));
         m_xml.writeDefaultNamespace(QStringLiteral("http://www.w3.org/1999/xhtml"));
+        const QString language = languageOf(m_document);
+        if (!language.isEmpty()) {
+            m_xml.writeAttribute(QStringLiteral("lang"), language);
+        }
         writeHead(options);
         m_xml.writeStartElement(QStringLiteral("body"));
         m_xml.writeCharacters(QStringLiteral("\n"));

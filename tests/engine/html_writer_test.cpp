@@ -260,6 +260,29 @@ private Q_SLOTS:
         QVERIFY(html(page.build()).contains(QStringLiteral("dir=\"rtl\"")));
     }
 
+    void namesTheLanguageOfAScript_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("language");
+        QTest::newRow("kana") << QString::fromUtf8("これは日本語の文書です") << QStringLiteral("ja");
+        QTest::newRow("han") << QString::fromUtf8("这是一个中文文件") << QStringLiteral("zh");
+        QTest::newRow("hangul") << QString::fromUtf8("한국어 문서") << QStringLiteral("ko");
+        QTest::newRow("hebrew") << QString::fromUtf8("עולם שלום") << QStringLiteral("he");
+        QTest::newRow("a few letters") << QString::fromUtf8("The sign 日 means day and sun") << QString();
+        QTest::newRow("latin") << QStringLiteral("Many languages are written so") << QString();
+    }
+
+    void namesTheLanguageOfAScript()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, language);
+        PageMaker page;
+        page.text(60, 100, text);
+        const QString attribute = QStringLiteral(" lang=\"%1\"").arg(language);
+        const QString written = html(page.build());
+        QVERIFY(language.isEmpty() ? !written.contains(QStringLiteral(" lang=")) : written.contains(attribute));
+    }
+
     void emptyDocumentIsValid() { QCOMPARE(errorOf(html(buildDocument({RawPage()}))), QString()); }
 
     void dropsWhatXmlForbids()
