@@ -82,9 +82,9 @@ void writeLabel(QXmlStreamWriter &xml, const Label &label, const Box &box)
 
 void writeHtmlPicture(
     QXmlStreamWriter &xml, const model::EncodedPicture &encoded, const Box &box, const model::Paragraph *labels,
-    const QString &alt)
+    const QString &alt, bool centred)
 {
-    startElement(xml, "div", "picture");
+    startElement(xml, "div", centred ? "picture middle" : "picture");
     xml.writeEmptyElement(QStringLiteral("img"));
     xml.writeAttribute(QStringLiteral("alt"), alt);
     constexpr double pixelsInPoint = 96.0 / 72;

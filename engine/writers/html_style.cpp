@@ -182,13 +182,14 @@ QString styleSheet(const model::Document &document, const Style &usual)
                ".gap{flex:1}\n"
                ".wide{overflow-x:auto;margin:.6em 0}\n"
                "table{border-collapse:collapse;font-size:1em}\n"
-               ".middle{margin:0 auto}\n"
                "td,th{padding:.1em .4em;vertical-align:top;text-align:left;font-weight:normal}\n"
                "header,footer{margin:0 0 .6em}\n"
                ".parts{display:flex;justify-content:space-between;gap:1em}\n"
                ".shaded{padding:.4em .6em;margin:0 0 .6em}\n"
                ".caption,.picture{margin:.4em 0}\n"
                ".picture{position:relative;width:fit-content;max-width:100%;overflow:hidden}\n"
+               "table.middle{margin:0 auto}\n"
+               ".picture.middle{margin:.4em auto}\n"
                "img{display:block;max-width:100%;height:auto}\n"
                ".label{position:absolute;color:transparent;white-space:nowrap;line-height:1}\n")
         .arg(points(usual.size), family(usual), points(column), points(margin));

@@ -47,16 +47,18 @@ bool isOnSomething(const Page &page, const Paragraph &paragraph)
     return found;
 }
 
-bool isCentred(const Box &table, const model::Section &section, int column)
+// Whether a table or picture stands in the middle of its column, or of the page where that has one column.
+bool isCentred(const Page &page, const model::Section &section, const Block &block)
 {
-    const auto at = static_cast<std::size_t>(column);
+    const auto at = static_cast<std::size_t>(block.column);
     if (at >= section.columns.size()) {
         return false;
     }
-    const Box &around = section.columns[at];
+    const Box around = section.columns.size() == 1 ? page.content : section.columns[at];
+    const Box box = block.box();
     constexpr double least = 12; // points
-    return table.left - around.left > least &&
-           std::abs(table.left - around.left - (around.right - table.right)) < 0.1 * around.width();
+    return box.left - around.left > least &&
+           std::abs(box.left - around.left - (around.right - box.right)) < 0.1 * around.width();
 }
 
 class HtmlWriter
@@ -141,11 +143,12 @@ private:
             }
             setBackground(decoration.background);
             if (const Table *table = block.table()) {
-                writeHtmlTable(m_xml, *table, m_usual, isCentred(table->box, section, block.column));
+                writeHtmlTable(m_xml, *table, m_usual, isCentred(page, section, block));
             } else if (const Picture *picture = block.picture()) {
                 const Block *next = i + 1 < section.blocks.size() ? &section.blocks[i + 1] : nullptr;
                 const bool labelled = next && office::isLabelOf(*next, *picture);
-                if (writePicture(page, *picture, labelled ? next->paragraph() : nullptr) && labelled) {
+                const bool centred = isCentred(page, section, block);
+                if (writePicture(page, *picture, labelled ? next->paragraph() : nullptr, centred) && labelled) {
                     ++i;
                 }
             } else if (paragraph->role == Role::ListItem) {
@@ -206,14 +209,14 @@ private:
     }
 
     // False when the picture cannot be had.
-    bool writePicture(const Page &page, const Picture &picture, const Paragraph *labels)
+    bool writePicture(const Page &page, const Picture &picture, const Paragraph *labels, bool centred)
     {
         const model::EncodedPicture encoded = m_pictures.encode(page.number, picture.box, picture.kind);
         if (encoded.bytes.isEmpty()) {
             return false;
         }
         const QString alt = page.scanned ? QStringLiteral("Page %1").arg(page.number) : QString();
-        writeHtmlPicture(m_xml, encoded, picture.box, labels, alt);
+        writeHtmlPicture(m_xml, encoded, picture.box, labels, alt, centred);
         return true;
     }
 

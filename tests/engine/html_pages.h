@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "model_pages.h"
+
+#include "engine/writers/html_writer.h"
+
+#include <QBuffer>
+
+/// Pictures that name their page.
+class OnePixel : public quorra::model::PictureSource
+{
+public:
+    quorra::model::EncodedPicture encode(int page, const quorra::model::Box &, quorra::model::PictureKind) override
+    {
+        return {QByteArray::number(page), "image/png", 1, 1};
+    }
+    quorra::model::EncodedPicture background(int) override { return {}; }
+};
+
+/// The document as HTML.
+inline QString html(quorra::model::Document document, bool xhtml = false)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    OnePixel pictures;
+    quorra::model::joinContinuations(document, true);
+    quorra::writeHtml(buffer, document, pictures, {xhtml, QStringLiteral("a < b")});
+    return QString::fromUtf8(buffer.data());
+}
+
+/// For messages, which are cut: the style sheet tells nothing.
+inline QString bodyOf(const QString &html)
+{
+    return html.mid(html.indexOf(QStringLiteral("<body>")));
+}
