@@ -124,6 +124,9 @@ QString verticalPlace(const model::Cell &cell)
     if (cell.paragraphs.empty()) {
         return u"bottom"_s;
     }
+    if (cell.paragraphs.front().rotation != 0) {
+        return u"middle"_s; // the page is turned and the sheet is not: places do not compare
+    }
     const double above = cell.paragraphs.front().box.top - cell.box.top;
     const double below = cell.box.bottom - cell.paragraphs.back().box.bottom;
     return std::abs(above - below) <= 2 * Middle ? u"middle"_s : above < below ? u"top"_s : u"bottom"_s;
