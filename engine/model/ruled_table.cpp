@@ -89,6 +89,22 @@ void placeWords(TableWords &found, const WordRefs &words)
     }
 }
 
+// Lines of words far apart from one another: a table of its own, or a form.
+bool holdsColumns(const WordRefs &words)
+{
+    constexpr double cellGap = 1.5; // font sizes
+    const std::vector<Row> rows = rowsOf(words);
+    const auto cut =
+        std::count_if(rows.begin(), rows.end(), [](const Row &row) { return segmentsOf(row, cellGap).size() > 1; });
+    return rows.size() > 1 && 2 * static_cast<std::size_t>(cut) > rows.size();
+}
+
+// A frame around tables without lines, parted by a line or two between them: the tables are what is inside.
+bool isFrame(const TableWords &found)
+{
+    return found.table.rows() == 1 && std::any_of(found.words.begin(), found.words.end(), holdsColumns);
+}
+
 bool isTable(const TableWords &found, double innerLines)
 {
     const auto filled = std::count_if(found.words.begin(), found.words.end(), [](const auto &w) { return !w.empty(); });
@@ -110,7 +126,7 @@ std::vector<TableWords> findRuledTables(const Rulings &rulings, const WordRefs &
         TableWords found;
         found.table = lattice.table();
         placeWords(found, words);
-        if (isTable(found, lattice.innerLineShare())) {
+        if (isTable(found, lattice.innerLineShare()) && !isFrame(found)) {
             splitAlignedLines(found);
             tables.push_back(std::move(found));
         }

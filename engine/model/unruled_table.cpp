@@ -138,6 +138,34 @@ bool isFixedPitch(const Row &row)
     return row.words.front()->style.fixedPitch;
 }
 
+// The parts of a stretch between lines that run across it. What stands above a table and below it may be set in columns
+// too; then the whole is no table, but one of its parts is.
+std::vector<Stretch>
+partsBetweenRules(const std::vector<Row> &rows, const Stretch &stretch, const std::vector<Rule> &horizontal)
+{
+    constexpr std::size_t fewestRows = 3;
+    const auto parts = [&](std::size_t lower) {
+        const Box both = united(rows[lower - 1].box, rows[lower].box);
+        return std::any_of(horizontal.begin(), horizontal.end(), [&](const Rule &rule) {
+            return rule.y1 > rows[lower - 1].box.centreY() && rule.y1 < rows[lower].box.centreY() &&
+                   std::min(rule.x2, both.right) - std::max(rule.x1, both.left) > 0.9 * both.width();
+        });
+    };
+    std::vector<Stretch> result;
+    Stretch part{stretch.first, stretch.first};
+    for (std::size_t i = stretch.first + 1; i <= stretch.last + 1; ++i) {
+        if (i <= stretch.last && !parts(i)) {
+            part.last = i;
+            continue;
+        }
+        if (part.last - part.first + 1 >= fewestRows) {
+            result.push_back(part);
+        }
+        part = {i, i};
+    }
+    return result;
+}
+
 } // namespace
 
 std::vector<UnruledTable> findUnruledTables(const std::vector<Row> &rows, const std::vector<Rule> &horizontal)
@@ -148,18 +176,26 @@ std::vector<UnruledTable> findUnruledTables(const std::vector<Row> &rows, const 
         segments.push_back(segmentsOf(row, cellGap));
     }
     std::vector<UnruledTable> tables;
-    for (const Stretch &stretch : candidateStretches(rows, segments, horizontal)) {
+    const auto add = [&](const Stretch &stretch) {
         const std::size_t length = stretch.last - stretch.first + 1;
         if (length < 2 || 3 * count(rows, stretch, hasLeader) > length ||
             2 * count(rows, stretch, isFixedPitch) > length) {
-            continue;
+            return true; // something else, and so are its parts
         }
         TextGrid grid(
             {rows.begin() + static_cast<std::ptrdiff_t>(stretch.first),
              rows.begin() + static_cast<std::ptrdiff_t>(stretch.last) + 1},
             horizontal);
-        if (grid.looksLikeTable()) {
-            tables.push_back({grid.tableWords(), stretch.first, stretch.last});
+        if (!grid.looksLikeTable()) {
+            return false;
+        }
+        tables.push_back({grid.tableWords(), stretch.first, stretch.last});
+        return true;
+    };
+    for (const Stretch &stretch : candidateStretches(rows, segments, horizontal)) {
+        if (!add(stretch)) {
+            const std::vector<Stretch> parts = partsBetweenRules(rows, stretch, horizontal);
+            std::for_each(parts.begin(), parts.end(), add);
         }
     }
     return tables;

@@ -133,3 +133,29 @@ inline QString cellText(const quorra::model::Table &table, int row, int column)
     }
     return QStringLiteral("(none)");
 }
+
+/// The cell that begins at this place; null when none does.
+inline const quorra::model::Cell *cellAt(const quorra::model::Table &table, int row, int column)
+{
+    for (const quorra::model::Cell &cell : table.cells) {
+        if (cell.row == row && cell.column == column) {
+            return &cell;
+        }
+    }
+    return nullptr;
+}
+
+/// Three columns of words and numbers without any line.
+inline PageMaker plainTable()
+{
+    PageMaker page;
+    const QStringList names{
+        QStringLiteral("Year"), QStringLiteral("North"), QStringLiteral("South"), QStringLiteral("East")};
+    for (int row = 0; row < 4; ++row) {
+        const double y = 200 + 14 * row;
+        page.text(60, y, names.at(row));
+        page.text(200, y, row == 0 ? QStringLiteral("2019") : QString::number(100 + row));
+        page.text(300, y, row == 0 ? QStringLiteral("2020") : QString::number(200 + row));
+    }
+    return page;
+}
