@@ -6,6 +6,7 @@
 #include "engine/office/odf_tables.h"
 #include "engine/office/page_walk.h"
 #include "engine/office/raised_marks.h"
+#include "engine/office/sheet_date.h"
 #include "engine/office/sheet_layout.h"
 
 #include <algorithm>
@@ -43,10 +44,11 @@ QString sideName(const model::Paragraph &paragraph)
 class SheetWriter
 {
 public:
-    SheetWriter(OdfFile &file, model::PictureSource &pictures, NumberStyle numberStyle)
+    SheetWriter(OdfFile &file, model::PictureSource &pictures, const QStringList &texts)
         : m_sink{file.body(), file.styles()}
         , m_pictures(pictures)
-        , m_numberStyle(numberStyle)
+        , m_numberStyle(numberStyleOf(texts))
+        , m_dateOrder(dateOrderOf(texts))
     {}
 
     void writeTables(const model::Page &page, const std::vector<const model::Table *> &tables);
@@ -59,11 +61,12 @@ private:
     void beginRow(double height);
     void writeCell(const model::Cell &cell, double indent);
     void writeValue(const Number &number);
-    QString cellStyle(const model::Cell &cell, const std::optional<Number> &number, double indent);
+    QString cellStyle(const model::Cell &cell, const QString &dataStyle, double indent);
 
     Sink m_sink;
     model::PictureSource &m_pictures;
     NumberStyle m_numberStyle;
+    DateOrder m_dateOrder;
 };
 
 void SheetWriter::beginSheet(const QString &name)
@@ -96,7 +99,7 @@ void SheetWriter::beginRow(double height)
     }
 }
 
-QString SheetWriter::cellStyle(const model::Cell &cell, const std::optional<Number> &number, double indent)
+QString SheetWriter::cellStyle(const model::Cell &cell, const QString &dataStyle, double indent)
 {
     Attributes look = {
         {"fo:border-left"_L1, borderText(cell.left)},
@@ -123,8 +126,8 @@ QString SheetWriter::cellStyle(const model::Cell &cell, const std::optional<Numb
     }
     Element style{
         "style:style"_L1, {{"style:family"_L1, u"table-cell"_s}, {"style:parent-style-name"_L1, u"Default"_s}}};
-    if (number) {
-        style.attributes.emplace_back("style:data-style-name"_L1, numberFormat(m_sink.styles, *number));
+    if (!dataStyle.isEmpty()) {
+        style.attributes.emplace_back("style:data-style-name"_L1, dataStyle);
     }
     const model::Style main = mainStyle(allRuns(cell));
     m_sink.styles.noteFont(main);
@@ -144,17 +147,26 @@ void SheetWriter::writeValue(const Number &number)
 void SheetWriter::writeCell(const model::Cell &cell, double indent)
 {
     QXmlStreamWriter &xml = m_sink.xml;
+    const QString text = cellText(cell);
     const std::optional<Number> number = cellNumber(cell, m_numberStyle);
+    const std::optional<SheetDate> date = readDate(text, m_dateOrder);
+    const QString dataStyle = number ? numberFormat(m_sink.styles, *number)
+                              : date ? dateFormat(m_sink.styles, *date)
+                                     : QString();
     xml.writeStartElement("table:table-cell"_L1);
-    xml.writeAttribute("table:style-name"_L1, cellStyle(cell, number, indent));
+    xml.writeAttribute("table:style-name"_L1, cellStyle(cell, dataStyle, indent));
     if (cell.columnSpan > 1 || cell.rowSpan > 1) {
         xml.writeAttribute("table:number-columns-spanned"_L1, QString::number(cell.columnSpan));
         xml.writeAttribute("table:number-rows-spanned"_L1, QString::number(cell.rowSpan));
     }
     if (number) {
         writeValue(*number);
-        xml.writeTextElement("text:p"_L1, xmlText(cellText(cell)));
-    } else if (!cellText(cell).isEmpty()) {
+        xml.writeTextElement("text:p"_L1, xmlText(text));
+    } else if (date) {
+        xml.writeAttribute("office:value-type"_L1, "date"_L1);
+        xml.writeAttribute("office:date-value"_L1, date->day.toString(Qt::ISODate));
+        xml.writeTextElement("text:p"_L1, xmlText(text));
+    } else if (!text.isEmpty()) {
         xml.writeAttribute("office:value-type"_L1, "string"_L1);
         const model::Style main = mainStyle(allRuns(cell));
         for (const model::Paragraph &paragraph : cell.paragraphs) {
@@ -264,7 +276,7 @@ void writeSheets(OdfFile &file, const model::Document &document, model::PictureS
             }
         }
     }
-    SheetWriter writer(file, pictures, numberStyleOf(texts));
+    SheetWriter writer(file, pictures, texts);
     bool wrote = false;
     for (const model::Page &page : document.pages) {
         const std::vector<const model::Table *> tables = tablesOf(page);

@@ -22,7 +22,7 @@ constexpr double LeastRow = 12.8;    // the height of an empty row
 constexpr double Middle = 3;         // points by which text may stand off the middle of its cell
 constexpr double LeastIndent = 4;    // smaller ones are uneven setting
 constexpr double WidestIndent = 100;
-constexpr double CommonShare = 0.06; // of a column's texts
+constexpr double CommonShare = 0.08; // of a column's texts
 
 double textHeight(const model::Cell &cell)
 {

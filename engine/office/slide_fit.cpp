@@ -15,6 +15,7 @@ namespace quorra::office {
 
 namespace {
 
+constexpr double HeadGap = 1.8;         // the same in running heads, whose parts have nothing to do with one another
 constexpr double ApartGap = 3;          // between words that are no neighbours, times the size of type
 constexpr double LabelGap = 1;          // the same in drawings
 constexpr double OffBaseline = 0.5;     // times the size of type
@@ -227,9 +228,11 @@ bool hasKnownWidths(const model::Paragraph &paragraph)
 
 std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, bool everyLine)
 {
+    const bool head = paragraph.role == model::Role::RunningHead;
+    const double gap = everyLine ? LabelGap : head ? HeadGap : ApartGap;
     std::vector<model::Line> pieces;
     for (const model::Line &line : paragraph.lines) {
-        for (model::Line &piece : cutLine(line, everyLine ? LabelGap : ApartGap, everyLine)) {
+        for (model::Line &piece : cutLine(line, gap, everyLine)) {
             pieces.push_back(std::move(piece));
         }
     }

@@ -3,6 +3,7 @@
 
 #include "engine/office/odf_sheets.h"
 #include "engine/office/raised_marks.h"
+#include "engine/office/sheet_date.h"
 #include "engine/office/sheet_layout.h"
 
 #include <QTest>
@@ -23,6 +24,9 @@ private Q_SLOTS:
     void marksOfNotesAreNoDigits();
     void rightToLeftCellsReadSo();
     void eachParagraphKeepsItsLook();
+    void datesAreReadAsTheDocumentWritesThem_data();
+    void datesAreReadAsTheDocumentWritesThem();
+    void datesAreDays();
 };
 
 namespace {
@@ -140,6 +144,54 @@ void OfficeSheetsTest::eachParagraphKeepsItsLook()
     table.cells[0].paragraphs.push_back(fixture::paragraph(QStringLiteral("red"), {72, 112, 87, 120}, red));
     const QString text = sheets(table);
     QVERIFY(text.contains(QLatin1String("fo:color=\"#ff0000\"")));
+}
+
+void OfficeSheetsTest::datesAreReadAsTheDocumentWritesThem_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("others"); // in the same document
+    QTest::addColumn<QDate>("day");
+    QTest::newRow("month first") << "8/9/2012"
+                                 << "10/31/2012" << QDate(2012, 8, 9);
+    QTest::newRow("day first") << "8/9/2012"
+                               << "31/10/2012" << QDate(2012, 9, 8);
+    QTest::newRow("either way") << "8/9/2012"
+                                << "1/2/2012" << QDate();
+    QTest::newRow("both ways") << "8/9/2012"
+                               << "31/10/2012 10/31/2012" << QDate();
+    QTest::newRow("year first") << "2012-08-09"
+                                << "" << QDate(2012, 8, 9);
+    QTest::newRow("points") << "8.9.2012"
+                            << "" << QDate(2012, 9, 8);
+    QTest::newRow("no such day") << "31/2/2012"
+                                 << "31/10/2012" << QDate();
+    QTest::newRow("short year") << "8/31/12"
+                                << "10/31/2012" << QDate();
+    QTest::newRow("a range") << "2012-13"
+                             << "" << QDate();
+    QTest::newRow("a version") << "1.2.3"
+                               << "" << QDate();
+}
+
+void OfficeSheetsTest::datesAreReadAsTheDocumentWritesThem()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QString, others);
+    QFETCH(const QDate, day);
+    const DateOrder order = dateOrderOf(others.split(u' ') + QStringList{text});
+    const std::optional<SheetDate> date = readDate(text, order);
+    QCOMPARE(date.has_value(), day.isValid());
+    if (date) {
+        QCOMPARE(date->day, day);
+    }
+}
+
+void OfficeSheetsTest::datesAreDays()
+{
+    const QString text =
+        sheets(fixture::table(1, {QStringLiteral("8/9/2012"), QStringLiteral("10/31/2012"), QStringLiteral("x")}));
+    QVERIFY(text.contains(QLatin1String("office:value-type=\"date\" office:date-value=\"2012-08-09\"")));
+    QVERIFY(text.contains(QLatin1String("<number:month number:style=\"short\"")));
 }
 
 QTEST_APPLESS_MAIN(OfficeSheetsTest)

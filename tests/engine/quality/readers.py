@@ -148,6 +148,9 @@ def shown(cell):
     value, form = cell.value, cell.number_format or "General"
     if isinstance(value, str) or isinstance(value, bool):
         return str(value)
+    if hasattr(value, "year"):
+        parts = {"yyyy": value.year, "mm": "%02d" % value.month, "m": value.month, "dd": "%02d" % value.day, "d": value.day}
+        return re.sub("yyyy|mm|m|dd|d", lambda part: str(parts[part.group()]), re.sub(r"[\"\\]", "", form.lower()))
     negative_part = form.split(";")[1] if value < 0 and ";" in form else None
     if ";" in form:
         parts = form.split(";")
