@@ -11,7 +11,10 @@ namespace {
 
 constexpr double ShortestSeparator = 36; // shorter ones underline a word or are part of a drawing
 constexpr double FarthestRule = 30;      // points between a separator and the text that takes it
+constexpr double FarthestHeadRule = 14;  // the same for running heads
 constexpr double Touching = 2;
+constexpr std::size_t LongText = 4;  // lines
+constexpr double MostBackground = 4; // times the text's height: a larger area is more than this text's background
 
 bool sharesWidth(const model::Rule &rule, const model::Box &box)
 {
@@ -44,32 +47,71 @@ bool hasTextBelow(const model::Page &page, const model::Rule &rule)
     return found;
 }
 
+// Adds the rule to the decoration when it lies within reach of the box.
+void take(Decoration &decoration, const model::Rule &rule, const model::Box &box, double reach)
+{
+    const model::Border border{rule.width, rule.colour};
+    const double above = box.top - rule.y1;
+    const double below = rule.y1 - box.bottom;
+    if (above >= -Touching && above <= reach && border.width >= decoration.above.width) {
+        decoration.above = border;
+        decoration.gapAbove = std::max(0.0, above);
+        decoration.aboveFrom = rule.x1;
+        decoration.aboveTo = rule.x2;
+    } else if (below >= -Touching && below <= reach && border.width >= decoration.below.width) {
+        decoration.below = border;
+        decoration.gapBelow = std::max(0.0, below);
+    }
+}
+
+bool isHeadRule(const model::Page &page, const model::Rule &rule)
+{
+    return std::any_of(page.runningHeads.begin(), page.runningHeads.end(), [&](const model::Block &head) {
+        const model::Box box = head.box();
+        return rule.y1 > box.top - FarthestHeadRule && rule.y1 < box.bottom + FarthestHeadRule && rule.x1 < box.right &&
+               rule.x2 > box.left;
+    });
+}
+
 } // namespace
+
+Decoration headDecoration(const model::Page &page, const model::Box &line)
+{
+    Decoration decoration;
+    for (const model::Rule &rule : page.rules) {
+        if (rule.isHorizontal() && rule.length() >= ShortestSeparator && sharesWidth(rule, line)) {
+            take(decoration, rule, line, FarthestHeadRule);
+        }
+    }
+    return decoration;
+}
 
 Decoration decorationOf(const model::Page &page, const model::Box &block)
 {
     Decoration decoration;
     for (const model::Rule &rule : page.rules) {
-        if (!rule.isHorizontal() || rule.length() < ShortestSeparator || !sharesWidth(rule, block)) {
+        if (!rule.isHorizontal() || rule.length() < ShortestSeparator || !sharesWidth(rule, block) ||
+            isHeadRule(page, rule) || !isNextTo(page, rule, block)) {
             continue;
         }
-        const model::Border border{rule.width, rule.colour};
-        const double above = block.top - rule.y1;
-        const double below = rule.y1 - block.bottom;
-        if (above >= -Touching && above <= FarthestRule && isNextTo(page, rule, block)) {
-            decoration.above = border;
-        } else if (
-            below >= -Touching && below <= FarthestRule && !hasTextBelow(page, rule) && isNextTo(page, rule, block)) {
-            decoration.below = border;
+        if (rule.y1 < block.centreY() || !hasTextBelow(page, rule)) {
+            take(decoration, rule, block, FarthestRule);
         }
     }
     for (const model::Fill &fill : page.fills) {
         if (fill.colour != model::white && fill.box.contains(block.centreX(), block.centreY()) &&
-            model::intersected(fill.box, block).width() > 0.9 * block.width()) {
+            model::intersected(fill.box, block).width() > 0.9 * block.width() &&
+            fill.box.height() < MostBackground * block.height()) {
             decoration.background = fill.colour;
         }
     }
     return decoration;
+}
+
+bool hasShortRule(const Decoration &decoration, const model::Box &column)
+{
+    constexpr double MostOfColumn = 0.8;
+    return decoration.above.width > 0 && decoration.aboveTo - decoration.aboveFrom < MostOfColumn * column.width();
 }
 
 bool isBehindText(const model::Page &page, const model::Picture &picture)
@@ -77,7 +119,10 @@ bool isBehindText(const model::Page &page, const model::Picture &picture)
     bool behind = false;
     forEachBlock(page, [&](const model::Block &block) {
         const model::Box box = block.box();
-        behind = behind || (!block.picture() && !isLabelOf(block, picture) && !box.isEmpty() &&
+        // Short texts on a drawing belong to it, even those that reach over its edge.
+        const bool belongs = picture.kind == model::PictureKind::Drawing && block.paragraph() &&
+                             block.paragraph()->lines.size() < LongText;
+        behind = behind || (!block.picture() && !belongs && !isLabelOf(block, picture) && !box.isEmpty() &&
                             picture.box.contains(box.centreX(), box.centreY()) &&
                             model::intersected(picture.box, box).width() > 0.5 * box.width());
     });

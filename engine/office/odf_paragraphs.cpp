@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/odf_paragraphs.h"
 
+#include "engine/office/flow_layout.h"
+
 #include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
@@ -9,17 +11,11 @@ namespace quorra::office {
 
 namespace {
 
-// Lines closer than this times the type's size would touch; wider ones are blank space, not leading.
-constexpr double TightestLeading = 0.95;
-constexpr double WidestLeading = 2.5;
-constexpr double UsualLeading = 1.2;
-
 // A ragged right edge says little about the indent meant: only a plain one is kept, and not all of it.
 constexpr double PlainIndent = 36;
 constexpr double RaggedReserve = 12;
 
 constexpr double ThinnestLine = 0.25; // thinner ones vanish in word processors
-constexpr double RulePadding = 2;     // between a separator line and the text that carries it
 
 QString parentStyle(model::Role role)
 {
@@ -55,16 +51,17 @@ int headingLevel(model::Role role)
 
 QString alignmentName(const model::Paragraph &paragraph)
 {
+    // Word processors take "start" for the left side of the page and "end" for its right, whichever way the text runs.
     if (!paragraph.listMark.isEmpty() && paragraph.alignment != model::Alignment::Justify) {
-        return u"start"_s; // marks stand one below the other, however long the items are
+        return paragraph.rightToLeft ? u"end"_s : u"start"_s; // marks stand one below the other
     }
     switch (paragraph.alignment) {
     case model::Alignment::Left:
-        return paragraph.rightToLeft ? u"left"_s : u"start"_s;
+        break;
     case model::Alignment::Centre:
         return u"center"_s;
     case model::Alignment::Right:
-        return paragraph.rightToLeft ? u"start"_s : u"end"_s;
+        return u"end"_s;
     case model::Alignment::Justify:
         return u"justify"_s;
     }
@@ -87,47 +84,52 @@ double rightIndent(const model::Paragraph &paragraph)
     return 0;
 }
 
-QString lineHeight(const model::Paragraph &paragraph, bool exactLeading)
+QString lineHeight(const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
-    const double size = largestSize(paragraph.runs);
-    if (!exactLeading || paragraph.lineDistance > WidestLeading * size) {
+    if (!place.exactLeading) {
         return u"100%"_s;
     }
-    if (paragraph.lineDistance <= 0) {
-        return pt(UsualLeading * size);
-    }
-    return pt(std::max(paragraph.lineDistance, TightestLeading * size));
+    const double height = place.lineHeight > 0 ? place.lineHeight : laidOut(paragraph).lineHeight;
+    return height > 0 ? pt(height) : u"100%"_s;
 }
 
-Attributes paragraphProperties(const model::Paragraph &paragraph, const ParagraphPlace &place)
+// The sides at which a paragraph's lines begin and end, where there are two of them; text that runs from right to left
+// begins at the right.
+Attributes indents(const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
     const bool centred = paragraph.alignment == model::Alignment::Centre;
     const bool inList = !paragraph.listMark.isEmpty();
     const bool keepsLeft = inList || (!centred && paragraph.alignment != model::Alignment::Right);
-    Attributes properties = {
-        {"fo:margin-left"_L1, pt(place.left + (keepsLeft ? paragraph.indentLeft : 0))},
-        {"fo:margin-right"_L1, pt(place.right + std::max(0.0, rightIndent(paragraph)))},
+    const double left = place.left + (keepsLeft ? paragraph.indentLeft : 0);
+    // One line at the left may go on to the margin: in a wider font it would break.
+    const bool ragged = paragraph.alignment == model::Alignment::Left && paragraph.lines.size() == 1;
+    const double right = (ragged ? std::min(0.0, place.right) : place.right) + std::max(0.0, rightIndent(paragraph));
+    return {
+        {"fo:margin-left"_L1, pt(paragraph.rightToLeft ? right : left)},
+        {"fo:margin-right"_L1, pt(paragraph.rightToLeft ? left : right)},
         {"fo:text-indent"_L1, pt(keepsLeft ? paragraph.firstLineIndent : 0)},
-        {"fo:margin-top"_L1, pt(std::max(0.0, paragraph.spaceBefore + place.above))},
-        {"fo:margin-bottom"_L1, u"0pt"_s},
-        {"fo:line-height"_L1, lineHeight(paragraph, place.exactLeading)},
-        {"fo:text-align"_L1, alignmentName(paragraph)},
-        {"style:writing-mode"_L1, paragraph.rightToLeft ? u"rl-tb"_s : u"lr-tb"_s},
     };
+}
+
+Attributes paragraphProperties(const model::Paragraph &paragraph, const ParagraphPlace &place)
+{
+    Attributes properties = indents(paragraph, place);
+    properties.insert(
+        properties.end(), {{"fo:margin-top"_L1, pt(std::max(0.0, paragraph.spaceBefore + place.above))},
+                           {"fo:margin-bottom"_L1, u"0pt"_s},
+                           {"fo:line-height"_L1, lineHeight(paragraph, place)},
+                           {"fo:text-align"_L1, alignmentName(paragraph)},
+                           {"style:writing-mode"_L1, paragraph.rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}});
     if (place.breakBefore) {
         properties.emplace_back("fo:break-before"_L1, u"page"_s);
+    } else if (place.breakColumn) {
+        properties.emplace_back("fo:break-before"_L1, u"column"_s);
     }
     if (place.background) {
         properties.emplace_back("fo:background-color"_L1, colourName(*place.background));
     }
-    if (place.ruleAbove.width > 0) {
-        properties.emplace_back("fo:border-top"_L1, borderText(place.ruleAbove));
-        properties.emplace_back("fo:padding-top"_L1, pt(RulePadding));
-    }
-    if (place.ruleBelow.width > 0) {
-        properties.emplace_back("fo:border-bottom"_L1, borderText(place.ruleBelow));
-        properties.emplace_back("fo:padding-bottom"_L1, pt(RulePadding));
-    }
+    const Attributes borders = ruleBorders(place);
+    properties.insert(properties.end(), borders.begin(), borders.end());
     if (headingLevel(paragraph.role) > 0) {
         properties.emplace_back("fo:keep-with-next"_L1, u"always"_s);
     }
@@ -176,6 +178,20 @@ void writeInside(
     writeRuns(sink, paragraph.runs, look, place.withLinks, risesOf(paragraph));
 }
 
+// A list item of one line does not show where its second line would begin: where its text does.
+model::Paragraph withHang(const model::Paragraph &paragraph)
+{
+    model::Paragraph item = paragraph;
+    const bool oneLine = item.lines.size() == 1 && item.lines.front().words.size() > 1;
+    if (!item.listMark.isEmpty() && oneLine && !item.rightToLeft && item.firstLineIndent == 0) {
+        const model::Line &line = item.lines.front();
+        const double hang = std::max(0.0, line.words[1].box.left - line.words[0].box.left);
+        item.indentLeft += hang;
+        item.firstLineIndent = -hang;
+    }
+    return item;
+}
+
 } // namespace
 
 QString borderText(const model::Border &border)
@@ -184,6 +200,20 @@ QString borderText(const model::Border &border)
         return u"none"_s;
     }
     return pt(std::max(border.width, ThinnestLine)) + " solid "_L1 + colourName(border.colour);
+}
+
+Attributes ruleBorders(const ParagraphPlace &place)
+{
+    Attributes borders;
+    if (place.ruleAbove.width > 0) {
+        borders.emplace_back("fo:border-top"_L1, borderText(place.ruleAbove));
+        borders.emplace_back("fo:padding-top"_L1, pt(place.gapAbove));
+    }
+    if (place.ruleBelow.width > 0) {
+        borders.emplace_back("fo:border-bottom"_L1, borderText(place.ruleBelow));
+        borders.emplace_back("fo:padding-bottom"_L1, pt(place.gapBelow));
+    }
+    return borders;
 }
 
 Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place)
@@ -204,9 +234,10 @@ bool isBullet(const model::Paragraph &paragraph)
     return !paragraph.listOrdered && paragraph.listMark.size() == 1 && !paragraph.listMark[0].isLetterOrNumber();
 }
 
-void writeParagraph(const Sink &sink, const model::Paragraph &paragraph, const ParagraphPlace &place)
+void writeParagraph(const Sink &sink, const model::Paragraph &whole, const ParagraphPlace &place)
 {
     QXmlStreamWriter &xml = sink.xml;
+    const model::Paragraph paragraph = withHang(whole);
     const model::Style look = mainStyle(paragraph.runs);
     sink.styles.noteFont(look);
     const int heading = place.withHeadings ? headingLevel(paragraph.role) : 0;

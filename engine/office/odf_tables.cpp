@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/odf_tables.h"
 
+#include "engine/office/cell_places.h"
+
 #include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
@@ -68,8 +70,9 @@ void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &plac
     ParagraphPlace inside;
     inside.exactLeading = place.exactLeading;
     inside.withLists = false;
-    for (const model::Paragraph &paragraph : cell.paragraphs) {
-        writeParagraph(sink, paragraph, inside);
+    for (const CellParagraph &placed : placedInCell(cell)) {
+        inside.lineHeight = placed.lineHeight;
+        writeParagraph(sink, placed.paragraph, inside);
     }
     if (cell.paragraphs.empty()) {
         writeAnchorParagraph(sink, inside);
@@ -105,7 +108,7 @@ void writeTable(const Sink &sink, const model::Table &table, const TablePlace &p
         xml.writeAttribute("table:style-name"_L1, columnStyle(sink, at[1] - at[0]));
     }
     const std::vector<const model::Cell *> grid = cellGrid(table);
-    const int headerRows = std::min(table.headerRows, table.rows() - 1);
+    const int headerRows = place.repeatsHead ? std::min(table.headerRows, table.rows() - 1) : 0;
     for (int row = 0; row < table.rows(); ++row) {
         if (row == 0 && headerRows > 0) {
             xml.writeStartElement("table:table-header-rows"_L1);

@@ -11,6 +11,9 @@ struct TablePlace
     double left = 0;  ///< from the left edge of what surrounds it
     double above = 0; ///< blank space above
     bool exactLeading = true;
+    /// The header rows come back on each page that the table reaches. Where a table stands on a page of its own they
+    /// need not, and LibreOffice splits tables with such rows that have just room enough.
+    bool repeatsHead = true;
 };
 
 /// The cell that begins at each place of the grid, row by row; null where a cell that spans covers the place.

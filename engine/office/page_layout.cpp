@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/page_layout.h"
 
+#include "engine/office/decorations.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -14,6 +16,9 @@ constexpr double SameSize = 1;         // points by which pages of one size may 
 constexpr double SameLine = 3;         // points by which baselines of one line of a running head may differ
 constexpr double NarrowestMargin = 14; // printers and word processors object to less
 constexpr double LeastBody = 72;       // margins never meet
+constexpr double UsualMargin = 72;     // a page that is not full says nothing about the margin beyond its end
+constexpr double MostRoom = 48;        // points that text may run over the page's last line
+constexpr double HeadGap = 6;          // between the text and a running head
 
 bool sameSize(const model::Page &a, const model::Page &b)
 {
@@ -49,9 +54,13 @@ Margins commonMargins(const model::Page &like, const model::Document &document)
     const auto inside = [](double margin, double side) {
         return std::clamp(margin, NarrowestMargin, std::max(NarrowestMargin, (side - LeastBody) / 2));
     };
+    const double left = quantile(lefts, 0.5);
+    const double right = quantile(rights, 0.5);
+    const double top = std::min(quantile(tops, 0.1), 2 * UsualMargin);
     return {
-        inside(quantile(lefts, 0.5), like.width), inside(quantile(tops, 0.1), like.height),
-        inside(quantile(rights, 0.5), like.width), inside(quantile(bottoms, 0), like.height)};
+        inside(std::min(left, std::max(right, UsualMargin)), like.width), inside(top, like.height),
+        inside(std::min(right, std::max(left, UsualMargin)), like.width),
+        inside(std::min(quantile(bottoms, 0), std::max(top, UsualMargin)), like.height)};
 }
 
 model::Box unitedBox(const std::vector<const model::Paragraph *> &paragraphs)
@@ -63,25 +72,62 @@ model::Box unitedBox(const std::vector<const model::Paragraph *> &paragraphs)
     return all;
 }
 
-// One paragraph for each line of the head, its parts at tab stops: so a page number stays where it is.
-void writeHeadLine(const Sink &sink, std::vector<const model::Paragraph *> parts, double left, double above)
+// The strip that running heads stand in.
+struct Strip
+{
+    double left = 0;
+    double right = 0;
+};
+
+// A part keeps the side of the strip that it stands at, or its middle: so a page number stays where it is.
+Element tabStop(const model::Box &part, const Strip &strip)
+{
+    const double middle = (strip.left + strip.right) / 2;
+    if (std::abs(part.centreX() - middle) < SameLine) {
+        return {
+            "style:tab-stop"_L1,
+            {{"style:position"_L1, pt(part.centreX() - strip.left)}, {"style:type"_L1, u"center"_s}}};
+    }
+    if (part.left > middle && part.right > strip.right - UsualMargin) {
+        return {
+            "style:tab-stop"_L1, {{"style:position"_L1, pt(part.right - strip.left)}, {"style:type"_L1, u"right"_s}}};
+    }
+    return {"style:tab-stop"_L1, {{"style:position"_L1, pt(part.left - strip.left)}}};
+}
+
+// One paragraph for each line of the head, its parts at tab stops.
+void writeHeadLine(
+    const Sink &sink, const model::Page &page, std::vector<const model::Paragraph *> parts, const Strip &strip,
+    double above)
 {
     std::sort(parts.begin(), parts.end(), [](const auto *a, const auto *b) { return a->box.left < b->box.left; });
     const model::Style look = mainStyle(parts.front()->runs);
+    const model::Box line = unitedBox(parts);
     sink.styles.noteFont(look);
     Element stops{"style:tab-stops"_L1};
     for (const model::Paragraph *part : parts) {
-        stops.children.push_back({"style:tab-stop"_L1, {{"style:position"_L1, pt(part->box.left - left)}}});
+        stops.children.push_back(tabStop(part->box, strip));
     }
+    ParagraphPlace place;
+    const Decoration rules = headDecoration(page, line);
+    place.ruleAbove = rules.above;
+    place.ruleBelow = rules.below;
+    place.gapAbove = rules.gapAbove;
+    place.gapBelow = rules.gapBelow;
+    const double ruleSpace = rules.above.width > 0 ? rules.gapAbove + rules.above.width : 0;
+    Attributes properties = {
+        {"fo:margin-top"_L1, pt(std::max(0.0, above - ruleSpace))},
+        {"fo:margin-right"_L1, pt(std::min(0.0, strip.right - line.right))}};
+    const Attributes borders = ruleBorders(place);
+    properties.insert(properties.end(), borders.begin(), borders.end());
     const Element style{
         "style:style"_L1,
         {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Header"_s}},
-        {{"style:paragraph-properties"_L1, {{"fo:margin-top"_L1, pt(std::max(0.0, above))}}, {stops}},
-         {"style:text-properties"_L1, textAttributes(look)}}};
+        {{"style:paragraph-properties"_L1, properties, {stops}}, {"style:text-properties"_L1, textAttributes(look)}}};
     sink.xml.writeStartElement("text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
     for (const model::Paragraph *part : parts) {
-        if (part->box.left > left + SameLine) {
+        if (part->box.left > strip.left + SameLine) {
             sink.xml.writeEmptyElement("text:tab"_L1);
         }
         writeRuns(sink, part->runs, look);
@@ -89,7 +135,9 @@ void writeHeadLine(const Sink &sink, std::vector<const model::Paragraph *> parts
     sink.xml.writeEndElement();
 }
 
-void writeHeads(const Sink &sink, std::vector<const model::Paragraph *> heads, double left, double top)
+void writeHeads(
+    const Sink &sink, const model::Page &page, std::vector<const model::Paragraph *> heads, const Strip &strip,
+    double top)
 {
     std::stable_sort(
         heads.begin(), heads.end(), [](const auto *a, const auto *b) { return a->box.centreY() < b->box.centreY(); });
@@ -99,7 +147,7 @@ void writeHeads(const Sink &sink, std::vector<const model::Paragraph *> heads, d
         const auto last =
             std::find_if(first, heads.end(), [&](const auto *each) { return each->box.centreY() > middle + SameLine; });
         const std::vector<const model::Paragraph *> line(first, last);
-        writeHeadLine(sink, line, left, unitedBox(line).top - bottom);
+        writeHeadLine(sink, page, line, strip, unitedBox(line).top - bottom);
         bottom = unitedBox(line).bottom;
         first = last;
     }
@@ -136,12 +184,21 @@ Heads headsOf(const model::Page &page)
     return heads;
 }
 
+double textEnd(const model::Page &page, const Margins &margins, const Heads &heads)
+{
+    const double end = page.height - margins.bottom;
+    double farthest = page.height - std::min(margins.bottom, NarrowestMargin);
+    if (!heads.below.empty()) {
+        farthest = std::max(end, std::min(farthest, unitedBox(heads.below).top - HeadGap));
+    }
+    return std::min(farthest, end + std::min(MostRoom, margins.bottom / 2));
+}
+
 QString MasterPages::layout(const model::Page &page, const Margins &margins, const Heads &heads)
 {
     const double headTop = heads.above.empty() ? margins.top : std::min(margins.top, unitedBox(heads.above).top);
-    const double footBottom =
-        page.height -
-        (heads.below.empty() ? margins.bottom : std::min(margins.bottom, page.height - unitedBox(heads.below).bottom));
+    const double end = textEnd(page, margins, heads);
+    const double footBottom = heads.below.empty() ? end : std::max(end, unitedBox(heads.below).bottom);
     const auto room = [](QLatin1String name, double height) {
         return Element{name, {}, {{"style:header-footer-properties"_L1, {{"fo:min-height"_L1, pt(height)}}}}};
     };
@@ -160,7 +217,7 @@ QString MasterPages::layout(const model::Page &page, const Margins &margins, con
         layout.children.push_back(room("style:header-style"_L1, margins.top - headTop));
     }
     if (!heads.below.empty()) {
-        layout.children.push_back(room("style:footer-style"_L1, footBottom - (page.height - margins.bottom)));
+        layout.children.push_back(room("style:footer-style"_L1, footBottom - end));
     }
     return m_masters.styles.name(layout);
 }
@@ -171,14 +228,15 @@ QString MasterPages::name(const model::Page &page, const Margins &margins, bool 
     QString inside;
     QXmlStreamWriter xml(&inside);
     const Sink sink{xml, m_masters.styles};
+    const Strip strip{margins.left, page.width - margins.right};
     if (!heads.above.empty()) {
         xml.writeStartElement("style:header"_L1);
-        writeHeads(sink, heads.above, margins.left, unitedBox(heads.above).top);
+        writeHeads(sink, page, heads.above, strip, unitedBox(heads.above).top);
         xml.writeEndElement();
     }
     if (!heads.below.empty()) {
         xml.writeStartElement("style:footer"_L1);
-        writeHeads(sink, heads.below, margins.left, page.height - margins.bottom);
+        writeHeads(sink, page, heads.below, strip, textEnd(page, margins, heads));
         xml.writeEndElement();
     }
     const QString pageLayout = layout(page, margins, heads);

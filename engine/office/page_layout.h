@@ -32,6 +32,9 @@ struct Heads
 };
 Heads headsOf(const model::Page &page);
 
+/// Where the text of a page may end: beyond its last line, because other fonts run wider, but not in a running head.
+double textEnd(const model::Page &page, const Margins &margins, const Heads &heads);
+
 /// The master pages of a text document: each combination of size, margins and running heads once.
 class MasterPages
 {

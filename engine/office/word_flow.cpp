@@ -2,13 +2,16 @@
 #include "engine/office/word_flow.h"
 
 #include "engine/office/decorations.h"
+#include "engine/office/flow_breaks.h"
+#include "engine/office/flow_fit.h"
+#include "engine/office/flow_layout.h"
 #include "engine/office/odf_frames.h"
 #include "engine/office/odf_tables.h"
 #include "engine/office/page_layout.h"
 #include "engine/office/page_walk.h"
+#include "engine/office/word_columns.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -17,13 +20,7 @@ namespace quorra::office {
 
 namespace {
 
-// The strip that blocks stand in: a column, or the page between its margins.
-struct Area
-{
-    double left = 0;
-    double right = 0;
-    double bottom = 0; ///< of the block written last
-};
+constexpr double RoomForBreak = 90; // points below a column that is certain not to run over
 
 class FlowWriter
 {
@@ -33,6 +30,7 @@ public:
         , m_masters({file.masters(), file.styles()})
         , m_pictures(pictures)
         , m_form(form)
+        , m_breaks(m_sink)
     {}
 
     void write(const model::Document &document);
@@ -41,99 +39,78 @@ private:
     void writePage(const model::Page &page, const Margins &margins);
     void writeScan(const model::Page &page);
     void writeSection(const model::Page &page, const model::Section &section, const Margins &margins);
-    void beginColumns(const model::Page &page, const model::Section &section, const Margins &margins);
-    void writeBlock(const model::Page &page, const model::Block &block, const model::Box &column, Area &area);
+    void writeBlocks(const model::Page &page, const model::Section &section, std::vector<Area> &areas, bool inColumns);
+    void writeBlock(
+        const model::Page &page, const model::Block &block, const model::Box &column, Area &area,
+        std::optional<double> baselineAfter);
     void writeParagraphBlock(
-        const model::Page &page, const model::Paragraph &paragraph, const model::Box &column, const Area &area);
-    void writePictureBlock(const model::Page &page, const model::Picture &picture, const Area &area);
-    void writeLabels(const model::Paragraph &labels);
+        const model::Page &page, const model::Paragraph &paragraph, const model::Box &column, Area &area,
+        std::optional<double> baselineAfter);
+    void writeShortRule(const Decoration &decoration, const Area &area, ParagraphPlace place);
+    void writeTableBlock(const model::Table &table, Area &area);
+    void writePictureBlock(const model::Page &page, const model::Picture &picture, Area &area);
+    void writeLabels();
     void writePicturesBehind(const model::Page &page);
-    void closeBefore();
-    void flushBreak();
 
     Sink m_sink;
     MasterPages m_masters;
     model::PictureSource &m_pictures;
     FlowForm m_form;
-    ParagraphPlace m_pending; // the break and bookmark that the next paragraph carries
-    bool m_hasPending = false;
+    FlowBreaks m_breaks;
     QString m_masterPage;
-    bool m_breakWouldBeLost = false;
-    bool m_afterTable = false;
     int m_sections = 0;
-    double m_firstAbove = 0; // blank space above the first block of a page
+    std::vector<const model::Paragraph *> m_labels; // of the picture that is being written
+    double m_bottom = 0;                            // of the page's sections so far
+    double m_end = 0;                               // of the room for the page's text
+    Fit m_fit;
 };
-
-void FlowWriter::flushBreak()
-{
-    if (m_hasPending) {
-        writeAnchorParagraph(m_sink, std::exchange(m_pending, {}));
-        m_hasPending = false;
-        m_afterTable = false;
-    }
-}
-
-// A break right after columns is lost, one right after frames comes before them: an empty paragraph goes between.
-void FlowWriter::closeBefore()
-{
-    if (std::exchange(m_breakWouldBeLost, false)) {
-        writeAnchorParagraph(m_sink, {});
-        m_afterTable = false;
-    }
-}
 
 void FlowWriter::write(const model::Document &document)
 {
     const std::vector<Margins> margins = pageMargins(document);
     for (std::size_t i = 0; i < document.pages.size(); ++i) {
         const model::Page &page = document.pages[i];
-        m_pending.bookmark = u"page%1"_s.arg(page.number);
-        m_hasPending = true;
+        m_breaks.addBookmark(u"page%1"_s.arg(page.number));
         const bool newPage = i == 0 || m_form.pages || page.scanned || document.pages[i - 1].scanned;
         if (newPage) {
-            closeBefore();
             const QString master = m_masters.name(page, margins[i], m_form.pages && !page.scanned);
-            m_pending.breakBefore = i > 0 && master == m_masterPage;
-            m_pending.masterPage = master == m_masterPage ? QString() : master;
+            m_breaks.addPage(master == m_masterPage ? QString() : master, i > 0 && master == m_masterPage);
             m_masterPage = master;
         }
-        m_firstAbove = m_form.places ? std::max(0.0, page.content.top - margins[i].top) : 0;
+        m_bottom = m_form.places ? margins[i].top : page.content.top;
         if (page.scanned) {
             writeScan(page);
         } else {
+            m_end = textEnd(page, margins[i], headsOf(page));
+            m_fit = m_form.pages ? fitOf(page, margins[i].top, m_end, m_form.columns) : Fit{};
             writePage(page, margins[i]);
         }
         if (m_form.pages) {
-            flushBreak();
+            m_breaks.flush();
         }
     }
-    flushBreak();
+    m_breaks.flush();
 }
 
 void FlowWriter::writeScan(const model::Page &page)
 {
-    beginAnchorParagraph(m_sink, std::exchange(m_pending, {}));
-    m_hasPending = false;
+    beginAnchorParagraph(m_sink, m_breaks.take());
     writePictures(m_sink, page, m_pictures, FrameAnchor::Behind);
     m_sink.xml.writeEndElement();
-    m_breakWouldBeLost = true;
+    m_breaks.afterColumns();
 }
 
 void FlowWriter::writePicturesBehind(const model::Page &page)
 {
-    for (const model::Section &section : page.sections) {
-        for (const model::Block &block : section.blocks) {
-            const model::Picture *picture = block.picture();
-            if (picture && isBehindText(page, *picture)) {
-                beginAnchorParagraph(m_sink, std::exchange(m_pending, {}));
-                m_hasPending = false;
-                writePicture(
-                    m_sink, m_pictures.encode(page.number, picture->box, picture->kind), picture->box,
-                    FrameAnchor::Behind);
-                m_sink.xml.writeEndElement();
-            }
+    forEachBlock(page, [&](const model::Block &block) {
+        const model::Picture *picture = block.picture();
+        if (picture && isBehindText(page, *picture)) {
+            beginAnchorParagraph(m_sink, m_breaks.take());
+            writePicture(
+                m_sink, m_pictures.encode(page.number, picture->box, picture->kind), picture->box, FrameAnchor::Behind);
+            m_sink.xml.writeEndElement();
         }
-    }
+    });
 }
 
 void FlowWriter::writePage(const model::Page &page, const Margins &margins)
@@ -146,145 +123,168 @@ void FlowWriter::writePage(const model::Page &page, const Margins &margins)
     }
 }
 
-void FlowWriter::beginColumns(const model::Page &page, const model::Section &section, const Margins &margins)
-{
-    Element columns{"style:columns"_L1, {{"fo:column-count"_L1, QString::number(section.columns.size())}}};
-    double from = section.columns.front().left;
-    for (std::size_t i = 0; i < section.columns.size(); ++i) {
-        const model::Box &column = section.columns[i];
-        const bool isLast = i + 1 == section.columns.size();
-        const double to = isLast ? column.right : (column.right + section.columns[i + 1].left) / 2;
-        columns.children.push_back(
-            {"style:column"_L1,
-             {{"style:rel-width"_L1, QString::number(std::max(1L, std::lround(20 * (to - from)))) + u'*'},
-              {"fo:start-indent"_L1, pt(column.left - from)},
-              {"fo:end-indent"_L1, pt(to - column.right)}}});
-        from = to;
-    }
-    const QString style = m_sink.styles.name(
-        {"style:style"_L1,
-         {{"style:family"_L1, u"section"_s}},
-         {{"style:section-properties"_L1,
-           {{"fo:margin-left"_L1, pt(section.columns.front().left - margins.left)},
-            {"fo:margin-right"_L1, pt(page.width - margins.right - section.columns.back().right)}},
-           {columns}}}});
-    m_sink.xml.writeStartElement("text:section"_L1);
-    m_sink.xml.writeAttribute("text:style-name"_L1, style);
-    m_sink.xml.writeAttribute("text:name"_L1, u"Columns %1"_s.arg(++m_sections));
-}
-
 void FlowWriter::writeSection(const model::Page &page, const model::Section &section, const Margins &margins)
 {
-    const bool rightToLeft = section.columns.size() > 1 && section.columns.front().left > section.columns.back().left;
-    const bool inColumns = m_form.columns && section.columns.size() > 1 && !rightToLeft;
+    const bool inColumns = standsInColumns(section, m_form);
+    std::vector<Area> areas = areasOf(page, section, margins, m_form, m_bottom);
     if (inColumns) {
-        flushBreak();
-        closeBefore();
-        beginColumns(page, section, margins);
+        m_breaks.writeSpace(m_form.places ? m_fit.spaces * (topOf(section) - m_bottom) : 0);
+        beginColumns(m_sink, page, section, margins, ++m_sections);
     }
-    std::vector<Area> areas;
-    for (const model::Box &column : section.columns) {
-        const bool ownStrip = inColumns || !m_form.places;
-        areas.push_back(
-            {ownStrip ? column.left : margins.left, ownStrip ? column.right : page.width - margins.right, 0});
+    writeBlocks(page, section, areas, inColumns);
+    if (inColumns) {
+        m_sink.xml.writeEndElement();
+        m_breaks.afterColumns();
     }
+    for (const Area &area : areas) {
+        m_bottom = std::max(m_bottom, area.bottom);
+    }
+}
+
+void FlowWriter::writeBlocks(
+    const model::Page &page, const model::Section &section, std::vector<Area> &areas, bool inColumns)
+{
     const model::Picture *picture = nullptr;
-    for (const model::Block &block : section.blocks) {
+    std::size_t before = 0;
+    for (std::size_t i = 0; i < section.blocks.size(); ++i) {
+        const model::Block &block = section.blocks[i];
         if (picture && isLabelOf(block, *picture)) {
-            writeLabels(*block.paragraph());
-            continue;
+            continue; // went with the picture
         }
         picture = block.picture();
         const auto column = std::min(static_cast<std::size_t>(std::max(0, block.column)), areas.size() - 1);
-        writeBlock(page, block, section.columns[column], areas[column]);
-    }
-    if (inColumns) {
-        m_sink.xml.writeEndElement();
-        m_breakWouldBeLost = true;
-        m_afterTable = false;
+        Area &area = areas[column];
+        // A column that begins with a paragraph of its own begins there in the text as well, unless the one before it
+        // is full: a line too many in that one would leave a page with nothing else.
+        const bool full = areas[before].bottom > m_end - RoomForBreak;
+        if (inColumns && column > before && !area.begun && !full) {
+            m_breaks.addColumn();
+        }
+        before = column;
+        m_labels = labelsAfter(section, i);
+        writeBlock(page, block, section.columns[column], area, baselineAfter(section, i));
+        area.begun = true;
+        area.followsOther = false;
+        if (const model::Paragraph *paragraph = block.paragraph()) {
+            noteLines(*paragraph, section, areas, column);
+        }
     }
 }
 
-void FlowWriter::writeBlock(const model::Page &page, const model::Block &block, const model::Box &column, Area &area)
+void FlowWriter::writeBlock(
+    const model::Page &page, const model::Block &block, const model::Box &column, Area &area,
+    std::optional<double> baselineAfter)
 {
     if (const model::Paragraph *paragraph = block.paragraph()) {
-        writeParagraphBlock(page, *paragraph, column, area);
-        m_afterTable = false;
-    } else if (const model::Table *table = block.table()) {
-        flushBreak();
-        closeBefore();
-        if (m_afterTable) {
-            writeAnchorParagraph(m_sink, {});
-        }
-        TablePlace place;
-        place.left = table->box.left - area.left;
-        place.above = m_firstAbove + (area.bottom > 0 ? std::max(0.0, table->box.top - area.bottom) : 0);
-        place.exactLeading = m_form.places;
-        writeTable(m_sink, *table, place);
-        m_afterTable = true;
+        writeParagraphBlock(page, *paragraph, column, area, baselineAfter);
+        return;
+    }
+    if (const model::Table *table = block.table()) {
+        writeTableBlock(*table, area);
     } else if (const model::Picture *picture = block.picture()) {
         if (m_form.pages && isBehindText(page, *picture)) {
+            if (!m_labels.empty()) {
+                beginAnchorParagraph(m_sink, m_breaks.take());
+                writeLabels();
+                m_sink.xml.writeEndElement();
+            }
             return;
         }
         writePictureBlock(page, *picture, area);
-        m_afterTable = false;
     }
-    m_firstAbove = 0;
     area.bottom = block.box().bottom;
+    area.baseline.reset();
+}
+
+void FlowWriter::writeTableBlock(const model::Table &table, Area &area)
+{
+    m_breaks.writeSpace(m_fit.spaces * spaceAbove(area, table.box.top, m_form));
+    TablePlace place;
+    place.left = table.box.left - area.left;
+    place.exactLeading = m_form.places;
+    place.repeatsHead = !m_form.pages;
+    writeTable(m_sink, table, place);
+    m_breaks.afterTable();
+}
+
+// A paragraph's line reaches over its whole width: a shorter one gets an empty paragraph of its own.
+void FlowWriter::writeShortRule(const Decoration &decoration, const Area &area, ParagraphPlace place)
+{
+    place.ruleBelow = decoration.above;
+    place.gapBelow = 0;
+    place.left = decoration.aboveFrom - area.left;
+    place.right = area.right - decoration.aboveTo;
+    writeAnchorParagraph(m_sink, place);
 }
 
 void FlowWriter::writeParagraphBlock(
-    const model::Page &page, const model::Paragraph &paragraph, const model::Box &column, const Area &area)
+    const model::Page &page, const model::Paragraph &paragraph, const model::Box &column, Area &area,
+    std::optional<double> baselineAfter)
 {
-    closeBefore();
-    ParagraphPlace place = std::exchange(m_pending, {});
-    m_hasPending = false;
+    ParagraphPlace place = m_breaks.take();
     const Decoration decoration = decorationOf(page, paragraph.box);
+    const LaidOut lies = laidOut(paragraph, area.baseline, baselineAfter);
+    model::Paragraph placed = paragraph;
+    placed.spaceBefore = m_fit.spaces * spaceAbove(area, lies.top, m_form);
+    if (decoration.above.width > 0) {
+        placed.spaceBefore = std::max(0.0, placed.spaceBefore - decoration.gapAbove - decoration.above.width);
+    }
+    if (hasShortRule(decoration, column)) {
+        place.above = std::exchange(placed.spaceBefore, decoration.gapAbove);
+        writeShortRule(decoration, area, std::exchange(place, {}));
+    } else {
+        place.ruleAbove = decoration.above;
+    }
     place.background = decoration.background;
-    place.ruleAbove = decoration.above;
     place.ruleBelow = decoration.below;
+    place.gapAbove = decoration.gapAbove;
+    place.gapBelow = decoration.gapBelow;
     place.left = column.left - area.left;
     place.right = area.right - column.right;
-    place.above = m_firstAbove;
     place.exactLeading = m_form.places;
-    writeParagraph(m_sink, paragraph, place);
+    place.lineHeight = m_fit.lines * lies.lineHeight;
+    writeParagraph(m_sink, placed, place);
+    area.bottom = lies.bottom;
+    area.baseline = lastBaseline(paragraph);
 }
 
 // The picture shows its labels; hidden, they can still be found.
-void FlowWriter::writeLabels(const model::Paragraph &labels)
+void FlowWriter::writeLabels()
 {
     const QString hidden = m_sink.styles.name(
         {"style:style"_L1,
          {{"style:family"_L1, u"text"_s}},
          {{"style:text-properties"_L1, {{"fo:font-size"_L1, u"1pt"_s}, {"text:display"_L1, u"none"_s}}}}});
-    beginAnchorParagraph(m_sink, {});
-    m_sink.xml.writeStartElement("text:span"_L1);
-    m_sink.xml.writeAttribute("text:style-name"_L1, hidden);
-    for (const model::Run &run : labels.runs) {
-        writeText(m_sink.xml, run.text);
+    for (const model::Paragraph *labels : std::exchange(m_labels, {})) {
+        m_sink.xml.writeStartElement("text:span"_L1);
+        m_sink.xml.writeAttribute("text:style-name"_L1, hidden);
+        for (const model::Run &run : labels->runs) {
+            writeText(m_sink.xml, run.text);
+        }
+        writeText(m_sink.xml, u" "_s);
+        m_sink.xml.writeEndElement();
     }
-    m_sink.xml.writeEndElement();
-    m_sink.xml.writeEndElement();
 }
 
-void FlowWriter::writePictureBlock(const model::Page &page, const model::Picture &picture, const Area &area)
+void FlowWriter::writePictureBlock(const model::Page &page, const model::Picture &picture, Area &area)
 {
-    closeBefore();
     model::Paragraph holder;
     holder.indentLeft = std::max(0.0, picture.box.left - area.left);
-    holder.spaceBefore = m_firstAbove + (area.bottom > 0 ? std::max(0.0, picture.box.top - area.bottom) : 0);
-    ParagraphPlace place = std::exchange(m_pending, {});
-    m_hasPending = false;
+    holder.spaceBefore = m_fit.spaces * spaceAbove(area, picture.box.top, m_form);
+    holder.runs = {{QString(), {}}};
+    holder.runs[0].style.size = 1;
+    ParagraphPlace place = m_breaks.take();
     place.exactLeading = false; // the line must grow to the picture's height
     m_sink.xml.writeStartElement("text:p"_L1);
     m_sink.xml.writeAttribute("text:style-name"_L1, m_sink.styles.name(paragraphStyle(holder, place)));
     model::Box box = picture.box;
-    const double widest = area.right - area.left;
+    const double widest = area.right - area.left - holder.indentLeft;
     if (box.width() > widest && widest > 0) {
         box.bottom = box.top + box.height() * widest / box.width();
         box.right = box.left + widest;
     }
     writePicture(m_sink, m_pictures.encode(page.number, picture.box, picture.kind), box, FrameAnchor::Line);
+    writeLabels();
     m_sink.xml.writeEndElement();
 }
 
