@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/exact_lines.h"
 
+#include "engine/office/flow_layout.h"
 #include "engine/office/font_widths.h"
 
 #include <algorithm>
@@ -12,8 +13,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double BaselinePart = 0.8; // of a line's fixed height
-constexpr double UsualHeight = 1.2;  // of the size of type
+constexpr double UsualHeight = 1.2; // of the size of type
 constexpr double LeastHeight = 0.4;
 constexpr double SpacingStep = 0.05;  // finer steps only multiply styles
 constexpr double SpacingSlack = 0.15; // points by which a word may end off its place
@@ -101,9 +101,12 @@ public:
             if (i + 1 == line.words.size()) {
                 break;
             }
-            const double next = line.words[i + 1].box.left;
+            const model::Word &following = line.words[i + 1];
+            const double next = following.box.left;
             if (word.spaceAfter || next > word.box.right + LeastGap * word.style.size) {
-                writePiece(u" "_s, word.style, std::max(next, word.box.right), 0);
+                model::Style blank = word.style;
+                blank.link = following.style.link == blank.link ? blank.link : QString();
+                writePiece(u" "_s, blank, std::max(next, word.box.right), 0);
             }
         }
         flush();
@@ -128,24 +131,34 @@ private:
         } else {
             m_at = end;
         }
-        style.link.clear();
         const QString look = pieceStyle(style, spacing, rise);
-        if (look != m_look) {
+        const QString link = linkTarget(style.link);
+        if (look != m_look || link != m_link) {
             flush();
             m_look = look;
+            m_link = link;
         }
         m_pending += text;
     }
 
     void flush()
     {
-        if (!m_pending.isEmpty()) {
-            m_sink.xml.writeStartElement("text:span"_L1);
-            m_sink.xml.writeAttribute("text:style-name"_L1, m_look);
-            writeText(m_sink.xml, m_pending);
-            m_sink.xml.writeEndElement();
-            m_pending.clear();
+        if (m_pending.isEmpty()) {
+            return;
         }
+        if (!m_link.isEmpty()) {
+            m_sink.xml.writeStartElement("text:a"_L1);
+            m_sink.xml.writeAttribute("xlink:type"_L1, "simple"_L1);
+            m_sink.xml.writeAttribute("xlink:href"_L1, m_link);
+        }
+        m_sink.xml.writeStartElement("text:span"_L1);
+        m_sink.xml.writeAttribute("text:style-name"_L1, m_look);
+        writeText(m_sink.xml, m_pending);
+        m_sink.xml.writeEndElement();
+        if (!m_link.isEmpty()) {
+            m_sink.xml.writeEndElement();
+        }
+        m_pending.clear();
     }
 
     QString pieceStyle(const model::Style &style, double spacing, double rise)
@@ -166,6 +179,7 @@ private:
     double m_at;
     double m_spacing = 0;
     QString m_look;    // the style of the text that is not written yet
+    QString m_link;    // where that text leads
     QString m_pending; // that text
 };
 
@@ -191,8 +205,42 @@ bool readsRightToLeft(const model::Line &line)
     return line.words.size() > 1 && line.words.front().box.left > line.words.back().box.left;
 }
 
+// A turned line as if it ran from left to right, beginning at 0 on a baseline at the rise of its type.
+model::Line uprightLine(const model::Line &line, double size)
+{
+    model::Line upright{{0, 0, line.box.height(), UsualHeight * size}, riseOf(size), 0, line.words};
+    for (model::Word &word : upright.words) {
+        const bool down = line.rotation == 90;
+        const double from = down ? word.box.top - line.box.top : line.box.bottom - word.box.bottom;
+        const double off = down ? line.baseline - word.baseline : word.baseline - line.baseline;
+        word.box = {from, 0, from + word.box.height(), UsualHeight * size};
+        word.baseline = upright.baseline + off;
+    }
+    return upright;
+}
+
+// Text that runs down or up the page: in a frame whose lines do so.
+void writeTurned(const Sink &sink, const model::Line &line, FrameAnchor anchor)
+{
+    const double size = sizeOf(line);
+    const bool down = line.rotation == 90;
+    const double height = UsualHeight * size;
+    const double left = down ? line.baseline + riseOf(size) - height : line.baseline - riseOf(size);
+    model::Box box{left, line.box.top, left + height, line.box.bottom};
+    (down ? box.bottom : box.top) += down ? SpareWidth : -SpareWidth;
+    beginTextFrame(sink, box, anchor, false, down ? FrameDirection::Down : FrameDirection::Up);
+    writeLine(sink, uprightLine(line, size), {0, height}, 0, false);
+    sink.xml.writeEndElement();
+    sink.xml.writeEndElement();
+}
+
 void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, FrameAnchor anchor)
 {
+    const int rotation = group.front().rotation;
+    if (rotation == 90 || rotation == 270) {
+        writeTurned(sink, group.front(), anchor);
+        return;
+    }
     std::vector<double> baselines;
     std::vector<double> sizes;
     model::Box box;

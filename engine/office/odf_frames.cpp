@@ -54,7 +54,7 @@ void writePlace(QXmlStreamWriter &xml, const model::Box &box, FrameAnchor anchor
 
 } // namespace
 
-void beginTextFrame(const Sink &sink, const model::Box &box, FrameAnchor anchor, bool grows)
+void beginTextFrame(const Sink &sink, const model::Box &box, FrameAnchor anchor, bool grows, FrameDirection direction)
 {
     QXmlStreamWriter &xml = sink.xml;
     Attributes look = {
@@ -69,6 +69,11 @@ void beginTextFrame(const Sink &sink, const model::Box &box, FrameAnchor anchor,
                          {"draw:textarea-vertical-align"_L1, u"top"_s}});
     } else {
         look.emplace_back("style:background-transparency"_L1, u"100%"_s);
+    }
+    if (direction == FrameDirection::Down) {
+        look.emplace_back("style:writing-mode"_L1, u"tb-rl"_s);
+    } else if (direction == FrameDirection::Up) {
+        look.emplace_back("loext:writing-mode"_L1, u"bt-lr"_s);
     }
     xml.writeStartElement("draw:frame"_L1);
     xml.writeAttribute("draw:style-name"_L1, frameStyle(sink, anchor, "Frame"_L1, look));

@@ -17,9 +17,14 @@ enum class FrameAnchor {
     Sheet   ///< at a place of the sheet
 };
 
+/// Which way the lines of a frame run on the page.
+enum class FrameDirection { Across, Down, Up };
+
 /// Begins a text frame at the box; its paragraphs follow, then two elements are to be ended. With grows the frame gets
 /// higher where its text needs it.
-void beginTextFrame(const Sink &sink, const model::Box &box, FrameAnchor anchor, bool grows);
+void beginTextFrame(
+    const Sink &sink, const model::Box &box, FrameAnchor anchor, bool grows,
+    FrameDirection direction = FrameDirection::Across);
 
 /// Begins a frame for a table on a slide; the table follows, then one element is to be ended.
 void beginTableFrame(const Sink &sink, const model::Box &box);

@@ -25,6 +25,8 @@ private Q_SLOTS:
     void linesKeepTheirBaselines();
     void knowsWidthsOfCommonFaces();
     void exactLinesStandOverTheBackground();
+    void exactLinesKeepLinks();
+    void exactLinesKeepTheirTurn();
     void oneSlideForEachPage();
     void otherPageSizesAreCentred();
     void pagesTakeTheSizeAskedFor();
@@ -114,6 +116,42 @@ void OfficePlacedTest::exactLinesStandOverTheBackground()
     document.pages[0].rules = {{72, 120, 540, 120, 1, model::black}};
     QVERIFY(exact().contains(QLatin1String("svg:width=\"612.00pt\" svg:height=\"792.00pt\"")));
     QCOMPARE(pictures.backgrounds, 1);
+}
+
+void OfficePlacedTest::exactLinesKeepLinks()
+{
+    fixture::Pictures pictures;
+    model::Document document{{threeParagraphs()}};
+    std::vector<model::Word> &words = document.pages[0].sections[0].blocks[2].paragraph()->lines[0].words;
+    words[0].style.link = QStringLiteral("https://example.org/");
+    words[1].style.link = QStringLiteral("file:///etc/passwd");
+    const QString text = fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeExact(file, document, pictures); });
+    QCOMPARE(text.count(QLatin1String("<text:a ")), 1);
+    QVERIFY(text.contains(QLatin1String("xlink:href=\"https://example.org/\"><text:span ")));
+    QVERIFY(fixture::paragraphs(text).join(u' ').contains(QLatin1String("far below")));
+}
+
+void OfficePlacedTest::exactLinesKeepTheirTurn()
+{
+    fixture::Pictures pictures;
+    model::Paragraph turned = fixture::paragraph(QStringLiteral("up"), {72, 300, 82, 310});
+    turned.rotation = 270;
+    turned.lines[0].rotation = 270;
+    turned.lines[0].baseline = 80;
+    turned.lines[0].words[0].rotation = 270;
+    turned.lines[0].words[0].baseline = 80;
+    const auto exact = [&] {
+        const model::Document document{{pageOf({turned})}};
+        return fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeExact(file, document, pictures); });
+    };
+    const QString up = exact();
+    QVERIFY(up.contains(QLatin1String("loext:writing-mode=\"bt-lr\"")));
+    // The signs' heads are at the left of the baseline, and the line begins at the bottom.
+    QVERIFY(up.contains(QLatin1String("svg:x=\"70.40pt\" svg:y=\"276.00pt\" svg:width=\"12.00pt\"")));
+    turned.lines[0].rotation = 90;
+    const QString down = exact();
+    QVERIFY(down.contains(QLatin1String("style:writing-mode=\"tb-rl\"")));
+    QVERIFY(down.contains(QLatin1String("svg:x=\"77.60pt\" svg:y=\"300.00pt\" svg:width=\"12.00pt\"")));
 }
 
 void OfficePlacedTest::oneSlideForEachPage()
