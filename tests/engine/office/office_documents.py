@@ -23,6 +23,7 @@ ODD_TEXT = {"issue-848", "vertical", "rotation", "90ms_rksj_h_sample", "ArabicCI
 
 
 FEWEST_WORDS = 20
+FEWEST_FOR_ANTIWORD = 50  # it refuses files with less text
 
 
 class Documents:
@@ -75,9 +76,9 @@ class Documents:
     def check_other_kinds(self, path):
         doc = self.convert(path, ".doc")
         body = self.out / (path.stem + "-0.docx")
-        if doc and body.exists() and "right-to-left" not in path.name:
+        wanted = readers.tokens("\n".join(readers.WordFile(str(body)).paragraphs)) if body.exists() else []
+        if doc and len(wanted) > FEWEST_FOR_ANTIWORD and "right-to-left" not in path.name:
             # antiword leaves out running heads: what it finds is held against the other form's body.
-            wanted = readers.tokens("\n".join(readers.WordFile(str(body)).paragraphs))
             found = readers.tokens(readers.run("antiword", "-m", "UTF-8.txt", "-w", "0", doc).decode("utf-8", "replace"))
             recall, _ = metrics.recall_precision(found, wanted)
             self.suite.check(recall >= LEAST_RECALL[".doc"], path.name, ".doc holds %.3f of the words" % recall)
