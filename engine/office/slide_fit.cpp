@@ -18,6 +18,7 @@ namespace {
 constexpr double HeadGap = 1.8;         // the same in running heads, whose parts have nothing to do with one another
 constexpr double ApartGap = 3;          // between words that are no neighbours, times the size of type
 constexpr double LabelGap = 1;          // the same in drawings
+constexpr double WideGap = .65;         // more than a blank, but no more than belongs to one line
 constexpr double OffBaseline = 0.5;     // times the size of type
 constexpr double TightestSpacing = -.1; // times the size of type
 constexpr double WidestSpacing = .15;
@@ -178,7 +179,10 @@ QString blanksBetween(const model::Word &word, const model::Word &next)
 {
     const double gap = next.box.left - word.box.right;
     if (!word.style.fixedPitch) {
-        return word.spaceAfter ? u" "_s : QString();
+        // Behind the number of a heading stands more than one blank.
+        const double blank = textWidth(u" "_s, word.style).value_or(word.style.size / 4);
+        const bool wide = word.spaceAfter && gap > WideGap * word.style.size;
+        return wide ? QString(std::lround(gap / blank), u' ') : word.spaceAfter ? u" "_s : QString();
     }
     const auto blanks = static_cast<qsizetype>(std::lround(gap / (FixedPitch * word.style.size)));
     return QString(std::clamp<qsizetype>(blanks, word.spaceAfter ? 1 : 0, 80), u' ');

@@ -58,6 +58,21 @@ void writeLink(const Sink &sink, const model::Run &run, const model::Style &look
     }
 }
 
+// As many blanks as stand between the mark and the text on the page.
+QString blanksAfterMark(const model::Paragraph &paragraph)
+{
+    constexpr double blank = 0.25; // times the size of type
+    constexpr qsizetype most = 20;
+    if (paragraph.lines.empty() || paragraph.lines.front().words.size() < 2) {
+        return u" "_s;
+    }
+    const std::vector<model::Word> &words = paragraph.lines.front().words;
+    const double gap = words[1].box.left - words[0].box.right;
+    const bool isMark = words[0].text == paragraph.listMark;
+    const qsizetype blanks = isMark ? std::lround(gap / (blank * words[1].style.size)) : 1;
+    return QString(std::clamp<qsizetype>(blanks, 1, most), u' ');
+}
+
 // The frame of lines that do not wrap: with room on the side to which they grow, where another font is wider.
 model::Box roomOfLines(const model::Box &box, model::Alignment alignment)
 {
@@ -183,7 +198,7 @@ void writeSlideParagraph(const Sink &sink, const model::Paragraph &paragraph, do
         if (paragraph.firstLineIndent < 0) {
             sink.xml.writeEmptyElement("text:tab"_L1);
         } else {
-            sink.xml.writeCharacters(u" "_s);
+            writeText(sink.xml, blanksAfterMark(paragraph));
         }
     }
     const std::vector<Rise> rises = risesOf(paragraph);

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void linksKeepTheirText();
     void linksToMissingPagesAreDropped();
     void wideGapsPartALine();
+    void marksKeepTheirDistance();
     void turnedTextTurnsItsFrame();
     void rightToLeftLinesStandRight();
     void boxesBeginAboveTheBaseline();
@@ -125,6 +126,19 @@ void OfficeSlidesTest::wideGapsPartALine()
     QCOMPARE(pieces[1].box.left, 380.0);
     paragraph.lines[0].words[2].box = {130, 100, 145, 112};
     QCOMPARE(piecesApart(paragraph, false).size(), std::size_t(1));
+    // Less wide ones stay in the line: from 122 to 136, 2.5 points a blank.
+    paragraph.lines[0].words[2].box = {136, 100, 151, 112};
+    QCOMPARE(piecesApart(paragraph, false).size(), std::size_t(1));
+    QCOMPARE(runsByLine(paragraph)[0].text, QStringLiteral("Appendix B      200"));
+}
+
+void OfficeSlidesTest::marksKeepTheirDistance()
+{
+    model::Paragraph paragraph = lineAt(QStringLiteral("10. Financing"), {72, 100, 200, 112});
+    paragraph.listMark = QStringLiteral("10.");
+    paragraph.runs[0].text = QStringLiteral("Financing");
+    paragraph.lines[0].words[1].box.left = paragraph.lines[0].words[0].box.right + 15;
+    QCOMPARE(fixture::paragraphs(slides(documentOf({paragraph}))), QStringList{QStringLiteral("10.      Financing")});
 }
 
 void OfficeSlidesTest::turnedTextTurnsItsFrame()
