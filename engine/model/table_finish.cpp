@@ -2,6 +2,7 @@
 #include "engine/model/table_finish.h"
 
 #include "engine/model/build.h"
+#include "engine/model/cell_columns.h"
 #include "engine/model/column_alignment.h"
 #include "engine/model/paragraphs.h"
 
@@ -92,9 +93,11 @@ Table finishedTable(TableWords found, const std::vector<Fill> &fills)
     Table table = std::move(found.table);
     for (std::size_t i = 0; i < table.cells.size(); ++i) {
         Cell &cell = table.cells[i];
-        cell.paragraphs = cellParagraphs(found.words[i], cell.box);
-        for (Paragraph &paragraph : cell.paragraphs) {
-            alignInCell(paragraph, cell.box);
+        for (const CellColumn &part : cellColumns(found.words[i], cell.box)) {
+            for (Paragraph &paragraph : cellParagraphs(part.words, part.box)) {
+                alignInCell(paragraph, part.box);
+                cell.paragraphs.push_back(std::move(paragraph));
+            }
         }
         cell.background = backgroundOf(cell, table, fills);
     }
