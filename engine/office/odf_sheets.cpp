@@ -8,6 +8,7 @@
 #include "engine/office/raised_marks.h"
 #include "engine/office/sheet_date.h"
 #include "engine/office/sheet_layout.h"
+#include "engine/office/sheet_printing.h"
 
 #include <algorithm>
 
@@ -46,6 +47,7 @@ class SheetWriter
 public:
     SheetWriter(OdfFile &file, model::PictureSource &pictures, const QStringList &texts)
         : m_sink{file.body(), file.styles()}
+        , m_printing(file.masters())
         , m_pictures(pictures)
         , m_numberStyle(numberStyleOf(texts))
         , m_dateOrder(dateOrderOf(texts))
@@ -56,7 +58,7 @@ public:
     void writeLines(const model::Document &document);
 
 private:
-    void beginSheet(const QString &name);
+    void beginSheet(const QString &name, const model::Page &page);
     void writeColumn(double width);
     void beginRow(double height);
     void writeCell(const model::Cell &cell, double indent);
@@ -64,15 +66,17 @@ private:
     QString cellStyle(const model::Cell &cell, const QString &dataStyle, double indent);
 
     Sink m_sink;
+    SheetPrinting m_printing;
     model::PictureSource &m_pictures;
     NumberStyle m_numberStyle;
     DateOrder m_dateOrder;
 };
 
-void SheetWriter::beginSheet(const QString &name)
+void SheetWriter::beginSheet(const QString &name, const model::Page &page)
 {
     m_sink.xml.writeStartElement("table:table"_L1);
     m_sink.xml.writeAttribute("table:name"_L1, name);
+    m_sink.xml.writeAttribute("table:style-name"_L1, m_printing.sheetStyle(m_sink.styles, page.width, page.height));
 }
 
 void SheetWriter::writeColumn(double width)
@@ -183,7 +187,7 @@ void SheetWriter::writeCell(const model::Cell &cell, double indent)
 
 void SheetWriter::writeTables(const model::Page &page, const std::vector<const model::Table *> &tables)
 {
-    beginSheet(u"Page %1"_s.arg(page.number));
+    beginSheet(u"Page %1"_s.arg(page.number), page);
     const std::vector<double> widths = sheetColumns(tables);
     std::for_each(widths.begin(), widths.end(), [this](double width) { writeColumn(width); });
     for (const model::Table *table : tables) {
@@ -212,7 +216,7 @@ void SheetWriter::writeTables(const model::Page &page, const std::vector<const m
 
 void SheetWriter::writeScan(const model::Page &page)
 {
-    beginSheet(u"Page %1"_s.arg(page.number));
+    beginSheet(u"Page %1"_s.arg(page.number), page);
     m_sink.xml.writeStartElement("table:shapes"_L1);
     writePictures(m_sink, page, m_pictures, FrameAnchor::Sheet);
     m_sink.xml.writeEndElement();
@@ -239,7 +243,7 @@ model::Cell cellOf(const model::Line &line)
 
 void SheetWriter::writeLines(const model::Document &document)
 {
-    beginSheet(u"Text"_s);
+    beginSheet(u"Text"_s, document.pages.empty() ? model::Page{} : document.pages.front());
     writeColumn(LineWidth);
     for (const model::Page &page : document.pages) {
         forEachParagraph(page, [this](const model::Paragraph &paragraph) {

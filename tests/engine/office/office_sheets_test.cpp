@@ -27,6 +27,7 @@ private Q_SLOTS:
     void datesAreReadAsTheDocumentWritesThem_data();
     void datesAreReadAsTheDocumentWritesThem();
     void datesAreDays();
+    void sheetsPrintOnOnePaperWidth();
 };
 
 namespace {
@@ -192,6 +193,24 @@ void OfficeSheetsTest::datesAreDays()
         sheets(fixture::table(1, {QStringLiteral("8/9/2012"), QStringLiteral("10/31/2012"), QStringLiteral("x")}));
     QVERIFY(text.contains(QLatin1String("office:value-type=\"date\" office:date-value=\"2012-08-09\"")));
     QVERIFY(text.contains(QLatin1String("<number:month number:style=\"short\"")));
+}
+
+void OfficeSheetsTest::sheetsPrintOnOnePaperWidth()
+{
+    fixture::Pictures pictures;
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {{fixture::table(1, {QStringLiteral("a")}), 0}};
+    model::Page across = page;
+    across.width = 842;
+    across.height = 595;
+    const model::Document document{{page, across, across}};
+    const QString text =
+        fixture::odf(OdfKind::Spreadsheet, [&](OdfFile &file) { writeSheets(file, document, pictures); });
+    QCOMPARE(text.count(QLatin1String("style:scale-to-X=\"1\"")), 2);
+    QCOMPARE(text.count(QLatin1String("style:print-orientation=\"landscape\"")), 1);
+    QCOMPARE(text.count(QLatin1String("<style:master-page ")), 2);
+    QVERIFY(text.contains(QLatin1String("fo:page-width=\"612.00pt\"")));
+    QVERIFY(text.contains(QLatin1String("fo:page-width=\"841.89pt\"")));
 }
 
 QTEST_APPLESS_MAIN(OfficeSheetsTest)
