@@ -54,13 +54,14 @@ void convertThroughOffice(const Job &job, OdfKind kind, Component component, con
 void convertToWord(const Job &job)
 {
     const WordMode mode = job.options.wordMode;
+    const bool breaksApart = outputExtension(job.options.outputPath) != ".doc";
     convertThroughOffice(
         job, OdfKind::Text, Component::Writer,
-        [mode](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
+        [mode, breaksApart](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
             switch (mode) {
             case WordMode::Combine:
                 model::joinContinuations(document, false);
-                writeFlow(file, document, pictures, {true, true, true});
+                writeFlow(file, document, pictures, {true, true, true, breaksApart});
                 break;
             case WordMode::FlowWithBoxes:
                 writeFramed(file, document, pictures);
@@ -69,11 +70,11 @@ void convertToWord(const Job &job)
                 writeExact(file, document, pictures);
                 break;
             case WordMode::FlowWithoutBoxes:
-                writeFlow(file, document, pictures, {false, true, true});
+                writeFlow(file, document, pictures, {false, true, true, breaksApart});
                 break;
             case WordMode::Continuous:
                 model::joinContinuations(document, true);
-                writeFlow(file, document, pictures, {false, false, false});
+                writeFlow(file, document, pictures, {false, false, false, breaksApart});
                 break;
             }
         });

@@ -15,6 +15,9 @@ struct FlowForm
     bool columns = false; ///< columns stay columns; otherwise they follow one another
     bool pages = true;    ///< page breaks and running heads stay
     bool places = true;   ///< indents and spacing as on the page
+    /// Breaks beside columns get empty paragraphs of their own. Word's newer formats lose them otherwise; in the older
+    /// one such a paragraph fills a page.
+    bool breaksApart = true;
 };
 
 /// The strip that blocks stand in, a column or the page between its margins, and how far it is filled. In points.

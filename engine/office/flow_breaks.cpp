@@ -43,7 +43,7 @@ ParagraphPlace FlowBreaks::take()
 
 void FlowBreaks::writeSpace(double height)
 {
-    const bool needed = m_hasPending || m_afterColumns || m_afterTable || height > LeastSpace;
+    const bool needed = (m_hasPending && m_apart) || (m_afterColumns && m_apart) || m_afterTable || height > LeastSpace;
     if (!m_hasPending) {
         m_afterColumns = false; // the paragraph for the space closes them as well
     }
@@ -69,7 +69,7 @@ void FlowBreaks::afterColumns()
 
 void FlowBreaks::close()
 {
-    if (std::exchange(m_afterColumns, false)) {
+    if (std::exchange(m_afterColumns, false) && m_apart) {
         writeAnchorParagraph(m_sink, {});
         m_afterTable = false;
     }

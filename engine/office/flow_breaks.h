@@ -13,7 +13,8 @@ namespace quorra::office {
 class FlowBreaks
 {
 public:
-    explicit FlowBreaks(const Sink &sink) : m_sink(sink) {}
+    /// Without apart, columns and what they hold carry breaks themselves.
+    FlowBreaks(const Sink &sink, bool apart) : m_sink(sink), m_apart(apart) {}
 
     /// The next paragraph is a link target of this name.
     void addBookmark(const QString &name);
@@ -43,6 +44,7 @@ private:
     void close();
 
     const Sink &m_sink;
+    bool m_apart;
     ParagraphPlace m_pending;
     bool m_hasPending = false;
     bool m_afterColumns = false;

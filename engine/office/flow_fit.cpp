@@ -52,6 +52,7 @@ double widthOf(const model::Word &word)
 Heights heightsOf(const model::Section &section, bool inColumns)
 {
     Heights heights;
+    double tallest = 0; // line
     std::vector<Area> areas(section.columns.size());
     for (Area &area : areas) {
         area.bottom = topOf(section);
@@ -78,6 +79,7 @@ Heights heightsOf(const model::Section &section, bool inColumns)
         heights.spaces += spaceAbove(area, lies.top, {});
         const int lines = paragraph->lines.size() > 1 ? wrappedLines(*paragraph, width) : 1;
         heights.lines += lines * lies.lineHeight;
+        tallest = std::max(tallest, lies.lineHeight);
         area.bottom = lies.bottom;
         area.baseline = lastBaseline(*paragraph);
         area.followsOther = false;
@@ -88,6 +90,7 @@ Heights heightsOf(const model::Section &section, bool inColumns)
         heights.lines /= columns;
         heights.spaces /= columns;
         heights.fixed /= columns;
+        heights.fixed += tallest; // columns never come out quite equal
     }
     return heights;
 }

@@ -30,7 +30,7 @@ public:
         , m_masters({file.masters(), file.styles()})
         , m_pictures(pictures)
         , m_form(form)
-        , m_breaks(m_sink)
+        , m_breaks(m_sink, form.breaksApart)
     {}
 
     void write(const model::Document &document);

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void blankSpaceStaysBetweenBlocks();
     void columnsBeginWhereTheyDoOnThePage();
     void fullColumnsRunOn();
+    void breaksStandApartWhereAsked();
     void textFromTheRightStandsAtTheRight();
     void shortItemsHang();
     void pageNumbersStayAtTheRight();
@@ -187,6 +188,21 @@ void OfficeLayoutTest::fullColumnsRunOn()
         fixture::block(fixture::paragraph(QStringLiteral("left"), {72, 708, 300, 720})),
         fixture::block(fixture::paragraph(QStringLiteral("right"), {312, 72, 540, 84}), 1)};
     QCOMPARE(flow(page).count(QLatin1String("fo:break-before=\"column\"")), 0);
+}
+
+void OfficeLayoutTest::breaksStandApartWhereAsked()
+{
+    model::Page page = fixture::page({{72, 72, 300, 720}, {312, 72, 540, 720}});
+    page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("text"), {72, 72, 300, 84}))};
+    fixture::Pictures pictures;
+    const model::Document document{{page, page}};
+    const auto paragraphs = [&](bool apart) {
+        return fixture::paragraphs(fixture::odf(OdfKind::Text, [&](OdfFile &file) {
+            writeFlow(file, document, pictures, {true, true, true, apart});
+        }));
+    };
+    QCOMPARE(paragraphs(false), (QStringList{QStringLiteral("text"), QStringLiteral("text")}));
+    QCOMPARE(paragraphs(true).count(QString()), 3); // before each page's columns, and between the pages
 }
 
 void OfficeLayoutTest::textFromTheRightStandsAtTheRight()
