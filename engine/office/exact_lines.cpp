@@ -183,13 +183,13 @@ private:
     QString m_pending; // that text
 };
 
-void writeLine(const Sink &sink, const model::Line &line, const LinePlace &place, double left, bool rightToLeft)
+void writeLine(const Sink &sink, const model::Line &line, const LinePlace &place, double indent, bool rightToLeft)
 {
     const Element style{
         "style:style"_L1,
         {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Standard"_s}},
         {{"style:paragraph-properties"_L1,
-          {{"fo:margin-left"_L1, pt(std::max(LeastIndent, line.box.left - left))},
+          {{"fo:margin-left"_L1, pt(indent)},
            {"fo:margin-top"_L1, pt(place.above)},
            {"fo:line-height"_L1, pt(place.height)},
            {"fo:text-align"_L1, u"left"_s},
@@ -258,8 +258,10 @@ void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, Fram
     }
     box.bottom = box.top + height;
     beginTextFrame(sink, box, anchor, anchor == FrameAnchor::Page);
+    const double least = anchor == FrameAnchor::Slide ? LeastIndent : 0;
     for (std::size_t i = 0; i < group.size(); ++i) {
-        writeLine(sink, group[i], places[i], box.left, readsRightToLeft(group[i]));
+        const double indent = std::max(least, group[i].box.left - box.left);
+        writeLine(sink, group[i], places[i], indent, readsRightToLeft(group[i]));
     }
     sink.xml.writeEndElement();
     sink.xml.writeEndElement();
