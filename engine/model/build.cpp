@@ -8,7 +8,14 @@
 
 namespace quorra::model {
 
-Document buildDocument(std::vector<RawPage> pages)
+void onePageAfterAnother(int count, const std::function<void(int)> &work)
+{
+    for (int page = 0; page < count; ++page) {
+        work(page);
+    }
+}
+
+Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
 {
     std::vector<int> rotations;
     for (RawPage &page : pages) {
@@ -17,10 +24,12 @@ Document buildDocument(std::vector<RawPage> pages)
     }
     const auto heads = findRunningHeads(pages);
     Document document;
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        document.pages.push_back(buildPage(pages[i], heads[i]));
+    document.pages.resize(pages.size());
+    forEach(static_cast<int>(pages.size()), [&](int page) {
+        const auto i = static_cast<std::size_t>(page);
+        document.pages[i] = buildPage(pages[i], heads[i]);
         pages[i] = {}; // its words live on in the lines
-    }
+    });
     assignRoles(document);
     markContinuations(document);
     for (std::size_t i = 0; i < rotations.size(); ++i) {

@@ -10,6 +10,7 @@
 #include "engine/pdf/collect_pages.h"
 #include "engine/pdf/collector_pictures.h"
 #include "engine/platform/output_file.h"
+#include "engine/platform/page_pool.h"
 #include "engine/platform/temp_folder.h"
 
 #include <cstdlib>
@@ -32,7 +33,8 @@ void convertThroughOffice(const Job &job, OdfKind kind, Component component, con
     const TempFolder folder;
     const std::string source = folder.path() + "/document.xml";
     {
-        model::Document document = model::buildDocument(collectPages(job, Collect::Everything));
+        DocumentCopies copies(job);
+        model::Document document = model::buildDocument(collectPages(job, copies, Collect::Everything), forEachPage);
         const Options &options = job.options;
         PagePictureSource pagePictures(
             job.document, options.colourDepth, options.horizontalResolution(EmbeddedResolution),

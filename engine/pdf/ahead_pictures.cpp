@@ -59,7 +59,8 @@ int countOf(const std::vector<PageOfPictures> &pages)
 
 } // namespace
 
-AheadPictures::AheadPictures(const Job &job, const model::Document &document, model::PictureSource &source)
+AheadPictures::AheadPictures(
+    const Job &job, DocumentCopies &copies, const model::Document &document, model::PictureSource &source)
     : m_source(source)
 {
     const std::vector<PageOfPictures> pages = wantedPictures(document);
@@ -70,9 +71,9 @@ AheadPictures::AheadPictures(const Job &job, const model::Document &document, mo
     std::mutex mutex;
     runPool(threads, static_cast<int>(pages.size()), [&](const PageSource &next) {
         const Options &options = job.options;
-        Document copy(options.inputPath, options.userPassword, options.ownerPassword);
+        const DocumentCopies::Loan lent = copies.borrow();
         PagePictureSource pictures(
-            copy, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
+            *lent, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
             options.verticalResolution(EmbeddedResolution));
         pictures.expect(document);
         std::map<Key, model::EncodedPicture> drawn;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/convert.h"
 #include "engine/model/document.h"
 #include "engine/model/picture.h"
+#include "engine/pdf/document_copies.h"
 
 #include <map>
 #include <tuple>
@@ -16,7 +16,8 @@ class AheadPictures final : public model::PictureSource
 public:
     /// Draws the pictures of the document as it was built, before its pages are moved or scaled. Few pictures are left
     /// to the other source, which must outlive this one.
-    AheadPictures(const Job &job, const model::Document &document, model::PictureSource &source);
+    AheadPictures(
+        const Job &job, DocumentCopies &copies, const model::Document &document, model::PictureSource &source);
 
     model::EncodedPicture encode(int pageNumber, const model::Box &box, model::PictureKind kind) override;
     model::EncodedPicture background(int pageNumber) override { return m_source.background(pageNumber); }

@@ -5,24 +5,22 @@
 
 namespace quorra {
 
-std::vector<model::RawPage> collectPages(const Job &job, Collect what)
+std::vector<model::RawPage> collectPages(const Job &job, DocumentCopies &copies, Collect what)
 {
     std::vector<model::RawPage> pages(static_cast<std::size_t>(job.pageCount()));
-    const auto collect = [&](Document &document, const PageSource &next) {
-        PageCollector collector(document, what);
+    const auto collect = [&](const PageSource &next) {
+        const DocumentCopies::Loan document = copies.borrow();
+        PageCollector collector(*document, what);
         while (const int position = next()) {
             pages[static_cast<std::size_t>(position) - 1] = collector.collect(job.firstPage + position - 1);
         }
     };
     const int threads = poolSize(job.pageCount());
     if (threads == 1) {
-        collect(job.document, pagesOneByOne(job.pageCount()));
-        return pages;
+        collect(pagesOneByOne(job.pageCount()));
+    } else {
+        runPool(threads, job.pageCount(), collect);
     }
-    runPool(threads, job.pageCount(), [&](const PageSource &next) {
-        Document copy(job.options.inputPath, job.options.userPassword, job.options.ownerPassword);
-        collect(copy, next);
-    });
     return pages;
 }
 

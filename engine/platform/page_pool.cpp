@@ -61,4 +61,17 @@ void runPool(int threads, int pageCount, const std::function<void(const PageSour
         std::rethrow_exception(failure);
 }
 
+void forEachPage(int pageCount, const std::function<void(int)> &work)
+{
+    const auto all = [&work](const PageSource &next) {
+        while (const int position = next())
+            work(position - 1);
+    };
+    const int threads = poolSize(pageCount);
+    if (threads == 1)
+        all(pagesOneByOne(pageCount));
+    else
+        runPool(threads, pageCount, all);
+}
+
 } // namespace quorra

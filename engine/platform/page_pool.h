@@ -18,4 +18,8 @@ PageSource pagesOneByOne(int pageCount);
 /// here when all have ended.
 void runPool(int threads, int pageCount, const std::function<void(const PageSource &)> &work);
 
+/// Does the work for each page, numbered from 0, several pages at a time where there are many. The first failure is
+/// thrown here when all threads have ended.
+void forEachPage(int pageCount, const std::function<void(int)> &work);
+
 } // namespace quorra

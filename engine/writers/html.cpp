@@ -7,6 +7,7 @@
 #include "engine/pdf/collect_pages.h"
 #include "engine/pdf/collector_pictures.h"
 #include "engine/platform/output_file.h"
+#include "engine/platform/page_pool.h"
 #include "engine/writers/html_writer.h"
 #include "engine/writers/output_device.h"
 
@@ -27,13 +28,14 @@ QString titleOf(const std::string &path)
 void convertToMarkup(const Job &job, bool xhtml)
 {
     OutputFile file(job.options.outputPath);
-    model::Document document = model::buildDocument(collectPages(job, Collect::Everything));
+    DocumentCopies copies(job);
+    model::Document document = model::buildDocument(collectPages(job, copies, Collect::Everything), forEachPage);
     model::joinContinuations(document, true);
     PagePictureSource drawn(
         job.document, job.options.colourDepth, job.options.horizontalResolution(EmbeddedResolution),
         job.options.verticalResolution(EmbeddedResolution));
     drawn.expect(document);
-    AheadPictures ahead(job, document, drawn);
+    AheadPictures ahead(job, copies, document, drawn);
     office::MovedPictures pictures(ahead);
     office::fitToOptions(document, job.options, pictures);
     office::reduceColours(document, job.options.colourDepth);

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/writers/html_style.h"
 
-#include <QHash>
 #include <QStringList>
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 namespace quorra {
 
@@ -63,32 +63,37 @@ QString heightAlignment(const model::Cell &cell)
                                           : QStringLiteral("vertical-align:middle");
 }
 
-using LetterCounts = QHash<QString, std::pair<qsizetype, Style>>;
+// A document has few looks: a search from the first on is quicker than a hash of their names.
+using LetterCounts = std::vector<std::pair<qsizetype, const Style *>>;
+
+bool isSameLook(const Style &a, const Style &b)
+{
+    return a.bold == b.bold && a.colour == b.colour && std::lround(a.size * 2) == std::lround(b.size * 2) &&
+           a.family == b.family;
+}
 
 void count(LetterCounts &letters, const std::vector<model::Run> &runs)
 {
     for (const model::Run &run : runs) {
-        if (run.script == model::Script::None) {
-            auto &entry = letters
-                [run.style.family + QString::number(std::lround(run.style.size * 2)) +
-                 (run.style.bold ? QLatin1Char('b') : QLatin1Char('n')) + colourName(run.style.colour)];
-            entry.first += std::count_if( // a table of contents has more dots than letters
-                run.text.begin(), run.text.end(), [](QChar c) { return c.isLetterOrNumber(); });
-            entry.second = run.style;
+        if (run.script != model::Script::None) {
+            continue;
         }
+        auto entry = std::find_if(
+            letters.begin(), letters.end(), [&run](const auto &known) { return isSameLook(*known.second, run.style); });
+        if (entry == letters.end()) {
+            entry = letters.insert(entry, {0, &run.style});
+        }
+        entry->first += std::count_if( // a table of contents has more dots than letters
+            run.text.begin(), run.text.end(), [](QChar c) { return c.isLetterOrNumber(); });
     }
 }
 
-// Of looks with equally many letters the one whose name comes first, so that one file always gives the same.
+// Of looks with equally many letters the one that comes first.
 Style most(const LetterCounts &letters, const Style &fallback)
 {
-    auto best = letters.cend();
-    for (auto it = letters.cbegin(); it != letters.cend(); ++it) {
-        if (best == letters.cend() || it->first > best->first || (it->first == best->first && it.key() < best.key())) {
-            best = it;
-        }
-    }
-    Style style = best == letters.cend() ? fallback : best->second;
+    const auto best = std::max_element(
+        letters.begin(), letters.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
+    Style style = best == letters.end() ? fallback : *best->second;
     style.italic = false;
     style.link.clear();
     return style;

@@ -3,6 +3,7 @@
 #include "engine/model/build.h"
 #include "engine/pdf/collect_pages.h"
 #include "engine/platform/output_file.h"
+#include "engine/platform/page_pool.h"
 #include "engine/writers/text_writer.h"
 
 namespace quorra {
@@ -10,7 +11,9 @@ namespace quorra {
 void convertToText(const Job &job)
 {
     OutputFile file(job.options.outputPath);
-    const model::Document document = model::buildDocument(collectPages(job, Collect::TextAndRules));
+    DocumentCopies copies(job);
+    const model::Document document =
+        model::buildDocument(collectPages(job, copies, Collect::TextAndRules), forEachPage);
     for (const model::Page &page : document.pages) {
         const QByteArray text = pageAsText(page).toUtf8();
         file.write({text.constData(), static_cast<std::size_t>(text.size())});

@@ -4,6 +4,7 @@
 #include "engine/pdf/collect_pages.h"
 #include "engine/pdf/collector_pictures.h"
 #include "engine/platform/output_file.h"
+#include "engine/platform/page_pool.h"
 #include "engine/writers/html.h"
 #include "engine/writers/output_device.h"
 #include "engine/writers/xml_writer.h"
@@ -17,7 +18,8 @@ void convertToXml(const Job &job)
         return;
     }
     OutputFile file(job.options.outputPath);
-    model::Document document = model::buildDocument(collectPages(job, Collect::Everything));
+    DocumentCopies copies(job);
+    model::Document document = model::buildDocument(collectPages(job, copies, Collect::Everything), forEachPage);
     PagePictureSource drawn(job.document, job.options.colourDepth, EmbeddedResolution, EmbeddedResolution);
     office::MovedPictures pictures(drawn);
     office::fitToOptions(document, job.options, pictures);

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/pdf/document_copies.h"
+
+namespace quorra {
+
+DocumentCopies::DocumentCopies(const Job &job) : m_options(job.options), m_free{&job.document} {}
+
+DocumentCopies::Loan DocumentCopies::borrow()
+{
+    Document *document = takeFree();
+    if (!document) { // opened outside the lock, so that threads open at the same time
+        auto opened = std::make_unique<Document>(m_options.inputPath, m_options.userPassword, m_options.ownerPassword);
+        document = opened.get();
+        const std::lock_guard lock(m_mutex);
+        m_opened.push_back(std::move(opened));
+    }
+    return Loan(document, [this](Document *used) { giveBack(used); });
+}
+
+Document *DocumentCopies::takeFree()
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_free.empty()) {
+        return nullptr;
+    }
+    Document *document = m_free.back();
+    m_free.pop_back();
+    return document;
+}
+
+void DocumentCopies::giveBack(Document *document)
+{
+    const std::lock_guard lock(m_mutex);
+    m_free.push_back(document);
+}
+
+} // namespace quorra
