@@ -69,8 +69,7 @@ class Portable(PackageCase):
         self.desktop.start(self.user.command("gio", "launch", entry), self.user.environment(), cwd="/")
         self.desktop.window(TITLE)
         wait_for("settings beside the program", (self.program_folder / "settingquorra.ini").exists)
-        self.desktop.keys("alt+F4")
-        self.desktop.gone(TITLE)
+        self.desktop.press_until("alt+F4", "end of the program", lambda: not self.desktop.windows(TITLE))
 
         self.run_as_user(self.program_folder / "add-to-menu", "--remove")
         self.assertEqual(list(menu_folder.iterdir()), [])

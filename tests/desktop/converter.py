@@ -184,8 +184,8 @@ class Converter:
     def close(self):
         """Closes the window by the window manager's key and returns the program's exit status."""
         self.desktop.window(TITLE)
-        self.desktop.keys("alt+F4")
-        return self.process.wait(LIMIT)
+        self.desktop.press_until("alt+F4", "end of the program", lambda: self.process.poll() is not None)
+        return self.process.returncode
 
 
 def is_zombie(number):

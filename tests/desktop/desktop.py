@@ -152,6 +152,18 @@ class Desktop:
     def keys(self, *keys):
         self.run("xdotool", "key", "--delay", 30, *keys)
 
+    def press_until(self, key, what, condition):
+        """Presses a key until condition() is true: one press may be lost while the window manager takes in a new window."""
+        again = 0
+        end = time.monotonic() + LIMIT
+        while not condition():
+            if time.monotonic() > end:
+                raise TimeOut(f"pressed {key} for {LIMIT} s in vain: {what}")
+            if time.monotonic() >= again:
+                self.keys(key)
+                again = time.monotonic() + 5
+            time.sleep(0.03)
+
     def type(self, text):
         self.run("xdotool", "type", "--delay", 15, "--", text)
 
