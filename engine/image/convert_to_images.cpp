@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/cli/naming.h"
 #include "engine/convert.h"
-#include "engine/platform/page_pool.h"
 #include "engine/image/picture_writer.h"
 #include "engine/image/tiff_writer.h"
 #include "engine/pdf/page_renderer.h"
+#include "engine/platform/page_pool.h"
 
 #include <algorithm>
 #include <string>

@@ -159,10 +159,7 @@ void SheetWriter::writeCell(const model::Cell &cell, double indent)
                                      : QString();
     xml.writeStartElement("table:table-cell"_L1);
     xml.writeAttribute("table:style-name"_L1, cellStyle(cell, dataStyle, indent));
-    if (cell.columnSpan > 1 || cell.rowSpan > 1) {
-        xml.writeAttribute("table:number-columns-spanned"_L1, QString::number(cell.columnSpan));
-        xml.writeAttribute("table:number-rows-spanned"_L1, QString::number(cell.rowSpan));
-    }
+    writeSpans(xml, cell);
     if (number) {
         writeValue(*number);
         xml.writeTextElement("text:p"_L1, xmlText(text));

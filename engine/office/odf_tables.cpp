@@ -61,12 +61,7 @@ void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &plac
     QXmlStreamWriter &xml = sink.xml;
     xml.writeStartElement("table:table-cell"_L1);
     xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell));
-    if (cell.columnSpan > 1) {
-        xml.writeAttribute("table:number-columns-spanned"_L1, QString::number(cell.columnSpan));
-    }
-    if (cell.rowSpan > 1) {
-        xml.writeAttribute("table:number-rows-spanned"_L1, QString::number(cell.rowSpan));
-    }
+    writeSpans(xml, cell);
     ParagraphPlace inside;
     inside.exactLeading = place.exactLeading;
     inside.withLists = false;
@@ -81,6 +76,16 @@ void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &plac
 }
 
 } // namespace
+
+void writeSpans(QXmlStreamWriter &xml, const model::Cell &cell)
+{
+    if (cell.columnSpan > 1) {
+        xml.writeAttribute("table:number-columns-spanned"_L1, QString::number(cell.columnSpan));
+    }
+    if (cell.rowSpan > 1) {
+        xml.writeAttribute("table:number-rows-spanned"_L1, QString::number(cell.rowSpan));
+    }
+}
 
 std::vector<const model::Cell *> cellGrid(const model::Table &table)
 {

@@ -16,6 +16,9 @@ struct TablePlace
     bool repeatsHead = true;
 };
 
+/// Writes the attributes that say over how many columns and rows a cell reaches; none for a plain cell.
+void writeSpans(QXmlStreamWriter &xml, const model::Cell &cell);
+
 /// The cell that begins at each place of the grid, row by row; null where a cell that spans covers the place.
 std::vector<const model::Cell *> cellGrid(const model::Table &table);
 

@@ -151,12 +151,7 @@ void writeCell(const Sink &sink, const model::Cell &cell)
     QXmlStreamWriter &xml = sink.xml;
     xml.writeStartElement("table:table-cell"_L1);
     xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell));
-    if (cell.columnSpan > 1) {
-        xml.writeAttribute("table:number-columns-spanned"_L1, QString::number(cell.columnSpan));
-    }
-    if (cell.rowSpan > 1) {
-        xml.writeAttribute("table:number-rows-spanned"_L1, QString::number(cell.rowSpan));
-    }
+    writeSpans(xml, cell);
     const double width = cell.box.width() - SidePadding - paddingRight(cell);
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         const model::Paragraph placed = inCell(paragraph, cell);
