@@ -1,14 +1,12 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Text output against pdftotext: the same words (recall and precision), UTF-8, a form feed between pages, page ranges."""
+import re
 import unicodedata
 
 import core_support
 from core_support import page_count, password, tool, words
 
 LEAST = 0.995
-# Words that may differ in any file: in a short one, two are more than half a percent ("Table 3-5", broken behind its
-# hyphen, is "Table 35" to the peer).
-FEW = 2
 
 
 def normal(text):
@@ -16,11 +14,14 @@ def normal(text):
     return unicodedata.normalize("NFKC", text).replace("\u00ad", "")
 
 
-def scores(ours, theirs):
-    """Recall, precision, and how many words stand in one text only, counted in the worse of the two."""
+def as_the_peer_reads(text):
+    """The peer drops every hyphen at a line's end, also in a number: "Table 3-5" is "Table 35" to it where it is broken."""
+    return re.sub(r"(\d)-\n(\d)", r"\1\2", text)
+
+
+def recall_and_precision(ours, theirs):
     common = sum((ours & theirs).values())
-    missing, extra = sum(theirs.values()) - common, sum(ours.values()) - common
-    return 1 - missing / max(1, common + missing), 1 - extra / max(1, common + extra), max(missing, extra)
+    return (common / sum(theirs.values()) if theirs else 1), (common / sum(ours.values()) if ours else 1)
 
 
 def compare(suite, document, *options):
@@ -30,9 +31,8 @@ def compare(suite, document, *options):
     suite.check(not data.startswith(b"\xef\xbb\xbf"), document.name, "begins with a byte order mark")
     ours = data.decode()  # raises for what is no UTF-8
     theirs = tool("pdftotext", *password(document), *options, str(document), "-").decode(errors="replace")
-    recall, precision, unlike = scores(words(normal(ours)), words(normal(theirs)))
-    suite.check(unlike <= FEW or min(recall, precision) >= LEAST,
-                f"{document.name} recall {recall:.4f} precision {precision:.4f}")
+    recall, precision = recall_and_precision(words(as_the_peer_reads(normal(ours))), words(normal(theirs)))
+    suite.check(min(recall, precision) >= LEAST, f"{document.name} recall {recall:.4f} precision {precision:.4f}")
     pages = page_count(document)
     first = int(options[1]) if options else 1
     feeds = ours.count("\f")
