@@ -63,7 +63,7 @@ private Q_SLOTS:
     {
         PageMaker page;
         for (int i = 0; i < 6; ++i) { // slanted lines
-            page.raw().ink.push_back({60.0 + 20 * i, 300, 80.0 + 20 * i, 400});
+            page.raw().ink.push_back({{60.0 + 20 * i, 300, 80.0 + 20 * i, 400}, false});
         }
         page.text(80, 340, QStringLiteral("wheel"));
         const QString text = html(page.build());
