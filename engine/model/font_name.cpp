@@ -17,14 +17,27 @@ struct KnownFamily
 
 // PostScript names that no office program knows, and the family a reader would name.
 constexpr std::array knownFamilies{
-    KnownFamily{"timesnewroman", "Times New Roman"}, KnownFamily{"times", "Times New Roman"},
-    KnownFamily{"nimbusromno9l", "Times New Roman"}, KnownFamily{"nimbusroman", "Times New Roman"},
-    KnownFamily{"arialnarrow", "Arial Narrow"},      KnownFamily{"arialunicode", "Arial Unicode MS"},
-    KnownFamily{"arialblack", "Arial Black"},        KnownFamily{"arial", "Arial"},
-    KnownFamily{"nimbussanl", "Helvetica"},          KnownFamily{"nimbussans", "Helvetica"},
-    KnownFamily{"helvetica", "Helvetica"},           KnownFamily{"couriernew", "Courier New"},
-    KnownFamily{"nimbusmonl", "Courier New"},        KnownFamily{"nimbusmono", "Courier New"},
-    KnownFamily{"courier", "Courier New"},           KnownFamily{"symbol", "Symbol"},
+    KnownFamily{"timesnewroman", "Times New Roman"},
+    KnownFamily{"times", "Times New Roman"},
+    KnownFamily{"nimbusromno9l", "Times New Roman"},
+    KnownFamily{"nimbusroman", "Times New Roman"},
+    KnownFamily{"arialnarrow", "Arial Narrow"},
+    KnownFamily{"arialunicode", "Arial Unicode MS"},
+    KnownFamily{"arialblack", "Arial Black"},
+    KnownFamily{"arial", "Arial"},
+    KnownFamily{"nimbussanl", "Helvetica"},
+    KnownFamily{"nimbussans", "Helvetica"},
+    KnownFamily{"helvetica", "Helvetica"},
+    KnownFamily{"couriernew", "Courier New"},
+    KnownFamily{"nimbusmonl", "Courier New"},
+    KnownFamily{"nimbusmono", "Courier New"},
+    KnownFamily{"courier", "Courier New"},
+    KnownFamily{"symbol", "Symbol"},
+    KnownFamily{"dejavusansmono", "DejaVu Sans Mono"},
+    KnownFamily{"dejavusans", "DejaVu Sans"},
+    KnownFamily{"dejavuserif", "DejaVu Serif"},
+    KnownFamily{"texgyreheros", "TeX Gyre Heros"},
+    KnownFamily{"texgyretermes", "TeX Gyre Termes"},
 };
 
 QString withoutSubsetPrefix(const QString &name)
@@ -69,7 +82,13 @@ FontName parseFontName(const QString &name)
     static const QRegularExpression fixedMark(
         QStringLiteral("mono|courier|cmtt|sftt|consol|typewriter|fixed"), QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression sansMark(
-        QStringLiteral("sans|arial|helvetica|nimbussanl|verdana|calibri|tahoma|cmss|gothic|univers|frutiger|myriad"),
+        QStringLiteral(
+            "sans|arial|helvetica|nimbussanl|verdana|calibri|tahoma|cmss|sfss|gothic|univers|frutiger|myriad|heros"),
+        QRegularExpression::CaseInsensitiveOption);
+    // The typefaces of TeX carry no flag that tells it.
+    static const QRegularExpression serifMark(
+        QStringLiteral("serif|times|roman|termes|georgia|garamond|palatino|bookman|schoolbook|cambria|minion|"
+                       "^cm(?:r|b|bx|ti|sl|csc|mi|bxti)\\d|^sf(?:rm|bx|ti|sl|cc)\\d"),
         QRegularExpression::CaseInsensitiveOption);
     const QString plain = withoutSubsetPrefix(name);
     FontName parsed;
@@ -78,6 +97,7 @@ FontName parseFontName(const QString &name)
     parsed.italic = italicMark.match(plain).hasMatch();
     parsed.fixedPitch = fixedMark.match(plain).hasMatch();
     parsed.sansSerif = sansMark.match(plain).hasMatch();
+    parsed.serif = !parsed.sansSerif && serifMark.match(plain).hasMatch();
     return parsed;
 }
 

@@ -13,6 +13,7 @@ struct FontName
     bool italic = false;
     bool fixedPitch = false;
     bool sansSerif = false;
+    bool serif = false; ///< never together with sansSerif
 };
 
 /// Reads a PostScript font name such as "ABCDEF+TimesNewRomanPS-BoldItalicMT". Many fonts carry no flags, so the name

@@ -61,7 +61,7 @@ private:
             style.bold = parsed.bold || info->isBold();
             style.italic = parsed.italic || info->isItalic();
             style.fixedPitch = parsed.fixedPitch || info->isFixedWidth();
-            style.serif = info->isSerif() && !parsed.sansSerif && !style.fixedPitch;
+            style.serif = (info->isSerif() || parsed.serif) && !parsed.sansSerif && !style.fixedPitch;
             m_styles.insert(info, style);
             known = m_styles.constFind(info);
         }

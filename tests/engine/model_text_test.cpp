@@ -272,7 +272,9 @@ private Q_SLOTS:
         QTest::newRow("tex") << "CMBX10"
                              << "CMBX10" << true << false;
         QTest::newRow("oblique") << "DejaVuSans-Oblique"
-                                 << "Deja Vu Sans" << false << true;
+                                 << "DejaVu Sans" << false << true;
+        QTest::newRow("humps that are no blanks") << "ABCDEF+TeXGyreHeros-Bold"
+                                                  << "TeX Gyre Heros" << true << false;
         QTest::newRow("medium is not bold") << "Roboto-Medium"
                                             << "Roboto" << false << false;
         QTest::newRow("none") << ""
@@ -286,6 +288,20 @@ private Q_SLOTS:
         QTEST(parsed.family, "family");
         QTEST(parsed.bold, "bold");
         QTEST(parsed.italic, "italic");
+    }
+
+    void tellsSerifsByTheName()
+    {
+        for (const char *serif : {"CMR10", "ABCDEF+SFRM1095", "CMBX12", "TimesNewRomanPSMT", "DejaVuSerif-Bold"}) {
+            const FontName parsed = parseFontName(QLatin1String(serif));
+            QVERIFY2(parsed.serif && !parsed.sansSerif, serif);
+        }
+        for (const char *sans : {"CMSS10", "SFSS1000", "MSSansSerif", "TeXGyreHeros-Regular"}) {
+            const FontName parsed = parseFontName(QLatin1String(sans));
+            QVERIFY2(parsed.sansSerif && !parsed.serif, sans);
+        }
+        const FontName unknown = parseFontName(QStringLiteral("Frobnicate"));
+        QVERIFY(!unknown.serif && !unknown.sansSerif);
     }
 
     void recognisesNumbers()
