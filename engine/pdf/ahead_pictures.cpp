@@ -64,12 +64,13 @@ AheadPictures::AheadPictures(
     : m_source(source)
 {
     const std::vector<PageOfPictures> pages = wantedPictures(document);
-    const int threads = poolSize(countOf(pages));
-    if (threads == 1) {
+    const int pageCount = static_cast<int>(pages.size());
+    const int threads = std::min(poolSize(countOf(pages)), pageCount); // the pictures of a page are drawn together
+    if (threads <= 1) {
         return;
     }
     std::mutex mutex;
-    runPool(threads, static_cast<int>(pages.size()), [&](const PageSource &next) {
+    runPool(threads, pageCount, [&](const PageSource &next) {
         const Options &options = job.options;
         const DocumentCopies::Loan lent = copies.borrow();
         PagePictureSource pictures(

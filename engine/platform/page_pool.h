@@ -8,7 +8,7 @@ namespace quorra {
 /// Gives the next position from 1 on to whichever thread asks; 0 when there is none left.
 using PageSource = std::function<int()>;
 
-/// How many threads pay for so many pages (or pictures): each opens the file anew.
+/// How many threads pay for so many pages (or pictures): each needs an opened file of its own.
 int poolSize(int pageCount);
 
 /// Gives 1 to `pageCount`; any number of threads may ask it.
