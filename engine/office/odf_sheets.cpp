@@ -59,7 +59,6 @@ public:
 
 private:
     void beginSheet(const QString &name, const model::Page &page);
-    void writeColumn(double width);
     void beginRow(double height);
     void writeCell(const model::Cell &cell, double indent);
     void writeValue(const Number &number);
@@ -77,16 +76,6 @@ void SheetWriter::beginSheet(const QString &name, const model::Page &page)
     m_sink.xml.writeStartElement("table:table"_L1);
     m_sink.xml.writeAttribute("table:name"_L1, name);
     m_sink.xml.writeAttribute("table:style-name"_L1, m_printing.sheetStyle(m_sink.styles, page.width, page.height));
-}
-
-void SheetWriter::writeColumn(double width)
-{
-    m_sink.xml.writeEmptyElement("table:table-column"_L1);
-    m_sink.xml.writeAttribute(
-        "table:style-name"_L1, m_sink.styles.name(
-                                   {"style:style"_L1,
-                                    {{"style:family"_L1, u"table-column"_s}},
-                                    {{"style:table-column-properties"_L1, {{"style:column-width"_L1, pt(width)}}}}}));
 }
 
 void SheetWriter::beginRow(double height)
@@ -186,7 +175,7 @@ void SheetWriter::writeTables(const model::Page &page, const std::vector<const m
 {
     beginSheet(u"Page %1"_s.arg(page.number), page);
     const std::vector<double> widths = sheetColumns(tables);
-    std::for_each(widths.begin(), widths.end(), [this](double width) { writeColumn(width); });
+    std::for_each(widths.begin(), widths.end(), [this](double width) { writeColumn(m_sink, width); });
     for (const model::Table *table : tables) {
         if (table != tables.front()) {
             beginRow(0);
@@ -217,7 +206,7 @@ void SheetWriter::writeScan(const model::Page &page)
     m_sink.xml.writeStartElement("table:shapes"_L1);
     writePictures(m_sink, page, m_pictures, FrameAnchor::Sheet);
     m_sink.xml.writeEndElement();
-    writeColumn(page.width / 8);
+    writeColumn(m_sink, page.width / 8);
     beginRow(0);
     m_sink.xml.writeEmptyElement("table:table-cell"_L1);
     m_sink.xml.writeEndElement();
@@ -241,7 +230,7 @@ model::Cell cellOf(const model::Line &line)
 void SheetWriter::writeLines(const model::Document &document)
 {
     beginSheet(u"Text"_s, document.pages.empty() ? model::Page{} : document.pages.front());
-    writeColumn(LineWidth);
+    writeColumn(m_sink, LineWidth);
     for (const model::Page &page : document.pages) {
         forEachParagraph(page, [this](const model::Paragraph &paragraph) {
             for (const model::Line &line : paragraph.lines) {

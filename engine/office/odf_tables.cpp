@@ -24,14 +24,6 @@ QString tableStyle(const Sink &sink, const model::Table &table, const TablePlace
             {"table:border-model"_L1, u"collapsing"_s}}}}});
 }
 
-QString columnStyle(const Sink &sink, double width)
-{
-    return sink.styles.name(
-        {"style:style"_L1,
-         {{"style:family"_L1, u"table-column"_s}},
-         {{"style:table-column-properties"_L1, {{"style:column-width"_L1, pt(width)}}}}});
-}
-
 QString rowStyle(const Sink &sink, double height)
 {
     return sink.styles.name(
@@ -77,6 +69,16 @@ void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &plac
 
 } // namespace
 
+void writeColumn(const Sink &sink, double width)
+{
+    sink.xml.writeEmptyElement("table:table-column"_L1);
+    sink.xml.writeAttribute(
+        "table:style-name"_L1, sink.styles.name(
+                                   {"style:style"_L1,
+                                    {{"style:family"_L1, u"table-column"_s}},
+                                    {{"style:table-column-properties"_L1, {{"style:column-width"_L1, pt(width)}}}}}));
+}
+
 void writeSpans(QXmlStreamWriter &xml, const model::Cell &cell)
 {
     if (cell.columnSpan > 1) {
@@ -109,8 +111,7 @@ void writeTable(const Sink &sink, const model::Table &table, const TablePlace &p
     xml.writeAttribute("table:style-name"_L1, tableStyle(sink, table, place));
     for (int column = 0; column < table.columns(); ++column) {
         const auto at = table.columnEdges.begin() + column;
-        xml.writeEmptyElement("table:table-column"_L1);
-        xml.writeAttribute("table:style-name"_L1, columnStyle(sink, at[1] - at[0]));
+        writeColumn(sink, at[1] - at[0]);
     }
     const std::vector<const model::Cell *> grid = cellGrid(table);
     const int headerRows = place.repeatsHead ? std::min(table.headerRows, table.rows() - 1) : 0;

@@ -16,6 +16,9 @@ struct TablePlace
     bool repeatsHead = true;
 };
 
+/// Writes a column of a table, that many points wide.
+void writeColumn(const Sink &sink, double width);
+
 /// Writes the attributes that say over how many columns and rows a cell reaches; none for a plain cell.
 void writeSpans(QXmlStreamWriter &xml, const model::Cell &cell);
 

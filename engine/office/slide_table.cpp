@@ -183,13 +183,7 @@ void writeSlideTable(const Sink &sink, const model::Table &table)
     xml.writeStartElement("table:table"_L1);
     for (int column = 0; column < table.columns(); ++column) {
         const auto at = table.columnEdges.begin() + column;
-        xml.writeEmptyElement("table:table-column"_L1);
-        xml.writeAttribute(
-            "table:style-name"_L1,
-            sink.styles.name(
-                {"style:style"_L1,
-                 {{"style:family"_L1, u"table-column"_s}},
-                 {{"style:table-column-properties"_L1, {{"style:column-width"_L1, pt(at[1] - at[0])}}}}}));
+        writeColumn(sink, at[1] - at[0]);
     }
     const std::vector<const model::Cell *> grid = cellGrid(table);
     for (int row = 0; row < table.rows(); ++row) {
