@@ -1,0 +1,309 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document_dump.h"
+
+#include "dump_text.h"
+
+#include <cmath>
+#include <ostream>
+
+namespace quorra::test {
+
+namespace {
+
+using namespace model;
+
+std::string name(const Paragraph &paragraph)
+{
+    switch (paragraph.role) {
+    case Role::Heading1:
+        return "heading 1";
+    case Role::Heading2:
+        return "heading 2";
+    case Role::Heading3:
+        return "heading 3";
+    case Role::ListItem:
+        return std::string(paragraph.listOrdered ? "numbered item " : "bullet item ") + visible(paragraph.listMark) +
+               " level " + std::to_string(paragraph.listLevel + 1);
+    case Role::Caption:
+        return "caption";
+    case Role::Footnote:
+        return "footnote";
+    case Role::RunningHead:
+    case Role::Body:
+        break;
+    }
+    return "paragraph";
+}
+
+std::string name(Alignment alignment)
+{
+    switch (alignment) {
+    case Alignment::Centre:
+        return "centred";
+    case Alignment::Right:
+        return "right";
+    case Alignment::Justify:
+        return "justified";
+    case Alignment::Left:
+        break;
+    }
+    return {};
+}
+
+std::string name(PictureKind kind)
+{
+    switch (kind) {
+    case PictureKind::Drawing:
+        return "drawing";
+    case PictureKind::Page:
+        return "picture of the page";
+    case PictureKind::Image:
+        break;
+    }
+    return "picture";
+}
+
+std::string name(Script script)
+{
+    switch (script) {
+    case Script::Raised:
+        return "raised";
+    case Script::Lowered:
+        return "lowered";
+    case Script::None:
+        break;
+    }
+    return "level";
+}
+
+/// A length with what it is, nothing where it rounds to 0.
+std::string length(const std::string &what, double value)
+{
+    return std::lround(value) == 0 ? std::string() : what + " " + whole(value);
+}
+
+/// What of the look changes from one run to the next.
+std::string change(const Run &from, const Run &to)
+{
+    const Style &was = from.style;
+    const Style &is = to.style;
+    return joined(
+        {was.family == is.family ? "" : visible(is.family), tenths(was.size) == tenths(is.size) ? "" : tenths(is.size),
+         was.bold == is.bold ? ""
+         : is.bold           ? "bold"
+                             : "not bold",
+         was.italic == is.italic ? ""
+         : is.italic             ? "italic"
+                                 : "not italic",
+         was.colour == is.colour     ? ""
+         : is.colour == model::black ? "black"
+                                     : colour(is.colour),
+         was.link == is.link ? ""
+         : is.link.isEmpty() ? "no link"
+                             : "link " + visible(is.link),
+         from.script == to.script ? "" : name(to.script)},
+        " ");
+}
+
+/// The text with the changes of its look in braces.
+std::string textOf(const Paragraph &paragraph)
+{
+    std::string text;
+    const Run *previous = nullptr;
+    for (const Run &run : paragraph.runs) {
+        const std::string changes = previous ? change(*previous, run) : std::string();
+        if (!changes.empty()) {
+            text += "{" + changes + "}";
+        }
+        text += visible(run.text);
+        previous = &run;
+    }
+    return text;
+}
+
+std::string lookOf(const Paragraph &paragraph)
+{
+    if (paragraph.runs.empty()) {
+        return {};
+    }
+    const Run &first = paragraph.runs.front();
+    return joined({look(first.style), first.script == Script::None ? "" : name(first.script)}, " ");
+}
+
+std::string spacingOf(const Paragraph &paragraph)
+{
+    const std::string lines =
+        paragraph.lines.size() > 1 ? std::to_string(paragraph.lines.size()) + " lines" : std::string();
+    const std::string distance =
+        lines.empty() || paragraph.lineDistance <= 0 ? std::string() : "every " + tenths(paragraph.lineDistance);
+    return joined(
+        {length("space before", paragraph.spaceBefore), joined({lines, distance}, " "),
+         length("indent", paragraph.indentLeft), length("right indent", paragraph.indentRight),
+         length("first line", paragraph.firstLineIndent)},
+        "; ");
+}
+
+/// What applies to paragraphs everywhere, also in cells.
+std::string traitsOf(const Paragraph &paragraph)
+{
+    return joined(
+        {lookOf(paragraph), name(paragraph.alignment), paragraph.rightToLeft ? "right-to-left" : "",
+         paragraph.rotation == 0 ? "" : "turned " + std::to_string(paragraph.rotation)},
+        "; ");
+}
+
+void dumpParagraph(const Paragraph &paragraph, const std::string &what, std::ostream &out)
+{
+    const std::string joins = !paragraph.continuesPrevious ? ""
+                              : paragraph.joinsHyphen      ? "goes on inside a word"
+                                                           : "goes on inside a sentence";
+    out << what << " [" << joined({traitsOf(paragraph), box(paragraph.box), spacingOf(paragraph), joins}, "; ") << "] "
+        << textOf(paragraph) << '\n';
+}
+
+std::string edge(char side, const Border &border)
+{
+    if (border.width <= 0) {
+        return {};
+    }
+    return side + tenths(border.width) + (border.colour == black ? "" : colour(border.colour));
+}
+
+std::string edgesOf(const Cell &cell)
+{
+    const auto same = [&cell](const Border &other) {
+        return tenths(other.width) == tenths(cell.left.width) && other.colour == cell.left.colour;
+    };
+    if (cell.left.width > 0 && same(cell.top) && same(cell.right) && same(cell.bottom)) {
+        return "all edges " + tenths(cell.left.width) + (cell.left.colour == black ? "" : colour(cell.left.colour));
+    }
+    return joined({edge('L', cell.left), edge('T', cell.top), edge('R', cell.right), edge('B', cell.bottom)}, " ");
+}
+
+std::string span(int count, const std::string &what)
+{
+    return count == 1 ? std::string() : std::to_string(count) + " " + what;
+}
+
+/// A cell with one plain paragraph takes one line, others a line for each paragraph besides.
+void dumpCell(const Cell &cell, const std::string &margin, std::ostream &out)
+{
+    const bool plain = cell.paragraphs.size() == 1 && cell.paragraphs.front().role == Role::Body;
+    const std::string traits = joined(
+        {span(cell.rowSpan, "rows"), span(cell.columnSpan, "columns"), edgesOf(cell),
+         cell.background ? "fill " + colour(*cell.background) : "", plain ? traitsOf(cell.paragraphs.front()) : ""},
+        "; ");
+    out << margin << "cell " << cell.row + 1 << "," << cell.column + 1;
+    if (!traits.empty()) {
+        out << " [" << traits << "]";
+    }
+    if (plain) {
+        out << " " << textOf(cell.paragraphs.front()) << '\n';
+        return;
+    }
+    out << '\n';
+    for (const Paragraph &paragraph : cell.paragraphs) {
+        out << margin << "  " << name(paragraph) << " [" << traitsOf(paragraph) << "] " << textOf(paragraph) << '\n';
+    }
+}
+
+std::string positions(const std::vector<double> &edges)
+{
+    std::string text;
+    for (const double each : edges) {
+        text += ' ';
+        text += whole(each);
+    }
+    return text;
+}
+
+void dumpTable(const Table &table, const std::string &margin, std::ostream &out)
+{
+    out << margin << "table of " << table.rows() << " rows, " << table.columns() << " columns ["
+        << joined(
+               {box(table.box), table.ruled ? "ruled" : "unruled",
+                table.headerRows == 0 ? "" : "head rows " + std::to_string(table.headerRows),
+                table.continuesPrevious ? "goes on from the page before" : ""},
+               "; ")
+        << "]\n";
+    out << margin << "  column edges" << positions(table.columnEdges) << '\n';
+    out << margin << "  row edges" << positions(table.rowEdges) << '\n';
+    for (const Cell &cell : table.cells) {
+        dumpCell(cell, margin + "  ", out);
+    }
+}
+
+void dumpBlock(const Block &block, const std::string &margin, std::ostream &out)
+{
+    if (const Paragraph *paragraph = block.paragraph()) {
+        out << margin;
+        dumpParagraph(*paragraph, name(*paragraph), out);
+    } else if (const Table *table = block.table()) {
+        dumpTable(*table, margin, out);
+    } else if (const Picture *picture = block.picture()) {
+        out << margin << name(picture->kind) << " [" << box(picture->box) << "]\n";
+    }
+}
+
+void dumpSection(const Section &section, std::ostream &out)
+{
+    const bool several = section.columns.size() > 1;
+    out << "  section of " << section.columns.size() << (several ? " columns" : " column");
+    for (const Box &column : section.columns) {
+        out << " " << whole(column.left) << "-" << whole(column.right);
+    }
+    out << '\n';
+    int column = -1;
+    for (const Block &block : section.blocks) {
+        if (several && block.column != column) {
+            out << "    column " << block.column + 1 << '\n';
+        }
+        column = block.column;
+        dumpBlock(block, several ? "      " : "    ", out);
+    }
+}
+
+/// Headers or footers: those in the upper or the lower half of the page.
+void dumpMargin(const Page &page, bool upper, std::ostream &out)
+{
+    for (const Block &block : page.runningHeads) {
+        const Paragraph *paragraph = block.paragraph();
+        if (paragraph && (paragraph->box.centreY() < page.height / 2) == upper) {
+            out << "  ";
+            dumpParagraph(*paragraph, upper ? "header" : "footer", out);
+        }
+    }
+}
+
+void dumpPage(const Page &page, std::ostream &out)
+{
+    out << "page " << page.number << " ["
+        << joined(
+               {whole(page.width) + " x " + whole(page.height), page.scanned ? "scanned" : "",
+                page.content.isEmpty() ? "empty" : "content " + box(page.content)},
+               "; ")
+        << "]\n";
+    dumpMargin(page, true, out);
+    for (const Section &section : page.sections) {
+        dumpSection(section, out);
+    }
+    dumpMargin(page, false, out);
+    for (const Fill &fill : page.fills) {
+        out << "  fill [" << box(fill.box) << "; " << colour(fill.colour) << "]\n";
+    }
+    for (const Rule &rule : page.rules) {
+        out << "  line [" << box({rule.x1, rule.y1, rule.x2, rule.y2}) << "; " << tenths(rule.width) << " "
+            << colour(rule.colour) << "]\n";
+    }
+}
+
+} // namespace
+
+void dump(const Document &document, std::ostream &out)
+{
+    for (const Page &page : document.pages) {
+        dumpPage(page, out);
+    }
+}
+
+} // namespace quorra::test

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/model/page.h"
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The parts of lines that both dumps write.
+namespace quorra::test {
+
+/// A length in whole points.
+std::string whole(double value);
+
+/// A number with one decimal at most: "12", "10.5".
+std::string tenths(double value);
+
+/// left,top-right,bottom
+std::string box(const model::Box &box);
+
+/// #rrggbb
+std::string colour(model::Colour colour);
+
+/// UTF-8 in which characters that cannot be seen are spelled out.
+std::string visible(const QString &text);
+
+/// Family, size, and what is special about it: "Liberation Serif 10.5 bold #0000c0 link https://..."
+std::string look(const model::Style &style);
+
+/// The parts that are not empty, with the separator between them.
+std::string joined(const std::vector<std::string> &parts, std::string_view separator);
+
+} // namespace quorra::test

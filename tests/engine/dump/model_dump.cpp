@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Shows what the engine makes of a PDF file before any writer sees it. A developer's tool, not installed.
+//
+//   model_dump FILE.pdf [-page N] [-upw PASSWORD] [--raw]
+//
+// --raw shows the pages as they were read instead of the document that was built from them.
+#include "document_dump.h"
+#include "raw_dump.h"
+
+#include "engine/cli/failure.h"
+#include "engine/convert.h"
+#include "engine/model/build.h"
+#include "engine/pdf/collect_pages.h"
+#include "engine/platform/limits.h"
+#include "engine/platform/page_pool.h"
+
+#include <QHashSeed>
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace quorra;
+
+struct Request
+{
+    Options options;
+    int page = 0; ///< 0 for all
+    bool raw = false;
+};
+
+Request parse(const std::vector<std::string> &arguments)
+{
+    const Failure usage(ExitStatus::Usage, "usage: model_dump FILE.pdf [-page N] [-upw PASSWORD] [--raw]");
+    Request request;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string &argument = arguments[i];
+        const bool hasValue = i + 1 < arguments.size();
+        if (argument == "--raw") {
+            request.raw = true;
+        } else if (argument == "-upw" && hasValue) {
+            request.options.userPassword = arguments[++i];
+        } else if (argument == "-page" && hasValue) {
+            request.page = std::atoi(arguments[++i].c_str());
+            if (request.page < 1) {
+                throw usage;
+            }
+        } else if (request.options.inputPath.empty() && argument.rfind('-', 0) != 0) {
+            request.options.inputPath = argument;
+        } else {
+            throw usage;
+        }
+    }
+    if (request.options.inputPath.empty()) {
+        throw usage;
+    }
+    return request;
+}
+
+void show(const Request &request)
+{
+    Document document(request.options.inputPath, request.options.userPassword, request.options.ownerPassword);
+    const int count = document.pageCount();
+    if (request.page > count) {
+        throw Failure(ExitStatus::Usage, "the file has " + std::to_string(count) + " pages");
+    }
+    const Job job{
+        request.options, document, request.page == 0 ? 1 : request.page, request.page == 0 ? count : request.page};
+    DocumentCopies copies(job);
+    std::vector<model::RawPage> pages = collectPages(job, copies, Collect::Everything);
+    if (request.raw) {
+        for (const model::RawPage &page : pages) {
+            test::dumpRaw(page, std::cout);
+        }
+        return;
+    }
+    test::dump(model::buildDocument(std::move(pages), forEachPage), std::cout);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QHashSeed::setDeterministicGlobalSeed(); // as the engine does
+    quorra::limits::apply();
+    try {
+        show(parse({argv + 1, argv + (argc > 0 ? argc : 1)}));
+    } catch (const quorra::Failure &failure) {
+        std::cerr << "model_dump: " << failure.what() << '\n';
+        return static_cast<int>(failure.status());
+    } catch (const std::exception &error) {
+        std::cerr << "model_dump: " << error.what() << '\n';
+        return static_cast<int>(ExitStatus::CannotOpen);
+    }
+    return 0;
+}
