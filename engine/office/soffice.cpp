@@ -12,7 +12,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -61,6 +63,10 @@ constexpr int RestartStatus = 81;
 constexpr std::chrono::seconds WallSeconds{60};
 constexpr std::chrono::seconds WallSecondsPerPage{2};
 
+// LibreOffice's socket lies in the first of these folders that it may write to, whatever TMPDIR says.
+constexpr std::array<const char *, 2> SocketFolders = {"/tmp", "/var/tmp"};
+constexpr std::string_view SocketPrefix = "OSL_PIPE_";
+
 // With a version newer than its own in it, LibreOffice takes the profile for one in use and leaves out the tests of
 // its drawing code that it runs after an update: they take ten times as long as a conversion.
 constexpr std::string_view ProfileSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -98,8 +104,18 @@ std::string buildIdOf(const std::string &program)
 
 void writeText(const fs::path &path, std::string_view text)
 {
-    fs::create_directories(path.parent_path());
-    std::ofstream(path) << text;
+    const auto check = [&path](bool good, int error) {
+        if (!good)
+            throw Failure(ExitStatus::CannotWrite, "cannot write " + path.string() + ": " + std::strerror(error));
+    };
+    std::error_code error;
+    fs::create_directories(path.parent_path(), error);
+    check(!error, error.value());
+    errno = 0;
+    std::ofstream file(path);
+    file << text;
+    file.close();
+    check(file.good(), errno);
 }
 
 void prepareProfile(const std::string &profile, const std::string &program)
@@ -111,14 +127,52 @@ void prepareProfile(const std::string &profile, const std::string &program)
         writeText(profile + "/user/extensions/buildid", buildId);
 }
 
+/// The file: address with the escapes that LibreOffice itself writes: it names its socket after this.
 std::string fileAddress(const std::string &path)
 {
-    return QUrl::fromLocalFile(QString::fromStdString(path)).toEncoded().toStdString();
+    return "file://" + QUrl::toPercentEncoding(QString::fromStdString(path), "!$&'()*+,/:=@").toStdString();
+}
+
+/// The address as the -env option takes it, where a bare $ begins the name of a variable.
+std::string optionValue(const std::string &address)
+{
+    return QByteArray::fromStdString(address).replace('$', "%24").toStdString();
 }
 
 std::string profileIn(const std::string &folder)
 {
     return folder + "/profile";
+}
+
+bool startsWith(std::string_view text, std::string_view start)
+{
+    return text.substr(0, start.size()) == start;
+}
+
+bool endsWith(std::string_view text, std::string_view end)
+{
+    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+/// Removes the sockets that belong to these profiles. LibreOffice puts the user's number before the name, unless the
+/// user has no entry in the password database, so they are looked for by the part that is always there.
+void removeSockets(const std::vector<std::string> &profileAddresses)
+{
+    if (profileAddresses.empty())
+        return;
+    std::vector<std::string> names;
+    names.reserve(profileAddresses.size());
+    for (const std::string &address : profileAddresses)
+        names.push_back(socketName(address));
+    for (const char *folder : SocketFolders) {
+        std::error_code error;
+        for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+            const std::string found = entry->path().filename().string();
+            const auto isFound = [&found](const std::string &name) { return endsWith(found, name); };
+            if (startsWith(found, SocketPrefix) && std::any_of(names.begin(), names.end(), isFound))
+                unlink(entry->path().c_str());
+        }
+    }
 }
 
 void checkEnd(const ChildResult &result, std::chrono::seconds limit)
@@ -177,22 +231,24 @@ std::string findOffice(const std::vector<std::string> &candidates, Component com
                    : "this output needs LibreOffice, which is not installed: install the package " + package);
 }
 
-std::string socketPath(const std::string &profileAddress)
+std::string socketName(const std::string &profileAddress)
 {
     const QString address = QString::fromStdString(profileAddress);
     const QByteArrayView utf16(reinterpret_cast<const char *>(address.utf16()), 2 * address.size());
-    QByteArray name;
+    QByteArray name = "SingleOfficeIPC_";
     // One number after the other without leading zeros, as LibreOffice puts it together.
     const QByteArray digest = QCryptographicHash::hash(utf16, QCryptographicHash::Md5);
     for (const char byte : digest)
         name += QByteArray::number(static_cast<unsigned char>(byte), 16);
-    return "/tmp/OSL_PIPE_" + std::to_string(getuid()) + "_SingleOfficeIPC_" + name.toStdString();
+    return name.toStdString();
 }
 
 void sweepSockets()
 {
+    std::vector<std::string> addresses;
     for (const std::string &folder : abandonedTempFolders())
-        unlink(socketPath(fileAddress(profileIn(folder))).c_str());
+        addresses.push_back(fileAddress(profileIn(folder)));
+    removeSockets(addresses);
 }
 
 std::string exportFile(
@@ -210,12 +266,12 @@ std::string exportFile(
     const std::string address = fileAddress(profile);
     const std::string outFolder = folder.path() + "/out";
     prepareProfile(profile, command.program);
-    command.arguments = {"--headless",    "--nologo",
-                         "--nodefault",   "--norestore",
-                         "--nolockcheck", "-env:UserInstallation=" + address,
-                         "--convert-to",  std::string(extension.substr(1)) + ":" + std::string(format->filter),
-                         "--outdir",      outFolder,
-                         sourcePath};
+    command.arguments = {
+        "--headless", "--nologo", "--nodefault", "--norestore", "--nolockcheck",
+        "-env:UserInstallation=" + optionValue(address),
+        // Otherwise root's LibreOffice makes this one in its installation, closed to other users.
+        "-env:UNO_SHARED_PACKAGES_CACHE=" + optionValue(address) + "/shared_packages", "--convert-to",
+        std::string(extension.substr(1)) + ":" + std::string(format->filter), "--outdir", outFolder, sourcePath};
     command.environment = {"HOME=" + folder.path(), "TMPDIR=" + folder.path()};
     command.workingFolder = folder.path();
 #ifndef QUORRA_SANITIZED
@@ -231,7 +287,7 @@ std::string exportFile(
         result = runChild(command);
     while (result.end == ChildEnd::Exited && result.status == RestartStatus && ++starts < Starts);
     // It takes its socket away itself unless it is killed.
-    unlink(socketPath(address).c_str());
+    removeSockets({address});
     checkEnd(result, limit);
 
     std::string made = outFolder + "/" + fs::path(sourcePath).stem().string() + std::string(extension);

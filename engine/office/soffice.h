@@ -22,16 +22,18 @@ std::vector<std::string> officeCandidates(const char *named, const char *searchP
 /// package to install.
 std::string findOffice(const std::vector<std::string> &candidates, Component component);
 
-/// The name that LibreOffice gives its socket in the system's temporary folder for this profile (a file: address).
-std::string socketPath(const std::string &profileAddress);
+/// How the name of LibreOffice's socket for this profile (a file: address) ends: "OSL_PIPE_", the user's number where it
+/// is known, and this.
+std::string socketName(const std::string &profileAddress);
 
-/// Removes the sockets that LibreOffice left there when its engine was killed. To be called before a TempFolder is
+/// Removes the sockets that LibreOffice left in the system's temporary folders when its engine was killed. To be called before a TempFolder is
 /// made, which removes the folders by which they are known.
 void sweepSockets();
 
 /// Exports a flat ODF file, that must lie in the folder, in the format of the extension (lower case, with its dot);
-/// program is what findOffice() gave. Gives the path of the new file, in the same folder. Throws Failure(Helper) or
-/// Failure(Limit).
+/// program is what findOffice() gave. Gives the path of the new file, in the same folder. Everything that LibreOffice
+/// keeps goes into the folder too; its installation stays as it is. Throws Failure(Helper), Failure(Limit) or
+/// Failure(CannotWrite).
 std::string exportFile(
     const TempFolder &folder, const std::string &program, const std::string &sourcePath, std::string_view extension,
     int pageCount);

@@ -65,7 +65,9 @@ void limit(Resource resource, rlim_t value)
         limit(RLIMIT_AS, command.addressSpaceBytes);
     if (command.cpuSeconds > 0)
         limit(RLIMIT_CPU, command.cpuSeconds);
-    umask(077);
+    // Nobody else may write to what it makes, such as sockets. Reading is not taken away: what it leaves in shared folders
+    // as root, such as caches of fonts, serves every user, and private files lie in a private folder.
+    umask(umask(0) | S_IWGRP | S_IWOTH);
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);

@@ -24,10 +24,14 @@ namespace fs = std::filesystem;
 const std::string Prefix = "qtminw-";
 const std::string LockName = "/.lock";
 
+/// Without symbolic links: LibreOffice names its socket after the resolved path.
 std::string parentFolder()
 {
     const char *const given = std::getenv("TMPDIR");
-    return given && *given == '/' ? given : "/tmp";
+    const std::string folder = given && *given == '/' ? given : "/tmp";
+    std::error_code error;
+    const fs::path resolved = fs::canonical(folder, error);
+    return error ? folder : resolved.string();
 }
 
 bool isOurs(const std::string &path)

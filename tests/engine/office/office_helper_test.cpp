@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -29,6 +30,8 @@ private Q_SLOTS:
     void startsAgainWhenAskedTo();
     void tellsWhatWentWrong_data();
     void tellsWhatWentWrong();
+    void seesThatTheProfileCannotBeWritten_data();
+    void seesThatTheProfileCannotBeWritten();
 };
 
 namespace {
@@ -116,9 +119,7 @@ void OfficeHelperTest::seesAMissingPart()
 void OfficeHelperTest::knowsTheSocketsName()
 {
     // Taken from a run of LibreOffice with this profile.
-    const QByteArray path = QByteArray::fromStdString(socketPath("file:///tmp/example/profile"));
-    QVERIFY(path.startsWith("/tmp/OSL_PIPE_"));
-    QVERIFY(path.endsWith("_SingleOfficeIPC_1dddcdb741d4c8b6199b77efb0dcf34"));
+    QCOMPARE(socketName("file:///tmp/example/profile"), std::string("SingleOfficeIPC_1dddcdb741d4c8b6199b77efb0dcf34"));
 }
 
 void OfficeHelperTest::removesSocketsOfKilledRuns()
@@ -133,12 +134,22 @@ void OfficeHelperTest::removesSocketsOfKilledRuns()
     qputenv("TMPDIR", temp.path().toUtf8());
     const QString folder = temp.filePath(QStringLiteral("qtminw-%1-killed").arg(pid));
     QVERIFY(QDir().mkdir(folder));
-    const QString left = QString::fromStdString(socketPath("file://" + folder.toStdString() + "/profile"));
-    QFile socket(left);
-    QVERIFY(socket.open(QIODevice::WriteOnly));
+    const QString name = QString::fromStdString(socketName("file://" + folder.toStdString() + "/profile"));
+    // Of a user with and of one without an entry in the password database, and of another profile.
+    QFile known(QStringLiteral("/tmp/OSL_PIPE_4711_") + name);
+    QFile unknown(QStringLiteral("/tmp/OSL_PIPE_") + name);
+    QFile other(QStringLiteral("/tmp/OSL_PIPE_") + name + QStringLiteral("0"));
+    const auto removeAll = qScopeGuard([&] {
+        for (QFile *const each : {&known, &unknown, &other})
+            each->remove();
+        inherited.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", inherited);
+    });
+    for (QFile *const each : {&known, &unknown, &other})
+        QVERIFY(each->open(QIODevice::WriteOnly));
     sweepSockets();
-    inherited.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", inherited);
-    QVERIFY(!QFile::exists(left));
+    QVERIFY(!known.exists());
+    QVERIFY(!unknown.exists());
+    QVERIFY(other.exists());
 }
 
 void OfficeHelperTest::startsAgainWhenAskedTo()
@@ -178,6 +189,34 @@ void OfficeHelperTest::tellsWhatWentWrong()
         failureOf([&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1); }, status);
     QCOMPARE(status, ExitStatus::Helper);
     QVERIFY2(QByteArray::fromStdString(line).contains(expected), line.c_str());
+}
+
+void OfficeHelperTest::seesThatTheProfileCannotBeWritten_data()
+{
+    QTest::addColumn<bool>("full");
+    QTest::newRow("a file in the way of its folder") << false;
+    QTest::newRow("no space left") << true;
+}
+
+void OfficeHelperTest::seesThatTheProfileCannotBeWritten()
+{
+    QFETCH(bool, full);
+    const TempFolder folder;
+    const QString profile = QString::fromStdString(folder.path() + "/profile");
+    if (full) {
+        QVERIFY(QDir().mkpath(profile + QStringLiteral("/user")));
+        QVERIFY(QFile::link(QStringLiteral("/dev/full"), profile + QStringLiteral("/user/registrymodifications.xcu")));
+    } else {
+        writeScript(profile, "");
+    }
+    const QTemporaryDir tools;
+    const QString program = tools.filePath(QStringLiteral("soffice.bin"));
+    writeScript(program, QByteArray(FindFolder) + "mkdir $out\necho made > $out/in.doc\n");
+    ExitStatus status = ExitStatus::Done;
+    const std::string line =
+        failureOf([&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1); }, status);
+    QCOMPARE(status, ExitStatus::CannotWrite);
+    QVERIFY2(QByteArray::fromStdString(line).contains(full ? "No space left" : "cannot write"), line.c_str());
 }
 
 QTEST_APPLESS_MAIN(OfficeHelperTest)
