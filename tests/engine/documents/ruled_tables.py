@@ -1,0 +1,143 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Tables with drawn lines, and drawn lines that make no table."""
+from reportlab.lib.colors import HexColor, black
+
+from paper import FULL, HEIGHT, LEFT, RIGHT, document
+from texts import CLOCK, GARDEN, TOWN
+
+GRID = ("GRID", (0, 0), (-1, -1), 0.6, black)
+HEAD = ("FONT", (0, 0), (-1, 0), "Sans-Bold", 9.5)
+
+
+@document
+def ruled_table_with_spans(sheet):
+    """Two head rows with three merged cells, and a merged cell in the body."""
+    y = sheet.prose(LEFT, 80, FULL, TOWN[0])
+    sheet.table(LEFT, y + 8, [
+        ["Day", "Crossings", "", "", "Fares"],
+        ["", "early", "noon", "late", ""],
+        ["Monday", "8", "12", "6", "214.50"],
+        ["Tuesday", "8", "11", "7", "198.00"],
+        ["Wednesday", "closed for repairs", "", "", "0.00"],
+        ["Thursday", "9", "14", "6", "230.25"],
+    ], [90, 80, 80, 80, 90], GRID, HEAD, ("SPAN", (0, 0), (0, 1)), ("SPAN", (1, 0), (3, 0)), ("SPAN", (4, 0), (4, 1)),
+        ("SPAN", (1, 4), (3, 4)), ("ALIGN", (1, 2), (-1, -1), "RIGHT"), ("ALIGN", (1, 4), (3, 4), "CENTER"))
+
+
+@document
+def ruled_table_with_long_cells(sheet):
+    """Cells of several lines; each is one paragraph."""
+    sheet.table(LEFT, 90, [
+        ["Bed", "What is grown", "Remarks"],
+        ["North", "¶Cabbage, kale and sprouts, all of them raised under glass and set out in the last week of April",
+         "¶Nets against pigeons are needed until the plants are as high as a knee"],
+        ["East", "¶Broad beans", "¶Sown in November; a second row in March"],
+        ["South", "¶Carrots and onions in alternate rows", "¶Thin the carrots twice. Never water the onions after the "
+                  "first of July, for they would not keep"],
+    ], [60, 200, 211], GRID, HEAD, ("VALIGN", (0, 0), (-1, -1), "TOP"), ("BACKGROUND", (0, 0), (-1, 0),
+                                                                           HexColor("#e4e4e4")))
+
+
+@document
+def table_in_frame(sheet):
+    """The frame with round corners is no cell around the table, but it is a border on the page."""
+    sheet.heading(80, "Timetable")
+    sheet.rect(LEFT, 104, FULL, 130, stroke="#336699", line=1.2, radius=8)
+    sheet.table(LEFT + 20, 116, [["From", "First", "Last"], ["Northern bank", "5:00", "21:30"],
+                                 ["Southern bank", "5:10", "21:40"], ["Island", "9:00", "17:00"],
+                                 ["Mill", "9:20", "17:20"]],
+                [150, 100, 100], GRID, HEAD)
+    sheet.prose(LEFT, 250, FULL, TOWN[2])
+
+
+@document
+def tables_side_by_side(sheet):
+    """Two tables, each read by itself."""
+    for x, rows in ((LEFT, [["Tool", "Price"], ["Spade", "31.00"], ["Rake", "18.50"], ["Hoe", "16.20"]]),
+                    (LEFT + 250, [["Seed", "Packs", "Price"], ["Beans", "12", "3.10"], ["Kale", "7", "2.80"],
+                                  ["Onion", "20", "1.95"]])):
+        sheet.table(x, 90, rows, [80] + [65] * (len(rows[0]) - 1), GRID, HEAD, ("ALIGN", (1, 1), (-1, -1), "RIGHT"))
+    sheet.prose(LEFT, 190, FULL, GARDEN[1])
+
+
+@document
+def frame_around_prose(sheet):
+    """A paragraph with a border, not a table of one cell."""
+    y = sheet.prose(LEFT, 80, FULL, TOWN[0])
+    sheet.rect(LEFT, y + 8, FULL, 84, stroke="#000000", line=0.8)
+    sheet.heading(y + 16, "Please note", 11, LEFT + 10, FULL - 20)
+    sheet.prose(LEFT + 10, y + 36, FULL - 20, TOWN[3])
+    sheet.prose(LEFT, y + 108, FULL, TOWN[1])
+
+
+@document
+def page_furniture(sheet):
+    """Margin lines, a frame around the page and side tabs belong to no table."""
+    sheet.rect(28, 28, 539, HEIGHT - 56, stroke="#888888")
+    sheet.line(LEFT - 12, 28, LEFT - 12, HEIGHT - 28, 0.8, HexColor("#cc3333"))
+    sheet.line(28, 64, 567, 64, 0.6)
+    sheet.line(28, HEIGHT - 64, 567, HEIGHT - 64, 0.6)
+    for n, letter in enumerate("ABCD"):
+        sheet.rect(545, 120 + n * 60, 22, 50, fill="#d8d8d8" if n != 1 else "#444444")
+        sheet.text(556, 150 + n * 60, letter, "Sans-Bold", 11, "centre", HexColor("#ffffff") if n == 1 else black)
+    y = sheet.heading(84, "B. Beds and borders", 16)
+    sheet.paragraphs(LEFT, y, FULL, GARDEN)
+
+
+@document
+def table_over_two_pages(sheet):
+    """One table whose head is repeated at the top of the second page."""
+    head = ["No.", "Name", "Since", "Shares"]
+    names = ["Abel", "Brook", "Carver", "Dunn", "Eames", "Field", "Grant", "Hale", "Innes", "Jarvis"]
+    rows = [[str(n + 1), f"{names[n % 10]}, {names[(n * 3 + 1) % 10]}", str(1950 + n * 7 % 60), str(5 + n * 11 % 90)]
+            for n in range(44)]
+    style = [GRID, HEAD, ("ALIGN", (2, 1), (-1, -1), "RIGHT")]
+    y = sheet.heading(80, "Members of the ferry company", 16)
+    sheet.table(LEFT, y, [head] + rows[:34], [50, 220, 90, 90], *style)
+    sheet.next_page()
+    y = sheet.table(LEFT, 62, [head] + rows[34:], [50, 220, 90, 90], *style)
+    sheet.prose(LEFT, y + 12, FULL, "The list is complete. Shares that were returned are not counted.")
+
+
+@document
+def turned_heads_in_table(sheet):
+    """The heads of the narrow columns run upwards; they belong into the first row."""
+    widths, top, tall = [140, 32, 32, 32, 32, 32], 90, 80
+    heads = ["Spring", "Summer", "Autumn", "Winter", "Total"]
+    rows = [["Cars", "812", "1,940", "760", "300", "3,812"], ["Carts", "14", "60", "41", "2", "117"],
+            ["Walkers", "990", "5,210", "870", "120", "7,190"]]
+    sheet.table(LEFT, top, [[""] * 6] + rows, widths, GRID, ("ALIGN", (1, 1), (-1, -1), "RIGHT"),
+                ("LEFTPADDING", (1, 0), (-1, -1), 2), ("RIGHTPADDING", (1, 0), (-1, -1), 3), size=9,
+                heights=[tall, 18, 18, 18])
+    for n, head in enumerate(heads):
+        sheet.turned(LEFT + 140 + 32 * n + 19, top + tall - 6, 270, lambda text=head: sheet.text(0, 0, text, "Sans-Bold", 9.5))
+
+
+@document
+def form_like_table(sheet):
+    """Cells of unlike widths in every row, each with a small label and a value."""
+    rows = [[("Name", "Mary Dunn", 300), ("Born", "4 May 1961", 171)],
+            [("Street", "Ferry Lane 7", 200), ("Town", "Oldham Reach", 171), ("Code", "OR4 7", 100)],
+            [("Boat", "cart, two wheels", 157), ("Weight", "310 kg", 157), ("Length", "2.60 m", 157)],
+            [("Remarks", "Crosses on Mondays and Thursdays with two churns of milk", 471)]]
+    for r, row in enumerate(rows):
+        x = LEFT
+        for label, value, width in row:
+            sheet.rect(x, 90 + 34 * r, width, 34, stroke="#000000")
+            sheet.text(x + 4, 100 + 34 * r, label, "Sans", 7)
+            sheet.text(x + 4, 117 + 34 * r, value, size=10.5)
+            x += width
+    sheet.prose(LEFT, 240, FULL, CLOCK[1])
+
+
+@document
+def table_with_double_and_thick_lines(sheet):
+    """The thick frame and the double line above the sum are borders; thin lines stand between the rows."""
+    y = sheet.table(LEFT, 90, [["Account", "Debit", "Credit"], ["Fares", "", "8,114.00"], ["Cable", "5,290.00", ""],
+                               ["Wages", "2,115.50", ""], ["Sum", "7,405.50", "8,114.00"]], [171, 150, 150],
+                    ("BOX", (0, 0), (-1, -1), 2, black), ("LINEBELOW", (0, 0), (-1, 0), 1.2, black),
+                    ("LINEBELOW", (0, 1), (-1, 2), 0.3, HexColor("#999999")),
+                    ("LINEABOVE", (0, -1), (-1, -1), 0.5, black, 1, None, None, 2, 2),
+                    ("LINEAFTER", (0, 0), (1, -1), 0.5, black), HEAD, ("ALIGN", (1, 0), (-1, -1), "RIGHT"))
+    sheet.line(RIGHT - 300, y + 40, RIGHT, y + 40, 0.5)
+    sheet.text(RIGHT - 300, y + 52, "Date and signature", "Sans", 8)
