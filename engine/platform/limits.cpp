@@ -5,8 +5,11 @@
 #include "engine/platform/platform.h"
 
 #include <array>
+#include <atomic>
+#include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <new>
 #include <string_view>
 
 #include <sys/resource.h>
@@ -43,9 +46,10 @@ struct SignalLine
 
 constexpr std::string_view DamagedLine = "Qtminw: the file is damaged in a way that the PDF library cannot survive\n";
 
+constexpr SignalLine NoMemory = {SIGABRT, ExitStatus::Limit, "Qtminw: the file needs more memory than allowed\n"};
+
 constexpr std::array<SignalLine, 6> SignalLines = {{
-    // The library aborts when it cannot get memory.
-    {SIGABRT, ExitStatus::Limit, "Qtminw: the file needs more memory than allowed\n"},
+    {SIGABRT, ExitStatus::CannotOpen, "Qtminw: the PDF library gave up on the file, which may be damaged\n"},
     {SIGXCPU, ExitStatus::Limit, "Qtminw: the file needs more processor time than allowed\n"},
     {SIGSEGV, ExitStatus::CannotOpen, DamagedLine},
     {SIGBUS, ExitStatus::CannotOpen, DamagedLine},
@@ -53,15 +57,32 @@ constexpr std::array<SignalLine, 6> SignalLines = {{
     {SIGILL, ExitStatus::CannotOpen, DamagedLine},
 }};
 
+std::atomic<bool> newFailed = false;
+static_assert(std::atomic<bool>::is_always_lock_free, "read in a signal handler");
+
+/// Called by operator new when there is no memory.
+void noteFailedNew()
+{
+    newFailed = true;
+    throw std::bad_alloc();
+}
+
 /// Async-signal-safe: writes and leaves.
+[[noreturn]] void leaveWith(const SignalLine &end)
+{
+    [[maybe_unused]] const ssize_t written = write(lineDescriptor, end.line.data(), end.line.size());
+    _exit(static_cast<int>(end.status));
+}
+
+/// Async-signal-safe too.
 void leave(int signal)
 {
-    for (const SignalLine &each : SignalLines) {
-        if (each.signal != signal)
-            continue;
-        [[maybe_unused]] const ssize_t written = write(lineDescriptor, each.line.data(), each.line.size());
-        _exit(static_cast<int>(each.status));
-    }
+    // The library aborts when malloc() fails, which sets errno, but also when it meets what it cannot handle.
+    if (signal == SIGABRT && (errno == ENOMEM || newFailed))
+        leaveWith(NoMemory);
+    for (const SignalLine &each : SignalLines)
+        if (each.signal == signal)
+            leaveWith(each);
     _exit(static_cast<int>(ExitStatus::CannotOpen));
 }
 
@@ -85,6 +106,7 @@ void apply()
 void catchFatalSignals(int errorDescriptor)
 {
     lineDescriptor = errorDescriptor;
+    std::set_new_handler(noteFailedNew);
     prepareThread();
     struct sigaction action
     {

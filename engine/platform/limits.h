@@ -21,7 +21,8 @@ inline constexpr std::int64_t LargestArea = 250'000'000; ///< pixels of a pictur
 void apply();
 
 /// Turns signals by which the PDF library dies (out of memory, processor time, a crash) into one line and an exit
-/// status. `errorDescriptor` is where the line goes.
+/// status. An abort is told as lack of memory only if an allocation failed before. `errorDescriptor` is where the line
+/// goes.
 void catchFatalSignals(int errorDescriptor);
 
 /// Gives the calling thread a signal stack of its own, so that a stack overflow in it can still be told.
