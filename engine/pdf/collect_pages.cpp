@@ -15,12 +15,7 @@ std::vector<model::RawPage> collectPages(const Job &job, DocumentCopies &copies,
             pages[static_cast<std::size_t>(position) - 1] = collector.collect(job.firstPage + position - 1);
         }
     };
-    const int threads = poolSize(job.pageCount());
-    if (threads == 1) {
-        collect(pagesOneByOne(job.pageCount()));
-    } else {
-        runPool(threads, job.pageCount(), collect);
-    }
+    runPool(poolSize(job.pageCount()), job.pageCount(), collect);
     return pages;
 }
 

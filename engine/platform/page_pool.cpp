@@ -2,12 +2,14 @@
 #include "engine/platform/page_pool.h"
 
 #include "engine/platform/limits.h"
+#include "engine/platform/memory_left.h"
 
 #include <algorithm>
 #include <atomic>
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -18,12 +20,88 @@ namespace {
 constexpr int MostThreads = 4;
 constexpr int PagesPerThread = 4;
 
+/// What any thread takes: the allocator reserves 64 MiB for each, its stack has 8 MiB, and it opens the file once more.
+constexpr std::uint64_t ThreadBytes = 96ULL << 20;
+
+std::atomic<int> assumedProcessors{0};
+
+/// Keeps the first failure of several threads.
+class FirstFailure
+{
+public:
+    /// Call it where an exception is being handled.
+    void keep()
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!m_failure)
+            m_failure = std::current_exception();
+        m_any = true;
+    }
+
+    bool any() const { return m_any; }
+
+    void rethrow() const
+    {
+        if (m_failure)
+            std::rethrow_exception(m_failure);
+    }
+
+private:
+    std::atomic<bool> m_any{false};
+    std::mutex m_mutex;
+    std::exception_ptr m_failure;
+};
+
+/// Threads that are waited for when this object goes. (std::jthread is missing in the C++ library of macOS.)
+class JoinedThreads
+{
+public:
+    JoinedThreads() = default;
+    JoinedThreads(const JoinedThreads &) = delete;
+    JoinedThreads &operator=(const JoinedThreads &) = delete;
+
+    ~JoinedThreads()
+    {
+        for (std::thread &thread : m_threads)
+            thread.join();
+    }
+
+    /// Starts up to `count` threads: fewer where the user or the system has as many as are allowed.
+    void start(int count, const std::function<void()> &work)
+    {
+        m_threads.reserve(static_cast<std::size_t>(std::max(0, count)));
+        try {
+            while (static_cast<int>(m_threads.size()) < count)
+                m_threads.emplace_back(work);
+        } catch (const std::system_error &) {
+            return;
+        }
+    }
+
+private:
+    std::vector<std::thread> m_threads;
+};
+
 } // namespace
 
-int poolSize(int pageCount)
+int threadsFor(int pageCount, int processors, std::uint64_t bytesLeft, const PoolMemory &memory)
 {
-    const int cores = static_cast<int>(std::thread::hardware_concurrency());
-    return std::clamp(std::min(cores, pageCount / PagesPerThread), 1, MostThreads);
+    const std::uint64_t forThreads = bytesLeft > memory.shared ? bytesLeft - memory.shared : 0;
+    const auto fitting = static_cast<int>(
+        std::min<std::uint64_t>(forThreads / (ThreadBytes + memory.perThread), std::uint64_t{MostThreads}));
+    return std::max(1, std::min({processors, pageCount / PagesPerThread, fitting}));
+}
+
+int poolSize(int pageCount, const PoolMemory &memory)
+{
+    const int assumed = assumedProcessors;
+    const int processors = assumed > 0 ? assumed : static_cast<int>(std::thread::hardware_concurrency());
+    return threadsFor(pageCount, processors, memoryLeft(), memory);
+}
+
+void assumeProcessors(int count)
+{
+    assumedProcessors = count;
 }
 
 PageSource pagesOneByOne(int pageCount)
@@ -36,29 +114,25 @@ PageSource pagesOneByOne(int pageCount)
 
 void runPool(int threads, int pageCount, const std::function<void(const PageSource &)> &work)
 {
-    std::atomic<bool> failed{false};
+    FirstFailure failure;
     const PageSource pages = pagesOneByOne(pageCount);
-    const PageSource next = [&failed, &pages] { return failed ? 0 : pages(); };
-    std::mutex mutex;
-    std::exception_ptr failure;
-    std::vector<std::thread> pool;
-    pool.reserve(static_cast<std::size_t>(threads));
-    for (int i = 0; i < threads; ++i)
-        pool.emplace_back([&] {
+    const PageSource next = [&failure, &pages] { return failure.any() ? 0 : pages(); };
+    const auto workAndKeepFailure = [&] {
+        try {
+            work(next);
+        } catch (...) {
+            failure.keep();
+        }
+    };
+    {
+        JoinedThreads others;
+        others.start(threads - 1, [&] {
             limits::prepareThread();
-            try {
-                work(next);
-            } catch (...) {
-                const std::lock_guard lock(mutex);
-                if (!failure)
-                    failure = std::current_exception();
-                failed = true;
-            }
+            workAndKeepFailure();
         });
-    for (std::thread &thread : pool)
-        thread.join();
-    if (failure)
-        std::rethrow_exception(failure);
+        workAndKeepFailure();
+    }
+    failure.rethrow();
 }
 
 void forEachPage(int pageCount, const std::function<void(int)> &work)
@@ -67,11 +141,7 @@ void forEachPage(int pageCount, const std::function<void(int)> &work)
         while (const int position = next())
             work(position - 1);
     };
-    const int threads = poolSize(pageCount);
-    if (threads == 1)
-        all(pagesOneByOne(pageCount));
-    else
-        runPool(threads, pageCount, all);
+    runPool(poolSize(pageCount), pageCount, all);
 }
 
 } // namespace quorra

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/platform/memory_left.h"
+
+#include "engine/platform/limits.h"
+
+#include <algorithm>
+#include <fstream>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace quorra {
+
+namespace {
+
+/// What the process has taken, in bytes. Linux alone tells it; elsewhere the answer is 0.
+struct Taken
+{
+    std::uint64_t addresses = 0;
+    std::uint64_t resident = 0;
+};
+
+Taken taken()
+{
+    std::ifstream file("/proc/self/statm");
+    std::uint64_t addresses = 0;
+    std::uint64_t resident = 0;
+    if (!(file >> addresses >> resident))
+        return {};
+    const auto page = static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
+    return {addresses * page, resident * page};
+}
+
+} // namespace
+
+std::uint64_t memoryLeft()
+{
+    rlimit limit{};
+    const bool limited = getrlimit(RLIMIT_AS, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY;
+    // Without a limit on addresses, reserved ones cost nothing.
+    const std::uint64_t used = limited ? taken().addresses : taken().resident;
+    const std::uint64_t most = limited ? std::uint64_t{limit.rlim_cur} : limits::AddressSpaceBytes;
+    return most > used ? most - used : 0;
+}
+
+} // namespace quorra
