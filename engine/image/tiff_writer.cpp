@@ -6,6 +6,8 @@
 #include <tiffio.h>
 
 #include <algorithm>
+#include <cstdarg>
+#include <memory>
 #include <vector>
 
 #include <unistd.h>
@@ -52,6 +54,26 @@ std::uint32_t rowsPerStrip(Compression compression, const PictureInfo &info)
     return std::clamp<std::uint32_t>(static_cast<std::uint32_t>(rows), 1, height);
 }
 
+/// Messages end here: a call's result tells of its failure.
+int ignoreMessage(TIFF *, void *, const char *, const char *, va_list)
+{
+    constexpr int notForOtherHandlers = 1;
+    return notForOtherHandlers;
+}
+
+/// Takes over the descriptor; null on failure, the descriptor is the caller's then. Several threads write files at the
+/// same time, so the message handlers are this file's own and not those of the process.
+TIFF *open(int descriptor, const std::string &path)
+{
+    const std::unique_ptr<TIFFOpenOptions, void (*)(TIFFOpenOptions *)> options(
+        TIFFOpenOptionsAlloc(), TIFFOpenOptionsFree);
+    if (!options)
+        return nullptr;
+    TIFFOpenOptionsSetErrorHandlerExtR(options.get(), ignoreMessage, nullptr);
+    TIFFOpenOptionsSetWarningHandlerExtR(options.get(), ignoreMessage, nullptr);
+    return TIFFFdOpenExt(descriptor, path.c_str(), "w", options.get());
+}
+
 } // namespace
 
 TiffFile::TiffFile(OutputFile &file, Compression compression, int pageCount)
@@ -60,10 +82,8 @@ TiffFile::TiffFile(OutputFile &file, Compression compression, int pageCount)
     , m_pageCount(pageCount)
     , m_tiff(nullptr)
 {
-    TIFFSetErrorHandler(nullptr);
-    TIFFSetWarningHandler(nullptr);
     const int own = dup(file.descriptor());
-    m_tiff = own < 0 ? nullptr : TIFFFdOpen(own, file.path().c_str(), "w");
+    m_tiff = own < 0 ? nullptr : open(own, file.path());
     if (!m_tiff && own >= 0)
         close(own);
     if (!m_tiff)
