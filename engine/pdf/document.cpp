@@ -6,6 +6,8 @@
 #include "engine/pdf/document_handles.h"
 
 #include <ErrorCodes.h>
+#include <GfxState.h>
+#include <Page.h>
 
 namespace quorra {
 
@@ -36,6 +38,18 @@ std::unique_ptr<PDFDoc> load(const std::string &path, const PasswordPair &passwo
         ExitStatus::CannotOpen, (error == errOpenFile ? "cannot read " : "not a PDF file that can be read: ") + path);
 }
 
+/// The library makes its colour profiles, which are static, with the first graphics state, and takes no lock: two
+/// threads that draw their first page at the same time would both make them. Any document is opened before threads
+/// draw.
+void makeColourProfiles()
+{
+    [[maybe_unused]] static const bool made = [] {
+        const PDFRectangle page(0, 0, UsLetter.width, UsLetter.height);
+        const GfxState first(1, 1, &page, 0, false);
+        return true;
+    }();
+}
+
 /// The one place that decides whether an owner's restrictions hold: a file that opens is converted.
 bool conversionAllowed(const PDFDoc &)
 {
@@ -47,6 +61,7 @@ bool conversionAllowed(const PDFDoc &)
 Document::Document(const std::string &path, const std::string &userPassword, const std::string &ownerPassword)
     : m_handles(std::make_unique<DocumentHandles>(&dropMessage))
 {
+    makeColourProfiles();
     for (const PasswordPair &passwords : passwordsToTry(userPassword, ownerPassword)) {
         m_handles->doc = load(path, passwords);
         m_handles->passwords = passwords;
