@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <csetjmp>
 #include <cstdio>
 #include <exception>
 
@@ -13,14 +14,26 @@ namespace quorra {
 
 namespace {
 
-constexpr int Quality = 90;
 constexpr UINT8 DotsPerInch = 1;
 
-/// The library's destination manager with a way back to the file. The manager must come first.
+/// The library's error manager with the place to which a failure returns. The manager must come first: the library
+/// hands back its address.
+struct Errors
+{
+    jpeg_error_mgr manager{};
+    std::jmp_buf escape{};
+};
+
+[[noreturn]] void leave(j_common_ptr jpeg)
+{
+    std::longjmp(reinterpret_cast<Errors *>(jpeg->err)->escape, 1);
+}
+
+/// The library's destination manager with a way back to the sink. The manager must come first.
 struct Destination
 {
     jpeg_destination_mgr manager{};
-    OutputFile *file = nullptr;
+    ByteSink sink;
     std::exception_ptr failure;
     std::array<JOCTET, 64 * 1024> buffer{};
 
@@ -32,35 +45,71 @@ struct Destination
         manager.free_in_buffer = buffer.size();
     }
 
-    /// The library must not see our exceptions: they wait until it has returned.
-    void write(std::size_t size)
+    /// False on failure, which is kept: no exception may pass through the library's frames.
+    bool write(std::size_t size)
     {
-        if (failure)
-            return;
         try {
-            file->write({reinterpret_cast<const char *>(buffer.data()), size});
+            sink({reinterpret_cast<const char *>(buffer.data()), size});
+            return true;
         } catch (...) {
             failure = std::current_exception();
+            return false;
         }
     }
 };
 
-[[noreturn]] void fail(j_common_ptr)
+/// Frees what the library allocated, also when the writer's constructor fails.
+struct Compressor : jpeg_compress_struct
 {
-    throw Failure(ExitStatus::CannotWrite, "cannot write a JPEG picture of this size");
-}
-
-void ignore(j_common_ptr) {}
+    Compressor() : jpeg_compress_struct{} {}
+    ~Compressor() { jpeg_destroy_compress(this); }
+    Compressor(const Compressor &) = delete;
+    Compressor &operator=(const Compressor &) = delete;
+};
 
 class JpegWriter : public PictureWriter
 {
 public:
-    JpegWriter(OutputFile &file, const PictureInfo &info)
+    JpegWriter(ByteSink sink, const PictureInfo &info, const JpegSettings &settings)
     {
-        m_destination.file = &file;
-        m_jpeg.err = jpeg_std_error(&m_errors);
-        m_errors.error_exit = fail;
-        m_errors.output_message = ignore;
+        m_destination.sink = std::move(sink);
+        m_jpeg.err = jpeg_std_error(&m_errors.manager);
+        m_errors.manager.error_exit = leave;
+        m_errors.manager.output_message = [](j_common_ptr) {};
+        guarded([&] { start(info, settings); });
+    }
+
+    void addRows(const Raster &rows) override
+    {
+        guarded([&] {
+            for (int y = 0; y < rows.rows; ++y) {
+                JSAMPROW row = const_cast<JSAMPROW>(rows.row(y));
+                jpeg_write_scanlines(&m_jpeg, &row, 1);
+            }
+        });
+    }
+
+    void finish() override
+    {
+        guarded([&] { jpeg_finish_compress(&m_jpeg); });
+    }
+
+private:
+    /// Calls the library. Its failures jump back to here, past frames that have nothing to destroy, and are thrown.
+    template <typename Calls>
+    void guarded(const Calls &calls)
+    {
+        if (setjmp(m_errors.escape) == 0) {
+            calls();
+            return;
+        }
+        if (m_destination.failure)
+            std::rethrow_exception(m_destination.failure);
+        throw Failure(ExitStatus::CannotWrite, "cannot write a JPEG picture of this size");
+    }
+
+    void start(const PictureInfo &info, const JpegSettings &settings)
+    {
         jpeg_create_compress(&m_jpeg);
         setDestination();
         const bool colour = info.depth == ColourDepth::Colour;
@@ -69,67 +118,48 @@ public:
         m_jpeg.input_components = colour ? 3 : 1;
         m_jpeg.in_color_space = colour ? JCS_RGB : JCS_GRAYSCALE;
         jpeg_set_defaults(&m_jpeg);
-        jpeg_set_quality(&m_jpeg, Quality, TRUE);
-        // Coloured text suffers when colours are stored at half the resolution.
-        m_jpeg.comp_info[0].h_samp_factor = 1;
-        m_jpeg.comp_info[0].v_samp_factor = 1;
-        m_jpeg.optimize_coding = TRUE;
-        m_jpeg.density_unit = DotsPerInch;
-        m_jpeg.X_density = static_cast<UINT16>(std::lround(info.size.xtag));
-        m_jpeg.Y_density = static_cast<UINT16>(std::lround(info.size.ytag));
+        jpeg_set_quality(&m_jpeg, settings.quality, TRUE);
+        if (settings.fullColour) {
+            m_jpeg.comp_info[0].h_samp_factor = 1;
+            m_jpeg.comp_info[0].v_samp_factor = 1;
+        }
+        m_jpeg.optimize_coding = settings.ownTables ? TRUE : FALSE;
+        if (info.size.xtag > 0 && info.size.ytag > 0) {
+            m_jpeg.density_unit = DotsPerInch;
+            m_jpeg.X_density = static_cast<UINT16>(std::lround(info.size.xtag));
+            m_jpeg.Y_density = static_cast<UINT16>(std::lround(info.size.ytag));
+        }
         jpeg_start_compress(&m_jpeg, TRUE);
     }
 
-    ~JpegWriter() override { jpeg_destroy_compress(&m_jpeg); }
-
-    void addRows(const Raster &rows) override
-    {
-        for (int y = 0; y < rows.rows; ++y) {
-            JSAMPROW row = const_cast<JSAMPROW>(rows.row(y));
-            jpeg_write_scanlines(&m_jpeg, &row, 1);
-        }
-        rethrow();
-    }
-
-    void finish() override
-    {
-        jpeg_finish_compress(&m_jpeg);
-        rethrow();
-    }
-
-private:
     void setDestination()
     {
         m_destination.manager.init_destination = [](j_compress_ptr jpeg) { Destination::of(jpeg).rewind(); };
         m_destination.manager.empty_output_buffer = [](j_compress_ptr jpeg) -> boolean {
             Destination &destination = Destination::of(jpeg);
-            destination.write(destination.buffer.size());
+            if (!destination.write(destination.buffer.size()))
+                leave(reinterpret_cast<j_common_ptr>(jpeg));
             destination.rewind();
             return TRUE;
         };
         m_destination.manager.term_destination = [](j_compress_ptr jpeg) {
             Destination &destination = Destination::of(jpeg);
-            destination.write(destination.buffer.size() - destination.manager.free_in_buffer);
+            if (!destination.write(destination.buffer.size() - destination.manager.free_in_buffer))
+                leave(reinterpret_cast<j_common_ptr>(jpeg));
         };
         m_jpeg.dest = &m_destination.manager;
     }
 
-    void rethrow()
-    {
-        if (m_destination.failure)
-            std::rethrow_exception(m_destination.failure);
-    }
-
-    jpeg_compress_struct m_jpeg{};
-    jpeg_error_mgr m_errors{};
+    Errors m_errors;
     Destination m_destination;
+    Compressor m_jpeg;
 };
 
 } // namespace
 
-std::unique_ptr<PictureWriter> makeJpegWriter(OutputFile &file, const PictureInfo &info)
+std::unique_ptr<PictureWriter> makeJpegWriter(ByteSink sink, const PictureInfo &info, const JpegSettings &settings)
 {
-    return std::make_unique<JpegWriter>(file, info);
+    return std::make_unique<JpegWriter>(std::move(sink), info, settings);
 }
 
 } // namespace quorra

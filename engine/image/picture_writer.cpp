@@ -14,11 +14,26 @@ struct Row
     std::unique_ptr<PictureWriter> (*make)(OutputFile &, const PictureInfo &);
 };
 
+ByteSink sinkInto(OutputFile &file)
+{
+    return [&file](std::string_view bytes) { file.write(bytes); };
+}
+
+std::unique_ptr<PictureWriter> makePngFile(OutputFile &file, const PictureInfo &info)
+{
+    return makePngWriter(sinkInto(file), info);
+}
+
+std::unique_ptr<PictureWriter> makeJpegFile(OutputFile &file, const PictureInfo &info)
+{
+    return makeJpegWriter(sinkInto(file), info);
+}
+
 constexpr std::array<Row, 11> Rows = {{
-    {".png", makePngWriter},
-    {".jpeg", makeJpegWriter},
-    {".jpe", makeJpegWriter},
-    {".jpg", makeJpegWriter},
+    {".png", makePngFile},
+    {".jpeg", makeJpegFile},
+    {".jpe", makeJpegFile},
+    {".jpg", makeJpegFile},
     {".gif", makeGifWriter},
     {".bmp", makeBmpWriter},
     {".tga", makeTgaWriter},
@@ -35,6 +50,13 @@ std::unique_ptr<PictureWriter> makePictureWriter(std::string_view extension, Out
     const auto row =
         std::find_if(Rows.begin(), Rows.end(), [&](const Row &each) { return each.extension == extension; });
     return row == Rows.end() ? nullptr : row->make(file, info);
+}
+
+std::uint64_t bytesKeptPerPixel(std::string_view extension, ColourDepth depth)
+{
+    // Pixels and palette entries, and in colour what the search for a palette takes.
+    const std::uint64_t ofGif = depth == ColourDepth::Colour ? 8 : 2;
+    return extension == ".gif" ? ofGif : 0;
 }
 
 } // namespace quorra

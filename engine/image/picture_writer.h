@@ -5,6 +5,7 @@
 #include "engine/image/raster.h"
 #include "engine/platform/output_file.h"
 
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -13,12 +14,24 @@ namespace quorra {
 /// What a picture file is to hold.
 struct PictureInfo
 {
-    PictureSize size;
+    PictureSize size; ///< without resolutions to record, PNG and JPEG record none
     ColourDepth depth = ColourDepth::Colour;
 };
 
-/// Writes one picture into a file, from the top row down. Failures are thrown as Failure(CannotWrite); the file is not
-/// committed.
+/// Takes the bytes of a picture file in their order: into a file, into memory. What it throws reaches the writer's
+/// caller.
+using ByteSink = std::function<void(std::string_view)>;
+
+/// How a JPEG picture is packed. As it stands here: for pictures that are files of their own.
+struct JpegSettings
+{
+    int quality = 90;       ///< 0 to 100
+    bool fullColour = true; ///< colours at full resolution: coloured text suffers at half of it
+    bool ownTables = true;  ///< code tables made for the picture: smaller, slower
+};
+
+/// Writes one picture from the top row down. Failures are thrown as Failure(CannotWrite), and what a sink throws as it
+/// is; afterwards the writer can only be destroyed. A file is not committed.
 class PictureWriter
 {
 public:
@@ -35,8 +48,13 @@ public:
 /// reference to the file.
 std::unique_ptr<PictureWriter> makePictureWriter(std::string_view extension, OutputFile &file, const PictureInfo &info);
 
-std::unique_ptr<PictureWriter> makePngWriter(OutputFile &file, const PictureInfo &info);
-std::unique_ptr<PictureWriter> makeJpegWriter(OutputFile &file, const PictureInfo &info);
+/// Bytes that the extension's writer keeps for each pixel until the picture is finished; 0 for those that write row by
+/// row.
+std::uint64_t bytesKeptPerPixel(std::string_view extension, ColourDepth depth);
+
+std::unique_ptr<PictureWriter> makePngWriter(ByteSink sink, const PictureInfo &info);
+std::unique_ptr<PictureWriter>
+makeJpegWriter(ByteSink sink, const PictureInfo &info, const JpegSettings &settings = {});
 std::unique_ptr<PictureWriter> makeGifWriter(OutputFile &file, const PictureInfo &info);
 std::unique_ptr<PictureWriter> makeBmpWriter(OutputFile &file, const PictureInfo &info);
 std::unique_ptr<PictureWriter> makeTgaWriter(OutputFile &file, const PictureInfo &info);

@@ -23,7 +23,7 @@ using namespace office;
 
 // Collects the pages, lets write(file, document, pictures) put them into a flat ODF file, and has that exported.
 template <typename Writer>
-void convertThroughOffice(const Job &job, OdfKind kind, Component component, const Writer &write)
+void convertThroughOffice(const Job &job, OdfKind kind, Component component, DrawingWords words, const Writer &write)
 {
     // First what can be told at once: a folder that cannot be written to, and a missing LibreOffice.
     OutputFile output(job.options.outputPath);
@@ -39,7 +39,7 @@ void convertThroughOffice(const Job &job, OdfKind kind, Component component, con
         PagePictureSource pagePictures(
             job.document, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
             options.verticalResolution(EmbeddedResolution));
-        pagePictures.expect(document);
+        pagePictures.expect(document, words);
         MovedPictures pictures(pagePictures);
         fitToOptions(document, options, pictures);
         reduceColours(document, options.colourDepth);
@@ -56,9 +56,11 @@ void convertThroughOffice(const Job &job, OdfKind kind, Component component, con
 void convertToWord(const Job &job)
 {
     const WordMode mode = job.options.wordMode;
+    const bool inFrames = mode == WordMode::FlowWithBoxes || mode == WordMode::Exact;
+    const DrawingWords words = inFrames ? DrawingWords::Apart : DrawingWords::InPicture;
     const bool breaksApart = outputExtension(job.options.outputPath) != ".doc";
     convertThroughOffice(
-        job, OdfKind::Text, Component::Writer,
+        job, OdfKind::Text, Component::Writer, words,
         [mode, breaksApart](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
             switch (mode) {
             case WordMode::Combine:
@@ -85,7 +87,7 @@ void convertToWord(const Job &job)
 void convertToSlides(const Job &job)
 {
     convertThroughOffice(
-        job, OdfKind::Presentation, Component::Impress,
+        job, OdfKind::Presentation, Component::Impress, DrawingWords::Apart,
         [](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
             MovedPictures unified(pictures);
             unifyPages(document, unified);
@@ -96,7 +98,7 @@ void convertToSlides(const Job &job)
 void convertToSheets(const Job &job)
 {
     convertThroughOffice(
-        job, OdfKind::Spreadsheet, Component::Calc,
+        job, OdfKind::Spreadsheet, Component::Calc, DrawingWords::Apart,
         [](OdfFile &file, const model::Document &document, model::PictureSource &pictures) {
             writeSheets(file, document, pictures);
         });

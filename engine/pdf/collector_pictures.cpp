@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/pdf/collector_pictures.h"
 
+#include "engine/image/encode_picture.h"
 #include "engine/pdf/document_handles.h"
-#include "engine/writers/encode_picture.h"
 
 #include <SplashOutputDev.h>
 #include <splash/SplashBitmap.h>
@@ -16,7 +16,8 @@ namespace {
 
 constexpr double pointsPerInch = 72;
 constexpr int rowAlignment = 4;
-constexpr double mostPixels = 60e6; // of one page; larger ones are drawn at a lower resolution
+constexpr double mostPixels = 60e6;    // of one page; larger ones are drawn at a lower resolution
+constexpr double bitmapsInDrawing = 4; // two that are kept, a transparent group on the page and the group's mask
 constexpr model::Box everything{0, 0, 1e6, 1e6};
 
 // The labels of a drawing belong to its picture: without them a chart cannot be read.
@@ -30,6 +31,11 @@ SplashColorMode splashMode(ColourDepth depth)
     return depth == ColourDepth::Colour ? splashModeRGB8
            : depth == ColourDepth::Gray ? splashModeMono8
                                         : splashModeMono1;
+}
+
+double pixelsOf(const PageSize &size, double xres, double yres)
+{
+    return size.width * xres / pointsPerInch * size.height * yres / pointsPerInch;
 }
 
 // Boxes that were moved there and back are a little off.
@@ -103,7 +109,6 @@ private:
 struct PagePictureSource::Drawn
 {
     int page = 0;
-    bool withText = false;
     model::Box area;
     double xres = 0;
     double yres = 0;
@@ -125,19 +130,20 @@ PagePictureSource::PagePictureSource(Document &document, ColourDepth depth, doub
     , m_xres(xres)
     , m_yres(yres)
     , m_painters(std::make_unique<Painters>())
-    , m_drawn(std::make_unique<Drawn>())
+    , m_drawn(std::make_unique<std::array<Drawn, 2>>())
 {}
 
 PagePictureSource::~PagePictureSource() = default;
 
-void PagePictureSource::expect(const model::Document &document)
+void PagePictureSource::expect(const model::Document &document, DrawingWords words)
 {
     m_expected.clear();
     for (const model::Page &page : document.pages) {
         for (const model::Section &section : page.sections) {
             for (const model::Block &block : section.blocks) {
                 if (const model::Picture *picture = block.picture()) {
-                    model::Box &area = m_expected[{page.number, hasText(picture->kind)}];
+                    const bool asImage = words == DrawingWords::Apart && picture->kind == model::PictureKind::Drawing;
+                    model::Box &area = m_expected[{page.number, !asImage && hasText(picture->kind)}];
                     area = united(area, picture->box);
                 }
             }
@@ -145,9 +151,15 @@ void PagePictureSource::expect(const model::Document &document)
     }
 }
 
+PagePictureSource::Drawn &PagePictureSource::kept(bool withText) const
+{
+    return (*m_drawn)[withText ? 1 : 0];
+}
+
 bool PagePictureSource::isDrawn(int page, bool withText, const model::Box &box) const
 {
-    return m_drawn->page == page && m_drawn->withText == withText && isInside(box, m_drawn->area);
+    const Drawn &drawn = kept(withText);
+    return drawn.page == page && isInside(box, drawn.area);
 }
 
 // What to draw so that the box is seen: all that is expected of the page, or the box. A second box that nobody expected
@@ -158,7 +170,19 @@ model::Box PagePictureSource::areaFor(int page, bool withText, const model::Box 
     if (expected != m_expected.end() && isInside(box, expected->second)) {
         return expected->second;
     }
-    return m_drawn->page == page && m_drawn->withText == withText ? everything : box;
+    return kept(withText).page == page ? everything : box;
+}
+
+// Lets go what a new bitmap replaces, what belongs to another page, and what is too large to be kept beside it.
+void PagePictureSource::makeRoom(int page, bool withText, double pixels)
+{
+    kept(withText) = {};
+    Drawn &other = kept(!withText);
+    const SplashBitmap *bitmap = other.bitmap.get();
+    const double otherPixels = bitmap ? static_cast<double>(bitmap->getWidth()) * bitmap->getHeight() : 0;
+    if (other.page != page || pixels + otherPixels > mostPixels) {
+        other = {};
+    }
 }
 
 void PagePictureSource::draw(int page, bool withText, const model::Box &area)
@@ -170,39 +194,41 @@ void PagePictureSource::draw(int page, bool withText, const model::Box &area)
         painter->startDoc(doc);
     }
     const PageSize size = m_document.pageSize(page);
-    const double pixels = size.width * m_xres / pointsPerInch * size.height * m_yres / pointsPerInch;
+    const double pixels = pixelsOf(size, m_xres, m_yres);
     const double shrink = pixels > mostPixels ? std::sqrt(mostPixels / pixels) : 1;
-    Drawn drawn{page, withText, area, m_xres * shrink, m_yres * shrink, 0, 0, nullptr};
-    m_drawn->bitmap.reset(); // not two pages at a time
+    Drawn drawn{page, area, m_xres * shrink, m_yres * shrink, 0, 0, nullptr};
+    ++m_drawings;
     if (area == everything) {
+        makeRoom(page, withText, pixels * shrink * shrink);
         doc->displayPage(painter.get(), page, drawn.xres, drawn.yres, 0, false, true, false);
     } else {
         const auto first = [](double points, double res) { return static_cast<int>(points * res / pointsPerInch); };
         drawn.left = std::max(0, first(area.left, drawn.xres) - 1);
         drawn.top = std::max(0, first(area.top, drawn.yres) - 1);
-        const int width = first(std::min(area.right, size.width), drawn.xres) + 2 - drawn.left;
-        const int height = first(std::min(area.bottom, size.height), drawn.yres) + 2 - drawn.top;
+        const int width = std::max(1, first(std::min(area.right, size.width), drawn.xres) + 2 - drawn.left);
+        const int height = std::max(1, first(std::min(area.bottom, size.height), drawn.yres) + 2 - drawn.top);
+        makeRoom(page, withText, static_cast<double>(width) * height);
         doc->displayPageSlice(
-            painter.get(), page, drawn.xres, drawn.yres, 0, false, true, false, drawn.left, drawn.top,
-            std::max(1, width), std::max(1, height));
+            painter.get(), page, drawn.xres, drawn.yres, 0, false, true, false, drawn.left, drawn.top, width, height);
     }
     drawn.bitmap.reset(painter->takeBitmap());
-    *m_drawn = std::move(drawn);
+    kept(withText) = std::move(drawn);
 }
 
-model::EncodedPicture PagePictureSource::cut(const model::Box &box) const
+model::EncodedPicture PagePictureSource::cut(bool withText, const model::Box &box) const
 {
-    SplashBitmap *bitmap = m_drawn->bitmap.get();
+    const Drawn &drawn = kept(withText);
+    SplashBitmap *bitmap = drawn.bitmap.get();
     if (!bitmap || !bitmap->getDataPtr()) {
         return {};
     }
     const auto pixel = [](double points, double res, int first, int limit) {
         return std::clamp(static_cast<int>(std::lround(points * res / pointsPerInch)) - first, 0, limit);
     };
-    const int left = pixel(box.left, m_drawn->xres, m_drawn->left, bitmap->getWidth());
-    const int right = pixel(box.right, m_drawn->xres, m_drawn->left, bitmap->getWidth());
-    const int top = pixel(box.top, m_drawn->yres, m_drawn->top, bitmap->getHeight());
-    const int bottom = pixel(box.bottom, m_drawn->yres, m_drawn->top, bitmap->getHeight());
+    const int left = pixel(box.left, drawn.xres, drawn.left, bitmap->getWidth());
+    const int right = pixel(box.right, drawn.xres, drawn.left, bitmap->getWidth());
+    const int top = pixel(box.top, drawn.yres, drawn.top, bitmap->getHeight());
+    const int bottom = pixel(box.bottom, drawn.yres, drawn.top, bitmap->getHeight());
     if (left >= right || top >= bottom) {
         return {};
     }
@@ -223,7 +249,7 @@ model::EncodedPicture PagePictureSource::encode(int pageNumber, const model::Box
         const bool whole = kind == model::PictureKind::Page;
         draw(pageNumber, withText, whole ? everything : areaFor(pageNumber, withText, box));
     }
-    return cut(box);
+    return cut(withText, box);
 }
 
 model::EncodedPicture PagePictureSource::background(int pageNumber)
@@ -231,7 +257,14 @@ model::EncodedPicture PagePictureSource::background(int pageNumber)
     if (!isDrawn(pageNumber, false, everything)) {
         draw(pageNumber, false, everything);
     }
-    return cut(everything);
+    return cut(false, everything);
+}
+
+std::uint64_t drawingMemory(const PageSize &size, ColourDepth depth, double xres, double yres)
+{
+    const double bytesPerPixel = static_cast<double>(rowBytes(depth, 8)) / 8;
+    const double pixels = std::min(pixelsOf(size, xres, yres), mostPixels);
+    return static_cast<std::uint64_t>(bitmapsInDrawing * pixels * bytesPerPixel);
 }
 
 } // namespace quorra

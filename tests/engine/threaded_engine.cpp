@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The engine on a machine with as many processors as its first argument says, whatever this machine has. The other
+// arguments, the limits and the exit status are the engine's own.
+#include "engine/cli/failure.h"
+#include "engine/convert.h"
+#include "engine/platform/limits.h"
+#include "engine/platform/page_pool.h"
+
+#include <QHashSeed>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+int main(int argc, char **argv)
+{
+    using namespace quorra;
+    if (argc < 2)
+        return static_cast<int>(ExitStatus::Usage);
+    QHashSeed::setDeterministicGlobalSeed();
+    assumeProcessors(std::atoi(argv[1]));
+    limits::apply();
+    try {
+        convert(parseOptions(std::vector<std::string>(argv + 2, argv + argc)));
+    } catch (const Failure &failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return static_cast<int>(failure.status());
+    } catch (const std::bad_alloc &) {
+        std::fprintf(stderr, "the file needs more memory than allowed\n");
+        return static_cast<int>(ExitStatus::Limit);
+    }
+    return static_cast<int>(ExitStatus::Done);
+}
