@@ -3,6 +3,7 @@
 #include "engine/convert.h"
 #include "engine/image/picture_writer.h"
 #include "engine/image/tiff_writer.h"
+#include "engine/pdf/document_copies.h"
 #include "engine/pdf/page_renderer.h"
 #include "engine/platform/page_pool.h"
 
@@ -16,6 +17,9 @@ namespace {
 
 /// Pixels in memory at a time, shared by all threads; larger pictures are made in slices.
 constexpr std::int64_t MostPixels = 16'000'000;
+
+/// The page's, and those of a transparent group on it and of the group's mask.
+constexpr std::uint64_t BitmapsInDrawing = 3;
 
 /// What does not change from page to page.
 struct Plan
@@ -40,6 +44,22 @@ Plan makePlan(const Job &job)
         plan.sizes.push_back(pictureSize(job.options, page, points.width, points.height));
     }
     return plan;
+}
+
+/// What drawing takes: slices of a size that all threads share, or in black and white the whole page, and what a writer
+/// keeps of it.
+PoolMemory memoryFor(const Plan &plan)
+{
+    std::uint64_t largest = 0; // pixels
+    for (const PictureSize &size : plan.sizes)
+        largest = std::max(largest, static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height));
+    const bool mono = plan.depth == ColourDepth::Mono;
+    const std::uint64_t pixelsAtATime = mono ? largest : std::min<std::uint64_t>(largest, MostPixels);
+    const std::uint64_t drawn = BitmapsInDrawing * (mono ? pixelsAtATime / 8 : pixelsAtATime * rowBytes(plan.depth, 1));
+    PoolMemory memory;
+    (mono ? memory.perThread : memory.shared) = drawn;
+    memory.perThread += largest * bytesKeptPerPixel(plan.extension, plan.depth);
+    return memory;
 }
 
 int rowsPerSlice(const Plan &plan, const PictureSize &size)
@@ -110,16 +130,12 @@ void convertToImages(const Job &job)
         writeMultipage(plan);
         return;
     }
-    const int threads = poolSize(job.pageCount());
+    const int threads = poolSize(job.pageCount(), memoryFor(plan));
     plan.slicePixels = MostPixels / threads;
-    if (threads == 1) {
-        writePageFiles(plan, job.document, pagesOneByOne(job.pageCount()));
-        return;
-    }
-    runPool(threads, job.pageCount(), [&plan](const PageSource &next) {
-        const Options &options = plan.job.options;
-        Document document(options.inputPath, options.userPassword, options.ownerPassword);
-        writePageFiles(plan, document, next);
+    DocumentCopies copies(job);
+    runPool(threads, job.pageCount(), [&](const PageSource &next) {
+        const DocumentCopies::Loan document = copies.borrow();
+        writePageFiles(plan, *document, next);
     });
 }
 

@@ -57,6 +57,21 @@ int countOf(const std::vector<PageOfPictures> &pages)
     });
 }
 
+PoolMemory memoryFor(const Job &job, const std::vector<PageOfPictures> &pages)
+{
+    const Options &options = job.options;
+    PoolMemory memory;
+    for (const PageOfPictures &page : pages) {
+        const PageSize size = job.document.pageSize(page.pictures.front().page);
+        const std::uint64_t bytes = drawingMemory(
+            size, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
+            options.verticalResolution(EmbeddedResolution));
+        memory.perThread = std::max(memory.perThread, bytes);
+    }
+    memory.perThread += mostBytes;
+    return memory;
+}
+
 } // namespace
 
 AheadPictures::AheadPictures(
@@ -65,13 +80,14 @@ AheadPictures::AheadPictures(
 {
     const std::vector<PageOfPictures> pages = wantedPictures(document);
     const int pageCount = static_cast<int>(pages.size());
-    const int threads = std::min(poolSize(countOf(pages)), pageCount); // the pictures of a page are drawn together
+    // The pictures of a page are drawn together.
+    const int threads = std::min(poolSize(countOf(pages), memoryFor(job, pages)), pageCount);
     if (threads <= 1) {
         return;
     }
     std::mutex mutex;
+    const Options &options = job.options;
     runPool(threads, pageCount, [&](const PageSource &next) {
-        const Options &options = job.options;
         const DocumentCopies::Loan lent = copies.borrow();
         PagePictureSource pictures(
             *lent, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
