@@ -65,8 +65,8 @@ void limit(Resource resource, rlim_t value)
         limit(RLIMIT_AS, command.addressSpaceBytes);
     if (command.cpuSeconds > 0)
         limit(RLIMIT_CPU, command.cpuSeconds);
-    // Nobody else may write to what it makes, such as sockets. Reading is not taken away: what it leaves in shared folders
-    // as root, such as caches of fonts, serves every user, and private files lie in a private folder.
+    // Nobody else may write to what it makes, such as sockets. Reading is not taken away: what it leaves in shared
+    // folders as root, such as caches of fonts, serves every user, and private files lie in a private folder.
     umask(umask(0) | S_IWGRP | S_IWOTH);
     sigset_t none;
     sigemptyset(&none);
@@ -83,17 +83,27 @@ void limit(Resource resource, rlim_t value)
     _exit(NotStartedStatus);
 }
 
-/// Waits for the process; true when it ended before the deadline.
-bool waitUntil(pid_t child, std::chrono::steady_clock::time_point deadline, int &status)
+/// Waits for the process's end and leaves its number taken; false when it did not end before the deadline.
+bool endsUntil(pid_t child, std::chrono::steady_clock::time_point deadline)
 {
     for (;;) {
-        const pid_t ended = waitpid(child, &status, WNOHANG);
-        if (ended == child || (ended < 0 && errno != EINTR))
+        siginfo_t info{};
+        const int failed = waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | WNOHANG | WNOWAIT);
+        if (failed ? errno != EINTR : info.si_pid == child)
             return true;
         if (std::chrono::steady_clock::now() >= deadline)
             return false;
         std::this_thread::sleep_for(Pause);
     }
+}
+
+/// Waits for the process and frees its number.
+int reap(pid_t child)
+{
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR)
+        continue;
+    return status;
 }
 
 } // namespace
@@ -113,16 +123,17 @@ ChildResult runChild(const ChildCommand &command)
     if (child == 0)
         becomeCommand(command, const_cast<char **>(arguments.data()), const_cast<char **>(environment.data()), parent);
     setpgid(child, child);
-    platform::guardGroup(child);
-
-    int status = 0;
-    const bool inTime = waitUntil(child, std::chrono::steady_clock::now() + command.wallLimit, status);
-    // Also after a normal end: nothing that the command started may stay.
-    kill(-child, SIGKILL);
-    if (!inTime) {
-        waitpid(child, &status, 0);
-        return {ChildEnd::TimedOut, 0};
+    bool inTime = false;
+    {
+        const platform::GroupGuard guard(child);
+        inTime = endsUntil(child, std::chrono::steady_clock::now() + command.wallLimit);
+        // Also after a normal end: nothing that the command started may stay. As long as the leader has not been
+        // reaped, the group's number cannot be another's.
+        kill(-child, SIGKILL);
     }
+    const int status = reap(child);
+    if (!inTime)
+        return {ChildEnd::TimedOut, 0};
     if (WIFSIGNALED(status))
         return {ChildEnd::Signalled, WTERMSIG(status)};
     if (WEXITSTATUS(status) == NotStartedStatus)

@@ -24,8 +24,21 @@ bool nameFile(UnnamedFile &file, const std::string &path);
 /// Makes the calling process, just forked, die by SIGKILL with its parent `parent`. Async-signal-safe.
 void dieWithParent(pid_t parent);
 
-/// Watches over a process group from the parent's side where dieWithParent() cannot do it.
-void guardGroup(pid_t group);
+/// As long as it lives, the end of this process also ends the process group, where dieWithParent() cannot do that. It
+/// must go before the group's leader is reaped, whose number may be another's afterwards.
+class GroupGuard
+{
+public:
+    explicit GroupGuard(pid_t group);
+    // Trivial on some systems only. NOLINTNEXTLINE(performance-trivially-destructible)
+    ~GroupGuard();
+    GroupGuard(const GroupGuard &) = delete;
+    GroupGuard &operator=(const GroupGuard &) = delete;
+
+private:
+    [[maybe_unused]] pid_t m_watcher = -1;
+    [[maybe_unused]] int m_pipe = -1;
+};
 
 /// Takes Internet sockets away from this process and all it starts.
 void closeNetwork();

@@ -63,7 +63,9 @@ void dieWithParent(pid_t parent)
         _exit(127);
 }
 
-void guardGroup(pid_t) {}
+GroupGuard::GroupGuard(pid_t) {}
+
+GroupGuard::~GroupGuard() = default;
 
 void closeNetwork()
 {

@@ -2,9 +2,12 @@
 #include "engine/platform/part_file.h"
 #include "engine/platform/platform.h"
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 
+#include <fcntl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace quorra::platform {
@@ -24,24 +27,48 @@ bool nameFile(UnnamedFile &file, const std::string &path)
 
 void dieWithParent(pid_t) {}
 
-void guardGroup(pid_t group)
+namespace {
+
+/// The watcher: waits for the end of the pipe, which is the end of its parent.
+[[noreturn]] void watch(int pipeEnd, pid_t group)
 {
-    // A small process waits on a pipe that only this process holds open: its end is this process's end.
+    setpgid(0, 0);
+    char byte = 0;
+    ssize_t got = 0;
+    while ((got = read(pipeEnd, &byte, 1)) < 0 && errno == EINTR)
+        continue;
+    if (got == 0)
+        kill(-group, SIGKILL);
+    _exit(0);
+}
+
+} // namespace
+
+GroupGuard::GroupGuard(pid_t group)
+{
+    // Only this process may hold the writing end open.
     int ends[2];
     if (pipe(ends) != 0)
         return;
-    const pid_t watcher = fork();
-    if (watcher == 0) {
+    fcntl(ends[1], F_SETFD, FD_CLOEXEC);
+    m_watcher = fork();
+    if (m_watcher == 0) {
         close(ends[1]);
-        setpgid(0, 0);
-        char byte = 0;
-        while (read(ends[0], &byte, 1) > 0)
-            continue;
-        kill(-group, SIGKILL);
-        _exit(0);
+        watch(ends[0], group);
     }
-    // The writing end stays open on purpose until this process ends.
     close(ends[0]);
+    m_pipe = ends[1];
+}
+
+GroupGuard::~GroupGuard()
+{
+    if (m_watcher > 0) {
+        kill(m_watcher, SIGKILL);
+        while (waitpid(m_watcher, nullptr, 0) < 0 && errno == EINTR)
+            continue;
+    }
+    if (m_pipe >= 0)
+        close(m_pipe);
 }
 
 void closeNetwork() {}
