@@ -22,26 +22,23 @@ bool FrameLimiter::eventFilter(QObject *watched, QEvent *event)
     if (watched != m_window || event->type() != QEvent::UpdateRequest) {
         return false;
     }
-    if (m_nextFrame.isActive()) {
-        return true;
+    m_hasHeldBack = m_frame.isActive();
+    if (!m_hasHeldBack) {
+        m_frame.start(frameMilliseconds, Qt::PreciseTimer, this);
     }
-    if (m_sinceDrawn.isValid() && m_sinceDrawn.elapsed() < frameMilliseconds) {
-        m_nextFrame.start(frameMilliseconds - static_cast<int>(m_sinceDrawn.elapsed()), Qt::PreciseTimer, this);
-        return true;
-    }
-    m_sinceDrawn.start();
-    return false;
+    return m_hasHeldBack;
 }
 
-// The toolkit keeps what has to be drawn, and asks once only: the request held back is made up for here.
+/// The toolkit keeps what has to be drawn, and asks once only: the request held back is made up for here.
 void FrameLimiter::timerEvent(QTimerEvent *event)
 {
-    if (event->timerId() != m_nextFrame.timerId()) {
+    if (event->timerId() != m_frame.timerId()) {
         QObject::timerEvent(event);
         return;
     }
-    m_nextFrame.stop();
-    m_sinceDrawn.invalidate();
-    QEvent request(QEvent::UpdateRequest);
-    QCoreApplication::sendEvent(m_window, &request);
+    m_frame.stop();
+    if (m_hasHeldBack) {
+        QEvent request(QEvent::UpdateRequest);
+        QCoreApplication::sendEvent(m_window, &request); // comes back through the filter above
+    }
 }

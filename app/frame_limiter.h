@@ -2,19 +2,18 @@
 #pragma once
 
 #include <QBasicTimer>
-#include <QElapsedTimer>
 #include <QObject>
 
 class QWidget;
 
-// Draws a window no more often than a screen shows it. A quick engine moves the list on a thousand times a second, and
-// drawing each step would take longer than the step. What is not drawn at once is drawn within one frame.
+/// Draws a window no more often than a screen shows it. A quick engine moves the list on a thousand times a second, and
+/// drawing each step would take longer than the step. What is not drawn at once is drawn when the frame ends.
 class FrameLimiter : public QObject
 {
     Q_OBJECT
 
 public:
-    // Watches `window`, a top-level one, which also owns the limiter.
+    /// Watches `window`, a top-level one, which also owns the limiter.
     explicit FrameLimiter(QWidget *window);
 
 protected:
@@ -23,6 +22,6 @@ protected:
 
 private:
     QWidget *m_window;
-    QElapsedTimer m_sinceDrawn; // invalid: nothing was drawn yet, or the time has come to draw again
-    QBasicTimer m_nextFrame;    // active: there is something left to draw
+    QBasicTimer m_frame;        ///< runs from one drawing to the earliest time of the next
+    bool m_hasHeldBack = false; ///< something was to be drawn while the timer ran
 };

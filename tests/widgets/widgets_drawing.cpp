@@ -8,6 +8,32 @@
 #include <QWidget>
 #include <QtTest>
 
+#ifdef __linux__
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <ctime>
+
+namespace {
+
+/// How many more looks at the clock pass before the thread seems to sleep; below 0: it never does.
+int looksBeforeSleep = -1;
+
+} // namespace
+
+/// Takes the place of the C library's own in this program and the libraries that it uses.
+extern "C" int clock_gettime(clockid_t clock, struct timespec *time) noexcept
+{
+    const auto result = static_cast<int>(::syscall(SYS_clock_gettime, clock, time));
+    if (looksBeforeSleep > 0) {
+        --looksBeforeSleep;
+    } else if (looksBeforeSleep == 0) {
+        ++time->tv_sec;
+    }
+    return result;
+}
+#endif
+
 namespace {
 
 // Shows a number, and counts how often it is drawn.
@@ -45,6 +71,14 @@ QImage slopeOfRows(int width, int height)
     return image;
 }
 
+/// Longer than a frame: nothing is left over from showing.
+void waitForTheNextFrame()
+{
+    QElapsedTimer sinceShown;
+    sinceShown.start();
+    QTRY_VERIFY_WITH_TIMEOUT(sinceShown.elapsed() > 40, 30000);
+}
+
 } // namespace
 
 class WidgetsDrawing : public QObject
@@ -56,6 +90,8 @@ private Q_SLOTS:
     void stretchesAsTheToolkitDoes();
     void drawsOnceAFrame();
     void drawsASingleChangeAtOnce();
+    void drawsAfterASleepInTheMiddle_data();
+    void drawsAfterASleepInTheMiddle();
 };
 
 void WidgetsDrawing::stretchesAsTheToolkitDoes_data()
@@ -111,13 +147,41 @@ void WidgetsDrawing::drawsASingleChangeAtOnce()
     new FrameLimiter(&widget);
     widget.QWidget::show();
     QVERIFY(QTest::qWaitForWindowExposed(&widget));
-    QElapsedTimer sinceShown;
-    sinceShown.start();
-    QTRY_VERIFY_WITH_TIMEOUT(
-        sinceShown.elapsed() > 40, 30000); // longer than a frame: nothing is left over from showing
+    waitForTheNextFrame();
     widget.show(5);
     QCoreApplication::processEvents();
     QCOMPARE(widget.drawnNumber, 5);
+}
+
+void WidgetsDrawing::drawsAfterASleepInTheMiddle_data()
+{
+    QTest::addColumn<int>("looks");
+    for (int looks = 0; looks < 8; ++looks) {
+        QTest::addRow("after %d looks at the clock", looks) << looks;
+    }
+}
+
+/// The thread may be put to sleep anywhere, also between two looks at the clock.
+void WidgetsDrawing::drawsAfterASleepInTheMiddle()
+{
+#ifdef __linux__
+    QFETCH(const int, looks);
+    NumberWidget widget;
+    new FrameLimiter(&widget);
+    widget.QWidget::show();
+    QVERIFY(QTest::qWaitForWindowExposed(&widget));
+    waitForTheNextFrame();
+    widget.show(1);
+    QCoreApplication::sendPostedEvents(&widget, QEvent::UpdateRequest);
+    QCOMPARE(widget.drawnNumber, 1);
+    widget.show(2);
+    looksBeforeSleep = looks;
+    QCoreApplication::sendPostedEvents(&widget, QEvent::UpdateRequest);
+    looksBeforeSleep = -1;
+    QTRY_COMPARE_WITH_TIMEOUT(widget.drawnNumber, 2, 5000);
+#else
+    QSKIP("not run: the clock cannot be replaced here");
+#endif
 }
 
 QTEST_MAIN(WidgetsDrawing)
