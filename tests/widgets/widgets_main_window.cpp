@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QLabel>
+#include <QLayout>
 #include <QScreen>
 #include <QTimer>
 #include <QtTest>
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void outputRowLook();
     void progressBarLook();
     void layoutOrder();
+    void layoutsAlignNothing();
     void columnWidthsAfterFirstShow();
     void resizeSetsColumnWidths_data();
     void resizeSetsColumnWidths();
@@ -243,6 +245,24 @@ void WidgetsMainWindow::layoutOrder()
     for (const QWidget *widget : std::initializer_list<const QWidget *>{
              fixture.table(), fixture.formats(), fixture.bar(), fixture.outputLine()})
         QCOMPARE(widget->parentWidget(), fixture.window->centralWidget());
+}
+
+/// Nothing is aligned inside the layouts: the list fills the height of its row, in which the table's own is fixed.
+void WidgetsMainWindow::layoutsAlignNothing()
+{
+    WindowFixture fixture;
+    fixture.open();
+    QLayout *outermost = fixture.window->centralWidget()->layout();
+    const QList<QLayout *> layouts = outermost->findChildren<QLayout *>() + QList{outermost};
+    QCOMPARE(layouts.size(), 5);
+    for (const QLayout *layout : layouts) {
+        for (int index = 0; index < layout->count(); ++index)
+            QCOMPARE(layout->itemAt(index)->alignment(), Qt::Alignment());
+    }
+    const auto *middle = fixture.window->findChild<QLayout *>(QStringLiteral("horizontalLayout_2"));
+    QCOMPARE(fixture.formats()->height(), middle->geometry().height());
+    QCOMPARE(fixture.formats()->height(), 322);
+    QCOMPARE(fixture.table()->height(), 300);
 }
 
 void WidgetsMainWindow::columnWidthsAfterFirstShow()
