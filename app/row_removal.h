@@ -3,20 +3,16 @@
 
 #include <QList>
 
-// What is left of a table after some of its rows are removed one by one from the last to the first.
-
-// Consecutive rows, both ends included.
-struct RowRange
+/// What becomes of the current row of a table when rows are removed one by one, from the last to the first.
+struct CurrentRowMove
 {
-    int first = 0;
-    int last = 0;
+    int lowest = -1; ///< the lowest row that is current meanwhile; -1: there is none
+    int last = -1;   ///< the row that is current in the end; -1: there is none
 
-    friend bool operator==(const RowRange &, const RowRange &) = default;
+    friend bool operator==(const CurrentRowMove &, const CurrentRowMove &) = default;
 };
 
-// Folds row numbers (any order, doubles allowed) into ranges ordered from high to low.
-[[nodiscard]] QList<RowRange> rangesFromHighToLow(QList<int> rows);
-
-// The current row after `removed` (from high to low) has left a table of `rowCount` rows: as the toolkit moves it, to
-// the row above what is removed, else to the row below, else to none (-1). `current` is -1 when there is none.
-[[nodiscard]] int currentRowAfterRemoval(int rowCount, int current, const QList<RowRange> &removed);
+/// Follows the current row (-1: there is none) as the toolkit moves it: from a row that goes to the row above, and from
+/// the first row to the next one that stays. `goes` tells for each row whether it is removed. The rows of the result
+/// are numbered as before the removal.
+[[nodiscard]] CurrentRowMove moveOfCurrentRow(const QList<bool> &goes, int current);

@@ -7,50 +7,45 @@
 
 namespace {
 
-// Up to here removing range by range is quick enough; the toolkit then does everything itself.
-constexpr int fewRanges = 16;
-
-QList<int> selectedRows(const QTableWidget *table)
+/// The cell of a path. Files stay in the order in which they were listed: no sorting changes it, except that those
+/// about to be removed come last.
+class PathItem : public QTableWidgetItem
 {
-    QList<int> rows;
+public:
+    using QTableWidgetItem::QTableWidgetItem;
+
+    bool operator<(const QTableWidgetItem &other) const override
+    {
+        return !goes && static_cast<const PathItem &>(other).goes; // appendRows() makes all cells of this column
+    }
+
+    bool goes = false;
+};
+
+/// For each row of the table, whether it has a selected cell.
+QList<bool> selectedRows(const QTableWidget *table)
+{
+    QList<bool> selected(table->rowCount(), false);
     for (const QItemSelectionRange &range : table->selectionModel()->selection()) {
-        for (int row = range.top(); row <= range.bottom(); ++row) {
-            rows.append(row);
-        }
+        std::fill(selected.begin() + range.top(), selected.begin() + range.bottom() + 1, true);
     }
-    return rows;
+    return selected;
 }
 
-void removeRanges(QTableWidget *table, const QList<RowRange> &ranges)
+/// Without touching the selection; the view scrolls to the row. -1: no row.
+void makeCurrent(QTableWidget *table, int row)
 {
-    for (const RowRange &range : ranges) {
-        table->model()->removeRows(range.first, range.last - range.first + 1);
-    }
+    table->setCurrentCell(row, table->currentColumn(), QItemSelectionModel::NoUpdate);
 }
 
-void moveRow(QTableWidget *table, int from, int to)
+/// Moves the rows that go behind all others, which keep their order. The view's own marks move with their rows: the
+/// current cell, and the one from which Shift extends the selection.
+void moveToTheEnd(QTableWidget *table, const QList<bool> &goes)
 {
-    for (int column = 0; column < table->columnCount(); ++column) {
-        table->setItem(to, column, table->takeItem(from, column));
+    for (int row = 0; row < goes.size(); ++row) {
+        static_cast<PathItem *>(table->item(row, 0))->goes = goes[row];
     }
-}
-
-// Moves the rows that stay up over those that go, and cuts off the end in one step.
-void closeGaps(QTableWidget *table, const QList<RowRange> &ranges)
-{
-    const int current = currentRowAfterRemoval(table->rowCount(), table->currentRow(), ranges);
-    const int column = table->currentColumn();
-    table->clearSelection();
-    int end = ranges.last().first;
-    for (auto range = ranges.crbegin(); range != ranges.crend(); ++range) {
-        const auto next = std::next(range);
-        const int nextGap = next == ranges.crend() ? table->rowCount() : next->first;
-        for (int row = range->last + 1; row < nextGap; ++row) {
-            moveRow(table, row, end++);
-        }
-    }
-    table->setRowCount(end);
-    table->selectionModel()->setCurrentIndex(table->model()->index(current, column), QItemSelectionModel::NoUpdate);
+    table->model()->sort(0);
 }
 
 } // namespace
@@ -60,7 +55,7 @@ void appendRows(QTableWidget *table, const QList<ListedFile> &files)
     int row = table->rowCount();
     table->setRowCount(row + static_cast<int>(files.size()));
     for (const ListedFile &file : files) {
-        table->setItem(row, 0, new QTableWidgetItem(file.path));
+        table->setItem(row, 0, new PathItem(file.path));
         if (!file.sizeText.isEmpty()) {
             table->setItem(row, 1, new QTableWidgetItem(file.sizeText));
         }
@@ -71,10 +66,19 @@ void appendRows(QTableWidget *table, const QList<ListedFile> &files)
 void removeCurrentAndSelectedRows(QTableWidget *table)
 {
     table->removeRow(table->currentRow()); // does nothing without a current row
-    const QList<RowRange> ranges = rangesFromHighToLow(selectedRows(table));
-    if (ranges.size() <= fewRanges) {
-        removeRanges(table, ranges);
-    } else {
-        closeGaps(table, ranges);
+    const QList<bool> goes = selectedRows(table);
+    const auto removed = static_cast<int>(goes.count(true));
+    if (removed == 0) {
+        return;
     }
+    const CurrentRowMove move = moveOfCurrentRow(goes, table->currentRow());
+    if (move.lowest >= 0) {
+        makeCurrent(table, move.lowest); // before any row moves: the view scrolls by where the rows are now
+    }
+    table->clearSelection();
+    moveToTheEnd(table, goes);
+    if (move.last > move.lowest) {
+        makeCurrent(table, 0); // all rows up to it go
+    }
+    table->setRowCount(table->rowCount() - removed);
 }

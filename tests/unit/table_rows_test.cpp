@@ -4,9 +4,13 @@
 
 #include "random_source.h"
 
+#include <QElapsedTimer>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QTest>
 
+#include <algorithm>
+#include <array>
 #include <memory>
 #include <set>
 
@@ -65,8 +69,60 @@ QStringList stateOf(const QTableWidget *table)
     return state;
 }
 
-// Selects the same rows and the same current cell in both tables.
-void selectSomething(RandomSource &random, const QList<QTableWidget *> &tables)
+using Pair = QList<QTableWidget *>; // the one changed at once and the one changed row by row
+
+/// A table as the window's, shown, with fewer rows in sight than it has.
+std::unique_ptr<QTableWidget> shownTable()
+{
+    auto table = emptyTable();
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setFocusPolicy(Qt::NoFocus); // one of two windows has it, and an empty view makes a row current for it
+    table->resize(545, 300);
+    table->show();
+    return table;
+}
+
+/// Lets both views lay themselves out.
+void settle()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+void click(const Pair &tables, int row, Qt::KeyboardModifiers modifiers)
+{
+    for (QTableWidget *table : tables) {
+        const QPoint place = table->visualItemRect(table->item(row, 0)).center();
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, modifiers, place);
+    }
+}
+
+int rowInSight(RandomSource &random, const QTableWidget *table)
+{
+    const int first = table->rowAt(0);
+    const int end = table->rowAt(table->viewport()->height() - 1);
+    const int last = end < 0 ? table->rowCount() - 1 : end - 1; // the one at the edge may be cut off
+    return std::min(first + random.below(last - first + 1), table->rowCount() - 1);
+}
+
+void scrollTo(const Pair &tables, int row)
+{
+    for (QTableWidget *table : tables) {
+        table->verticalScrollBar()->setValue(row);
+    }
+    settle();
+}
+
+QString viewOf(const QTableWidget *table)
+{
+    return QStringLiteral("scrolled %1 of %2, at the top %3")
+        .arg(table->verticalScrollBar()->value())
+        .arg(table->verticalScrollBar()->maximum())
+        .arg(table->rowAt(0));
+}
+
+/// Selects the same rows and the same current cell in both tables.
+void selectSomething(RandomSource &random, const Pair &tables)
 {
     const int rows = tables.first()->rowCount();
     const int current = random.below(rows + 1) - 1;
@@ -97,6 +153,10 @@ private Q_SLOTS:
     void removalOfRows_data();
     void removalOfRows();
     void removalMatchesRowByRow();
+    void removalByMouseMatchesRowByRow();
+    void shiftExtendsFromTheSameRow();
+    void topIsShownWhenTheFirstRowsGo();
+    void everyOtherRowGoesQuickly();
     void removalFromAnEmptyTable();
     void itemsAreKept();
 };
@@ -164,6 +224,124 @@ void TableRowsTest::removalMatchesRowByRow()
             QCOMPARE(stateOf(bulk.get()), stateOf(single.get()));
         }
     }
+}
+
+/// Clicks, clicks with Control and Shift, scrolling and keys, as a user would; many selected rows as well.
+void TableRowsTest::removalByMouseMatchesRowByRow()
+{
+    RandomSource random;
+    const int rounds = randomRounds(60);
+    for (int round = 0; round < rounds; ++round) {
+        const auto bulk = shownTable();
+        const auto single = shownTable();
+        const Pair tables{bulk.get(), single.get()};
+        const int count = 1 + random.below(random.oneIn(3) ? 15 : 200);
+        appendRows(bulk.get(), numberedFiles(count));
+        appendOneByOne(single.get(), numberedFiles(count));
+        settle();
+        while (bulk->rowCount() > 0) {
+            if (random.oneIn(2)) {
+                selectSomething(random, tables);
+                settle();
+            }
+            for (int action = random.below(5); action > 0; --action) {
+                if (random.oneIn(2)) {
+                    scrollTo(tables, random.below(bulk->rowCount()));
+                }
+                constexpr std::array modifiers{Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier};
+                click(tables, rowInSight(random, bulk.get()), modifiers.at(random.below(3)));
+            }
+            if (random.oneIn(2)) {
+                scrollTo(tables, random.below(bulk->rowCount()));
+            }
+            QCOMPARE(stateOf(bulk.get()), stateOf(single.get()));
+            removeCurrentAndSelectedRows(bulk.get());
+            removeOneByOne(single.get());
+            settle();
+            QCOMPARE(stateOf(bulk.get()), stateOf(single.get()));
+            QCOMPARE(viewOf(bulk.get()), viewOf(single.get()));
+            if (bulk->rowCount() > 0) {
+                click(tables, rowInSight(random, bulk.get()), Qt::ShiftModifier);
+                QCOMPARE(stateOf(bulk.get()), stateOf(single.get()));
+            }
+        }
+    }
+}
+
+/// The row clicked last before the removal is where Shift begins, wherever it has moved to.
+void TableRowsTest::shiftExtendsFromTheSameRow()
+{
+    const auto table = shownTable();
+    appendRows(table.get(), numberedFiles(100));
+    settle();
+    scrollTo({table.get()}, 70);
+    click({table.get()}, 70, Qt::NoModifier);
+    click({table.get()}, 75, Qt::ShiftModifier); // row 75 is current now
+    table->clearSelection();
+    for (int row = 10; row < 60; row += 2) {
+        table->selectionModel()->select(
+            table->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+    removeCurrentAndSelectedRows(table.get());
+    settle();
+    QCOMPARE(table->rowCount(), 74);
+    QCOMPARE(table->item(45, 0)->text(), QStringLiteral("/in/70.pdf"));
+    scrollTo({table.get()}, 45);
+    click({table.get()}, 47, Qt::ShiftModifier);
+    QStringList selected;
+    for (const QModelIndex &index : table->selectionModel()->selectedRows()) {
+        selected.append(table->item(index.row(), 0)->text());
+    }
+    selected.sort();
+    QCOMPARE(
+        selected,
+        QStringList({QStringLiteral("/in/70.pdf"), QStringLiteral("/in/71.pdf"), QStringLiteral("/in/72.pdf")}));
+}
+
+/// The current row moves up to the first row before it moves down: the view ends at the top.
+void TableRowsTest::topIsShownWhenTheFirstRowsGo()
+{
+    const auto table = shownTable();
+    appendRows(table.get(), numberedFiles(100));
+    settle();
+    click({table.get()}, 0, Qt::NoModifier);
+    scrollTo({table.get()}, 40);
+    click({table.get()}, 42, Qt::ShiftModifier);
+    removeCurrentAndSelectedRows(table.get());
+    settle();
+    QCOMPARE(table->rowCount(), 57);
+    QCOMPARE(table->currentRow(), 0);
+    QCOMPARE(table->verticalScrollBar()->value(), 0);
+}
+
+/// Of 50,000 rows in less than a tenth of the time that it takes row by row; a part of that is timed and scaled.
+void TableRowsTest::everyOtherRowGoesQuickly()
+{
+    constexpr int count = 50000;
+    constexpr int timed = 2500; // of the 25,000
+    const auto bulk = shownTable();
+    const auto single = shownTable();
+    for (QTableWidget *table : {bulk.get(), single.get()}) {
+        appendRows(table, numberedFiles(count));
+        QItemSelection selection;
+        for (int row = 0; row < count; row += 2) {
+            selection.append(QItemSelectionRange(table->model()->index(row, 0), table->model()->index(row, 1)));
+        }
+        table->selectionModel()->select(selection, QItemSelectionModel::Select);
+        settle();
+    }
+    QElapsedTimer timer;
+    timer.start();
+    removeCurrentAndSelectedRows(bulk.get());
+    settle();
+    const qint64 atOnce = timer.restart();
+    for (int row = count - 2; row >= count - 2 * timed; row -= 2) {
+        single->removeRow(row);
+    }
+    const qint64 oneByOne = timer.elapsed() * (count / 2 / timed);
+    QCOMPARE(bulk->rowCount(), count / 2);
+    qInfo("%lld ms, row by row about %lld ms", atOnce, oneByOne);
+    QVERIFY(atOnce * 10 < oneByOne);
 }
 
 void TableRowsTest::removalFromAnEmptyTable()
