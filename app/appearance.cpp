@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QBrush>
+#include <QEvent>
 #include <QIcon>
 #include <QImage>
 #include <QPalette>
@@ -55,7 +56,7 @@ struct RoleColor
     QRgb disabled;
 };
 
-// Every role is named, so that nothing of the desktop's dark palette shines through.
+/// Every role is named, so that nothing of the desktop's palette shines through.
 constexpr std::array lightColors{
     RoleColor{QPalette::WindowText, 0xff000000, 0xff787878},
     RoleColor{QPalette::Button, 0xffefefef, 0xffefefef},
@@ -79,7 +80,45 @@ constexpr std::array lightColors{
     RoleColor{QPalette::PlaceholderText, 0x80000000, 0x80000000},
 };
 
-constexpr int darkBelowLightness = 128;
+QPalette lightPalette()
+{
+    QPalette light;
+    for (const RoleColor &color : lightColors) {
+        light.setColor(QPalette::Active, color.role, QColor::fromRgba(color.enabled));
+        light.setColor(QPalette::Inactive, color.role, QColor::fromRgba(color.enabled));
+        light.setColor(QPalette::Disabled, color.role, QColor::fromRgba(color.disabled));
+    }
+    return light;
+}
+
+/// Puts the light palette back whenever a change of the desktop's colours or style has replaced it.
+class LightLook : public QObject
+{
+public:
+    using QObject::QObject;
+
+    void apply()
+    {
+        m_isApplying = true;
+        // The toolkit forgets the palettes of single classes, which the desktop may have given as well, when the
+        // application's changes: so it changes twice.
+        QApplication::setPalette(QPalette());
+        QApplication::setPalette(lightPalette());
+        m_isApplying = false;
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::ApplicationPaletteChange && watched == qApp && !m_isApplying) {
+            apply();
+        }
+        return false;
+    }
+
+private:
+    bool m_isApplying = false;
+};
 
 } // namespace
 
@@ -119,16 +158,10 @@ void dressToolButton(QToolButton *button, const QString &text, QLatin1String ima
     button->setIconSize(pixmap.size());
 }
 
-void useLightPalette()
+void keepLightLook()
 {
-    if (QApplication::palette().color(QPalette::Window).lightness() >= darkBelowLightness) {
-        return;
-    }
-    QPalette light;
-    for (const RoleColor &color : lightColors) {
-        light.setColor(QPalette::Active, color.role, QColor::fromRgba(color.enabled));
-        light.setColor(QPalette::Inactive, color.role, QColor::fromRgba(color.enabled));
-        light.setColor(QPalette::Disabled, color.role, QColor::fromRgba(color.disabled));
-    }
-    QApplication::setPalette(light);
+    auto *look = new LightLook(qApp);
+    look->setObjectName(QStringLiteral("lightLook"));
+    look->apply();
+    qApp->installEventFilter(look);
 }

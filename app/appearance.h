@@ -35,6 +35,6 @@ void paintBackground(QWidget *window);
 // The look of a toolbar button: `text` below the image, which keeps its own size.
 void dressToolButton(QToolButton *button, const QString &text, QLatin1String imagePath);
 
-// Gives the application a light palette where the desktop's own is dark: background and text colours of the windows
-// are made for a light one.
-void useLightPalette();
+/// Gives the application a light palette, and gives it back after each change of the desktop's palette, theme or style:
+/// background and text colours of the windows are made for it. Call it once, when there is an application object.
+void keepLightLook();

@@ -12,7 +12,7 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     // Settings file and engine are found by relative names.
     QDir::setCurrent(workingFolder(QCoreApplication::applicationDirPath(), userWorkingFolder()));
-    useLightPalette();
+    keepLightLook();
     auto *window = new tovrane; // deletes itself when it is closed
     store::restrictToOwner();   // its construction wrote the settings
     window->show();
