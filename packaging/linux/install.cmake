@@ -13,7 +13,7 @@ install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG
   DESTINATION . OPTIONAL)
 install(PROGRAMS "${linux}/add-to-menu" DESTINATION .)
 install(FILES "${linux}/quorra-converter.desktop" DESTINATION share/applications)
-install(FILES "${linux}/example.marbeck.QuorraConverter.metainfo.xml" DESTINATION share/metainfo)
+install(FILES "${linux}/${QUORRA_APPLICATION_ID}.metainfo.xml" DESTINATION share/metainfo)
 install(DIRECTORY "${linux}/icons/" DESTINATION share/icons/hicolor)
 install(FILES "${PROJECT_SOURCE_DIR}/resources/artwork/main.svg"
   DESTINATION share/icons/hicolor/scalable/apps RENAME quorra-converter.svg)

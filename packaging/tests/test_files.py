@@ -73,16 +73,27 @@ class Files(unittest.TestCase):
         root = ElementTree.parse(LINUX / "example.marbeck.QuorraConverter.metainfo.xml").getroot()
         self.assertEqual(root.find("releases/release").get("version"), os.environ["QUORRA_VERSION"])
         self.assertEqual(root.find("launchable").text, "quorra-converter.desktop")
-        self.assertGreaterEqual(len(root.findall("screenshots/screenshot/image")), 1)
+        self.assertIsNone(root.find("screenshots"))  # no page has any
 
     def test_bundle_description(self):
-        with open(PACKAGING / "macos/Info.plist.in", "rb") as file:
+        with open(os.environ["QUORRA_BUNDLE_DESCRIPTION"], "rb") as file:
             description = plistlib.load(file)
-        for key in ("CFBundleIdentifier", "CFBundleVersion", "CFBundleShortVersionString", "CFBundleIconFile",
-                    "CFBundleExecutable", "LSMinimumSystemVersion"):
-            self.assertTrue(description[key], key)
+        metainfo = ElementTree.parse(LINUX / "example.marbeck.QuorraConverter.metainfo.xml").getroot()
+        self.assertEqual(description["CFBundleIdentifier"], metainfo.find("id").text)
+        self.assertEqual(description["CFBundleVersion"], os.environ["QUORRA_VERSION"])
+        self.assertEqual(description["CFBundleShortVersionString"], os.environ["QUORRA_VERSION"])
+        self.assertEqual(description["CFBundleExecutable"], "Quorra Converter")
+        self.assertTrue((PACKAGING / "macos" / description["CFBundleIconFile"]).is_file())
         self.assertIs(description["NSHighResolutionCapable"], True)
+        self.assertIs(description["NSRequiresAquaSystemAppearance"], True)  # native controls are light as well
         self.assertNotIn("CFBundleDocumentTypes", description)
+        self.assertNotIn("@", "".join(str(value) for value in description.values()))
+
+    def test_the_oldest_macos_is_told_once(self):
+        with open(os.environ["QUORRA_BUNDLE_DESCRIPTION"], "rb") as file:
+            oldest = plistlib.load(file)["LSMinimumSystemVersion"]
+        self.assertEqual(oldest, os.environ["QUORRA_OLDEST_MACOS"])
+        self.assertGreaterEqual(tuple(map(int, oldest.split("."))), (13, 3))  # std::to_chars of floating-point numbers
 
 
 if __name__ == "__main__":

@@ -8,6 +8,8 @@ set(environment
   "PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/desktop"
   "QUORRA_SOURCE=${PROJECT_SOURCE_DIR}"
   "QUORRA_VERSION=${PROJECT_VERSION}"
+  "QUORRA_OLDEST_MACOS=${CMAKE_OSX_DEPLOYMENT_TARGET}"
+  "QUORRA_BUNDLE_DESCRIPTION=${bundle_description}"
   "QUORRA_BUILD=${CMAKE_BINARY_DIR}"
   "QUORRA_CMAKE=${CMAKE_COMMAND}"
   "QUORRA_PACKAGES=${packages}")
@@ -16,7 +18,7 @@ quorra_add_script_test(packaging_desktop_entry LABELS packaging
   COMMAND desktop-file-validate "${PROJECT_SOURCE_DIR}/packaging/linux/quorra-converter.desktop")
 quorra_add_script_test(packaging_metainfo LABELS packaging
   COMMAND appstreamcli validate --no-net
-    "${PROJECT_SOURCE_DIR}/packaging/linux/example.marbeck.QuorraConverter.metainfo.xml")
+    "${PROJECT_SOURCE_DIR}/packaging/linux/${QUORRA_APPLICATION_ID}.metainfo.xml")
 quorra_add_script_test(packaging_files LABELS packaging
   COMMAND Python3::Interpreter "${tests}/test_files.py" -v
   ENVIRONMENT ${environment})
