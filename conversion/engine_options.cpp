@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "conversion/engine_options.h"
 
+#include "settings/engine_settings.h"
 #include "settings/store.h"
 
 #include <QLatin1String>
@@ -90,30 +91,6 @@ bool isWordProcessor(const QString &extension)
 }
 
 } // namespace
-
-EngineSettings readEngineSettings(const QSettings &settings)
-{
-    const QLatin1String off("0");
-    EngineSettings result;
-    result.wordMode = settings.value(store::key::wordMode, 0).toInt();
-    result.tempName = store::text(settings, store::key::tempName, QLatin1String(""));
-    result.singleTempName = store::text(settings, store::key::singleTempName, off);
-    result.firstPage = store::text(settings, store::key::firstPage, off);
-    result.lastPage = store::text(settings, store::key::lastPage, off);
-    result.outputKindRow = store::text(settings, store::key::outputKindRow, off);
-    result.resizePage = store::text(settings, store::key::resizePage, off);
-    result.width = store::text(settings, store::key::width, off);
-    result.height = store::text(settings, store::key::height, off);
-    result.resetResolution = store::text(settings, store::key::resetResolution, off);
-    result.xRes = store::text(settings, store::key::xRes, off);
-    result.yRes = store::text(settings, store::key::yRes, off);
-    result.colorDepth = store::text(settings, store::key::colorDepth, QLatin1String("2"));
-    result.compression = store::text(settings, store::key::compression, off);
-    result.multiPageTiff = store::text(settings, store::key::multiPageTiff, off);
-    result.userPassword = store::text(settings, store::key::userPassword, QLatin1String(""));
-    result.masterPassword = store::text(settings, store::key::masterPassword, QLatin1String(""));
-    return result;
-}
 
 int engineWordMode(int stored)
 {

@@ -28,6 +28,9 @@ QProcess *makeEngineProcess()
         }
     });
     QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    // The channels are separate and the process is started for reading and writing, but nothing reads what the engine
+    // prints. A pipe that nobody reads would block the engine when it is full, and QProcess, which does read it, would
+    // keep all of it in memory: with the null device behind both channels neither happens.
     process->setProcessChannelMode(QProcess::SeparateChannels);
     process->setStandardOutputFile(QProcess::nullDevice());
     process->setStandardErrorFile(QProcess::nullDevice());

@@ -2,6 +2,7 @@
 // The main window's side of the engine option string.
 #include "app/tovrane.h"
 #include "conversion/engine_options.h"
+#include "settings/engine_settings.h"
 #include "settings/store.h"
 #include "ui_tovrane.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The settings dialog: from the store to the controls.
 #include "app/tovrane.h"
-#include "conversion/engine_options.h"
 #include "settings/dialog_values.h"
+#include "settings/engine_settings.h"
 #include "settings/setting.h"
 #include "settings/store.h"
 #include "ui_setting.h"

@@ -8,6 +8,7 @@
 #include "conversion/engine_options.h"
 #include "engine/cli/failure.h"
 #include "engine/cli/options.h"
+#include "settings/engine_settings.h"
 
 #include <QProcess>
 #include <QStringList>

@@ -5,6 +5,7 @@
 #include "app/output_extensions.h"
 #include "conversion/engine_command.h"
 #include "conversion/engine_options.h"
+#include "settings/engine_settings.h"
 
 #include <QProcess>
 #include <QStringList>

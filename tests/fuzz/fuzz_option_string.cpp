@@ -4,6 +4,7 @@
 
 #include "app/output_extensions.h"
 #include "conversion/engine_options.h"
+#include "settings/engine_settings.h"
 #include "settings/store.h"
 
 #include <QHash>

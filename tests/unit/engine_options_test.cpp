@@ -3,6 +3,7 @@
 
 #include "option_model.h"
 #include "random_source.h"
+#include "settings/engine_settings.h"
 #include "settings/store.h"
 
 #include <QDir>
