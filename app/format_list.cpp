@@ -47,9 +47,9 @@ void tovrane::On_ListWidget_ItemClicked()
     showSelectedRow(row);
     const int index = FormatStringtoNumber(defaultExtensionOfRow(row));
     {
-        QSettings settings = store::open();
-        settings.setValue(store::key::outputKindRow, row);
-        settings.setValue(store::key::converterFormat, QString::number(index));
+        store::Writer settings;
+        settings.set(store::key::outputKindRow, QString::number(row));
+        settings.set(store::key::converterFormat, QString::number(index));
     }
     m_strOutputFormat = GetOutputFormat();
     m_strParameter = GetSetParameter();

@@ -2,7 +2,6 @@
 #include "app/appearance.h"
 #include "app/tovrane.h"
 #include "app/working_folder.h"
-#include "settings/store.h"
 
 #include <QApplication>
 #include <QDir>
@@ -14,7 +13,6 @@ int main(int argc, char *argv[])
     QDir::setCurrent(workingFolder(QCoreApplication::applicationDirPath(), userWorkingFolder()));
     keepLightLook();
     auto *window = new tovrane; // deletes itself when it is closed
-    store::restrictToOwner();   // its construction wrote the settings
     window->show();
     return QApplication::exec();
 }

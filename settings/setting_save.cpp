@@ -12,11 +12,10 @@
 // The values of disabled and hidden controls are saved like all others.
 void Setting::SaveParaInfo()
 {
-    QSettings settings = store::open();
+    store::Writer settings;
     const QString extension = ui->comboBox_Format->currentText();
     // Made before anything is written: making it resets the extension index in the store, which is then overwritten.
     const tovrane window;
-    store::restrictToOwner(); // before the first password is in it
     const auto flag = [](const QCheckBox *box) { return store::flagText(box->isChecked()); };
     const auto row = [](const QComboBox *box) { return QString::number(box->currentIndex()); };
     const auto page = [](const QLineEdit *field) { return dialogValues::storedPage(field->text()); };
@@ -43,6 +42,6 @@ void Setting::SaveParaInfo()
         std::pair{store::key::masterPassword, password(ui->lineEdit_MasterPassword)},
     };
     for (const auto &[key, value] : values) {
-        settings.setValue(key, value);
+        settings.set(key, value);
     }
 }

@@ -35,17 +35,31 @@ inline constexpr QLatin1String outputFolder("/SettingInfo/OutputFolder");
 inline constexpr QLatin1String inputFolder("/SettingInfo/InputFolder");
 } // namespace key
 
-// Opens the settings file of the current directory; it is written back and closed when the result is destroyed.
+/// Opens the settings file of the current directory for reading.
 [[nodiscard]] QSettings open();
 
-// Closes the settings file to everybody but its owner, since it holds passwords; the toolkit makes it as the umask
-// says, and keeps its mode from then on. Nothing happens where there is none.
-void restrictToOwner();
+/// An open settings file to write to; it is written back and closed when the object is destroyed. A file that is made
+/// then is closed to everybody but its owner, since it may hold passwords. A file that is there already keeps its mode
+/// and, as far as the system lets us, its owner and group, although the toolkit replaces it by a new one: users may
+/// have opened it to each other on purpose.
+class Writer
+{
+public:
+    Writer();
+    ~Writer();
+    Writer(const Writer &) = delete;
+    Writer &operator=(const Writer &) = delete;
+
+    void set(QLatin1String key, const QString &value);
+
+private:
+    QSettings m_settings;
+};
 
 // Reads one text from an open store; a missing key gives `fallback`.
 [[nodiscard]] QString text(const QSettings &settings, QLatin1String key, QLatin1String fallback);
 
-// Writes one text in an access of its own.
+/// Writes one text in an access of its own.
 void write(QLatin1String key, const QString &value);
 
 // A stored flag is on only when it is exactly "1".

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Who may read and write the settings file: its owner where the program made it, and whoever could before otherwise.
 #include "settings/store.h"
 
 #include <QDir>
@@ -7,18 +8,57 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <array>
 #include <memory>
+
+#include <grp.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
-/// Permissions of owner, group and others, without the doubles for the calling user.
-QFile::Permissions modeOf(const QString &path)
+/// Numbers that no account of the system has.
+constexpr uid_t firstUser = 54321;
+constexpr uid_t secondUser = 54322;
+constexpr gid_t firstGroup = 54331;
+constexpr gid_t secondGroup = 54332;
+constexpr gid_t sharedGroup = 54333;
+
+struct stat statusOf(const char *path)
 {
-    const QFile::Permissions callers = QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
-    return QFile::permissions(path) & ~callers;
+    struct stat status = {};
+    if (::stat(path, &status) != 0) {
+        status.st_mode = 0;
+    }
+    return status;
 }
 
-constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
+constexpr const char *file = "settingquorra.ini";
+
+int modeOf(const char *path)
+{
+    return statusOf(path).st_mode & 07777;
+}
+
+/// Runs `work` in a process of its own as another user; true when that succeeded and `work` returned true.
+template <class Work>
+bool asUser(uid_t user, gid_t group, Work work)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const bool changed = ::setgroups(1, &sharedGroup) == 0 && ::setgid(group) == 0 && ::setuid(user) == 0;
+        ::_exit(changed && work() ? 0 : 1);
+    }
+    int status = -1;
+    return child > 0 && ::waitpid(child, &status, 0) == child && status == 0;
+}
+
+bool storeSecret()
+{
+    store::write(store::key::userPassword, QStringLiteral("secret"));
+    return store::text(store::open(), store::key::userPassword, QLatin1String("")) == QLatin1String("secret");
+}
 
 } // namespace
 
@@ -29,10 +69,13 @@ class SettingsFileModeTest : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
-    void closesTheFileAndLaterWritesKeepIt();
-    void opensNothing_data();
-    void opensNothing();
-    void needsNoFile();
+    void aNewFileIsItsOwnersAlone_data();
+    void aNewFileIsItsOwnersAlone();
+    void anExistingFileKeepsItsMode_data();
+    void anExistingFileKeepsItsMode();
+    void readingChangesNoMode();
+    void aSharedFileStaysShared();
+    void rootLeavesTheFileToItsOwner();
     void leavesAFolderInItsPlaceAlone();
 
 private:
@@ -52,47 +95,94 @@ void SettingsFileModeTest::cleanup()
     m_folder.reset();
 }
 
-void SettingsFileModeTest::closesTheFileAndLaterWritesKeepIt()
+void SettingsFileModeTest::aNewFileIsItsOwnersAlone_data()
+{
+    QTest::addColumn<int>("mask");
+    for (const int mask : {0, 002, 022, 077}) {
+        QTest::addRow("umask %03o", mask) << mask;
+    }
+}
+
+void SettingsFileModeTest::aNewFileIsItsOwnersAlone()
+{
+    QFETCH(const int, mask);
+    const mode_t before = ::umask(static_cast<mode_t>(mask));
+    const bool stored = storeSecret();
+    ::umask(before);
+    QVERIFY(stored);
+    QCOMPARE(modeOf(file), 0600);
+}
+
+void SettingsFileModeTest::anExistingFileKeepsItsMode_data()
+{
+    QTest::addColumn<int>("mode");
+    for (const int mode : {0600, 0640, 0660, 0644, 0666}) {
+        QTest::addRow("%04o", mode) << mode;
+    }
+}
+
+void SettingsFileModeTest::anExistingFileKeepsItsMode()
+{
+    QFETCH(const int, mode);
+    store::write(store::key::tempName, QStringLiteral("1"));
+    QCOMPARE(::chmod(file, static_cast<mode_t>(mode)), 0);
+    QVERIFY(storeSecret());
+    QCOMPARE(modeOf(file), mode);
+    {
+        store::Writer settings;
+        settings.set(store::key::width, QStringLiteral("1"));
+        settings.set(store::key::height, QStringLiteral("2"));
+    }
+    QCOMPARE(modeOf(file), mode);
+}
+
+void SettingsFileModeTest::readingChangesNoMode()
 {
     store::write(store::key::tempName, QStringLiteral("1"));
-    QVERIFY(QFile::setPermissions(store::fileName, ownerOnly | QFile::ReadGroup | QFile::ReadOther));
-    store::restrictToOwner();
-    QCOMPARE(modeOf(store::fileName), ownerOnly);
-    store::write(store::key::userPassword, QStringLiteral("secret"));
-    QCOMPARE(store::open().value(store::key::userPassword).toString(), QStringLiteral("secret"));
-    QCOMPARE(modeOf(store::fileName), ownerOnly);
+    QCOMPARE(::chmod(file, 0664), 0);
+    QCOMPARE(store::text(store::open(), store::key::tempName, QLatin1String("")), QStringLiteral("1"));
+    QCOMPARE(modeOf(file), 0664);
 }
 
-void SettingsFileModeTest::opensNothing_data()
+/// Two users of one group save in turn. The toolkit gives the new file to the group of whoever saves.
+void SettingsFileModeTest::aSharedFileStaysShared()
 {
-    QTest::addColumn<QFile::Permissions>("before");
-    QTest::addColumn<QFile::Permissions>("after");
-    QTest::newRow("locked by its owner") << QFile::Permissions() << QFile::Permissions();
-    QTest::newRow("read-only") << (QFile::ReadOwner | QFile::ReadOther) << QFile::Permissions(QFile::ReadOwner);
+    if (::geteuid() != 0) {
+        QSKIP("not run: only root can become two users");
+    }
+    QCOMPARE(::chown(".", firstUser, sharedGroup), 0);
+    QCOMPARE(::chmod(".", 0770), 0);
+    QVERIFY(asUser(firstUser, firstGroup, storeSecret));
+    QCOMPARE(modeOf(file), 0600);
+    QCOMPARE(::chown(file, firstUser, sharedGroup), 0);
+    QCOMPARE(::chmod(file, 0660), 0);
+    const std::array users{std::pair{secondUser, secondGroup}, std::pair{firstUser, firstGroup}};
+    for (const auto &[user, group] : users) {
+        QVERIFY(asUser(user, group, storeSecret));
+        QCOMPARE(modeOf(file), 0660);
+        QCOMPARE(statusOf(file).st_gid, sharedGroup);
+    }
 }
 
-void SettingsFileModeTest::opensNothing()
+void SettingsFileModeTest::rootLeavesTheFileToItsOwner()
 {
-    QFETCH(QFile::Permissions, before);
-    QFETCH(QFile::Permissions, after);
+    if (::geteuid() != 0) {
+        QSKIP("not run: only root can save a file of somebody else's");
+    }
     store::write(store::key::tempName, QStringLiteral("1"));
-    QVERIFY(QFile::setPermissions(store::fileName, before));
-    store::restrictToOwner();
-    QCOMPARE(modeOf(store::fileName), after);
-}
-
-void SettingsFileModeTest::needsNoFile()
-{
-    store::restrictToOwner();
-    QVERIFY(!QFileInfo::exists(store::fileName));
+    QCOMPARE(::chown(file, firstUser, firstGroup), 0);
+    QVERIFY(storeSecret());
+    QCOMPARE(statusOf(file).st_uid, firstUser);
+    QCOMPARE(statusOf(file).st_gid, firstGroup);
+    QCOMPARE(modeOf(file), 0600);
 }
 
 void SettingsFileModeTest::leavesAFolderInItsPlaceAlone()
 {
     QVERIFY(QDir().mkdir(store::fileName));
-    const QFile::Permissions before = modeOf(store::fileName);
-    store::restrictToOwner();
-    QCOMPARE(modeOf(store::fileName), before);
+    const int before = modeOf(file);
+    store::write(store::key::tempName, QStringLiteral("1"));
+    QCOMPARE(modeOf(file), before);
 }
 
 QTEST_GUILESS_MAIN(SettingsFileModeTest)

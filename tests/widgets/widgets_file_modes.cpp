@@ -19,6 +19,12 @@ QString settingsPath(const WindowFixture &fixture)
     return fixture.folder.filePath(QStringLiteral("settingquorra.ini"));
 }
 
+/// Permissions of owner, group and others, without the doubles for the calling user.
+QFile::Permissions modeOf(const QString &path)
+{
+    return QFile::permissions(path) & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser);
+}
+
 } // namespace
 
 class WidgetsFileModes : public QObject
@@ -32,6 +38,9 @@ private Q_SLOTS:
     void settingsInAnUnwritableFolder();
     void unreadableSettings();
     void readOnlySettingsStayAsTheyWere();
+    void settingsKeepTheirMode_data();
+    void settingsKeepTheirMode();
+    void newSettingsAreTheOwnersAlone();
     void unreadableInput();
     void unwritableOutputFolder();
     void engineWithoutTheRightToRun();
@@ -107,6 +116,40 @@ void WidgetsFileModes::readOnlySettingsStayAsTheyWere()
     fixture.runToTheEnd();
     QCOMPARE(fixture.folder.endedCount(), 1);
     QCOMPARE(fileContent(settingsPath(fixture)), content);
+}
+
+void WidgetsFileModes::settingsKeepTheirMode_data()
+{
+    QTest::addColumn<QFile::Permissions>("mode");
+    const QFile::Permissions owner = QFile::ReadOwner | QFile::WriteOwner;
+    QTest::newRow("0600") << owner;
+    QTest::newRow("0640") << (owner | QFile::ReadGroup);
+    QTest::newRow("0660") << (owner | QFile::ReadGroup | QFile::WriteGroup);
+}
+
+/// Users may have opened the file to each other on purpose: neither a start nor any action closes it.
+void WidgetsFileModes::settingsKeepTheirMode()
+{
+    QFETCH(const QFile::Permissions, mode);
+    WindowFixture fixture;
+    writeFile(settingsPath(fixture), "[SettingInfo]\nListWidgetCurrtentItemRow=8\n");
+    QVERIFY(QFile::setPermissions(settingsPath(fixture), mode));
+    fixture.open();
+    QCOMPARE(modeOf(settingsPath(fixture)), mode);
+    fixture.selectFormat(3);
+    QCOMPARE(modeOf(settingsPath(fixture)), mode);
+    fixture.visitSettings("pushButton_Apply");
+    QCOMPARE(modeOf(settingsPath(fixture)), mode);
+    QCOMPARE(storedSetting(QStringLiteral("ColorDepth")), QStringLiteral("2")); // written indeed
+}
+
+void WidgetsFileModes::newSettingsAreTheOwnersAlone()
+{
+    WindowFixture fixture;
+    fixture.open();
+    QCOMPARE(modeOf(settingsPath(fixture)), QFile::ReadOwner | QFile::WriteOwner);
+    fixture.visitSettings("pushButton_Apply");
+    QCOMPARE(modeOf(settingsPath(fixture)), QFile::ReadOwner | QFile::WriteOwner);
 }
 
 void WidgetsFileModes::unreadableInput()
