@@ -17,8 +17,8 @@
 
 namespace {
 
-// Windows are made often, also ones that are never shown: what they share is drawn once and kept in the toolkit's
-// cache, which goes away with the application.
+/// Windows are made often, also ones that are never shown: what they share is drawn once and kept in the toolkit's
+/// cache, which goes away with the application.
 template <class Make>
 QPixmap cached(const QString &key, Make make)
 {

@@ -22,17 +22,17 @@ inline constexpr QLatin1String stop(":/MyImage/Image/stop.png");
 inline constexpr QLatin1String about(":/MyImage/Image/about.png");
 } // namespace image
 
-// The image at its own size, read once; a null pixmap when there is none of that path.
+/// The image at its own size, read once; a null pixmap when there is none of that path.
 [[nodiscard]] QPixmap loadImage(QLatin1String path);
 
-// The image at another size, ignoring its aspect ratio, smoothly: what QImage::scaled() gives. An image whose rows are
-// of one colour each is stretched as a single column, which takes a fraction of the time; every start waits for it.
+/// The image at another size, ignoring its aspect ratio, smoothly: what QImage::scaled() gives. An image whose rows are
+/// of one colour each is stretched as a single column, which takes a fraction of the time; every start waits for it.
 [[nodiscard]] QImage stretched(const QImage &image, QSize size);
 
-// Lays the background image, stretched to the window's size, under everything the window shows.
+/// Lays the background image, stretched to the window's size, under everything the window shows.
 void paintBackground(QWidget *window);
 
-// The look of a toolbar button: `text` below the image, which keeps its own size.
+/// The look of a toolbar button: `text` below the image, which keeps its own size.
 void dressToolButton(QToolButton *button, const QString &text, QLatin1String imagePath);
 
 /// Gives the application a light palette, and gives it back after each change of the desktop's palette, theme or style:

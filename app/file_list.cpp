@@ -38,7 +38,7 @@ void tovrane::dragEnterEvent(QDragEnterEvent *event)
     }
 }
 
-// Works during a run too: the run reads the number of rows again at each step.
+/// Works during a run too: the run reads the number of rows again at each step.
 void tovrane::dropEvent(QDropEvent *event)
 {
     appendRows(ui->tableWidget_Files, filesToDrop(event->mimeData()->urls()));

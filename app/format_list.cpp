@@ -55,7 +55,7 @@ void tovrane::On_ListWidget_ItemClicked()
     m_strParameter = GetSetParameter();
 }
 
-// The current row stands out by a taller hint and an icon of its own.
+/// The current row stands out by a taller hint and an icon of its own.
 void tovrane::showSelectedRow(int selected)
 {
     const QIcon icon(loadImage(image::row));

@@ -7,13 +7,13 @@
 
 namespace {
 
-// The text after the last "."; the whole path when it has none. Lower-cased.
+/// The text after the last "."; the whole path when it has none. Lower-cased.
 QString extensionAfterDot(const QString &path)
 {
     return path.mid(path.lastIndexOf(QLatin1Char('.')) + 1).toLower();
 }
 
-// A path without any "." has no extension, not even when the whole of it reads "pdf".
+/// A path without any "." has no extension, not even when the whole of it reads "pdf".
 bool isDroppablePdf(const QString &path)
 {
     return path.contains(QLatin1Char('.')) && extensionAfterDot(path) == QLatin1String("pdf");

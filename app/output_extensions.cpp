@@ -7,7 +7,7 @@
 
 namespace {
 
-// The numbers stand in users' settings files: 19 is unassigned and ".pnm" stands twice, both on purpose.
+/// The numbers stand in users' settings files: 19 is unassigned and ".pnm" stands twice, both on purpose.
 constexpr std::array extensions{
     QLatin1String(".doc"),  QLatin1String(".docx"), QLatin1String(".rtf"),  QLatin1String(".ppt"),  // 0
     QLatin1String(".pptx"), QLatin1String(".xls"),  QLatin1String(".xlsx"), QLatin1String(".txt"),  // 4

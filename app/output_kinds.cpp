@@ -25,7 +25,7 @@ constexpr std::array imageExtensions{
 
 constexpr DisabledControls none = DisabledControls::None;
 
-// Word and Excel default to the old formats, PowerPoint to the new one, on purpose.
+/// Word and Excel default to the old formats, PowerPoint to the new one, on purpose.
 constexpr std::array kinds{
     OutputKind{
         QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Word")), Extension(".doc"), wordExtensions, true, false,

@@ -12,7 +12,7 @@ constexpr double kilo = 1000.0;
 constexpr double mega = 1000000.0;
 constexpr qint32 megabytesFrom = 1048576; // the switch is binary, the divisors are decimal: on purpose
 
-// Three decimals, rounded like C's own formatting functions (ties to even), whatever the locale.
+/// Three decimals, rounded like C's own formatting functions (ties to even), whatever the locale.
 QString threeDecimals(double value)
 {
     std::array<char, 32> digits{};

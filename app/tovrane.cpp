@@ -62,7 +62,7 @@ tovrane::tovrane(QWidget *parent) : QMainWindow(parent), ui(std::make_unique<Ui_
     InitAllChoice();
 }
 
-// An engine that still runs is not touched: it finishes its file without the window.
+/// An engine that still runs is not touched: it finishes its file without the window.
 tovrane::~tovrane() = default;
 
 void tovrane::placeOnScreen()
@@ -138,7 +138,7 @@ void tovrane::On_Button_About()
     dialog.exec();
 }
 
-// The base class's handler is left out on purpose.
+/// The base class's handler is left out on purpose.
 void tovrane::resizeEvent(QResizeEvent * /*event*/)
 {
     QTableWidget *table = ui->tableWidget_Files;

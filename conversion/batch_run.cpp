@@ -17,7 +17,7 @@ bool g_bMainWindowRun = false;
 QString strOutputFileExist1; // clazy:exclude=non-pod-global-static
 QString strOutputFileExist2; // clazy:exclude=non-pod-global-static
 
-// Stop makes the checks of Start before it looks at the flag, on purpose.
+/// Stop makes the checks of Start before it looks at the flag, on purpose.
 bool tovrane::On_Button_Start()
 {
     if (ui->tableWidget_Files->rowCount() < 1) {
@@ -64,7 +64,7 @@ bool tovrane::ExeCmd()
     return true;
 }
 
-// Starts the newest process for the current row; without such a row there is nothing to start, and it is released.
+/// Starts the newest process for the current row; without such a row there is nothing to start, and it is released.
 void tovrane::startEngine(const QString &command)
 {
     const int rows = ui->tableWidget_Files->rowCount();
@@ -85,7 +85,7 @@ QString tovrane::inputPathOfRow(int row) const
     return item == nullptr ? QString() : item->text();
 }
 
-// The engine's result is not looked at: whatever became of a file, the next one follows.
+/// The engine's result is not looked at: whatever became of a file, the next one follows.
 void tovrane::ExeEnd()
 {
     ++m_nCurrentRow;

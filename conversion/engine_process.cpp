@@ -6,9 +6,9 @@
 
 namespace {
 
-// Every process object that still exists. Never destroyed: a window may be closed while its engine works on a file,
-// and the object must then outlive window and application, since its destructor would kill the engine. Held here it
-// stays reachable.
+/// Every process object that still exists. Never destroyed: a window may be closed while its engine works on a file,
+/// and the object must then outlive window and application, since its destructor would kill the engine. Held here it
+/// stays reachable.
 QSet<QProcess *> &existingProcesses()
 {
     static auto *const processes = new QSet<QProcess *>;

@@ -29,7 +29,7 @@ constexpr std::array compressions{
     QLatin1String(QT_TRANSLATE_NOOP("Setting", "204x196 G3 Class F TIFF")),
 };
 
-// The list for JPEG is the general one without its first row.
+/// The list for JPEG is the general one without its first row.
 constexpr std::array colorDepths{
     QLatin1String(QT_TRANSLATE_NOOP("Setting", "1 Bit")), QLatin1String(QT_TRANSLATE_NOOP("Setting", "8 Bits")),
     QLatin1String(QT_TRANSLATE_NOOP("Setting", "24 Bits"))};

@@ -63,7 +63,7 @@ void Setting::connectWidgets()
     connect(ui->comboBox_Format, &QComboBox::currentIndexChanged, this, &Setting::setColorBit);
 }
 
-// Leaves the passwords and the state of the TIFF controls alone, on purpose: Reset keeps them.
+/// Leaves the passwords and the state of the TIFF controls alone, on purpose: Reset keeps them.
 void Setting::Init()
 {
     ui->textEdit_Example->setContextMenuPolicy(Qt::NoContextMenu);
@@ -106,7 +106,7 @@ void Setting::applyOutputKind()
     }
 }
 
-// Only when the dialog opens; Reset does not come here.
+/// Only when the dialog opens; Reset does not come here.
 void Setting::disableUselessControls()
 {
     const OutputKind *kind = outputKindOfStoredRow(storedKindRow());

@@ -11,7 +11,7 @@
 
 namespace {
 
-// A pair of fields and the box that switches them on. The box's own slot hears clicks only, so both are set here.
+/// A pair of fields and the box that switches them on. The box's own slot hears clicks only, so both are set here.
 void loadPair(
     QCheckBox *box, QLineEdit *first, QLineEdit *second, const QString &flag, const QString &firstValue,
     const QString &secondValue)

@@ -9,7 +9,7 @@
 #include <array>
 #include <utility>
 
-// The values of disabled and hidden controls are saved like all others.
+/// The values of disabled and hidden controls are saved like all others.
 void Setting::SaveParaInfo()
 {
     store::Writer settings;

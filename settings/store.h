@@ -14,7 +14,7 @@ inline constexpr QLatin1String fileName("settingquorra.ini");
 
 namespace key {
 inline constexpr QLatin1String converterFormat("/SettingInfo/ConverterFormat");
-inline constexpr QLatin1String outputKindRow("/SettingInfo/ListWidgetCurrtentItemRow"); // spelt so on purpose
+inline constexpr QLatin1String outputKindRow("/SettingInfo/ListWidgetCurrtentItemRow"); ///< spelt so on purpose
 inline constexpr QLatin1String wordMode("/SettingInfo/WordMode");
 inline constexpr QLatin1String firstPage("/SettingInfo/FirstPage");
 inline constexpr QLatin1String lastPage("/SettingInfo/LastPage");
@@ -56,16 +56,16 @@ private:
     QSettings m_settings;
 };
 
-// Reads one text from an open store; a missing key gives `fallback`.
+/// Reads one text from an open store; a missing key gives `fallback`.
 [[nodiscard]] QString text(const QSettings &settings, QLatin1String key, QLatin1String fallback);
 
 /// Writes one text in an access of its own.
 void write(QLatin1String key, const QString &value);
 
-// A stored flag is on only when it is exactly "1".
+/// A stored flag is on only when it is exactly "1".
 [[nodiscard]] bool isOn(const QString &flag);
 
-// The stored form of a flag: "1" or "0".
+/// The stored form of a flag: "1" or "0".
 [[nodiscard]] QString flagText(bool on);
 
 } // namespace store

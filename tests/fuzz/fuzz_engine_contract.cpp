@@ -102,7 +102,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const EngineSettings &settings = job.settings;
     const QString values =
         settings.tempName + settings.userPassword + settings.masterPassword + job.input + job.outputFolder;
-    // Nothing is escaped, so a double quote spoils the arguments; and an empty path is no argument at all.
+    /// Nothing is escaped, so a double quote spoils the arguments; and an empty path is no argument at all.
     if (values.contains(QLatin1Char('"')) || job.input.isEmpty())
         return 0;
     const QString options = optionsForExtension(engineOptions(settings, job.extension), job.extension);

@@ -106,7 +106,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     fuzz::writeSettingsFile(fuzz::bytes(data, size));
     const EngineSettings settings = readEngineSettings(store::open());
-    // Nothing is escaped: a double quote in a value spoils the splitting, as it must.
+    /// Nothing is escaped: a double quote in a value spoils the splitting, as it must.
     const bool splits =
         !(settings.tempName + settings.userPassword + settings.masterPassword).contains(QLatin1Char('"'));
     for (int index = 0; index <= 28; ++index) {

@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-constexpr char engineLogStart = 'S'; // payload: each argument after the program name, ended by a zero byte
-constexpr char engineLogEnd = 'E';   // no payload; missing when the engine crashed or was killed
+constexpr char engineLogStart = 'S'; ///< payload: each argument after the program name, ended by a zero byte
+constexpr char engineLogEnd = 'E';   ///< no payload; missing when the engine crashed or was killed
 
 struct EngineLogHeader
 {

@@ -5,8 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-// Random numbers of one test run. The seed is printed, and taken from the environment variable QUORRA_SEED when that is
-// set, so that a failure can be repeated.
+/// Random numbers of one test run. The seed is printed, and taken from the environment variable QUORRA_SEED when that
+/// is set, so that a failure can be repeated.
 class RandomSource
 {
 public:
@@ -16,7 +16,7 @@ public:
     int below(int bound) { return m_generator.bounded(bound); } // 0 ... bound - 1
     bool oneIn(int chances) { return below(chances) == 0; }
     QString pick(const QStringList &texts) { return texts.at(below(int(texts.size()))); }
-    // Up to `longest` characters: letters, digits, blanks, quotes, INI and path characters, non-ASCII.
+    /// Up to `longest` characters: letters, digits, blanks, quotes, INI and path characters, non-ASCII.
     QString text(int longest);
 
 private:
@@ -24,5 +24,5 @@ private:
     QRandomGenerator m_generator;
 };
 
-// How often to repeat: `normal`, or the environment variable QUORRA_ROUNDS.
+/// How often to repeat: `normal`, or the environment variable QUORRA_ROUNDS.
 int randomRounds(int normal);

@@ -38,7 +38,7 @@ namespace {
 
 std::uint32_t g_run = 0;
 
-// The folder of the engine's own file; main() sets it.
+/// The folder of the engine's own file; main() sets it.
 std::string &ownFolder()
 {
     static std::string folder;
@@ -77,7 +77,7 @@ std::string readAll(const std::string &path)
     return text;
 }
 
-// The number of this run; the lock keeps two engines that start together apart.
+/// The number of this run; the lock keeps two engines that start together apart.
 std::uint32_t takeRunNumber()
 {
     const int fd = open(inFolder("engine.count").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
@@ -94,7 +94,7 @@ std::uint32_t takeRunNumber()
     return count;
 }
 
-// One write per record: appended writes do not mix.
+/// One write per record: appended writes do not mix.
 void record(char kind, const std::string &payload)
 {
     const EngineLogHeader header{

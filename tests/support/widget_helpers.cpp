@@ -22,7 +22,7 @@
 
 namespace {
 
-// The empty scheme stands for addresses without one.
+/// The empty scheme stands for addresses without one.
 const QStringList &recordedSchemes()
 {
     static const QStringList schemes{

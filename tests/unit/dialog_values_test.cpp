@@ -175,7 +175,7 @@ void DialogValuesTest::storedColorDepth()
     QTEST(dialogValues::storedColorDepth(row, QStringLiteral(".jpg")), "jpeg");
 }
 
-// "8 Bits" is stored as 1, which is "24 Bits" in the same list; that is stored as 2, which selects nothing.
+/// "8 Bits" is stored as 1, which is "24 Bits" in the same list; that is stored as 2, which selects nothing.
 void DialogValuesTest::grayJpegComesBackAsFullColor()
 {
     const QString jpeg = QStringLiteral(".jpeg");

@@ -5,22 +5,22 @@
 #include <QString>
 #include <QStringList>
 
-// A second, plain account of the settings dialog: what it must show for given stored values and what it must store.
-// It shares no table and no function with the program, so that a mistake there is not repeated here.
+/// A second, plain account of the settings dialog: what it must show for given stored values and what it must store.
+/// It shares no table and no function with the program, so that a mistake there is not repeated here.
 class DialogModel
 {
 public:
     using Values = QMap<QString, QString>;
 
-    // Opens the dialog on what is stored; missing keys take their defaults.
+    /// Opens the dialog on what is stored; missing keys take their defaults.
     explicit DialogModel(const Values &stored);
 
     void reset();
     void chooseFormat(int index);
-    // What the file holds after "Apply"; keys the dialog does not write are kept.
+    /// What the file holds after "Apply"; keys the dialog does not write are kept.
     Values stored() const;
 
-    bool loaded = false; // false when the stored extension index names none
+    bool loaded = false; ///< false when the stored extension index names none
     QStringList formats;
     int format = -1;
     QStringList depths;
@@ -32,7 +32,7 @@ public:
     bool sizeEnabled = false, resolutionEnabled = false, depthEnabled = true;
     bool resizeBoxEnabled = true, resolutionBoxEnabled = true, tiffEnabled = true;
 
-    static int number(const QString &text); // 0 for what is no whole decimal number
+    static int number(const QString &text); ///< 0 for what is no whole decimal number
 
 private:
     void init();
@@ -41,6 +41,6 @@ private:
     QString value(const char *key, const char *fallback) const;
 
     Values m_stored;
-    QString m_kind;  // the stored row as the dialog first reads it
-    int m_savedKind; // the row that a main window makes of it
+    QString m_kind;  ///< the stored row as the dialog first reads it
+    int m_savedKind; ///< the row that a main window makes of it
 };

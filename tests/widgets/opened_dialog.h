@@ -14,7 +14,7 @@
 
 using Values = QMap<QString, QString>;
 
-// The settings dialog, shown, on given stored values.
+/// The settings dialog, shown, on given stored values.
 struct Opened
 {
     explicit Opened(const Values &values)

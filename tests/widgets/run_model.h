@@ -3,19 +3,19 @@
 
 #include <QList>
 
-// A small model of the batch run: what the window must show after each event, whatever came before. Engines are known
-// by the number of their run. It covers the states idle, running, stalled, and running with an earlier engine alive.
+/// A small model of the batch run: what the window must show after each event, whatever came before. Engines are known
+/// by the number of their run. It covers the states idle, running, stalled, and running with an earlier engine alive.
 struct RunModel
 {
     int rows = 0;
-    bool running = false;   // the process-wide flag
-    bool showsStop = false; // the button; with `running` false this is the stalled state
-    int counter = 0;        // the row being converted
+    bool running = false;   ///< the process-wide flag
+    bool showsStop = false; ///< the button; with `running` false this is the stalled state
+    int counter = 0;        ///< the row being converted
     int bar = 0;
-    int started = 0;      // engines so far
-    QList<int> alive;     // engines that have not ended
-    QList<int> converted; // the row each engine was started for
-    int kind = 0;         // the stored kind of output
+    int started = 0;      ///< engines so far
+    QList<int> alive;     ///< engines that have not ended
+    QList<int> converted; ///< the row each engine was started for
+    int kind = 0;         ///< the stored kind of output
 
     void drop(int files) { rows += files; }
 
@@ -33,7 +33,7 @@ struct RunModel
         }
     }
 
-    // Opening the dialog is enough, whatever closes it.
+    /// Opening the dialog is enough, whatever closes it.
     void settings() { running = false; }
 
     void clickKind(int row)
@@ -68,7 +68,7 @@ private:
         bar = counter + 1;
     }
 
-    // Only the newest engine is killed; one that has ended already is not there any more.
+    /// Only the newest engine is killed; one that has ended already is not there any more.
     void stop()
     {
         running = false;

@@ -111,7 +111,7 @@ void SoakBatchRun::act(const WindowFixture &fixture, RunModel &model)
     }
 }
 
-// Lets every engine end, one by one.
+/// Lets every engine end, one by one.
 void SoakBatchRun::finishRun(const WindowFixture &fixture, RunModel &model)
 {
     while (!model.alive.isEmpty() && !QTest::currentTestFailed()) {
@@ -144,7 +144,7 @@ void SoakBatchRun::followsTheModel()
     }
 }
 
-// The engine ends when it likes here, so the model cannot follow; but some things hold at every moment.
+/// The engine ends when it likes here, so the model cannot follow; but some things hold at every moment.
 void SoakBatchRun::keepsItsRulesAtRandomMoments()
 {
     WindowFixture fixture;

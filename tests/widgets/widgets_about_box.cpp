@@ -22,7 +22,7 @@ const QTextBrowser *browserOf(const about &dialog)
     return dialog.findChild<QTextBrowser *>(QStringLiteral("textBrowser"));
 }
 
-// Where the text says `needle`, in viewport coordinates of the browser.
+/// Where the text says `needle`, in viewport coordinates of the browser.
 QPoint placeOf(const QTextBrowser &browser, const QString &needle)
 {
     QTextCursor cursor = browser.document()->find(needle);

@@ -9,7 +9,7 @@
 
 namespace {
 
-// A path of about `length` characters to a file that exists.
+/// A path of about `length` characters to a file that exists.
 QString longPath(const ProgramFolder &folder, int length)
 {
     QString name = QStringLiteral("long");
@@ -19,7 +19,7 @@ QString longPath(const ProgramFolder &folder, int length)
     return folder.makePdf(name + QStringLiteral(".pdf"));
 }
 
-// After whatever has happened: the list is whole, and with a working engine a run converts all of it.
+/// After whatever has happened: the list is whole, and with a working engine a run converts all of it.
 void expectUsable(const WindowFixture &fixture, const QStringList &paths)
 {
     QCOMPARE(fixture.pathsInTable(), paths);
@@ -105,7 +105,7 @@ void WidgetsBadInput::oddNamesReachTheEngine()
     expectUsable(fixture, {path});
 }
 
-// Nothing is escaped: a quote in a name splits the command wrongly. The file is lost, the others are not.
+/// Nothing is escaped: a quote in a name splits the command wrongly. The file is lost, the others are not.
 void WidgetsBadInput::quotesSplitTheArguments()
 {
     WindowFixture fixture;
@@ -267,7 +267,7 @@ void WidgetsBadInput::engineNotExecutable_data()
     QTest::newRow("a folder") << QByteArray() << true;
 }
 
-// The run stands still until Stop: an engine that cannot be started never finishes.
+/// The run stands still until Stop: an engine that cannot be started never finishes.
 void WidgetsBadInput::engineNotExecutable()
 {
     QFETCH(QByteArray, content);
@@ -322,7 +322,7 @@ void WidgetsBadInput::engineHangs()
     expectUsable(fixture, paths);
 }
 
-// The engine deletes itself while it converts the first file: the next start finds none, and the run stands still.
+/// The engine deletes itself while it converts the first file: the next start finds none, and the run stands still.
 void WidgetsBadInput::engineVanishesMidRun()
 {
     WindowFixture fixture;

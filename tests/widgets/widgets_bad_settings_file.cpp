@@ -27,7 +27,7 @@ QByteArray manyKeys(int bytes)
     return content;
 }
 
-// Everything a user can do once, with what comes out of it.
+/// Everything a user can do once, with what comes out of it.
 void useTheWindow(const WindowFixture &fixture)
 {
     fixture.visitSettings("pushButton_Apply");
@@ -108,7 +108,7 @@ void WidgetsBadSettingsFile::hugeValuesAreHandedOn()
     QCOMPARE(storedSetting(QStringLiteral("UserPassword")).size(), 32767); // what a line of text holds
 }
 
-// Nothing can be stored: each kind is written as the default extension, and each start is on the first kind.
+/// Nothing can be stored: each kind is written as the default extension, and each start is on the first kind.
 void WidgetsBadSettingsFile::folderInTheFilesPlaceKeepsNothing()
 {
     WindowFixture fixture;

@@ -11,7 +11,7 @@ QByteArrayList argumentsOfRun(const WindowFixture &fixture, int run)
     return fixture.folder.runs().value(run).arguments;
 }
 
-// Stores one kind and extension, as "Apply" would after a click on the kind.
+/// Stores one kind and extension, as "Apply" would after a click on the kind.
 void chooseExtension(const WindowFixture &fixture, int row, int extensionIndex)
 {
     fixture.selectFormat(row);

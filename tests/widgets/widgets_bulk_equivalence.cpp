@@ -11,7 +11,7 @@ namespace {
 
 struct TableState
 {
-    QStringList cells; // "(none)" where there is no item
+    QStringList cells; ///< "(none)" where there is no item
     QList<int> selected;
     int currentRow = -1;
     int currentColumn = -1;
@@ -33,7 +33,7 @@ TableState stateOf(const QTableWidget &table)
     return state;
 }
 
-// The plain ways, as described: one row after another.
+/// The plain ways, as described: one row after another.
 void removeRowByRow(QTableWidget &table)
 {
     table.removeRow(table.currentRow());
@@ -61,7 +61,7 @@ void fillRowByRow(QTableWidget &table, const QTableWidget &like)
     }
 }
 
-// A table of its own, set up as the window's.
+/// A table of its own, set up as the window's.
 void setUpAlike(QTableWidget &table)
 {
     table.setColumnCount(2);
@@ -86,7 +86,7 @@ private:
     RandomSource m_random;
 };
 
-// Single rows, runs of rows or every other row selected; a current row in or out of the selection, or none.
+/// Single rows, runs of rows or every other row selected; a current row in or out of the selection, or none.
 void WidgetsBulkEquivalence::selectAlike(QTableWidget &first, QTableWidget &second)
 {
     const int rows = first.rowCount();

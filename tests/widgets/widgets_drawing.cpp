@@ -36,7 +36,7 @@ extern "C" int clock_gettime(clockid_t clock, struct timespec *time) noexcept
 
 namespace {
 
-// Shows a number, and counts how often it is drawn.
+/// Shows a number, and counts how often it is drawn.
 class NumberWidget : public QWidget
 {
 public:

@@ -54,8 +54,8 @@ void WidgetsDrop::dropWithoutUrls()
     QCOMPARE(fixture.table()->rowCount(), 0);
 }
 
-// Letters: p a PDF file, P one with an upper-case suffix, t a text file, n a name without a suffix, d a folder,
-// D a folder named like a PDF file, m a PDF file that does not exist.
+/// Letters: p a PDF file, P one with an upper-case suffix, t a text file, n a name without a suffix, d a folder,
+/// D a folder named like a PDF file, m a PDF file that does not exist.
 void WidgetsDrop::lists_data()
 {
     QTest::addColumn<QString>("entries");

@@ -14,7 +14,7 @@ QString inputFolderStored()
     return storedSetting(QStringLiteral("InputFolder"));
 }
 
-// Presses "Add" and answers the dialog; no paths cancels it.
+/// Presses "Add" and answers the dialog; no paths cancels it.
 void add(const WindowFixture &fixture, const QStringList &paths)
 {
     DialogAnswer<QFileDialog> answer([&](QFileDialog &dialog) { answerFileDialog(dialog, paths); });

@@ -56,7 +56,7 @@ void WidgetsFileModes::initTestCase()
     QVERIFY(!file.open(QIODevice::ReadOnly));
 }
 
-// Nothing is kept then, and every kind falls back to the defaults.
+/// Nothing is kept then, and every kind falls back to the defaults.
 void WidgetsFileModes::settingsInAnUnwritableFolder()
 {
     WindowFixture fixture;

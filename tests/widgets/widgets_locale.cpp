@@ -82,7 +82,7 @@ void WidgetsLocale::argumentsOfTheEngine()
     QCOMPARE(fixture.folder.runs().value(0).arguments.mid(0, 4), QByteArrayList({"-l", "1234", "-width", "9999"}));
 }
 
-// Builds the locale, which the system need not have, in a folder of its own and puts it in force.
+/// Builds the locale, which the system need not have, in a folder of its own and puts it in force.
 static bool useGermanLocale(const QString &folder)
 {
     const QString name = QStringLiteral("de_DE.UTF-8");

@@ -16,7 +16,7 @@
 
 namespace {
 
-// In the form in which pixmaps keep images, so that the two compare.
+/// In the form in which pixmaps keep images, so that the two compare.
 QImage drawn(const QImage &image)
 {
     return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);

@@ -8,7 +8,7 @@ namespace {
 
 constexpr qint64 allowedGrowth = 2048; // kB
 
-// The sanitizers keep freed memory and so tell nothing about growth; the run itself is still checked.
+/// The sanitizers keep freed memory and so tell nothing about growth; the run itself is still checked.
 void expectFlat(qint64 before)
 {
     const qint64 growth = residentKilobytes() - before;
@@ -37,7 +37,7 @@ private Q_SLOTS:
     void floodOfOutput();
 };
 
-// QUORRA_ROUNDS says how many files.
+/// QUORRA_ROUNDS says how many files.
 void WidgetsMemory::manyFilesInOneRun()
 {
     const int files = qEnvironmentVariableIsSet("QUORRA_ROUNDS") ? qEnvironmentVariableIntValue("QUORRA_ROUNDS") : 1000;

@@ -17,7 +17,7 @@
 
 namespace {
 
-// The lowest visible pixel rows and columns a widget's text needs must fit in it.
+/// The lowest visible pixel rows and columns a widget's text needs must fit in it.
 bool showsItsWholeText(const QWidget &widget)
 {
     return widget.width() >= widget.sizeHint().width();
@@ -225,7 +225,7 @@ void WidgetsSettingsForm::fields()
     QVERIFY(!field->validator());
 }
 
-// Each text is one row of a tab, its widgets from left to right.
+/// Each text is one row of a tab, its widgets from left to right.
 void WidgetsSettingsForm::rowsFromTopToBottom_data()
 {
     QTest::addColumn<int>("tab");

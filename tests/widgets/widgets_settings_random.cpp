@@ -46,7 +46,7 @@ DialogModel::Values randomValues(RandomSource &random)
     return values;
 }
 
-// What the controls show and allow, as one comparable list.
+/// What the controls show and allow, as one comparable list.
 QStringList shown(const Setting &dialog)
 {
     const auto combo = [&](const char *name) {

@@ -16,9 +16,9 @@
 #include <QTableWidget>
 #include <QToolButton>
 
-constexpr int longWait = 60000; // ms; a bound for a loaded machine, never reached in a passing test
+constexpr int longWait = 60000; ///< ms; a bound for a loaded machine, never reached in a passing test
 
-// The window with its state open to the tests.
+/// The window with its state open to the tests.
 class OpenWindow : public tovrane
 {
 public:
@@ -28,17 +28,17 @@ public:
     using tovrane::m_strParameter;
 };
 
-// A main window in a program folder of its own. The widgets are found by their object names, as a user of the window
-// would see them, not through the class's members.
+/// A main window in a program folder of its own. The widgets are found by their object names, as a user of the window
+/// would see them, not through the class's members.
 class WindowFixture
 {
 public:
     explicit WindowFixture(ProgramFolder::Engine engine = ProgramFolder::WithEngine);
     ~WindowFixture();
 
-    // Makes and shows the window; what is in the settings file before counts.
+    /// Makes and shows the window; what is in the settings file before counts.
     void open();
-    // Closes the window and waits until it is destroyed.
+    /// Closes the window and waits until it is destroyed.
     void close();
 
     template <class Widget>
@@ -53,37 +53,37 @@ public:
     QToolButton *button(const char *name) const { return child<QToolButton>(name); }
     QToolButton *startButton() const { return button("toolButton_Start"); }
 
-    // Calls a slot of the window by its name, public or not.
+    /// Calls a slot of the window by its name, public or not.
     void call(const char *slot) const;
-    // Presses the Start/Stop button.
+    /// Presses the Start/Stop button.
     void press() const;
     void selectFormat(int row) const { formats()->setCurrentRow(row); }
-    // Adds the files by a drop, which works in every state.
+    /// Adds the files by a drop, which works in every state.
     void drop(const QStringList &paths) const;
-    // Makes that many PDF files (in/1.pdf ...) and drops them; returns their paths.
+    /// Makes that many PDF files (in/1.pdf ...) and drops them; returns their paths.
     QStringList dropFiles(int count) const;
-    // Opens the window and starts a run over that many files; returns once the first engine is at work. The engines
-    // wait until they are released unless the plan says otherwise.
+    /// Opens the window and starts a run over that many files; returns once the first engine is at work. The engines
+    /// wait until they are released unless the plan says otherwise.
     QStringList beginRun(int files, const QString &plan = QStringLiteral("wait write"));
-    // Presses Start and waits until the window is idle again.
+    /// Presses Start and waits until the window is idle again.
     void runToTheEnd() const;
     void waitForIdle() const;
-    void waitForRuns(int count) const;  // engines started
-    void waitForEnded(int count) const; // engines that have ended by themselves
-    void waitForCounter(int row) const; // ends that the window has taken notice of since the run began
+    void waitForRuns(int count) const;  ///< engines started
+    void waitForEnded(int count) const; ///< engines that have ended by themselves
+    void waitForCounter(int row) const; ///< ends that the window has taken notice of since the run began
     void waitForDeath(qint64 engine) const;
-    // Opens the settings dialog from the toolbar and closes it with "Cancel" or "Apply".
+    /// Opens the settings dialog from the toolbar and closes it with "Cancel" or "Apply".
     void visitSettings(const char *closingButton = "pushButton_Cancle") const;
 
     QStringList pathsInTable() const;
-    QString sizeText(int row) const; // a null string without an item
+    QString sizeText(int row) const; ///< a null string without an item
 
-    // What the window shows of the run's state.
+    /// What the window shows of the run's state.
     bool showsIdle() const;
     bool showsRunning() const;
 
     ProgramFolder folder;
     UrlRecorder urls;
-    QString outputFolder; // exists; what open() puts into the output line
+    QString outputFolder; ///< exists; what open() puts into the output line
     QPointer<OpenWindow> window;
 };
