@@ -5,6 +5,8 @@
 
 #include <QTableWidget>
 
+#include <algorithm>
+
 namespace {
 
 /// The cell of a path. Files stay in the order in which they were listed: no sorting changes it, except that those

@@ -10,7 +10,6 @@
 
 #include <QAction>
 #include <QGuiApplication>
-#include <QProcess>
 #include <QResizeEvent>
 #include <QScreen>
 

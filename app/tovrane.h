@@ -11,7 +11,6 @@ class QDragEnterEvent;
 class QDropEvent;
 class QProcess;
 class QResizeEvent;
-class QToolButton;
 class Ui_tovrane;
 
 /// The main window: the list of files, the kind of output, the output folder and the batch run over the list.

@@ -4,7 +4,6 @@
 #include "conversion/engine_options.h"
 #include "settings/engine_settings.h"
 #include "settings/store.h"
-#include "ui_tovrane.h"
 
 QString tovrane::GetSetParameter()
 {
