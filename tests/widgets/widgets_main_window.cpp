@@ -53,7 +53,6 @@ private Q_SLOTS:
     void styleSheetLacksItsParenthesis();
     void slotsInDeclarationOrder();
     void everyConstructionClearsTheRunningFlag();
-    void darkDesktopGetsALightPalette();
     void settingsButtonOpensTheDialog();
     void aboutButtonOpensTheDialog();
     void closingDestroysTheWindowAndEndsTheProgram();
@@ -388,26 +387,6 @@ void WidgetsMainWindow::everyConstructionClearsTheRunningFlag()
     const tovrane neverShown;
     QVERIFY(!g_bProcess);
     QVERIFY(!g_bMainWindowRun);
-}
-
-void WidgetsMainWindow::darkDesktopGetsALightPalette()
-{
-    const QPalette before = QApplication::palette();
-    QApplication::setPalette(QPalette(QColor(Qt::darkBlue), QColor(30, 30, 30)));
-    useLightPalette();
-    const QPalette made = QApplication::palette();
-    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base, QPalette::Button})
-            QVERIFY(made.color(group, ground).lightness() > 200);
-        for (const QPalette::ColorRole text : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-            QVERIFY(made.color(group, text).lightness() < 130);
-    }
-    QPalette light(made);
-    light.setColor(QPalette::Window, QColor(250, 240, 230));
-    QApplication::setPalette(light);
-    useLightPalette(); // leaves a light one as it is
-    QCOMPARE(QApplication::palette().color(QPalette::Window), QColor(250, 240, 230));
-    QApplication::setPalette(before);
 }
 
 void WidgetsMainWindow::settingsButtonOpensTheDialog()
