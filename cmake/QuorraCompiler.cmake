@@ -31,6 +31,7 @@ if(QUORRA_FUZZ)
 endif()
 
 if(QUORRA_COVERAGE)
-  add_compile_options(--coverage -O0 -g1)
+  # Atomic: the engine's pages are drawn by several threads, whose counts would be lost otherwise.
+  add_compile_options(--coverage -fprofile-update=atomic -O0 -g1)
   add_link_options(--coverage)
 endif()
