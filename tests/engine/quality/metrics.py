@@ -33,7 +33,11 @@ def stray_hyphens(paragraphs):
 
 
 def pdftotext_paragraphs(path):
-    text = readers.pdf_text(path)
+    return paragraphs_of(readers.pdf_text(path))
+
+
+def paragraphs_of(text):
+    """The paragraphs of plain text, between blank lines and page ends."""
     return [" ".join(p.split()) for p in re.split(r"\n\s*\n|\f", text) if p.strip()]
 
 

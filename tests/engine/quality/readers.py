@@ -27,8 +27,8 @@ def pdf_text(path, *options):
     return run("pdftotext", *options, path, "-").decode("utf-8", "replace")
 
 
-def pdf_pages(path):
-    return int(re.search(rb"Pages:\s+(\d+)", run("pdfinfo", path)).group(1))
+def pdf_pages(path, *options):
+    return int(re.search(rb"Pages:\s+(\d+)", run("pdfinfo", *options, path)).group(1))
 
 
 def back_to_pdf(path, folder):
