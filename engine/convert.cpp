@@ -3,6 +3,7 @@
 
 #include "engine/cli/failure.h"
 #include "engine/cli/page_range.h"
+#include "engine/platform/output_file.h"
 #include "engine/platform/part_file.h"
 
 #include <algorithm>
@@ -51,6 +52,7 @@ void convert(const Options &options)
     const std::size_t slash = options.outputPath.rfind('/');
     sweepPartFiles(slash == std::string::npos ? "." : options.outputPath.substr(0, slash + 1));
     converter({options, document, range.first, range.last});
+    syncFolderOf(options.outputPath);
 }
 
 } // namespace quorra

@@ -105,6 +105,12 @@ int OutputFile::descriptor()
 void OutputFile::commit()
 {
     flush();
+    // Some file systems tell of failed writes only here or at the end of a descriptor, and this one is still needed.
+    if (!platform::syncFile(m_file.descriptor))
+        fail(m_path, errno);
+    const int duplicate = dup(m_file.descriptor);
+    if (duplicate < 0 || close(duplicate) != 0)
+        fail(m_path, errno);
     if (!platform::nameFile(m_file, m_path))
         fail(m_path, errno);
     close(std::exchange(m_file.descriptor, -1));
@@ -120,6 +126,20 @@ void OutputFile::append(std::string_view bytes)
 {
     writeAll(
         bytes, m_path, [this](std::string_view rest) { return ::write(m_file.descriptor, rest.data(), rest.size()); });
+}
+
+void syncFolderOf(const std::string &path)
+{
+    const int folder = open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    // One that may be written but not read cannot be synced.
+    if (folder < 0)
+        return;
+    // Some file systems cannot sync a folder.
+    const bool synced = fsync(folder) == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP;
+    const int error = errno;
+    close(folder);
+    if (!synced)
+        fail(path, error);
 }
 
 } // namespace quorra

@@ -32,7 +32,8 @@ public:
     /// object's.
     int descriptor();
 
-    /// Gives the file its name, replacing what stood there. Nothing may be written afterwards.
+    /// Gives the file its name, replacing what stood there, once its content is on the disk. Nothing may be written
+    /// afterwards. The name itself is sure to outlast a power cut only after syncFolderOf().
     void commit();
 
     const std::string &path() const { return m_path; }
@@ -45,5 +46,9 @@ private:
     platform::UnnamedFile m_file;
     std::string m_buffer;
 };
+
+/// Puts the names in the folder of this path on the disk; to be called once after the last file of a run. Throws
+/// Failure(CannotWrite).
+void syncFolderOf(const std::string &path);
 
 } // namespace quorra

@@ -21,6 +21,9 @@ UnnamedFile beginFile(const std::string &folder);
 /// Names the file, replacing what stood there, in one step that cannot be seen half done. False and errno on failure.
 bool nameFile(UnnamedFile &file, const std::string &path);
 
+/// Puts what a file holds on the disk; true also where the file system cannot do that. False and errno on failure.
+bool syncFile(int descriptor);
+
 /// Makes the calling process, just forked, die by SIGKILL with its parent `parent`. Async-signal-safe.
 void dieWithParent(pid_t parent);
 

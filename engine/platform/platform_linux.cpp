@@ -56,6 +56,11 @@ bool nameFile(UnnamedFile &file, const std::string &path)
     return true;
 }
 
+bool syncFile(int descriptor)
+{
+    return fdatasync(descriptor) == 0 || errno == EINVAL || errno == EROFS;
+}
+
 void dieWithParent(pid_t parent)
 {
     prctl(PR_SET_PDEATHSIG, SIGKILL);

@@ -25,6 +25,16 @@ bool nameFile(UnnamedFile &file, const std::string &path)
     return true;
 }
 
+bool syncFile(int descriptor)
+{
+#ifdef F_FULLFSYNC
+    // Plain fsync() leaves the content in the disk's own cache there.
+    if (fcntl(descriptor, F_FULLFSYNC) == 0)
+        return true;
+#endif
+    return fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
 void dieWithParent(pid_t) {}
 
 namespace {
