@@ -25,7 +25,7 @@ KINDS = {
                [".docx", "-wordmode", "4"], [".doc"], [".rtf"], [".pptx"], [".ppt"], [".xlsx"], [".xls"]],
 }
 DRAWN_SLOWLY = {".ps", ".eps", ".tif", ".tiff", ".jpg", ".png", ".gif", ".bmp", ".tga", ".pnm", ".ppm", ".pgm", ".pbm"}
-SOME_PAGES = ["-f", "30", "-l", "53", "-xres", "50"]  # enough for several threads
+SOME_PAGES = ["-f", "30", "-l", "45", "-xres", "50"]  # enough for several threads
 PACKAGES = {".docx", ".pptx", ".xlsx"}
 
 

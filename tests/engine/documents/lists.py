@@ -89,3 +89,13 @@ def check_list(sheet):
             sheet.line(LEFT + 1.5, y + 6, LEFT + 3.5, y + 8.5, 1)
             sheet.line(LEFT + 3.5, y + 8.5, LEFT + 7, y + 3, 1)
         y = sheet.prose(LEFT + 16, y, FULL, text)
+
+
+@document
+def bullets_of_a_symbol_font(sheet):
+    """The marks are letters of a font of signs; they are bullets, an arrow and a tick, not the letters l and n."""
+    y = 80
+    for sign, text in [("●", "A round bullet"), ("●", "Another round bullet"), ("■", "A square"), ("➔", "An arrow"),
+                       ("✔", "A tick")]:
+        sheet.text(LEFT + 10, y + 10, sign, "ZapfDingbats", 9)
+        y = sheet.prose(LEFT + 28, y, FULL - 28, text)

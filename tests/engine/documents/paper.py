@@ -23,7 +23,8 @@ WIDTH, HEIGHT = 595, 842
 LEFT, RIGHT = 62, 533
 FULL = RIGHT - LEFT
 
-# Of the packages fonts-liberation and fonts-dejavu-core.
+# Of the packages fonts-liberation, fonts-dejavu-core and fonts-wqy-zenhei.
+FONT_FOLDER = "/usr/share/fonts/truetype/"
 FONTS = {
     "Serif": "liberation/LiberationSerif-Regular.ttf",
     "Serif-Bold": "liberation/LiberationSerif-Bold.ttf",
@@ -37,6 +38,7 @@ FONTS = {
     "Mono-Bold": "liberation/LiberationMono-Bold.ttf",
     "DejaVu": "dejavu/DejaVuSans.ttf",
     "DejaVu-Bold": "dejavu/DejaVuSans-Bold.ttf",
+    "ZenHei": "wqy/wqy-zenhei.ttc",
 }
 ALIGNMENTS = {"left": TA_LEFT, "right": TA_RIGHT, "centre": TA_CENTER, "justify": TA_JUSTIFY}
 
@@ -51,7 +53,7 @@ def document(draw):
 
 def register_fonts():
     for name, path in FONTS.items():
-        pdfmetrics.registerFont(TTFont(name, f"/usr/share/fonts/truetype/{path}"))
+        pdfmetrics.registerFont(TTFont(name, FONT_FOLDER + path))
     for family in ("Serif", "Sans"):
         pdfmetrics.registerFontFamily(family, family, family + "-Bold", family + "-Italic", family + "-BoldItalic")
 
@@ -69,6 +71,21 @@ def picture(kind, size=120):
             far = math.hypot(x - size / 2, y - size / 2) / size
             ring = int(127 + 120 * math.cos(far * 30))
             image.putpixel((x, y), (ring, 90, 255 - ring) if kind == "rings" else (55 + x + y // 2,) * 3)
+    data = io.BytesIO()
+    image.save(data, "PNG")
+    data.seek(0)
+    return ImageReader(data)
+
+
+def scan(lines):
+    """A picture of a page with these (x, y, text) lines, as a scanner makes it: grey paper, 100 dots per inch."""
+    from PIL import Image, ImageDraw, ImageFont
+    dots = 100 / 72
+    image = Image.new("L", (round(WIDTH * dots), round(HEIGHT * dots)), 244)
+    pen = ImageDraw.Draw(image)
+    font = ImageFont.truetype(FONT_FOLDER + FONTS["Serif"], round(12 * dots))
+    for x, y, text in lines:
+        pen.text((x * dots, y * dots), text, font=font, fill=40, anchor="ls")
     data = io.BytesIO()
     image.save(data, "PNG")
     data.seek(0)

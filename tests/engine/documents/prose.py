@@ -152,3 +152,22 @@ def wide_gaps_in_lines(sheet):
         sheet.text(LEFT, 90 + 18 * n, left)
         sheet.text(LEFT + width_of("Votes in favour of the motion", "Serif", 10.5) + 60, 90 + 18 * n, right)
     sheet.prose(LEFT, 175, FULL, CLOCK[2])
+
+
+@document
+def formulas(sheet):
+    """A fraction, a root and a sum stand on lines of their own; each is one unit."""
+    y = sheet.prose(LEFT, 80, FULL, "The mean of the crossings is")
+    sheet.text(250, y + 22, "m  =", "Serif-Italic", 12)
+    sheet.text(300, y + 14, "x + y + z", "Serif-Italic", 12, "centre")
+    sheet.line(274, y + 18, 326, y + 18, 0.6)
+    sheet.text(300, y + 30, "3", "Serif", 12, "centre")
+    sheet.text(RIGHT, y + 22, "(1)", align="right")
+    y = sheet.prose(LEFT, y + 42, FULL, "and their sum, with <i>n</i> days in the month,")
+    sheet.text(270, y + 24, "∑", "DejaVu", 18)
+    sheet.text(277, y + 36, "i = 1", "Serif-Italic", 7, "centre")
+    sheet.text(277, y + 6, "n", "Serif-Italic", 7, "centre")
+    sheet.text(290, y + 22, "c", "Serif-Italic", 12)
+    sheet.text(296, y + 25, "i", "Serif-Italic", 8)
+    sheet.text(RIGHT, y + 22, "(2)", align="right")
+    sheet.prose(LEFT, y + 48, FULL, TOWN[0])

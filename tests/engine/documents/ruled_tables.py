@@ -141,3 +141,28 @@ def table_with_double_and_thick_lines(sheet):
                     ("LINEAFTER", (0, 0), (1, -1), 0.5, black), HEAD, ("ALIGN", (1, 0), (-1, -1), "RIGHT"))
     sheet.line(RIGHT - 300, y + 40, RIGHT, y + 40, 0.5)
     sheet.text(RIGHT - 300, y + 52, "Date and signature", "Sans", 8)
+
+
+@document
+def turned_text_in_cells(sheet):
+    """One cell's text runs down, one's up, one's stands on its head; the others are upright."""
+    for n, (degrees, x, y) in enumerate([(0, 20, 60), (90, 50, 20), (270, 60, 90), (180, 100, 50)]):
+        left = LEFT + 117 * n
+        sheet.rect(left, 90, 117, 110, stroke="#000000")
+        sheet.rect(left, 200, 117, 20, stroke="#000000")
+        sheet.turned(left + x, 90 + y, degrees, lambda: sheet.text(0, 0, "Oldham Reach"))
+        sheet.text(left + 6, 214, f"{degrees} degrees")
+
+
+@document
+def columns_under_one_drawn_column(sheet):
+    """Lines stand around the head's cells only: the second drawn column holds two columns of numbers."""
+    sheet.table(LEFT, 90, [["Bank", "Crossings and fares"]], [150, 200], GRID, HEAD)
+    sheet.rect(LEFT, 107, 150, 84, stroke="#000000")
+    sheet.rect(LEFT + 150, 107, 200, 84, stroke="#000000")
+    for n, (name, count, fare) in enumerate([("Northern", "1,204", "8,428.00"), ("Southern", "998", "6,986.00"),
+                                             ("Island", "57", "399.00"), ("Mill", "12", "84.00")]):
+        y = 124 + 19 * n
+        sheet.text(LEFT + 6, y, name)
+        sheet.text(LEFT + 230, y, count, align="right")
+        sheet.text(LEFT + 344, y, fare, align="right")

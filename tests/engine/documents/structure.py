@@ -133,3 +133,14 @@ def document_with_two_chapters(sheet):
     sheet.next_page()
     sheet.prose(LEFT, 80, FULL, "stairs, and went down to the ramp to see whether the chain still held. It did, but the "
                 "boat hung on it like a dog on a leash.", align="justify", size=11, leading=16)
+
+
+@document
+def footnotes_in_two_columns(sheet):
+    """Each column has its own note at its foot; the notes do not interrupt the text that goes on in the next column."""
+    wide = (FULL - 22) / 2
+    for n, (x, texts) in enumerate([(LEFT, TOWN[:5]), (LEFT + wide + 22, GARDEN)]):
+        texts = [texts[0].replace(".", f".<super>{n + 1}</super>", 1), *texts[1:]]
+        y = sheet.paragraphs(x, 80, wide, texts, align="justify")
+        sheet.line(x, y + 14, x + 80, y + 14, 0.5)
+        sheet.prose(x, y + 18, wide, f"<super>{n + 1}</super> So the keeper says, who was not there when it was begun.", size=8)

@@ -2,8 +2,13 @@
 """Fixed pitch, and text that is drawn in unusual ways."""
 from reportlab.lib.colors import HexColor
 
-from paper import FULL, LEFT, document
+from paper import FULL, LEFT, RIGHT, document, scan
 from texts import CLOCK, GARDEN, TOWN
+
+MINUTES = [(LEFT, 90, "Minutes of the meeting of the ferry company"),
+           (LEFT, 122, "held in the ferry house on the fourteenth of May, at seven in the evening."),
+           (LEFT, 138, "Nineteen members came; two had sent a letter."),
+           (LEFT, 170, "The keeper read the accounts. They were accepted without a vote.")]
 
 
 @document
@@ -75,22 +80,19 @@ def bold_by_outline(sheet):
 @document
 def invisible_text_over_picture(sheet):
     """A searchable scan: the picture shows the text, the text itself is drawn invisibly. It is the text of the page."""
-    sheet.image(0, 0, 595, 842, "slope")
-    y = 90
-    for line in ["Minutes of the meeting of the ferry company", "held in the ferry house on the fourteenth of May,",
-                 "at seven in the evening. Nineteen members came."]:
-        text = sheet.canvas.beginText(LEFT, sheet.height - y)
+    sheet.canvas.drawImage(scan(MINUTES), 0, 0, 595, 842)
+    for x, y, line in MINUTES:
+        text = sheet.canvas.beginText(x, sheet.height - y)
         text.setFont("Serif", 12)
         text.setTextRenderMode(3)
         text.textOut(line)
         sheet.canvas.drawText(text)
-        y += 16
 
 
 @document
 def scanned_page(sheet):
     """A picture of the page and nothing else."""
-    sheet.image(0, 0, 595, 842, "slope")
+    sheet.canvas.drawImage(scan(MINUTES), 0, 0, 595, 842)
 
 
 @document
@@ -108,3 +110,38 @@ def text_under_opaque_fill(sheet):
     sheet.text(LEFT, 130, "This sentence can be seen.")
     sheet.text(-300, 150, "Outside at the left")
     sheet.text(LEFT, 900, "Below the page")
+
+
+@document
+def text_over_transparent_fill(sheet):
+    """Two paragraphs behind a half-transparent band, which hides nothing."""
+    y = sheet.paragraphs(LEFT, 80, FULL, TOWN[:2])
+    sheet.canvas.saveState()
+    sheet.canvas.setFillColor(HexColor("#ffd000"), alpha=0.3)
+    sheet.canvas.rect(LEFT - 6, sheet.height - y, FULL + 12, y - 76, stroke=0, fill=1)
+    sheet.canvas.restoreState()
+    sheet.prose(LEFT, y + 10, FULL, TOWN[2])
+
+
+@document
+def heading_on_colour_gradient(sheet):
+    """The heading stays text; what lies behind it is a shading from one colour to another."""
+    sheet.canvas.saveState()
+    band = sheet.canvas.beginPath()
+    band.rect(LEFT, sheet.height - 60, FULL, 30)
+    sheet.canvas.clipPath(band, stroke=0, fill=0)
+    sheet.canvas.linearGradient(LEFT, sheet.height - 60, RIGHT, sheet.height - 60, (HexColor("#1f4e79"), HexColor("#9dc3e6")),
+                                extend=False)
+    sheet.canvas.restoreState()
+    sheet.text(LEFT + 10, 52, "Spring at the river", "Sans-Bold", 18, colour=HexColor("#ffffff"))
+    sheet.paragraphs(LEFT, 110, FULL, GARDEN[:2])
+
+
+@document
+def chinese_paragraphs(sheet):
+    """Two paragraphs without blanks, a heading above them; no blank comes in where lines are joined."""
+    sheet.text(LEFT, 90, "渡船的歷史", "ZenHei", 16)
+    y = sheet.lines(LEFT, 116, ["這條渡船從一八七四年起就在河上來往，載運車輛、牲口和行人。每逢集市，", "它從清晨五點一直開到最後一位農夫"
+                                "回家為止。"], "ZenHei", 11, 17)
+    sheet.lines(LEFT, y + 9, ["水位太高的時候渡船停開，每年大約有九天。司機只好改走威爾比的橋，要多", "走二十三公里，多花半個鐘頭。"],
+                "ZenHei", 11, 17)
