@@ -46,11 +46,10 @@ def text_of(rows, comment):
     return "\n".join(lines) + "\n"
 
 
-def comparable(floors, measured, half):
-    """Whether the means of a half are of as many documents of each kind as those of the table."""
-    counts = [{key: value for key, value in rows.items() if key[0] == DOCUMENTS and key[2] == half}
-              for rows in (floors, measured)]
-    return counts[0] == counts[1]
+def comparable(floors, measured, kind, half):
+    """Whether the means of a kind of output in a half are of as many documents as those of the table."""
+    key = (DOCUMENTS, kind, half)
+    return floors.get(key) == measured.get(key)
 
 
 def _half_of(key):
@@ -66,7 +65,7 @@ def falls(floors, measured, halves):
             continue
         value = measured.get(key)
         if is_mean(key):
-            wanted = _half_of(key) in halves and comparable(floors, measured, _half_of(key))
+            wanted = _half_of(key) in halves and comparable(floors, measured, key[1], _half_of(key))
             low = wanted and (value is None or value < floor - MEAN_MAY_FALL - ROUNDING)
         else:
             # No value: the document is not at hand, or has nothing of the kind any more that nobody had asked for.
@@ -81,6 +80,6 @@ def raised(floors, measured, lower=False):
     of other documents than before replace the old ones."""
     rows = dict(floors)
     for key, value in measured.items():
-        replaced = lower or key[0] == DOCUMENTS or is_mean(key) and not comparable(floors, measured, _half_of(key))
+        replaced = lower or key[0] == DOCUMENTS or is_mean(key) and not comparable(floors, measured, key[1], _half_of(key))
         rows[key] = value if replaced else max(value, rows.get(key, value))
     return rows

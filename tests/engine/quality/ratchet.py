@@ -224,9 +224,10 @@ def compare(table, rows, halves):
     if not table:
         print("no floors in", TABLE)
         return 1
-    for half in halves:
-        if not floors.comparable(table, rows, half):
-            print("not run: means of the %s half, whose documents are others than those of the table" % half)
+    for (figure, kind, half), count in sorted(table.items()):
+        if figure == floors.DOCUMENTS and half in halves and not floors.comparable(table, rows, kind, half):
+            print("not run: means of %s, %s: they are of %d documents, here are %d"
+                  % (kind, half, count, rows.get((figure, kind, half), 0)))
     fallen = floors.falls(table, rows, halves)
     for (figure, kind, subject), floor, value in fallen:
         print("FELL: %s, %s, %s: %s, floor %.3f" % (figure, kind, subject, "not measured" if value is None
