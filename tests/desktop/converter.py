@@ -17,13 +17,13 @@ WIDTH, HEIGHT = 720, 483
 # Centres of the controls in the window, whose size and layout are fixed.
 PLACES = {
     "Add": (44, 46), "Delete": (120, 46), "Clear": (196, 46), "Setting": (272, 46), "Start": (348, 46),
-    "About": (424, 46), "Output Folder": (280, 422), "Choose": (500, 422),
+    "About": (424, 46), "Output Folder": (280, 433), "Choose": (500, 433),
 }
 KINDS = ["PDF to Word", "PDF to Excel", "PDF to PPT", "PDF to HTML", "PDF to XML", "PDF to PostScript", "PDF to EPS",
          "PDF to Text", "PDF to Image"]
 KIND_PLACE = (84, 105)
 KIND_HEIGHT = 29
-ROW_PLACE = (330, 106)
+ROW_PLACE = (330, 117)
 ROW_HEIGHT = 30
 # The same in the settings dialog; its buttons do not move in a mirrored dialog, everything else does.
 SETTING_WIDTH = 470

@@ -40,7 +40,7 @@ class Viewer(DesktopCase):
         self.assertEqual(len(self.requests()), 1, self.requests())
         self.assertTrue(self.requests()[0].replace("%20", " ").endswith("/b c.pdf"), self.requests())
         # A double click on the size cell opens the same file, also once.
-        self.desktop.click(converter.window, *converter.place(640, 106), times=2)
+        self.desktop.click(converter.window, *converter.place(640, 117), times=2)
         wait_for("the second viewer", lambda: len(self.requests()) > 1)
         self.settle(converter)
         self.assertEqual(len(self.requests()), 2, self.requests())
