@@ -22,12 +22,12 @@ std::vector<std::string> officeCandidates(const char *named, const char *searchP
 /// package to install.
 std::string findOffice(const std::vector<std::string> &candidates, Component component);
 
-/// How the name of LibreOffice's socket for this profile (a file: address) ends: "OSL_PIPE_", the user's number where it
-/// is known, and this.
+/// How the name of LibreOffice's socket for this profile (a file: address) ends: "OSL_PIPE_", the user's number where
+/// it is known, and this.
 std::string socketName(const std::string &profileAddress);
 
-/// Removes the sockets that LibreOffice left in the system's temporary folders when its engine was killed. To be called before a TempFolder is
-/// made, which removes the folders by which they are known.
+/// Removes the sockets that LibreOffice left in the system's temporary folders when its engine was killed. To be called
+/// before a TempFolder is made, which removes the folders by which they are known.
 void sweepSockets();
 
 /// Exports a flat ODF file, that must lie in the folder, in the format of the extension (lower case, with its dot);

@@ -32,19 +32,24 @@ using namespace quorra;
 namespace {
 
 // What the functions below saw and do.
-std::vector<std::string> calls;
-int killAtCall = 0;      ///< counted from 1; 0: never
-std::string failingCall; ///< the next call of this name fails with EIO
+std::vector<std::string> &calls()
+{
+    static std::vector<std::string> seen;
+    return seen;
+}
+
+int killAtCall = 0;           ///< counted from 1; 0: never
+const char *failingCall = ""; ///< the next call of this name fails with EIO
 
 /// True when the call shall fail.
 [[maybe_unused]] bool noteCall(const char *name)
 {
-    calls.emplace_back(name);
-    if (killAtCall == static_cast<int>(calls.size()))
+    calls().emplace_back(name);
+    if (killAtCall == static_cast<int>(calls().size()))
         raise(SIGKILL);
-    if (failingCall != name)
+    if (std::strcmp(failingCall, name) != 0)
         return false;
-    failingCall.clear();
+    failingCall = "";
     errno = EIO;
     return true;
 }
@@ -102,9 +107,9 @@ extern "C" int dup(int descriptor) noexcept
 extern "C" int close(int descriptor)
 {
     const int result = static_cast<int>(syscall(SYS_close, descriptor));
-    if (descriptor != duplicate || failingCall != "close")
+    if (descriptor != duplicate || std::strcmp(failingCall, "close") != 0)
         return result;
-    failingCall.clear();
+    failingCall = "";
     errno = EIO;
     return -1;
 }
@@ -198,9 +203,9 @@ void OutputFileTest::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
-    calls.clear();
+    calls().clear();
     killAtCall = 0;
-    failingCall.clear();
+    failingCall = "";
 }
 
 QByteArray OutputFileTest::content(const char *name) const
@@ -408,13 +413,15 @@ void OutputFileTest::failsToCopyWhatIsNotThere()
 void OutputFileTest::isOnDiskBeforeItHasItsName()
 {
 #ifdef __linux__
-    const auto indexOf = [](const char *name) { return std::find(calls.begin(), calls.end(), name) - calls.begin(); };
-    const auto never = [] { return static_cast<std::ptrdiff_t>(calls.size()); };
+    const auto indexOf = [](const char *name) {
+        return std::find(calls().begin(), calls().end(), name) - calls().begin();
+    };
+    const auto never = [] { return static_cast<std::ptrdiff_t>(calls().size()); };
     for (const bool replaces : {false, true}) {
         QCOMPARE(QFile::exists(QString::fromStdString(path())), replaces);
         OutputFile file(path());
         file.write("new");
-        calls.clear();
+        calls().clear();
         file.commit();
         const auto named = std::min(indexOf("link"), indexOf("rename"));
         QVERIFY(named < never());
@@ -436,7 +443,7 @@ void OutputFileTest::failsWhenTheDiskDoes()
 #ifdef __linux__
     QFETCH(QByteArray, call);
     put("out", "old");
-    failingCall = call.toStdString();
+    failingCall = call.constData();
     const std::string line = failureOf([&] {
         OutputFile file(path());
         file.write("new");
@@ -452,7 +459,7 @@ void OutputFileTest::syncsTheFolder()
 {
 #ifdef __linux__
     syncFolderOf(path());
-    QVERIFY(std::find(calls.begin(), calls.end(), "sync folder") != calls.end());
+    QVERIFY(std::find(calls().begin(), calls().end(), "sync folder") != calls().end());
     failingCall = "sync folder";
     const std::string line = failureOf([&] { syncFolderOf(path()); });
     QVERIFY2(contains(line, std::strerror(EIO)), line.c_str());
