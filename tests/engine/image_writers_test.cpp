@@ -71,6 +71,23 @@ void ownHandler(const char *, const char *, va_list)
     ++ownHandlerCalls;
 }
 
+/// The process's handlers of TIFF messages while this object lives.
+struct OwnHandlers
+{
+    TIFFErrorHandler errors = TIFFSetErrorHandler(ownHandler);
+    TIFFErrorHandler warnings = TIFFSetWarningHandler(ownHandler);
+
+    OwnHandlers() = default;
+    OwnHandlers(const OwnHandlers &) = delete;
+    OwnHandlers &operator=(const OwnHandlers &) = delete;
+
+    ~OwnHandlers()
+    {
+        TIFFSetErrorHandler(errors);
+        TIFFSetWarningHandler(warnings);
+    }
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(MakeWriter)
@@ -179,8 +196,7 @@ private Q_SLOTS:
     void leavesTheProcessItsTiffMessageHandlers()
     {
         const QTemporaryDir folder;
-        const TIFFErrorHandler errors = TIFFSetErrorHandler(ownHandler);
-        const TIFFErrorHandler warnings = TIFFSetWarningHandler(ownHandler);
+        const OwnHandlers own;
         const Noise noise(64, 64, ColourDepth::Gray);
         OutputFile file(folder.filePath(QStringLiteral("out.tiff")).toStdString());
         {
@@ -189,8 +205,8 @@ private Q_SLOTS:
             QVERIFY_THROWS_EXCEPTION(
                 Failure, tiff.addRows(noise.raster)); // a fax has no gray: the library has a message
         }
-        QVERIFY(TIFFSetErrorHandler(errors) == ownHandler);
-        QVERIFY(TIFFSetWarningHandler(warnings) == ownHandler);
+        QVERIFY(TIFFSetErrorHandler(ownHandler) == ownHandler);
+        QVERIFY(TIFFSetWarningHandler(ownHandler) == ownHandler);
         QCOMPARE(ownHandlerCalls, 0);
     }
 };
