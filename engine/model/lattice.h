@@ -13,6 +13,8 @@ class Lattice
 {
 public:
     explicit Lattice(const Rulings &rules);
+    Lattice(const Lattice &) = delete; // it points into its own rules
+    Lattice &operator=(const Lattice &) = delete;
 
     int rows() const { return static_cast<int>(m_ys.size()) - 1; }
     int columns() const { return static_cast<int>(m_xs.size()) - 1; }
@@ -35,7 +37,7 @@ private:
     Rulings m_rules;
     std::vector<double> m_xs;
     std::vector<double> m_ys;
-    std::vector<const Rule *> m_vertical;   ///< for each edge and row, null where no line is drawn
+    std::vector<const Rule *> m_vertical;   ///< into m_rules, for each edge and row, null where no line is drawn
     std::vector<const Rule *> m_horizontal; ///< for each edge and column
 };
 

@@ -38,8 +38,8 @@ private:
     std::map<int, Transform> m_transforms;
 };
 
-/// Gives the pages the size that -width and -height (pixels) ask for; with one of them the other follows the page's
-/// shape. Does nothing without them.
+/// Gives the pages the size that -width and -height ask for, by the rule of paperSize(). Throws Failure(Limit) as it
+/// does. Does nothing without them.
 void fitToOptions(model::Document &document, const Options &options, MovedPictures &pictures);
 
 /// Turns all colours of text, lines and backgrounds to gray, or to black and white.

@@ -18,6 +18,8 @@ namespace {
 constexpr double HeadGap = 1.8;         // the same in running heads, whose parts have nothing to do with one another
 constexpr double ApartGap = 3;          // between words that are no neighbours, times the size of type
 constexpr double LabelGap = 1;          // the same in drawings
+constexpr int MostBlanks = 80;          // between two words
+constexpr int MostIndent = 200;         // blanks before the first word of a line of code
 constexpr double WideGap = .65;         // more than a blank, but no more than belongs to one line
 constexpr double OffBaseline = 0.5;     // times the size of type
 constexpr double TightestSpacing = -.1; // times the size of type
@@ -175,6 +177,12 @@ void addWord(std::vector<model::Run> &runs, const QString &text, const model::St
     }
 }
 
+// That many blanks, within the limits.
+QString blanks(double count, int least, int most)
+{
+    return QString(std::lround(std::clamp<double>(count, least, most)), u' ');
+}
+
 QString blanksBetween(const model::Word &word, const model::Word &next)
 {
     const double gap = next.box.left - word.box.right;
@@ -182,10 +190,9 @@ QString blanksBetween(const model::Word &word, const model::Word &next)
         // Behind the number of a heading stands more than one blank.
         const double blank = textWidth(u" "_s, word.style).value_or(word.style.size / 4);
         const bool wide = word.spaceAfter && gap > WideGap * word.style.size;
-        return wide ? QString(std::lround(gap / blank), u' ') : word.spaceAfter ? u" "_s : QString();
+        return blanks(wide ? gap / blank : 0, word.spaceAfter ? 1 : 0, MostBlanks);
     }
-    const auto blanks = static_cast<qsizetype>(std::lround(gap / (FixedPitch * word.style.size)));
-    return QString(std::clamp<qsizetype>(blanks, word.spaceAfter ? 1 : 0, 80), u' ');
+    return blanks(gap / (FixedPitch * word.style.size), word.spaceAfter ? 1 : 0, MostBlanks);
 }
 
 } // namespace
@@ -283,7 +290,7 @@ std::vector<model::Run> runsByLine(const model::Paragraph &paragraph)
             QString text = word.text;
             if (i == 0 && word.style.fixedPitch && paragraph.lines.size() > 1) {
                 const double indent = (word.box.left - paragraph.box.left) / (FixedPitch * word.style.size);
-                text.prepend(QString(std::clamp<qsizetype>(std::lround(indent), 0, 200), u' '));
+                text.prepend(blanks(indent, 0, MostIndent));
             }
             if (i + 1 < line.words.size()) {
                 text += blanksBetween(word, line.words[i + 1]);

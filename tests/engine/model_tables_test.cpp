@@ -2,10 +2,15 @@
 #include "model_pages.h"
 
 #include "engine/model/column_alignment.h"
+#include "engine/model/lattice.h"
 
 #include <QTest>
 
+#include <type_traits>
+
 using namespace quorra::model;
+
+static_assert(!std::is_copy_constructible_v<Lattice> && !std::is_move_constructible_v<Lattice>);
 
 class ModelTablesTest : public QObject
 {

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void oneSlideForEachPage();
     void otherPageSizesAreCentred();
     void pagesTakeTheSizeAskedFor();
+    void pagesLargerThanPaperAreRefused();
     void coloursAreReduced();
     void sheetsHoldNumbersAsNumbers();
     void documentsWithoutTablesGiveTheirLines();
@@ -197,6 +198,23 @@ void OfficePlacedTest::pagesTakeTheSizeAskedFor()
     QCOMPARE(document.pages[0].height, 396.0);
     QCOMPARE(document.pages[0].sections[0].blocks[0].paragraph()->runs[0].style.size, 5.0);
     QCOMPARE(document.pages[0].sections[0].blocks[0].paragraph()->lines[0].baseline, 55.0);
+}
+
+void OfficePlacedTest::pagesLargerThanPaperAreRefused()
+{
+    constexpr int mostPixels = 19200; // 200 inches
+    const auto fit = [](int width) {
+        fixture::Pictures source;
+        MovedPictures pictures(source);
+        model::Document document{{threeParagraphs()}};
+        document.pages[0].height = document.pages[0].width;
+        Options options;
+        options.width = width;
+        fitToOptions(document, options, pictures);
+        return document.pages[0].height;
+    };
+    QCOMPARE(fit(mostPixels), 14400.0);
+    QVERIFY_THROWS_EXCEPTION(Failure, fit(mostPixels + 1));
 }
 
 void OfficePlacedTest::coloursAreReduced()

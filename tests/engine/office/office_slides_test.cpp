@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "office_fixture.h"
 
+#include "engine/model/build.h"
 #include "engine/office/odf_slides.h"
 #include "engine/office/slide_fit.h"
 #include "engine/office/slide_table.h"
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void rightToLeftLinesStandRight();
     void boxesBeginAboveTheBaseline();
     void codeKeepsItsBlanks();
+    void blanksHaveALimit();
     void unknownFontsGiveWayToMeasuredOnes();
     void spacingFollowsThePage();
     void tightTablesAreDrawn();
@@ -195,6 +197,21 @@ void OfficeSlidesTest::codeKeepsItsBlanks()
     code.box = {72, 100, 132, 124};
     QVERIFY(keepsLines(code));
     QCOMPARE(runsByLine(code)[0].text, QStringLiteral("if   x\n  stop now"));
+}
+
+void OfficeSlidesTest::blanksHaveALimit()
+{
+    for (const bool fixedPitch : {false, true}) {
+        model::Style look = fixture::style();
+        look.fixedPitch = fixedPitch;
+        model::Paragraph paragraph = lineAt(QStringLiteral("far apart"), {72, 72, 300, 84}, look);
+        model::Word &last = paragraph.lines[0].words[1];
+        last.box.left += 100000;
+        last.box.right += 100000;
+        QCOMPARE(
+            model::plainText(runsByLine(paragraph)),
+            QStringLiteral("far") + QString(80, QLatin1Char(' ')) + QStringLiteral("apart"));
+    }
 }
 
 void OfficeSlidesTest::unknownFontsGiveWayToMeasuredOnes()
