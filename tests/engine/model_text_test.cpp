@@ -176,7 +176,9 @@ private Q_SLOTS:
         QVERIFY(document.pages.back().sections.front().blocks.front().paragraph()->continuesPrevious);
         Document perPage = document;
         joinContinuations(perPage, false);
-        QVERIFY(!perPage.pages.back().sections.front().blocks.empty());
+        const Section &kept = perPage.pages.back().sections.front();
+        QVERIFY(!kept.blocks.empty() && kept.blocks.front().paragraph());
+        QVERIFY(plainText(kept.blocks.front().paragraph()->runs).startsWith(QStringLiteral("the next page")));
         joinContinuations(document, true);
         QVERIFY(paragraphTexts(document).constLast().contains(QStringLiteral("whole line of the next page")));
     }

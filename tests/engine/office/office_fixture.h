@@ -10,6 +10,7 @@
 #include <QXmlStreamReader>
 
 #include <functional>
+#include <stdexcept>
 
 /// Documents made by hand, and the flat ODF text that a writer makes of them.
 namespace fixture {
@@ -112,7 +113,20 @@ public:
     model::Box lastBox;
 };
 
-/// The flat ODF file that write makes, as text; empty when it is no well-formed XML.
+/// Reads to the end; throws, naming what is wrong, when the text is no well-formed XML.
+template <typename Visitor>
+void readXml(QXmlStreamReader &reader, const Visitor &visit)
+{
+    while (!reader.atEnd()) {
+        reader.readNext();
+        visit();
+    }
+    if (reader.hasError()) {
+        throw std::runtime_error(reader.errorString().toStdString());
+    }
+}
+
+/// The flat ODF file that write makes, as text. Throws when there is none or when it is no well-formed XML.
 inline QString odf(office::OdfKind kind, const std::function<void(office::OdfFile &)> &write)
 {
     const QTemporaryDir folder;
@@ -122,14 +136,12 @@ inline QString odf(office::OdfKind kind, const std::function<void(office::OdfFil
     file.finish();
     QFile made(path);
     if (!made.open(QIODevice::ReadOnly)) {
-        return {};
+        throw std::runtime_error("the file cannot be read");
     }
     const QByteArray bytes = made.readAll();
     QXmlStreamReader reader(bytes);
-    while (!reader.atEnd()) {
-        reader.readNext();
-    }
-    return reader.hasError() ? QString() : QString::fromUtf8(bytes);
+    readXml(reader, [] {});
+    return QString::fromUtf8(bytes);
 }
 
 /// All text of the body, elements left out, with the paragraphs apart.
@@ -138,8 +150,7 @@ inline QStringList paragraphs(const QString &odfText)
     QStringList result;
     QXmlStreamReader reader(odfText);
     int depth = 0;
-    while (!reader.atEnd()) {
-        reader.readNext();
+    readXml(reader, [&] {
         const bool isParagraph = reader.name() == QLatin1String("p") || reader.name() == QLatin1String("h");
         if (reader.isStartElement() && isParagraph && depth++ == 0) {
             result.push_back({});
@@ -152,7 +163,7 @@ inline QStringList paragraphs(const QString &odfText)
         } else if (reader.isCharacters() && depth > 0) {
             result.back() += reader.text();
         }
-    }
+    });
     return result;
 }
 

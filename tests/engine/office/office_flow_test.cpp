@@ -27,6 +27,7 @@ private Q_SLOTS:
     void writesScansAsPages();
     void dropsCharactersThatXmlCannotHold();
     void takesSeparatorsAndBackgrounds();
+    void malformedOutputIsNoticed();
 };
 
 namespace {
@@ -234,6 +235,17 @@ void OfficeFlowTest::takesSeparatorsAndBackgrounds()
     QCOMPARE(decorationOf(page, lower).below.colour, model::Colour(0xff0000));
     QCOMPARE(decorationOf(page, lower).background.value_or(0), model::Colour(0xcccccc));
     QVERIFY(!decorationOf(page, upper).background);
+}
+
+// The helpers of these tests themselves: a check on an empty text would pass.
+void OfficeFlowTest::malformedOutputIsNoticed()
+{
+    const auto broken = [] {
+        return fixture::odf(OdfKind::Text, [](OdfFile &file) { file.body().writeDTD(QStringLiteral("<")); });
+    };
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, broken());
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, fixture::paragraphs(QStringLiteral("<p>open")));
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, fixture::paragraphs(QString()));
 }
 
 QTEST_APPLESS_MAIN(OfficeFlowTest)
