@@ -9,6 +9,14 @@
 
 // The document as a reader sees it: pages with sections of columns, and in them paragraphs, tables and pictures.
 // All writers work from these types. Units and origin are those of page.h.
+//
+// What every coordinate means, once buildDocument() is done:
+// - Boxes (of columns, blocks, cells, lines, words, pictures, fills), rules and baselines count on the page as shown,
+//   whichever way the text runs. A cell lies inside its table, a paragraph's lines inside the paragraph unless it goes
+//   on in another column. transformPage() keeps this.
+// - A baseline is the y of a line of rotation 0 or 180, the x of one of rotation 90 or 270.
+// - Indents and distances of a paragraph are lengths along and across its own lines, not along the page's sides.
+// - The edges of a table and the sides of its cells (left, top, ...) are those of the table read upright: see Table.
 namespace quorra::model {
 
 /// Where a small piece of text stands against the letters beside it.
@@ -74,8 +82,8 @@ struct Cell
     int column = 0;
     int rowSpan = 1;
     int columnSpan = 1;
-    Box box;
-    Border left;
+    Box box;     ///< on the page, as all boxes
+    Border left; ///< the side towards the column before it, whichever way the table is turned; top and so on likewise
     Border top;
     Border right;
     Border bottom;
@@ -86,8 +94,11 @@ struct Cell
 struct Table
 {
     Box box;
-    std::vector<double> columnEdges; ///< x of the columns' edges, one more than there are columns, growing
-    std::vector<double> rowEdges;    ///< y of the rows' edges, one more than there are rows, growing
+    int rotation = 0; ///< how far the table is turned clockwise against the page: 0, 90, 180 or 270
+    /// x of the columns' edges, one more than there are columns, growing. They count on the page turned so that the
+    /// table stands upright (turnToPage() leads from there to the page as shown): on the page itself for rotation 0.
+    std::vector<double> columnEdges;
+    std::vector<double> rowEdges; ///< y of the rows' edges, likewise
     /// Row by row; every place of the grid is covered by exactly one cell, empty cells included.
     std::vector<Cell> cells;
     bool ruled = false; ///< found by its lines rather than by its text

@@ -10,32 +10,9 @@ namespace quorra::model {
 
 namespace {
 
-// A turn of a page of that size (before the turn) clockwise by quarters of a circle.
-struct Turn
+// What a turn does to marks and text.
+struct Turner : Turn
 {
-    int quarters;
-    double width;
-    double height;
-
-    std::pair<double, double> point(double x, double y) const
-    {
-        switch (quarters) {
-        case 1:
-            return {height - y, x};
-        case 2:
-            return {width - x, height - y};
-        case 3:
-            return {y, width - x};
-        default:
-            return {x, y};
-        }
-    }
-    Box box(const Box &b) const
-    {
-        const auto [x1, y1] = point(b.left, b.top);
-        const auto [x2, y2] = point(b.right, b.bottom);
-        return {std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
-    }
     // The baseline is a y for text along x and an x for text along y; `rotation` is the text's before the turn.
     double baseline(double value, int rotation) const
     {
@@ -61,7 +38,7 @@ struct Turn
     }
 };
 
-void apply(const Turn &turn, Paragraph &paragraph)
+void apply(const Turner &turn, Paragraph &paragraph)
 {
     paragraph.box = turn.box(paragraph.box);
     paragraph.rotation = turn.rotation(paragraph.rotation);
@@ -75,23 +52,68 @@ void apply(const Turn &turn, Paragraph &paragraph)
     }
 }
 
-void apply(const Turn &turn, Block &block)
+void apply(const Turner &turn, Table &table)
+{
+    table.box = turn.box(table.box);
+    table.rotation = turn.rotation(table.rotation);
+    for (Cell &cell : table.cells) {
+        cell.box = turn.box(cell.box);
+        for (Paragraph &paragraph : cell.paragraphs) {
+            apply(turn, paragraph);
+        }
+    }
+}
+
+void apply(const Turner &turn, Block &block)
 {
     if (Paragraph *paragraph = block.paragraph()) {
         apply(turn, *paragraph);
     } else if (Picture *picture = block.picture()) {
         picture->box = turn.box(picture->box);
     } else if (Table *table = block.table()) {
-        table->box = turn.box(table->box);
-        for (Cell &cell : table->cells) {
-            for (Paragraph &paragraph : cell.paragraphs) {
-                apply(turn, paragraph);
-            }
-        }
+        apply(turn, *table);
     }
 }
 
 } // namespace
+
+std::pair<double, double> Turn::point(double x, double y) const
+{
+    switch (quarters) {
+    case 1:
+        return {height - y, x};
+    case 2:
+        return {width - x, height - y};
+    case 3:
+        return {y, width - x};
+    default:
+        return {x, y};
+    }
+}
+
+Box Turn::box(const Box &b) const
+{
+    const auto [x1, y1] = point(b.left, b.top);
+    const auto [x2, y2] = point(b.right, b.bottom);
+    return {std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
+}
+
+Turn Turn::back() const
+{
+    const bool swaps = quarters % 2 == 1;
+    return {(4 - quarters) % 4, swaps ? height : width, swaps ? width : height};
+}
+
+Turn turnToPage(int rotation, double pageWidth, double pageHeight)
+{
+    return Turn{(4 - rotation / 90 % 4) % 4, pageWidth, pageHeight}.back();
+}
+
+Table uprightTable(Table table)
+{
+    apply(Turner{{(4 - table.rotation / 90 % 4) % 4, 0, 0}}, table);
+    return table;
+}
 
 int mainRotation(const RawPage &page)
 {
@@ -105,7 +127,7 @@ int mainRotation(const RawPage &page)
 
 RawPage turnedUpright(RawPage page, int rotation)
 {
-    const Turn turn{(360 - rotation) / 90 % 4, page.width, page.height};
+    const Turner turn{{(360 - rotation) / 90 % 4, page.width, page.height}};
     if (turn.quarters == 0) {
         return page;
     }
@@ -132,7 +154,7 @@ RawPage turnedUpright(RawPage page, int rotation)
 
 void turnBack(Page &page, int rotation)
 {
-    const Turn turn{rotation / 90 % 4, page.width, page.height};
+    const Turner turn{{rotation / 90 % 4, page.width, page.height}};
     if (turn.quarters == 0) {
         return;
     }
@@ -161,7 +183,7 @@ void turnBack(Page &page, int rotation)
 
 void turnBack(Paragraph &paragraph, int rotation, double uprightWidth, double uprightHeight)
 {
-    apply(Turn{rotation / 90 % 4, uprightWidth, uprightHeight}, paragraph);
+    apply(Turner{{rotation / 90 % 4, uprightWidth, uprightHeight}}, paragraph);
 }
 
 } // namespace quorra::model

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/odf_sheets.h"
 
+#include "engine/model/turned.h"
 #include "engine/office/number_format.h"
 #include "engine/office/odf_frames.h"
 #include "engine/office/odf_tables.h"
@@ -11,6 +12,7 @@
 #include "engine/office/sheet_printing.h"
 
 #include <algorithm>
+#include <deque>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -53,7 +55,7 @@ public:
         , m_dateOrder(dateOrderOf(texts))
     {}
 
-    void writeTables(const model::Page &page, const std::vector<const model::Table *> &tables);
+    void writeTables(const model::Page &page, std::vector<const model::Table *> tables);
     void writeScan(const model::Page &page);
     void writeLines(const model::Document &document);
 
@@ -171,8 +173,14 @@ void SheetWriter::writeCell(const model::Cell &cell, double indent)
     xml.writeEndElement();
 }
 
-void SheetWriter::writeTables(const model::Page &page, const std::vector<const model::Table *> &tables)
+void SheetWriter::writeTables(const model::Page &page, std::vector<const model::Table *> tables)
 {
+    std::deque<model::Table> upright; // keeps the addresses of what it holds
+    for (const model::Table *&table : tables) {
+        if (table->rotation != 0) {
+            table = &upright.emplace_back(model::uprightTable(*table));
+        }
+    }
     beginSheet(u"Page %1"_s.arg(page.number), page);
     const std::vector<double> widths = sheetColumns(tables);
     std::for_each(widths.begin(), widths.end(), [this](double width) { writeColumn(m_sink, width); });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/odf_tables.h"
 
+#include "engine/model/turned.h"
 #include "engine/office/cell_places.h"
 
 #include <algorithm>
@@ -104,6 +105,10 @@ std::vector<const model::Cell *> cellGrid(const model::Table &table)
 void writeTable(const Sink &sink, const model::Table &table, const TablePlace &place)
 {
     if (table.rows() == 0 || table.columns() == 0) {
+        return;
+    }
+    if (table.rotation != 0) {
+        writeTable(sink, model::uprightTable(table), place);
         return;
     }
     QXmlStreamWriter &xml = sink.xml;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/office/page_transform.h"
 
+#include "engine/cli/paper_size.h"
+#include "engine/model/turned.h"
 #include "engine/office/page_walk.h"
 
 #include <algorithm>
@@ -10,13 +12,18 @@ namespace quorra::office {
 
 namespace {
 
-constexpr int ScreenResolution = 96; // dots per inch that pixels count in without -xres and -yres
-constexpr double PointsPerInch = 72;
-
 class Mover
 {
 public:
-    explicit Mover(const Transform &transform) : m_t(transform), m_size(std::min(transform.scaleX, transform.scaleY)) {}
+    /// From `page`, as it is before, to the size given.
+    Mover(const Transform &transform, const model::Page &page, double width, double height)
+        : m_t(transform)
+        , m_size(std::min(transform.scaleX, transform.scaleY))
+        , m_widthBefore(page.width)
+        , m_heightBefore(page.height)
+        , m_width(width)
+        , m_height(height)
+    {}
 
     double x(double value) const { return value * m_t.scaleX + m_t.shiftX; }
     double y(double value) const { return value * m_t.scaleY + m_t.shiftY; }
@@ -37,11 +44,14 @@ public:
         for (model::Run &run : paragraph.runs) {
             run.style.size *= m_size;
         }
-        for (double *across : {&paragraph.indentLeft, &paragraph.indentRight, &paragraph.firstLineIndent}) {
-            *across *= m_t.scaleX;
+        const bool turned = paragraph.rotation % 180 != 0;
+        const double alongLines = turned ? m_t.scaleY : m_t.scaleX;
+        const double acrossLines = turned ? m_t.scaleX : m_t.scaleY;
+        for (double *indent : {&paragraph.indentLeft, &paragraph.indentRight, &paragraph.firstLineIndent}) {
+            *indent *= alongLines;
         }
-        paragraph.spaceBefore *= m_t.scaleY;
-        paragraph.lineDistance *= m_t.scaleY;
+        paragraph.spaceBefore *= acrossLines;
+        paragraph.lineDistance *= acrossLines;
         move(paragraph.box);
         for (model::Line &line : paragraph.lines) {
             move(line.box);
@@ -60,8 +70,7 @@ public:
             move(picture->box);
         } else if (model::Table *table = block.table()) {
             move(table->box);
-            std::for_each(table->columnEdges.begin(), table->columnEdges.end(), [&](double &edge) { edge = x(edge); });
-            std::for_each(table->rowEdges.begin(), table->rowEdges.end(), [&](double &edge) { edge = y(edge); });
+            moveEdges(*table);
             for (model::Cell &cell : table->cells) {
                 move(cell.box);
                 for (model::Border *border : {&cell.left, &cell.top, &cell.right, &cell.bottom}) {
@@ -72,10 +81,31 @@ public:
     }
 
 private:
+    // A table's edges count where it stands upright: over the page as shown to where they lie, and back.
+    void moveEdges(model::Table &table) const
+    {
+        const model::Turn before = model::turnToPage(table.rotation, m_widthBefore, m_heightBefore);
+        const model::Turn after = model::turnToPage(table.rotation, m_width, m_height).back();
+        const auto moved = [&](double uprightX, double uprightY) {
+            const auto [pageX, pageY] = before.point(uprightX, uprightY);
+            return after.point(x(pageX), y(pageY));
+        };
+        for (double &edge : table.columnEdges) {
+            edge = moved(edge, 0).first;
+        }
+        for (double &edge : table.rowEdges) {
+            edge = moved(0, edge).second;
+        }
+    }
+
     double baseline(double value, int rotation) const { return rotation % 180 == 0 ? y(value) : x(value); }
 
     Transform m_t;
     double m_size;
+    double m_widthBefore;
+    double m_heightBefore;
+    double m_width;
+    double m_height;
 };
 
 model::Colour reduced(model::Colour colour, ColourDepth depth, model::Colour inMono)
@@ -97,7 +127,7 @@ model::Colour reduced(model::Colour colour, ColourDepth depth, model::Colour inM
 
 void transformPage(model::Page &page, const Transform &transform, double width, double height)
 {
-    const Mover mover(transform);
+    const Mover mover(transform, page, width, height);
     page.width = width;
     page.height = height;
     mover.move(page.content);
@@ -127,21 +157,12 @@ model::EncodedPicture MovedPictures::encode(int pageNumber, const model::Box &bo
 
 void fitToOptions(model::Document &document, const Options &options, MovedPictures &pictures)
 {
-    if (!options.width && !options.height) {
-        return;
-    }
     for (model::Page &page : document.pages) {
-        const auto points = [](int pixels, int resolution) { return pixels * PointsPerInch / resolution; };
-        double width = options.width ? points(*options.width, options.horizontalResolution(ScreenResolution)) : 0;
-        double height = options.height ? points(*options.height, options.verticalResolution(ScreenResolution)) : 0;
-        if (!options.width) {
-            width = height * page.width / page.height;
-        } else if (!options.height) {
-            height = width * page.height / page.width;
+        if (const std::optional<PaperSize> paper = paperSize(options, page.width, page.height)) {
+            const Transform transform{paper->width / page.width, paper->height / page.height, 0, 0};
+            pictures.setTransform(page.number, transform);
+            transformPage(page, transform, paper->width, paper->height);
         }
-        const Transform transform{width / page.width, height / page.height, 0, 0};
-        pictures.setTransform(page.number, transform);
-        transformPage(page, transform, width, height);
     }
 }
 

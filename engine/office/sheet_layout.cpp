@@ -125,7 +125,7 @@ QString verticalPlace(const model::Cell &cell)
         return u"bottom"_s;
     }
     if (cell.paragraphs.front().rotation != 0) {
-        return u"middle"_s; // the page is turned and the sheet is not: places do not compare
+        return u"middle"_s; // turned inside its table, and upright on the sheet: places do not compare
     }
     const double above = cell.paragraphs.front().box.top - cell.box.top;
     const double below = cell.box.bottom - cell.paragraphs.back().box.bottom;

@@ -3,8 +3,6 @@
 
 #include "engine/model/turned.h"
 
-#include <utility>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace quorra::office {
@@ -13,18 +11,9 @@ namespace {
 
 constexpr double QuarterTurn = 1.5707963268; // in radians, as ODF counts angles
 
-std::pair<double, double> pointOnSlide(double x, double y, const SlideTurn &turn)
+model::Turn toSlide(const SlideTurn &turn)
 {
-    switch (turn.rotation) {
-    case 90:
-        return {turn.width - y, x};
-    case 180:
-        return {turn.width - x, turn.height - y};
-    case 270:
-        return {y, turn.height - x};
-    default:
-        return {x, y};
-    }
+    return model::turnToPage(turn.rotation, turn.width, turn.height);
 }
 
 QString sideName(model::Alignment alignment)
@@ -51,9 +40,7 @@ model::Paragraph uprightParagraph(model::Paragraph paragraph, const SlideTurn &t
 
 model::Box onSlide(const model::Box &box, const SlideTurn &turn)
 {
-    const auto [x1, y1] = pointOnSlide(box.left, box.top, turn);
-    const auto [x2, y2] = pointOnSlide(box.right, box.bottom, turn);
-    return {std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
+    return toSlide(turn).box(box);
 }
 
 model::Rule onSlide(const model::Rule &rule, const SlideTurn &turn)
@@ -79,7 +66,7 @@ void beginSlideFrame(
     QXmlStreamWriter &xml = sink.xml;
     xml.writeStartElement("draw:frame"_L1);
     xml.writeAttribute("draw:style-name"_L1, style);
-    const auto [x, y] = pointOnSlide(box.left, box.top, turn);
+    const auto [x, y] = toSlide(turn).point(box.left, box.top);
     if (turn.rotation == 0) {
         xml.writeAttribute("svg:x"_L1, pt(x));
         xml.writeAttribute("svg:y"_L1, pt(y));

@@ -29,20 +29,6 @@ void addPiece(std::vector<model::Rule> &rules, const model::Rule &piece)
     }
 }
 
-// How far most of the table's text is turned; its edges count as if it were upright.
-int rotationOf(const model::Table &table)
-{
-    std::map<int, int> texts;
-    for (const model::Cell &cell : table.cells) {
-        for (const model::Paragraph &paragraph : cell.paragraphs) {
-            ++texts[paragraph.rotation];
-        }
-    }
-    const auto most =
-        std::max_element(texts.begin(), texts.end(), [](const auto &a, const auto &b) { return a.second < b.second; });
-    return most == texts.end() ? 0 : most->first;
-}
-
 } // namespace
 
 std::vector<model::Rule> gridLines(const model::Table &table)
@@ -74,10 +60,10 @@ std::vector<model::Rule> gridLines(const model::Table &table)
 
 void writeSlideGrid(const Sink &sink, const model::Page &page, const model::Table &table)
 {
-    const SlideTurn turn{rotationOf(table), page.width, page.height};
+    const SlideTurn turn{table.rotation, page.width, page.height};
     for (const model::Cell &cell : table.cells) {
         if (cell.background) {
-            writeFill(sink, {onSlide(cell.box, turn), *cell.background}, FrameAnchor::Slide);
+            writeFill(sink, {cell.box, *cell.background}, FrameAnchor::Slide);
         }
     }
     for (const model::Rule &rule : gridLines(table)) {

@@ -83,10 +83,10 @@ double blankBelow(const model::Page &page, const model::Box &box)
 
 bool isTurned(const model::Table &table)
 {
-    return std::any_of(table.cells.begin(), table.cells.end(), [](const model::Cell &cell) {
-        return std::any_of(
-            cell.paragraphs.begin(), cell.paragraphs.end(), [](const auto &each) { return each.rotation != 0; });
-    });
+    return table.rotation != 0 || std::any_of(table.cells.begin(), table.cells.end(), [](const model::Cell &cell) {
+               return std::any_of(
+                   cell.paragraphs.begin(), cell.paragraphs.end(), [](const auto &each) { return each.rotation != 0; });
+           });
 }
 
 QString verticalPlace(const model::Cell &cell)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/writers/html_table.h"
 
+#include "engine/model/turned.h"
 #include "engine/writers/html_style.h"
 #include "engine/writers/html_text.h"
 #include "engine/writers/xml_text.h"
@@ -71,6 +72,10 @@ void writeCell(QXmlStreamWriter &xml, const Cell &cell, bool header, const Style
 
 void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Style &around, bool centred)
 {
+    if (table.rotation != 0) {
+        writeHtmlTable(xml, model::uprightTable(table), around, centred);
+        return;
+    }
     startElement(xml, "div", "wide");
     startElement(xml, "table", centred ? "middle" : nullptr);
     const Style look = mainLook(table, around);
