@@ -4,6 +4,7 @@
 #include "engine/model/page_builder.h"
 #include "engine/model/roles.h"
 #include "engine/model/running_heads.h"
+#include "engine/model/sound_page.h"
 #include "engine/model/turned.h"
 
 namespace quorra::model {
@@ -19,6 +20,7 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
 {
     std::vector<int> rotations;
     for (RawPage &page : pages) {
+        page = soundPage(std::move(page));
         rotations.push_back(mainRotation(page));
         page = turnedUpright(std::move(page), rotations.back());
     }

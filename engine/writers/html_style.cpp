@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/writers/html_style.h"
 
+#include "engine/writers/xml_text.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -25,8 +27,11 @@ QString family(const Style &style)
     const QString generic = style.fixedPitch ? QStringLiteral("monospace")
                             : style.serif    ? QStringLiteral("serif")
                                              : QStringLiteral("sans-serif");
-    QString name = style.family;
-    name.remove(QLatin1Char('\'')).remove(QLatin1Char('"')).remove(QLatin1Char('<')).remove(QLatin1Char('\\'));
+    // A style sheet knows no XML escapes, and a style attribute no quotes inside its own.
+    QString name = xmlText(style.family);
+    for (const char sign : {'\'', '"', '<', '&', '\\', '\n'}) {
+        name.remove(QLatin1Char(sign));
+    }
     return name.isEmpty() ? generic : QStringLiteral("'%1',%2").arg(name, generic);
 }
 

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Pages with any marks through the engine's analysis and every one of its writers.
+#include "every_writer.h"
+#include "fuzz_support.h"
+#include "random_pages.h"
+
+#include "engine/model/build.h"
+
+#include <QDir>
+
+extern "C" int LLVMFuzzerInitialize(int * /*argumentCount*/, char *** /*arguments*/)
+{
+    fuzz::workInTemporaryFolder();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const quorra::model::Document document = quorra::model::buildDocument(fuzz::pagesOf(data, size, fuzz::Marks::Wild));
+    for (const fuzz::Output &output : fuzz::everyOutput(document, QDir::currentPath())) {
+        fuzz::require(output.error.isEmpty(), qPrintable(QString::fromStdString(output.writer) + u": " + output.error));
+    }
+    return 0;
+}
