@@ -18,7 +18,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     const quorra::model::Document document = quorra::model::buildDocument(fuzz::pagesOf(data, size, fuzz::Marks::Wild));
     for (const fuzz::Output &output : fuzz::everyOutput(document, QDir::currentPath())) {
-        fuzz::require(output.error.isEmpty(), qPrintable(QString::fromStdString(output.writer) + u": " + output.error));
+        fuzz::require(
+            output.error.isEmpty(),
+            qPrintable(QString::fromStdString(output.writer) + QStringLiteral(": ") + output.error));
     }
     return 0;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "office_fixture.h"
 
+#include "engine/cli/failure.h"
+
 #include "engine/office/exact_lines.h"
 #include "engine/office/font_widths.h"
 #include "engine/office/odf_sheets.h"
