@@ -2,7 +2,6 @@
 #include "office_fixture.h"
 
 #include "engine/cli/failure.h"
-
 #include "engine/office/exact_lines.h"
 #include "engine/office/font_widths.h"
 #include "engine/office/odf_sheets.h"
