@@ -3,11 +3,15 @@
 
 #include "engine/cli/failure.h"
 #include "engine/cli/page_range.h"
+#include "engine/cli/picture_rules.h"
+#include "engine/platform/limits.h"
 #include "engine/platform/output_file.h"
+#include "engine/platform/page_time.h"
 #include "engine/platform/part_file.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 
 namespace quorra {
 
@@ -38,6 +42,27 @@ Converter converterFor(std::string_view extension)
     return row == Rows.end() ? nullptr : row->converter;
 }
 
+TimeAllowance timeAllowed(const Job &job, double finer)
+{
+    const double share = static_cast<double>(job.pageCount()) / job.document.pageCount();
+    const auto bytes = static_cast<std::uint64_t>(share * static_cast<double>(job.document.fileBytes()));
+    return timeAllowance({job.pageCount(), bytes, finer}, timeFactor(std::getenv("QUORRA_TIME_FACTOR")));
+}
+
+void limitTime(const Job &job, double finer)
+{
+    const TimeAllowance allowed = timeAllowed(job, finer);
+    allowPageTime(allowed.page);
+    limits::allowProcessorTime(allowed.run);
+}
+
+double finerThanUsual(const Options &options)
+{
+    const double across = options.horizontalResolution(PictureResolution);
+    const double down = options.verticalResolution(PictureResolution);
+    return across * down / (PictureResolution * PictureResolution);
+}
+
 void convert(const Options &options)
 {
     const std::string extension = outputExtension(options.outputPath);
@@ -51,7 +76,9 @@ void convert(const Options &options)
     // What a killed run left where this one writes.
     const std::size_t slash = options.outputPath.rfind('/');
     sweepPartFiles(slash == std::string::npos ? "." : options.outputPath.substr(0, slash + 1));
-    converter({options, document, range.first, range.last});
+    const Job job{options, document, range.first, range.last};
+    limitTime(job, finerThanUsual(options));
+    converter(job);
     syncFolderOf(options.outputPath);
 }
 

@@ -3,6 +3,7 @@
 
 #include "engine/cli/options.h"
 #include "engine/pdf/document.h"
+#include "engine/platform/time_allowance.h"
 
 #include <string_view>
 
@@ -33,6 +34,15 @@ using Converter = void (*)(const Job &);
 
 /// The function that writes files with this extension (lower case, with its dot); null for an unknown one.
 Converter converterFor(std::string_view extension);
+
+/// Pixels that the options' resolution asks for to one at the default resolution.
+double finerThanUsual(const Options &options);
+
+/// The processor time that the job may take when it asks for so many pixels to one at the default resolution.
+TimeAllowance timeAllowed(const Job &job, double finer);
+
+/// Holds this process to that time from now on.
+void limitTime(const Job &job, double finer);
 
 /// Opens the input, works out the page range and converts. Throws Failure.
 void convert(const Options &options);

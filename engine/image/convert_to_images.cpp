@@ -17,6 +17,7 @@ namespace {
 
 /// Pixels in memory at a time, shared by all threads; larger pictures are made in slices.
 constexpr std::int64_t MostPixels = 16'000'000;
+constexpr double PointsPerInch = 72;
 
 /// The page's, and those of a transparent group on it and of the group's mask.
 constexpr std::uint64_t BitmapsInDrawing = 3;
@@ -39,10 +40,16 @@ Plan makePlan(const Job &job)
 {
     Plan plan{job, outputExtension(job.options.outputPath), ColourDepth::Colour, {}};
     plan.depth = pictureDepth(job.options, plan.extension);
+    double asked = 0;
+    double usual = 0;
     for (int page = job.firstPage; page <= job.lastPage; ++page) {
         const PageSize points = job.document.pageSize(page);
-        plan.sizes.push_back(pictureSize(job.options, page, points.width, points.height));
+        const PictureSize size = pictureSize(job.options, page, points.width, points.height);
+        asked += static_cast<double>(size.width) * size.height;
+        usual += points.width * points.height * PictureResolution * PictureResolution / (PointsPerInch * PointsPerInch);
+        plan.sizes.push_back(size);
     }
+    limitTime(job, asked / usual);
     return plan;
 }
 

@@ -9,10 +9,13 @@
 #include "engine/office/word_placed.h"
 #include "engine/pdf/collect_pages.h"
 #include "engine/pdf/collector_pictures.h"
+#include "engine/platform/limits.h"
 #include "engine/platform/output_file.h"
 #include "engine/platform/page_pool.h"
 #include "engine/platform/temp_folder.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cstdlib>
 
 namespace quorra {
@@ -20,6 +23,13 @@ namespace quorra {
 namespace {
 
 using namespace office;
+
+/// LibreOffice may take what is left of this process's time as well: many words on a page cost most there.
+std::chrono::milliseconds helperTime(const Job &job)
+{
+    const TimeAllowance allowed = timeAllowed(job, finerThanUsual(job.options));
+    return allowed.helper + std::max(std::chrono::milliseconds{0}, allowed.run - limits::processorTimeTaken());
+}
 
 // Collects the pages, lets write(file, document, pictures) put them into a flat ODF file, and has that exported.
 template <typename Writer>
@@ -47,7 +57,8 @@ void convertThroughOffice(const Job &job, OdfKind kind, Component component, Dra
         write(file, document, pictures);
         file.finish();
     }
-    output.writeFile(exportFile(folder, program, source, outputExtension(job.options.outputPath), job.pageCount()));
+    output.writeFile(
+        exportFile(folder, program, source, outputExtension(job.options.outputPath), job.pageCount(), helperTime(job)));
     output.commit();
 }
 

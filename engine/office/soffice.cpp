@@ -19,6 +19,7 @@
 #include <fstream>
 #include <sstream>
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace quorra::office {
@@ -62,6 +63,7 @@ constexpr int Starts = 3;
 constexpr int RestartStatus = 81;
 constexpr std::chrono::seconds WallSeconds{60};
 constexpr std::chrono::seconds WallSecondsPerPage{2};
+constexpr double TicksError = 0.8;
 
 // LibreOffice's socket lies in the first of these folders that it may write to, whatever TMPDIR says.
 constexpr std::array<const char *, 2> SocketFolders = {"/tmp", "/var/tmp"};
@@ -175,6 +177,15 @@ void removeSockets(const std::vector<std::string> &profileAddresses)
     }
 }
 
+/// Processor time of all processes that this one has waited for.
+std::chrono::microseconds timeOfChildren()
+{
+    rusage usage{};
+    getrusage(RUSAGE_CHILDREN, &usage);
+    return std::chrono::seconds{usage.ru_utime.tv_sec + usage.ru_stime.tv_sec} +
+           std::chrono::microseconds{usage.ru_utime.tv_usec + usage.ru_stime.tv_usec};
+}
+
 void checkEnd(const ChildResult &result, std::chrono::seconds limit)
 {
     switch (result.end) {
@@ -253,7 +264,7 @@ void sweepSockets()
 
 std::string exportFile(
     const TempFolder &folder, const std::string &program, const std::string &sourcePath, std::string_view extension,
-    int pageCount)
+    int pageCount, std::chrono::milliseconds processorTime)
 {
     const auto format =
         std::find_if(Formats.begin(), Formats.end(), [&](const Format &each) { return each.extension == extension; });
@@ -277,10 +288,13 @@ std::string exportFile(
 #ifndef QUORRA_SANITIZED
     command.addressSpaceBytes = limits::HelperAddressSpaceBytes;
 #endif
-    command.cpuSeconds = limits::HelperCpuSeconds;
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(processorTime);
+    command.cpuSeconds =
+        static_cast<unsigned>(std::clamp<std::chrono::seconds::rep>(seconds.count(), 1, limits::HelperCpuSeconds));
     const std::chrono::seconds limit = WallSeconds + pageCount * WallSecondsPerPage;
     command.wallLimit = limit;
 
+    const std::chrono::microseconds before = timeOfChildren();
     ChildResult result;
     int starts = 0;
     do
@@ -288,6 +302,10 @@ std::string exportFile(
     while (result.end == ChildEnd::Exited && result.status == RestartStatus && ++starts < Starts);
     // It takes its socket away itself unless it is killed.
     removeSockets({address});
+    // The system kills it at this limit, or a little before as it counts ticks of its clock.
+    if (result.end == ChildEnd::Signalled &&
+        timeOfChildren() - before >= TicksError * std::chrono::seconds{command.cpuSeconds})
+        throw Failure(ExitStatus::Limit, "LibreOffice needs more processor time than allowed for the file");
     checkEnd(result, limit);
 
     std::string made = outFolder + "/" + fs::path(sourcePath).stem().string() + std::string(extension);

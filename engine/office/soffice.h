@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,10 +33,10 @@ void sweepSockets();
 
 /// Exports a flat ODF file, that must lie in the folder, in the format of the extension (lower case, with its dot);
 /// program is what findOffice() gave. Gives the path of the new file, in the same folder. Everything that LibreOffice
-/// keeps goes into the folder too; its installation stays as it is. Throws Failure(Helper), Failure(Limit) or
-/// Failure(CannotWrite).
+/// keeps goes into the folder too; its installation stays as it is. It may take so much processor time, rounded down to
+/// seconds. Throws Failure(Helper), Failure(Limit) or Failure(CannotWrite).
 std::string exportFile(
     const TempFolder &folder, const std::string &program, const std::string &sourcePath, std::string_view extension,
-    int pageCount);
+    int pageCount, std::chrono::milliseconds processorTime);
 
 } // namespace quorra::office

@@ -5,6 +5,7 @@
 #include "engine/pdf/collector_words.h"
 #include "engine/pdf/document_handles.h"
 #include "engine/pdf/paths.h"
+#include "engine/platform/page_time.h"
 
 #include <GfxState.h>
 #include <TextOutputDev.h>
@@ -239,6 +240,7 @@ model::RawPage PageCollector::collect(int pageNumber)
     page.width = size.width;
     page.height = size.height;
     PDFDoc &doc = *document.handles().doc;
+    const PageTime time(pageNumber);
     constexpr double pointsPerInch = 72;
     doc.displayPage(&device, pageNumber, pointsPerInch, pointsPerInch, 0, false, true, false);
     readWords(device, page);

@@ -3,6 +3,7 @@
 
 #include "engine/image/encode_picture.h"
 #include "engine/pdf/document_handles.h"
+#include "engine/platform/page_time.h"
 
 #include <SplashOutputDev.h>
 #include <splash/SplashBitmap.h>
@@ -193,6 +194,7 @@ void PagePictureSource::draw(int page, bool withText, const model::Box &area)
         painter = std::make_unique<Painter>(m_depth, withText);
         painter->startDoc(doc);
     }
+    const PageTime time(page);
     const PageSize size = m_document.pageSize(page);
     const double pixels = pixelsOf(size, m_xres, m_yres);
     const double shrink = pixels > mostPixels ? std::sqrt(mostPixels / pixels) : 1;

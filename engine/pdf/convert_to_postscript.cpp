@@ -5,6 +5,7 @@
 #include "engine/convert.h"
 #include "engine/pdf/document_handles.h"
 #include "engine/platform/output_file.h"
+#include "engine/platform/page_time.h"
 
 #include <PSOutputDev.h>
 
@@ -60,8 +61,10 @@ void writePages(const Job &job, const std::vector<int> &pages, PSOutMode mode, c
         device.setPSExpandSmaller(paper.width != SizeOfPage);
         device.setPSShrinkLarger(true);
         device.setRasterResolution(options.horizontalResolution(RasterResolution));
-        for (const int page : pages)
+        for (const int page : pages) {
+            const PageTime time(page);
             doc->displayPage(&device, page, PointsPerInch, PointsPerInch, 0, false, true, true);
+        }
     }
     if (sink.failure)
         std::rethrow_exception(sink.failure);

@@ -9,6 +9,8 @@
 #include <GfxState.h>
 #include <Page.h>
 
+#include <algorithm>
+
 namespace quorra {
 
 namespace {
@@ -83,6 +85,11 @@ Document::~Document() = default;
 int Document::pageCount() const
 {
     return m_handles->doc->getNumPages();
+}
+
+std::uint64_t Document::fileBytes() const
+{
+    return static_cast<std::uint64_t>(std::max<Goffset>(0, m_handles->doc->getBaseStream()->getLength()));
 }
 
 PageSize Document::pageSize(int page) const

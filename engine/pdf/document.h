@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -28,6 +29,9 @@ public:
     Document &operator=(const Document &) = delete;
 
     int pageCount() const;
+
+    /// Size of the file.
+    std::uint64_t fileBytes() const;
 
     /// Size of the page's crop box as a viewer shows it: the page's rotation is applied. Pages count from 1. A page
     /// that cannot be read gives US Letter.

@@ -2,6 +2,7 @@
 #include "engine/pdf/page_renderer.h"
 
 #include "engine/pdf/document_handles.h"
+#include "engine/platform/page_time.h"
 
 #include <SplashOutputDev.h>
 #include <splash/SplashBitmap.h>
@@ -67,6 +68,7 @@ PageRenderer::~PageRenderer() = default;
 
 Raster PageRenderer::draw(int page, const PictureSize &size, int top, int rows)
 {
+    const PageTime time(page);
     SplashOutputDev &splash = m_device->splash();
     m_document.handles().doc->displayPageSlice(
         &splash, page, size.xres, size.yres, 0, false, false, false, 0, top, size.width, rows);

@@ -2,13 +2,18 @@
 #include "engine/platform/limits.h"
 
 #include "engine/cli/failure.h"
+#include "engine/platform/part_file.h"
 #include "engine/platform/platform.h"
+#include "engine/platform/temp_folder.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <charconv>
 #include <csignal>
 #include <cstring>
+#include <ctime>
 #include <new>
 #include <string_view>
 
@@ -67,22 +72,42 @@ void noteFailedNew()
     throw std::bad_alloc();
 }
 
-/// Async-signal-safe: writes and leaves.
-[[noreturn]] void leaveWith(const SignalLine &end)
+// From here to leave() only what is async-signal-safe.
+
+/// Takes away what is not finished, writes one line and leaves.
+[[noreturn]] void leaveWith(ExitStatus status, std::string_view line)
 {
-    [[maybe_unused]] const ssize_t written = write(lineDescriptor, end.line.data(), end.line.size());
-    _exit(static_cast<int>(end.status));
+    removePartFilesNow();
+    removeTempFolderNow();
+    [[maybe_unused]] const ssize_t written = write(lineDescriptor, line.data(), line.size());
+    _exit(static_cast<int>(status));
 }
 
-/// Async-signal-safe too.
-void leave(int signal)
+[[noreturn]] void leaveWithSlowPage(int page)
 {
+    std::array<char, 128> line{};
+    constexpr std::string_view Begin = "Qtminw: page ";
+    constexpr std::string_view End = " needs more processor time than allowed\n";
+    char *at = std::copy(Begin.begin(), Begin.end(), line.data());
+    at = std::to_chars(at, line.data() + line.size(), page).ptr;
+    at = std::copy(End.begin(), End.end(), at);
+    leaveWith(ExitStatus::Limit, {line.data(), static_cast<std::size_t>(at - line.data())});
+}
+
+void leave(int signal, siginfo_t *info, void * /*context*/)
+{
+    const int error = errno;
+    static std::atomic_flag isLeaving = ATOMIC_FLAG_INIT;
+    while (isLeaving.test_and_set())
+        pause(); // another thread was first
+    if (signal == SIGXCPU && info->si_code == SI_TIMER)
+        leaveWithSlowPage(info->si_value.sival_int);
     // The library aborts when malloc() fails, which sets errno, but also when it meets what it cannot handle.
-    if (signal == SIGABRT && (errno == ENOMEM || newFailed))
-        leaveWith(NoMemory);
+    if (signal == SIGABRT && (error == ENOMEM || newFailed))
+        leaveWith(NoMemory.status, NoMemory.line);
     for (const SignalLine &each : SignalLines)
         if (each.signal == signal)
-            leaveWith(each);
+            leaveWith(each.status, each.line);
     _exit(static_cast<int>(ExitStatus::CannotOpen));
 }
 
@@ -94,13 +119,26 @@ void apply()
     // The sanitizers reserve terabytes of addresses.
     setSoftLimit(RLIMIT_AS, AddressSpaceBytes, 0);
 #endif
-    setSoftLimit(RLIMIT_CPU, CpuSeconds, CpuGraceSeconds);
+    setSoftLimit(RLIMIT_CPU, OpeningSeconds, CpuSeconds - OpeningSeconds + CpuGraceSeconds);
     setSoftLimit(RLIMIT_FSIZE, OutputBytes, 0);
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
     // A write past the limit then fails like any other write.
     signal(SIGXFSZ, SIG_IGN);
     platform::closeNetwork();
+}
+
+void allowProcessorTime(std::chrono::milliseconds time)
+{
+    const std::chrono::seconds seconds = std::chrono::ceil<std::chrono::seconds>(time);
+    setSoftLimit(RLIMIT_CPU, static_cast<rlim_t>(std::max<std::int64_t>(1, seconds.count())), 0);
+}
+
+std::chrono::milliseconds processorTimeTaken()
+{
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return std::chrono::seconds{time.tv_sec} + std::chrono::milliseconds{time.tv_nsec / 1'000'000};
 }
 
 void catchFatalSignals(int errorDescriptor)
@@ -111,8 +149,9 @@ void catchFatalSignals(int errorDescriptor)
     struct sigaction action
     {
     };
-    action.sa_handler = leave;
-    action.sa_flags = SA_ONSTACK;
+    action.sa_sigaction = leave;
+    action.sa_flags = SA_ONSTACK | SA_SIGINFO;
+    sigfillset(&action.sa_mask); // a second fault in the handler ends the process instead of entering it again
     for (const SignalLine &each : SignalLines) {
 #ifdef QUORRA_SANITIZED
         // The sanitizers report these themselves.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 
 namespace quorra::limits {
@@ -16,9 +17,18 @@ inline constexpr std::uint64_t OutputBytes = 4ULL << 30; ///< largest single fil
 inline constexpr int LargestSide = 20000;                ///< pixels of a picture's side
 inline constexpr std::int64_t LargestArea = 250'000'000; ///< pixels of a picture
 
+/// Processor time for opening a file and finding its pages.
+inline constexpr unsigned OpeningSeconds = 20;
+
 /// Limits this process's memory, time, file size and core files, and takes the network away from it and from every
 /// process it starts. Where the system has no such limit, that one is left out.
 void apply();
+
+/// Sets the processor time that this process may take in all, counted from its start. The system counts whole seconds.
+void allowProcessorTime(std::chrono::milliseconds time);
+
+/// Processor time that this process has taken, in all its threads.
+std::chrono::milliseconds processorTimeTaken();
 
 /// Turns signals by which the PDF library dies (out of memory, processor time, a crash) into one line and an exit
 /// status. An abort is told as lack of memory only if an allocation failed before. `errorDescriptor` is where the line

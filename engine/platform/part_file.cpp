@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/platform/part_file.h"
 
+#include <algorithm>
+#include <array>
 #include <atomic>
 #include <cerrno>
 #include <charconv>
+#include <climits>
 #include <csignal>
 
 #include <dirent.h>
@@ -17,6 +20,11 @@ namespace {
 
 const std::string Prefix = ".qtminw-";
 const std::string Suffix = ".part";
+
+// For the handler of a fatal signal: where this process's provisional files are, and how many there were. All of them
+// are in the folder of the output.
+std::atomic<const std::string *> partFolder{nullptr};
+std::atomic<unsigned> partCount{0};
 
 bool endsWith(const std::string &text, const std::string &end)
 {
@@ -37,8 +45,28 @@ void removeIfUnlocked(const std::string &path)
 
 std::string newPartPath(const std::string &folder)
 {
-    static std::atomic<unsigned> counter{0};
-    return folder + "/" + Prefix + std::to_string(getpid()) + "-" + std::to_string(++counter) + Suffix;
+    static const std::string first = folder;
+    partFolder = &first;
+    return folder + "/" + Prefix + std::to_string(getpid()) + "-" + std::to_string(++partCount) + Suffix;
+}
+
+void removePartFilesNow()
+{
+    constexpr std::size_t longestNumber = 10;
+    const std::string *const folder = partFolder;
+    std::array<char, PATH_MAX> path{};
+    if (!folder || folder->size() + Prefix.size() + Suffix.size() + 2 * longestNumber + 3 > path.size())
+        return;
+    char *at = std::copy(folder->begin(), folder->end(), path.begin());
+    *at++ = '/';
+    at = std::copy(Prefix.begin(), Prefix.end(), at);
+    at = std::to_chars(at, path.end(), getpid()).ptr;
+    *at++ = '-';
+    for (unsigned number = 1; number <= partCount; ++number) {
+        char *const end = std::copy(Suffix.begin(), Suffix.end(), std::to_chars(at, path.end(), number).ptr);
+        *end = '\0';
+        unlink(path.data());
+    }
 }
 
 platform::UnnamedFile beginPartFile(const std::string &folder)

@@ -16,6 +16,9 @@ platform::UnnamedFile beginPartFile(const std::string &folder);
 /// Removes provisional files of dead processes from the folder. Never throws.
 void sweepPartFiles(const std::string &folder);
 
+/// Removes the provisional files of this process, whoever holds them open. For the handler of a fatal signal.
+void removePartFilesNow();
+
 /// True when the process that wrote its number into this name, "PREFIX<pid>-...", no longer lives.
 bool ownerIsGone(const std::string &name, const std::string &prefix);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <chrono>
 #include <string>
 
 #include <sys/types.h>
@@ -42,6 +43,26 @@ private:
     [[maybe_unused]] pid_t m_watcher = -1;
     [[maybe_unused]] int m_pipe = -1;
 };
+
+/// Sends this process SIGXCPU once the thread that makes this object has used so much more processor time; 0 asks for
+/// nothing. The signal carries the number as its value, and SI_TIMER as its code. Where the system cannot, there is
+/// none.
+class ThreadAlarm
+{
+public:
+    ThreadAlarm(std::chrono::nanoseconds time, int number);
+    ~ThreadAlarm();
+    ThreadAlarm(const ThreadAlarm &) = delete;
+    ThreadAlarm &operator=(const ThreadAlarm &) = delete;
+
+private:
+    void *m_timer = nullptr;
+    bool m_isSet = false;
+};
+
+/// Removes a folder that holds nothing but files. Async-signal-safe. Where the system cannot list a folder from
+/// there, it stays.
+void removeFlatFolder(const char *path);
 
 /// Takes Internet sockets away from this process and all it starts.
 void closeNetwork();

@@ -5,12 +5,15 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <ctime>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <seccomp.h>
 #include <sys/file.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace quorra::platform {
@@ -71,6 +74,48 @@ void dieWithParent(pid_t parent)
 GroupGuard::GroupGuard(pid_t) {}
 
 GroupGuard::~GroupGuard() = default;
+
+ThreadAlarm::ThreadAlarm(std::chrono::nanoseconds time, int number)
+{
+    if (time.count() <= 0)
+        return;
+    sigevent event{};
+    event.sigev_notify = SIGEV_SIGNAL;
+    event.sigev_signo = SIGXCPU;
+    event.sigev_value.sival_int = number;
+    if (timer_create(CLOCK_THREAD_CPUTIME_ID, &event, &m_timer) != 0)
+        return;
+    m_isSet = true;
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);
+    itimerspec once{};
+    once.it_value.tv_sec = seconds.count();
+    once.it_value.tv_nsec = (time - seconds).count();
+    timer_settime(m_timer, 0, &once, nullptr);
+}
+
+ThreadAlarm::~ThreadAlarm()
+{
+    if (m_isSet)
+        timer_delete(m_timer);
+}
+
+void removeFlatFolder(const char *path)
+{
+    const int folder = open(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (folder < 0)
+        return;
+    // readdir() may allocate memory, which a signal's handler must not do.
+    alignas(dirent64) char entries[4096];
+    long size = 0;
+    while ((size = syscall(SYS_getdents64, folder, entries, sizeof entries)) > 0)
+        for (long at = 0; at < size;) {
+            const auto *const entry = reinterpret_cast<const dirent64 *>(entries + at);
+            unlinkat(folder, entry->d_name, 0);
+            at += entry->d_reclen;
+        }
+    close(folder);
+    rmdir(path);
+}
 
 void closeNetwork()
 {

@@ -81,6 +81,12 @@ GroupGuard::~GroupGuard()
         close(m_pipe);
 }
 
+ThreadAlarm::ThreadAlarm(std::chrono::nanoseconds, int) {}
+
+ThreadAlarm::~ThreadAlarm() = default;
+
+void removeFlatFolder(const char *) {}
+
 void closeNetwork() {}
 
 } // namespace quorra::platform

@@ -3,7 +3,9 @@
 
 #include "engine/cli/failure.h"
 #include "engine/platform/part_file.h"
+#include "engine/platform/platform.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -23,6 +25,9 @@ namespace fs = std::filesystem;
 
 const std::string Prefix = "qtminw-";
 const std::string LockName = "/.lock";
+
+/// The path of the folder that there is, for the handler of a fatal signal.
+std::atomic<const char *> livingFolder{nullptr};
 
 /// Without symbolic links: LibreOffice names its socket after the resolved path.
 std::string parentFolder()
@@ -65,10 +70,12 @@ TempFolder::TempFolder()
     m_lock = open((m_path + LockName).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (m_lock >= 0)
         flock(m_lock, LOCK_EX | LOCK_NB);
+    livingFolder = m_path.c_str();
 }
 
 TempFolder::~TempFolder()
 {
+    livingFolder = nullptr;
     std::error_code ignored;
     fs::remove_all(m_path, ignored);
     if (m_lock >= 0)
@@ -85,6 +92,12 @@ std::vector<std::string> abandonedTempFolders()
             abandoned.push_back(path);
     }
     return abandoned;
+}
+
+void removeTempFolderNow()
+{
+    if (const char *const path = livingFolder)
+        platform::removeFlatFolder(path);
 }
 
 void sweepTempFolders()

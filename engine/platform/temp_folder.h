@@ -31,4 +31,7 @@ std::vector<std::string> abandonedTempFolders();
 /// Removes those. Never throws.
 void sweepTempFolders();
 
+/// Removes this process's temporary folder if it has no folder in it. For the handler of a fatal signal.
+void removeTempFolderNow();
+
 } // namespace quorra

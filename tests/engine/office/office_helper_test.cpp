@@ -30,11 +30,14 @@ private Q_SLOTS:
     void startsAgainWhenAskedTo();
     void tellsWhatWentWrong_data();
     void tellsWhatWentWrong();
+    void endsWhatTakesTooMuchTime();
     void seesThatTheProfileCannotBeWritten_data();
     void seesThatTheProfileCannotBeWritten();
 };
 
 namespace {
+
+constexpr std::chrono::seconds TimeEnough{60};
 
 void writeScript(const QString &path, const QByteArray &lines)
 {
@@ -160,7 +163,8 @@ void OfficeHelperTest::startsAgainWhenAskedTo()
         program, QByteArray(FindFolder) +
                      "if [ ! -e started ]; then : > started; exit 81; fi\nmkdir $out\necho made > $out/in.doc\n");
     const TempFolder folder;
-    const std::string made = exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1);
+    const std::string made =
+        exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, TimeEnough);
     QCOMPARE(made, folder.path() + "/out/in.doc");
 }
 
@@ -185,10 +189,26 @@ void OfficeHelperTest::tellsWhatWentWrong()
     writeScript(program, script);
     const TempFolder folder;
     ExitStatus status = ExitStatus::Done;
-    const std::string line =
-        failureOf([&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1); }, status);
+    const std::string line = failureOf(
+        [&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, TimeEnough); }, status);
     QCOMPARE(status, ExitStatus::Helper);
     QVERIFY2(QByteArray::fromStdString(line).contains(expected), line.c_str());
+}
+
+void OfficeHelperTest::endsWhatTakesTooMuchTime()
+{
+    const QTemporaryDir tools;
+    const QString program = tools.filePath(QStringLiteral("soffice.bin"));
+    writeScript(program, "while :; do :; done\n");
+    const TempFolder folder;
+    ExitStatus status = ExitStatus::Done;
+    const std::string line = failureOf(
+        [&] {
+            exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, std::chrono::seconds{1});
+        },
+        status);
+    QCOMPARE(status, ExitStatus::Limit);
+    QVERIFY2(line.find("processor time") != std::string::npos, line.c_str());
 }
 
 void OfficeHelperTest::seesThatTheProfileCannotBeWritten_data()
@@ -213,8 +233,8 @@ void OfficeHelperTest::seesThatTheProfileCannotBeWritten()
     const QString program = tools.filePath(QStringLiteral("soffice.bin"));
     writeScript(program, QByteArray(FindFolder) + "mkdir $out\necho made > $out/in.doc\n");
     ExitStatus status = ExitStatus::Done;
-    const std::string line =
-        failureOf([&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1); }, status);
+    const std::string line = failureOf(
+        [&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, TimeEnough); }, status);
     QCOMPARE(status, ExitStatus::CannotWrite);
     QVERIFY2(QByteArray::fromStdString(line).contains(full ? "No space left" : "cannot write"), line.c_str());
 }

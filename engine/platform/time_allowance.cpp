@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/platform/time_allowance.h"
+
+#include "engine/platform/limits.h"
+
+#include <algorithm>
+
+#include <QByteArray>
+
+namespace quorra {
+
+namespace {
+
+// Seconds of processor time. Measured figures behind them are in docs/limits.md.
+constexpr double onePage = 20;    // the slowest honest page that was tried takes three quarters of it
+constexpr double eachPage = 0.25; // ordinary pages take a fifth of it
+constexpr double megabyte = 2;    // JPEG 2000 written as PostScript takes 1.7
+constexpr double aroundPages = 2; // opening the file, the page model, writing
+constexpr double helperStart = 4; // LibreOffice starts in half a second
+constexpr double helperPage = 1;
+
+constexpr double bytesOfMegabyte = 1e6;
+constexpr std::uint64_t leastBytesOfPage = 1024; // a file that claims more pages has hardly anything on them
+constexpr double finest = 120;                   // of US Letter, the largest picture has so many times the pixels
+
+std::chrono::milliseconds milliseconds(double seconds, double most)
+{
+    return std::chrono::milliseconds(static_cast<std::int64_t>(std::min(seconds, most) * 1000));
+}
+
+} // namespace
+
+TimeAllowance timeAllowance(const Workload &workload, double factor)
+{
+    const double claimed = std::max(1, workload.pages);
+    const double pages = std::clamp(static_cast<double>(workload.bytes / leastBytesOfPage), 1.0, claimed);
+    const double ofBytes = megabyte * static_cast<double>(workload.bytes) / bytesOfMegabyte;
+    const double ofPixels = eachPage * std::clamp(workload.finer, 1.0, finest);
+    TimeAllowance allowance;
+    allowance.page = milliseconds(factor * (onePage + ofPixels + ofBytes / claimed), limits::CpuSeconds);
+    allowance.run = milliseconds(factor * (aroundPages + onePage + ofPixels * pages + ofBytes), limits::CpuSeconds);
+    allowance.helper = milliseconds(factor * (helperStart + helperPage * pages), limits::HelperCpuSeconds);
+    return allowance;
+}
+
+double timeFactor(const char *text)
+{
+    bool isNumber = false;
+    const double factor = QByteArray(text).toDouble(&isNumber); // whatever the locale is
+    return isNumber && factor >= 0.01 && factor <= 100 ? factor : 1;
+}
+
+} // namespace quorra
