@@ -15,10 +15,6 @@ constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
 /// Gives the settings file back to those who owned it before it was replaced.
 void restoreOwners(const QFileInfo &before)
 {
-    const QFileInfo now(fileName);
-    if (now.ownerId() == before.ownerId() && now.groupId() == before.groupId()) {
-        return;
-    }
     const QByteArray path = QFile::encodeName(fileName);
     constexpr auto sameOwner = static_cast<uid_t>(-1);
     // Only root may give a file away, but everybody may give it to a group of theirs. If that fails as well, whoever

@@ -157,7 +157,7 @@ void SettingsFileModeTest::aSharedFileStaysShared()
     QCOMPARE(::chown(file, firstUser, sharedGroup), 0);
     QCOMPARE(::chmod(file, 0660), 0);
     const std::array users{std::pair{secondUser, secondGroup}, std::pair{firstUser, firstGroup}};
-    for (const auto &[user, group] : users) {
+    for (const auto &[user, group] : {users[0], users[0], users[1], users[1]}) {
         QVERIFY(asUser(user, group, storeSecret));
         QCOMPARE(modeOf(file), 0660);
         QCOMPARE(statusOf(file).st_gid, sharedGroup);
