@@ -17,9 +17,10 @@ import readers
 
 WORD, SLIDES, SHEETS = (".docx", ".doc", ".rtf"), (".pptx", ".ppt"), (".xlsx", ".xls")
 LEAST_RECALL = {".docx": 0.98, ".doc": 0.98, ".pptx": 0.97}
-# Text drawn in odd ways (mirrored, vertical, fonts without Unicode values): judged by the text tests, not here.
-ODD_TEXT = {"issue-848", "vertical", "rotation", "90ms_rksj_h_sample", "ArabicCIDTrueType", "c02-22",
-            "pdf20-utf8-test", "cmyk", "GeoTopo-komprimiert", "developers-reference-ja", "pdflatex-forms"}
+# Kinds that need not keep the share of words: text without blanks, whose "words" depend on where lines end, a drawing of
+# 20 words, and a book of formulas on slides.
+ODD_TEXT = {("developers-reference-ja", ".docx"), ("developers-reference-ja", ".pptx"), ("cmyk", ".docx"),
+            ("cmyk", ".pptx"), ("GeoTopo-komprimiert", ".pptx")}
 
 
 FEWEST_WORDS = 20
@@ -52,7 +53,7 @@ class Documents:
         if len(wanted) < FEWEST_WORDS:
             return  # a scan, or a drawing with a few words
         recall, _ = metrics.recall_precision(readers.tokens(text), wanted)
-        self.suite.check(recall >= least or path.stem in ODD_TEXT, path.name, extension, "finds %.3f of the words" % recall)
+        self.suite.check(recall >= least or (path.stem, extension) in ODD_TEXT, path.name, extension, "finds %.3f of the words" % recall)
 
     def pages(self, path):
         password = core_support.PASSWORDS.get(path.name)
