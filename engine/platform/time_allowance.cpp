@@ -20,8 +20,8 @@ constexpr double helperStart = 4; // LibreOffice starts in half a second
 constexpr double helperPage = 1;
 
 constexpr double bytesOfMegabyte = 1e6;
-constexpr std::uint64_t leastBytesOfPage = 1024; // a file that claims more pages has hardly anything on them
-constexpr double finest = 120;                   // of US Letter, the largest picture has so many times the pixels
+constexpr double leastBytesOfPage = 1024; // a file that claims more pages has hardly anything on them
+constexpr double finest = 120;            // of US Letter, the largest picture has so many times the pixels
 
 std::chrono::milliseconds milliseconds(double seconds, double most)
 {
@@ -33,8 +33,9 @@ std::chrono::milliseconds milliseconds(double seconds, double most)
 TimeAllowance timeAllowance(const Workload &workload, double factor)
 {
     const double claimed = std::max(1, workload.pages);
-    const double pages = std::clamp(static_cast<double>(workload.bytes / leastBytesOfPage), 1.0, claimed);
-    const double ofBytes = megabyte * static_cast<double>(workload.bytes) / bytesOfMegabyte;
+    const auto bytes = static_cast<double>(workload.bytes);
+    const double pages = std::clamp(bytes / leastBytesOfPage, 1.0, claimed);
+    const double ofBytes = megabyte * bytes / bytesOfMegabyte;
     const double ofPixels = eachPage * std::clamp(workload.finer, 1.0, finest);
     TimeAllowance allowance;
     allowance.page = milliseconds(factor * (onePage + ofPixels + ofBytes / claimed), limits::CpuSeconds);
