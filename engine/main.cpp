@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/cli/failure.h"
-#include "engine/convert.h"
-#include "engine/platform/limits.h"
-#include "engine/platform/streams.h"
+#include "base/failure.h"
+#include "convert/convert.h"
+#include "platform/limits.h"
+#include "platform/streams.h"
 
 #include <QHashSeed>
 

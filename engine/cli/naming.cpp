@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/cli/naming.h"
+#include "cli/naming.h"
 
 #include <algorithm>
 

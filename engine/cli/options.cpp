@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/cli/options.h"
+#include "cli/options.h"
 
-#include "engine/cli/failure.h"
+#include "base/failure.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/image/encode_picture.h"
+#include "image/encode_picture.h"
 
-#include "engine/cli/failure.h"
-#include "engine/image/picture_writer.h"
+#include "base/failure.h"
+#include "image/picture_writer.h"
 
 #include <unordered_set>
 #include <vector>

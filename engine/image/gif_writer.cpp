@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/cli/failure.h"
-#include "engine/image/palette.h"
-#include "engine/image/picture_writer.h"
+#include "base/failure.h"
+#include "image/picture_writer.h"
+#include "palette.h"
 
 #include <gif_lib.h>
 

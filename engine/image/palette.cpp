@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/image/palette.h"
+#include "palette.h"
 
 #include <libimagequant.h>
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/cli/options.h"
-
 #include <array>
 #include <cstddef>
 #include <cstdint>

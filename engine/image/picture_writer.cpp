@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/image/picture_writer.h"
+#include "image/picture_writer.h"
 
 #include <algorithm>
 #include <array>

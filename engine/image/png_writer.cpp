@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/cli/failure.h"
-#include "engine/image/picture_writer.h"
+#include "base/failure.h"
+#include "image/picture_writer.h"
 
 #include <png.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/image/little_endian.h"
-#include "engine/image/picture_writer.h"
+#include "image/picture_writer.h"
+#include "little_endian.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/image/tiff_writer.h"
+#include "image/tiff_writer.h"
 
-#include "engine/cli/failure.h"
+#include "base/failure.h"
 
 #include <tiffio.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/pdf/document.h"
+#include "pdf/document.h"
 
-#include "engine/cli/failure.h"
-#include "engine/cli/passwords.h"
-#include "engine/pdf/document_handles.h"
+#include "base/failure.h"
+#include "document_handles.h"
+#include "passwords.h"
 
 #include <ErrorCodes.h>
 #include <GfxState.h>
@@ -81,6 +81,12 @@ Document::Document(const std::string &path, const std::string &userPassword, con
 }
 
 Document::~Document() = default;
+
+std::unique_ptr<Document> Document::openAgain() const
+{
+    const PasswordPair &passwords = m_handles->passwords;
+    return std::make_unique<Document>(m_handles->path, passwords.user, passwords.owner);
+}
 
 int Document::pageCount() const
 {

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/pdf/document_copies.h"
+#include "pdf/document_copies.h"
 
 namespace quorra {
 
-DocumentCopies::DocumentCopies(const Job &job) : m_options(job.options), m_free{&job.document} {}
+DocumentCopies::DocumentCopies(Document &document) : m_original(document), m_free{&document} {}
 
 DocumentCopies::Loan DocumentCopies::borrow()
 {
     Document *document = takeFree();
     if (!document) { // opened outside the lock, so that threads open at the same time
-        auto opened = std::make_unique<Document>(m_options.inputPath, m_options.userPassword, m_options.ownerPassword);
+        std::unique_ptr<Document> opened = m_original.openAgain();
         document = opened.get();
         const std::lock_guard lock(m_mutex);
         m_opened.push_back(std::move(opened));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/cli/passwords.h"
+#include "passwords.h"
 
 #include <GlobalParams.h>
 #include <PDFDoc.h>

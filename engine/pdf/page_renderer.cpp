@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/pdf/page_renderer.h"
+#include "pdf/page_renderer.h"
 
-#include "engine/pdf/document_handles.h"
-#include "engine/platform/page_time.h"
+#include "document_handles.h"
+#include "platform/page_time.h"
 
 #include <SplashOutputDev.h>
 #include <splash/SplashBitmap.h>

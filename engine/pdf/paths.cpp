@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/pdf/paths.h"
+#include "paths.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,7 +19,7 @@ Point pointAt(const GfxState *state, const GfxSubpath *subpath, int i)
     return point;
 }
 
-bool runsAlongAnEdge(const Point &from, const Point &to, const model::Box &box)
+bool runsAlongAnEdge(const Point &from, const Point &to, const Box &box)
 {
     const auto both = [](double a, double b, double edge) {
         return std::abs(a - edge) <= straightTolerance && std::abs(b - edge) <= straightTolerance;
@@ -50,9 +50,9 @@ std::vector<Point> uprightPoints(const GfxState *state, const GfxSubpath *subpat
     return points;
 }
 
-model::Box boxAround(const GfxState *state, const GfxSubpath *subpath)
+Box boxAround(const GfxState *state, const GfxSubpath *subpath)
 {
-    model::Box box{1e9, 1e9, -1e9, -1e9};
+    Box box{1e9, 1e9, -1e9, -1e9};
     for (int i = 0; i < subpath->getNumPoints(); ++i) {
         const auto [x, y] = pointAt(state, subpath, i);
         box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x), std::max(box.bottom, y)};
@@ -62,7 +62,7 @@ model::Box boxAround(const GfxState *state, const GfxSubpath *subpath)
 
 bool isFrame(const GfxState *state, const GfxSubpath *subpath)
 {
-    const model::Box box = boxAround(state, subpath);
+    const Box box = boxAround(state, subpath);
     double corners = 0;
     Point from = pointAt(state, subpath, 0);
     for (int i = 1; i < subpath->getNumPoints(); ++i) {

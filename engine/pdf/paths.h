@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/model/page.h"
+#include "document/raw_page.h"
 
 #include <GfxState.h>
 
@@ -21,7 +21,7 @@ struct Point
 std::vector<Point> uprightPoints(const GfxState *state, const GfxSubpath *subpath);
 
 /// The smallest box around all points of a subpath, the control points of its curves included.
-model::Box boxAround(const GfxState *state, const GfxSubpath *subpath);
+Box boxAround(const GfxState *state, const GfxSubpath *subpath);
 
 /// Whether a subpath runs along the edges of its box all the way: a rectangle, with round corners perhaps.
 bool isFrame(const GfxState *state, const GfxSubpath *subpath);

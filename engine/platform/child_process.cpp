@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/child_process.h"
+#include "platform/child_process.h"
 
-#include "engine/platform/platform.h"
+#include "platform/platform.h"
 
 #include <algorithm>
 #include <cerrno>

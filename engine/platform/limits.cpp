@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/limits.h"
+#include "platform/limits.h"
 
-#include "engine/cli/failure.h"
-#include "engine/platform/part_file.h"
-#include "engine/platform/platform.h"
-#include "engine/platform/temp_folder.h"
+#include "base/failure.h"
+#include "platform/part_file.h"
+#include "platform/platform.h"
+#include "platform/temp_folder.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/memory_left.h"
+#include "platform/memory_left.h"
 
-#include "engine/platform/limits.h"
+#include "platform/limits.h"
 
 #include <algorithm>
 #include <fstream>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/page_time.h"
+#include "platform/page_time.h"
 
 #include <algorithm>
 #include <ctime>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/part_file.h"
+#include "platform/part_file.h"
 
 #include <algorithm>
 #include <array>

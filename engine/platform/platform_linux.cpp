@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/part_file.h"
-#include "engine/platform/platform.h"
+#include "platform/part_file.h"
+#include "platform/platform.h"
 
 #include <cerrno>
 #include <csignal>

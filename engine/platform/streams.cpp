@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/streams.h"
+#include "platform/streams.h"
 
 #include <algorithm>
 

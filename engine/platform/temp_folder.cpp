@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/temp_folder.h"
+#include "platform/temp_folder.h"
 
-#include "engine/cli/failure.h"
-#include "engine/platform/part_file.h"
-#include "engine/platform/platform.h"
+#include "base/failure.h"
+#include "platform/part_file.h"
+#include "platform/platform.h"
 
 #include <atomic>
 #include <cerrno>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/time_allowance.h"
+#include "platform/time_allowance.h"
 
-#include "engine/platform/limits.h"
+#include "platform/limits.h"
 
 #include <algorithm>
 

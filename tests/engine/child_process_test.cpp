@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/child_process.h"
+#include "platform/child_process.h"
 
 #include <QDeadlineTimer>
 #include <QDir>

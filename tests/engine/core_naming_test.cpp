@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/cli/failure.h"
-#include "engine/cli/naming.h"
-#include "engine/cli/paper_size.h"
-#include "engine/cli/picture_rules.h"
+#include "base/failure.h"
+#include "cli/naming.h"
+#include "convert/paper_size.h"
+#include "convert/picture_rules.h"
 
 #include <QTest>
 

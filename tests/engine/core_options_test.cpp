@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/cli/failure.h"
-#include "engine/cli/options.h"
-#include "engine/cli/page_range.h"
-#include "engine/cli/passwords.h"
+#include "base/failure.h"
+#include "cli/options.h"
+#include "cli/page_range.h"
+#include "pdf/passwords.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/memory_left.h"
-#include "engine/platform/page_pool.h"
+#include "platform/memory_left.h"
+#include "platform/worker_pool.h"
 
 #include <QCoreApplication>
 #include <QProcess>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/limits.h"
-#include "engine/platform/page_time.h"
-#include "engine/platform/time_allowance.h"
+#include "platform/limits.h"
+#include "platform/page_time.h"
+#include "platform/time_allowance.h"
 
 #include <QTest>
 

@@ -3,7 +3,7 @@
 
 #include "model_pages.h"
 
-#include "engine/writers/html_writer.h"
+#include "html/html_writer.h"
 
 #include <QBuffer>
 
@@ -11,7 +11,7 @@
 class OnePixel : public quorra::model::PictureSource
 {
 public:
-    quorra::model::EncodedPicture encode(int page, const quorra::model::Box &, quorra::model::PictureKind) override
+    quorra::model::EncodedPicture encode(int page, const quorra::Box &, quorra::model::PictureKind) override
     {
         return {QByteArray::number(page), "image/png", 1, 1};
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "html_pages.h"
 
-#include "engine/writers/xml_text.h"
+#include "base/xml_text.h"
 
 #include <QTest>
 #include <QXmlStreamReader>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/limits.h"
+#include "platform/limits.h"
 
-#include "engine/cli/failure.h"
+#include "base/failure.h"
 
 #include <QTest>
 

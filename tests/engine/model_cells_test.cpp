@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model_pages.h"
 
-#include "engine/model/cell_columns.h"
+#include "analysis/tables/cell_columns.h"
 
 #include <QTest>
 
+using namespace quorra;
 using namespace quorra::model;
 
 namespace {

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model_pages.h"
 
-#include "engine/model/bar_charts.h"
-#include "engine/model/drawings.h"
+#include "analysis/figures/bar_charts.h"
+#include "analysis/figures/drawings.h"
 
 #include <QTest>
 
+using namespace quorra;
 using namespace quorra::model;
 
 namespace {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/model/build.h"
+#include "analysis/analysis.h"
+#include "document/line_text.h"
 
 #include <QStringList>
 

@@ -2,8 +2,8 @@
 #include "every_writer.h"
 #include "random_pages.h"
 
-#include "engine/model/build.h"
-#include "engine/writers/text_writer.h"
+#include "analysis/analysis.h"
+#include "text/text_writer.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -96,7 +96,7 @@ model::RawPage crowdedPage(const QString &kind, int count)
             page.words.push_back(word);
         }
         if (kind.startsWith(QStringLiteral("rules"))) {
-            page.rules.push_back({x, y, x + 40, y, 0.5, model::black});
+            page.rules.push_back({x, y, x + 40, y, 0.5, black});
         } else if (kind.startsWith(QStringLiteral("fills"))) {
             page.fills.push_back({{x, y, x + 5, y + 5}, 0xeeeeee});
         } else if (kind.startsWith(QStringLiteral("ink"))) {
@@ -104,8 +104,8 @@ model::RawPage crowdedPage(const QString &kind, int count)
         } else if (kind.startsWith(QStringLiteral("pictures"))) {
             page.pictures.push_back({{x, y, x + 5, y + 5}, model::PictureKind::Image});
         } else if (kind.endsWith(QStringLiteral("grid"))) {
-            page.rules.push_back({x, y, x + step, y, 0.5, model::black});
-            page.rules.push_back({x, y, x, y + step, 0.5, model::black});
+            page.rules.push_back({x, y, x + step, y, 0.5, black});
+            page.rules.push_back({x, y, x, y + step, 0.5, black});
         }
     }
     return page;

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/model/scripts.h"
+#include "document/superscripts.h"
 
 #include <QTest>
 
+using namespace quorra;
 using namespace quorra::model;
 
 namespace {

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model_pages.h"
 
-#include "engine/model/column_alignment.h"
-#include "engine/model/lattice.h"
+#include "analysis/tables/column_alignment.h"
+#include "analysis/tables/lattice.h"
 
 #include <QTest>
 
 #include <type_traits>
 
+using namespace quorra;
 using namespace quorra::model;
 
 static_assert(!std::is_copy_constructible_v<Lattice> && !std::is_move_constructible_v<Lattice>);

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model_pages.h"
 
-#include "engine/model/direction.h"
-#include "engine/model/font_name.h"
-#include "engine/model/joining.h"
-#include "engine/model/list_mark.h"
-#include "engine/model/rows.h"
+#include "analysis/paragraphs/list_mark.h"
+#include "analysis/text_lines/text_lines.h"
+#include "document/direction.h"
+#include "document/line_text.h"
+#include "pdf/font_name.h"
 
 #include <QTest>
 
+using namespace quorra;
 using namespace quorra::model;
 
 namespace {

@@ -3,12 +3,12 @@
 #include "model_pages.h"
 #include "office/office_fixture.h"
 
-#include "engine/model/turned.h"
-#include "engine/office/cell_places.h"
-#include "engine/office/page_transform.h"
-#include "engine/office/slide_grid.h"
-#include "engine/office/word_placed.h"
-#include "engine/writers/xml_writer.h"
+#include "document/page_transform.h"
+#include "document/rotation.h"
+#include "odf/cell_places.h"
+#include "word/word_placed.h"
+#include "writers/slides/slide_grid.h"
+#include "xml/xml_writer.h"
 
 #include <QRegularExpression>
 #include <QTest>

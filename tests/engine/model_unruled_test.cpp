@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model_pages.h"
 
-#include "engine/model/unruled_table.h"
+#include "analysis/tables/unruled_table.h"
 
 #include <QTest>
 
+using namespace quorra;
 using namespace quorra::model;
 
 /// Tables that only the alignment of their text shows.

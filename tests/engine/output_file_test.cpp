@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/platform/output_file.h"
+#include "platform/output_file.h"
 
-#include "engine/cli/failure.h"
-#include "engine/platform/part_file.h"
+#include "base/failure.h"
+#include "platform/part_file.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/pdf/collector_pictures.h"
+#include "pdf/region_renderer.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model_pages.h"
 
-#include "engine/writers/text_writer.h"
-#include "engine/writers/xml_writer.h"
+#include "text/text_writer.h"
+#include "xml/xml_writer.h"
 
 #include <QBuffer>
 #include <QTest>

@@ -2,10 +2,10 @@
 
 // The engine on a machine with as many processors as its first argument says, whatever this machine has. The other
 // arguments, the limits and the exit status are the engine's own.
-#include "engine/cli/failure.h"
-#include "engine/convert.h"
-#include "engine/platform/limits.h"
-#include "engine/platform/page_pool.h"
+#include "base/failure.h"
+#include "convert/convert.h"
+#include "platform/limits.h"
+#include "platform/worker_pool.h"
 
 #include <QHashSeed>
 

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "every_writer.h"
 
-#include "engine/model/build.h"
-#include "engine/office/odf_sheets.h"
-#include "engine/office/odf_slides.h"
-#include "engine/office/word_flow.h"
-#include "engine/office/word_placed.h"
-#include "engine/writers/html_writer.h"
-#include "engine/writers/text_writer.h"
-#include "engine/writers/xml_writer.h"
+#include "analysis/analysis.h"
+#include "convert/page_size.h"
+#include "document/page_transform.h"
+#include "html/html_writer.h"
+#include "sheets/sheets_writer.h"
+#include "slides/slides_writer.h"
+#include "text/text_writer.h"
+#include "word/word_flow.h"
+#include "word/word_placed.h"
+#include "xml/xml_writer.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -24,7 +26,7 @@ namespace {
 class FewPictures : public model::PictureSource
 {
 public:
-    model::EncodedPicture encode(int, const model::Box &, model::PictureKind) override
+    model::EncodedPicture encode(int, const Box &, model::PictureKind) override
     {
         return ++m_asked % 2 == 0 ? model::EncodedPicture{}
                                   : model::EncodedPicture{QByteArrayLiteral("x"), QByteArrayLiteral("image/png"), 1, 1};
@@ -118,7 +120,7 @@ void addOnOtherPaper(Outputs &outputs, model::Document document)
     options.height = 500;
     FewPictures source;
     office::MovedPictures pictures(source);
-    office::fitToOptions(document, options, pictures);
+    fitToOptions(document, options, pictures);
     office::reduceColours(document, ColourDepth::Gray);
     outputs.addXml("xml on other paper", [&](QIODevice &out) { writeXml(out, document); });
     outputs.addOffice("word on other paper", office::OdfKind::Text, [&](office::OdfFile &file) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/model/document.h"
+#include "document/document.h"
 
 #include <QByteArray>
 #include <QString>

@@ -4,10 +4,10 @@
 #include "fuzz_support.h"
 
 #include "app/output_extensions.h"
+#include "base/failure.h"
+#include "cli/options.h"
 #include "conversion/engine_command.h"
 #include "conversion/engine_options.h"
-#include "engine/cli/failure.h"
-#include "engine/cli/options.h"
 #include "settings/engine_settings.h"
 
 #include <QProcess>

@@ -4,7 +4,7 @@
 #include "fuzz_support.h"
 #include "random_pages.h"
 
-#include "engine/model/build.h"
+#include "analysis/analysis.h"
 
 #include <QDir>
 

@@ -2,11 +2,11 @@
 // Arguments of the engine through its reading of options, page range, file names and passwords.
 #include "fuzz_support.h"
 
-#include "engine/cli/failure.h"
-#include "engine/cli/naming.h"
-#include "engine/cli/options.h"
-#include "engine/cli/page_range.h"
-#include "engine/cli/passwords.h"
+#include "base/failure.h"
+#include "cli/naming.h"
+#include "cli/options.h"
+#include "cli/page_range.h"
+#include "pdf/passwords.h"
 
 #include <algorithm>
 #include <cstdint>

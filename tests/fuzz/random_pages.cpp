@@ -6,6 +6,7 @@
 
 namespace fuzz {
 
+using namespace quorra;
 using namespace quorra::model;
 
 namespace {

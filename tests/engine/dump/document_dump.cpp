@@ -95,9 +95,9 @@ std::string change(const Run &from, const Run &to)
          was.italic == is.italic ? ""
          : is.italic             ? "italic"
                                  : "not italic",
-         was.colour == is.colour     ? ""
-         : is.colour == model::black ? "black"
-                                     : colour(is.colour),
+         was.colour == is.colour ? ""
+         : is.colour == black    ? "black"
+                                 : colour(is.colour),
          was.link == is.link ? ""
          : is.link.isEmpty() ? "no link"
                              : "link " + visible(is.link),

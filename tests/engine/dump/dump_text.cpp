@@ -38,12 +38,12 @@ std::string tenths(double value)
     return text;
 }
 
-std::string box(const model::Box &box)
+std::string box(const Box &box)
 {
     return whole(box.left) + "," + whole(box.top) + "-" + whole(box.right) + "," + whole(box.bottom);
 }
 
-std::string colour(model::Colour colour)
+std::string colour(Colour colour)
 {
     std::array<char, 16> text{};
     std::snprintf(text.data(), text.size(), "#%06x", static_cast<unsigned>(colour));
@@ -70,8 +70,7 @@ std::string look(const model::Style &style)
 {
     return joined(
         {visible(style.family), tenths(style.size), style.bold ? "bold" : "", style.italic ? "italic" : "",
-         style.colour == model::black ? "" : colour(style.colour),
-         style.link.isEmpty() ? "" : "link " + visible(style.link)},
+         style.colour == black ? "" : colour(style.colour), style.link.isEmpty() ? "" : "link " + visible(style.link)},
         " ");
 }
 

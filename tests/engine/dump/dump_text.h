@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/model/page.h"
+#include "document/raw_page.h"
 
 #include <QString>
 
@@ -19,10 +19,10 @@ std::string whole(double value);
 std::string tenths(double value);
 
 /// left,top-right,bottom
-std::string box(const model::Box &box);
+std::string box(const Box &box);
 
 /// #rrggbb
-std::string colour(model::Colour colour);
+std::string colour(Colour colour);
 
 /// UTF-8 in which characters that cannot be seen are spelled out.
 std::string visible(const QString &text);

@@ -7,12 +7,12 @@
 #include "document_dump.h"
 #include "raw_dump.h"
 
-#include "engine/cli/failure.h"
-#include "engine/convert.h"
-#include "engine/model/build.h"
-#include "engine/pdf/collect_pages.h"
-#include "engine/platform/limits.h"
-#include "engine/platform/page_pool.h"
+#include "analysis/analysis.h"
+#include "base/failure.h"
+#include "cli/options.h"
+#include "pdf/page_reading.h"
+#include "platform/limits.h"
+#include "platform/worker_pool.h"
 
 #include <QHashSeed>
 
@@ -68,10 +68,9 @@ void show(const Request &request)
     if (request.page > count) {
         throw Failure(ExitStatus::Usage, "the file has " + std::to_string(count) + " pages");
     }
-    const Job job{
-        request.options, document, request.page == 0 ? 1 : request.page, request.page == 0 ? count : request.page};
-    DocumentCopies copies(job);
-    std::vector<model::RawPage> pages = collectPages(job, copies, Collect::Everything);
+    DocumentCopies copies(document);
+    const int first = request.page == 0 ? 1 : request.page;
+    std::vector<model::RawPage> pages = collectPages(copies, first, request.page == 0 ? count : 1, Collect::Everything);
     if (request.raw) {
         for (const model::RawPage &page : pages) {
             test::dumpRaw(page, std::cout);

@@ -9,7 +9,7 @@ namespace quorra::test {
 
 namespace {
 
-std::string exact(const model::Box &box)
+std::string exact(const Box &box)
 {
     return tenths(box.left) + "," + tenths(box.top) + "-" + tenths(box.right) + "," + tenths(box.bottom);
 }

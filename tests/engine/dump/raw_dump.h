@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/model/page.h"
+#include "document/raw_page.h"
 
 #include <iosfwd>
 

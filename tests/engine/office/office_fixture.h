@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/model/document.h"
-#include "engine/model/picture.h"
-#include "engine/office/odf_file.h"
+#include "document/document.h"
+#include "document/picture_source.h"
+#include "odf/odf_file.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -28,7 +28,7 @@ inline model::Style style(double size = 10, bool bold = false)
 }
 
 /// A paragraph of one line at the box, with its words 5 points a sign.
-inline model::Paragraph paragraph(const QString &text, const model::Box &box, const model::Style &look = style())
+inline model::Paragraph paragraph(const QString &text, const Box &box, const model::Style &look = style())
 {
     model::Paragraph result;
     result.runs = {{text, look}};
@@ -57,7 +57,7 @@ inline model::Block block(model::Paragraph content, int column = 0)
 }
 
 /// A page of one section with these columns.
-inline model::Page page(std::vector<model::Box> columns = {{72, 72, 540, 720}})
+inline model::Page page(std::vector<Box> columns = {{72, 72, 540, 720}})
 {
     model::Page result;
     result.content = {72, 72, 540, 720};
@@ -82,7 +82,7 @@ inline model::Table table(int columns, const QStringList &texts)
         model::Cell cell;
         cell.row = i / columns;
         cell.column = i % columns;
-        cell.left = cell.right = cell.top = cell.bottom = {0.5, model::black};
+        cell.left = cell.right = cell.top = cell.bottom = {0.5, black};
         cell.box = {72.0 + 100 * cell.column, 100.0 + 20 * cell.row, 172.0 + 100 * cell.column, 120.0 + 20 * cell.row};
         if (!texts[i].isEmpty()) {
             cell.paragraphs.push_back(paragraph(texts[i], cell.box));
@@ -96,7 +96,7 @@ inline model::Table table(int columns, const QStringList &texts)
 class Pictures : public model::PictureSource
 {
 public:
-    model::EncodedPicture encode(int, const model::Box &box, model::PictureKind) override
+    model::EncodedPicture encode(int, const Box &box, model::PictureKind) override
     {
         ++encoded;
         lastBox = box;
@@ -110,7 +110,7 @@ public:
 
     int encoded = 0;
     int backgrounds = 0;
-    model::Box lastBox;
+    Box lastBox;
 };
 
 /// Reads to the end; throws, naming what is wrong, when the text is no well-formed XML.

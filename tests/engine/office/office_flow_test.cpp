@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "office_fixture.h"
 
-#include "engine/office/decorations.h"
-#include "engine/office/word_flow.h"
+#include "document/paragraph_borders.h"
+#include "word/word_flow.h"
 
 #include <QTest>
 
@@ -222,18 +222,18 @@ void OfficeFlowTest::dropsCharactersThatXmlCannotHold()
 void OfficeFlowTest::takesSeparatorsAndBackgrounds()
 {
     model::Page page = fixture::page();
-    const model::Box upper{72, 100, 300, 112};
-    const model::Box lower{72, 130, 300, 142};
+    const Box upper{72, 100, 300, 112};
+    const Box lower{72, 130, 300, 142};
     page.sections[0].blocks = {
         fixture::block(fixture::paragraph(QStringLiteral("upper"), upper)),
         fixture::block(fixture::paragraph(QStringLiteral("lower"), lower))};
-    page.rules = {{72, 120, 540, 120, 1, model::black}, {72, 150, 540, 150, 2, 0xff0000}, {72, 60, 80, 60, 1, 0}};
+    page.rules = {{72, 120, 540, 120, 1, black}, {72, 150, 540, 150, 2, 0xff0000}, {72, 60, 80, 60, 1, 0}};
     page.fills = {{{60, 125, 400, 145}, 0xcccccc}};
     QCOMPARE(decorationOf(page, upper).below.width, 0.0);
     QCOMPARE(decorationOf(page, upper).above.width, 0.0);
     QCOMPARE(decorationOf(page, lower).above.width, 1.0);
-    QCOMPARE(decorationOf(page, lower).below.colour, model::Colour(0xff0000));
-    QCOMPARE(decorationOf(page, lower).background.value_or(0), model::Colour(0xcccccc));
+    QCOMPARE(decorationOf(page, lower).below.colour, Colour(0xff0000));
+    QCOMPARE(decorationOf(page, lower).background.value_or(0), Colour(0xcccccc));
     QVERIFY(!decorationOf(page, upper).background);
 }
 

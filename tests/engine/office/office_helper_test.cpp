@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/cli/failure.h"
-#include "engine/office/soffice.h"
-#include "engine/platform/temp_folder.h"
+#include "base/failure.h"
+#include "libreoffice/libreoffice.h"
+#include "platform/temp_folder.h"
 
 #include <QFile>
 #include <QProcess>

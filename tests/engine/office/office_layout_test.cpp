@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "office_fixture.h"
 
-#include "engine/office/cell_places.h"
-#include "engine/office/flow_areas.h"
-#include "engine/office/flow_fit.h"
-#include "engine/office/flow_layout.h"
-#include "engine/office/page_layout.h"
-#include "engine/office/word_flow.h"
+#include "odf/cell_places.h"
+#include "odf/line_layout.h"
+#include "word/word_flow.h"
+#include "writers/word/flow_areas.h"
+#include "writers/word/flow_fit.h"
+#include "writers/word/page_layout.h"
 
 #include <QTest>
 
@@ -57,7 +57,7 @@ model::Paragraph linesOf(int count, double left = 72, double top = 100)
             made.words.push_back(word);
             text += word.text + u' ';
         }
-        paragraph.box = model::united(paragraph.box, made.box);
+        paragraph.box = united(paragraph.box, made.box);
         paragraph.lines.push_back(made);
     }
     paragraph.runs[0].text = text;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/office/number.h"
+#include "writers/sheets/number.h"
 
 #include <QTest>
 

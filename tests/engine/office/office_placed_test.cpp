@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "office_fixture.h"
 
-#include "engine/cli/failure.h"
-#include "engine/office/exact_lines.h"
-#include "engine/office/font_widths.h"
-#include "engine/office/odf_sheets.h"
-#include "engine/office/odf_slides.h"
-#include "engine/office/page_transform.h"
-#include "engine/office/placed.h"
-#include "engine/office/word_placed.h"
+#include "base/failure.h"
+#include "convert/page_size.h"
+#include "document/page_transform.h"
+#include "odf/exact_lines.h"
+#include "odf/font_widths.h"
+#include "odf/placed_page.h"
+#include "sheets/sheets_writer.h"
+#include "slides/slides_writer.h"
+#include "word/word_placed.h"
 
 #include <QTest>
 
@@ -63,7 +64,7 @@ void OfficePlacedTest::joinsCloseParagraphsIntoOneFrame()
     const model::Page page = threeParagraphs();
     const std::vector<TextBlock> joined = textBlocks(page, true);
     QCOMPARE(joined.size(), std::size_t(2));
-    QCOMPARE(joined[0].box, (model::Box{72, 100, 200, 126}));
+    QCOMPARE(joined[0].box, (Box{72, 100, 200, 126}));
     QCOMPARE(textBlocks(page, false).size(), std::size_t(3));
 }
 
@@ -115,7 +116,7 @@ void OfficePlacedTest::exactLinesStandOverTheBackground()
     };
     QVERIFY(exact().contains(QLatin1String(">far<")));
     QCOMPARE(pictures.backgrounds, 0); // nothing but text: no picture behind it
-    document.pages[0].rules = {{72, 120, 540, 120, 1, model::black}};
+    document.pages[0].rules = {{72, 120, 540, 120, 1, black}};
     QVERIFY(exact().contains(QLatin1String("svg:width=\"612.00pt\" svg:height=\"792.00pt\"")));
     QCOMPARE(pictures.backgrounds, 1);
 }
@@ -182,9 +183,9 @@ void OfficePlacedTest::otherPageSizesAreCentred()
     model::Document document{{threeParagraphs(), wide}};
     unifyPages(document, pictures);
     QCOMPARE(document.pages[1].width, 612.0);
-    QCOMPARE(document.pages[1].sections[0].blocks[0].box(), (model::Box{0, 198, 50, 203}));
+    QCOMPARE(document.pages[1].sections[0].blocks[0].box(), (Box{0, 198, 50, 203}));
     pictures.encode(2, {0, 198, 50, 203}, model::PictureKind::Image);
-    QCOMPARE(source.lastBox, (model::Box{0, 0, 100, 10}));
+    QCOMPARE(source.lastBox, (Box{0, 0, 100, 10}));
 }
 
 void OfficePlacedTest::pagesTakeTheSizeAskedFor()
@@ -225,11 +226,11 @@ void OfficePlacedTest::coloursAreReduced()
     page.fills = {{{0, 0, 10, 10}, 0x0000ff}};
     model::Document gray{{page}};
     reduceColours(gray, ColourDepth::Gray);
-    QCOMPARE(gray.pages[0].sections[0].blocks[0].paragraph()->runs[0].style.colour, model::Colour(0x4c4c4c));
+    QCOMPARE(gray.pages[0].sections[0].blocks[0].paragraph()->runs[0].style.colour, Colour(0x4c4c4c));
     model::Document mono{{page}};
     reduceColours(mono, ColourDepth::Mono);
-    QCOMPARE(mono.pages[0].sections[0].blocks[0].paragraph()->runs[0].style.colour, model::black);
-    QCOMPARE(mono.pages[0].fills[0].colour, model::white);
+    QCOMPARE(mono.pages[0].sections[0].blocks[0].paragraph()->runs[0].style.colour, black);
+    QCOMPARE(mono.pages[0].fills[0].colour, white);
 }
 
 void OfficePlacedTest::sheetsHoldNumbersAsNumbers()

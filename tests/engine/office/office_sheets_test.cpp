@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "office_fixture.h"
 
-#include "engine/office/odf_sheets.h"
-#include "engine/office/raised_marks.h"
-#include "engine/office/sheet_date.h"
-#include "engine/office/sheet_layout.h"
+#include "sheets/sheets_writer.h"
+#include "writers/sheets/cell_value.h"
+#include "writers/sheets/sheet_date.h"
+#include "writers/sheets/sheet_layout.h"
 
 #include <QTest>
 

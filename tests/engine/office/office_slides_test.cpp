@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "office_fixture.h"
 
-#include "engine/model/build.h"
-#include "engine/office/odf_slides.h"
-#include "engine/office/slide_fit.h"
-#include "engine/office/slide_table.h"
-#include "engine/office/slide_text.h"
+#include "document/line_text.h"
+#include "slides/slides_writer.h"
+#include "writers/slides/slide_fit.h"
+#include "writers/slides/slide_table.h"
+#include "writers/slides/slide_text.h"
 
 #include <QTest>
 
@@ -37,7 +37,7 @@ private Q_SLOTS:
 
 namespace {
 
-model::Paragraph lineAt(const QString &text, const model::Box &box, const model::Style &look = fixture::style())
+model::Paragraph lineAt(const QString &text, const Box &box, const model::Style &look = fixture::style())
 {
     return fixture::paragraph(text, box, look);
 }
@@ -148,8 +148,8 @@ void OfficeSlidesTest::turnedTextTurnsItsFrame()
     // Upright it stands at 100, 50 on a page of 792 x 612; turned by a quarter that is 612 - 50 from the left.
     model::Paragraph paragraph = lineAt(QStringLiteral("turned"), {100, 50, 130, 62});
     const SlideTurn turn{90, 612, 792};
-    const model::Box box = onSlide(model::Box{100, 50, 130, 62}, turn);
-    QCOMPARE(box, (model::Box{550, 100, 562, 130}));
+    const Box box = onSlide(Box{100, 50, 130, 62}, turn);
+    QCOMPARE(box, (Box{550, 100, 562, 130}));
     paragraph.rotation = 90;
     paragraph.box = box;
     paragraph.lines[0].rotation = 90;
@@ -159,7 +159,7 @@ void OfficeSlidesTest::turnedTextTurnsItsFrame()
     paragraph.lines[0].words[0].rotation = 90;
     paragraph.lines[0].words[0].baseline = 612 - 60;
     const model::Paragraph upright = uprightParagraph(paragraph, turn);
-    QCOMPARE(upright.box, (model::Box{100, 50, 130, 62}));
+    QCOMPARE(upright.box, (Box{100, 50, 130, 62}));
     QCOMPARE(upright.rotation, 0);
     const QString text = slides(documentOf({paragraph}));
     QVERIFY(text.contains(QLatin1String("draw:transform=\"rotate (-1.570796) translate (")));

@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "columns/column_gaps.h"
+
+#include <algorithm>
+#include <bitset>
+#include <cmath>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr int mostBins = 512;
+constexpr int mostSlices = 1024;
+constexpr double narrowestGutter = 0.75; // of the usual font size
+constexpr int mostTries = 6;
+
+/// Which parts of a region are covered, as a coarse picture.
+class Coverage
+{
+public:
+    Coverage(const RegionItems &items, const Box &area)
+        : m_area(area)
+        , m_binWidth(std::max(2.0, area.width() / (mostBins - 2)))
+        , m_sliceHeight(std::max(2.5, area.height() / (mostSlices - 2)))
+        , m_bins(static_cast<int>(area.width() / m_binWidth) + 1)
+        , m_rows(static_cast<std::size_t>(area.height() / m_sliceHeight) + 1)
+    {
+        for (const Word *word : items.words) {
+            mark(bodyOf(*word));
+        }
+        for (const auto &obstacle : items.obstacles) {
+            mark(obstacle.first);
+        }
+    }
+
+    int bins() const { return m_bins; }
+    int slices() const { return static_cast<int>(m_rows.size()); }
+    double x(int bin) const { return m_area.left + bin * m_binWidth; }
+    double y(int slice) const { return m_area.top + slice * m_sliceHeight; }
+    double binWidth() const { return m_binWidth; }
+    /// Widens what is covered to the left, so that a bin counts as covered where one of so many bins from it on is.
+    void coverStrips(int width)
+    {
+        for (Slice &slice : m_rows) {
+            for (int done = 1; done < width;) {
+                const int step = std::min(done, width - done);
+                slice.bits |= slice.bits >> static_cast<std::size_t>(step);
+                done += step;
+            }
+        }
+    }
+    bool covered(int slice, int bin) const
+    {
+        return m_rows[static_cast<std::size_t>(slice)].bits[static_cast<std::size_t>(bin)];
+    }
+    int first(int slice) const { return m_rows[static_cast<std::size_t>(slice)].first; }
+    int last(int slice) const { return m_rows[static_cast<std::size_t>(slice)].last; }
+
+private:
+    struct Slice
+    {
+        std::bitset<mostBins> bits;
+        int first = mostBins;
+        int last = -1;
+    };
+
+    void mark(const Box &box)
+    {
+        const int from = std::clamp(static_cast<int>((box.left - m_area.left) / m_binWidth), 0, m_bins - 1);
+        const int to = std::clamp(static_cast<int>((box.right - m_area.left) / m_binWidth), from, m_bins - 1);
+        const int top = std::clamp(static_cast<int>((box.top - m_area.top) / m_sliceHeight), 0, slices() - 1);
+        const int bottom = std::clamp(static_cast<int>((box.bottom - m_area.top) / m_sliceHeight), top, slices() - 1);
+        for (int s = top; s <= bottom; ++s) {
+            Slice &slice = m_rows[static_cast<std::size_t>(s)];
+            for (int b = from; b <= to; ++b) {
+                slice.bits.set(static_cast<std::size_t>(b));
+            }
+            slice.first = std::min(slice.first, from);
+            slice.last = std::max(slice.last, to);
+        }
+    }
+
+    Box m_area;
+    double m_binWidth;
+    double m_sliceHeight;
+    int m_bins;
+    std::vector<Slice> m_rows;
+};
+
+struct Candidate
+{
+    int bin = 0;
+    int from = 0; // slices, both included
+    int to = 0;
+    int score = 0; // slices with text on both sides
+};
+
+// The longest blank stretches of a strip, as candidates; the coverage is that of strips.
+void addCandidates(const Coverage &coverage, int bin, int width, std::vector<Candidate> &candidates)
+{
+    Candidate current{bin, -1, -1, 0};
+    int left = 0;
+    int right = 0;
+    const auto finish = [&] {
+        current.score = std::min(left, right);
+        if (current.from >= 0 && current.score > 0) {
+            candidates.push_back(current);
+        }
+        current = {bin, -1, -1, 0};
+        left = right = 0;
+    };
+    for (int slice = 0; slice < coverage.slices(); ++slice) {
+        if (coverage.covered(slice, bin)) {
+            finish();
+            continue;
+        }
+        const bool hasLeft = coverage.first(slice) < bin;
+        const bool hasRight = coverage.last(slice) >= bin + width;
+        if (hasLeft || hasRight) {
+            current.from = current.from < 0 ? slice : current.from;
+            current.to = slice;
+        }
+        left += hasLeft ? 1 : 0;
+        right += hasRight ? 1 : 0;
+    }
+    finish();
+}
+
+double usualSize(const WordRefs &words)
+{
+    std::vector<double> sizes;
+    for (const Word *word : words) {
+        sizes.push_back(word->style.size);
+    }
+    return median(std::move(sizes));
+}
+
+bool hasTextBesides(const RegionItems &items, const Gutter &gutter)
+{
+    WordRefs left;
+    WordRefs right;
+    bool blockLeft = false;
+    bool blockRight = false;
+    for (const Word *word : items.words) {
+        const Box body = bodyOf(*word);
+        if (body.centreY() >= gutter.top && body.centreY() <= gutter.bottom) {
+            (body.centreX() < gutter.left ? left : right).push_back(word);
+        }
+    }
+    for (const auto &obstacle : items.obstacles) {
+        if (obstacle.first.centreY() >= gutter.top && obstacle.first.centreY() <= gutter.bottom) {
+            (obstacle.first.centreX() < gutter.left ? blockLeft : blockRight) = true;
+        }
+    }
+    const bool textLeft = isRunningText(left);
+    const bool textRight = isRunningText(right);
+    return (textLeft && textRight) || (textLeft && blockRight) || (textRight && blockLeft);
+}
+
+} // namespace
+
+bool isRunningText(const WordRefs &words)
+{
+    const std::vector<Row> rows = rowsOf(words);
+    if (rows.size() < 2) {
+        return false;
+    }
+    Box all;
+    std::vector<double> letters;
+    std::vector<double> widths;
+    int numeric = 0;
+    for (const Row &row : rows) {
+        all = united(all, row.box);
+        int count = 0;
+        for (const Word *word : row.words) {
+            count += letterCount(word->text);
+            numeric += looksNumeric(word->text) ? 1 : 0;
+        }
+        letters.push_back(count);
+        widths.push_back(row.box.width());
+    }
+    const double lettersInLine = rows.size() == 2 ? 22 : 15; // two lines must be long ones to be told from cells
+    return median(letters) >= lettersInLine && median(widths) >= 0.45 * all.width() &&
+           3 * static_cast<std::size_t>(numeric) < words.size();
+}
+
+std::optional<Gutter> findGutter(const RegionItems &items)
+{
+    constexpr std::size_t fewestWords = 12;
+    if (items.words.size() < fewestWords) {
+        return std::nullopt;
+    }
+    Box area;
+    for (const Word *word : items.words) {
+        area = united(area, bodyOf(*word));
+    }
+    for (const auto &obstacle : items.obstacles) {
+        area = united(area, obstacle.first);
+    }
+    Coverage coverage(items, area);
+    const double size = usualSize(items.words);
+    const int width = std::max(2, static_cast<int>(std::lround(narrowestGutter * size / coverage.binWidth())));
+    coverage.coverStrips(width);
+    std::vector<Candidate> candidates;
+    for (int bin = 1; bin + width < coverage.bins(); ++bin) {
+        addCandidates(coverage, bin, width, candidates);
+    }
+    std::stable_sort(
+        candidates.begin(), candidates.end(), [](const Candidate &a, const Candidate &b) { return a.score > b.score; });
+    int tries = 0;
+    int lastBin = -mostBins;
+    for (const Candidate &candidate : candidates) {
+        if (std::abs(candidate.bin - lastBin) <= width) { // the same strip once more
+            continue;
+        }
+        lastBin = candidate.bin;
+        const Gutter gutter{
+            coverage.x(candidate.bin), coverage.x(candidate.bin + width), coverage.y(candidate.from) - 0.1,
+            coverage.y(candidate.to + 1) + 0.1};
+        if (hasTextBesides(items, gutter)) {
+            return gutter;
+        }
+        if (++tries == mostTries) {
+            break;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace quorra::model

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "columns/page_segmentation.h"
+
+#include "columns/column_gaps.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr int deepestCut = 6;
+
+Box boxOf(const RegionItems &items)
+{
+    Box box;
+    for (const Word *word : items.words) {
+        box = united(box, bodyOf(*word));
+    }
+    for (const auto &obstacle : items.obstacles) {
+        box = united(box, obstacle.first);
+    }
+    return box;
+}
+
+bool isEmpty(const RegionItems &items)
+{
+    return items.words.empty() && items.obstacles.empty();
+}
+
+// Which side of a gutter something stands on.
+enum class Place { Above, Left, Right, Below };
+
+Place placeOf(const Box &box, const Gutter &gutter)
+{
+    if (box.centreY() < gutter.top) {
+        return Place::Above;
+    }
+    if (box.centreY() > gutter.bottom) {
+        return Place::Below;
+    }
+    return box.centreX() < (gutter.left + gutter.right) / 2 ? Place::Left : Place::Right;
+}
+
+struct Parts
+{
+    RegionItems above;
+    RegionItems left;
+    RegionItems right;
+    RegionItems below;
+
+    RegionItems &at(Place place)
+    {
+        switch (place) {
+        case Place::Above:
+            return above;
+        case Place::Left:
+            return left;
+        case Place::Right:
+            return right;
+        case Place::Below:
+            break;
+        }
+        return below;
+    }
+};
+
+Parts cutAt(const RegionItems &items, const Gutter &gutter)
+{
+    Parts parts;
+    for (const Word *word : items.words) {
+        parts.at(placeOf(bodyOf(*word), gutter)).words.push_back(word);
+    }
+    for (const auto &obstacle : items.obstacles) {
+        parts.at(placeOf(obstacle.first, gutter)).obstacles.push_back(obstacle);
+    }
+    return parts;
+}
+
+void append(std::vector<Band> &bands, std::vector<Band> more)
+{
+    std::move(more.begin(), more.end(), std::back_inserter(bands));
+}
+
+std::vector<Band> cut(RegionItems items, int depth);
+
+// One side of a gutter: further columns when it is cut over its whole height, else one column.
+std::vector<Band::Column> columnsOf(RegionItems side, int depth)
+{
+    const Box box = boxOf(side);
+    std::vector<Band> bands = cut(std::move(side), depth);
+    if (bands.size() == 1) {
+        return std::move(bands.front().columns);
+    }
+    // The bands of a column that is cut in itself: its parts in reading order.
+    std::vector<Band::Column> columns{{box, {}}};
+    for (Band &band : bands) {
+        for (Band::Column &column : band.columns) {
+            std::move(column.parts.begin(), column.parts.end(), std::back_inserter(columns[0].parts));
+        }
+    }
+    return columns;
+}
+
+std::vector<Band> cut(RegionItems items, int depth)
+{
+    std::vector<Band> bands;
+    if (isEmpty(items)) {
+        return bands;
+    }
+    const std::optional<Gutter> gutter = depth < deepestCut ? findGutter(items) : std::nullopt;
+    if (!gutter) {
+        const Box box = boxOf(items);
+        bands.push_back({{{box, {std::move(items)}}}});
+        return bands;
+    }
+    Parts parts = cutAt(items, *gutter);
+    append(bands, cut(std::move(parts.above), depth + 1));
+    Band band;
+    for (RegionItems *side : {&parts.left, &parts.right}) {
+        std::vector<Band::Column> columns = columnsOf(std::move(*side), depth + 1);
+        std::move(columns.begin(), columns.end(), std::back_inserter(band.columns));
+    }
+    bands.push_back(std::move(band));
+    append(bands, cut(std::move(parts.below), depth + 1));
+    return bands;
+}
+
+} // namespace
+
+std::vector<Band> cutRegions(RegionItems items)
+{
+    return cut(std::move(items), 0);
+}
+
+} // namespace quorra::model

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "figures/plots.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double near = 2.5;       // points
+constexpr double leastDrawn = 0.1; // of the grid's area
+
+bool isNearEdge(double at, const std::vector<double> &edges)
+{
+    return std::any_of(edges.begin(), edges.end(), [at](double edge) { return std::abs(edge - at) <= near; });
+}
+
+bool crosses(double from, double to, const std::vector<double> &edges)
+{
+    return std::any_of(edges.begin(), edges.end(), [&](double edge) { return edge > from + near && edge < to - near; });
+}
+
+} // namespace
+
+bool isPlot(const Table &grid, const std::vector<Ink> &ink)
+{
+    const std::vector<double> &xs = grid.columnEdges;
+    const std::vector<double> &ys = grid.rowEdges;
+    Box drawn;
+    for (const Ink &mark : ink) {
+        const Box inside = intersected(mark.box, grid.box);
+        const bool within = inside.width() > 0 || inside.height() > 0;
+        const bool fillsCells = mark.frame && isNearEdge(inside.left, xs) && isNearEdge(inside.right, xs) &&
+                                isNearEdge(inside.top, ys) && isNearEdge(inside.bottom, ys);
+        if (within && !fillsCells &&
+            (crosses(inside.left, inside.right, xs) || crosses(inside.top, inside.bottom, ys))) {
+            drawn = united(drawn, inside);
+        }
+    }
+    return drawn.width() * drawn.height() >= leastDrawn * grid.box.width() * grid.box.height();
+}
+
+} // namespace quorra::model

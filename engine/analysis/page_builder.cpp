@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "page_builder.h"
+
+#include "columns/column_builder.h"
+#include "columns/page_segmentation.h"
+#include "document/rotation.h"
+#include "figures/figures.h"
+#include "figures/plots.h"
+#include "paragraphs/paragraphs.h"
+#include "tables/rulings.h"
+#include "tables/table_content.h"
+#include "text_lines/word_fragments.h"
+
+#include <algorithm>
+#include <array>
+#include <unordered_set>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double scanShare = 0.8; // of the page that pictures must cover to be a scan
+
+using WordSet = std::unordered_set<const Word *>;
+
+bool isScan(const RawPage &raw)
+{
+    double area = 0;
+    for (const RawPicture &picture : raw.pictures) {
+        area += picture.box.width() * picture.box.height();
+    }
+    return raw.words.empty() && area > scanShare * raw.width * raw.height;
+}
+
+Page scannedPage(const RawPage &raw)
+{
+    Page page;
+    page.scanned = true;
+    page.content = {0, 0, raw.width, raw.height};
+    page.sections.push_back({{page.content}, {{Picture{page.content, PictureKind::Page}, 0}}});
+    return page;
+}
+
+void addRunningHeads(Page &page, const WordRefs &heads)
+{
+    const Box whole{0, 0, page.width, page.height};
+    WordRefs upright;
+    std::copy_if(
+        heads.begin(), heads.end(), std::back_inserter(upright), [](const Word *w) { return w->rotation == 0; });
+    for (const Row &row : rowsOf(std::move(upright))) {
+        for (Paragraph &paragraph : paragraphsOf({row}, whole)) {
+            paragraph.role = Role::RunningHead;
+            page.runningHeads.push_back({std::move(paragraph), 0});
+        }
+    }
+}
+
+template <typename Wanted>
+std::vector<Paragraph> turnedParagraphs(const RawPage &raw, int rotation, const Wanted &isWanted)
+{
+    RawPage turned;
+    turned.width = raw.width;
+    turned.height = raw.height;
+    for (const Word &word : raw.words) {
+        if (word.rotation == rotation && isWanted(&word)) {
+            turned.words.push_back(word);
+        }
+    }
+    turned = turnedUpright(std::move(turned), rotation);
+    WordRefs words;
+    for (const Word &word : turned.words) {
+        words.push_back(&word);
+    }
+    const Box column{0, 0, turned.width, turned.height};
+    std::vector<Paragraph> paragraphs = paragraphsOf(rowsOf(std::move(words)), column);
+    for (Paragraph &paragraph : paragraphs) {
+        turnBack(paragraph, rotation, turned.width, turned.height);
+    }
+    return paragraphs;
+}
+
+// Words that run in another direction than the page's text: paragraphs of their own at the end.
+void addTurnedText(Page &page, const RawPage &raw, const std::set<const Word *> &heads, const WordSet &used)
+{
+    for (const int rotation : {90, 180, 270}) {
+        Section section{{{0, 0, raw.width, raw.height}}, {}};
+        for (Paragraph &paragraph :
+             turnedParagraphs(raw, rotation, [&](const Word *w) { return used.count(w) == 0; })) {
+            section.blocks.push_back({std::move(paragraph), 0});
+        }
+        if (!section.blocks.empty()) {
+            page.sections.push_back(std::move(section));
+        }
+        for (Paragraph &paragraph :
+             turnedParagraphs(raw, rotation, [&](const Word *w) { return heads.count(w) > 0; })) {
+            paragraph.role = Role::RunningHead;
+            page.runningHeads.push_back({std::move(paragraph), 0});
+        }
+    }
+}
+
+void addLeftovers(Page &page, const RawPage &raw, const Rulings &rulings)
+{
+    std::vector<Box> owned;
+    for (const Section &section : page.sections) {
+        for (const Block &block : section.blocks) {
+            page.content = united(page.content, block.box());
+            if (!block.paragraph()) {
+                owned.push_back(block.box());
+            }
+        }
+    }
+    const auto isOwned = [&owned](double x, double y) {
+        constexpr double edge = 2;
+        return std::any_of(owned.begin(), owned.end(), [x, y](const Box &box) {
+            return Box{box.left - edge, box.top - edge, box.right + edge, box.bottom + edge}.contains(x, y);
+        });
+    };
+    for (const auto *rules : {&rulings.horizontal, &rulings.vertical}) {
+        for (const Rule &rule : *rules) {
+            if (!isOwned((rule.x1 + rule.x2) / 2, (rule.y1 + rule.y2) / 2)) {
+                page.rules.push_back(rule);
+            }
+        }
+    }
+    for (const Fill &fill : raw.fills) {
+        if (!isOwned(fill.box.centreX(), fill.box.centreY())) {
+            page.fills.push_back(fill);
+        }
+    }
+}
+
+std::vector<Section> sectionsOf(const std::vector<Band> &bands, const ColumnBuilder &builder)
+{
+    std::vector<Section> sections;
+    for (const Band &band : bands) {
+        Section section;
+        for (const Band::Column &column : band.columns) {
+            for (const RegionItems &part : column.parts) {
+                for (Block &block : builder.blocks(part)) {
+                    block.column = static_cast<int>(section.columns.size());
+                    section.blocks.push_back(std::move(block));
+                }
+            }
+            section.columns.push_back(column.box);
+        }
+        sections.push_back(std::move(section));
+    }
+    return sections;
+}
+
+Page builtPage(const RawPage &raw, const std::set<const Word *> &heads)
+{
+    Page page;
+    page.width = raw.width;
+    page.height = raw.height;
+    WordRefs words;
+    for (const Word &word : raw.words) {
+        if (heads.count(&word) == 0) {
+            words.push_back(&word);
+        }
+    }
+    const Rulings rulings = mergeRules(raw.rules);
+    std::vector<TableWords> tables = findRuledTables(rulings, words);
+    const auto drawn = [&raw](const TableWords &table) { return isPlot(table.table, raw.ink); };
+    tables.erase(std::remove_if(tables.begin(), tables.end(), drawn), tables.end());
+    std::vector<Box> tableBoxes;
+    WordRefs headWords(heads.begin(), heads.end());
+    std::vector<WordRefs *> groups{&headWords};
+    for (TableWords &table : tables) {
+        tableBoxes.push_back(table.table.box);
+        for (WordRefs &cell : table.words) {
+            groups.push_back(&cell);
+        }
+    }
+    PagePictures pictures = findPictures(raw, tableBoxes, words);
+    for (DrawingLabels &drawing : pictures.labels) {
+        groups.push_back(&drawing.words);
+    }
+    keepPiecesTogether(raw, groups);
+    addRunningHeads(page, headWords);
+    WordSet used;
+    for (const WordRefs *group : groups) {
+        used.insert(group->begin(), group->end());
+    }
+    RegionItems items;
+    for (const Word *word : words) {
+        if (word->rotation == 0 && used.count(word) == 0) {
+            items.words.push_back(word);
+        }
+    }
+    for (const Box &box : tableBoxes) {
+        items.obstacles.emplace_back(box, items.obstacles.size());
+    }
+    for (const Picture &picture : pictures.placed) {
+        items.obstacles.emplace_back(picture.box, items.obstacles.size());
+    }
+    for (const Picture &picture : pictures.backgrounds) {
+        page.sections.push_back({{picture.box}, {{picture, 0}}});
+    }
+    const ColumnBuilder builder(raw, rulings, std::move(tables), pictures);
+    for (Section &section : sectionsOf(cutRegions(std::move(items)), builder)) {
+        page.sections.push_back(std::move(section));
+    }
+    addTurnedText(page, raw, heads, used);
+    addLeftovers(page, raw, rulings);
+    return page;
+}
+
+} // namespace
+
+Page buildPage(const RawPage &raw, const std::set<const Word *> &heads)
+{
+    Page page = isScan(raw) ? scannedPage(raw) : builtPage(raw, heads);
+    page.number = raw.number;
+    page.width = raw.width;
+    page.height = raw.height;
+    page.marks = raw.rules.size() + raw.fills.size() + raw.ink.size();
+    return page;
+}
+
+} // namespace quorra::model

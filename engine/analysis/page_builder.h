@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "document/document.h"
+#include "text_lines/text_lines.h"
+
+#include <set>
+
+namespace quorra::model {
+
+/// Builds one page whose text runs upright (see turnedUpright). `heads` are the words of its running heads.
+Page buildPage(const RawPage &raw, const std::set<const Word *> &heads);
+
+} // namespace quorra::model

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "paragraphs/list_mark.h"
+
+#include <QRegularExpression>
+
+namespace quorra::model {
+
+bool isBullet(const QString &text)
+{
+    static const QString bullets = QString::fromUtf8("•‣◦▪▫■□●○⁃∙·➢➤►▶✓✔❖\uf0b7\uf0a7\uf0d8\uf076\uf0fc–—-*");
+    return text.size() == 1 && bullets.contains(text.front());
+}
+
+bool isOrdinalMark(const QString &text)
+{
+    if (text.size() < 2 || text.size() > 7) {
+        return false;
+    }
+    static const QRegularExpression mark(QStringLiteral(
+        "^(?:\\d{1,3}[.)]|\\(\\d{1,3}\\)|\\[\\d{1,3}\\]|[A-Za-z][.)]|\\([A-Za-z]\\)|\\(?[ivxIVX]{1,5}[.)])$"));
+    return mark.match(text).hasMatch();
+}
+
+} // namespace quorra::model

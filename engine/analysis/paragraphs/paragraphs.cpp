@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "paragraphs/paragraphs.h"
+
+#include "analysis/analysis.h"
+#include "document/direction.h"
+#include "document/line_text.h"
+#include "paragraphs/list_mark.h"
+#include "paragraphs/paragraph_breaks.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double sameEdge = 2.0; // points
+
+// The share of letters and digits among fixed-pitch text decides: line ends of listings are meant.
+bool isListing(const std::vector<Line> &lines)
+{
+    std::size_t fixed = 0;
+    std::size_t all = 0;
+    for (const Line &line : lines) {
+        for (const Word &word : line.words) {
+            ++all;
+            fixed += word.style.fixedPitch ? 1 : 0;
+        }
+    }
+    return 10 * fixed > 8 * all;
+}
+
+template <typename Get>
+bool agree(const std::vector<Line> &lines, std::size_t from, std::size_t to, Get get)
+{
+    for (std::size_t i = from; i + 1 < to; ++i) {
+        if (std::abs(get(lines[i]) - get(lines[i + 1])) > sameEdge) {
+            return false;
+        }
+    }
+    return to > from + 1;
+}
+
+// Every line in the middle of the column, none but the widest reaching its left edge.
+bool isCentred(const std::vector<Line> &lines, const Box &column)
+{
+    const double slack = std::max(3.0, 0.02 * column.width());
+    const auto inMiddle = std::all_of(lines.begin(), lines.end(), [&](const Line &line) {
+        return std::abs(line.box.centreX() - column.centreX()) <= slack;
+    });
+    const auto atEdge = std::count_if(
+        lines.begin(), lines.end(), [&](const Line &line) { return line.box.left - column.left < slack; });
+    return inMiddle && atEdge <= 1;
+}
+
+Alignment alignmentOf(const std::vector<Line> &lines, const Box &column)
+{
+    const std::size_t n = lines.size();
+    if (n == 1) {
+        const Box &box = lines.front().box;
+        const double left = box.left - column.left;
+        const double right = column.right - box.right;
+        const bool inset = left > 0.06 * column.width();
+        if (inset && std::abs(left - right) < std::max(4.0, 0.02 * column.width())) {
+            return Alignment::Centre;
+        }
+        return inset && right < sameEdge && left > 0.4 * column.width() ? Alignment::Right : Alignment::Left;
+    }
+    const auto left = [](const Line &l) { return l.box.left; };
+    const auto right = [](const Line &l) { return l.box.right; };
+    const bool rights = agree(lines, 0, n - 1, right);
+    const bool lefts = n == 2 ? agree(lines, 0, n, left) : agree(lines, 1, n, left);
+    if (lefts) {
+        return (n > 2 && rights) || (n == 2 && column.right - lines.front().box.right < sameEdge) ? Alignment::Justify
+                                                                                                  : Alignment::Left;
+    }
+    if (isCentred(lines, column)) {
+        return Alignment::Centre;
+    }
+    if (n == 2 && column.right - lines.front().box.right < sameEdge) {
+        return Alignment::Justify; // the first line is indented
+    }
+    return agree(lines, 0, n, right) ? Alignment::Right : rights ? Alignment::Justify : Alignment::Left;
+}
+
+void measure(Paragraph &paragraph, const Box &column)
+{
+    const std::vector<Line> &lines = paragraph.lines;
+    double left = lines.front().box.left;
+    double right = lines.front().box.right;
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        left = i == 1 ? lines[i].box.left : std::min(left, lines[i].box.left);
+        right = std::max(right, lines[i].box.right);
+    }
+    paragraph.alignment = alignmentOf(lines, column);
+    if (paragraph.rightToLeft && paragraph.alignment != Alignment::Centre) {
+        paragraph.alignment = Alignment::Right;
+    }
+    if (paragraph.alignment == Alignment::Left || paragraph.alignment == Alignment::Justify) {
+        paragraph.indentLeft = std::max(0.0, left - column.left);
+        paragraph.firstLineIndent = lines.front().box.left - left;
+    }
+    if (paragraph.alignment == Alignment::Right || paragraph.alignment == Alignment::Justify) {
+        paragraph.indentRight = std::max(0.0, column.right - right);
+    }
+    if (lines.size() > 1) {
+        paragraph.lineDistance =
+            (lines.back().baseline - lines.front().baseline) / static_cast<double>(lines.size() - 1);
+    }
+    for (const Line &line : lines) {
+        paragraph.box = united(paragraph.box, line.box);
+    }
+}
+
+// A mark at the beginning becomes the list mark; the lines keep it, the runs do not.
+void takeListMark(Paragraph &paragraph)
+{
+    Line &first = paragraph.lines.front();
+    if (first.words.size() < 2 || !isListMark(first.words.front().text) || !first.words.front().spaceAfter) {
+        return;
+    }
+    const bool bullet = isBullet(first.words.front().text);
+    const bool bold = std::all_of(first.words.begin(), first.words.end(), [](const Word &w) { return w.style.bold; });
+    if (!bullet && bold && paragraph.lines.size() <= 2) {
+        return; // the number of a heading
+    }
+    const double gap = first.words[1].box.left - first.words[0].box.right;
+    const bool hangs = paragraph.lines.size() > 1 && paragraph.lines[1].box.left > first.box.left + sameEdge;
+    static const QString dashes = QStringLiteral("-–—*");
+    const bool dash = bullet && dashes.contains(first.words.front().text.front());
+    if ((!bullet || dash) && !hangs && gap < 0.35 * first.words[0].style.size) {
+        return; // "A. Smith", "1. January", "- 3 -"
+    }
+    paragraph.listMark = first.words.front().text;
+    paragraph.listOrdered = !bullet;
+    paragraph.role = Role::ListItem;
+}
+
+Paragraph makeParagraph(std::vector<Line> lines, const Box &column)
+{
+    Paragraph paragraph;
+    paragraph.lines = std::move(lines);
+    QString all;
+    for (const Line &line : paragraph.lines) {
+        all += lineText(line);
+    }
+    paragraph.rightToLeft = isRightToLeft(all);
+    measure(paragraph, column);
+    takeListMark(paragraph);
+    const bool listing = isListing(paragraph.lines);
+    for (std::size_t i = 0; i < paragraph.lines.size(); ++i) {
+        if (i == 0 && !paragraph.listMark.isEmpty()) {
+            Line rest = paragraph.lines.front();
+            rest.words.erase(rest.words.begin());
+            appendLine(paragraph.runs, rest, false);
+        } else {
+            appendLine(paragraph.runs, paragraph.lines[i], listing);
+        }
+    }
+    return paragraph;
+}
+
+// Whether a blank stands between two words, the right one after the left one on the row. Only pieces that the PDF
+// library itself found to be one word's stay together.
+bool isApart(const Word &left, const Word &right)
+{
+    constexpr double blank = 0.15; // font sizes
+    const double gap = right.box.left - left.box.right;
+    const bool inOrder = &right == &left + 1;
+    const bool index = right.style.size < 0.85 * left.style.size && right.baseline > left.baseline &&
+                       std::abs(gap) < 0.1 * left.style.size;
+    const bool stacked = gap < -0.3 * left.style.size && right.baseline != left.baseline;
+    if (inOrder && (index || stacked)) {
+        return false; // an index hangs on its letter, a lower index under the upper one
+    }
+    return left.spaceAfter || !inOrder || gap > blank * std::max(left.style.size, right.style.size);
+}
+
+} // namespace
+
+Line lineOf(const Row &row)
+{
+    Line line;
+    line.box = row.box;
+    line.box.top = row.baseline - 0.8 * row.size;
+    line.box.bottom = row.baseline + 0.2 * row.size;
+    line.baseline = row.baseline;
+    line.words.reserve(row.words.size());
+    QString all;
+    for (std::size_t i = 0; i < row.words.size(); ++i) {
+        line.words.push_back(*row.words[i]);
+        line.words.back().spaceAfter = i + 1 == row.words.size() || isApart(*row.words[i], *row.words[i + 1]);
+        all += row.words[i]->text;
+    }
+    const bool rightToLeft = isRightToLeft(all);
+    if (rightToLeft) { // the blank after a word is then the one on its left
+        for (std::size_t i = line.words.size(); i-- > 1;) {
+            line.words[i].spaceAfter = line.words[i - 1].spaceAfter;
+        }
+        line.words.front().spaceAfter = true;
+    }
+    orderWords(line.words, rightToLeft);
+    return line;
+}
+
+std::vector<Paragraph> paragraphsOf(const std::vector<Row> &rows, const Box &column)
+{
+    std::vector<Paragraph> paragraphs;
+    const ParagraphBreaks breaks(rows, column);
+    double lastBaseline = 0;
+    for (std::size_t start = 0; start < rows.size();) {
+        std::size_t end = start + 1;
+        while (end < rows.size() && !breaks.startsAt(start, end)) {
+            ++end;
+        }
+        std::vector<Line> lines;
+        for (std::size_t i = start; i < end; ++i) {
+            lines.push_back(lineOf(rows[i]));
+        }
+        paragraphs.push_back(makeParagraph(std::move(lines), column));
+        if (start > 0) {
+            const double step = rows[start].baseline - lastBaseline;
+            paragraphs.back().spaceBefore = std::max(0.0, step - breaks.usualStep(rows[start].size));
+        }
+        lastBaseline = rows[end - 1].baseline;
+        start = end;
+    }
+    return paragraphs;
+}
+
+std::vector<Paragraph> cellParagraphs(const WordRefs &words, const Box &cell)
+{
+    WordRefs upright;
+    std::vector<Paragraph> paragraphs;
+    for (const Word *word : words) {
+        if (word->rotation == 0) {
+            upright.push_back(word);
+        } else {
+            Line line;
+            line.box = word->box;
+            line.baseline = word->baseline;
+            line.rotation = word->rotation;
+            line.words = {*word};
+            if (!paragraphs.empty() && paragraphs.back().rotation == word->rotation) {
+                appendLine(paragraphs.back().runs, line, false);
+                paragraphs.back().box = united(paragraphs.back().box, line.box);
+                paragraphs.back().lines.push_back(line);
+            } else {
+                paragraphs.push_back(makeParagraph({line}, cell));
+                paragraphs.back().rotation = word->rotation;
+            }
+        }
+    }
+    for (Paragraph &paragraph : paragraphsOf(rowsOf(std::move(upright)), cell)) {
+        paragraphs.push_back(std::move(paragraph));
+    }
+    return paragraphs;
+}
+
+bool endsSentence(const QString &text)
+{
+    static const QString ends = QStringLiteral(".!?:;。！？：；؟۔");
+    static const QString closing = QStringLiteral("\"'”’)]»）」』");
+    auto i = text.size() - 1;
+    while (i >= 0 && (text.at(i).isSpace() || closing.contains(text.at(i)))) {
+        --i;
+    }
+    return i >= 0 && ends.contains(text.at(i));
+}
+
+} // namespace quorra::model

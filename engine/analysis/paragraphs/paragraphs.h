@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "document/document.h"
+#include "text_lines/text_lines.h"
+
+#include <vector>
+
+namespace quorra::model {
+
+/// The words of a row in reading order, with blanks where the page has them.
+Line lineOf(const Row &row);
+
+/// Puts the rows of one column together to paragraphs: joined over line ends, cut at wider gaps, indents, short last
+/// lines, changes of size or weight, and list marks. The column's edges tell what is indented or short.
+std::vector<Paragraph> paragraphsOf(const std::vector<Row> &rows, const Box &column);
+
+/// The paragraphs of a table's cell; rows that only wrap become one.
+std::vector<Paragraph> cellParagraphs(const WordRefs &words, const Box &cell);
+
+/// Whether the text ends as a sentence, a heading line or a list entry does.
+bool endsSentence(const QString &text);
+
+} // namespace quorra::model

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "semantics/roles.h"
+
+#include "analysis/analysis.h"
+#include "document/line_text.h"
+#include "paragraphs/paragraphs.h"
+
+#include <QMap>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double largerThanBody = 1.12;
+constexpr double smallerThanBody = 0.93;
+constexpr int longestHeading = 180; // letters
+
+// The font size of most letters, in tenths of a point so that it can be counted.
+int tenths(double size)
+{
+    return static_cast<int>(std::lround(size * 10));
+}
+
+template <typename Use>
+void forEachParagraph(Document &document, Use use)
+{
+    for (Page &page : document.pages) {
+        for (Section &section : page.sections) {
+            for (Block &block : section.blocks) {
+                if (Paragraph *paragraph = block.paragraph()) {
+                    use(page, *paragraph);
+                }
+            }
+        }
+    }
+}
+
+double sizeOf(const Paragraph &paragraph)
+{
+    double sum = 0;
+    double letters = 0;
+    for (const Run &run : paragraph.runs) {
+        sum += run.style.size * static_cast<double>(run.text.size());
+        letters += static_cast<double>(run.text.size());
+    }
+    return letters > 0 ? sum / letters : 0;
+}
+
+bool isBold(const Paragraph &paragraph)
+{
+    return !paragraph.runs.empty() && std::all_of(paragraph.runs.begin(), paragraph.runs.end(), [](const Run &run) {
+        return run.style.bold || run.text.trimmed().isEmpty();
+    });
+}
+
+bool isHeadingLike(const Paragraph &paragraph, const QString &text)
+{
+    const bool listing = text.contains(QLatin1Char('\n'));
+    const bool letters = std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); });
+    return letters && !listing && text.size() <= longestHeading && paragraph.lines.size() <= 3 &&
+           paragraph.rotation == 0 && !text.endsWith(QLatin1Char(',')) && !text.endsWith(QLatin1Char(';'));
+}
+
+bool isCaption(const QString &text)
+{
+    static const QRegularExpression caption(
+        QStringLiteral("^(?:Figure|Fig\\.|Table|Tab\\.|Abbildung|Abb\\.|Tabelle|Tableau|Tabla|Figura|Listing|図|表)\\s*"
+                       "[A-Z]?\\.?\\d+[a-z]?(?:\\.\\d+)*\\s*([.:–—|)])?"));
+    const QRegularExpressionMatch match = caption.match(text);
+    constexpr qsizetype shortCaption = 150; // longer ones are sentences that begin with a figure's name
+    return match.hasMatch() && (text.size() < shortCaption || !match.captured(1).isEmpty());
+}
+
+double bodySize(Document &document)
+{
+    QMap<int, qsizetype> letters;
+    forEachParagraph(document, [&letters](const Page &, const Paragraph &paragraph) {
+        for (const Run &run : paragraph.runs) {
+            letters[tenths(run.style.size)] += run.text.size();
+        }
+    });
+    int best = 0;
+    for (auto it = letters.cbegin(); it != letters.cend(); ++it) {
+        best = best == 0 || it.value() > letters.value(best) ? it.key() : best;
+    }
+    return best / 10.0;
+}
+
+// Heading sizes from the largest down; sizes that differ by less than 6 % are one.
+std::vector<double> headingSizes(Document &document, double body)
+{
+    std::vector<double> sizes;
+    forEachParagraph(document, [&](const Page &, const Paragraph &paragraph) {
+        const double size = sizeOf(paragraph);
+        if (paragraph.role == Role::Body && size > largerThanBody * body &&
+            isHeadingLike(paragraph, plainText(paragraph.runs))) {
+            sizes.push_back(size);
+        }
+    });
+    std::sort(sizes.rbegin(), sizes.rend());
+    std::vector<double> ranks;
+    for (const double size : sizes) {
+        if (ranks.empty() || size < 0.94 * ranks.back()) {
+            ranks.push_back(size);
+        }
+    }
+    return ranks;
+}
+
+Role headingRole(std::size_t rank)
+{
+    return rank == 0 ? Role::Heading1 : rank == 1 ? Role::Heading2 : Role::Heading3;
+}
+
+Role roleOf(const Page &page, const Paragraph &paragraph, double body, const std::vector<double> &ranks)
+{
+    const QString text = plainText(paragraph.runs).trimmed();
+    const double size = sizeOf(paragraph);
+    if (isCaption(text)) {
+        return Role::Caption;
+    }
+    if (isHeadingLike(paragraph, text)) {
+        if (size > largerThanBody * body) {
+            const auto rank = std::find_if(ranks.begin(), ranks.end(), [size](double r) { return size >= 0.94 * r; });
+            return headingRole(static_cast<std::size_t>(rank - ranks.begin()));
+        }
+        constexpr int longestBoldHeading = 100;
+        if (isBold(paragraph) && size >= 0.98 * body && paragraph.lines.size() <= 2 &&
+            text.size() <= longestBoldHeading && !text.endsWith(QLatin1Char('.')) && !text.endsWith(QLatin1Char(':'))) {
+            return headingRole(std::min<std::size_t>(ranks.size(), 2));
+        }
+    }
+    if (size < smallerThanBody * body && paragraph.box.top > 0.6 * page.height && !text.isEmpty() &&
+        (text.front().isDigit() || QStringLiteral("*†‡∗§¹²³").contains(text.front()))) {
+        return Role::Footnote;
+    }
+    return Role::Body;
+}
+
+void assignListLevels(Document &document)
+{
+    for (Page &page : document.pages) {
+        for (Section &section : page.sections) {
+            std::vector<double> lefts; // of the open levels
+            for (Block &block : section.blocks) {
+                Paragraph *paragraph = block.paragraph();
+                if (!paragraph || paragraph->role != Role::ListItem) {
+                    if (!paragraph || paragraph->indentLeft < 2) {
+                        lefts.clear();
+                    }
+                    continue;
+                }
+                constexpr double deeper = 5; // points
+                const double left = paragraph->lines.front().box.left;
+                while (!lefts.empty() && left < lefts.back() - deeper) {
+                    lefts.pop_back();
+                }
+                if (lefts.empty() || left > lefts.back() + deeper) {
+                    lefts.push_back(left);
+                }
+                paragraph->listLevel = static_cast<int>(lefts.size()) - 1;
+            }
+        }
+    }
+}
+
+} // namespace
+
+void assignRoles(Document &document)
+{
+    const double body = bodySize(document);
+    const std::vector<double> ranks = headingSizes(document, body);
+    forEachParagraph(document, [&](const Page &page, Paragraph &paragraph) {
+        if (paragraph.role == Role::Body) {
+            paragraph.role = roleOf(page, paragraph, body, ranks);
+        }
+    });
+    assignListLevels(document);
+}
+
+} // namespace quorra::model

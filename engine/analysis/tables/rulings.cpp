@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tables/rulings.h"
+
+#include <algorithm>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double sameLine = 1.2; // points across the line
+constexpr double dashGap = 3.5;  // points along the line
+
+bool isInvisible(Colour colour)
+{
+    constexpr Colour nearlyWhite = 0xf4;
+    return (colour >> 16U & 0xffU) >= nearlyWhite && (colour >> 8U & 0xffU) >= nearlyWhite &&
+           (colour & 0xffU) >= nearlyWhite;
+}
+
+// A rule seen along its direction, so that one code serves both.
+struct Span
+{
+    double across;
+    double from;
+    double to;
+    double width;
+    Colour colour;
+};
+
+std::vector<Span> mergeSpans(std::vector<Span> spans)
+{
+    std::sort(spans.begin(), spans.end(), [](const Span &a, const Span &b) {
+        return a.across != b.across ? a.across < b.across : a.from < b.from;
+    });
+    std::vector<Span> merged;
+    for (std::size_t start = 0; start < spans.size();) {
+        std::size_t end = start + 1;
+        while (end < spans.size() && spans[end].across - spans[start].across <= sameLine) {
+            ++end;
+        }
+        const auto first = spans.begin() + static_cast<std::ptrdiff_t>(start);
+        const auto last = spans.begin() + static_cast<std::ptrdiff_t>(end);
+        std::sort(first, last, [](const Span &a, const Span &b) { return a.from < b.from; });
+        std::size_t current = merged.size();
+        double longest = 0; // piece of the line: its colour is the line's
+        for (auto it = first; it != last; ++it) {
+            if (current < merged.size() && it->from <= merged[current].to + dashGap) {
+                merged[current].to = std::max(merged[current].to, it->to);
+                merged[current].width = std::max(merged[current].width, it->width);
+                if (it->to - it->from > longest) {
+                    merged[current].colour = it->colour;
+                }
+            } else {
+                current = merged.size();
+                merged.push_back(*it);
+                longest = 0;
+            }
+            longest = std::max(longest, it->to - it->from);
+        }
+        start = end;
+    }
+    return merged;
+}
+
+} // namespace
+
+Rulings mergeRules(const std::vector<Rule> &rules)
+{
+    std::vector<Span> horizontal;
+    std::vector<Span> vertical;
+    for (const Rule &rule : rules) {
+        if (isInvisible(rule.colour)) {
+            continue;
+        }
+        if (rule.isHorizontal()) {
+            horizontal.push_back({rule.y1, rule.x1, rule.x2, rule.width, rule.colour});
+        } else {
+            vertical.push_back({rule.x1, rule.y1, rule.y2, rule.width, rule.colour});
+        }
+    }
+    constexpr double shortest = 4;
+    Rulings merged;
+    for (const Span &s : mergeSpans(std::move(horizontal))) {
+        if (s.to - s.from >= shortest) {
+            merged.horizontal.push_back({s.from, s.across, s.to, s.across, s.width, s.colour});
+        }
+    }
+    for (const Span &s : mergeSpans(std::move(vertical))) {
+        if (s.to - s.from >= shortest) {
+            merged.vertical.push_back({s.across, s.from, s.across, s.to, s.width, s.colour});
+        }
+    }
+    return merged;
+}
+
+std::vector<double> clusteredPositions(std::vector<double> values, double tolerance)
+{
+    std::sort(values.begin(), values.end());
+    std::vector<double> means;
+    for (std::size_t start = 0; start < values.size();) {
+        std::size_t end = start;
+        double sum = 0;
+        while (end < values.size() && (end == start || values[end] - values[end - 1] <= tolerance)) {
+            sum += values[end++];
+        }
+        means.push_back(sum / static_cast<double>(end - start));
+        start = end;
+    }
+    return means;
+}
+
+} // namespace quorra::model

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tables/table_content.h"
+
+#include "document/line_text.h"
+#include "paragraphs/paragraphs.h"
+#include "tables/cell_columns.h"
+#include "tables/column_alignment.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr int mostHeaderRows = 4;
+
+// The fill that was drawn last under the middle of the cell; a page-wide backdrop is none.
+std::optional<Colour> backgroundOf(const Cell &cell, const Table &table, const std::vector<Fill> &fills)
+{
+    for (auto fill = fills.rbegin(); fill != fills.rend(); ++fill) {
+        const bool under = fill->box.contains(cell.box.centreX(), cell.box.centreY());
+        const bool fits = fill->box.width() <= 1.1 * table.box.width() &&
+                          fill->box.height() <= 1.1 * table.box.height() &&
+                          fill->box.height() >= 0.4 * cell.box.height();
+        if (under && fits) {
+            return fill->colour == white ? std::nullopt : std::optional(fill->colour);
+        }
+    }
+    return std::nullopt;
+}
+
+// Text in a cell is placed by the blank space on its sides.
+void alignInCell(Paragraph &paragraph, const Box &cell)
+{
+    const double left = paragraph.box.left - cell.left;
+    const double right = cell.right - paragraph.box.right;
+    paragraph.indentLeft = 0;
+    paragraph.indentRight = 0;
+    paragraph.firstLineIndent = 0;
+    if (paragraph.alignment == Alignment::Justify || paragraph.lines.size() > 1) {
+        return;
+    }
+    constexpr double padding = 6; // points
+    if (std::abs(left - right) <= std::max(3.0, 0.12 * cell.width()) && left > padding) {
+        paragraph.alignment = Alignment::Centre;
+    } else {
+        paragraph.alignment = right < left / 2 && left > padding ? Alignment::Right : Alignment::Left;
+    }
+}
+
+bool isNumericRow(const Table &table, int row)
+{
+    return std::any_of(table.cells.begin(), table.cells.end(), [row](const Cell &cell) {
+        return cell.row == row && cell.column > 0 && !cell.paragraphs.empty() &&
+               looksNumeric(plainText(cell.paragraphs.front().runs));
+    });
+}
+
+bool isBoldRow(const Table &table, int row)
+{
+    bool any = false;
+    for (const Cell &cell : table.cells) {
+        for (const Paragraph &paragraph : cell.paragraphs) {
+            if (cell.row == row && !paragraph.runs.empty()) {
+                any = true;
+                if (!paragraph.runs.front().style.bold) {
+                    return false;
+                }
+            }
+        }
+    }
+    return any;
+}
+
+int headerRows(const Table &table)
+{
+    if (table.rows() < 2) {
+        return 0;
+    }
+    int rows = 0;
+    while (rows < std::min(mostHeaderRows, table.rows()) && !isNumericRow(table, rows)) {
+        ++rows;
+    }
+    const bool numbersFollow = rows > 0 && rows < table.rows() && isNumericRow(table, rows);
+    return numbersFollow ? rows : isBoldRow(table, 0) ? 1 : 0;
+}
+
+} // namespace
+
+Table finishedTable(TableWords found, const std::vector<Fill> &fills)
+{
+    Table table = std::move(found.table);
+    for (std::size_t i = 0; i < table.cells.size(); ++i) {
+        Cell &cell = table.cells[i];
+        for (const CellColumn &part : cellColumns(found.words[i], cell.box)) {
+            for (Paragraph &paragraph : cellParagraphs(part.words, part.box)) {
+                alignInCell(paragraph, part.box);
+                cell.paragraphs.push_back(std::move(paragraph));
+            }
+        }
+        cell.background = backgroundOf(cell, table, fills);
+    }
+    table.headerRows = headerRows(table);
+    alignColumns(table);
+    return table;
+}
+
+} // namespace quorra::model

@@ -1,0 +1,291 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tables/text_grid.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double cellGap = 0.75;    // font sizes between two cells
+constexpr double pieceGap = 0.3;    // font sizes between two words on both sides of a column's edge
+constexpr double narrowStrip = 0.3; // font sizes: the narrowest strip between columns
+
+QString textOf(const WordRefs &words)
+{
+    QString text;
+    for (const Word *word : words) {
+        text += text.isEmpty() ? word->text : QLatin1Char(' ') + word->text;
+    }
+    return text;
+}
+
+// The share of values that lie within two points of their middle.
+double alignedShare(const std::vector<double> &values)
+{
+    const double middle = median(values);
+    const auto near =
+        std::count_if(values.begin(), values.end(), [middle](double v) { return std::abs(v - middle) <= 2; });
+    return static_cast<double>(near) / static_cast<double>(std::max<std::size_t>(1, values.size()));
+}
+
+} // namespace
+
+TextGrid::TextGrid(std::vector<Row> rows, const std::vector<Rule> &horizontal) : m_rows(std::move(rows))
+{
+    const double top = m_rows.front().box.top - m_rows.front().size;
+    const double bottom = m_rows.back().box.bottom + m_rows.back().size;
+    for (const Rule &rule : horizontal) {
+        if (rule.y1 >= top && rule.y1 <= bottom) {
+            m_rules.push_back(rule);
+        }
+    }
+    findColumns();
+    layRows();
+    if (columns() > 1) {
+        widenHeadings();
+        joinTitle();
+    }
+}
+
+void TextGrid::findColumns()
+{
+    Box area;
+    for (const Row &row : m_rows) {
+        area = united(area, row.box);
+    }
+    std::vector<int> cover(static_cast<std::size_t>(std::ceil(area.width())) + 2, 0);
+    int multi = 0;
+    for (const Row &row : m_rows) {
+        const std::vector<Segment> segments = segmentsOf(row, cellGap);
+        if (segments.size() < 2) {
+            continue;
+        }
+        ++multi;
+        for (const Segment &segment : segments) {
+            const auto from = static_cast<std::size_t>(std::max(0.0, segment.box.left - area.left));
+            const auto to = static_cast<std::size_t>(std::max(0.0, segment.box.right - area.left));
+            for (std::size_t i = from; i <= std::min(to, cover.size() - 1); ++i) {
+                ++cover[i];
+            }
+        }
+    }
+    const int crossing = multi >= 6 ? static_cast<int>(0.15 * multi) : multi >= 4 ? 1 : 0;
+    m_edges = {area.left - 1};
+    bool textBefore = false;
+    for (std::size_t i = 0; i < cover.size();) {
+        if (cover[i] > crossing) {
+            textBefore = true;
+            ++i;
+            continue;
+        }
+        std::size_t end = i;
+        while (end < cover.size() && cover[end] <= crossing) {
+            ++end;
+        }
+        const bool wide = static_cast<double>(end - i) >= narrowStrip * m_rows.front().size;
+        if (textBefore && end < cover.size() && wide) {
+            const int least = *std::min_element(
+                cover.begin() + static_cast<std::ptrdiff_t>(i), cover.begin() + static_cast<std::ptrdiff_t>(end));
+            double sum = 0;
+            double n = 0;
+            for (std::size_t k = i; k < end; ++k) {
+                sum += cover[k] == least ? static_cast<double>(k) + 0.5 : 0;
+                n += cover[k] == least ? 1 : 0;
+            }
+            m_edges.push_back(area.left + sum / n);
+        }
+        i = end;
+    }
+    m_edges.push_back(area.right + 1);
+}
+
+int TextGrid::columnAt(double x) const
+{
+    const auto next = std::upper_bound(m_edges.begin() + 1, m_edges.end() - 1, x);
+    return static_cast<int>(next - m_edges.begin()) - 1;
+}
+
+// Whether the word behind the piece stands in a cell of its own: with a gap between them at a column's edge, or as a
+// number behind a number, however close they are.
+bool TextGrid::isNextCell(const Piece &piece, const Word &word) const
+{
+    const Box body = bodyOf(word);
+    const Word &last = *piece.words.back();
+    if (looksNumeric(last.text) && looksNumeric(word.text) &&
+        columnAt(body.centreX()) > columnAt(bodyOf(last).centreX())) {
+        return true;
+    }
+    return body.left - piece.box.right >= pieceGap * word.style.size &&
+           columnAt(body.left) > columnAt(piece.box.right - 0.5);
+}
+
+void TextGrid::addPiece(GridRow &row, const Segment &segment) const
+{
+    std::vector<Piece> pieces;
+    for (const Word *word : segment.words) {
+        const Box body = bodyOf(*word);
+        if (pieces.empty() || isNextCell(pieces.back(), *word)) {
+            pieces.emplace_back();
+        }
+        pieces.back().words.push_back(word);
+        pieces.back().box = united(pieces.back().box, body);
+    }
+    for (Piece &piece : pieces) {
+        const double slack = std::min(2.0, piece.box.width() / 3);
+        piece.column = columnAt(piece.box.left + slack);
+        piece.span = std::max(1, columnAt(piece.box.right - slack) - piece.column + 1);
+        if (piece.words.size() == 1 && looksNumeric(piece.words.front()->text)) {
+            piece.column = columnAt(piece.box.centreX()); // a number may be wider than its column, but has only one
+            piece.span = 1;
+        }
+        Piece *last = row.pieces.empty() ? nullptr : &row.pieces.back();
+        if (last && last->column + last->span > piece.column) { // both reach into the column: one cell
+            last->words.insert(last->words.end(), piece.words.begin(), piece.words.end());
+            last->box = united(last->box, piece.box);
+            last->span = std::max(last->span, piece.column + piece.span - last->column);
+        } else {
+            row.pieces.push_back(piece);
+        }
+    }
+}
+
+void TextGrid::layRows()
+{
+    for (const Row &row : m_rows) {
+        GridRow laid;
+        laid.box = row.box;
+        laid.baseline = row.baseline;
+        laid.size = row.size;
+        for (const Segment &segment : segmentsOf(row, cellGap)) {
+            addPiece(laid, segment);
+        }
+        m_grid.push_back(std::move(laid));
+    }
+}
+
+// A heading with a line of its own under it spans the columns that the line spans.
+void TextGrid::widenHeadings()
+{
+    const double whole = m_edges.back() - m_edges.front();
+    for (GridRow &row : m_grid) {
+        for (std::size_t i = 0; i < row.pieces.size(); ++i) {
+            Piece &piece = row.pieces[i];
+            for (const Rule &rule : m_rules) {
+                const bool under = rule.y1 > row.box.bottom - 1 && rule.y1 < row.box.bottom + 1.2 * row.size;
+                if (!under || rule.length() > 0.9 * whole || rule.x1 > piece.box.centreX() ||
+                    rule.x2 < piece.box.centreX()) {
+                    continue;
+                }
+                const int first = columnAt(rule.x1 + 3);
+                const int last = columnAt(rule.x2 - 3);
+                const bool freeLeft = i == 0 || row.pieces[i - 1].column + row.pieces[i - 1].span <= first;
+                const bool freeRight = i + 1 == row.pieces.size() || row.pieces[i + 1].column > last;
+                if (first <= piece.column && last >= piece.column + piece.span - 1 && freeLeft && freeRight) {
+                    piece.column = first;
+                    piece.span = last - first + 1;
+                }
+            }
+        }
+    }
+}
+
+// Lines of text above the line that opens the table are its title: one cell over all columns.
+void TextGrid::joinTitle()
+{
+    constexpr std::size_t mostLines = 4;
+    constexpr std::size_t fewestWords = 5;
+    const double whole = m_edges.back() - m_edges.front();
+    std::size_t lines = 0;
+    std::size_t words = 0;
+    const auto opens = [&](const Rule &rule, const GridRow &row) {
+        return rule.length() > 0.8 * whole && rule.y1 > row.box.centreY();
+    };
+    const auto isAbove = [&](const GridRow &row) {
+        return std::any_of(m_rules.begin(), m_rules.end(), [&](const Rule &rule) {
+            return opens(rule, row) && rule.y1 < m_grid.back().box.top && !opens(rule, m_grid[lines]);
+        });
+    };
+    while (lines + 1 < m_grid.size() && lines < mostLines && m_grid[lines].pieces.size() <= 2) {
+        for (const Piece &piece : m_grid[lines].pieces) {
+            words += piece.words.size();
+        }
+        ++lines;
+        if (isAbove(m_grid[lines - 1])) {
+            break;
+        }
+    }
+    if (lines == 0 || words < fewestWords || !isAbove(m_grid[lines - 1])) {
+        return;
+    }
+    GridRow title = m_grid.front();
+    Piece all;
+    for (std::size_t i = 0; i < lines; ++i) {
+        for (const Piece &piece : m_grid[i].pieces) {
+            all.words.insert(all.words.end(), piece.words.begin(), piece.words.end());
+            all.box = united(all.box, piece.box);
+        }
+        title.box = united(title.box, m_grid[i].box);
+        title.baseline = m_grid[i].baseline;
+    }
+    all.span = columns();
+    title.pieces = {all};
+    m_grid.erase(m_grid.begin(), m_grid.begin() + static_cast<std::ptrdiff_t>(lines) - 1);
+    m_grid.front() = title;
+    m_hasTitle = true;
+}
+
+bool TextGrid::looksLikeTable() const
+{
+    if (columns() < 2) {
+        return false;
+    }
+    int pieces = 0;
+    int numeric = 0;
+    int words = 0;
+    int multi = 0;
+    std::vector<std::vector<const Piece *>> byColumn(static_cast<std::size_t>(columns()));
+    for (const GridRow &row : m_grid) {
+        multi += row.pieces.size() >= 2 ? 1 : 0;
+        for (const Piece &piece : row.pieces) {
+            ++pieces;
+            numeric += looksNumeric(textOf(piece.words)) ? 1 : 0;
+            words += static_cast<int>(piece.words.size());
+            if (piece.span == 1) {
+                byColumn[static_cast<std::size_t>(piece.column)].push_back(&piece);
+            }
+        }
+    }
+    double aligned = 0;
+    double counted = 0;
+    for (const auto &column : byColumn) {
+        std::vector<double> lefts;
+        std::vector<double> rights;
+        std::vector<double> centres;
+        for (const Piece *piece : column) {
+            lefts.push_back(piece->box.left);
+            rights.push_back(piece->box.right);
+            centres.push_back(piece->box.centreX());
+        }
+        const double best = std::max({alignedShare(lefts), alignedShare(rights), alignedShare(centres)});
+        aligned += best * static_cast<double>(column.size());
+        counted += static_cast<double>(column.size());
+    }
+    aligned /= std::max(1.0, counted);
+    const double numericShare = static_cast<double>(numeric) / pieces;
+    const double wordsInPiece = static_cast<double>(words) / pieces;
+    const double filled = static_cast<double>(pieces) / static_cast<double>(m_grid.size()) / columns();
+    if (wordsInPiece > 7 || filled < 0.3 || aligned < 0.5) {
+        return false;
+    }
+    if (numericShare >= 0.5 && columns() >= 3) {
+        return multi >= 2;
+    }
+    if (numericShare >= 0.3) {
+        return multi >= 3;
+    }
+    return multi >= 3 && wordsInPiece <= 5 && aligned >= 0.65 && filled >= 0.5;
+}
+
+} // namespace quorra::model

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "text_lines/text_lines.h"
+
+#include "text_lines/word_fragments.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+namespace quorra::model {
+
+namespace {
+
+constexpr double bodyHeight = 0.72;   // of the font size: the height of capitals
+constexpr double initialFactor = 1.8; // a word this much larger than the row's is an initial over several lines
+
+double sharedHeight(const Box &a, const Box &b)
+{
+    return std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
+}
+
+bool belongsTo(const Row &row, const Word &word, const Box &body)
+{
+    const double larger = std::max(row.size, word.style.size);
+    const double smaller = std::min(row.size, word.style.size);
+    if (larger > initialFactor * smaller) {
+        return std::abs(row.baseline - word.baseline) < 0.35 * smaller;
+    }
+    return sharedHeight(row.box, body) > 0.5 * std::min(row.box.height(), body.height());
+}
+
+void add(Row &row, const Word *word, const Box &body)
+{
+    if (row.words.empty() || word->style.size > row.size) {
+        row.size = word->style.size;
+        row.baseline = word->baseline;
+        row.box.top = body.top;
+        row.box.bottom = body.bottom;
+    }
+    row.box.left = row.words.empty() ? body.left : std::min(row.box.left, body.left);
+    row.box.right = row.words.empty() ? body.right : std::max(row.box.right, body.right);
+    row.words.push_back(word);
+}
+
+// A piece of a word goes to the row of the piece before it, and so does a fraction that goes on in its line.
+void uniteWordPieces(std::vector<Row> &rows)
+{
+    std::unordered_map<const Word *, std::size_t> homes;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        for (const Word *word : rows[i].words) {
+            homes.emplace(word, i);
+        }
+    }
+    const std::size_t count = rows.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        for (std::size_t k = 0; k < rows[i].words.size(); ++k) { // grows while pieces come in
+            const Word *word = rows[i].words[k];
+            const auto next = word->endsLine ? homes.end() : homes.find(word + 1);
+            if (next == homes.end() || next->second == i) {
+                continue;
+            }
+            const auto last = next->first->endsLine ? homes.end() : homes.find(next->first + 1);
+            const bool fraction = last != homes.end() && isSmallFraction(*word, *next->first, *last->first);
+            if (!fraction && !isRestOf(*word, *next->first)) {
+                continue;
+            }
+            std::vector<const Word *> &left = rows[next->second].words;
+            left.erase(std::find(left.begin(), left.end(), next->first));
+            add(rows[i], next->first, bodyOf(*next->first));
+            next->second = i;
+        }
+    }
+    rows.erase(std::remove_if(rows.begin(), rows.end(), [](const Row &row) { return row.words.empty(); }), rows.end());
+}
+
+// Whether a small word hangs on one of the row's words, as an index does.
+bool hangsOn(const Row &row, const Word &word)
+{
+    const Box body = bodyOf(word);
+    const double reach = 0.5 * row.size;
+    if (word.style.size > 0.85 * row.size || body.top > row.box.bottom + reach || body.bottom < row.box.top - reach) {
+        return false;
+    }
+    return std::any_of(row.words.begin(), row.words.end(), [&](const Word *base) {
+        return std::abs(word.box.left - base->box.right) < 0.25 * row.size;
+    });
+}
+
+// Rows of nothing but indices, too far from the letters that carry them to have been found with them.
+void attachIndices(std::vector<Row> &rows)
+{
+    constexpr std::size_t mostIndices = 8;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i].words.size() > mostIndices) {
+            continue;
+        }
+        for (const std::size_t home : {i - 1, i + 1}) {
+            const bool all = home < rows.size() && !rows[home].words.empty() &&
+                             std::all_of(rows[i].words.begin(), rows[i].words.end(), [&](const Word *word) {
+                                 return hangsOn(rows[home], *word);
+                             });
+            if (all && !rows[i].words.empty()) {
+                for (const Word *word : rows[i].words) {
+                    add(rows[home], word, bodyOf(*word));
+                }
+                rows[i].words.clear();
+            }
+        }
+    }
+    rows.erase(std::remove_if(rows.begin(), rows.end(), [](const Row &row) { return row.words.empty(); }), rows.end());
+}
+
+} // namespace
+
+Box bodyOf(const Word &word)
+{
+    return {word.box.left, word.baseline - bodyHeight * word.style.size, word.box.right, word.baseline};
+}
+
+std::vector<Row> rowsOf(WordRefs words)
+{
+    std::stable_sort(
+        words.begin(), words.end(), [](const Word *a, const Word *b) { return a->baseline < b->baseline; });
+    const bool hasPieces = std::any_of(words.begin(), words.end(), [](const Word *word) { return !word->endsLine; });
+    std::vector<Row> rows;
+    constexpr std::size_t openRows = 4;
+    for (const Word *word : words) {
+        const Box body = bodyOf(*word);
+        Row *home = nullptr;
+        for (std::size_t back = 1; back <= std::min(openRows, rows.size()) && !home; ++back) {
+            Row &row = rows[rows.size() - back];
+            home = belongsTo(row, *word, body) ? &row : nullptr;
+        }
+        add(home ? *home : rows.emplace_back(), word, body);
+    }
+    if (hasPieces) {
+        uniteWordPieces(rows);
+    }
+    attachIndices(rows);
+    for (Row &row : rows) {
+        std::stable_sort(
+            row.words.begin(), row.words.end(), [](const Word *a, const Word *b) { return a->box.left < b->box.left; });
+    }
+    std::stable_sort(rows.begin(), rows.end(), [](const Row &a, const Row &b) { return a.baseline < b.baseline; });
+    return rows;
+}
+
+std::vector<Segment> segmentsOf(const Row &row, double gapInSizes)
+{
+    std::vector<Segment> segments;
+    for (const Word *word : row.words) {
+        const Box body = bodyOf(*word);
+        const double size = std::min(row.size, word->style.size * 1.3);
+        if (segments.empty() || body.left - segments.back().box.right > gapInSizes * size) {
+            segments.push_back({{word}, body});
+        } else {
+            segments.back().words.push_back(word);
+            segments.back().box = united(segments.back().box, body);
+        }
+    }
+    return segments;
+}
+
+} // namespace quorra::model

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "text_lines/word_fragments.h"
+
+#include <cmath>
+
+namespace quorra::model {
+
+bool isRestOf(const Word &word, const Word &next)
+{
+    constexpr double widestGap = 0.25; // font sizes
+    const double size = word.style.size;
+    return !word.spaceAfter && word.rotation == next.rotation && next.box.left - word.box.right <= widestGap * size &&
+           next.box.left >= word.box.left - widestGap * size && std::abs(next.baseline - word.baseline) <= 1.1 * size;
+}
+
+bool isSmallFraction(const Word &word, const Word &first, const Word &second)
+{
+    constexpr double muchSmaller = 0.85;
+    constexpr double widestGap = 0.5; // font sizes
+    const double size = word.style.size;
+    const double gap = first.box.left - word.box.right;
+    const bool stacked = isRestOf(first, second) && second.box.left < first.box.centreX();
+    return stacked && !word.endsLine && word.rotation == first.rotation && first.style.size < muchSmaller * size &&
+           gap <= widestGap * size && gap > -widestGap * size && std::abs(first.baseline - word.baseline) <= size;
+}
+
+void keepPiecesTogether(const RawPage &raw, const std::vector<WordRefs *> &groups)
+{
+    const std::vector<Word> &words = raw.words;
+    std::vector<WordRefs *> homes(words.size(), nullptr);
+    for (WordRefs *group : groups) {
+        for (const Word *word : *group) {
+            homes[static_cast<std::size_t>(word - words.data())] = group;
+        }
+    }
+    const auto join = [&](std::size_t from, std::size_t to) {
+        if (homes[from] && !homes[to]) {
+            homes[to] = homes[from];
+            homes[to]->push_back(&words[to]);
+        }
+    };
+    for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+        if (isRestOf(words[i], words[i + 1])) {
+            join(i, i + 1);
+        }
+    }
+    for (std::size_t i = words.size(); i-- > 1;) {
+        if (isRestOf(words[i - 1], words[i])) {
+            join(i, i - 1);
+        }
+    }
+}
+
+} // namespace quorra::model

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+
+namespace quorra {
+
+/// An opaque colour, 0xRRGGBB.
+using Colour = std::uint32_t;
+constexpr Colour black = 0x000000;
+constexpr Colour white = 0xffffff;
+
+/// How many colours an output keeps.
+enum class ColourDepth { Colour, Gray, Mono };
+
+} // namespace quorra

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "convert/convert.h"
+
+#include "base/failure.h"
+#include "cli/page_range.h"
+#include "picture_rules.h"
+#include "platform/limits.h"
+#include "platform/output_file.h"
+#include "platform/page_time.h"
+#include "platform/part_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+namespace quorra {
+
+namespace {
+
+struct Row
+{
+    std::string_view extension;
+    Converter converter;
+};
+
+constexpr std::array<Row, 26> Rows = {{
+    {".txt", convertToText},       {".html", convertToHtml},   {".htm", convertToHtml},    {".xml", convertToXml},
+    {".doc", convertToWord},       {".docx", convertToWord},   {".rtf", convertToWord},    {".ppt", convertToSlides},
+    {".pptx", convertToSlides},    {".xls", convertToSheets},  {".xlsx", convertToSheets}, {".ps", convertToPostScript},
+    {".eps", convertToPostScript}, {".tiff", convertToImages}, {".tif", convertToImages},  {".jpeg", convertToImages},
+    {".jpe", convertToImages},     {".jpg", convertToImages},  {".tga", convertToImages},  {".png", convertToImages},
+    {".pnm", convertToImages},     {".gif", convertToImages},  {".bmp", convertToImages},  {".ppm", convertToImages},
+    {".pbm", convertToImages},     {".pgm", convertToImages},
+}};
+
+} // namespace
+
+Converter converterFor(std::string_view extension)
+{
+    const auto row =
+        std::find_if(Rows.begin(), Rows.end(), [&](const Row &each) { return each.extension == extension; });
+    return row == Rows.end() ? nullptr : row->converter;
+}
+
+TimeAllowance timeAllowed(const Job &job, double finer)
+{
+    const double share = static_cast<double>(job.pageCount()) / job.document.pageCount();
+    const auto bytes = static_cast<std::uint64_t>(share * static_cast<double>(job.document.fileBytes()));
+    return timeAllowance({job.pageCount(), bytes, finer}, timeFactor(std::getenv("QUORRA_TIME_FACTOR")));
+}
+
+void limitTime(const Job &job, double finer)
+{
+    const TimeAllowance allowed = timeAllowed(job, finer);
+    allowPageTime(allowed.page);
+    limits::allowProcessorTime(allowed.run);
+}
+
+double finerThanUsual(const Options &options)
+{
+    const double across = options.horizontalResolution(PictureResolution);
+    const double down = options.verticalResolution(PictureResolution);
+    return across * down / (PictureResolution * PictureResolution);
+}
+
+void convert(const Options &options)
+{
+    const std::string extension = outputExtension(options.outputPath);
+    const Converter converter = converterFor(extension);
+    if (!converter)
+        throw Failure(
+            ExitStatus::Usage, extension.empty() ? std::string("the output name has no extension")
+                                                 : "unknown output extension " + extension);
+    Document document(options.inputPath, options.userPassword, options.ownerPassword);
+    const PageRange range = pageRange(options, document.pageCount());
+    // What a killed run left where this one writes.
+    const std::size_t slash = options.outputPath.rfind('/');
+    sweepPartFiles(slash == std::string::npos ? "." : options.outputPath.substr(0, slash + 1));
+    const Job job{options, document, range.first, range.last};
+    limitTime(job, finerThanUsual(options));
+    converter(job);
+    syncFolderOf(options.outputPath);
+}
+
+} // namespace quorra

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "html.h"
+
+#include "analysis/analysis.h"
+#include "document/page_transform.h"
+#include "html/html_writer.h"
+#include "page_size.h"
+#include "pdf/page_reading.h"
+#include "pdf/picture_prefetch.h"
+#include "pdf/region_renderer.h"
+#include "platform/output_device.h"
+#include "platform/output_file.h"
+#include "platform/worker_pool.h"
+
+namespace quorra {
+
+namespace {
+
+// The file's name without folder and extension; bytes that are no UTF-8 are replaced.
+QString titleOf(const std::string &path)
+{
+    const QString name = QString::fromStdString(path.substr(path.rfind('/') + 1));
+    const auto dot = name.lastIndexOf(QLatin1Char('.'));
+    return dot > 0 ? name.left(dot) : name;
+}
+
+} // namespace
+
+void convertToMarkup(const Job &job, bool xhtml)
+{
+    OutputFile file(job.options.outputPath);
+    DocumentCopies copies(job.document);
+    model::Document document =
+        model::buildDocument(collectPages(copies, job.firstPage, job.pageCount(), Collect::Everything), forEachPage);
+    model::joinContinuations(document, true);
+    const PictureQuality quality{
+        job.options.colourDepth, static_cast<double>(job.options.horizontalResolution(EmbeddedResolution)),
+        static_cast<double>(job.options.verticalResolution(EmbeddedResolution))};
+    PagePictureSource drawn(job.document, quality.depth, quality.xres, quality.yres);
+    drawn.expect(document);
+    AheadPictures ahead(quality, copies, document, drawn);
+    office::MovedPictures pictures(ahead);
+    fitToOptions(document, job.options, pictures);
+    office::reduceColours(document, job.options.colourDepth);
+    OutputDevice device(file);
+    writeHtml(device, document, pictures, {xhtml, titleOf(job.options.inputPath)});
+    file.commit();
+}
+
+void convertToHtml(const Job &job)
+{
+    convertToMarkup(job, false);
+}
+
+} // namespace quorra

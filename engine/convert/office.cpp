@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/analysis.h"
+#include "convert/convert.h"
+#include "document/page_transform.h"
+#include "libreoffice/libreoffice.h"
+#include "page_size.h"
+#include "pdf/page_reading.h"
+#include "pdf/region_renderer.h"
+#include "platform/limits.h"
+#include "platform/output_file.h"
+#include "platform/temp_folder.h"
+#include "platform/worker_pool.h"
+#include "sheets/sheets_writer.h"
+#include "slides/slides_writer.h"
+#include "word/word_flow.h"
+#include "word/word_placed.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+
+namespace quorra {
+
+namespace {
+
+using namespace office;
+
+/// LibreOffice may take what is left of this process's time as well: many words on a page cost most there.
+std::chrono::milliseconds helperTime(const Job &job)
+{
+    const TimeAllowance allowed = timeAllowed(job, finerThanUsual(job.options));
+    return allowed.helper + std::max(std::chrono::milliseconds{0}, allowed.run - limits::processorTimeTaken());
+}
+
+// Collects the pages, lets write(file, document, pictures) put them into a flat ODF file, and has that exported.
+template <typename Writer>
+void convertThroughOffice(const Job &job, OdfKind kind, Component component, DrawingWords words, const Writer &write)
+{
+    // First what can be told at once: a folder that cannot be written to, and a missing LibreOffice.
+    OutputFile output(job.options.outputPath);
+    const std::string program =
+        findOffice(officeCandidates(std::getenv("QUORRA_SOFFICE"), std::getenv("PATH")), component);
+    sweepSockets();
+    const TempFolder folder;
+    const std::string source = folder.path() + "/document.xml";
+    {
+        DocumentCopies copies(job.document);
+        model::Document document = model::buildDocument(
+            collectPages(copies, job.firstPage, job.pageCount(), Collect::Everything), forEachPage);
+        const Options &options = job.options;
+        PagePictureSource pagePictures(
+            job.document, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
+            options.verticalResolution(EmbeddedResolution));
+        pagePictures.expect(document, words);
+        MovedPictures pictures(pagePictures);
+        fitToOptions(document, options, pictures);
+        reduceColours(document, options.colourDepth);
+        OdfFile file(kind, QString::fromStdString(source));
+        write(file, document, pictures);
+        file.finish();
+    }
+    output.writeFile(
+        exportFile(folder, program, source, outputExtension(job.options.outputPath), job.pageCount(), helperTime(job)));
+    output.commit();
+}
+
+} // namespace
+
+void convertToWord(const Job &job)
+{
+    const WordMode mode = job.options.wordMode;
+    const bool inFrames = mode == WordMode::FlowWithBoxes || mode == WordMode::Exact;
+    const DrawingWords words = inFrames ? DrawingWords::Apart : DrawingWords::InPicture;
+    const bool breaksApart = outputExtension(job.options.outputPath) != ".doc";
+    convertThroughOffice(
+        job, OdfKind::Text, Component::Writer, words,
+        [mode, breaksApart](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
+            switch (mode) {
+            case WordMode::Combine:
+                model::joinContinuations(document, false);
+                writeFlow(file, document, pictures, {true, true, true, breaksApart});
+                break;
+            case WordMode::FlowWithBoxes:
+                writeFramed(file, document, pictures);
+                break;
+            case WordMode::Exact:
+                writeExact(file, document, pictures);
+                break;
+            case WordMode::FlowWithoutBoxes:
+                writeFlow(file, document, pictures, {false, true, true, breaksApart});
+                break;
+            case WordMode::Continuous:
+                model::joinContinuations(document, true);
+                writeFlow(file, document, pictures, {false, false, false, breaksApart});
+                break;
+            }
+        });
+}
+
+void convertToSlides(const Job &job)
+{
+    convertThroughOffice(
+        job, OdfKind::Presentation, Component::Impress, DrawingWords::Apart,
+        [](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
+            MovedPictures unified(pictures);
+            unifyPages(document, unified);
+            writeSlides(file, document, unified);
+        });
+}
+
+void convertToSheets(const Job &job)
+{
+    convertThroughOffice(
+        job, OdfKind::Spreadsheet, Component::Calc, DrawingWords::Apart,
+        [](OdfFile &file, const model::Document &document, model::PictureSource &pictures) {
+            writeSheets(file, document, pictures);
+        });
+}
+
+} // namespace quorra

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "page_size.h"
+
+#include "paper_size.h"
+
+namespace quorra {
+
+void fitToOptions(model::Document &document, const Options &options, office::MovedPictures &pictures)
+{
+    for (model::Page &page : document.pages) {
+        if (const std::optional<PaperSize> paper = paperSize(options, page.width, page.height)) {
+            const office::Transform transform{paper->width / page.width, paper->height / page.height, 0, 0};
+            pictures.setTransform(page.number, transform);
+            office::transformPage(page, transform, paper->width, paper->height);
+        }
+    }
+}
+
+} // namespace quorra

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "document/raw_page.h"
+
+#include <optional>
+#include <variant>
+#include <vector>
+
+// The document as a reader sees it: pages with sections of columns, and in them paragraphs, tables and pictures.
+// All writers work from these types. Units and origin are those of page.h.
+//
+// What every coordinate means, once buildDocument() is done:
+// - Boxes (of columns, blocks, cells, lines, words, pictures, fills), rules and baselines count on the page as shown,
+//   whichever way the text runs. A cell lies inside its table, a paragraph's lines inside the paragraph unless it goes
+//   on in another column. transformPage() keeps this.
+// - A baseline is the y of a line of rotation 0 or 180, the x of one of rotation 90 or 270.
+// - Indents and distances of a paragraph are lengths along and across its own lines, not along the page's sides.
+// - The edges of a table and the sides of its cells (left, top, ...) are those of the table read upright: see Table.
+namespace quorra::model {
+
+/// Where a small piece of text stands against the letters beside it.
+enum class Script { None, Raised, Lowered };
+
+/// Text of one look.
+struct Run
+{
+    QString text;
+    Style style;
+    Script script = Script::None;
+
+    bool operator==(const Run &) const = default;
+};
+
+/// One line of text as it stands on the page; the words in the order in which they are read.
+struct Line
+{
+    Box box;
+    double baseline = 0;
+    int rotation = 0;
+    std::vector<Word> words;
+};
+
+enum class Role { Body, Heading1, Heading2, Heading3, ListItem, Caption, Footnote, RunningHead };
+enum class Alignment { Left, Centre, Right, Justify };
+
+struct Paragraph
+{
+    /// The text joined over its line ends, hyphens undone; '\n' stands for a line break that the page means
+    /// (code, addresses). For list items the mark is left out.
+    std::vector<Run> runs;
+    Role role = Role::Body;
+    Alignment alignment = Alignment::Left;
+    double indentLeft = 0;      ///< from the left edge of its column (or cell)
+    double indentRight = 0;     ///< from the right edge of its column (or cell)
+    double firstLineIndent = 0; ///< against the other lines; negative when it hangs
+    double spaceBefore = 0;     ///< blank space above the first line, beyond the normal line distance
+    double lineDistance = 0;    ///< baseline to baseline, 0 when there is one line only
+    Box box;
+    bool rightToLeft = false;
+    int rotation = 0;         ///< as in Word
+    QString listMark;         ///< "•", "3.", "(a)": as it stands on the page; empty when no list item
+    int listLevel = 0;        ///< 0 for the outermost list
+    bool listOrdered = false; ///< the mark counts
+    /// The text goes on from the last body paragraph before it (a column or page break stands inside a sentence).
+    bool continuesPrevious = false;
+    /// The last character of the paragraph that it continues is a hyphen to be dropped when the two are joined.
+    bool joinsHyphen = false;
+    std::vector<Line> lines; ///< as on the page, for writers that keep places
+};
+
+/// A line around a cell; width 0 means no line.
+struct Border
+{
+    double width = 0;
+    Colour colour = black;
+};
+
+struct Cell
+{
+    int row = 0;
+    int column = 0;
+    int rowSpan = 1;
+    int columnSpan = 1;
+    Box box;     ///< on the page, as all boxes
+    Border left; ///< the side towards the column before it, whichever way the table is turned; top and so on likewise
+    Border top;
+    Border right;
+    Border bottom;
+    std::optional<Colour> background;
+    std::vector<Paragraph> paragraphs; ///< empty in an empty cell
+};
+
+struct Table
+{
+    Box box;
+    int rotation = 0; ///< how far the table is turned clockwise against the page: 0, 90, 180 or 270
+    /// x of the columns' edges, one more than there are columns, growing. They count on the page turned so that the
+    /// table stands upright (turnToPage() leads from there to the page as shown): on the page itself for rotation 0.
+    std::vector<double> columnEdges;
+    std::vector<double> rowEdges; ///< y of the rows' edges, likewise
+    /// Row by row; every place of the grid is covered by exactly one cell, empty cells included.
+    std::vector<Cell> cells;
+    bool ruled = false; ///< found by its lines rather than by its text
+    int headerRows = 0;
+    bool continuesPrevious = false; ///< the rest of the table at the end of the page before
+
+    int columns() const { return columnEdges.empty() ? 0 : static_cast<int>(columnEdges.size()) - 1; }
+    int rows() const { return rowEdges.empty() ? 0 : static_cast<int>(rowEdges.size()) - 1; }
+};
+
+/// A picture; its pixels come from a PictureSource.
+struct Picture
+{
+    Box box;
+    PictureKind kind = PictureKind::Image;
+};
+
+struct Block
+{
+    std::variant<Paragraph, Table, Picture> content;
+    int column = 0; ///< in which column of its section it stands
+
+    const Paragraph *paragraph() const { return std::get_if<Paragraph>(&content); }
+    const Table *table() const { return std::get_if<Table>(&content); }
+    const Picture *picture() const { return std::get_if<Picture>(&content); }
+    Paragraph *paragraph() { return std::get_if<Paragraph>(&content); }
+    Table *table() { return std::get_if<Table>(&content); }
+    Picture *picture() { return std::get_if<Picture>(&content); }
+    Box box() const
+    {
+        return std::visit([](const auto &c) { return c.box; }, content);
+    }
+};
+
+/// A band of the page with one number of columns.
+struct Section
+{
+    std::vector<Box> columns;  ///< from the first to the last in reading order; at least one
+    std::vector<Block> blocks; ///< in reading order
+};
+
+struct Page
+{
+    int number = 1; ///< in the file
+    double width = 612;
+    double height = 792;
+    Box content;                     ///< around everything but the running heads: the page inside its margins
+    std::vector<Section> sections;   ///< from top to bottom, in reading order
+    std::vector<Block> runningHeads; ///< headers, footers and page numbers; paragraphs of that role
+    std::vector<Rule> rules;         ///< lines that belong to no table
+    std::vector<Fill> fills;         ///< backgrounds that belong to no table
+    std::size_t marks = 0;           ///< how many lines and shapes are drawn on it: tells how long drawing it takes
+    bool scanned = false;            ///< nothing but a picture of the page (then the only block is that picture)
+};
+
+struct Document
+{
+    std::vector<Page> pages;
+};
+
+} // namespace quorra::model

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/colour.h"
+#include "base/geometry.h"
+
+#include <QString>
+
+#include <vector>
+
+// Plain data: what one pass over a page of a PDF file finds. Nothing here knows the PDF library, so that everything
+// built on it can be tried on pages made by hand.
+//
+// All lengths are PDF points (1/72 inch). The origin is the top left corner of the page as it is shown (the page's own
+// rotation is undone), y grows downwards.
+namespace quorra::model {
+
+/// How a piece of text looks and where it leads.
+struct Style
+{
+    QString family; ///< "Times New Roman", without subset prefix and without Bold, Italic and the like
+    double size = 10;
+    bool bold = false;
+    bool italic = false;
+    bool fixedPitch = false;
+    bool serif = false;
+    Colour colour = black;
+    QString link; ///< an address, or "#page=N" for a place in the same document; empty for none
+
+    bool operator==(const Style &) const = default;
+};
+
+/// A word as drawn. The text stands in the order in which it is read (right-to-left words already turned).
+struct Word
+{
+    QString text;
+    Box box;
+    double baseline = 0; ///< y of the baseline for upright text, x for text turned by 90 or 270 degrees
+    int rotation = 0;    ///< 0, 90, 180 or 270: how far the text is turned clockwise against the page
+    bool spaceAfter = true;
+    bool endsLine = true; ///< the last word of what the PDF library takes for a line: a hint only
+    Style style;
+};
+
+/// A straight horizontal or vertical line, drawn as a stroke or as a thin filled rectangle.
+struct Rule
+{
+    double x1 = 0;
+    double y1 = 0;
+    double x2 = 0;
+    double y2 = 0;
+    double width = 1;
+    Colour colour = black;
+
+    bool isHorizontal() const { return y1 == y2; }
+    double length() const { return (x2 - x1) + (y2 - y1); }
+};
+
+/// A filled rectangle that is too thick to be a rule: the background of a cell or a box.
+struct Fill
+{
+    Box box;
+    Colour colour = white;
+};
+
+/// A curve, a slanted line, or something filled with a pattern.
+struct Ink
+{
+    Box box;
+    bool frame = false; ///< says nothing about what is inside its box: a frame with round corners, a pattern
+};
+
+enum class PictureKind {
+    Image,   ///< a raster image of the file
+    Drawing, ///< a region full of lines, curves and fills that are no rules of a table
+    Page     ///< the whole page, for scans
+};
+
+/// Where a picture stands. Its pixels come from a PictureSource, on request.
+struct RawPicture
+{
+    Box box; ///< the visible part
+    PictureKind kind = PictureKind::Image;
+};
+
+/// Everything one pass over a page finds.
+struct RawPage
+{
+    int number = 1; ///< counted from 1 in the file
+    double width = 612;
+    double height = 792;
+    std::vector<Word> words; ///< in the order of the PDF library's own reading order, a hint only
+    std::vector<Rule> rules;
+    std::vector<Fill> fills;
+    std::vector<RawPicture> pictures; ///< raster images; drawings are found later, from the ink
+    std::vector<Ink> ink;
+};
+
+} // namespace quorra::model

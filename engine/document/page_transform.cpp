@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/page_transform.h"
+
+#include "document/page_walk.h"
+#include "document/rotation.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::office {
+
+namespace {
+
+class Mover
+{
+public:
+    /// From `page`, as it is before, to the size given.
+    Mover(const Transform &transform, const model::Page &page, double width, double height)
+        : m_t(transform)
+        , m_size(std::min(transform.scaleX, transform.scaleY))
+        , m_widthBefore(page.width)
+        , m_heightBefore(page.height)
+        , m_width(width)
+        , m_height(height)
+    {}
+
+    double x(double value) const { return value * m_t.scaleX + m_t.shiftX; }
+    double y(double value) const { return value * m_t.scaleY + m_t.shiftY; }
+    void move(Box &box) const { box = {x(box.left), y(box.top), x(box.right), y(box.bottom)}; }
+    void move(model::Border &border) const { border.width *= m_size; }
+
+    void move(model::Rule &rule) const
+    {
+        rule.x1 = x(rule.x1);
+        rule.x2 = x(rule.x2);
+        rule.y1 = y(rule.y1);
+        rule.y2 = y(rule.y2);
+        rule.width *= m_size;
+    }
+
+    void move(model::Paragraph &paragraph) const
+    {
+        for (model::Run &run : paragraph.runs) {
+            run.style.size *= m_size;
+        }
+        const bool turned = paragraph.rotation % 180 != 0;
+        const double alongLines = turned ? m_t.scaleY : m_t.scaleX;
+        const double acrossLines = turned ? m_t.scaleX : m_t.scaleY;
+        for (double *indent : {&paragraph.indentLeft, &paragraph.indentRight, &paragraph.firstLineIndent}) {
+            *indent *= alongLines;
+        }
+        paragraph.spaceBefore *= acrossLines;
+        paragraph.lineDistance *= acrossLines;
+        move(paragraph.box);
+        for (model::Line &line : paragraph.lines) {
+            move(line.box);
+            line.baseline = baseline(line.baseline, line.rotation);
+            for (model::Word &word : line.words) {
+                move(word.box);
+                word.baseline = baseline(word.baseline, word.rotation);
+                word.style.size *= m_size;
+            }
+        }
+    }
+
+    void move(model::Block &block) const
+    {
+        if (model::Picture *picture = block.picture()) {
+            move(picture->box);
+        } else if (model::Table *table = block.table()) {
+            move(table->box);
+            moveEdges(*table);
+            for (model::Cell &cell : table->cells) {
+                move(cell.box);
+                for (model::Border *border : {&cell.left, &cell.top, &cell.right, &cell.bottom}) {
+                    move(*border);
+                }
+            }
+        }
+    }
+
+private:
+    // A table's edges count where it stands upright: over the page as shown to where they lie, and back.
+    void moveEdges(model::Table &table) const
+    {
+        const model::Turn before = model::turnToPage(table.rotation, m_widthBefore, m_heightBefore);
+        const model::Turn after = model::turnToPage(table.rotation, m_width, m_height).back();
+        const auto moved = [&](double uprightX, double uprightY) {
+            const auto [pageX, pageY] = before.point(uprightX, uprightY);
+            return after.point(x(pageX), y(pageY));
+        };
+        for (double &edge : table.columnEdges) {
+            edge = moved(edge, 0).first;
+        }
+        for (double &edge : table.rowEdges) {
+            edge = moved(0, edge).second;
+        }
+    }
+
+    double baseline(double value, int rotation) const { return rotation % 180 == 0 ? y(value) : x(value); }
+
+    Transform m_t;
+    double m_size;
+    double m_widthBefore;
+    double m_heightBefore;
+    double m_width;
+    double m_height;
+};
+
+Colour reduced(Colour colour, ColourDepth depth, Colour inMono)
+{
+    if (depth == ColourDepth::Colour) {
+        return colour;
+    }
+    if (depth == ColourDepth::Mono) {
+        return inMono;
+    }
+    const double red = (colour >> 16) & 0xff;
+    const double green = (colour >> 8) & 0xff;
+    const double blue = colour & 0xff;
+    const auto gray = static_cast<Colour>(std::lround(0.299 * red + 0.587 * green + 0.114 * blue));
+    return gray << 16 | gray << 8 | gray;
+}
+
+} // namespace
+
+void transformPage(model::Page &page, const Transform &transform, double width, double height)
+{
+    const Mover mover(transform, page, width, height);
+    page.width = width;
+    page.height = height;
+    mover.move(page.content);
+    for (model::Section &section : page.sections) {
+        std::for_each(section.columns.begin(), section.columns.end(), [&](Box &box) { mover.move(box); });
+    }
+    forEachBlock(page, [&](model::Block &block) { mover.move(block); });
+    std::for_each(page.runningHeads.begin(), page.runningHeads.end(), [&](model::Block &block) { mover.move(block); });
+    std::for_each(page.rules.begin(), page.rules.end(), [&](model::Rule &rule) { mover.move(rule); });
+    std::for_each(page.fills.begin(), page.fills.end(), [&](model::Fill &fill) { mover.move(fill.box); });
+    forEachParagraph(page, [&](model::Paragraph &paragraph) { mover.move(paragraph); });
+}
+
+model::EncodedPicture MovedPictures::encode(int pageNumber, const Box &box, model::PictureKind kind)
+{
+    const auto found = m_transforms.find(pageNumber);
+    if (found == m_transforms.end()) {
+        return m_source.encode(pageNumber, box, kind);
+    }
+    const Transform &t = found->second;
+    return m_source.encode(
+        pageNumber,
+        {(box.left - t.shiftX) / t.scaleX, (box.top - t.shiftY) / t.scaleY, (box.right - t.shiftX) / t.scaleX,
+         (box.bottom - t.shiftY) / t.scaleY},
+        kind);
+}
+
+void reduceColours(model::Document &document, ColourDepth depth)
+{
+    if (depth == ColourDepth::Colour) {
+        return;
+    }
+    const auto dark = [depth](Colour &colour) { colour = reduced(colour, depth, black); };
+    const auto light = [depth](Colour &colour) { colour = reduced(colour, depth, white); };
+    for (model::Page &page : document.pages) {
+        forEachParagraph(page, [&](model::Paragraph &paragraph) {
+            for (model::Run &run : paragraph.runs) {
+                dark(run.style.colour);
+            }
+            for (model::Line &line : paragraph.lines) {
+                for (model::Word &word : line.words) {
+                    dark(word.style.colour);
+                }
+            }
+        });
+        std::for_each(page.rules.begin(), page.rules.end(), [&](model::Rule &rule) { dark(rule.colour); });
+        // Black text must stay readable: backgrounds vanish in black and white.
+        std::for_each(page.fills.begin(), page.fills.end(), [&](model::Fill &fill) { light(fill.colour); });
+        forEachBlock(page, [&](model::Block &block) {
+            if (model::Table *table = block.table()) {
+                for (model::Cell &cell : table->cells) {
+                    for (model::Border *border : {&cell.left, &cell.top, &cell.right, &cell.bottom}) {
+                        dark(border->colour);
+                    }
+                    if (cell.background) {
+                        light(*cell.background);
+                    }
+                }
+            }
+        });
+    }
+}
+
+} // namespace quorra::office

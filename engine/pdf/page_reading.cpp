@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pdf/page_reading.h"
+
+#include "platform/worker_pool.h"
+
+namespace quorra {
+
+std::vector<model::RawPage> collectPages(DocumentCopies &copies, int firstPage, int pageCount, Collect what)
+{
+    std::vector<model::RawPage> pages(static_cast<std::size_t>(pageCount));
+    const auto collect = [&](const PageSource &next) {
+        const DocumentCopies::Loan document = copies.borrow();
+        PageCollector collector(*document, what);
+        while (const int position = next()) {
+            pages[static_cast<std::size_t>(position) - 1] = collector.collect(firstPage + position - 1);
+        }
+    };
+    runPool(poolSize(pageCount), pageCount, collect);
+    return pages;
+}
+
+} // namespace quorra

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "page_words.h"
+
+#include "document/direction.h"
+#include "font_name.h"
+
+#include <TextOutputDev.h>
+
+#include <QHash>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra {
+
+namespace {
+
+Colour colourOf(double r, double g, double b)
+{
+    const auto byte = [](double c) { return static_cast<Colour>(std::clamp(std::lround(c * 255), 0L, 255L)); };
+    return byte(r) << 16U | byte(g) << 8U | byte(b);
+}
+
+/// Turns the library's words into ours; remembers the fonts it has read.
+class WordReader
+{
+public:
+    explicit WordReader(model::RawPage &page) : m_page(page) {}
+
+    void read(const TextWord *word)
+    {
+        QString text;
+        for (int i = 0; i < word->getLength(); ++i) {
+            text += QString::fromUcs4(reinterpret_cast<const char32_t *>(word->getChar(i)), 1);
+        }
+        model::Word own;
+        own.text = model::plainLetters(model::logicalWord(text));
+        if (own.text.trimmed().isEmpty()) {
+            return;
+        }
+        word->getBBox(&own.box.left, &own.box.top, &own.box.right, &own.box.bottom);
+        own.baseline = word->getBaseline();
+        own.rotation = word->getRotation() * 90;
+        own.endsLine = !word->getNext();
+        own.spaceAfter = word->getSpaceAfter() || own.endsLine; // the end of a line is no end of a word's piece
+        own.style = styleOf(word);
+        m_page.words.push_back(std::move(own));
+    }
+
+private:
+    model::Style styleOf(const TextWord *word)
+    {
+        const TextFontInfo *info = word->getFontInfo(0);
+        auto known = m_styles.constFind(info);
+        if (known == m_styles.constEnd()) {
+            const GooString *name = word->getFontName(0);
+            const model::FontName parsed =
+                model::parseFontName(name ? QString::fromLatin1(name->c_str(), name->getLength()) : QString());
+            model::Style style;
+            style.family = parsed.family;
+            style.bold = parsed.bold || info->isBold();
+            style.italic = parsed.italic || info->isItalic();
+            style.fixedPitch = parsed.fixedPitch || info->isFixedWidth();
+            style.serif = (info->isSerif() || parsed.serif) && !parsed.sansSerif && !style.fixedPitch;
+            m_styles.insert(info, style);
+            known = m_styles.constFind(info);
+        }
+        model::Style style = *known;
+        style.size = word->getFontSize();
+        double r = 0;
+        double g = 0;
+        double b = 0;
+        word->getColor(&r, &g, &b);
+        style.colour = colourOf(r, g, b);
+        return style;
+    }
+
+    model::RawPage &m_page;
+    QHash<const TextFontInfo *, model::Style> m_styles;
+};
+
+} // namespace
+
+void readWords(const TextOutputDev &device, model::RawPage &page)
+{
+    WordReader reader(page);
+    for (const TextFlow *flow = device.getFlows(); flow; flow = flow->getNext()) {
+        for (const TextBlock *block = flow->getBlocks(); block; block = block->getNext()) {
+            for (const TextLine *line = block->getLines(); line; line = line->getNext()) {
+                for (const TextWord *word = line->getWords(); word; word = word->getNext()) {
+                    reader.read(word);
+                }
+            }
+        }
+    }
+}
+
+} // namespace quorra

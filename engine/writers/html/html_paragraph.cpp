@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "html_paragraph.h"
+
+#include "base/xml_text.h"
+#include "document/line_text.h"
+#include "document/preformatted.h"
+#include "html_leaders.h"
+#include "html_style.h"
+#include "html_text.h"
+
+#include <QXmlStreamWriter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra {
+
+namespace {
+
+using model::Page;
+using model::Paragraph;
+using model::Role;
+using model::Run;
+using Lines = std::vector<std::vector<Run>>;
+
+bool isHeading(const Paragraph &paragraph)
+{
+    return paragraph.role >= Role::Heading1 && paragraph.role <= Role::Heading3;
+}
+
+const char *tagOf(const Paragraph &paragraph)
+{
+    switch (paragraph.role) {
+    case Role::Heading1:
+        return "h1";
+    case Role::Heading2:
+        return "h2";
+    case Role::Heading3:
+        return "h3";
+    default:
+        return "p";
+    }
+}
+
+// The words of a running head as its parts: a page number at one end and a title at the other are not one text.
+Lines headParts(const Paragraph &head)
+{
+    constexpr double wideGap = 2.5; // font sizes
+    Lines parts;
+    for (const model::Line &line : head.lines) {
+        model::Line part{line.box, line.baseline, line.rotation, {}};
+        for (const model::Word &word : line.words) {
+            if (!part.words.empty()) {
+                const Box &before = part.words.back().box;
+                const double gap = std::max(word.box.left - before.right, before.left - word.box.right);
+                if (gap > wideGap * word.style.size) {
+                    model::appendLine(parts.emplace_back(), part, false);
+                    part.words.clear();
+                }
+            }
+            part.words.push_back(word);
+        }
+        model::appendLine(parts.emplace_back(), part, false);
+    }
+    return parts;
+}
+
+QString headPlace(const Page &page, const Box &head)
+{
+    const double left = head.left - page.content.left;
+    const double right = page.content.right - head.right;
+    constexpr double middle = 0.1; // of the page's width
+    if (page.content.isEmpty() || std::max(left, right) < middle * page.width) {
+        return {};
+    }
+    if (std::abs(left - right) < middle * page.width) {
+        return QStringLiteral("text-align:center");
+    }
+    return left > right ? QStringLiteral("text-align:right") : QString();
+}
+
+void writeListing(QXmlStreamWriter &xml, const Lines &lines, TextGround ground)
+{
+    ground.preformatted = true;
+    std::vector<Run> all;
+    for (const std::vector<Run> &line : lines) {
+        if (!all.empty()) {
+            all.back().text += QLatin1Char('\n');
+        }
+        all.insert(all.end(), line.begin(), line.end());
+    }
+    writeInline(xml, all, ground);
+}
+
+void writeSpan(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextGround &ground)
+{
+    startElement(xml, "span");
+    xml.writeCharacters(QString()); // an empty one must not become a self-closing element
+    writeInline(xml, runs, ground);
+    xml.writeEndElement();
+}
+
+void writeLeaders(QXmlStreamWriter &xml, const std::vector<LeaderLine> &lines, const TextGround &ground)
+{
+    for (const LeaderLine &line : lines) {
+        startElement(xml, "span", "entry");
+        writeSpan(xml, line.entry, ground);
+        startElement(xml, "span", line.dots.isEmpty() ? "gap" : "dots"); // nothing to be read aloud
+        xml.writeAttribute(QStringLiteral("aria-hidden"), QStringLiteral("true"));
+        xml.writeCharacters(line.dots.isEmpty() ? QStringLiteral(" ") : xmlText(line.dots));
+        xml.writeEndElement();
+        if (!line.page.empty()) {
+            writeSpan(xml, line.page, ground);
+        }
+        xml.writeEndElement();
+        xml.writeCharacters(QStringLiteral("\n"));
+    }
+}
+
+// The look of the element and what its text is written against.
+TextGround textGround(const Paragraph &paragraph, const ParagraphGround &ground)
+{
+    TextGround text{
+        mainLook(paragraph.runs, ground.usual, isHeading(paragraph)), isHeading(paragraph), false,
+        ground.lostBackground};
+    if (ground.lostBackground && isFaint(text.look.colour)) {
+        text.look.colour = black;
+    }
+    return text;
+}
+
+} // namespace
+
+void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const ParagraphGround &ground)
+{
+    const Lines listing = model::listingLines(paragraph);
+    const std::vector<LeaderLine> leaders = listing.empty() ? leaderLines(paragraph) : std::vector<LeaderLine>();
+    const TextGround text = textGround(paragraph, ground);
+    Paragraph place = paragraph;
+    if (!leaders.empty() || !listing.empty()) { // every line is a paragraph of its own
+        place.alignment = model::Alignment::Left;
+        place.firstLineIndent = 0;
+    }
+    startElement(
+        xml, listing.empty() ? tagOf(paragraph) : "pre", paragraph.role == Role::Caption ? "caption" : nullptr);
+    writeStyle(
+        xml, joinedStyle(
+                 {paragraphStyle(place, text.look, ground.usual), borderStyle("border-top", ground.decoration.above),
+                  borderStyle("border-bottom", ground.decoration.below)}));
+    writeDirection(xml, paragraph.rightToLeft);
+    xml.writeCharacters(QString());
+    if (!listing.empty()) {
+        writeListing(xml, listing, text);
+    } else if (!leaders.empty()) {
+        writeLeaders(xml, leaders, text);
+    } else {
+        writeInline(xml, paragraph.runs, text);
+    }
+    endBlock(xml);
+}
+
+void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const ParagraphGround &ground)
+{
+    const TextGround text = textGround(item, ground);
+    writeStyle(xml, runStyle(text.look, ground.usual, false));
+    writeDirection(xml, item.rightToLeft);
+    xml.writeCharacters(QString());
+    if (item.listOrdered) { // the mark as it stands: a list that goes on after other text keeps its number
+        startElement(xml, "span", "mark");
+        xml.writeCharacters(xmlText(item.listMark));
+        xml.writeEndElement();
+        xml.writeCharacters(QStringLiteral(" "));
+    }
+    writeInline(xml, item.runs, text);
+}
+
+void writeHtmlRunningHead(QXmlStreamWriter &xml, const Page &page, const Paragraph &head, const ParagraphGround &ground)
+{
+    const Lines parts = headParts(head);
+    const TextGround text = textGround(head, ground);
+    const bool turned = head.rotation != 0;
+    const bool spread = parts.size() > 1 && !turned;
+    startElement(xml, head.box.centreY() < page.height / 2 ? "header" : "footer", spread ? "parts" : nullptr);
+    writeStyle(
+        xml,
+        joinedStyle(
+            {paragraphStyle(head, text.look, ground.usual), spread || turned ? QString() : headPlace(page, head.box)}));
+    writeDirection(xml, head.rightToLeft);
+    xml.writeCharacters(QString());
+    if (!spread) {
+        writeInline(xml, head.runs, text);
+    }
+    for (std::size_t i = 0; spread && i < parts.size(); ++i) {
+        xml.writeCharacters(i > 0 ? QStringLiteral("\n") : QString());
+        writeSpan(xml, parts[i], text);
+    }
+    endBlock(xml);
+}
+
+} // namespace quorra

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "html_table.h"
+
+#include "base/xml_text.h"
+#include "document/rotation.h"
+#include "html_style.h"
+#include "html_text.h"
+
+#include <QXmlStreamWriter>
+
+#include <algorithm>
+
+namespace quorra {
+
+namespace {
+
+using model::Cell;
+using model::Paragraph;
+using model::Style;
+
+void writeSpan(QXmlStreamWriter &xml, const char *name, int span)
+{
+    if (span > 1) {
+        xml.writeAttribute(QLatin1String(name), QString::number(span));
+    }
+}
+
+void writeCellText(QXmlStreamWriter &xml, const Cell &cell, bool cellRightToLeft, const TextGround &ground)
+{
+    bool first = true;
+    for (const Paragraph &paragraph : cell.paragraphs) {
+        if (!first) {
+            xml.writeEmptyElement(QStringLiteral("br"));
+        }
+        first = false;
+        const bool turned = paragraph.rightToLeft != cellRightToLeft;
+        if (turned) {
+            startElement(xml, "span");
+            xml.writeAttribute(
+                QStringLiteral("dir"), paragraph.rightToLeft ? QStringLiteral("rtl") : QStringLiteral("ltr"));
+        }
+        if (!paragraph.listMark.isEmpty()) {
+            xml.writeCharacters(xmlText(paragraph.listMark) + QLatin1Char(' '));
+        }
+        writeInline(xml, paragraph.runs, ground);
+        if (turned) {
+            xml.writeEndElement();
+        }
+    }
+}
+
+void writeCell(QXmlStreamWriter &xml, const Cell &cell, bool header, const Style &around)
+{
+    startElement(xml, header ? "th" : "td");
+    writeSpan(xml, "rowspan", cell.rowSpan);
+    writeSpan(xml, "colspan", cell.columnSpan);
+    std::vector<model::Run> all;
+    for (const Paragraph &paragraph : cell.paragraphs) {
+        all.insert(all.end(), paragraph.runs.begin(), paragraph.runs.end());
+    }
+    const Style look = mainLook(all, around, false);
+    const QString style = joinedStyle({runStyle(look, around, false), cellStyle(cell)});
+    writeStyle(xml, style);
+    const bool rightToLeft = !cell.paragraphs.empty() && cell.paragraphs.front().rightToLeft;
+    writeDirection(xml, rightToLeft);
+    xml.writeCharacters(QString()); // an empty cell must not become a self-closing element
+    writeCellText(xml, cell, rightToLeft, {look, false, false, false});
+    xml.writeEndElement();
+}
+
+} // namespace
+
+void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Style &around, bool centred)
+{
+    if (table.rotation != 0) {
+        writeHtmlTable(xml, model::uprightTable(table), around, centred);
+        return;
+    }
+    startElement(xml, "div", "wide");
+    startElement(xml, "table", centred ? "middle" : nullptr);
+    const Style look = mainLook(table, around);
+    const QString style = runStyle(look, around, false);
+    writeStyle(xml, style);
+    int row = -1;
+    const auto openRow = [&] {
+        if (row >= 0) {
+            endBlock(xml);
+        }
+        startElement(xml, "tr");
+        xml.writeCharacters(QString());
+        ++row;
+    };
+    for (const Cell &cell : table.cells) {
+        while (row < cell.row) {
+            openRow();
+        }
+        writeCell(xml, cell, cell.row < table.headerRows, look);
+    }
+    while (row + 1 < table.rows() && row >= 0) { // rows that cells from above fill
+        openRow();
+    }
+    if (row >= 0) {
+        xml.writeEndElement();
+    }
+    xml.writeEndElement();
+    endBlock(xml);
+}
+
+} // namespace quorra

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "html_text.h"
+
+#include "base/xml_text.h"
+#include "html_style.h"
+
+#include <QXmlStreamWriter>
+
+#include <utility>
+
+namespace quorra {
+
+namespace {
+
+using model::Run;
+using model::Script;
+
+// Cuts the blanks at the end off the text and returns them.
+QString takeBlanks(QString &text)
+{
+    auto end = text.size();
+    while (end > 0 && text.at(end - 1).isSpace()) {
+        --end;
+    }
+    QString blanks = text.mid(end);
+    text.truncate(end);
+    return blanks;
+}
+
+class InlineWriter
+{
+public:
+    InlineWriter(QXmlStreamWriter &xml, const TextGround &ground) : m_xml(xml), m_ground(ground) {}
+
+    void write(const std::vector<Run> &runs)
+    {
+        for (const Run &run : runs) {
+            QString text = run.text;
+            QString blanks = takeBlanks(text);
+            if (text.isEmpty()) { // no link around nothing
+                m_blanks += blanks;
+                continue;
+            }
+            if (run.style.link != m_link) {
+                closeLink();
+                writeText(m_blanks);
+                openLink(run.style.link);
+            } else {
+                writeText(m_blanks);
+            }
+            writeRun(run, text);
+            m_blanks = std::move(blanks);
+        }
+        closeLink();
+    }
+
+private:
+    void openLink(const QString &link)
+    {
+        m_link = link;
+        if (!link.isEmpty()) {
+            startElement(m_xml, "a");
+            m_xml.writeAttribute(QStringLiteral("href"), xmlText(linkAddress(link)));
+        }
+    }
+
+    void closeLink()
+    {
+        if (!m_link.isEmpty()) {
+            m_xml.writeEndElement();
+            m_link.clear();
+        }
+    }
+
+    void writeRun(const Run &run, const QString &text)
+    {
+        int open = 0;
+        const auto element = [&](const char *tag) {
+            startElement(m_xml, tag);
+            ++open;
+        };
+        model::Style style = run.style;
+        if (m_ground.lostBackground && isFaint(style.colour)) {
+            style.colour = black;
+        }
+        model::Style around = m_ground.look;
+        if (!style.link.isEmpty()) { // a link takes no colour from around it
+            around.colour = black;
+        }
+        if (run.script != Script::None) { // the element makes it small
+            element(run.script == Script::Raised ? "sup" : "sub");
+            style.size = m_ground.look.size;
+        }
+        const QString declarations = runStyle(style, around, m_ground.heading);
+        if (!declarations.isEmpty()) {
+            if (open == 0) {
+                element("span");
+            }
+            m_xml.writeAttribute(QStringLiteral("style"), declarations);
+        }
+        if (style.bold && !(m_ground.heading && m_ground.look.bold)) {
+            element("b");
+        }
+        if (style.italic) {
+            element("i");
+        }
+        writeText(text);
+        for (; open > 0; --open) {
+            m_xml.writeEndElement();
+        }
+    }
+
+    void writeText(const QString &text)
+    {
+        if (m_ground.preformatted || !text.contains(QLatin1Char('\n'))) {
+            m_xml.writeCharacters(xmlText(text));
+            return;
+        }
+        const auto lines = text.split(QLatin1Char('\n'));
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            if (i > 0) {
+                m_xml.writeEmptyElement(QStringLiteral("br"));
+            }
+            m_xml.writeCharacters(xmlText(lines.at(i)));
+        }
+    }
+
+    QXmlStreamWriter &m_xml;
+    const TextGround &m_ground;
+    QString m_link;
+    QString m_blanks;
+};
+
+} // namespace
+
+void startElement(QXmlStreamWriter &xml, const char *tag, const char *htmlClass)
+{
+    xml.writeStartElement(QLatin1String(tag));
+    if (htmlClass) {
+        xml.writeAttribute(QStringLiteral("class"), QLatin1String(htmlClass));
+    }
+}
+
+void writeInline(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextGround &ground)
+{
+    InlineWriter(xml, ground).write(runs);
+}
+
+void endBlock(QXmlStreamWriter &xml)
+{
+    xml.writeEndElement();
+    xml.writeCharacters(QStringLiteral("\n"));
+}
+
+void writeStyle(QXmlStreamWriter &xml, const QString &style)
+{
+    if (!style.isEmpty()) {
+        xml.writeAttribute(QStringLiteral("style"), style);
+    }
+}
+
+void writeDirection(QXmlStreamWriter &xml, bool rightToLeft)
+{
+    if (rightToLeft) {
+        xml.writeAttribute(QStringLiteral("dir"), QStringLiteral("rtl"));
+    }
+}
+
+} // namespace quorra

@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "html/html_writer.h"
+
+#include "base/xml_text.h"
+#include "document/page_walk.h"
+#include "document/paragraph_borders.h"
+#include "html_language.h"
+#include "html_paragraph.h"
+#include "html_picture.h"
+#include "html_style.h"
+#include "html_table.h"
+#include "html_text.h"
+
+#include <QXmlStreamWriter>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace quorra {
+
+namespace {
+
+using model::Block;
+using model::Page;
+using model::Paragraph;
+using model::Picture;
+using model::Role;
+using model::Style;
+using model::Table;
+
+// Whether faint text stands on something that is no background of all of it: a picture, a bar.
+bool isOnSomething(const Page &page, const Paragraph &paragraph)
+{
+    const auto isPale = [](const model::Run &run) { return isFaint(run.style.colour); };
+    if (std::none_of(paragraph.runs.begin(), paragraph.runs.end(), isPale)) {
+        return false;
+    }
+    const Box &text = paragraph.box;
+    bool found = std::any_of(page.fills.begin(), page.fills.end(), [&text](const model::Fill &fill) {
+        return !isFaint(fill.colour) && !intersected(fill.box, text).isEmpty();
+    });
+    office::forEachBlock(page, [&](const Block &block) {
+        found = found || (block.picture() && !intersected(block.picture()->box, text).isEmpty());
+    });
+    return found;
+}
+
+// Whether a table or picture stands in the middle of its column, or of the page where that has one column.
+bool isCentred(const Page &page, const model::Section &section, const Block &block)
+{
+    const auto at = static_cast<std::size_t>(block.column);
+    if (at >= section.columns.size()) {
+        return false;
+    }
+    const Box around = section.columns.size() == 1 ? page.content : section.columns[at];
+    const Box box = block.box();
+    constexpr double least = 12; // points
+    return box.left - around.left > least &&
+           std::abs(box.left - around.left - (around.right - box.right)) < 0.1 * around.width();
+}
+
+class HtmlWriter
+{
+public:
+    HtmlWriter(QIODevice &out, const model::Document &document, model::PictureSource &pictures)
+        : m_xml(&out)
+        , m_document(document)
+        , m_pictures(pictures)
+        , m_usual(usualStyle(document))
+    {}
+
+    void write(const HtmlOptions &options)
+    {
+        if (options.xhtml) {
+            m_xml.writeStartDocument();
+        }
+        m_xml.writeDTD(QStringLiteral("<!DOCTYPE html>"));
+        m_xml.writeStartElement(QStringLiteral("html"));
+        m_xml.writeDefaultNamespace(QStringLiteral("http://www.w3.org/1999/xhtml"));
+        const QString language = languageOf(m_document);
+        if (!language.isEmpty()) {
+            m_xml.writeAttribute(QStringLiteral("lang"), language);
+        }
+        writeHead(options);
+        m_xml.writeStartElement(QStringLiteral("body"));
+        m_xml.writeCharacters(QStringLiteral("\n"));
+        for (const Page &page : m_document.pages) {
+            writePage(page);
+        }
+        m_xml.writeEndElement();
+        m_xml.writeEndElement();
+        m_xml.writeEndDocument();
+    }
+
+private:
+    void writeHead(const HtmlOptions &options)
+    {
+        m_xml.writeStartElement(QStringLiteral("head"));
+        m_xml.writeEmptyElement(QStringLiteral("meta"));
+        m_xml.writeAttribute(QStringLiteral("charset"), QStringLiteral("utf-8"));
+        m_xml.writeEmptyElement(QStringLiteral("meta"));
+        m_xml.writeAttribute(QStringLiteral("name"), QStringLiteral("viewport"));
+        m_xml.writeAttribute(QStringLiteral("content"), QStringLiteral("width=device-width, initial-scale=1"));
+        m_xml.writeTextElement(
+            QStringLiteral("title"), options.title.isEmpty() ? QStringLiteral("Document") : xmlText(options.title));
+        m_xml.writeTextElement(QStringLiteral("style"), styleSheet(m_document, m_usual));
+        m_xml.writeEndElement();
+    }
+
+    void writePage(const Page &page)
+    {
+        startElement(m_xml, "section", page.scanned ? "page scan" : "page");
+        m_xml.writeAttribute(QStringLiteral("id"), QStringLiteral("page-%1").arg(page.number));
+        m_xml.writeCharacters(QString()); // an empty page must not become a self-closing element
+        writeHeads(page, true);
+        for (const model::Section &section : page.sections) {
+            writeBlocks(page, section);
+        }
+        writeHeads(page, false);
+        endBlock(m_xml);
+    }
+
+    void writeHeads(const Page &page, bool top)
+    {
+        for (const Block &head : page.runningHeads) {
+            if ((head.box().centreY() < page.height / 2) == top && head.paragraph()) {
+                writeHtmlRunningHead(m_xml, page, *head.paragraph(), groundOf(page, *head.paragraph()));
+            }
+        }
+    }
+
+    void writeBlocks(const Page &page, const model::Section &section)
+    {
+        for (std::size_t i = 0; i < section.blocks.size(); ++i) {
+            const Block &block = section.blocks[i];
+            const Paragraph *paragraph = block.paragraph();
+            const office::Decoration decoration =
+                paragraph ? office::decorationOf(page, paragraph->box) : office::Decoration();
+            if (!paragraph || paragraph->role != Role::ListItem) {
+                closeLists(0);
+            }
+            setBackground(decoration.background);
+            if (const Table *table = block.table()) {
+                writeHtmlTable(m_xml, *table, m_usual, isCentred(page, section, block));
+            } else if (const Picture *picture = block.picture()) {
+                const Block *next = i + 1 < section.blocks.size() ? &section.blocks[i + 1] : nullptr;
+                const bool labelled = next && office::isLabelOf(*next, *picture);
+                const bool centred = isCentred(page, section, block);
+                if (writePicture(page, *picture, labelled ? next->paragraph() : nullptr, centred) && labelled) {
+                    ++i;
+                }
+            } else if (paragraph->role == Role::ListItem) {
+                writeListItem(page, *paragraph);
+            } else {
+                ParagraphGround ground = groundOf(page, *paragraph);
+                ground.decoration = decoration;
+                writeHtmlParagraph(m_xml, *paragraph, ground);
+            }
+        }
+        closeLists(0);
+        setBackground({});
+    }
+
+    // Blocks that follow one another on one background share one element with it.
+    void setBackground(std::optional<Colour> background)
+    {
+        if (background == m_background) {
+            return;
+        }
+        closeLists(0);
+        if (m_background) {
+            m_xml.writeEndElement();
+        }
+        if (background) {
+            startElement(m_xml, "div", "shaded");
+            writeStyle(m_xml, QStringLiteral("background:") + colourName(*background));
+        }
+        m_background = background;
+    }
+
+    void closeLists(int wanted)
+    {
+        for (; m_openLists > wanted; --m_openLists) {
+            m_xml.writeEndElement();
+            endBlock(m_xml);
+        }
+    }
+
+    // Leaves the item open for a list inside it.
+    void writeListItem(const Page &page, const Paragraph &item)
+    {
+        const int wanted = std::min(item.listLevel + 1, m_openLists + 1);
+        closeLists(wanted);
+        if (m_openLists == wanted) {
+            endBlock(m_xml);
+        } else {
+            startElement(m_xml, item.listOrdered ? "ol" : "ul", item.listOrdered ? "counted" : nullptr);
+        }
+        m_openLists = wanted;
+        startElement(m_xml, "li");
+        writeHtmlListText(m_xml, item, groundOf(page, item));
+    }
+
+    ParagraphGround groundOf(const Page &page, const Paragraph &paragraph) const
+    {
+        return {m_usual, {}, !m_background && isOnSomething(page, paragraph)};
+    }
+
+    // False when the picture cannot be had.
+    bool writePicture(const Page &page, const Picture &picture, const Paragraph *labels, bool centred)
+    {
+        const model::EncodedPicture encoded = m_pictures.encode(page.number, picture.box, picture.kind);
+        if (encoded.bytes.isEmpty()) {
+            return false;
+        }
+        const QString alt = page.scanned ? QStringLiteral("Page %1").arg(page.number) : QString();
+        writeHtmlPicture(m_xml, encoded, picture.box, labels, alt, centred);
+        return true;
+    }
+
+    QXmlStreamWriter m_xml;
+    const model::Document &m_document;
+    model::PictureSource &m_pictures;
+    Style m_usual;
+    std::optional<Colour> m_background;
+    int m_openLists = 0;
+};
+
+} // namespace
+
+void writeHtml(
+    QIODevice &out, const model::Document &document, model::PictureSource &pictures, const HtmlOptions &options)
+{
+    HtmlWriter(out, document, pictures).write(options);
+}
+
+} // namespace quorra

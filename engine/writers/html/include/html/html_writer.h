@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "document/document.h"
+#include "document/picture_source.h"
+
+#include <QIODevice>
+#include <QString>
+
+namespace quorra {
+
+struct HtmlOptions
+{
+    bool xhtml = false; ///< an XML document instead of HTML5
+    QString title;
+};
+
+/// Writes the document as one file without outside parts: paragraphs, headings, lists and tables, pictures inside the
+/// file. The text is well-formed XML in both forms. The document's continuations are expected to be joined already.
+void writeHtml(
+    QIODevice &out, const model::Document &document, model::PictureSource &pictures, const HtmlOptions &options);
+
+} // namespace quorra

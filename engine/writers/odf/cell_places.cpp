@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "odf/cell_places.h"
+
+#include "odf/line_layout.h"
+#include "odf/odf_runs.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double MostIndent = 0.6;  // of the cell's width: more is no indent
+constexpr double Tightest = 0.95;   // of the size of type, from line to line
+constexpr double BorderRoom = 0.75; // points of a row's height that its lines take
+
+void indent(model::Paragraph &paragraph, const Box &cell)
+{
+    const auto inside = [&cell](double blank) { return std::clamp(blank, 0.0, MostIndent * cell.width()); };
+    paragraph.indentLeft = 0;
+    paragraph.indentRight = 0;
+    if (paragraph.alignment == model::Alignment::Left || paragraph.alignment == model::Alignment::Justify) {
+        paragraph.indentLeft = inside(paragraph.box.left - cell.left);
+    }
+    if (paragraph.alignment == model::Alignment::Right || paragraph.alignment == model::Alignment::Justify) {
+        paragraph.indentRight = inside(cell.right - paragraph.box.right);
+    }
+}
+
+double lineHeightIn(const model::Paragraph &paragraph, double room)
+{
+    const double usual = laidOut(paragraph).lineHeight;
+    return usual > room ? std::max(Tightest * largestSize(paragraph.runs), room) : usual;
+}
+
+} // namespace
+
+std::vector<CellParagraph> placedInCell(const model::Cell &cell)
+{
+    if (cell.box.isEmpty()) {
+        std::vector<CellParagraph> asTheyAre;
+        for (const model::Paragraph &paragraph : cell.paragraphs) {
+            asTheyAre.push_back({paragraph});
+        }
+        return asTheyAre;
+    }
+    double lines = 0;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        lines += static_cast<double>(paragraph.lines.size());
+    }
+    const double room = (cell.box.height() - BorderRoom) / std::max(1.0, lines);
+    double spare = cell.box.height() - BorderRoom;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        spare -= lineHeightIn(paragraph, room) * static_cast<double>(paragraph.lines.size());
+    }
+    spare = std::max(0.0, spare);
+    std::vector<CellParagraph> placed;
+    double bottom = cell.box.top;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        CellParagraph next{paragraph, lineHeightIn(paragraph, room)};
+        const std::optional<double> first = firstBaseline(paragraph);
+        const double top = first ? *first - BaselinePart * next.lineHeight : paragraph.box.top;
+        next.paragraph.spaceBefore = std::max(0.0, top - bottom - (placed.empty() ? BorderRoom : 0));
+        next.paragraph.spaceBefore = std::min(next.paragraph.spaceBefore, spare);
+        spare -= next.paragraph.spaceBefore;
+        indent(next.paragraph, cell.box);
+        bottom = top + next.lineHeight * static_cast<double>(paragraph.lines.size());
+        placed.push_back(std::move(next));
+    }
+    return placed;
+}
+
+} // namespace quorra::office

@@ -1,0 +1,300 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "odf/exact_lines.h"
+
+#include "odf/font_widths.h"
+#include "odf/line_layout.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double UsualHeight = 1.2; // of the size of type
+constexpr double LeastHeight = 0.4;
+constexpr double SpacingStep = 0.05;  // finer steps only multiply styles
+constexpr double SpacingSlack = 0.15; // points by which a word may end off its place
+constexpr double SizeSteps = 2;       // Word's sizes of type are half points
+constexpr double SpareWidth = 24;     // so that no line wraps
+constexpr double WidestGap = 3;       // between words of one line, times the size of type
+constexpr double LeastGap = 0.15;     // that counts as a space, times the size of type
+constexpr double LeastRise = 0.08;    // of the size of type, for a word off the baseline
+constexpr double LeastIndent = 0.1;   // slides give a line without any the indent of the line before
+
+// Lines that share a frame: turned alike, one below the other.
+using LineGroup = std::vector<model::Line>;
+
+double sizeOf(const model::Line &line)
+{
+    double size = 0;
+    for (const model::Word &word : line.words) {
+        size = std::max(size, word.style.size);
+    }
+    return size > 0 ? size : 10;
+}
+
+// Words far apart, or on baselines of their own, do not make one line: the labels of a drawing.
+bool isApart(const model::Word &word, const model::Word &next)
+{
+    const double size = std::max(word.style.size, next.style.size);
+    return next.box.left - word.box.right > WidestGap * size || std::abs(next.baseline - word.baseline) > 0.7 * size;
+}
+
+std::vector<model::Line> piecesOf(const model::Line &line)
+{
+    if (line.rotation != 0) {
+        return {line};
+    }
+    std::vector<model::Line> pieces;
+    for (const model::Word &word : line.words) {
+        if (pieces.empty() || isApart(pieces.back().words.back(), word)) {
+            pieces.push_back({word.box, word.baseline, line.rotation, {}});
+        }
+        pieces.back().words.push_back(word);
+        pieces.back().box = united(pieces.back().box, word.box);
+    }
+    if (pieces.size() == 1) {
+        pieces.front().baseline = line.baseline;
+    }
+    return pieces;
+}
+
+std::vector<LineGroup> lineGroups(const std::vector<model::Line> &lines)
+{
+    std::vector<LineGroup> groups;
+    for (const model::Line &line : lines) {
+        std::vector<model::Line> pieces = piecesOf(line);
+        const model::Line *before = groups.empty() ? nullptr : &groups.back().back();
+        const double leading = before ? line.baseline - before->baseline : 0;
+        const bool follows = before && pieces.size() == 1 && line.rotation == 0 && before->rotation == 0 &&
+                             leading > 0.6 * sizeOf(line) && leading < 4 * sizeOf(line);
+        if (follows) {
+            groups.back().push_back(std::move(pieces.front()));
+            continue;
+        }
+        for (model::Line &piece : pieces) {
+            groups.push_back({std::move(piece)});
+        }
+    }
+    return groups;
+}
+
+double stepped(double spacing)
+{
+    return std::round(spacing / SpacingStep) * SpacingStep;
+}
+
+// Writes the words of one line so that each begins where it does on the page, as far as the widths are known.
+class LineWriter
+{
+public:
+    LineWriter(const Sink &sink, double left) : m_sink(sink), m_at(left) {}
+
+    void write(const model::Line &line)
+    {
+        for (std::size_t i = 0; i < line.words.size(); ++i) {
+            const model::Word &word = line.words[i];
+            writePiece(word.text, word.style, word.box.right, line.baseline - word.baseline);
+            if (i + 1 == line.words.size()) {
+                break;
+            }
+            const model::Word &following = line.words[i + 1];
+            const double next = following.box.left;
+            if (word.spaceAfter || next > word.box.right + LeastGap * word.style.size) {
+                model::Style blank = word.style;
+                blank.link = following.style.link == blank.link ? blank.link : QString();
+                writePiece(u" "_s, blank, std::max(next, word.box.right), 0);
+            }
+        }
+        flush();
+    }
+
+private:
+    void writePiece(const QString &text, model::Style style, double end, double rise)
+    {
+        style.size = std::round(style.size * SizeSteps) / SizeSteps;
+        const std::optional<double> natural = textWidth(text, style);
+        double spacing = 0;
+        if (natural) {
+            style.family = measuredFamily(style);
+            const auto signs = static_cast<double>(text.size());
+            const double largest = text.size() == 1 ? 40 * style.size : style.size / 2;
+            // Close enough with the spacing before: fewer changes make the file smaller and quicker to open.
+            const bool keeps = std::abs(m_at + *natural + signs * m_spacing - end) < SpacingSlack;
+            spacing =
+                keeps ? m_spacing : std::clamp(stepped((end - m_at - *natural) / signs), -style.size / 3, largest);
+            m_spacing = spacing;
+            m_at += *natural + signs * spacing;
+        } else {
+            m_at = end;
+        }
+        const QString look = pieceStyle(style, spacing, rise);
+        const QString link = linkTarget(style.link);
+        if (look != m_look || link != m_link) {
+            flush();
+            m_look = look;
+            m_link = link;
+        }
+        m_pending += text;
+    }
+
+    void flush()
+    {
+        if (m_pending.isEmpty()) {
+            return;
+        }
+        if (!m_link.isEmpty()) {
+            m_sink.xml.writeStartElement("text:a"_L1);
+            m_sink.xml.writeAttribute("xlink:type"_L1, "simple"_L1);
+            m_sink.xml.writeAttribute("xlink:href"_L1, m_link);
+        }
+        m_sink.xml.writeStartElement("text:span"_L1);
+        m_sink.xml.writeAttribute("text:style-name"_L1, m_look);
+        writeText(m_sink.xml, m_pending);
+        m_sink.xml.writeEndElement();
+        if (!m_link.isEmpty()) {
+            m_sink.xml.writeEndElement();
+        }
+        m_pending.clear();
+    }
+
+    QString pieceStyle(const model::Style &style, double spacing, double rise)
+    {
+        m_sink.styles.noteFont(style);
+        Attributes look = textAttributes(style);
+        look.emplace_back("fo:letter-spacing"_L1, pt(spacing));
+        look.emplace_back("style:letter-kerning"_L1, u"false"_s);
+        if (std::abs(rise) > LeastRise * style.size) {
+            const long percent = std::clamp(std::lround(100 * rise / style.size), -100L, 100L);
+            look.emplace_back("style:text-position"_L1, QString::number(percent) + u"% 100%"_s);
+        }
+        return m_sink.styles.name(
+            {"style:style"_L1, {{"style:family"_L1, u"text"_s}}, {{"style:text-properties"_L1, look}}});
+    }
+
+    const Sink &m_sink;
+    double m_at;
+    double m_spacing = 0;
+    QString m_look;    // the style of the text that is not written yet
+    QString m_link;    // where that text leads
+    QString m_pending; // that text
+};
+
+void writeLine(const Sink &sink, const model::Line &line, const LinePlace &place, double indent, bool rightToLeft)
+{
+    const Element style{
+        "style:style"_L1,
+        {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Standard"_s}},
+        {{"style:paragraph-properties"_L1,
+          {{"fo:margin-left"_L1, pt(indent)},
+           {"fo:margin-top"_L1, pt(place.above)},
+           {"fo:line-height"_L1, pt(place.height)},
+           {"fo:text-align"_L1, u"left"_s},
+           {"style:writing-mode"_L1, rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}}}}};
+    sink.xml.writeStartElement("text:p"_L1);
+    sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
+    LineWriter(sink, line.box.left).write(line);
+    sink.xml.writeEndElement();
+}
+
+bool readsRightToLeft(const model::Line &line)
+{
+    return line.words.size() > 1 && line.words.front().box.left > line.words.back().box.left;
+}
+
+// A turned line as if it ran from left to right, beginning at 0 on a baseline at the rise of its type.
+model::Line uprightLine(const model::Line &line, double size)
+{
+    model::Line upright{{0, 0, line.box.height(), UsualHeight * size}, riseOf(size), 0, line.words};
+    for (model::Word &word : upright.words) {
+        const bool down = line.rotation == 90;
+        const double from = down ? word.box.top - line.box.top : line.box.bottom - word.box.bottom;
+        const double off = down ? line.baseline - word.baseline : word.baseline - line.baseline;
+        word.box = {from, 0, from + word.box.height(), UsualHeight * size};
+        word.baseline = upright.baseline + off;
+    }
+    return upright;
+}
+
+// Text that runs down or up the page: in a frame whose lines do so.
+void writeTurned(const Sink &sink, const model::Line &line, FrameAnchor anchor)
+{
+    const double size = sizeOf(line);
+    const bool down = line.rotation == 90;
+    const double height = UsualHeight * size;
+    const double left = down ? line.baseline + riseOf(size) - height : line.baseline - riseOf(size);
+    Box box{left, line.box.top, left + height, line.box.bottom};
+    (down ? box.bottom : box.top) += down ? SpareWidth : -SpareWidth;
+    beginTextFrame(sink, box, anchor, false, down ? FrameDirection::Down : FrameDirection::Up);
+    writeLine(sink, uprightLine(line, size), {0, height}, 0, false);
+    sink.xml.writeEndElement();
+    sink.xml.writeEndElement();
+}
+
+void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, FrameAnchor anchor)
+{
+    const int rotation = group.front().rotation;
+    if (rotation == 90 || rotation == 270) {
+        writeTurned(sink, group.front(), anchor);
+        return;
+    }
+    std::vector<double> baselines;
+    std::vector<double> sizes;
+    Box box;
+    for (const model::Line &line : group) {
+        baselines.push_back(line.rotation == 0 ? line.baseline : line.box.bottom);
+        sizes.push_back(sizeOf(line));
+        box = united(box, line.box);
+    }
+    box.top = baselines.front() - riseOf(sizes.front());
+    box.right = std::min(std::max(box.right, pageWidth - 1), box.right + SpareWidth);
+    const std::vector<LinePlace> places = placeLines(box.top, baselines, sizes);
+    double height = 0;
+    for (const LinePlace &place : places) {
+        height += place.above + place.height;
+    }
+    box.bottom = box.top + height;
+    beginTextFrame(sink, box, anchor, anchor == FrameAnchor::Page);
+    const double least = anchor == FrameAnchor::Slide ? LeastIndent : 0;
+    for (std::size_t i = 0; i < group.size(); ++i) {
+        const double indent = std::max(least, group[i].box.left - box.left);
+        writeLine(sink, group[i], places[i], indent, readsRightToLeft(group[i]));
+    }
+    sink.xml.writeEndElement();
+    sink.xml.writeEndElement();
+}
+
+} // namespace
+
+double riseOf(double size)
+{
+    return BaselinePart * UsualHeight * size;
+}
+
+std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselines, const std::vector<double> &sizes)
+{
+    std::vector<LinePlace> places;
+    double bottom = top;
+    for (std::size_t i = 0; i < baselines.size(); ++i) {
+        const double rise = baselines[i] - bottom;
+        const double usual = riseOf(sizes[i]);
+        LinePlace place;
+        place.above = std::max(0.0, rise - usual);
+        place.height = std::max(LeastHeight * sizes[i], (rise - place.above) / BaselinePart);
+        places.push_back(place);
+        bottom += place.above + place.height;
+    }
+    return places;
+}
+
+void writeExactLines(const Sink &sink, const model::Paragraph &paragraph, double pageWidth, FrameAnchor anchor)
+{
+    for (const LineGroup &group : lineGroups(paragraph.lines)) {
+        writeGroup(sink, group, pageWidth, anchor);
+    }
+}
+
+} // namespace quorra::office

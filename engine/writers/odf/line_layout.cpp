@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "odf/line_layout.h"
+
+#include "odf/odf_runs.h"
+
+#include <algorithm>
+
+namespace quorra::office {
+
+namespace {
+
+// Lines closer than this times the type's size would touch; wider ones are blank space, not leading.
+constexpr double TightestLeading = 0.95;
+constexpr double WidestLeading = 2.5;
+constexpr double UsualLeading = 1.2;
+constexpr double Rounding = 0.5; // points by which a line of the paragraph may leave its box
+
+double singleLineHeight(double size, double baseline, std::optional<double> before, std::optional<double> after)
+{
+    double height = UsualLeading * size;
+    if (before && *before < baseline) {
+        height = std::min(height, baseline - *before);
+    }
+    if (after && *after > baseline) {
+        height = std::min(height, *after - baseline);
+    }
+    return std::max(height, TightestLeading * size);
+}
+
+} // namespace
+
+std::optional<double> firstBaseline(const model::Paragraph &paragraph)
+{
+    return paragraph.lines.empty() ? std::nullopt : std::optional(paragraph.lines.front().baseline);
+}
+
+std::optional<double> lastBaseline(const model::Paragraph &paragraph)
+{
+    std::optional<double> last;
+    for (const model::Line &line : paragraph.lines) {
+        const bool inside = line.box.bottom <= paragraph.box.bottom + Rounding && (!last || line.baseline >= *last);
+        if (inside) {
+            last = line.baseline;
+        }
+    }
+    return last ? last : firstBaseline(paragraph);
+}
+
+LaidOut
+laidOut(const model::Paragraph &paragraph, std::optional<double> baselineBefore, std::optional<double> baselineAfter)
+{
+    const std::optional<double> first = firstBaseline(paragraph);
+    const std::optional<double> last = lastBaseline(paragraph);
+    const double size = largestSize(paragraph.runs);
+    if (!first || paragraph.rotation != 0) {
+        return {paragraph.box.top, paragraph.box.bottom, UsualLeading * size};
+    }
+    if (paragraph.lineDistance > WidestLeading * size) {
+        return {paragraph.box.top, paragraph.box.bottom, 0};
+    }
+    const double height = paragraph.lineDistance > 0 ? std::max(paragraph.lineDistance, TightestLeading * size)
+                                                     : singleLineHeight(size, *first, baselineBefore, baselineAfter);
+    return {*first - BaselinePart * height, *last + (1 - BaselinePart) * height, height};
+}
+
+} // namespace quorra::office

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "odf/odf_file.h"
+
+#include "base/failure.h"
+
+#include <array>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+struct KindRow
+{
+    QLatin1String mimeType;
+    QLatin1String bodyElement;
+};
+
+const KindRow &rowOf(OdfKind kind)
+{
+    static constexpr std::array<KindRow, 3> Rows = {{
+        {QLatin1String("application/vnd.oasis.opendocument.text"), QLatin1String("office:text")},
+        {QLatin1String("application/vnd.oasis.opendocument.presentation"), QLatin1String("office:presentation")},
+        {QLatin1String("application/vnd.oasis.opendocument.spreadsheet"), QLatin1String("office:spreadsheet")},
+    }};
+    return Rows[static_cast<std::size_t>(kind)];
+}
+
+constexpr std::array<std::array<QLatin1String, 2>, 10> Namespaces = {{
+    {QLatin1String("xmlns:office"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:office:1.0")},
+    {QLatin1String("xmlns:style"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:style:1.0")},
+    {QLatin1String("xmlns:text"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:text:1.0")},
+    {QLatin1String("xmlns:table"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:table:1.0")},
+    {QLatin1String("xmlns:draw"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:drawing:1.0")},
+    {QLatin1String("xmlns:fo"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0")},
+    {QLatin1String("xmlns:svg"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0")},
+    {QLatin1String("xmlns:number"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:datastyle:1.0")},
+    {QLatin1String("xmlns:xlink"), QLatin1String("http://www.w3.org/1999/xlink")},
+    {QLatin1String("xmlns:loext"),
+     QLatin1String("urn:org:documentfoundation:names:experimental:office:xmlns:loext:1.0")},
+}};
+
+Element
+namedStyle(QLatin1String name, QLatin1String family, const Attributes &more = {}, std::vector<Element> children = {})
+{
+    Attributes attributes = {{"style:name"_L1, name}, {"style:family"_L1, family}};
+    attributes.insert(attributes.end(), more.begin(), more.end());
+    return {"style:style"_L1, attributes, std::move(children)};
+}
+
+Element headingStyle(int level)
+{
+    const QString number = QString::number(level);
+    return {
+        "style:style"_L1,
+        {{"style:name"_L1, u"Heading_20_"_s + number},
+         {"style:display-name"_L1, u"Heading "_s + number},
+         {"style:family"_L1, u"paragraph"_s},
+         {"style:parent-style-name"_L1, u"Standard"_s},
+         {"style:next-style-name"_L1, u"Standard"_s},
+         {"style:default-outline-level"_L1, number}},
+        {}};
+}
+
+// The fixed styles that automatic ones are based on. Without "Frame" and "Graphics" a word processor takes frames
+// and pictures for drawing shapes; without "standard" a slide's size is ignored.
+std::vector<Element> fixedStyles(OdfKind kind)
+{
+    const Element plainParagraph{
+        "style:default-style"_L1,
+        {{"style:family"_L1, u"paragraph"_s}},
+        {{"style:paragraph-properties"_L1,
+          {{"fo:orphans"_L1, u"0"_s}, {"fo:widows"_L1, u"0"_s}, {"style:tab-stop-distance"_L1, u"36pt"_s}},
+          {}},
+         {"style:text-properties"_L1, {{"fo:hyphenate"_L1, u"false"_s}}, {}}}};
+    switch (kind) {
+    case OdfKind::Text:
+        return {
+            plainParagraph,
+            namedStyle("Standard"_L1, "paragraph"_L1),
+            headingStyle(1),
+            headingStyle(2),
+            headingStyle(3),
+            namedStyle("Caption"_L1, "paragraph"_L1, {{"style:parent-style-name"_L1, u"Standard"_s}}),
+            namedStyle("Header"_L1, "paragraph"_L1, {{"style:parent-style-name"_L1, u"Standard"_s}}),
+            namedStyle("Footer"_L1, "paragraph"_L1, {{"style:parent-style-name"_L1, u"Standard"_s}}),
+            namedStyle("Frame"_L1, "graphic"_L1),
+            namedStyle("Graphics"_L1, "graphic"_L1)};
+    case OdfKind::Presentation:
+        return {namedStyle(
+            "standard"_L1, "graphic"_L1, {},
+            {{"style:graphic-properties"_L1, {{"draw:stroke"_L1, u"none"_s}, {"draw:fill"_L1, u"none"_s}}, {}}})};
+    case OdfKind::Spreadsheet:
+        return {namedStyle("Default"_L1, "table-cell"_L1)};
+    }
+    return {};
+}
+
+[[noreturn]] void fail(const QFileDevice &file)
+{
+    throw Failure(
+        ExitStatus::CannotWrite,
+        "cannot write " + file.fileName().toStdString() + ": " + file.errorString().toStdString());
+}
+
+void append(QFile &target, QIODevice &source)
+{
+    constexpr qint64 BlockBytes = 1 << 18;
+    source.seek(0);
+    while (!source.atEnd()) {
+        if (target.write(source.read(BlockBytes)) < 0) {
+            fail(target);
+        }
+    }
+}
+
+} // namespace
+
+OdfFile::OdfFile(OdfKind kind, const QString &path) : m_kind(kind), m_path(path), m_bodyFile(path + ".body"_L1)
+{
+    if (!m_bodyFile.open(QIODevice::ReadWrite | QIODevice::Truncate)) {
+        fail(m_bodyFile);
+    }
+    m_masterBuffer.open(QIODevice::ReadWrite);
+    m_body.setDevice(&m_bodyFile);
+    m_masters.setDevice(&m_masterBuffer);
+}
+
+void OdfFile::writeHead(QXmlStreamWriter &xml) const
+{
+    xml.writeStartElement("office:font-face-decls"_L1);
+    m_styles.writeFonts(xml);
+    xml.writeEndElement();
+    xml.writeStartElement("office:styles"_L1);
+    for (const Element &style : fixedStyles(m_kind)) {
+        writeElement(xml, style);
+    }
+    xml.writeEndElement();
+    xml.writeStartElement("office:automatic-styles"_L1);
+    m_styles.writeStyles(xml);
+    xml.writeEndElement();
+}
+
+void OdfFile::finish()
+{
+    // An empty element at the end of a part is closed only by what follows.
+    m_body.writeCharacters(QString());
+    m_masters.writeCharacters(QString());
+    QFile file(m_path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        fail(file);
+    }
+    QXmlStreamWriter xml(&file);
+    xml.writeStartDocument();
+    xml.writeStartElement("office:document"_L1);
+    for (const auto &[name, address] : Namespaces) {
+        xml.writeAttribute(name, address);
+    }
+    xml.writeAttribute("office:version"_L1, u"1.3"_s);
+    xml.writeAttribute("office:mimetype"_L1, rowOf(m_kind).mimeType);
+    writeHead(xml);
+    // An empty text closes the start tag, after which the parts written earlier can be put in as they are.
+    xml.writeStartElement("office:master-styles"_L1);
+    xml.writeCharacters(QString());
+    append(file, m_masterBuffer);
+    xml.writeEndElement();
+    xml.writeStartElement("office:body"_L1);
+    xml.writeStartElement(rowOf(m_kind).bodyElement);
+    xml.writeCharacters(QString());
+    append(file, m_bodyFile);
+    xml.writeEndDocument();
+    m_bodyFile.remove();
+    if (!file.flush() || m_body.hasError()) {
+        fail(file);
+    }
+}
+
+} // namespace quorra::office

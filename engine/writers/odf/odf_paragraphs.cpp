@@ -1,0 +1,283 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "odf/odf_paragraphs.h"
+
+#include "odf/line_layout.h"
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+// A ragged right edge says little about the indent meant: only a plain one is kept, and not all of it.
+constexpr double PlainIndent = 36;
+constexpr double RaggedReserve = 12;
+
+constexpr double ThinnestLine = 0.25; // thinner ones vanish in word processors
+
+QString parentStyle(model::Role role)
+{
+    switch (role) {
+    case model::Role::Heading1:
+        return u"Heading_20_1"_s;
+    case model::Role::Heading2:
+        return u"Heading_20_2"_s;
+    case model::Role::Heading3:
+        return u"Heading_20_3"_s;
+    case model::Role::Caption:
+        return u"Caption"_s;
+    case model::Role::RunningHead:
+        return u"Header"_s;
+    default:
+        return u"Standard"_s;
+    }
+}
+
+int headingLevel(model::Role role)
+{
+    switch (role) {
+    case model::Role::Heading1:
+        return 1;
+    case model::Role::Heading2:
+        return 2;
+    case model::Role::Heading3:
+        return 3;
+    default:
+        return 0;
+    }
+}
+
+QString alignmentName(const model::Paragraph &paragraph)
+{
+    // Word processors take "start" for the left side of the page and "end" for its right, whichever way the text runs.
+    if (!paragraph.listMark.isEmpty() && paragraph.alignment != model::Alignment::Justify) {
+        return paragraph.rightToLeft ? u"end"_s : u"start"_s; // marks stand one below the other
+    }
+    switch (paragraph.alignment) {
+    case model::Alignment::Left:
+        break;
+    case model::Alignment::Centre:
+        return u"center"_s;
+    case model::Alignment::Right:
+        return u"end"_s;
+    case model::Alignment::Justify:
+        return u"justify"_s;
+    }
+    return u"start"_s;
+}
+
+double rightIndent(const model::Paragraph &paragraph)
+{
+    switch (paragraph.alignment) {
+    case model::Alignment::Right:
+        return paragraph.indentRight;
+    case model::Alignment::Justify:
+        return paragraph.lines.size() > 1 ? paragraph.indentRight : 0;
+    case model::Alignment::Left:
+        return paragraph.lines.size() > 2 && paragraph.indentRight > PlainIndent ? paragraph.indentRight - RaggedReserve
+                                                                                 : 0;
+    case model::Alignment::Centre:
+        break;
+    }
+    return 0;
+}
+
+QString lineHeight(const model::Paragraph &paragraph, const ParagraphPlace &place)
+{
+    if (!place.exactLeading) {
+        return u"100%"_s;
+    }
+    const double height = place.lineHeight > 0 ? place.lineHeight : laidOut(paragraph).lineHeight;
+    return height > 0 ? pt(height) : u"100%"_s;
+}
+
+// The sides at which a paragraph's lines begin and end, where there are two of them; text that runs from right to left
+// begins at the right.
+Attributes indents(const model::Paragraph &paragraph, const ParagraphPlace &place)
+{
+    const bool centred = paragraph.alignment == model::Alignment::Centre;
+    const bool inList = !paragraph.listMark.isEmpty();
+    const bool keepsLeft = inList || (!centred && paragraph.alignment != model::Alignment::Right);
+    const double left = place.left + (keepsLeft ? paragraph.indentLeft : 0);
+    // One line at the left may go on to the margin: in a wider font it would break.
+    const bool ragged = paragraph.alignment == model::Alignment::Left && paragraph.lines.size() == 1;
+    const double right = (ragged ? std::min(0.0, place.right) : place.right) + std::max(0.0, rightIndent(paragraph));
+    return {
+        {"fo:margin-left"_L1, pt(paragraph.rightToLeft ? right : left)},
+        {"fo:margin-right"_L1, pt(paragraph.rightToLeft ? left : right)},
+        {"fo:text-indent"_L1, pt(keepsLeft ? paragraph.firstLineIndent : 0)},
+    };
+}
+
+Attributes paragraphProperties(const model::Paragraph &paragraph, const ParagraphPlace &place)
+{
+    Attributes properties = indents(paragraph, place);
+    properties.insert(
+        properties.end(), {{"fo:margin-top"_L1, pt(std::max(0.0, paragraph.spaceBefore + place.above))},
+                           {"fo:margin-bottom"_L1, u"0pt"_s},
+                           {"fo:line-height"_L1, lineHeight(paragraph, place)},
+                           {"fo:text-align"_L1, alignmentName(paragraph)},
+                           {"style:writing-mode"_L1, paragraph.rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}});
+    if (place.breakBefore) {
+        properties.emplace_back("fo:break-before"_L1, u"page"_s);
+    } else if (place.breakColumn) {
+        properties.emplace_back("fo:break-before"_L1, u"column"_s);
+    }
+    if (place.background) {
+        properties.emplace_back("fo:background-color"_L1, colourName(*place.background));
+    }
+    const Attributes borders = ruleBorders(place);
+    properties.insert(properties.end(), borders.begin(), borders.end());
+    if (headingLevel(paragraph.role) > 0) {
+        properties.emplace_back("fo:keep-with-next"_L1, u"always"_s);
+    }
+    return properties;
+}
+
+void writeBookmark(QXmlStreamWriter &xml, const QString &name)
+{
+    if (!name.isEmpty()) {
+        xml.writeEmptyElement("text:bookmark"_L1);
+        xml.writeAttribute("text:name"_L1, name);
+    }
+}
+
+QString listStyle(const Sink &sink, const model::Paragraph &paragraph, const ParagraphPlace &place)
+{
+    const QString level = QString::number(std::clamp(paragraph.listLevel, 0, 8) + 1);
+    return sink.styles.name(
+        {"text:list-style"_L1,
+         {},
+         {{"text:list-level-style-bullet"_L1,
+           {{"text:level"_L1, level}, {"text:bullet-char"_L1, paragraph.listMark}},
+           {{"style:list-level-properties"_L1,
+             {{"text:list-level-position-and-space-mode"_L1, u"label-alignment"_s}},
+             {{"style:list-level-label-alignment"_L1,
+               {{"text:label-followed-by"_L1, u"listtab"_s},
+                {"text:list-tab-stop-position"_L1, pt(place.left + paragraph.indentLeft)},
+                {"fo:margin-left"_L1, pt(place.left + paragraph.indentLeft)},
+                {"fo:text-indent"_L1, pt(paragraph.firstLineIndent)}},
+               {}}}}}}}});
+}
+
+void writeInside(
+    const Sink &sink, const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &look)
+{
+    writeBookmark(sink.xml, place.bookmark);
+    if (!paragraph.listMark.isEmpty() && !(place.withLists && isBullet(paragraph))) {
+        // Numbers stay the text they are on the page: a counter would renumber what the page numbers in its own way.
+        sink.xml.writeCharacters(xmlText(paragraph.listMark));
+        if (paragraph.firstLineIndent < 0) {
+            sink.xml.writeEmptyElement("text:tab"_L1);
+        } else {
+            sink.xml.writeCharacters(u" "_s);
+        }
+    }
+    writeRuns(sink, paragraph.runs, look, place.withLinks, risesOf(paragraph));
+}
+
+// A list item of one line does not show where its second line would begin: where its text does.
+model::Paragraph withHang(const model::Paragraph &paragraph)
+{
+    model::Paragraph item = paragraph;
+    const bool oneLine = item.lines.size() == 1 && item.lines.front().words.size() > 1;
+    if (!item.listMark.isEmpty() && oneLine && !item.rightToLeft && item.firstLineIndent == 0) {
+        const model::Line &line = item.lines.front();
+        const double hang = std::max(0.0, line.words[1].box.left - line.words[0].box.left);
+        item.indentLeft += hang;
+        item.firstLineIndent = -hang;
+    }
+    return item;
+}
+
+} // namespace
+
+QString borderText(const model::Border &border)
+{
+    if (border.width <= 0) {
+        return u"none"_s;
+    }
+    return pt(std::max(border.width, ThinnestLine)) + " solid "_L1 + colourName(border.colour);
+}
+
+Attributes ruleBorders(const ParagraphPlace &place)
+{
+    Attributes borders;
+    if (place.ruleAbove.width > 0) {
+        borders.emplace_back("fo:border-top"_L1, borderText(place.ruleAbove));
+        borders.emplace_back("fo:padding-top"_L1, pt(place.gapAbove));
+    }
+    if (place.ruleBelow.width > 0) {
+        borders.emplace_back("fo:border-bottom"_L1, borderText(place.ruleBelow));
+        borders.emplace_back("fo:padding-bottom"_L1, pt(place.gapBelow));
+    }
+    return borders;
+}
+
+Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place)
+{
+    Element style{
+        "style:style"_L1,
+        {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, parentStyle(paragraph.role)}},
+        {{"style:paragraph-properties"_L1, paragraphProperties(paragraph, place)},
+         {"style:text-properties"_L1, textAttributes(mainStyle(paragraph.runs))}}};
+    if (!place.masterPage.isEmpty()) {
+        style.attributes.emplace_back("style:master-page-name"_L1, place.masterPage);
+    }
+    return style;
+}
+
+bool isBullet(const model::Paragraph &paragraph)
+{
+    return !paragraph.listOrdered && paragraph.listMark.size() == 1 && !paragraph.listMark[0].isLetterOrNumber();
+}
+
+void writeParagraph(const Sink &sink, const model::Paragraph &whole, const ParagraphPlace &place)
+{
+    QXmlStreamWriter &xml = sink.xml;
+    const model::Paragraph paragraph = withHang(whole);
+    const model::Style look = mainStyle(paragraph.runs);
+    sink.styles.noteFont(look);
+    const int heading = place.withHeadings ? headingLevel(paragraph.role) : 0;
+    const bool inList = place.withLists && heading == 0 && isBullet(paragraph);
+    const int listDepth = inList ? std::clamp(paragraph.listLevel, 0, 8) + 1 : 0;
+    for (int depth = 0; depth < listDepth; ++depth) {
+        xml.writeStartElement("text:list"_L1);
+        if (depth == 0) {
+            xml.writeAttribute("text:style-name"_L1, listStyle(sink, paragraph, place));
+        }
+        xml.writeStartElement("text:list-item"_L1);
+    }
+    xml.writeStartElement(heading > 0 ? "text:h"_L1 : "text:p"_L1);
+    xml.writeAttribute("text:style-name"_L1, sink.styles.name(paragraphStyle(paragraph, place)));
+    if (heading > 0) {
+        xml.writeAttribute("text:outline-level"_L1, QString::number(heading));
+    }
+    writeInside(sink, paragraph, place, look);
+    xml.writeEndElement();
+    for (int depth = 0; depth < listDepth; ++depth) {
+        xml.writeEndElement();
+        xml.writeEndElement();
+    }
+}
+
+void beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place)
+{
+    model::Paragraph empty;
+    empty.lineDistance = 1;
+    empty.runs = {{QString(), {}}};
+    empty.runs[0].style.size = 1;
+    sink.xml.writeStartElement("text:p"_L1);
+    sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(paragraphStyle(empty, place)));
+    writeBookmark(sink.xml, place.bookmark);
+}
+
+void writeAnchorParagraph(const Sink &sink, const ParagraphPlace &place)
+{
+    beginAnchorParagraph(sink, place);
+    sink.xml.writeEndElement();
+}
+
+} // namespace quorra::office

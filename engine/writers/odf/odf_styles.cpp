@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "odf/odf_styles.h"
+
+#include "odf/font_widths.h"
+
+#include <QRegularExpression>
+
+#include <cmath>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+void writeElement(QXmlStreamWriter &xml, const Element &element)
+{
+    xml.writeStartElement(element.name);
+    for (const auto &[name, value] : element.attributes) {
+        xml.writeAttribute(name, value);
+    }
+    for (const Element &child : element.children) {
+        writeElement(xml, child);
+    }
+    if (!element.text.isEmpty()) {
+        xml.writeCharacters(element.text);
+    }
+    xml.writeEndElement();
+}
+
+QString pt(double points)
+{
+    if (!std::isfinite(points)) {
+        return u"0pt"_s;
+    }
+    return QString::number(points, 'f', 2) + "pt"_L1;
+}
+
+QString colourName(Colour colour)
+{
+    return u"#%1"_s.arg(colour & 0xffffffU, 6, 16, QLatin1Char('0'));
+}
+
+namespace {
+
+bool isXmlCharacter(QChar c)
+{
+    return c.unicode() >= 0x20 ? c.unicode() < 0xfffe : c == u'\t' || c == u'\n' || c == u'\r';
+}
+
+// The serialised definition is the key: two styles are one when they would be written alike.
+QByteArray keyOf(const Element &element)
+{
+    QByteArray key(element.name.data(), element.name.size());
+    for (const auto &[name, value] : element.attributes) {
+        key += '\0';
+        key.append(name.data(), name.size());
+        key += '=';
+        key += value.toUtf8();
+    }
+    for (const Element &child : element.children) {
+        key += '\1';
+        key += keyOf(child);
+        key += '\2';
+    }
+    key += element.text.toUtf8();
+    return key;
+}
+
+} // namespace
+
+QString xmlText(const QString &text)
+{
+    QString clean;
+    clean.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+            clean += c;
+            clean += text[++i];
+        } else if (!c.isSurrogate() && isXmlCharacter(c)) {
+            clean += c;
+        }
+    }
+    return clean;
+}
+
+QString officeFamily(const model::Style &style)
+{
+    // "CMR10", "SFBX1095", "MSBM10": capital letters and a size
+    static const QRegularExpression numberedFace(QStringLiteral("^[A-Z]{2,8}[0-9]{1,4}$"));
+    return numberedFace.match(style.family).hasMatch() ? measuredFamily(style) : xmlText(style.family);
+}
+
+Attributes textAttributes(const model::Style &style)
+{
+    const QString size = QString::number(style.size > 0 ? style.size : 10, 'f', 1) + "pt"_L1;
+    const QString weight = style.bold ? u"bold"_s : u"normal"_s;
+    const QString slant = style.italic ? u"italic"_s : u"normal"_s;
+    Attributes attributes;
+    if (!style.family.isEmpty()) {
+        const QString family = officeFamily(style);
+        attributes = {
+            {"style:font-name"_L1, family},
+            {"style:font-name-asian"_L1, family},
+            {"style:font-name-complex"_L1, family}};
+    }
+    attributes.insert(
+        attributes.end(), {{"fo:font-size"_L1, size},
+                           {"style:font-size-asian"_L1, size},
+                           {"style:font-size-complex"_L1, size},
+                           {"fo:font-weight"_L1, weight},
+                           {"style:font-weight-asian"_L1, weight},
+                           {"style:font-weight-complex"_L1, weight},
+                           {"fo:font-style"_L1, slant},
+                           {"style:font-style-asian"_L1, slant},
+                           {"style:font-style-complex"_L1, slant},
+                           {"fo:color"_L1, colourName(style.colour)}});
+    return attributes;
+}
+
+QString StyleTable::name(const Element &definition)
+{
+    QString &name = m_names[keyOf(definition)];
+    if (name.isEmpty()) {
+        name = u"a%1"_s.arg(m_styles.size() + 1);
+        Element named = definition;
+        named.attributes.insert(named.attributes.begin(), {"style:name"_L1, name});
+        m_styles.push_back(std::move(named));
+    }
+    return name;
+}
+
+QString StyleTable::text(const model::Style &style)
+{
+    noteFont(style);
+    return name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"text"_s}},
+         {{"style:text-properties"_L1, textAttributes(style), {}}}});
+}
+
+QString StyleTable::graphic(const Attributes &properties, QLatin1String parent)
+{
+    Element style{
+        "style:style"_L1, {{"style:family"_L1, u"graphic"_s}}, {{"style:graphic-properties"_L1, properties, {}}}};
+    if (!parent.isEmpty()) {
+        style.attributes.emplace_back("style:parent-style-name"_L1, parent);
+    }
+    return name(style);
+}
+
+void StyleTable::noteFont(const model::Style &style)
+{
+    const QString family = officeFamily(style);
+    if (family.isEmpty() || m_families.contains(family)) {
+        return;
+    }
+    m_families.insert(family);
+    QString quoted = family;
+    quoted.replace(u'\'', u' ');
+    // The kind of the face lets a word processor without this font choose one that looks alike.
+    const QString like = measuredFamily(style);
+    const QString generic = style.fixedPitch ? u"modern"_s : like == "Arial"_L1 ? u"swiss"_s : u"roman"_s;
+    m_fonts.push_back(
+        {"style:font-face"_L1,
+         {{"style:name"_L1, family},
+          {"svg:font-family"_L1, u"'"_s + quoted + u'\''},
+          {"style:font-family-generic"_L1, generic},
+          {"style:font-pitch"_L1, style.fixedPitch ? u"fixed"_s : u"variable"_s}},
+         {}});
+}
+
+void StyleTable::writeFonts(QXmlStreamWriter &xml) const
+{
+    for (const Element &element : m_fonts) {
+        writeElement(xml, element);
+    }
+}
+
+void StyleTable::writeStyles(QXmlStreamWriter &xml) const
+{
+    for (const Element &element : m_styles) {
+        writeElement(xml, element);
+    }
+}
+
+} // namespace quorra::office

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "odf/odf_tables.h"
+
+#include "document/rotation.h"
+#include "odf/cell_places.h"
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+QString tableStyle(const Sink &sink, const model::Table &table, const TablePlace &place)
+{
+    return sink.styles.name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"table"_s}},
+         {{"style:table-properties"_L1,
+           {{"style:width"_L1, pt(table.columnEdges.back() - table.columnEdges.front())},
+            {"fo:margin-left"_L1, pt(place.left)},
+            {"fo:margin-top"_L1, pt(place.above)},
+            {"table:align"_L1, u"left"_s},
+            {"table:border-model"_L1, u"collapsing"_s}}}}});
+}
+
+QString rowStyle(const Sink &sink, double height)
+{
+    return sink.styles.name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"table-row"_s}},
+         {{"style:table-row-properties"_L1,
+           {{"style:min-row-height"_L1, pt(height)}, {"fo:keep-together"_L1, u"always"_s}}}}});
+}
+
+QString cellStyle(const Sink &sink, const model::Cell &cell)
+{
+    Attributes look = {
+        {"fo:padding"_L1, u"0pt"_s},
+        {"fo:border-left"_L1, borderText(cell.left)},
+        {"fo:border-right"_L1, borderText(cell.right)},
+        {"fo:border-top"_L1, borderText(cell.top)},
+        {"fo:border-bottom"_L1, borderText(cell.bottom)}};
+    if (cell.background) {
+        look.emplace_back("fo:background-color"_L1, colourName(*cell.background));
+    }
+    return sink.styles.name(
+        {"style:style"_L1, {{"style:family"_L1, u"table-cell"_s}}, {{"style:table-cell-properties"_L1, look}}});
+}
+
+void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &place)
+{
+    QXmlStreamWriter &xml = sink.xml;
+    xml.writeStartElement("table:table-cell"_L1);
+    xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell));
+    writeSpans(xml, cell);
+    ParagraphPlace inside;
+    inside.exactLeading = place.exactLeading;
+    inside.withLists = false;
+    for (const CellParagraph &placed : placedInCell(cell)) {
+        inside.lineHeight = placed.lineHeight;
+        writeParagraph(sink, placed.paragraph, inside);
+    }
+    if (cell.paragraphs.empty()) {
+        writeAnchorParagraph(sink, inside);
+    }
+    xml.writeEndElement();
+}
+
+} // namespace
+
+void writeColumn(const Sink &sink, double width)
+{
+    sink.xml.writeEmptyElement("table:table-column"_L1);
+    sink.xml.writeAttribute(
+        "table:style-name"_L1, sink.styles.name(
+                                   {"style:style"_L1,
+                                    {{"style:family"_L1, u"table-column"_s}},
+                                    {{"style:table-column-properties"_L1, {{"style:column-width"_L1, pt(width)}}}}}));
+}
+
+void writeSpans(QXmlStreamWriter &xml, const model::Cell &cell)
+{
+    if (cell.columnSpan > 1) {
+        xml.writeAttribute("table:number-columns-spanned"_L1, QString::number(cell.columnSpan));
+    }
+    if (cell.rowSpan > 1) {
+        xml.writeAttribute("table:number-rows-spanned"_L1, QString::number(cell.rowSpan));
+    }
+}
+
+std::vector<const model::Cell *> cellGrid(const model::Table &table)
+{
+    std::vector<const model::Cell *> grid(
+        static_cast<std::size_t>(table.rows()) * static_cast<std::size_t>(table.columns()), nullptr);
+    for (const model::Cell &cell : table.cells) {
+        if (cell.row >= 0 && cell.row < table.rows() && cell.column >= 0 && cell.column < table.columns()) {
+            *(grid.begin() + cell.row * table.columns() + cell.column) = &cell;
+        }
+    }
+    return grid;
+}
+
+void writeTable(const Sink &sink, const model::Table &table, const TablePlace &place)
+{
+    if (table.rows() == 0 || table.columns() == 0) {
+        return;
+    }
+    if (table.rotation != 0) {
+        writeTable(sink, model::uprightTable(table), place);
+        return;
+    }
+    QXmlStreamWriter &xml = sink.xml;
+    xml.writeStartElement("table:table"_L1);
+    xml.writeAttribute("table:style-name"_L1, tableStyle(sink, table, place));
+    for (int column = 0; column < table.columns(); ++column) {
+        const auto at = table.columnEdges.begin() + column;
+        writeColumn(sink, at[1] - at[0]);
+    }
+    const std::vector<const model::Cell *> grid = cellGrid(table);
+    const int headerRows = place.repeatsHead ? std::min(table.headerRows, table.rows() - 1) : 0;
+    for (int row = 0; row < table.rows(); ++row) {
+        if (row == 0 && headerRows > 0) {
+            xml.writeStartElement("table:table-header-rows"_L1);
+        }
+        const auto at = table.rowEdges.begin() + row;
+        xml.writeStartElement("table:table-row"_L1);
+        xml.writeAttribute("table:style-name"_L1, rowStyle(sink, at[1] - at[0]));
+        for (int column = 0; column < table.columns(); ++column) {
+            if (const model::Cell *cell = *(grid.begin() + row * table.columns() + column)) {
+                writeCell(sink, *cell, place);
+            } else {
+                xml.writeEmptyElement("table:covered-table-cell"_L1);
+            }
+        }
+        xml.writeEndElement();
+        if (row + 1 == headerRows) {
+            xml.writeEndElement();
+        }
+    }
+    xml.writeEndElement();
+}
+
+} // namespace quorra::office

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "odf/placed_page.h"
+
+#include "document/page_walk.h"
+#include "odf/exact_lines.h"
+#include "odf/odf_tables.h"
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double WidestGap = 1.8;   // lines between paragraphs of one text block
+constexpr double SpareWidth = 0.06; // by which another font may run wider
+constexpr double LeastSpare = 4;
+
+double lineDistanceOf(const model::Paragraph &paragraph)
+{
+    return paragraph.lineDistance > 0 ? paragraph.lineDistance : 1.2 * largestSize(paragraph.runs);
+}
+
+bool belongsTo(const TextBlock &block, const model::Paragraph &paragraph)
+{
+    const model::Paragraph &last = *block.paragraphs.back();
+    const double gap = paragraph.box.top - last.box.bottom;
+    const double shared = std::min(block.box.right, paragraph.box.right) - std::max(block.box.left, paragraph.box.left);
+    return last.rotation == paragraph.rotation && gap > -lineDistanceOf(paragraph) / 2 &&
+           gap < WidestGap * lineDistanceOf(paragraph) &&
+           shared > 0.5 * std::min(block.box.width(), paragraph.box.width());
+}
+
+void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &block, FrameAnchor anchor)
+{
+    const bool justified = std::any_of(block.paragraphs.begin(), block.paragraphs.end(), [](const auto *each) {
+        return each->alignment == model::Alignment::Justify && each->lines.size() > 1;
+    });
+    // Justified lines show the width that is meant; a wider frame would break them elsewhere.
+    const Box room = justified ? block.box : roomyBox(page, block.box);
+    beginTextFrame(sink, room, anchor, anchor == FrameAnchor::Page);
+    double bottom = block.box.top;
+    for (const model::Paragraph *paragraph : block.paragraphs) {
+        // Indents count from the frame here, not from the column.
+        model::Paragraph framed = *paragraph;
+        framed.indentLeft = paragraph->box.left - room.left + std::max(0.0, -paragraph->firstLineIndent);
+        framed.indentRight = 0;
+        framed.indentLeft = std::max(framed.indentLeft, 0.0);
+        if (paragraph->lines.size() < 2) {
+            framed.firstLineIndent = std::min(0.0, paragraph->firstLineIndent);
+        }
+        framed.spaceBefore = paragraph->box.top - bottom;
+        ParagraphPlace place;
+        place.withLists = anchor == FrameAnchor::Page;
+        place.withHeadings = anchor == FrameAnchor::Page;
+        writeParagraph(sink, framed, place);
+        bottom = paragraph->box.bottom;
+    }
+    sink.xml.writeEndElement();
+    sink.xml.writeEndElement();
+}
+
+void writePlacedTable(const Sink &sink, const model::Table &table, FrameAnchor anchor)
+{
+    beginTextFrame(sink, table.box, anchor, true);
+    writeTable(sink, table, {});
+    writeAnchorParagraph(sink, {});
+    sink.xml.writeEndElement();
+    sink.xml.writeEndElement();
+}
+
+} // namespace
+
+std::vector<TextBlock> textBlocks(const model::Page &page, bool joined)
+{
+    std::vector<TextBlock> blocks;
+    const auto add = [&](const model::Paragraph &paragraph, bool mayJoin) {
+        if (mayJoin && belongsTo(blocks.back(), paragraph)) {
+            blocks.back().paragraphs.push_back(&paragraph);
+            blocks.back().box = united(blocks.back().box, paragraph.box);
+        } else {
+            blocks.push_back({paragraph.box, {&paragraph}});
+        }
+    };
+    for (const model::Section &section : page.sections) {
+        const model::Block *before = nullptr;
+        for (const model::Block &block : section.blocks) {
+            if (before && before->picture() && isLabelOf(block, *before->picture())) {
+                blocks.push_back({block.box(), {block.paragraph()}, true});
+                continue;
+            }
+            if (const model::Paragraph *paragraph = block.paragraph()) {
+                add(*paragraph, joined && before && before->paragraph() && before->column == block.column);
+            }
+            before = &block;
+        }
+    }
+    for (const model::Block &block : page.runningHeads) {
+        if (const model::Paragraph *paragraph = block.paragraph()) {
+            add(*paragraph, false);
+        }
+    }
+    return blocks;
+}
+
+Box roomyBox(const model::Page &page, const Box &box)
+{
+    double farthest = page.width;
+    const auto keepOff = [&](const model::Block &other) {
+        const Box near = other.box();
+        const bool beside = near.top < box.bottom && near.bottom > box.top;
+        if (beside && near.left >= box.right) {
+            farthest = std::min(farthest, near.left);
+        }
+    };
+    forEachBlock(page, keepOff);
+    std::for_each(page.runningHeads.begin(), page.runningHeads.end(), keepOff);
+    Box room = box;
+    room.right = std::max(box.right, std::min(farthest, box.right + LeastSpare + SpareWidth * box.width()));
+    return room;
+}
+
+void writePlacedPage(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor)
+{
+    const FrameAnchor under = anchor == FrameAnchor::Page ? FrameAnchor::Behind : anchor;
+    for (const model::Fill &fill : page.fills) {
+        writeFill(sink, fill, under);
+    }
+    writePictures(sink, page, pictures, under);
+    for (const model::Rule &rule : page.rules) {
+        writeRule(sink, rule, under);
+    }
+    for (const TextBlock &block : textBlocks(page, anchor == FrameAnchor::Page)) {
+        if (block.labels) {
+            writeExactLines(sink, *block.paragraphs.front(), page.width, anchor);
+        } else {
+            writeTextBlock(sink, page, block, anchor);
+        }
+    }
+    forEachBlock(page, [&](const model::Block &block) {
+        if (const model::Table *table = block.table()) {
+            writePlacedTable(sink, *table, anchor);
+        }
+    });
+}
+
+} // namespace quorra::office

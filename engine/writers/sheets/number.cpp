@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "number.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr qsizetype MostDigits = 15; // that a spreadsheet's numbers hold exactly
+
+const QRegularExpression &outerPattern()
+{
+    // sign or parenthesis, currency, digits with separators, currency or percent sign
+    static const QRegularExpression pattern(QStringLiteral(
+        R"(^(?<open>\()?(?<sign>[-+\x{2212}\x{2013}] ?)?(?<prefix>(?:[A-Z]{0,3}[$€£¥]|EUR|USD|GBP|CHF) ?)?(?<sign2>[-\x{2212}])?)"
+        R"((?<digits>[0-9.,](?:[0-9.,'’ \x{a0}\x{2009}\x{202f}]*[0-9])?)(?<suffix> ?(?:%|[$€£¥]|EUR|USD|GBP|CHF))?(?<close>\))?(?<percent2> ?%)?$)"));
+    return pattern;
+}
+
+struct Digits
+{
+    QString whole;
+    QString fraction;
+    bool grouped = false;
+};
+
+std::optional<Digits> splitDigits(const QString &text, NumberStyle style)
+{
+    static const QRegularExpression point(QStringLiteral(
+        R"(^(?<whole>[0-9]{1,3}(?:([,'’ \x{a0}\x{2009}\x{202f}])[0-9]{3}(?:\2[0-9]{3})*)|[0-9]*)(?:\.(?<fraction>[0-9]+))?$)"));
+    static const QRegularExpression comma(QStringLiteral(
+        R"(^(?<whole>[0-9]{1,3}(?:([.'’ \x{a0}\x{2009}\x{202f}])[0-9]{3}(?:\2[0-9]{3})*)|[0-9]*)(?:,(?<fraction>[0-9]+))?$)"));
+    const QRegularExpressionMatch match = (style == NumberStyle::Point ? point : comma).match(text);
+    if (!match.hasMatch()) {
+        return std::nullopt;
+    }
+    Digits digits{match.captured(u"whole"_s), match.captured(u"fraction"_s)};
+    const auto isSeparator = [](QChar sign) { return !sign.isDigit(); };
+    digits.grouped = std::any_of(digits.whole.cbegin(), digits.whole.cend(), isSeparator);
+    digits.whole.removeIf(isSeparator);
+    if (digits.whole.isEmpty() && digits.fraction.isEmpty()) {
+        return std::nullopt;
+    }
+    return digits;
+}
+
+bool hasLeadingZero(const QString &whole)
+{
+    return whole.size() > 1 && whole[0] == u'0';
+}
+
+} // namespace
+
+NumberStyle numberStyleOf(const QStringList &texts)
+{
+    // "1.234,5", "12,5", "1.234.567" speak for the comma; "1,234.5", "12.5", "1,234,567" for the point. "1,234" and
+    // "1.234" can be either and speak for neither.
+    static const QRegularExpression forComma(QStringLiteral(
+        R"(^[^0-9a-zA-Z]*(?:[0-9]{1,3}(?:\.[0-9]{3})+,[0-9]+|[0-9]+,(?:[0-9]{1,2}|[0-9]{4,})|[0-9]{1,3}(?:\.[0-9]{3}){2,})[^0-9.,a-zA-Z]*$)"));
+    static const QRegularExpression forPoint(QStringLiteral(
+        R"(^[^0-9a-zA-Z]*(?:[0-9]{1,3}(?:,[0-9]{3})+\.[0-9]+|[0-9]*\.(?:[0-9]{1,2}|[0-9]{4,})|[0-9]{1,3}(?:,[0-9]{3}){2,})[^0-9.,a-zA-Z]*$)"));
+    int balance = 0;
+    for (const QString &text : texts) {
+        const QString trimmed = text.trimmed();
+        balance += forComma.match(trimmed).hasMatch() ? 1 : 0;
+        balance -= forPoint.match(trimmed).hasMatch() ? 1 : 0;
+    }
+    return balance > 0 ? NumberStyle::Comma : NumberStyle::Point;
+}
+
+std::optional<Number> readNumber(const QString &text, NumberStyle style)
+{
+    const QRegularExpressionMatch match = outerPattern().match(text.trimmed());
+    if (!match.hasMatch()) {
+        return std::nullopt;
+    }
+    const bool open = !match.captured(u"open"_s).isEmpty();
+    if (open != !match.captured(u"close"_s).isEmpty()) {
+        return std::nullopt;
+    }
+    const std::optional<Digits> digits = splitDigits(match.captured(u"digits"_s), style);
+    if (!digits || hasLeadingZero(digits->whole) || digits->whole.size() + digits->fraction.size() > MostDigits) {
+        return std::nullopt;
+    }
+    const QString sign = match.captured(u"sign"_s);
+    const QString suffix = match.captured(u"suffix"_s);
+    const bool plus = sign.startsWith(u'+');
+    const bool minus = (!sign.isEmpty() && !plus) || !match.captured(u"sign2"_s).isEmpty();
+    if ((open && (plus || minus)) || (plus && minus)) {
+        return std::nullopt;
+    }
+    Number number;
+    number.value = (digits->whole + u'.' + digits->fraction + u'0').toDouble();
+    number.decimals = static_cast<int>(digits->fraction.size());
+    number.grouped = digits->grouped;
+    number.percent = suffix.endsWith(u'%') || !match.captured(u"percent2"_s).isEmpty();
+    number.parentheses = open;
+    number.prefix = (plus ? u"+"_s : QString()) + match.captured(u"prefix"_s);
+    if (!suffix.endsWith(u'%')) {
+        number.suffix = suffix;
+    }
+    if (number.percent) {
+        number.value /= 100;
+    }
+    if (minus || open) {
+        number.value = -number.value;
+    }
+    return number;
+}
+
+} // namespace quorra::office

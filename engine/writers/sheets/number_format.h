@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "number.h"
+#include "odf/odf_styles.h"
+
+namespace quorra::office {
+
+/// The name of a number format that shows the number as its table does.
+QString numberFormat(StyleTable &styles, const Number &number);
+
+} // namespace quorra::office

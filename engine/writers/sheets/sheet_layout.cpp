@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheet_layout.h"
+
+#include "odf/odf_runs.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double NarrowestColumn = 20;
+constexpr double WidestColumn = 400;
+constexpr double SidePadding = 7;    // of a cell in points, both sides together
+constexpr double FontReserve = 1.08; // by which another font may be wider
+constexpr double LineHeight = 1.22;  // times the size of type
+constexpr double RowPadding = 2;     // points
+constexpr double LeastRow = 12.8;    // the height of an empty row
+constexpr double Middle = 3;         // points by which text may stand off the middle of its cell
+constexpr double LeastIndent = 4;    // smaller ones are uneven setting
+constexpr double WidestIndent = 100;
+constexpr double CommonShare = 0.08; // of a column's texts
+
+double textHeight(const model::Cell &cell)
+{
+    double height = RowPadding;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        const auto lines = static_cast<double>(std::max<std::size_t>(1, paragraph.lines.size()));
+        height += lines * LineHeight * largestSize(paragraph.runs);
+    }
+    return height;
+}
+
+// What a cell of one line needs so that nothing of it is cut off.
+double textWidthOf(const model::Cell &cell)
+{
+    return cell.paragraphs.front().box.width() * FontReserve + SidePadding;
+}
+
+// The leftmost place at which several texts of a column begin; a single one may stick out.
+double commonStart(std::vector<double> &lefts)
+{
+    std::sort(lefts.begin(), lefts.end());
+    const auto several =
+        std::max<std::size_t>(2, static_cast<std::size_t>(std::ceil(CommonShare * static_cast<double>(lefts.size()))));
+    for (std::size_t i = 0; i + several <= lefts.size(); ++i) {
+        if (lefts[i + several - 1] - lefts[i] <= 1) {
+            return lefts[i];
+        }
+    }
+    return lefts.empty() ? 0 : lefts.front();
+}
+
+bool isIndentable(const model::Cell &cell)
+{
+    return cell.columnSpan == 1 && !cell.paragraphs.empty() && !cell.paragraphs.front().rightToLeft &&
+           cell.paragraphs.front().rotation == 0 && cell.paragraphs.front().alignment == model::Alignment::Left;
+}
+
+} // namespace
+
+bool wrapsInSheet(const model::Cell &cell)
+{
+    return cell.paragraphs.size() > 1 || (!cell.paragraphs.empty() && cell.paragraphs.front().lines.size() > 1);
+}
+
+std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables)
+{
+    std::vector<double> widths;
+    for (const model::Table *table : tables) {
+        widths.resize(std::max(widths.size(), static_cast<std::size_t>(table->columns())));
+        for (std::size_t i = 0; i + 1 < table->columnEdges.size(); ++i) {
+            widths[i] = std::max(widths[i], table->columnEdges[i + 1] - table->columnEdges[i] + SidePadding / 2);
+        }
+        for (const model::Cell &cell : table->cells) {
+            const auto column = static_cast<std::size_t>(cell.column);
+            const bool upright = !cell.paragraphs.empty() && cell.paragraphs.front().rotation == 0;
+            if (cell.columnSpan == 1 && upright && !wrapsInSheet(cell) && column < widths.size()) {
+                widths[column] = std::max(widths[column], textWidthOf(cell));
+            }
+        }
+    }
+    for (double &width : widths) {
+        width = std::clamp(width, NarrowestColumn, WidestColumn);
+    }
+    return widths;
+}
+
+std::vector<double> sheetRows(const model::Table &table)
+{
+    std::vector<double> heights;
+    for (std::size_t i = 0; i + 1 < table.rowEdges.size(); ++i) {
+        heights.push_back(std::max(LeastRow, table.rowEdges[i + 1] - table.rowEdges[i]));
+    }
+    for (const model::Cell &cell : table.cells) {
+        const auto row = static_cast<std::size_t>(cell.row);
+        const auto last = row + static_cast<std::size_t>(cell.rowSpan) - 1;
+        if (cell.paragraphs.empty() || last >= heights.size()) {
+            continue;
+        }
+        double others = 0; // of the rows that the cell spans, but the last
+        for (std::size_t i = row; i < last; ++i) {
+            others += heights[i];
+        }
+        heights[last] = std::max(heights[last], textHeight(cell) - others);
+    }
+    return heights;
+}
+
+double sheetLineHeight(const model::Line &line)
+{
+    double size = 0;
+    for (const model::Word &word : line.words) {
+        size = std::max(size, word.style.size);
+    }
+    return std::max(LeastRow, LineHeight * size + RowPadding);
+}
+
+QString verticalPlace(const model::Cell &cell)
+{
+    if (cell.paragraphs.empty()) {
+        return u"bottom"_s;
+    }
+    if (cell.paragraphs.front().rotation != 0) {
+        return u"middle"_s; // turned inside its table, and upright on the sheet: places do not compare
+    }
+    const double above = cell.paragraphs.front().box.top - cell.box.top;
+    const double below = cell.box.bottom - cell.paragraphs.back().box.bottom;
+    return std::abs(above - below) <= 2 * Middle ? u"middle"_s : above < below ? u"top"_s : u"bottom"_s;
+}
+
+std::vector<double> sheetIndents(const model::Table &table)
+{
+    std::vector<std::vector<double>> lefts(static_cast<std::size_t>(table.columns()));
+    for (const model::Cell &cell : table.cells) {
+        const auto column = static_cast<std::size_t>(cell.column);
+        if (isIndentable(cell) && column < lefts.size()) {
+            lefts[column].push_back(cell.paragraphs.front().box.left);
+        }
+    }
+    std::vector<double> starts;
+    starts.reserve(lefts.size());
+    for (std::vector<double> &values : lefts) {
+        starts.push_back(commonStart(values));
+    }
+    std::vector<double> indents;
+    for (const model::Cell &cell : table.cells) {
+        const auto column = static_cast<std::size_t>(cell.column);
+        const bool counts = isIndentable(cell) && column < starts.size();
+        const double indent = counts ? cell.paragraphs.front().box.left - starts[column] : 0;
+        indents.push_back(indent < LeastIndent ? 0 : std::min(indent, WidestIndent));
+    }
+    return indents;
+}
+
+} // namespace quorra::office

@@ -1,0 +1,293 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sheets/sheets_writer.h"
+
+#include "cell_value.h"
+#include "document/page_walk.h"
+#include "document/rotation.h"
+#include "number_format.h"
+#include "odf/odf_frames.h"
+#include "odf/odf_tables.h"
+#include "sheet_date.h"
+#include "sheet_layout.h"
+#include "sheet_printing.h"
+
+#include <algorithm>
+#include <deque>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double LineWidth = 480; // of the column for a document's lines of text
+
+std::vector<model::Run> allRuns(const model::Cell &cell)
+{
+    std::vector<model::Run> runs;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        runs.insert(runs.end(), paragraph.runs.begin(), paragraph.runs.end());
+    }
+    return runs;
+}
+
+QString sideName(const model::Paragraph &paragraph)
+{
+    switch (paragraph.alignment) {
+    case model::Alignment::Centre:
+        return u"center"_s;
+    case model::Alignment::Right:
+        return u"end"_s;
+    default:
+        return paragraph.rightToLeft ? u"end"_s : u"start"_s;
+    }
+}
+
+// The sheets of one document.
+class SheetWriter
+{
+public:
+    SheetWriter(OdfFile &file, model::PictureSource &pictures, const QStringList &texts)
+        : m_sink{file.body(), file.styles()}
+        , m_printing(file.masters())
+        , m_pictures(pictures)
+        , m_numberStyle(numberStyleOf(texts))
+        , m_dateOrder(dateOrderOf(texts))
+    {}
+
+    void writeTables(const model::Page &page, std::vector<const model::Table *> tables);
+    void writeScan(const model::Page &page);
+    void writeLines(const model::Document &document);
+
+private:
+    void beginSheet(const QString &name, const model::Page &page);
+    void beginRow(double height);
+    void writeCell(const model::Cell &cell, double indent);
+    void writeValue(const Number &number);
+    QString cellStyle(const model::Cell &cell, const QString &dataStyle, double indent);
+
+    Sink m_sink;
+    SheetPrinting m_printing;
+    model::PictureSource &m_pictures;
+    NumberStyle m_numberStyle;
+    DateOrder m_dateOrder;
+};
+
+void SheetWriter::beginSheet(const QString &name, const model::Page &page)
+{
+    m_sink.xml.writeStartElement("table:table"_L1);
+    m_sink.xml.writeAttribute("table:name"_L1, name);
+    m_sink.xml.writeAttribute("table:style-name"_L1, m_printing.sheetStyle(m_sink.styles, page.width, page.height));
+}
+
+void SheetWriter::beginRow(double height)
+{
+    m_sink.xml.writeStartElement("table:table-row"_L1);
+    if (height > 0) {
+        m_sink.xml.writeAttribute(
+            "table:style-name"_L1,
+            m_sink.styles.name(
+                {"style:style"_L1,
+                 {{"style:family"_L1, u"table-row"_s}},
+                 {{"style:table-row-properties"_L1,
+                   {{"style:row-height"_L1, pt(height)}, {"style:use-optimal-row-height"_L1, u"false"_s}}}}}));
+    }
+}
+
+QString SheetWriter::cellStyle(const model::Cell &cell, const QString &dataStyle, double indent)
+{
+    Attributes look = {
+        {"fo:border-left"_L1, borderText(cell.left)},
+        {"fo:border-right"_L1, borderText(cell.right)},
+        {"fo:border-top"_L1, borderText(cell.top)},
+        {"fo:border-bottom"_L1, borderText(cell.bottom)},
+        {"style:vertical-align"_L1, verticalPlace(cell)}};
+    if (cell.background) {
+        look.emplace_back("fo:background-color"_L1, colourName(*cell.background));
+    }
+    if (wrapsInSheet(cell)) {
+        look.emplace_back("fo:wrap-option"_L1, u"wrap"_s);
+    }
+    Attributes align;
+    if (!cell.paragraphs.empty()) {
+        const model::Paragraph &first = cell.paragraphs.front();
+        align = {
+            {"fo:text-align"_L1, sideName(first)},
+            {"style:writing-mode"_L1, first.rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}};
+        look.emplace_back("style:text-align-source"_L1, u"fix"_s);
+        if (indent > 0) {
+            align.emplace_back("fo:margin-left"_L1, pt(indent));
+        }
+    }
+    Element style{
+        "style:style"_L1, {{"style:family"_L1, u"table-cell"_s}, {"style:parent-style-name"_L1, u"Default"_s}}};
+    if (!dataStyle.isEmpty()) {
+        style.attributes.emplace_back("style:data-style-name"_L1, dataStyle);
+    }
+    const model::Style main = mainStyle(allRuns(cell));
+    m_sink.styles.noteFont(main);
+    style.children = {
+        {"style:table-cell-properties"_L1, look},
+        {"style:paragraph-properties"_L1, align},
+        {"style:text-properties"_L1, textAttributes(main)}};
+    return m_sink.styles.name(style);
+}
+
+void SheetWriter::writeValue(const Number &number)
+{
+    m_sink.xml.writeAttribute("office:value-type"_L1, number.percent ? "percentage"_L1 : "float"_L1);
+    m_sink.xml.writeAttribute("office:value"_L1, QString::number(number.value, 'g', 15));
+}
+
+void SheetWriter::writeCell(const model::Cell &cell, double indent)
+{
+    QXmlStreamWriter &xml = m_sink.xml;
+    const QString text = cellText(cell);
+    const std::optional<Number> number = cellNumber(cell, m_numberStyle);
+    const std::optional<SheetDate> date = readDate(text, m_dateOrder);
+    const QString dataStyle = number ? numberFormat(m_sink.styles, *number)
+                              : date ? dateFormat(m_sink.styles, *date)
+                                     : QString();
+    xml.writeStartElement("table:table-cell"_L1);
+    xml.writeAttribute("table:style-name"_L1, cellStyle(cell, dataStyle, indent));
+    writeSpans(xml, cell);
+    if (number) {
+        writeValue(*number);
+        xml.writeTextElement("text:p"_L1, xmlText(text));
+    } else if (date) {
+        xml.writeAttribute("office:value-type"_L1, "date"_L1);
+        xml.writeAttribute("office:date-value"_L1, date->day.toString(Qt::ISODate));
+        xml.writeTextElement("text:p"_L1, xmlText(text));
+    } else if (!text.isEmpty()) {
+        xml.writeAttribute("office:value-type"_L1, "string"_L1);
+        const model::Style main = mainStyle(allRuns(cell));
+        for (const model::Paragraph &paragraph : cell.paragraphs) {
+            xml.writeStartElement("text:p"_L1);
+            if (!paragraph.listMark.isEmpty()) {
+                xml.writeCharacters(xmlText(paragraph.listMark) + u' ');
+            }
+            writeRuns(m_sink, paragraph.runs, main, true, risesOf(paragraph));
+            xml.writeEndElement();
+        }
+    }
+    xml.writeEndElement();
+}
+
+void SheetWriter::writeTables(const model::Page &page, std::vector<const model::Table *> tables)
+{
+    std::deque<model::Table> upright; // keeps the addresses of what it holds
+    for (const model::Table *&table : tables) {
+        if (table->rotation != 0) {
+            table = &upright.emplace_back(model::uprightTable(*table));
+        }
+    }
+    beginSheet(u"Page %1"_s.arg(page.number), page);
+    const std::vector<double> widths = sheetColumns(tables);
+    std::for_each(widths.begin(), widths.end(), [this](double width) { writeColumn(m_sink, width); });
+    for (const model::Table *table : tables) {
+        if (table != tables.front()) {
+            beginRow(0);
+            m_sink.xml.writeEmptyElement("table:table-cell"_L1);
+            m_sink.xml.writeEndElement();
+        }
+        const std::vector<const model::Cell *> grid = cellGrid(*table);
+        const std::vector<double> heights = sheetRows(*table);
+        const std::vector<double> indents = sheetIndents(*table);
+        for (int row = 0; row < table->rows(); ++row) {
+            beginRow(*(heights.begin() + row));
+            for (int column = 0; column < table->columns(); ++column) {
+                if (const model::Cell *cell = *(grid.begin() + row * table->columns() + column)) {
+                    writeCell(*cell, *(indents.begin() + (cell - table->cells.data())));
+                } else {
+                    m_sink.xml.writeEmptyElement("table:covered-table-cell"_L1);
+                }
+            }
+            m_sink.xml.writeEndElement();
+        }
+    }
+    m_sink.xml.writeEndElement();
+}
+
+void SheetWriter::writeScan(const model::Page &page)
+{
+    beginSheet(u"Page %1"_s.arg(page.number), page);
+    m_sink.xml.writeStartElement("table:shapes"_L1);
+    writePictures(m_sink, page, m_pictures, FrameAnchor::Sheet);
+    m_sink.xml.writeEndElement();
+    writeColumn(m_sink, page.width / 8);
+    beginRow(0);
+    m_sink.xml.writeEmptyElement("table:table-cell"_L1);
+    m_sink.xml.writeEndElement();
+    m_sink.xml.writeEndElement();
+}
+
+model::Cell cellOf(const model::Line &line)
+{
+    model::Paragraph paragraph;
+    for (const model::Word &word : line.words) {
+        paragraph.runs.push_back({word.text, word.style});
+        if (word.spaceAfter && &word != &line.words.back()) {
+            paragraph.runs.back().text += u' ';
+        }
+    }
+    model::Cell cell;
+    cell.paragraphs.push_back(std::move(paragraph));
+    return cell;
+}
+
+void SheetWriter::writeLines(const model::Document &document)
+{
+    beginSheet(u"Text"_s, document.pages.empty() ? model::Page{} : document.pages.front());
+    writeColumn(m_sink, LineWidth);
+    for (const model::Page &page : document.pages) {
+        forEachParagraph(page, [this](const model::Paragraph &paragraph) {
+            for (const model::Line &line : paragraph.lines) {
+                beginRow(sheetLineHeight(line));
+                writeCell(cellOf(line), 0);
+                m_sink.xml.writeEndElement();
+            }
+        });
+    }
+    m_sink.xml.writeEndElement();
+}
+
+std::vector<const model::Table *> tablesOf(const model::Page &page)
+{
+    std::vector<const model::Table *> tables;
+    forEachBlock(page, [&](const model::Block &block) {
+        if (block.table() && block.table()->rows() > 0) {
+            tables.push_back(block.table());
+        }
+    });
+    return tables;
+}
+
+} // namespace
+
+void writeSheets(OdfFile &file, const model::Document &document, model::PictureSource &pictures)
+{
+    QStringList texts;
+    for (const model::Page &page : document.pages) {
+        for (const model::Table *table : tablesOf(page)) {
+            for (const model::Cell &cell : table->cells) {
+                texts.push_back(cellText(cell));
+            }
+        }
+    }
+    SheetWriter writer(file, pictures, texts);
+    bool wrote = false;
+    for (const model::Page &page : document.pages) {
+        const std::vector<const model::Table *> tables = tablesOf(page);
+        if (page.scanned) {
+            writer.writeScan(page);
+        } else if (!tables.empty()) {
+            writer.writeTables(page, tables);
+        }
+        wrote = wrote || page.scanned || !tables.empty();
+    }
+    if (!wrote) {
+        writer.writeLines(document);
+    }
+}
+
+} // namespace quorra::office

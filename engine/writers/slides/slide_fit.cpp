@@ -1,0 +1,306 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "slide_fit.h"
+
+#include "odf/font_widths.h"
+#include "odf/odf_runs.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double HeadGap = 1.8;         // the same in running heads, whose parts have nothing to do with one another
+constexpr double ApartGap = 3;          // between words that are no neighbours, times the size of type
+constexpr double LabelGap = 1;          // the same in drawings
+constexpr int MostBlanks = 80;          // between two words
+constexpr int MostIndent = 200;         // blanks before the first word of a line of code
+constexpr double WideGap = .65;         // more than a blank, but no more than belongs to one line
+constexpr double OffBaseline = 0.5;     // times the size of type
+constexpr double TightestSpacing = -.1; // times the size of type
+constexpr double WidestSpacing = .15;
+constexpr double SpacingStep = .0283465; // points: a hundredth of a millimetre, which slide programs round to
+constexpr double MostSqueezing = .04;    // times the size of type, below the page's own width, to keep lines together
+constexpr double FixedPitch = .6;        // width of a sign, times the size of type
+constexpr std::size_t MostKeptLines = 6;
+
+// Families that most machines have; the lists are of their beginnings, without blanks.
+constexpr std::array<QLatin1String, 32> Widespread = {
+    QLatin1String("calibri"),       QLatin1String("cambria"),    QLatin1String("candara"),
+    QLatin1String("consolas"),      QLatin1String("constantia"), QLatin1String("corbel"),
+    QLatin1String("georgia"),       QLatin1String("verdana"),    QLatin1String("tahoma"),
+    QLatin1String("trebuchet"),     QLatin1String("segoe"),      QLatin1String("comicsans"),
+    QLatin1String("impact"),        QLatin1String("garamond"),   QLatin1String("bookantiqua"),
+    QLatin1String("palatino"),      QLatin1String("gillsans"),   QLatin1String("centuryschoolbook"),
+    QLatin1String("franklin"),      QLatin1String("lucida"),     QLatin1String("dejavu"),
+    QLatin1String("carlito"),       QLatin1String("caladea"),    QLatin1String("aptos"),
+    QLatin1String("arialnarrow"),   QLatin1String("arialblack"), QLatin1String("bookmanoldstyle"),
+    QLatin1String("centurygothic"), QLatin1String("noto"),       QLatin1String("msgothic"),
+    QLatin1String("msmincho"),      QLatin1String("simsun")};
+constexpr std::array<QLatin1String, 6> Measured = {QLatin1String("timesnewroman"),  QLatin1String("arial"),
+                                                   QLatin1String("couriernew"),     QLatin1String("liberationserif"),
+                                                   QLatin1String("liberationsans"), QLatin1String("liberationmono")};
+
+template <typename Names>
+bool beginsLike(const Names &names, const QString &family)
+{
+    QString plain = family.toLower();
+    plain.remove(u' ').remove(u'-');
+    return std::any_of(names.begin(), names.end(), [&](QLatin1String name) { return plain.startsWith(name); });
+}
+
+bool isWidespread(const QString &family)
+{
+    return beginsLike(Widespread, family);
+}
+
+bool isMeasured(const QString &family)
+{
+    return beginsLike(Measured, family) && !isWidespread(family);
+}
+
+void exchangeFamily(model::Style &style, const QString &text)
+{
+    if (!isWidespread(style.family) && !isMeasured(style.family) && textWidth(text, style)) {
+        style.family = measuredFamily(style);
+    }
+}
+
+std::optional<double> knownWidth(const model::Word &word)
+{
+    return isMeasured(word.style.family) ? textWidth(word.text, word.style) : std::nullopt;
+}
+
+struct Widths
+{
+    double onPage = 0;
+    double natural = 0;
+    double signs = 0;
+};
+
+std::optional<Widths> widthsOf(const model::Paragraph &paragraph)
+{
+    Widths widths;
+    for (const model::Line &line : paragraph.lines) {
+        for (const model::Word &word : line.words) {
+            const std::optional<double> natural = knownWidth(word);
+            if (!natural) {
+                return std::nullopt;
+            }
+            widths.onPage += word.box.width();
+            widths.natural += *natural;
+            widths.signs += static_cast<double>(word.text.size());
+        }
+    }
+    return widths.signs > 0 ? std::optional(widths) : std::nullopt;
+}
+
+// What must stay together in one line, and the blank before it.
+struct Chunk
+{
+    double width = 0;
+    double blank = 0;
+};
+
+std::vector<Chunk> chunksOf(const model::Paragraph &paragraph, double spacing)
+{
+    std::vector<Chunk> chunks;
+    bool glued = false; // to the word before, without a blank
+    for (const model::Line &line : paragraph.lines) {
+        for (const model::Word &word : line.words) {
+            const auto signs = static_cast<double>(word.text.size());
+            const double wide = knownWidth(word).value_or(word.box.width()) + signs * spacing;
+            if (glued) {
+                chunks.back().width += wide;
+            } else {
+                chunks.push_back({wide, textWidth(u" "_s, word.style).value_or(0) + spacing});
+            }
+            // A word cut by a hyphen at the line's end is whole again in the running text.
+            const bool last = &word == &line.words.back();
+            glued = last ? word.text.size() > 1 && word.text.endsWith(u'-') : !word.spaceAfter;
+        }
+    }
+    return chunks;
+}
+
+// The lines into which the words fall, one after the other into this width.
+std::size_t linesIn(const model::Paragraph &paragraph, double width, double spacing)
+{
+    std::size_t lines = 1;
+    double at = std::max(0.0, paragraph.firstLineIndent);
+    bool empty = true;
+    for (const Chunk &chunk : chunksOf(paragraph, spacing)) {
+        const double end = at + (empty ? 0 : chunk.blank) + chunk.width;
+        if (end > width && !empty) {
+            ++lines;
+            at = std::max(0.0, -paragraph.firstLineIndent) + chunk.width;
+        } else {
+            at = end;
+        }
+        empty = false;
+    }
+    return lines;
+}
+
+bool isApart(const model::Word &word, const model::Word &next, double gap, bool everyLine)
+{
+    const double size = std::max(word.style.size, next.style.size);
+    const double between = std::max(next.box.left - word.box.right, word.box.left - next.box.right);
+    return between > gap * size || (everyLine && std::abs(next.baseline - word.baseline) > OffBaseline * size);
+}
+
+std::vector<model::Line> cutLine(const model::Line &line, double gap, bool everyLine)
+{
+    std::vector<model::Line> pieces;
+    for (const model::Word &word : line.words) {
+        if (pieces.empty() || isApart(pieces.back().words.back(), word, gap, everyLine)) {
+            pieces.push_back({{}, line.baseline, line.rotation, {}});
+        }
+        pieces.back().words.push_back(word);
+        pieces.back().box = united(pieces.back().box, word.box);
+        pieces.back().baseline = everyLine ? word.baseline : line.baseline;
+    }
+    return pieces;
+}
+
+void addWord(std::vector<model::Run> &runs, const QString &text, const model::Style &style)
+{
+    if (!runs.empty() && runs.back().style == style) {
+        runs.back().text += text;
+    } else {
+        runs.push_back({text, style});
+    }
+}
+
+// That many blanks, within the limits.
+QString blanks(double count, int least, int most)
+{
+    return QString(std::lround(std::clamp<double>(count, least, most)), u' ');
+}
+
+QString blanksBetween(const model::Word &word, const model::Word &next)
+{
+    const double gap = next.box.left - word.box.right;
+    if (!word.style.fixedPitch) {
+        // Behind the number of a heading stands more than one blank.
+        const double blank = textWidth(u" "_s, word.style).value_or(word.style.size / 4);
+        const bool wide = word.spaceAfter && gap > WideGap * word.style.size;
+        return blanks(wide ? gap / blank : 0, word.spaceAfter ? 1 : 0, MostBlanks);
+    }
+    return blanks(gap / (FixedPitch * word.style.size), word.spaceAfter ? 1 : 0, MostBlanks);
+}
+
+} // namespace
+
+model::Paragraph inCommonFonts(model::Paragraph paragraph)
+{
+    for (model::Run &run : paragraph.runs) {
+        QString text = run.text;
+        exchangeFamily(run.style, text.remove(u'\n').remove(u'\t'));
+    }
+    for (model::Line &line : paragraph.lines) {
+        for (model::Word &word : line.words) {
+            exchangeFamily(word.style, word.text);
+        }
+    }
+    return paragraph;
+}
+
+double fittingSpacing(const model::Paragraph &paragraph, double width)
+{
+    const std::optional<Widths> widths = widthsOf(paragraph);
+    if (!widths) {
+        return 0;
+    }
+    const double size = largestSize(paragraph.runs);
+    const double exact = (widths->onPage - widths->natural) / widths->signs;
+    double spacing =
+        std::clamp(std::floor(exact / SpacingStep) * SpacingStep, TightestSpacing * size, WidestSpacing * size);
+    if (keepsLines(paragraph)) {
+        return spacing;
+    }
+    const double least = spacing - MostSqueezing * size;
+    double fitting = spacing;
+    while (fitting > least && linesIn(paragraph, width, fitting) > paragraph.lines.size()) {
+        fitting -= SpacingStep;
+    }
+    return fitting > least ? fitting : spacing;
+}
+
+bool hasKnownWidths(const model::Paragraph &paragraph)
+{
+    return widthsOf(paragraph).has_value();
+}
+
+std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, bool everyLine)
+{
+    const bool head = paragraph.role == model::Role::RunningHead;
+    const double gap = everyLine ? LabelGap : head ? HeadGap : ApartGap;
+    std::vector<model::Line> pieces;
+    for (const model::Line &line : paragraph.lines) {
+        for (model::Line &piece : cutLine(line, gap, everyLine)) {
+            pieces.push_back(std::move(piece));
+        }
+    }
+    // One wide space in many lines is an accident of their setting.
+    const bool whole = pieces.size() < 2 || (!everyLine && 2 * pieces.size() < 3 * paragraph.lines.size());
+    if (whole || (!paragraph.listMark.isEmpty() && !everyLine)) {
+        return {paragraph};
+    }
+    std::vector<model::Paragraph> result;
+    for (model::Line &piece : pieces) {
+        model::Paragraph single;
+        single.box = piece.box;
+        single.rightToLeft = paragraph.rightToLeft;
+        single.lines = {std::move(piece)};
+        single.runs = runsByLine(single);
+        result.push_back(std::move(single));
+    }
+    return result;
+}
+
+bool keepsLines(const model::Paragraph &paragraph)
+{
+    if (paragraph.lines.size() < 2) {
+        return true;
+    }
+    std::size_t breaks = 1;
+    for (const model::Run &run : paragraph.runs) {
+        breaks += static_cast<std::size_t>(run.text.count(u'\n'));
+    }
+    const bool flush = paragraph.alignment == model::Alignment::Left ||
+                       paragraph.alignment == model::Alignment::Justify || !paragraph.listMark.isEmpty();
+    return breaks >= paragraph.lines.size() || (!flush && paragraph.lines.size() <= MostKeptLines);
+}
+
+std::vector<model::Run> runsByLine(const model::Paragraph &paragraph)
+{
+    if (paragraph.lines.empty() || !paragraph.listMark.isEmpty()) {
+        return paragraph.runs;
+    }
+    std::vector<model::Run> runs;
+    for (const model::Line &line : paragraph.lines) {
+        for (std::size_t i = 0; i < line.words.size(); ++i) {
+            const model::Word &word = line.words[i];
+            QString text = word.text;
+            if (i == 0 && word.style.fixedPitch && paragraph.lines.size() > 1) {
+                const double indent = (word.box.left - paragraph.box.left) / (FixedPitch * word.style.size);
+                text.prepend(blanks(indent, 0, MostIndent));
+            }
+            if (i + 1 < line.words.size()) {
+                text += blanksBetween(word, line.words[i + 1]);
+            } else if (&line != &paragraph.lines.back()) {
+                text += u'\n';
+            }
+            addWord(runs, text, word.style);
+        }
+    }
+    return runs;
+}
+
+} // namespace quorra::office

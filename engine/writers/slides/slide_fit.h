@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "document/document.h"
+
+#include <vector>
+
+// How text keeps its place when it is set in another font than the page's. Pure functions over paragraphs that stand
+// upright.
+namespace quorra::office {
+
+/// The paragraph with families that only the file holds exchanged for the common one of their kind, as far as the
+/// widths of their signs are known; in the runs and in the words of the lines.
+model::Paragraph inCommonFonts(model::Paragraph paragraph);
+
+/// The letter spacing in points at which the words are as wide as on the page and, set into this width, break into no
+/// more lines than there. 0 where the widths are not known or the font is not the one they are known for.
+double fittingSpacing(const model::Paragraph &paragraph, double width);
+
+/// Whether the widths of all its words are known in the fonts they are set in.
+bool hasKnownWidths(const model::Paragraph &paragraph);
+
+/// The paragraph's lines cut where wide blank spaces stand in them, each piece a paragraph of its own; the paragraph
+/// itself where its lines hold together. With everyLine each line is a piece too, and words that stand off the line's
+/// baseline: the labels of a drawing.
+std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, bool everyLine);
+
+/// Whether the lines are to stay as they are on the page: single ones, those that end where the page means it, and
+/// those that are not flush left.
+bool keepsLines(const model::Paragraph &paragraph);
+
+/// The runs with '\n' between the lines and, in text of fixed pitch, the blanks by which it is set out. Without any
+/// lines, and for list items, the paragraph's own runs.
+std::vector<model::Run> runsByLine(const model::Paragraph &paragraph);
+
+} // namespace quorra::office

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "slide_frame.h"
+
+#include "document/rotation.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double QuarterTurn = 1.5707963268; // in radians, as ODF counts angles
+
+model::Turn toSlide(const SlideTurn &turn)
+{
+    return model::turnToPage(turn.rotation, turn.width, turn.height);
+}
+
+QString sideName(model::Alignment alignment)
+{
+    switch (alignment) {
+    case model::Alignment::Centre:
+        return u"center"_s;
+    case model::Alignment::Right:
+        return u"right"_s;
+    default:
+        return u"left"_s;
+    }
+}
+
+} // namespace
+
+model::Paragraph uprightParagraph(model::Paragraph paragraph, const SlideTurn &turn)
+{
+    if (turn.rotation != 0) {
+        model::turnBack(paragraph, 360 - turn.rotation, turn.width, turn.height);
+    }
+    return paragraph;
+}
+
+Box onSlide(const Box &box, const SlideTurn &turn)
+{
+    return toSlide(turn).box(box);
+}
+
+model::Rule onSlide(const model::Rule &rule, const SlideTurn &turn)
+{
+    const Box box = onSlide(Box{rule.x1, rule.y1, rule.x2, rule.y2}, turn);
+    return {box.left, box.top, box.right, box.bottom, rule.width, rule.colour};
+}
+
+void beginSlideFrame(const Sink &sink, const Box &box, const SlideTurn &turn, bool wraps, model::Alignment alignment)
+{
+    const QString style = sink.styles.graphic(
+        {{"fo:padding"_L1, u"0pt"_s},
+         {"fo:border"_L1, u"none"_s},
+         {"draw:fill"_L1, u"none"_s},
+         {"draw:stroke"_L1, u"none"_s},
+         {"draw:auto-grow-height"_L1, u"false"_s},
+         {"draw:auto-grow-width"_L1, wraps ? u"false"_s : u"true"_s},
+         {"fo:wrap-option"_L1, wraps ? u"wrap"_s : u"no-wrap"_s},
+         {"draw:textarea-horizontal-align"_L1, wraps ? u"justify"_s : sideName(alignment)},
+         {"draw:textarea-vertical-align"_L1, u"top"_s}},
+        "standard"_L1);
+    QXmlStreamWriter &xml = sink.xml;
+    xml.writeStartElement("draw:frame"_L1);
+    xml.writeAttribute("draw:style-name"_L1, style);
+    const auto [x, y] = toSlide(turn).point(box.left, box.top);
+    if (turn.rotation == 0) {
+        xml.writeAttribute("svg:x"_L1, pt(x));
+        xml.writeAttribute("svg:y"_L1, pt(y));
+    } else {
+        const QString angle = QString::number(-QuarterTurn * turn.rotation / 90, 'f', 6);
+        xml.writeAttribute(
+            "draw:transform"_L1, "rotate ("_L1 + angle + ") translate ("_L1 + pt(x) + u' ' + pt(y) + u')');
+    }
+    xml.writeAttribute("svg:width"_L1, pt(box.width()));
+    xml.writeAttribute("svg:height"_L1, pt(box.height()));
+    xml.writeStartElement("draw:text-box"_L1);
+}
+
+} // namespace quorra::office

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "slide_table.h"
+
+#include "document/page_walk.h"
+#include "odf/odf_frames.h"
+#include "odf/odf_tables.h"
+#include "slide_fit.h"
+#include "slide_text.h"
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr std::size_t MostCells = 200;
+constexpr double RowPadding = 7.2;      // above and below a cell's text: slide programs take no less
+constexpr double SidePadding = .3;      // none at all would be taken for the usual one
+constexpr double TightestLeading = .95; // times the size of type
+constexpr double Middle = 3;            // points by which text may stand off the middle of its cell
+constexpr double Clearance = 2;         // points between the table and what follows
+
+std::size_t lineCount(const model::Cell &cell)
+{
+    std::size_t lines = 0;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        lines += std::max<std::size_t>(1, paragraph.lines.size());
+    }
+    return lines;
+}
+
+double sizeOf(const model::Cell &cell)
+{
+    double size = 0;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        size = std::max(size, largestSize(paragraph.runs));
+    }
+    return size;
+}
+
+double leastHeight(const model::Cell &cell)
+{
+    return RowPadding + static_cast<double>(lineCount(cell)) * TightestLeading * sizeOf(cell);
+}
+
+// By how much the table gets higher than on the page.
+double growth(const model::Table &table)
+{
+    double sum = 0;
+    for (int row = 0; row < table.rows(); ++row) {
+        double least = 0;
+        for (const model::Cell &cell : table.cells) {
+            if (cell.row == row && cell.rowSpan == 1) {
+                least = std::max(least, leastHeight(cell));
+            }
+        }
+        const auto at = table.rowEdges.begin() + row;
+        sum += std::max(0.0, least - (at[1] - at[0]));
+    }
+    return sum;
+}
+
+double blankBelow(const model::Page &page, const Box &box)
+{
+    double next = page.height;
+    const auto look = [&](const model::Block &block) {
+        const Box other = block.box();
+        if (other.top >= box.bottom - Clearance && other.left < box.right && other.right > box.left) {
+            next = std::min(next, other.top);
+        }
+    };
+    forEachBlock(page, look);
+    std::for_each(page.runningHeads.begin(), page.runningHeads.end(), look);
+    for (const model::Rule &rule : page.rules) {
+        if (rule.y1 > box.bottom + Clearance && rule.x1 < box.right && rule.x2 > box.left) {
+            next = std::min(next, rule.y1);
+        }
+    }
+    return next - box.bottom - Clearance;
+}
+
+bool isTurned(const model::Table &table)
+{
+    return table.rotation != 0 || std::any_of(table.cells.begin(), table.cells.end(), [](const model::Cell &cell) {
+               return std::any_of(
+                   cell.paragraphs.begin(), cell.paragraphs.end(), [](const auto &each) { return each.rotation != 0; });
+           });
+}
+
+QString verticalPlace(const model::Cell &cell)
+{
+    if (cell.paragraphs.empty()) {
+        return u"middle"_s;
+    }
+    const double above = cell.paragraphs.front().box.top - cell.box.top;
+    const double below = cell.box.bottom - cell.paragraphs.back().box.bottom;
+    return std::abs(above - below) <= 2 * Middle ? u"middle"_s : above < below ? u"top"_s : u"bottom"_s;
+}
+
+// The blank space on the right that all text of the cell keeps, as far as it stands there.
+double paddingRight(const model::Cell &cell)
+{
+    double padding = cell.box.width() / 2;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        const bool right = paragraph.alignment == model::Alignment::Right;
+        padding = std::min(padding, right ? cell.box.right - paragraph.box.right : 0);
+    }
+    return cell.paragraphs.empty() ? SidePadding : std::max(SidePadding, padding);
+}
+
+QString cellStyle(const Sink &sink, const model::Cell &cell)
+{
+    return sink.styles.name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"table-cell"_s}},
+         {{"style:graphic-properties"_L1,
+           {{"draw:fill"_L1, cell.background ? u"solid"_s : u"none"_s},
+            {"draw:fill-color"_L1, colourName(cell.background.value_or(white))},
+            {"fo:padding-left"_L1, pt(SidePadding)},
+            {"fo:padding-right"_L1, pt(paddingRight(cell))},
+            {"fo:padding-top"_L1, u"0pt"_s},
+            {"fo:padding-bottom"_L1, u"0pt"_s},
+            {"draw:textarea-vertical-align"_L1, verticalPlace(cell)}}},
+          {"style:paragraph-properties"_L1,
+           {{"fo:border-left"_L1, borderText(cell.left)},
+            {"fo:border-right"_L1, borderText(cell.right)},
+            {"fo:border-top"_L1, borderText(cell.top)},
+            {"fo:border-bottom"_L1, borderText(cell.bottom)}}}}});
+}
+
+// The paragraph as it stands in its cell: indents by its place, lines close enough for the row.
+model::Paragraph inCell(const model::Paragraph &paragraph, const model::Cell &cell)
+{
+    model::Paragraph placed = inCommonFonts(paragraph);
+    const double left = std::max(0.0, paragraph.box.left - cell.box.left - SidePadding);
+    placed.indentLeft = paragraph.alignment == model::Alignment::Left ? left : 0;
+    placed.indentRight = 0;
+    placed.firstLineIndent = 0;
+    const double size = largestSize(paragraph.runs);
+    const double room = (cell.box.height() - RowPadding) / static_cast<double>(lineCount(cell));
+    placed.lineDistance =
+        std::clamp(slideLeading(paragraph), TightestLeading * size, std::max(room, TightestLeading * size));
+    placed.spaceBefore = std::max(0.0, paragraph.spaceBefore);
+    return placed;
+}
+
+void writeCell(const Sink &sink, const model::Cell &cell)
+{
+    QXmlStreamWriter &xml = sink.xml;
+    xml.writeStartElement("table:table-cell"_L1);
+    xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell));
+    writeSpans(xml, cell);
+    const double width = cell.box.width() - SidePadding - paddingRight(cell);
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        const model::Paragraph placed = inCell(paragraph, cell);
+        writeSlideParagraph(sink, placed, fittingSpacing(placed, width - placed.indentLeft), false);
+    }
+    if (cell.paragraphs.empty()) {
+        // The sign at the end of a cell without text takes the usual large size, and the row grows with it.
+        model::Paragraph empty;
+        empty.lineDistance = 1;
+        empty.runs = {{QString(), {}}};
+        empty.runs[0].style.size = 1;
+        writeSlideParagraph(sink, empty, 0, false);
+    }
+    xml.writeEndElement();
+}
+
+} // namespace
+
+bool fitsAsTable(const model::Page &page, const model::Table &table)
+{
+    return table.rows() > 0 && table.columns() > 0 && table.cells.size() <= MostCells && !isTurned(table) &&
+           growth(table) <= std::max(0.0, blankBelow(page, table.box));
+}
+
+void writeSlideTable(const Sink &sink, const model::Table &table)
+{
+    QXmlStreamWriter &xml = sink.xml;
+    beginTableFrame(sink, table.box);
+    xml.writeStartElement("table:table"_L1);
+    for (int column = 0; column < table.columns(); ++column) {
+        const auto at = table.columnEdges.begin() + column;
+        writeColumn(sink, at[1] - at[0]);
+    }
+    const std::vector<const model::Cell *> grid = cellGrid(table);
+    for (int row = 0; row < table.rows(); ++row) {
+        const auto at = table.rowEdges.begin() + row;
+        xml.writeStartElement("table:table-row"_L1);
+        xml.writeAttribute(
+            "table:style-name"_L1,
+            sink.styles.name(
+                {"style:style"_L1,
+                 {{"style:family"_L1, u"table-row"_s}},
+                 {{"style:table-row-properties"_L1, {{"style:row-height"_L1, pt(at[1] - at[0])}}}}}));
+        for (int column = 0; column < table.columns(); ++column) {
+            if (const model::Cell *cell = *(grid.begin() + row * table.columns() + column)) {
+                writeCell(sink, *cell);
+            } else {
+                xml.writeEmptyElement("table:covered-table-cell"_L1);
+            }
+        }
+        xml.writeEndElement();
+    }
+    xml.writeEndElement();
+    xml.writeEndElement();
+}
+
+} // namespace quorra::office

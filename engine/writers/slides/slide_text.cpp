@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "slide_text.h"
+
+#include "document/page_walk.h"
+#include "odf/placed_page.h"
+#include "slide_fit.h"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double UsualLeading = 1.2;  // times the size of type
+constexpr double WidestLeading = 2.5; // wider ones are blank space
+constexpr double TightestLeading = .95;
+constexpr double Descent = .21;    // of a line of fixed height below its baseline, times the size of type
+constexpr double LeastSpare = 6;   // points that a line of text may get wider in another font
+constexpr double SpareWidth = .08; // the same, of its width
+constexpr double FlowSpare = 3;    // points beside text whose widths are known
+constexpr double Rounding = 1;     // points that letter spacing may add to a line by being rounded
+constexpr double LeastIndent = .1; // a slide forgets the first line's indent where there is no other
+constexpr QLatin1String PageLink("#page=");
+
+bool isPlain(const QString &text)
+{
+    return !text.contains(u'\n') && !text.contains(u'\t');
+}
+
+// A link on a slide is a field: it takes its look from around it, holds nothing but signs and does not break. So each
+// word is one.
+void writeLink(const Sink &sink, const model::Run &run, const model::Style &look, const QString &target)
+{
+    model::Style style = run.style;
+    style.link.clear();
+    qsizetype at = 0;
+    while (at < run.text.size()) {
+        const qsizetype blank = run.text.indexOf(u' ', at);
+        const qsizetype end = blank < 0 ? run.text.size() : blank;
+        if (end > at) {
+            sink.xml.writeStartElement("text:span"_L1);
+            sink.xml.writeAttribute("text:style-name"_L1, sink.styles.text(style));
+            sink.xml.writeStartElement("text:a"_L1);
+            sink.xml.writeAttribute("xlink:type"_L1, "simple"_L1);
+            sink.xml.writeAttribute("xlink:href"_L1, target);
+            sink.xml.writeCharacters(xmlText(run.text.mid(at, end - at)));
+            sink.xml.writeEndElement();
+            sink.xml.writeEndElement();
+        }
+        if (blank >= 0) {
+            writeRuns(sink, {{u" "_s, style}}, look, false);
+        }
+        at = end + 1;
+    }
+}
+
+// As many blanks as stand between the mark and the text on the page.
+QString blanksAfterMark(const model::Paragraph &paragraph)
+{
+    constexpr double blank = 0.25; // times the size of type
+    constexpr qsizetype most = 20;
+    if (paragraph.lines.empty() || paragraph.lines.front().words.size() < 2) {
+        return u" "_s;
+    }
+    const std::vector<model::Word> &words = paragraph.lines.front().words;
+    const double gap = words[1].box.left - words[0].box.right;
+    const bool isMark = words[0].text == paragraph.listMark;
+    const qsizetype blanks = isMark ? std::lround(gap / (blank * words[1].style.size)) : 1;
+    return QString(std::clamp<qsizetype>(blanks, 1, most), u' ');
+}
+
+// The frame of lines that do not wrap: with room on the side to which they grow, where another font is wider.
+Box roomOfLines(const Box &box, model::Alignment alignment)
+{
+    const double spare = LeastSpare + SpareWidth * box.width();
+    Box room = box;
+    room.left -= alignment == model::Alignment::Left ? 0 : spare;
+    room.right += alignment == model::Alignment::Right ? 0 : spare;
+    return room;
+}
+
+// Text that flows keeps the page's width; only where its own width is not known it gets what room there is.
+Box roomOfFlow(const model::Page &page, const model::Paragraph &paragraph, const SlideTurn &turn)
+{
+    if (paragraph.alignment == model::Alignment::Justify) {
+        return paragraph.box;
+    }
+    if (!hasKnownWidths(paragraph)) {
+        return turn.rotation == 0 && !paragraph.rightToLeft ? roomyBox(page, paragraph.box) : paragraph.box;
+    }
+    Box room = paragraph.box;
+    room.left -= paragraph.rightToLeft ? FlowSpare : 0;
+    room.right += paragraph.rightToLeft ? 0 : FlowSpare;
+    return room;
+}
+
+void writePiece(const Sink &sink, const model::Page &page, model::Paragraph piece, const SlideTurn &turn)
+{
+    const bool lines = keepsLines(piece);
+    if (lines) {
+        piece.runs = runsByLine(piece);
+        if (piece.lines.size() < 2 && piece.alignment != model::Alignment::Centre) {
+            piece.alignment = piece.rightToLeft ? model::Alignment::Right : model::Alignment::Left;
+        } else if (piece.alignment == model::Alignment::Justify) {
+            piece.alignment = model::Alignment::Left;
+        }
+    }
+    const Box room = lines ? roomOfLines(piece.box, piece.alignment) : roomOfFlow(page, piece, turn);
+    const double spacing = fittingSpacing(piece, room.width() - Rounding);
+    const auto count = static_cast<double>(std::max<std::size_t>(1, piece.lines.size()));
+    const double baseline = piece.lines.empty() ? piece.box.top + slideRise(piece) : piece.lines.front().baseline;
+    Box frame = room;
+    frame.top = baseline - slideRise(piece);
+    frame.bottom = frame.top + count * slideLeading(piece);
+    beginSlideFrame(sink, frame, turn, !lines, piece.alignment);
+    piece.indentLeft = std::max(LeastIndent, piece.box.left - room.left + std::max(0.0, -piece.firstLineIndent));
+    piece.indentRight = 0;
+    piece.spaceBefore = 0;
+    if (piece.lines.size() < 2) {
+        piece.firstLineIndent = std::min(0.0, piece.firstLineIndent);
+    }
+    writeSlideParagraph(sink, piece, spacing, true);
+    sink.xml.writeEndElement();
+    sink.xml.writeEndElement();
+}
+
+} // namespace
+
+QString slideTarget(const QString &link)
+{
+    if (link.startsWith(PageLink)) {
+        return linkTarget(link).isEmpty() ? QString() : "#Page "_L1 + link.mid(PageLink.size());
+    }
+    return linkTarget(link);
+}
+
+void dropDeadLinks(model::Document &document)
+{
+    std::set<QString> pages;
+    for (const model::Page &page : document.pages) {
+        pages.insert(PageLink + QString::number(page.number));
+    }
+    for (model::Page &page : document.pages) {
+        forEachParagraph(page, [&](model::Paragraph &paragraph) {
+            for (model::Run &run : paragraph.runs) {
+                if (run.style.link.startsWith(u'#') && pages.count(run.style.link) == 0) {
+                    run.style.link.clear();
+                }
+            }
+            for (model::Line &line : paragraph.lines) {
+                for (model::Word &word : line.words) {
+                    if (word.style.link.startsWith(u'#') && pages.count(word.style.link) == 0) {
+                        word.style.link.clear();
+                    }
+                }
+            }
+        });
+    }
+}
+
+double slideLeading(const model::Paragraph &paragraph)
+{
+    const double size = largestSize(paragraph.runs);
+    const bool isLeading = paragraph.lineDistance > 0 && paragraph.lineDistance <= WidestLeading * size;
+    return isLeading ? std::max(paragraph.lineDistance, TightestLeading * size) : UsualLeading * size;
+}
+
+double slideRise(const model::Paragraph &paragraph)
+{
+    return slideLeading(paragraph) - Descent * largestSize(paragraph.runs);
+}
+
+void writeSlideParagraph(const Sink &sink, const model::Paragraph &paragraph, double spacing, bool withLinks)
+{
+    model::Paragraph leaded = paragraph;
+    leaded.lineDistance = slideLeading(paragraph);
+    const model::Style look = mainStyle(paragraph.runs);
+    sink.styles.noteFont(look);
+    Element style = paragraphStyle(leaded, {});
+    if (paragraph.alignment == model::Alignment::Right) {
+        for (auto &[name, value] : style.children.front().attributes) {
+            if (name == "fo:text-align"_L1) {
+                value = u"end"_s; // on slides the right side, whatever way the text runs
+            }
+        }
+    }
+    if (spacing != 0) {
+        style.children.back().attributes.emplace_back("fo:letter-spacing"_L1, pt(spacing));
+    }
+    sink.xml.writeStartElement("text:p"_L1);
+    sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
+    if (!paragraph.listMark.isEmpty()) {
+        sink.xml.writeCharacters(xmlText(paragraph.listMark));
+        if (paragraph.firstLineIndent < 0) {
+            sink.xml.writeEmptyElement("text:tab"_L1);
+        } else {
+            writeText(sink.xml, blanksAfterMark(paragraph));
+        }
+    }
+    const std::vector<Rise> rises = risesOf(paragraph);
+    for (std::size_t i = 0; i < paragraph.runs.size(); ++i) {
+        const model::Run &run = paragraph.runs[i];
+        const QString target = withLinks && isPlain(run.text) ? slideTarget(run.style.link) : QString();
+        if (target.isEmpty() || run.text.trimmed().isEmpty()) {
+            writeRuns(sink, {run}, look, false, {rises[i]});
+        } else {
+            writeLink(sink, run, look, target);
+        }
+    }
+    sink.xml.writeEndElement();
+}
+
+void writeSlideText(const Sink &sink, const model::Page &page, const model::Paragraph &paragraph, bool labels)
+{
+    const SlideTurn turn{paragraph.rotation, page.width, page.height};
+    for (model::Paragraph &piece : piecesApart(inCommonFonts(uprightParagraph(paragraph, turn)), labels)) {
+        writePiece(sink, page, std::move(piece), turn);
+    }
+}
+
+} // namespace quorra::office

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "slides/slides_writer.h"
+
+#include "document/page_walk.h"
+#include "odf/odf_frames.h"
+#include "odf/placed_page.h"
+#include "slide_grid.h"
+#include "slide_table.h"
+#include "slide_text.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double SameSize = 1; // points by which pages of one size may differ
+
+void writeSlide(const Sink &sink, const model::Page &page, model::PictureSource &pictures)
+{
+    for (const model::Fill &fill : page.fills) {
+        writeFill(sink, fill, FrameAnchor::Slide);
+    }
+    writePictures(sink, page, pictures, FrameAnchor::Slide);
+    for (const model::Rule &rule : page.rules) {
+        writeRule(sink, rule, FrameAnchor::Slide);
+    }
+    for (const TextBlock &block : textBlocks(page, false)) {
+        for (const model::Paragraph *paragraph : block.paragraphs) {
+            writeSlideText(sink, page, *paragraph, block.labels);
+        }
+    }
+    forEachBlock(page, [&](const model::Block &block) {
+        const model::Table *table = block.table();
+        if (table && fitsAsTable(page, *table)) {
+            writeSlideTable(sink, *table);
+        } else if (table) {
+            writeSlideGrid(sink, page, *table);
+        }
+    });
+}
+
+} // namespace
+
+void unifyPages(model::Document &document, MovedPictures &pictures)
+{
+    if (document.pages.empty()) {
+        return;
+    }
+    dropDeadLinks(document);
+    const double width = document.pages.front().width;
+    const double height = document.pages.front().height;
+    for (model::Page &page : document.pages) {
+        if (std::abs(page.width - width) < SameSize && std::abs(page.height - height) < SameSize) {
+            continue;
+        }
+        const double scale = std::min(width / page.width, height / page.height);
+        const Transform transform{scale, scale, (width - scale * page.width) / 2, (height - scale * page.height) / 2};
+        pictures.setTransform(page.number, transform);
+        transformPage(page, transform, width, height);
+    }
+}
+
+void writeSlides(OdfFile &file, const model::Document &document, model::PictureSource &pictures)
+{
+    const Sink sink{file.body(), file.styles()};
+    const model::Page size = document.pages.empty() ? model::Page{} : document.pages.front();
+    const QString layout = file.styles().name(
+        {"style:page-layout"_L1,
+         {},
+         {{"style:page-layout-properties"_L1,
+           {{"fo:page-width"_L1, pt(size.width)},
+            {"fo:page-height"_L1, pt(size.height)},
+            {"fo:margin"_L1, u"0pt"_s},
+            {"style:print-orientation"_L1, size.width > size.height ? u"landscape"_s : u"portrait"_s}}}}});
+    file.masters().writeEmptyElement("style:master-page"_L1);
+    file.masters().writeAttribute("style:name"_L1, "Default"_L1);
+    file.masters().writeAttribute("style:page-layout-name"_L1, layout);
+    for (const model::Page &page : document.pages) {
+        sink.xml.writeStartElement("draw:page"_L1);
+        sink.xml.writeAttribute("draw:name"_L1, u"Page %1"_s.arg(page.number));
+        sink.xml.writeAttribute("draw:master-page-name"_L1, "Default"_L1);
+        writeSlide(sink, page, pictures);
+        sink.xml.writeEndElement();
+    }
+}
+
+} // namespace quorra::office

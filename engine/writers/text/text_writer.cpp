@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "text/text_writer.h"
+
+#include "document/line_text.h"
+#include "document/preformatted.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace quorra {
+
+namespace {
+
+using model::Alignment;
+using model::Block;
+using model::Line;
+using model::Paragraph;
+using model::Table;
+
+constexpr int columnGap = 2;
+
+// The lines of a paragraph; a word cut at a line's end is completed on that line.
+QStringList paragraphLines(const Paragraph &paragraph)
+{
+    QStringList lines;
+    for (const std::vector<model::Run> &line : model::listingLines(paragraph)) {
+        lines.append(model::plainText(line));
+    }
+    if (!lines.isEmpty()) {
+        return lines;
+    }
+    for (const Line &line : paragraph.lines) {
+        QString text = model::lineText(line);
+        if (!lines.isEmpty() && !line.words.empty() && model::endsInHyphen(lines.back(), line.words.front().text)) {
+            const auto blank = text.indexOf(QLatin1Char(' '));
+            lines.back().chop(1);
+            lines.back() += blank < 0 ? text : text.left(blank);
+            text = blank < 0 ? QString() : text.mid(blank + 1);
+        }
+        if (!text.isEmpty()) {
+            lines.append(text);
+        }
+    }
+    return lines;
+}
+
+struct CellText
+{
+    int row = 0;
+    int column = 0;
+    int columnSpan = 1;
+    bool right = false;
+    QStringList lines;
+    qsizetype width = 0;
+};
+
+std::vector<CellText> cellTexts(const Table &table)
+{
+    std::vector<CellText> texts;
+    for (const model::Cell &cell : table.cells) {
+        CellText text{cell.row, cell.column, cell.columnSpan, false, {}, 0};
+        for (const Paragraph &paragraph : cell.paragraphs) {
+            text.lines += paragraphLines(paragraph);
+            text.right = text.right || paragraph.alignment == Alignment::Right;
+        }
+        for (const QString &line : text.lines) {
+            text.width = std::max(text.width, line.size());
+        }
+        texts.push_back(std::move(text));
+    }
+    return texts;
+}
+
+// Columns are as wide as their widest cell; a spanning cell widens the last of its columns where it must.
+std::vector<qsizetype> columnStarts(const std::vector<CellText> &texts, int columns)
+{
+    std::vector<qsizetype> widths(static_cast<std::size_t>(columns), 0);
+    for (const CellText &text : texts) {
+        if (text.columnSpan == 1) {
+            auto &width = widths[static_cast<std::size_t>(text.column)];
+            width = std::max(width, text.width);
+        }
+    }
+    for (const CellText &text : texts) {
+        const int last = text.column + text.columnSpan - 1;
+        if (text.columnSpan > 1 && last + 1 < columns) {
+            qsizetype sum = columnGap * (text.columnSpan - 1);
+            for (int c = text.column; c <= last; ++c) {
+                sum += widths[static_cast<std::size_t>(c)];
+            }
+            widths[static_cast<std::size_t>(last)] += std::max<qsizetype>(0, text.width - sum);
+        }
+    }
+    std::vector<qsizetype> starts{0};
+    for (const qsizetype width : widths) {
+        starts.push_back(starts.back() + (width > 0 ? width + columnGap : 0));
+    }
+    return starts;
+}
+
+void put(QString &line, const QString &text, qsizetype at)
+{
+    if (!text.isEmpty()) {
+        line = line.leftJustified(std::max(at, line.isEmpty() ? 0 : line.size() + 1));
+        line += text;
+    }
+}
+
+QString blockText(const Block &block)
+{
+    if (const Table *table = block.table()) {
+        return tableAsText(*table);
+    }
+    const Paragraph *paragraph = block.paragraph();
+    if (!paragraph || paragraph->lines.empty()) {
+        return {};
+    }
+    return paragraphLines(*paragraph).join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+void append(QString &page, const QString &text, bool close)
+{
+    if (!text.isEmpty()) {
+        if (!page.isEmpty() && !close) {
+            page += QLatin1Char('\n');
+        }
+        page += text;
+    }
+}
+
+// Entries of a list stand below one another, unless the page has blank space between them.
+bool isSameList(const Block *before, const Block &block)
+{
+    const Paragraph *entry = block.paragraph();
+    const Paragraph *last = before ? before->paragraph() : nullptr;
+    return entry && last && entry->role == model::Role::ListItem && last->role == model::Role::ListItem &&
+           !entry->runs.empty() && entry->spaceBefore < 0.5 * entry->runs.front().style.size;
+}
+
+} // namespace
+
+QString tableAsText(const Table &table)
+{
+    const std::vector<CellText> texts = cellTexts(table);
+    const std::vector<qsizetype> starts = columnStarts(texts, table.columns());
+    QString all;
+    for (int row = 0; row < table.rows(); ++row) {
+        qsizetype height = 0;
+        for (const CellText &text : texts) {
+            height = text.row == row ? std::max(height, text.lines.size()) : height;
+        }
+        for (qsizetype i = 0; i < height; ++i) {
+            QString line;
+            for (const CellText &text : texts) {
+                if (text.row != row || i >= text.lines.size()) {
+                    continue;
+                }
+                const int behind = text.column + text.columnSpan;
+                const auto afterLast = static_cast<std::size_t>(behind);
+                const qsizetype end = starts[afterLast] - columnGap;
+                const qsizetype start = starts[static_cast<std::size_t>(text.column)];
+                put(line, text.lines[i], text.right ? std::max(start, end - text.lines[i].size()) : start);
+            }
+            all += line + QLatin1Char('\n');
+        }
+    }
+    return all;
+}
+
+QString pageAsText(const model::Page &page)
+{
+    QString text;
+    const auto addHeads = [&](bool top) {
+        for (const Block &head : page.runningHeads) {
+            if ((head.box().centreY() < page.height / 2) == top) {
+                append(text, blockText(head), false);
+            }
+        }
+    };
+    addHeads(true);
+    const Block *before = nullptr;
+    for (const model::Section &section : page.sections) {
+        for (const Block &block : section.blocks) {
+            append(text, blockText(block), isSameList(before, block));
+            before = &block;
+        }
+    }
+    addHeads(false);
+    return text;
+}
+
+} // namespace quorra

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "flow_breaks.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quorra::office {
+
+namespace {
+
+constexpr double LeastSpace = 2;     // points of blank space that are worth a paragraph of their own
+constexpr double AnchorHeight = 1.2; // of a paragraph that only carries something
+
+} // namespace
+
+void FlowBreaks::addBookmark(const QString &name)
+{
+    m_pending.bookmark = name;
+    m_hasPending = true;
+}
+
+void FlowBreaks::addPage(const QString &masterPage, bool breaks)
+{
+    close();
+    m_pending.breakBefore = breaks;
+    m_pending.masterPage = masterPage;
+    m_hasPending = true;
+}
+
+void FlowBreaks::addColumn()
+{
+    m_pending.breakColumn = true;
+    m_hasPending = true;
+}
+
+ParagraphPlace FlowBreaks::take()
+{
+    close();
+    m_hasPending = false;
+    m_afterTable = false;
+    return std::exchange(m_pending, {});
+}
+
+void FlowBreaks::writeSpace(double height)
+{
+    const bool needed = (m_hasPending && m_apart) || (m_afterColumns && m_apart) || m_afterTable || height > LeastSpace;
+    if (!m_hasPending) {
+        m_afterColumns = false; // the paragraph for the space closes them as well
+    }
+    if (needed) {
+        ParagraphPlace place = take();
+        place.above = std::max(0.0, height - AnchorHeight);
+        writeAnchorParagraph(m_sink, place);
+    }
+}
+
+void FlowBreaks::flush()
+{
+    if (m_hasPending) {
+        writeAnchorParagraph(m_sink, take());
+    }
+}
+
+void FlowBreaks::afterColumns()
+{
+    m_afterColumns = true;
+    m_afterTable = false;
+}
+
+void FlowBreaks::close()
+{
+    if (std::exchange(m_afterColumns, false) && m_apart) {
+        writeAnchorParagraph(m_sink, {});
+        m_afterTable = false;
+    }
+}
+
+} // namespace quorra::office

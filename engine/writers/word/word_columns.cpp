@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "word_columns.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+bool canStandInColumns(const model::Section &section)
+{
+    return section.columns.size() > 1 && section.columns.front().left <= section.columns.back().left;
+}
+
+void beginColumns(
+    const Sink &sink, const model::Page &page, const model::Section &section, const Margins &margins, int number)
+{
+    Element columns{"style:columns"_L1, {{"fo:column-count"_L1, QString::number(section.columns.size())}}};
+    double from = section.columns.front().left;
+    for (std::size_t i = 0; i < section.columns.size(); ++i) {
+        const Box &column = section.columns[i];
+        const bool isLast = i + 1 == section.columns.size();
+        const double to = isLast ? column.right : (column.right + section.columns[i + 1].left) / 2;
+        columns.children.push_back(
+            {"style:column"_L1,
+             {{"style:rel-width"_L1, QString::number(std::max(1L, std::lround(20 * (to - from)))) + u'*'},
+              {"fo:start-indent"_L1, pt(column.left - from)},
+              {"fo:end-indent"_L1, pt(to - column.right)}}});
+        from = to;
+    }
+    const QString style = sink.styles.name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"section"_s}},
+         {{"style:section-properties"_L1,
+           {{"fo:margin-left"_L1, pt(section.columns.front().left - margins.left)},
+            {"fo:margin-right"_L1, pt(page.width - margins.right - section.columns.back().right)}},
+           {columns}}}});
+    sink.xml.writeStartElement("text:section"_L1);
+    sink.xml.writeAttribute("text:style-name"_L1, style);
+    sink.xml.writeAttribute("text:name"_L1, u"Columns %1"_s.arg(number));
+}
+
+} // namespace quorra::office

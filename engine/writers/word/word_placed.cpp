@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "word/word_placed.h"
+
+#include "document/page_walk.h"
+#include "odf/exact_lines.h"
+#include "odf/placed_page.h"
+#include "page_layout.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+bool hasBackground(const model::Page &page)
+{
+    bool has = !page.rules.empty() || !page.fills.empty();
+    forEachBlock(page, [&](const model::Block &block) { has = has || block.picture() || block.table(); });
+    return has;
+}
+
+// One page after the other, each an empty paragraph that holds the frames of its page.
+template <typename PageWriter>
+void writePages(OdfFile &file, const model::Document &document, const PageWriter &writePage)
+{
+    const Sink sink{file.body(), file.styles()};
+    MasterPages masters({file.masters(), file.styles()});
+    const std::vector<Margins> margins = pageMargins(document);
+    QString before;
+    for (std::size_t i = 0; i < document.pages.size(); ++i) {
+        const model::Page &page = document.pages[i];
+        const QString master = masters.name(page, margins[i], false);
+        ParagraphPlace place;
+        place.breakBefore = master == before;
+        place.masterPage = master == before ? QString() : master;
+        place.bookmark = u"page%1"_s.arg(page.number);
+        before = master;
+        beginAnchorParagraph(sink, place);
+        writePage(sink, page);
+        sink.xml.writeEndElement();
+        // The next page's break is written at the end of the paragraph before it, ahead of its frames: it gets one
+        // without frames.
+        writeAnchorParagraph(sink, {});
+    }
+}
+
+} // namespace
+
+void writeFramed(OdfFile &file, const model::Document &document, model::PictureSource &pictures)
+{
+    writePages(file, document, [&](const Sink &sink, const model::Page &page) {
+        writePlacedPage(sink, page, pictures, FrameAnchor::Page);
+    });
+}
+
+void writeExact(OdfFile &file, const model::Document &document, model::PictureSource &pictures)
+{
+    writePages(file, document, [&](const Sink &sink, const model::Page &page) {
+        if (page.scanned) {
+            writePictures(sink, page, pictures, FrameAnchor::Behind);
+        } else if (hasBackground(page)) {
+            writePicture(sink, pictures.background(page.number), {0, 0, page.width, page.height}, FrameAnchor::Behind);
+        }
+        forEachParagraph(page, [&](const model::Paragraph &paragraph) {
+            writeExactLines(sink, paragraph, page.width, FrameAnchor::Page);
+        });
+    });
+}
+
+} // namespace quorra::office

@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "xml/xml_writer.h"
+
+#include "base/xml_text.h"
+#include "document/line_text.h"
+
+#include <QHash>
+#include <QXmlStreamWriter>
+
+#include <cmath>
+
+namespace quorra {
+
+namespace {
+
+using model::Paragraph;
+using model::Role;
+using model::Style;
+
+QString roleName(Role role)
+{
+    switch (role) {
+    case Role::Heading1:
+        return QStringLiteral("heading1");
+    case Role::Heading2:
+        return QStringLiteral("heading2");
+    case Role::Heading3:
+        return QStringLiteral("heading3");
+    case Role::ListItem:
+        return QStringLiteral("listitem");
+    case Role::Caption:
+        return QStringLiteral("caption");
+    case Role::Footnote:
+        return QStringLiteral("footnote");
+    case Role::RunningHead:
+        return QStringLiteral("runninghead");
+    case Role::Body:
+        break;
+    }
+    return QStringLiteral("body");
+}
+
+class XmlWriter
+{
+public:
+    XmlWriter(QIODevice &out, const model::Document &document) : m_xml(&out), m_document(document)
+    {
+        m_xml.setAutoFormatting(true);
+        m_xml.setAutoFormattingIndent(1);
+    }
+
+    void write()
+    {
+        m_xml.writeStartDocument();
+        start("document");
+        for (const model::Page &page : m_document.pages) {
+            writePage(page);
+        }
+        m_xml.writeEndElement();
+        m_xml.writeEndDocument();
+    }
+
+private:
+    void writePage(const model::Page &page)
+    {
+        start("page");
+        number("number", page.number);
+        number("width", page.width);
+        number("height", page.height);
+        for (const model::Block &head : page.runningHeads) {
+            writeBlock(head);
+        }
+        for (const model::Section &section : page.sections) {
+            start("section");
+            number("columns", static_cast<double>(section.columns.size()));
+            for (const model::Block &block : section.blocks) {
+                writeBlock(block);
+            }
+            m_xml.writeEndElement();
+        }
+        for (const model::Rule &rule : page.rules) {
+            m_xml.writeEmptyElement(QStringLiteral("rule"));
+            box({rule.x1, rule.y1, rule.x2, rule.y2});
+            number("thickness", rule.width);
+        }
+        m_xml.writeEndElement();
+    }
+
+    void writeBlock(const model::Block &block)
+    {
+        if (const Paragraph *paragraph = block.paragraph()) {
+            writeParagraph(*paragraph);
+        } else if (const model::Table *table = block.table()) {
+            writeTable(*table);
+        } else {
+            m_xml.writeEmptyElement(QStringLiteral("picture"));
+            box(block.box());
+        }
+    }
+
+    void writeParagraph(const Paragraph &paragraph)
+    {
+        start("block");
+        box(paragraph.box);
+        attribute("role", roleName(paragraph.role));
+        if (paragraph.rightToLeft) {
+            attribute("direction", QStringLiteral("rtl"));
+        }
+        if (paragraph.continuesPrevious) {
+            attribute("continues", QStringLiteral("yes"));
+        }
+        for (std::size_t i = 0; i < paragraph.lines.size(); ++i) {
+            const model::Line &line = paragraph.lines[i];
+            start("line");
+            box(line.box);
+            number("baseline", line.baseline);
+            if (line.rotation != 0) {
+                number("rotation", line.rotation);
+            }
+            writeWords(paragraph, i);
+            m_xml.writeEndElement();
+        }
+        m_xml.writeEndElement();
+    }
+
+    // A word that was drawn in pieces is one element. One that a line end cuts stands whole on its first line; its
+    // second part keeps its place, without text.
+    void writeWords(const Paragraph &paragraph, std::size_t index)
+    {
+        const std::vector<model::Word> &words = paragraph.lines[index].words;
+        const std::vector<model::Word> none;
+        const auto &before = index > 0 ? paragraph.lines[index - 1].words : none;
+        const auto &after = index + 1 < paragraph.lines.size() ? paragraph.lines[index + 1].words : none;
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            model::Word word = words[i];
+            const bool rest = i == 0 && !before.empty() && model::endsInHyphen(before.back().text, word.text);
+            while (i + 1 < words.size() && !words[i].spaceAfter) {
+                word.text += words[++i].text;
+                word.box = united(word.box, words[i].box);
+            }
+            if (i + 1 == words.size() && !after.empty() && model::endsInHyphen(word.text, after.front().text)) {
+                word.text.chop(1);
+                for (std::size_t k = 0; k < after.size() && (k == 0 || !after[k - 1].spaceAfter); ++k) {
+                    word.text += after[k].text;
+                }
+            }
+            if (rest) {
+                word.text.clear();
+            }
+            writeWord(word);
+        }
+    }
+
+    void writeWord(const model::Word &word)
+    {
+        start("word");
+        box(word.box);
+        const Style &style = word.style;
+        attribute("font", xmlText(style.family));
+        number("size", style.size);
+        flag("bold", style.bold);
+        flag("italic", style.italic);
+        if (style.colour != black) {
+            attribute("colour", QStringLiteral("#%1").arg(style.colour, 6, 16, QLatin1Char('0')));
+        }
+        if (!style.link.isEmpty()) {
+            attribute("link", xmlText(style.link));
+        }
+        if (word.text.isEmpty()) {
+            attribute("part", QStringLiteral("rest"));
+        }
+        m_xml.writeCharacters(xmlText(word.text));
+        m_xml.writeEndElement();
+    }
+
+    void writeTable(const model::Table &table)
+    {
+        start("table");
+        box(table.box);
+        number("rows", table.rows());
+        number("columns", table.columns());
+        for (const model::Cell &cell : table.cells) {
+            start("cell");
+            number("row", cell.row);
+            number("column", cell.column);
+            if (cell.rowSpan > 1) {
+                number("rowspan", cell.rowSpan);
+            }
+            if (cell.columnSpan > 1) {
+                number("columnspan", cell.columnSpan);
+            }
+            box(cell.box);
+            for (const Paragraph &paragraph : cell.paragraphs) {
+                writeParagraph(paragraph);
+            }
+            m_xml.writeEndElement();
+        }
+        m_xml.writeEndElement();
+    }
+
+    void start(const char *name) { m_xml.writeStartElement(QLatin1String(name)); }
+    void attribute(const char *name, const QString &value) { m_xml.writeAttribute(QLatin1String(name), value); }
+    void number(const char *name, double value)
+    {
+        attribute(name, QString::number(std::round(value * 100) / 100, 'g', 10));
+    }
+    void flag(const char *name, bool value)
+    {
+        if (value) {
+            attribute(name, QStringLiteral("yes"));
+        }
+    }
+    void box(const Box &b)
+    {
+        number("left", b.left);
+        number("top", b.top);
+        number("right", b.right);
+        number("bottom", b.bottom);
+    }
+
+    QXmlStreamWriter m_xml;
+    const model::Document &m_document;
+};
+
+} // namespace
+
+void writeXml(QIODevice &out, const model::Document &document)
+{
+    XmlWriter(out, document).write();
+}
+
+} // namespace quorra

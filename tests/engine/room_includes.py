@@ -1,0 +1,86 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Adds an include of every other room to a source of each room and sees whether the build takes it.
+
+    room_includes.py BUILD_FOLDER
+
+Takes the compile commands of the build; only the preprocessor runs.
+"""
+import json
+import pathlib
+import shlex
+import subprocess
+import sys
+import tempfile
+
+# What each room may include besides itself.
+VISIBLE = {
+    "base": [],
+    "platform": ["base"],
+    "document": ["base"],
+    "image": ["base", "platform", "document"],
+    "pdf": ["base", "platform", "document", "image", "poppler"],
+    "analysis": ["base", "document"],
+    "writers/text": ["base", "document"],
+    "writers/html": ["base", "document"],
+    "writers/xml": ["base", "document"],
+    "writers/odf": ["base", "document"],
+    "writers/word": ["base", "document", "writers/odf"],
+    "writers/slides": ["base", "document", "writers/odf"],
+    "writers/sheets": ["base", "document", "writers/odf"],
+    "libreoffice": ["base", "platform"],
+    "cli": ["base", "platform", "document", "image"],
+    "convert": ["base", "platform", "document", "image", "pdf", "analysis", "writers/text", "writers/html",
+                "writers/xml", "writers/odf", "writers/word", "writers/slides", "writers/sheets", "libreoffice", "cli"],
+}
+
+
+def public_header(engine, room):
+    """A header that the room offers to others, as others include it."""
+    if room == "poppler":
+        return "PDFDoc.h"
+    include = engine / room / "include"
+    return str(sorted(include.rglob("*.h"))[0].relative_to(include))
+
+
+def preprocess(command, source, folder):
+    """Whether the preprocessor takes the source with the flags of this compile command."""
+    words = shlex.split(command["command"])
+    words = [word for word in words if "ccache" not in word]
+    flags = [word for i, word in enumerate(words[1:], 1)
+             if word not in ("-c", "-o", command["file"]) and words[i - 1] != "-o"]
+    done = subprocess.run([words[0], *flags, "-E", "-o", "/dev/null", str(source)], cwd=command["directory"],
+                          stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True, check=False)
+    return done.returncode == 0, done.stderr
+
+
+def main():
+    build = pathlib.Path(sys.argv[1])
+    engine = pathlib.Path(__file__).resolve().parents[2] / "engine"
+    commands = json.loads((build / "compile_commands.json").read_text())
+    failures = 0
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        for room, visible in VISIBLE.items():
+            own = [c for c in commands if pathlib.Path(c["file"]).is_relative_to(engine / room)]
+            source = folder / "copy.cpp"
+            original = pathlib.Path(own[0]["file"]).read_text()
+            source.write_text(original)
+            taken, message = preprocess(own[0], source, folder)
+            if not taken:
+                print(f"FAILED: the copy of a source of {room} is refused as it is: {message}")
+                failures += 1
+            for other in [*VISIBLE, "poppler"]:
+                if other == room:
+                    continue
+                source.write_text(f'#include "{public_header(engine, other)}"\n{original}')
+                taken, message = preprocess(own[0], source, folder)
+                if taken != (other in visible):
+                    print(f"FAILED: {room} {'can' if taken else 'cannot'} include {other}")
+                    failures += 1
+    print(f"{len(VISIBLE)} rooms, {failures} failures")
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
