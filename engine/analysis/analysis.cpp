@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/analysis.h"
 
+#include "document/page_walk.h"
 #include "document/rotation.h"
 #include "page_builder.h"
 #include "semantics/page_headers.h"
 #include "semantics/roles.h"
 #include "sound_page.h"
+
+#include <unordered_map>
 
 namespace quorra::model {
 
@@ -16,22 +19,48 @@ void onePageAfterAnother(int count, const std::function<void(int)> &work)
     }
 }
 
+namespace {
+
+// Pages are built side by side, each with styles of its own; the document has each style once.
+void takeStyles(Page &page, StyleTable &styles)
+{
+    std::unordered_map<const Style *, StyleRef> known;
+    office::forEachParagraph(page, [&](Paragraph &paragraph) {
+        for (Line &line : paragraph.lines) {
+            for (Word &word : line.words) {
+                const Style *own = &*word.style;
+                const auto found = known.find(own);
+                word.style = found != known.end() ? found->second : known.emplace(own, styles.add(*own)).first->second;
+            }
+        }
+    });
+}
+
+} // namespace
+
 Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
 {
     std::vector<int> rotations;
     for (RawPage &page : pages) {
         page = soundPage(std::move(page));
+        for (std::size_t i = 0; i < page.words.size(); ++i) {
+            page.words[i].index = i;
+        }
         rotations.push_back(mainRotation(page));
         page = turnedUpright(std::move(page), rotations.back());
     }
     const auto heads = findRunningHeads(pages);
     Document document;
     document.pages.resize(pages.size());
+    std::vector<StyleTable> styles(pages.size());
     forEach(static_cast<int>(pages.size()), [&](int page) {
         const auto i = static_cast<std::size_t>(page);
-        document.pages[i] = buildPage(pages[i], heads[i]);
-        pages[i] = {}; // its words live on in the lines
+        document.pages[i] = buildPage(pages[i], heads[i], styles[i]);
+        pages[i] = {};
     });
+    for (Page &page : document.pages) {
+        takeStyles(page, document.styles);
+    }
     assignRoles(document);
     markContinuations(document);
     for (std::size_t i = 0; i < rotations.size(); ++i) {

@@ -21,7 +21,7 @@ namespace {
 
 constexpr double scanShare = 0.8; // of the page that pictures must cover to be a scan
 
-using WordSet = std::unordered_set<const Word *>;
+using WordSet = std::unordered_set<const RawWord *>;
 
 bool isScan(const RawPage &raw)
 {
@@ -41,38 +41,38 @@ Page scannedPage(const RawPage &raw)
     return page;
 }
 
-void addRunningHeads(Page &page, const WordRefs &heads)
+void addPageHeaders(Page &page, const WordRefs &heads, StyleTable &styles)
 {
     const Box whole{0, 0, page.width, page.height};
     WordRefs upright;
     std::copy_if(
-        heads.begin(), heads.end(), std::back_inserter(upright), [](const Word *w) { return w->rotation == 0; });
+        heads.begin(), heads.end(), std::back_inserter(upright), [](const RawWord *w) { return w->rotation == 0; });
     for (const Row &row : rowsOf(std::move(upright))) {
-        for (Paragraph &paragraph : paragraphsOf({row}, whole)) {
-            paragraph.role = Role::RunningHead;
+        for (Paragraph &paragraph : paragraphsOf({row}, whole, styles)) {
+            paragraph.role = Role::PageHeader;
             page.runningHeads.push_back({std::move(paragraph), 0});
         }
     }
 }
 
 template <typename Wanted>
-std::vector<Paragraph> turnedParagraphs(const RawPage &raw, int rotation, const Wanted &isWanted)
+std::vector<Paragraph> turnedParagraphs(const RawPage &raw, int rotation, const Wanted &isWanted, StyleTable &styles)
 {
     RawPage turned;
     turned.width = raw.width;
     turned.height = raw.height;
-    for (const Word &word : raw.words) {
+    for (const RawWord &word : raw.words) {
         if (word.rotation == rotation && isWanted(&word)) {
             turned.words.push_back(word);
         }
     }
     turned = turnedUpright(std::move(turned), rotation);
     WordRefs words;
-    for (const Word &word : turned.words) {
+    for (const RawWord &word : turned.words) {
         words.push_back(&word);
     }
     const Box column{0, 0, turned.width, turned.height};
-    std::vector<Paragraph> paragraphs = paragraphsOf(rowsOf(std::move(words)), column);
+    std::vector<Paragraph> paragraphs = paragraphsOf(rowsOf(std::move(words)), column, styles);
     for (Paragraph &paragraph : paragraphs) {
         turnBack(paragraph, rotation, turned.width, turned.height);
     }
@@ -80,20 +80,21 @@ std::vector<Paragraph> turnedParagraphs(const RawPage &raw, int rotation, const 
 }
 
 // Words that run in another direction than the page's text: paragraphs of their own at the end.
-void addTurnedText(Page &page, const RawPage &raw, const std::set<const Word *> &heads, const WordSet &used)
+void addTurnedText(
+    Page &page, const RawPage &raw, const std::set<const RawWord *> &heads, const WordSet &used, StyleTable &styles)
 {
     for (const int rotation : {90, 180, 270}) {
         Section section{{{0, 0, raw.width, raw.height}}, {}};
-        for (Paragraph &paragraph :
-             turnedParagraphs(raw, rotation, [&](const Word *w) { return used.count(w) == 0; })) {
+        for (Paragraph &paragraph : turnedParagraphs(
+                 raw, rotation, [&](const RawWord *w) { return used.count(w) == 0; }, styles)) {
             section.blocks.push_back({std::move(paragraph), 0});
         }
         if (!section.blocks.empty()) {
             page.sections.push_back(std::move(section));
         }
-        for (Paragraph &paragraph :
-             turnedParagraphs(raw, rotation, [&](const Word *w) { return heads.count(w) > 0; })) {
-            paragraph.role = Role::RunningHead;
+        for (Paragraph &paragraph : turnedParagraphs(
+                 raw, rotation, [&](const RawWord *w) { return heads.count(w) > 0; }, styles)) {
+            paragraph.role = Role::PageHeader;
             page.runningHeads.push_back({std::move(paragraph), 0});
         }
     }
@@ -149,13 +150,13 @@ std::vector<Section> sectionsOf(const std::vector<Band> &bands, const ColumnBuil
     return sections;
 }
 
-Page builtPage(const RawPage &raw, const std::set<const Word *> &heads)
+Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, StyleTable &styles)
 {
     Page page;
     page.width = raw.width;
     page.height = raw.height;
     WordRefs words;
-    for (const Word &word : raw.words) {
+    for (const RawWord &word : raw.words) {
         if (heads.count(&word) == 0) {
             words.push_back(&word);
         }
@@ -178,13 +179,13 @@ Page builtPage(const RawPage &raw, const std::set<const Word *> &heads)
         groups.push_back(&drawing.words);
     }
     keepPiecesTogether(raw, groups);
-    addRunningHeads(page, headWords);
+    addPageHeaders(page, headWords, styles);
     WordSet used;
     for (const WordRefs *group : groups) {
         used.insert(group->begin(), group->end());
     }
     RegionItems items;
-    for (const Word *word : words) {
+    for (const RawWord *word : words) {
         if (word->rotation == 0 && used.count(word) == 0) {
             items.words.push_back(word);
         }
@@ -198,20 +199,20 @@ Page builtPage(const RawPage &raw, const std::set<const Word *> &heads)
     for (const Picture &picture : pictures.backgrounds) {
         page.sections.push_back({{picture.box}, {{picture, 0}}});
     }
-    const ColumnBuilder builder(raw, rulings, std::move(tables), pictures);
+    const ColumnBuilder builder(raw, rulings, std::move(tables), pictures, styles);
     for (Section &section : sectionsOf(cutRegions(std::move(items)), builder)) {
         page.sections.push_back(std::move(section));
     }
-    addTurnedText(page, raw, heads, used);
+    addTurnedText(page, raw, heads, used, styles);
     addLeftovers(page, raw, rulings);
     return page;
 }
 
 } // namespace
 
-Page buildPage(const RawPage &raw, const std::set<const Word *> &heads)
+Page buildPage(const RawPage &raw, const std::set<const RawWord *> &heads, StyleTable &styles)
 {
-    Page page = isScan(raw) ? scannedPage(raw) : builtPage(raw, heads);
+    Page page = isScan(raw) ? scannedPage(raw) : builtPage(raw, heads, styles);
     page.number = raw.number;
     page.width = raw.width;
     page.height = raw.height;

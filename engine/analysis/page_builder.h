@@ -9,6 +9,6 @@
 namespace quorra::model {
 
 /// Builds one page whose text runs upright (see turnedUpright). `heads` are the words of its running heads.
-Page buildPage(const RawPage &raw, const std::set<const Word *> &heads);
+Page buildPage(const RawPage &raw, const std::set<const RawWord *> &heads, StyleTable &styles);
 
 } // namespace quorra::model

@@ -60,13 +60,13 @@ void placeRules(std::vector<Rule> &rules)
     }
 }
 
-void placeWords(std::vector<Word> &words)
+void placeWords(std::vector<RawWord> &words)
 {
-    const auto isBlank = [](const Word &word) {
+    const auto isBlank = [](const RawWord &word) {
         return std::all_of(word.text.begin(), word.text.end(), [](QChar c) { return c.isSpace() || c.isNull(); });
     };
     words.erase(std::remove_if(words.begin(), words.end(), isBlank), words.end());
-    for (Word &word : words) {
+    for (RawWord &word : words) {
         word.box = placed(word.box);
         word.baseline = place(word.baseline);
         word.style.size = within(word.style.size, smallestType, largestType);

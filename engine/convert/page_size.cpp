@@ -11,7 +11,7 @@ void fitToOptions(model::Document &document, const Options &options, office::Mov
         if (const std::optional<PaperSize> paper = paperSize(options, page.width, page.height)) {
             const office::Transform transform{paper->width / page.width, paper->height / page.height, 0, 0};
             pictures.setTransform(page.number, transform);
-            office::transformPage(page, transform, paper->width, paper->height);
+            office::transformPage(page, document.styles, transform, paper->width, paper->height);
         }
     }
 }

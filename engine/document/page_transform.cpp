@@ -14,14 +14,15 @@ namespace {
 class Mover
 {
 public:
-    /// From `page`, as it is before, to the size given.
-    Mover(const Transform &transform, const model::Page &page, double width, double height)
+    /// From `page`, as it is before, to the size given; sizes of type are added to the styles.
+    Mover(const Transform &transform, const model::Page &page, double width, double height, model::StyleTable &styles)
         : m_t(transform)
         , m_size(std::min(transform.scaleX, transform.scaleY))
         , m_widthBefore(page.width)
         , m_heightBefore(page.height)
         , m_width(width)
         , m_height(height)
+        , m_styles(styles)
     {}
 
     double x(double value) const { return value * m_t.scaleX + m_t.shiftX; }
@@ -40,9 +41,6 @@ public:
 
     void move(model::Paragraph &paragraph) const
     {
-        for (model::Run &run : paragraph.runs) {
-            run.style.size *= m_size;
-        }
         const bool turned = paragraph.rotation % 180 != 0;
         const double alongLines = turned ? m_t.scaleY : m_t.scaleX;
         const double acrossLines = turned ? m_t.scaleX : m_t.scaleY;
@@ -58,7 +56,7 @@ public:
             for (model::Word &word : line.words) {
                 move(word.box);
                 word.baseline = baseline(word.baseline, word.rotation);
-                word.style.size *= m_size;
+                word.style = scaled(word.style);
             }
         }
     }
@@ -99,12 +97,20 @@ private:
 
     double baseline(double value, int rotation) const { return rotation % 180 == 0 ? y(value) : x(value); }
 
+    model::StyleRef scaled(model::StyleRef style) const
+    {
+        model::Style own = *style;
+        own.size *= m_size;
+        return m_styles.add(own);
+    }
+
     Transform m_t;
     double m_size;
     double m_widthBefore;
     double m_heightBefore;
     double m_width;
     double m_height;
+    model::StyleTable &m_styles;
 };
 
 Colour reduced(Colour colour, ColourDepth depth, Colour inMono)
@@ -124,9 +130,10 @@ Colour reduced(Colour colour, ColourDepth depth, Colour inMono)
 
 } // namespace
 
-void transformPage(model::Page &page, const Transform &transform, double width, double height)
+void transformPage(
+    model::Page &page, model::StyleTable &styles, const Transform &transform, double width, double height)
 {
-    const Mover mover(transform, page, width, height);
+    const Mover mover(transform, page, width, height, styles);
     page.width = width;
     page.height = height;
     mover.move(page.content);
@@ -161,17 +168,8 @@ void reduceColours(model::Document &document, ColourDepth depth)
     }
     const auto dark = [depth](Colour &colour) { colour = reduced(colour, depth, black); };
     const auto light = [depth](Colour &colour) { colour = reduced(colour, depth, white); };
+    document.styles.edit([&](model::Style &style) { dark(style.colour); });
     for (model::Page &page : document.pages) {
-        forEachParagraph(page, [&](model::Paragraph &paragraph) {
-            for (model::Run &run : paragraph.runs) {
-                dark(run.style.colour);
-            }
-            for (model::Line &line : paragraph.lines) {
-                for (model::Word &word : line.words) {
-                    dark(word.style.colour);
-                }
-            }
-        });
         std::for_each(page.rules.begin(), page.rules.end(), [&](model::Rule &rule) { dark(rule.colour); });
         // Black text must stay readable: backgrounds vanish in black and white.
         std::for_each(page.fills.begin(), page.fills.end(), [&](model::Fill &fill) { light(fill.colour); });

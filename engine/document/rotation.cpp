@@ -30,7 +30,8 @@ struct Turner : Turn
         rule.x2 = b.right;
         rule.y2 = b.bottom;
     }
-    void apply(Word &word) const
+    template <typename AnyWord>
+    void apply(AnyWord &word) const
     {
         word.box = box(word.box);
         word.baseline = baseline(word.baseline, word.rotation);
@@ -118,7 +119,7 @@ Table uprightTable(Table table)
 int mainRotation(const RawPage &page)
 {
     std::array<int, 4> letters{};
-    for (const Word &word : page.words) {
+    for (const RawWord &word : page.words) {
         letters.at(static_cast<std::size_t>(word.rotation / 90) % 4) += letterCount(word.text);
     }
     const auto most = std::max_element(letters.begin(), letters.end());
@@ -131,7 +132,7 @@ RawPage turnedUpright(RawPage page, int rotation)
     if (turn.quarters == 0) {
         return page;
     }
-    for (Word &word : page.words) {
+    for (RawWord &word : page.words) {
         turn.apply(word);
     }
     for (Rule &rule : page.rules) {

@@ -96,9 +96,9 @@ void applyLinks(PDFDoc &doc, int pageNumber, model::RawPage &page)
         double y2 = 0;
         link->getRect(&x1, &y1, &x2, &y2);
         const Box area = shownBox(*source, x1, y1, x2, y2);
-        for (model::Word &word : page.words) {
+        for (model::RawWord &word : page.words) {
             if (area.contains(word.box.centreX(), word.box.centreY())) {
-                word.style.link = target;
+                word.link = target;
             }
         }
     }

@@ -33,7 +33,7 @@ public:
         for (int i = 0; i < word->getLength(); ++i) {
             text += QString::fromUcs4(reinterpret_cast<const char32_t *>(word->getChar(i)), 1);
         }
-        model::Word own;
+        model::RawWord own;
         own.text = model::plainLetters(model::logicalWord(text));
         if (own.text.trimmed().isEmpty()) {
             return;
@@ -44,6 +44,7 @@ public:
         own.endsLine = !word->getNext();
         own.spaceAfter = word->getSpaceAfter() || own.endsLine; // the end of a line is no end of a word's piece
         own.style = styleOf(word);
+        own.index = m_page.words.size();
         m_page.words.push_back(std::move(own));
     }
 

@@ -20,8 +20,8 @@ private Q_SLOTS:
         style.bold = true;
         style.italic = true;
         style.colour = 0xff0000;
-        style.link = QStringLiteral("#page=3");
         x = page.styled(x, 100, QStringLiteral("red"), style);
+        page.raw().words.back().link = QStringLiteral("#page=3");
         page.text(x, 100, QStringLiteral("and more plain text up to the end."));
         const QString text = html(page.build());
         QVERIFY2(
@@ -49,10 +49,12 @@ private Q_SLOTS:
     {
         PageMaker page;
         Style style;
-        style.link = QStringLiteral("https://example.org/");
-        const double x = page.styled(60, 100, QStringLiteral("plain"), style);
+        double x = page.styled(60, 100, QStringLiteral("plain"), style);
+        page.raw().words.back().link = QStringLiteral("https://example.org/");
         style.italic = true;
-        page.text(page.styled(x, 100, QStringLiteral("slanted"), style), 100, QStringLiteral("behind it"));
+        x = page.styled(x, 100, QStringLiteral("slanted"), style);
+        page.raw().words.back().link = QStringLiteral("https://example.org/");
+        page.text(x, 100, QStringLiteral("behind it"));
         const QString text = html(page.build());
         QCOMPARE(text.count(QStringLiteral("<a ")), 1);
         QVERIFY2(text.contains(QStringLiteral("plain <i>slanted</i></a> ")), qPrintable(bodyOf(text)));

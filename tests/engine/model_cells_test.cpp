@@ -13,7 +13,7 @@ namespace {
 WordRefs wordsOf(PageMaker &page)
 {
     WordRefs words;
-    for (const Word &word : page.raw().words) {
+    for (const RawWord &word : page.raw().words) {
         words.push_back(&word);
     }
     return words;

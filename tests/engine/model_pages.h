@@ -2,7 +2,7 @@
 #pragma once
 
 #include "analysis/analysis.h"
-#include "document/line_text.h"
+#include "document/text.h"
 
 #include <QStringList>
 
@@ -40,7 +40,8 @@ public:
     double styled(double x, double baseline, const QString &text, const quorra::model::Style &style)
     {
         for (const QString &part : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-            quorra::model::Word word;
+            quorra::model::RawWord word;
+            word.index = m_page.words.size();
             word.text = part;
             word.baseline = baseline;
             word.style = style;
@@ -100,7 +101,7 @@ inline QStringList paragraphTexts(const quorra::model::Document &document)
     for (const auto &section : document.pages.front().sections) {
         for (const auto &block : section.blocks) {
             if (block.paragraph()) {
-                texts += quorra::model::plainText(block.paragraph()->runs);
+                texts += quorra::model::plainText(*block.paragraph());
             }
         }
     }
@@ -127,7 +128,7 @@ inline QString cellText(const quorra::model::Table &table, int row, int column)
         if (cell.row == row && cell.column == column) {
             QStringList texts;
             for (const auto &paragraph : cell.paragraphs) {
-                texts += quorra::model::plainText(paragraph.runs);
+                texts += quorra::model::plainText(paragraph);
             }
             return texts.join(QLatin1Char('|'));
         }

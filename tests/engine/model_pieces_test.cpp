@@ -11,9 +11,9 @@ using namespace quorra::model;
 namespace {
 
 // A piece of a word, the next one following without a blank.
-Word piece(const QString &text, double left, double width, double baseline, double size)
+RawWord piece(const QString &text, double left, double width, double baseline, double size)
 {
-    Word word;
+    RawWord word;
     word.text = text;
     word.style.size = size;
     word.baseline = baseline;
@@ -21,6 +21,17 @@ Word piece(const QString &text, double left, double width, double baseline, doub
     word.spaceAfter = false;
     word.endsLine = false;
     return word;
+}
+
+// A page of these words, in their order.
+RawPage pageOf(std::vector<RawWord> words)
+{
+    RawPage page;
+    for (RawWord &word : words) {
+        word.index = page.words.size();
+        page.words.push_back(std::move(word));
+    }
+    return page;
 }
 
 } // namespace
@@ -53,19 +64,18 @@ private Q_SLOTS:
         QFETCH(double, baseline);
         QFETCH(bool, blank);
         QFETCH(int, rotation);
-        Word letter = piece(QStringLiteral("g"), 100, 5, 200, 10);
+        RawWord letter = piece(QStringLiteral("g"), 100, 5, 200, 10);
         letter.spaceAfter = blank;
-        Word next = piece(QStringLiteral("2"), left, 4, baseline, 8);
+        RawWord next = piece(QStringLiteral("2"), left, 4, baseline, 8);
         next.rotation = rotation;
         QTEST(isRestOf(letter, next), "rest");
     }
 
     void bringsLoosePiecesToTheirWord()
     {
-        RawPage page;
-        page.words = {
-            piece(QStringLiteral("x"), 100, 5, 200, 10), piece(QStringLiteral("i"), 105, 3, 202, 8),
-            piece(QStringLiteral("j"), 108, 3, 204, 6), piece(QStringLiteral("far"), 300, 15, 200, 10)};
+        const RawPage page = pageOf(
+            {piece(QStringLiteral("x"), 100, 5, 200, 10), piece(QStringLiteral("i"), 105, 3, 202, 8),
+             piece(QStringLiteral("j"), 108, 3, 204, 6), piece(QStringLiteral("far"), 300, 15, 200, 10)});
         WordRefs group{&page.words[1]};
         keepPiecesTogether(page, {&group});
         QCOMPARE(group.size(), std::size_t(3)); // the letter before and the index behind
@@ -74,8 +84,8 @@ private Q_SLOTS:
 
     void leavesPiecesOfTwoGroupsWhereTheyAre()
     {
-        RawPage page;
-        page.words = {piece(QStringLiteral("left"), 100, 5, 200, 10), piece(QStringLiteral("right"), 105, 5, 200, 10)};
+        const RawPage page =
+            pageOf({piece(QStringLiteral("left"), 100, 5, 200, 10), piece(QStringLiteral("right"), 105, 5, 200, 10)});
         WordRefs first{&page.words[0]};
         WordRefs second{&page.words[1]};
         keepPiecesTogether(page, {&first, &second});
@@ -101,10 +111,10 @@ private Q_SLOTS:
 
     void knowsASmallFraction()
     {
-        Word word = piece(QStringLiteral("sin"), 100, 15, 200, 10);
+        RawWord word = piece(QStringLiteral("sin"), 100, 15, 200, 10);
         word.spaceAfter = true;
-        const Word lower = piece(QStringLiteral("r"), 117, 4, 204, 8);
-        const Word upper = piece(QStringLiteral("t"), 117.5, 3, 196, 8);
+        const RawWord lower = piece(QStringLiteral("r"), 117, 4, 204, 8);
+        const RawWord upper = piece(QStringLiteral("t"), 117.5, 3, 196, 8);
         QVERIFY(isSmallFraction(word, lower, upper));
         QVERIFY(!isSmallFraction(word, lower, piece(QStringLiteral("t"), 121, 3, 204, 8)));  // side by side
         QVERIFY(!isSmallFraction(word, piece(QStringLiteral("r"), 117, 4, 204, 10), upper)); // as large as the text

@@ -83,7 +83,7 @@ model::RawPage crowdedPage(const QString &kind, int count)
     for (int i = 0; i < count; ++i) {
         const double x = 5 + step * (i % columns);
         const double y = 5 + 0.9 * step * (i / columns);
-        model::Word word;
+        model::RawWord word;
         word.text = QStringLiteral("w%1").arg(i % columns);
         word.style.size = 4;
         word.box = {x, y, x + 4, y + 4};
@@ -144,7 +144,7 @@ void ModelRandomTest::saneWordsAllComeToTheText()
     const std::vector<model::RawPage> pages = fuzz::pagesOf(bytes.data(), bytes.size(), fuzz::Marks::Sane);
     QStringList wanted;
     for (const model::RawPage &page : pages) {
-        for (const model::Word &word : page.words) {
+        for (const model::RawWord &word : page.words) {
             wanted += word.text;
         }
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "document/superscripts.h"
+#include "analysis/text_lines/superscripts.h"
+#include "test_text.h"
 
 #include <QTest>
 
@@ -14,7 +15,9 @@ Word word(double left, double right, double baseline, double size, int rotation 
     made.text = QStringLiteral("word");
     made.box = {left, baseline - 0.8 * size, right, baseline + 0.2 * size};
     made.baseline = baseline;
-    made.style.size = size;
+    Style style;
+    style.size = size;
+    made.style = test_text::styled(style);
     made.rotation = rotation;
     return made;
 }
@@ -26,7 +29,17 @@ Line line(std::vector<Word> words)
     return made;
 }
 
-using Scripts = std::vector<Script>;
+using Shifts = std::vector<BaselineShift>;
+
+Shifts shiftsOf(Line line)
+{
+    markSuperscripts(line);
+    Shifts shifts;
+    for (const Word &marked : line.words) {
+        shifts.push_back(marked.shift);
+    }
+    return shifts;
+}
 
 } // namespace
 
@@ -38,33 +51,33 @@ private Q_SLOTS:
     void findsSignsBehindText()
     {
         QCOMPARE(
-            scriptsOf(line({word(0, 20, 100, 10), word(20, 24, 96, 7), word(24, 28, 102, 7), word(30, 50, 100, 10)})),
-            (Scripts{Script::None, Script::Raised, Script::Lowered, Script::None}));
+            shiftsOf(line({word(0, 20, 100, 10), word(20, 24, 96, 7), word(24, 28, 102, 7), word(30, 50, 100, 10)})),
+            (Shifts{BaselineShift::None, BaselineShift::Superscript, BaselineShift::Subscript, BaselineShift::None}));
     }
 
     void findsSignsBeforeText()
     {
         QCOMPARE(
-            scriptsOf(line({word(0, 4, 96, 6), word(6, 30, 100, 10), word(33, 60, 100, 10)})),
-            (Scripts{Script::Raised, Script::None, Script::None}));
+            shiftsOf(line({word(0, 4, 96, 6), word(6, 30, 100, 10), word(33, 60, 100, 10)})),
+            (Shifts{BaselineShift::Superscript, BaselineShift::None, BaselineShift::None}));
     }
 
     void findsIndicesOfIndices()
     {
         QCOMPARE(
-            scriptsOf(line({word(0, 40, 100, 10), word(40, 44, 102, 7), word(44, 47, 103.5, 5)})),
-            (Scripts{Script::None, Script::Lowered, Script::Lowered}));
+            shiftsOf(line({word(0, 40, 100, 10), word(40, 44, 102, 7), word(44, 47, 103.5, 5)})),
+            (Shifts{BaselineShift::None, BaselineShift::Subscript, BaselineShift::Subscript}));
     }
 
     void leavesOtherSmallTextAlone()
     {
-        const Scripts none{Script::None, Script::None};
-        QCOMPARE(scriptsOf(line({word(0, 20, 100, 10), word(21, 40, 100, 7)})), none); // small capitals
-        QCOMPARE(scriptsOf(line({word(0, 20, 100, 10), word(20, 40, 96, 9)})), none);  // hardly smaller
-        QCOMPARE(scriptsOf(line({word(0, 20, 100, 10), word(60, 70, 96, 7)})), none);  // far from any text
-        QCOMPARE(scriptsOf(line({word(0, 20, 100, 10), word(20, 40, 80, 7)})), none);  // another line's
-        QCOMPARE(scriptsOf(line({word(0, 20, 100, 10), word(20, 24, 96, 7, 90)})), none);
-        QCOMPARE(scriptsOf(line({})), Scripts());
+        const Shifts none{BaselineShift::None, BaselineShift::None};
+        QCOMPARE(shiftsOf(line({word(0, 20, 100, 10), word(21, 40, 100, 7)})), none); // small capitals
+        QCOMPARE(shiftsOf(line({word(0, 20, 100, 10), word(20, 40, 96, 9)})), none);  // hardly smaller
+        QCOMPARE(shiftsOf(line({word(0, 20, 100, 10), word(60, 70, 96, 7)})), none);  // far from any text
+        QCOMPARE(shiftsOf(line({word(0, 20, 100, 10), word(20, 40, 80, 7)})), none);  // another line's
+        QCOMPARE(shiftsOf(line({word(0, 20, 100, 10), word(20, 24, 96, 7, 90)})), none);
+        QCOMPARE(shiftsOf(line({})), Shifts());
     }
 };
 

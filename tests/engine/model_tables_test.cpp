@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model_pages.h"
+#include "test_text.h"
 
 #include "analysis/tables/column_alignment.h"
 #include "analysis/tables/lattice.h"
@@ -205,10 +206,8 @@ private Q_SLOTS:
         table.columnEdges = {0, 100, 200};
         table.rowEdges = {0, 20, 40, 60, 80};
         const auto add = [&table](int row, int column, const QString &text, double left, double right) {
-            Paragraph paragraph;
-            paragraph.runs = {{text, {}}};
+            Paragraph paragraph = test_text::paragraphOf(text);
             paragraph.box = {left, 20.0 * row, right, 20.0 * row + 10};
-            paragraph.lines.resize(1);
             paragraph.alignment = row % 2 == 0 ? Alignment::Centre : Alignment::Left;
             Cell cell;
             cell.row = row;

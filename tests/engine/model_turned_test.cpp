@@ -115,7 +115,8 @@ QStringList cellStyles(const QString &html)
 Document scaled(Document document, double scaleX, double scaleY)
 {
     for (Page &page : document.pages) {
-        office::transformPage(page, {scaleX, scaleY, 7, 11}, page.width * scaleX + 14, page.height * scaleY + 22);
+        office::transformPage(
+            page, document.styles, {scaleX, scaleY, 7, 11}, page.width * scaleX + 14, page.height * scaleY + 22);
     }
     return document;
 }
@@ -196,7 +197,9 @@ void ModelTurnedTest::scalingKeepsIndentsAlongTheText()
     paragraph.indentLeft = paragraph.indentRight = paragraph.firstLineIndent = 10;
     paragraph.spaceBefore = paragraph.lineDistance = 20;
     page.sections = {{{{0, 0, 600, 800}}, {{paragraph, 0}}}};
-    const Document document = scaled({{page}}, 2, 3);
+    Document made;
+    made.pages.push_back(page);
+    const Document document = scaled(std::move(made), 2, 3);
     const Paragraph &moved = *document.pages[0].sections[0].blocks[0].paragraph();
     const bool along = rotation % 180 == 0;
     QCOMPARE(moved.indentLeft, along ? 20.0 : 30.0);

@@ -25,7 +25,7 @@ private Q_SLOTS:
         std::vector<Rule> lines;
         const auto tables = [&] {
             WordRefs all;
-            for (const Word &word : page.raw().words) {
+            for (const RawWord &word : page.raw().words) {
                 all.push_back(&word);
             }
             return findUnruledTables(rowsOf(std::move(all)), lines);

@@ -4,6 +4,7 @@
 #include "analysis/analysis.h"
 #include "convert/page_size.h"
 #include "document/page_transform.h"
+#include "document/page_walk.h"
 #include "html/html_writer.h"
 #include "sheets/sheets_writer.h"
 #include "slides/slides_writer.h"
@@ -36,6 +37,23 @@ public:
 private:
     int m_asked = 0;
 };
+
+/// The same document with a table of styles of its own, for writers that change what they are given.
+model::Document copyOf(const model::Document &document)
+{
+    model::Document copy;
+    copy.pages = document.pages;
+    for (model::Page &page : copy.pages) {
+        office::forEachParagraph(page, [&copy](model::Paragraph &paragraph) {
+            for (model::Line &line : paragraph.lines) {
+                for (model::Word &word : line.words) {
+                    word.style = copy.styles.add(*word.style);
+                }
+            }
+        });
+    }
+    return copy;
+}
 
 QString errorIn(const QByteArray &xml)
 {
@@ -93,7 +111,7 @@ void addWordModes(Outputs &outputs, const model::Document &document)
 {
     FewPictures pictures;
     const auto flow = [&](const char *name, const office::FlowForm &form, std::optional<bool> joinsOverPages) {
-        model::Document joined = document;
+        model::Document joined = copyOf(document);
         if (joinsOverPages) {
             model::joinContinuations(joined, *joinsOverPages);
         }
@@ -136,7 +154,7 @@ std::vector<Output> everyOutput(const model::Document &document, const QString &
     FewPictures pictures;
     outputs.addText(document);
     outputs.addXml("xml", [&](QIODevice &out) { writeXml(out, document); });
-    model::Document joined = document;
+    model::Document joined = copyOf(document);
     model::joinContinuations(joined, true);
     for (const bool xhtml : {false, true}) {
         outputs.addXml(xhtml ? "xhtml" : "html", [&](QIODevice &out) {
@@ -144,7 +162,7 @@ std::vector<Output> everyOutput(const model::Document &document, const QString &
         });
     }
     addWordModes(outputs, document);
-    model::Document slides = document;
+    model::Document slides = copyOf(document);
     office::MovedPictures moved(pictures);
     office::unifyPages(slides, moved);
     outputs.addOffice("slides", office::OdfKind::Presentation, [&](office::OdfFile &file) {
@@ -153,7 +171,7 @@ std::vector<Output> everyOutput(const model::Document &document, const QString &
     outputs.addOffice("sheets", office::OdfKind::Spreadsheet, [&](office::OdfFile &file) {
         office::writeSheets(file, document, pictures);
     });
-    addOnOtherPaper(outputs, document);
+    addOnOtherPaper(outputs, copyOf(document));
     return std::move(outputs.all);
 }
 

@@ -184,10 +184,11 @@ private:
 
     double addWord(double x, double y)
     {
-        Word word;
+        RawWord word;
         const std::uint8_t chosen = byte();
         word.text = m_wild ? texts().at(chosen % texts().size()) : QStringLiteral("w%1").arg(m_word++);
         word.style = m_style;
+        word.link = m_link;
         word.rotation = m_rotation;
         const double along = 0.5 * m_style.size * static_cast<double>(word.text.size());
         const bool lies = m_rotation % 180 == 0;
@@ -231,7 +232,7 @@ private:
     {
         box = {box.left + x, box.top + y, box.right + x, box.bottom + y};
     }
-    void shiftMark(Word &word, double x, double y)
+    void shiftMark(RawWord &word, double x, double y)
     {
         shift(word.box, x, y);
         word.baseline += word.rotation % 180 == 0 ? y : x;
@@ -300,7 +301,7 @@ private:
         static const std::array<QString, 4> links = {
             QString(), QStringLiteral("https://example.org/?a=1&b=\"2\""), QStringLiteral("#page=2"),
             QStringLiteral("#page=99999999999")};
-        m_style.link = links.at(look / 6 % 4);
+        m_link = links.at(look / 6 % 4);
         m_style.colour = look * 0x010307U;
     }
 
@@ -326,6 +327,7 @@ private:
     std::size_t m_marks = 0;
     int m_word = 0;
     Style m_style;
+    QString m_link;
     int m_rotation = 0;
     Last m_last = Last::Word;
 };

@@ -29,11 +29,13 @@ void insertByPlace(std::vector<Block> &blocks, std::vector<Block> more, const Bo
 } // namespace
 
 ColumnBuilder::ColumnBuilder(
-    const RawPage &raw, const Rulings &rulings, std::vector<TableWords> tables, const PagePictures &pictures)
+    const RawPage &raw, const Rulings &rulings, std::vector<TableWords> tables, const PagePictures &pictures,
+    StyleTable &styles)
     : m_raw(raw)
     , m_rulings(rulings)
     , m_tables(std::move(tables))
     , m_pictures(pictures)
+    , m_styles(styles)
 {}
 
 std::vector<Block> ColumnBuilder::blocks(const RegionItems &items) const
@@ -78,7 +80,7 @@ std::vector<Block> ColumnBuilder::textBlocks(const std::vector<Row> &rows, const
         if (from < to) {
             const std::vector<Row> text(
                 rows.begin() + static_cast<std::ptrdiff_t>(from), rows.begin() + static_cast<std::ptrdiff_t>(to));
-            for (Paragraph &paragraph : paragraphsOf(text, column)) {
+            for (Paragraph &paragraph : paragraphsOf(text, column, m_styles)) {
                 blocks.push_back({std::move(paragraph), 0});
             }
         }
@@ -86,7 +88,7 @@ std::vector<Block> ColumnBuilder::textBlocks(const std::vector<Row> &rows, const
     std::size_t next = 0;
     for (UnruledTable &table : findUnruledTables(rows, m_rulings.horizontal)) {
         addText(next, table.firstRow);
-        blocks.push_back({finishedTable(std::move(table.found), m_raw.fills), 0});
+        blocks.push_back({finishedTable(std::move(table.found), m_raw.fills, m_styles), 0});
         next = table.lastRow + 1;
     }
     addText(next, rows.size());
@@ -97,14 +99,14 @@ std::vector<Block> ColumnBuilder::obstacleBlocks(std::size_t index) const
 {
     std::vector<Block> blocks;
     if (index < m_tables.size()) {
-        blocks.push_back({finishedTable(m_tables[index], m_raw.fills), 0});
+        blocks.push_back({finishedTable(m_tables[index], m_raw.fills, m_styles), 0});
         return blocks;
     }
     const std::size_t number = index - m_tables.size();
     blocks.push_back({m_pictures.placed[number], 0});
     for (const DrawingLabels &labels : m_pictures.labels) {
         if (labels.picture == number) {
-            for (Paragraph &paragraph : labelParagraphs(labels)) {
+            for (Paragraph &paragraph : labelParagraphs(labels, m_styles)) {
                 blocks.push_back({std::move(paragraph), 0});
             }
         }

@@ -13,10 +13,11 @@ namespace quorra::model {
 class ColumnBuilder
 {
 public:
-    /// The obstacles of the columns count the tables first, then the placed pictures. raw, rulings and pictures must
-    /// outlive it.
+    /// The obstacles of the columns count the tables first, then the placed pictures. raw, rulings,
+    /// pictures and styles must outlive it.
     ColumnBuilder(
-        const RawPage &raw, const Rulings &rulings, std::vector<TableWords> tables, const PagePictures &pictures);
+        const RawPage &raw, const Rulings &rulings, std::vector<TableWords> tables, const PagePictures &pictures,
+        StyleTable &styles);
 
     std::vector<Block> blocks(const RegionItems &items) const;
 
@@ -28,6 +29,7 @@ private:
     const Rulings &m_rulings;
     std::vector<TableWords> m_tables;
     const PagePictures &m_pictures;
+    StyleTable &m_styles;
 };
 
 } // namespace quorra::model

@@ -25,7 +25,7 @@ public:
         , m_bins(static_cast<int>(area.width() / m_binWidth) + 1)
         , m_rows(static_cast<std::size_t>(area.height() / m_sliceHeight) + 1)
     {
-        for (const Word *word : items.words) {
+        for (const RawWord *word : items.words) {
             mark(bodyOf(*word));
         }
         for (const auto &obstacle : items.obstacles) {
@@ -129,7 +129,7 @@ void addCandidates(const Coverage &coverage, int bin, int width, std::vector<Can
 double usualSize(const WordRefs &words)
 {
     std::vector<double> sizes;
-    for (const Word *word : words) {
+    for (const RawWord *word : words) {
         sizes.push_back(word->style.size);
     }
     return median(std::move(sizes));
@@ -141,7 +141,7 @@ bool hasTextBesides(const RegionItems &items, const Gutter &gutter)
     WordRefs right;
     bool blockLeft = false;
     bool blockRight = false;
-    for (const Word *word : items.words) {
+    for (const RawWord *word : items.words) {
         const Box body = bodyOf(*word);
         if (body.centreY() >= gutter.top && body.centreY() <= gutter.bottom) {
             (body.centreX() < gutter.left ? left : right).push_back(word);
@@ -172,7 +172,7 @@ bool isRunningText(const WordRefs &words)
     for (const Row &row : rows) {
         all = united(all, row.box);
         int count = 0;
-        for (const Word *word : row.words) {
+        for (const RawWord *word : row.words) {
             count += letterCount(word->text);
             numeric += looksNumeric(word->text) ? 1 : 0;
         }
@@ -191,7 +191,7 @@ std::optional<Gutter> findGutter(const RegionItems &items)
         return std::nullopt;
     }
     Box area;
-    for (const Word *word : items.words) {
+    for (const RawWord *word : items.words) {
         area = united(area, bodyOf(*word));
     }
     for (const auto &obstacle : items.obstacles) {

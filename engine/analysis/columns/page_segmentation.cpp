@@ -15,7 +15,7 @@ constexpr int deepestCut = 6;
 Box boxOf(const RegionItems &items)
 {
     Box box;
-    for (const Word *word : items.words) {
+    for (const RawWord *word : items.words) {
         box = united(box, bodyOf(*word));
     }
     for (const auto &obstacle : items.obstacles) {
@@ -69,7 +69,7 @@ struct Parts
 Parts cutAt(const RegionItems &items, const Gutter &gutter)
 {
     Parts parts;
-    for (const Word *word : items.words) {
+    for (const RawWord *word : items.words) {
         parts.at(placeOf(bodyOf(*word), gutter)).words.push_back(word);
     }
     for (const auto &obstacle : items.obstacles) {

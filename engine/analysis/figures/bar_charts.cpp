@@ -33,7 +33,7 @@ bool isTaken(const Box &box, const std::vector<Box> &taken)
 
 bool holdsText(const RawPage &page, const Box &box)
 {
-    const auto words = std::count_if(page.words.begin(), page.words.end(), [&box](const Word &word) {
+    const auto words = std::count_if(page.words.begin(), page.words.end(), [&box](const RawWord &word) {
         return box.contains(word.box.centreX(), word.box.centreY());
     });
     return static_cast<std::size_t>(words) > mostWords;
@@ -76,7 +76,7 @@ bool areApart(const std::vector<Bar> &bars)
 Box withLabels(const RawPage &page, const Box &chart)
 {
     WordRefs below;
-    for (const Word &word : page.words) {
+    for (const RawWord &word : page.words) {
         const Box body = bodyOf(word);
         if (word.rotation == 0 && chart.left < body.centreX() && body.centreX() < chart.right &&
             body.centreY() > chart.bottom && body.bottom - chart.bottom < reach * word.style.size) {

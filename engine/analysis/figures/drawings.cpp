@@ -113,7 +113,7 @@ bool isFramedText(const RawPage &page, const Box &region, const std::vector<Regi
     for (const Region &stroke : strokes) {
         drawn += area(intersected(stroke.box, region));
     }
-    const auto words = std::count_if(page.words.begin(), page.words.end(), [&region](const Word &word) {
+    const auto words = std::count_if(page.words.begin(), page.words.end(), [&region](const RawWord &word) {
         return region.contains(word.box.centreX(), word.box.centreY());
     });
     return words > fewWords && drawn < mostlyDrawn * area(region);

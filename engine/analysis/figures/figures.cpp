@@ -2,9 +2,10 @@
 #include "figures/figures.h"
 
 #include "columns/column_gaps.h"
-#include "document/line_text.h"
 #include "figures/drawings.h"
+#include "paragraphs/dehyphenation.h"
 #include "paragraphs/paragraphs.h"
+#include "text_lines/superscripts.h"
 
 #include <algorithm>
 
@@ -46,7 +47,7 @@ std::vector<Box> wholeImages(const std::vector<RawPicture> &pieces)
 WordRefs wordsIn(const Box &box, const WordRefs &words)
 {
     WordRefs inside;
-    std::copy_if(words.begin(), words.end(), std::back_inserter(inside), [&box](const Word *word) {
+    std::copy_if(words.begin(), words.end(), std::back_inserter(inside), [&box](const RawWord *word) {
         const Box body = bodyOf(*word);
         return box.contains(body.centreX(), body.centreY());
     });
@@ -64,7 +65,7 @@ PagePictures findPictures(const RawPage &raw, const std::vector<Box> &tables, co
 {
     PagePictures pictures;
     WordRefs loose; // words of no table
-    std::copy_if(words.begin(), words.end(), std::back_inserter(loose), [&tables](const Word *word) {
+    std::copy_if(words.begin(), words.end(), std::back_inserter(loose), [&tables](const RawWord *word) {
         return std::none_of(tables.begin(), tables.end(), [word](const Box &t) {
             return t.contains(word->box.centreX(), word->box.centreY());
         });
@@ -96,18 +97,21 @@ PagePictures findPictures(const RawPage &raw, const std::vector<Box> &tables, co
     return pictures;
 }
 
-std::vector<Paragraph> labelParagraphs(const DrawingLabels &labels)
+std::vector<Paragraph> labelParagraphs(const DrawingLabels &labels, StyleTable &styles)
 {
     Paragraph all;
     for (const Row &row : rowsOf(labels.words)) {
-        Line line = lineOf(row);
-        const bool hyphen =
-            !all.runs.empty() && !line.words.empty() && endsInHyphen(all.runs.back().text, line.words.front().text);
-        appendLine(all.runs, line, !hyphen);
+        Line line = lineOf(row, styles);
+        markSuperscripts(line);
+        if (!all.lines.empty()) {
+            Line &last = all.lines.back();
+            last.words.back().separator = lineEnd(last, line.words.front().text, true);
+        }
         all.box = united(all.box, line.box);
         all.lines.push_back(std::move(line));
     }
     all.role = Role::Caption;
+    all.preformatted = isPreformatted(all);
     return all.lines.empty() ? std::vector<Paragraph>() : std::vector<Paragraph>{std::move(all)};
 }
 

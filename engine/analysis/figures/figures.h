@@ -26,6 +26,6 @@ struct PagePictures
 PagePictures findPictures(const RawPage &raw, const std::vector<Box> &tables, const WordRefs &words);
 
 /// A drawing's labels as text, one paragraph for all.
-std::vector<Paragraph> labelParagraphs(const DrawingLabels &labels);
+std::vector<Paragraph> labelParagraphs(const DrawingLabels &labels, StyleTable &styles);
 
 } // namespace quorra::model

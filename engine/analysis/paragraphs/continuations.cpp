@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/analysis.h"
-#include "document/line_text.h"
+#include "document/text.h"
+#include "paragraphs/dehyphenation.h"
 #include "paragraphs/paragraphs.h"
 #include "semantics/roles.h"
 
@@ -18,11 +19,6 @@ bool flows(const Paragraph &paragraph)
     return paragraph.role == Role::Body || paragraph.role == Role::ListItem;
 }
 
-bool isHeading(Role role)
-{
-    return role == Role::Heading1 || role == Role::Heading2 || role == Role::Heading3;
-}
-
 // Text goes on in text of its size: notes at the foot of a column and captions stand in between.
 int sizeClass(const Paragraph &paragraph)
 {
@@ -30,7 +26,7 @@ int sizeClass(const Paragraph &paragraph)
     double letters = 0;
     for (const Line &line : paragraph.lines) {
         for (const Word &word : line.words) {
-            sum += word.style.size * static_cast<double>(word.text.size());
+            sum += word.style->size * static_cast<double>(word.text.size());
             letters += static_cast<double>(word.text.size());
         }
     }
@@ -39,25 +35,23 @@ int sizeClass(const Paragraph &paragraph)
 
 using LastOfSize = std::map<int, Paragraph *>;
 
-double lastSize(const Paragraph &paragraph)
-{
-    return paragraph.runs.back().style.size;
-}
-
 bool goesOn(const Paragraph &before, const Paragraph &after)
 {
-    if (before.runs.empty() || after.runs.empty() || after.role != Role::Body || before.rotation != after.rotation ||
-        before.runs.back().style.fixedPitch != after.runs.front().style.fixedPitch) {
+    const std::vector<Run> runsBefore = runsOf(before);
+    const std::vector<Run> runsAfter = runsOf(after);
+    if (runsBefore.empty() || runsAfter.empty() || after.role != Role::Body || before.rotation != after.rotation ||
+        runsBefore.back().style.fixedPitch != runsAfter.front().style.fixedPitch) {
         return false;
     }
-    const double ratio = lastSize(before) / std::max(0.1, after.runs.front().style.size);
-    const QString end = plainText(before.runs).trimmed();
-    const QString begin = plainText(after.runs).trimmed();
+    const double size = runsAfter.front().style.size;
+    const double ratio = runsBefore.back().style.size / std::max(0.1, size);
+    const QString end = plainText(runsBefore).trimmed();
+    const QString begin = plainText(runsAfter).trimmed();
     constexpr qsizetype shortest = 20;
     if (ratio < 0.9 || ratio > 1.1 || end.size() < shortest || begin.isEmpty() || endsSentence(end)) {
         return false;
     }
-    const bool indented = after.firstLineIndent > 0.7 * after.runs.front().style.size;
+    const bool indented = after.firstLineIndent > 0.7 * size;
     return begin.front().isLower() || endsInHyphen(end, begin) || (!indented && end.endsWith(QLatin1Char(','))) ||
            (!indented && before.lines.size() > 1 && before.alignment == Alignment::Justify);
 }
@@ -77,7 +71,7 @@ void markContinuations(Document &document)
                 inSection = block.column;
                 Paragraph *paragraph = block.paragraph();
                 if (!paragraph || !flows(*paragraph)) {
-                    if (paragraph && isHeading(paragraph->role)) {
+                    if (paragraph && paragraph->role == Role::Heading) {
                         last.clear();
                     }
                     continue;
@@ -86,8 +80,8 @@ void markContinuations(Document &document)
                 Paragraph *before = last[size];
                 if (before && columnOf[size] != column && goesOn(*before, *paragraph)) {
                     paragraph->continuesPrevious = true;
-                    paragraph->joinsHyphen =
-                        endsInHyphen(plainText(before->runs).trimmed(), plainText(paragraph->runs).trimmed());
+                    const bool hyphen = endsInHyphen(plainText(*before).trimmed(), plainText(*paragraph).trimmed());
+                    before->lines.back().words.back().separator = hyphen ? Separator::Hyphen : Separator::Space;
                 }
                 last[size] = paragraph;
                 columnOf[size] = column;
@@ -95,33 +89,6 @@ void markContinuations(Document &document)
         }
     }
 }
-
-namespace {
-
-void appendParagraph(Paragraph &before, Paragraph &after)
-{
-    if (!before.runs.empty()) {
-        QString &text = before.runs.back().text;
-        while (!text.isEmpty() && text.back().isSpace()) {
-            text.chop(1);
-        }
-        if (after.joinsHyphen) {
-            text.chop(1);
-        } else {
-            text += QLatin1Char(' ');
-        }
-    }
-    for (Run &run : after.runs) {
-        if (!before.runs.empty() && before.runs.back().style == run.style && before.runs.back().script == run.script) {
-            before.runs.back().text += run.text;
-        } else {
-            before.runs.push_back(std::move(run));
-        }
-    }
-    std::move(after.lines.begin(), after.lines.end(), std::back_inserter(before.lines));
-}
-
-} // namespace
 
 void joinContinuations(Document &document, bool overPages)
 {
@@ -138,7 +105,9 @@ void joinContinuations(Document &document, bool overPages)
                 const bool text = paragraph && flows(*paragraph);
                 const int size = text ? sizeClass(*paragraph) : 0;
                 if (text && paragraph->continuesPrevious && last[size]) {
-                    appendParagraph(*last[size], *paragraph);
+                    Paragraph &before = *last[size];
+                    std::move(paragraph->lines.begin(), paragraph->lines.end(), std::back_inserter(before.lines));
+                    before.preformatted = isPreformatted(before);
                     continue;
                 }
                 kept.push_back(std::move(block));

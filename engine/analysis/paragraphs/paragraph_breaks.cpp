@@ -2,7 +2,7 @@
 #include "paragraphs/paragraph_breaks.h"
 
 #include "document/direction.h"
-#include "document/line_text.h"
+#include "paragraphs/dehyphenation.h"
 #include "paragraphs/list_mark.h"
 #include "paragraphs/paragraphs.h"
 
@@ -18,7 +18,7 @@ constexpr double widerStep = 1.28; // of the usual distance of baselines
 
 bool isFixedPitchLook(const Row &row)
 {
-    return std::all_of(row.words.begin(), row.words.end(), [](const Word *w) { return w->style.fixedPitch; });
+    return std::all_of(row.words.begin(), row.words.end(), [](const RawWord *w) { return w->style.fixedPitch; });
 }
 
 } // namespace
@@ -32,7 +32,7 @@ ParagraphBreaks::ParagraphBreaks(const std::vector<Row> &rows, const Box &column
         std::size_t bold = 0;
         double weight = 0;
         double sizes = 0;
-        for (const Word *word : rows[i].words) {
+        for (const RawWord *word : rows[i].words) {
             all += word->text;
             bold += word->style.bold ? 1 : 0;
             const auto length = static_cast<double>(word->text.size());
@@ -160,7 +160,7 @@ bool ParagraphBreaks::lineEndedEarly(std::size_t before, std::size_t next) const
         // Centred lines are often broken by hand, but hardly where less than half of the room is used.
         return endsSentence(last) || line.box.width() < 0.45 * m_column.width();
     }
-    const Word *word = rightToLeft ? following.words.back() : following.words.front();
+    const RawWord *word = rightToLeft ? following.words.back() : following.words.front();
     room -= word->box.width() + 0.8 * line.size;
     if (room <= 0) {
         return false;

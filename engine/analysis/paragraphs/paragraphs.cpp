@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "paragraphs/paragraphs.h"
 
-#include "analysis/analysis.h"
 #include "document/direction.h"
-#include "document/line_text.h"
+#include "document/text.h"
+#include "paragraphs/dehyphenation.h"
 #include "paragraphs/list_mark.h"
 #include "paragraphs/paragraph_breaks.h"
+#include "text_lines/superscripts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,14 +18,14 @@ namespace {
 constexpr double sameEdge = 2.0; // points
 
 // The share of letters and digits among fixed-pitch text decides: line ends of listings are meant.
-bool isListing(const std::vector<Line> &lines)
+bool isFixedPitch(const std::vector<Line> &lines)
 {
     std::size_t fixed = 0;
     std::size_t all = 0;
     for (const Line &line : lines) {
         for (const Word &word : line.words) {
             ++all;
-            fixed += word.style.fixedPitch ? 1 : 0;
+            fixed += word.style->fixedPitch ? 1 : 0;
         }
     }
     return 10 * fixed > 8 * all;
@@ -112,28 +113,39 @@ void measure(Paragraph &paragraph, const Box &column)
     }
 }
 
-// A mark at the beginning becomes the list mark; the lines keep it, the runs do not.
+// A mark at the beginning becomes the list mark.
 void takeListMark(Paragraph &paragraph)
 {
-    Line &first = paragraph.lines.front();
-    if (first.words.size() < 2 || !isListMark(first.words.front().text) || !first.words.front().spaceAfter) {
+    const Line &first = paragraph.lines.front();
+    if (first.words.size() < 2 || !isListMark(first.words.front().text) || !first.words.front().spaceAfter()) {
         return;
     }
-    const bool bullet = isBullet(first.words.front().text);
-    const bool bold = std::all_of(first.words.begin(), first.words.end(), [](const Word &w) { return w.style.bold; });
+    const QString &mark = first.words.front().text;
+    const bool bullet = isBullet(mark);
+    const bool bold = std::all_of(first.words.begin(), first.words.end(), [](const Word &w) { return w.style->bold; });
     if (!bullet && bold && paragraph.lines.size() <= 2) {
         return; // the number of a heading
     }
     const double gap = first.words[1].box.left - first.words[0].box.right;
     const bool hangs = paragraph.lines.size() > 1 && paragraph.lines[1].box.left > first.box.left + sameEdge;
     static const QString dashes = QStringLiteral("-–—*");
-    const bool dash = bullet && dashes.contains(first.words.front().text.front());
-    if ((!bullet || dash) && !hangs && gap < 0.35 * first.words[0].style.size) {
+    const bool dash = bullet && dashes.contains(mark.front());
+    if ((!bullet || dash) && !hangs && gap < 0.35 * first.words[0].style->size) {
         return; // "A. Smith", "1. January", "- 3 -"
     }
-    paragraph.listMark = first.words.front().text;
-    paragraph.listOrdered = !bullet;
+    paragraph.listItem = ListItem{mark, !bullet, 0};
     paragraph.role = Role::ListItem;
+}
+
+// Says what stands between the words at the ends of the lines, and which words are raised or lowered.
+void finishLines(std::vector<Line> &lines, bool keepBreaks, bool withMark)
+{
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        markSuperscripts(lines[i], i == 0 && withMark ? 1 : 0);
+        if (i + 1 < lines.size()) {
+            lines[i].words.back().separator = lineEnd(lines[i], lines[i + 1].words.front().text, keepBreaks);
+        }
+    }
 }
 
 Paragraph makeParagraph(std::vector<Line> lines, const Box &column)
@@ -142,31 +154,23 @@ Paragraph makeParagraph(std::vector<Line> lines, const Box &column)
     paragraph.lines = std::move(lines);
     QString all;
     for (const Line &line : paragraph.lines) {
-        all += lineText(line);
+        all += plainText(line);
     }
     paragraph.rightToLeft = isRightToLeft(all);
     measure(paragraph, column);
     takeListMark(paragraph);
-    const bool listing = isListing(paragraph.lines);
-    for (std::size_t i = 0; i < paragraph.lines.size(); ++i) {
-        if (i == 0 && !paragraph.listMark.isEmpty()) {
-            Line rest = paragraph.lines.front();
-            rest.words.erase(rest.words.begin());
-            appendLine(paragraph.runs, rest, false);
-        } else {
-            appendLine(paragraph.runs, paragraph.lines[i], listing);
-        }
-    }
+    finishLines(paragraph.lines, isFixedPitch(paragraph.lines), paragraph.listItem.has_value());
+    paragraph.preformatted = isPreformatted(paragraph);
     return paragraph;
 }
 
 // Whether a blank stands between two words, the right one after the left one on the row. Only pieces that the PDF
 // library itself found to be one word's stay together.
-bool isApart(const Word &left, const Word &right)
+bool isApart(const RawWord &left, const RawWord &right)
 {
     constexpr double blank = 0.15; // font sizes
     const double gap = right.box.left - left.box.right;
-    const bool inOrder = &right == &left + 1;
+    const bool inOrder = right.index == left.index + 1;
     const bool index = right.style.size < 0.85 * left.style.size && right.baseline > left.baseline &&
                        std::abs(gap) < 0.1 * left.style.size;
     const bool stacked = gap < -0.3 * left.style.size && right.baseline != left.baseline;
@@ -176,9 +180,21 @@ bool isApart(const Word &left, const Word &right)
     return left.spaceAfter || !inOrder || gap > blank * std::max(left.style.size, right.style.size);
 }
 
+Word wordOf(const RawWord &raw, StyleTable &styles)
+{
+    Word word;
+    word.text = raw.text;
+    word.box = raw.box;
+    word.baseline = raw.baseline;
+    word.rotation = raw.rotation;
+    word.style = styles.add(raw.style);
+    word.link = raw.link;
+    return word;
+}
+
 } // namespace
 
-Line lineOf(const Row &row)
+Line lineOf(const Row &row, StyleTable &styles)
 {
     Line line;
     line.box = row.box;
@@ -188,22 +204,23 @@ Line lineOf(const Row &row)
     line.words.reserve(row.words.size());
     QString all;
     for (std::size_t i = 0; i < row.words.size(); ++i) {
-        line.words.push_back(*row.words[i]);
-        line.words.back().spaceAfter = i + 1 == row.words.size() || isApart(*row.words[i], *row.words[i + 1]);
+        line.words.push_back(wordOf(*row.words[i], styles));
+        const bool apart = i + 1 == row.words.size() || isApart(*row.words[i], *row.words[i + 1]);
+        line.words.back().separator = apart ? Separator::Space : Separator::None;
         all += row.words[i]->text;
     }
     const bool rightToLeft = isRightToLeft(all);
-    if (rightToLeft) { // the blank after a word is then the one on its left
+    if (rightToLeft) { // the space after a word is then the one on its left
         for (std::size_t i = line.words.size(); i-- > 1;) {
-            line.words[i].spaceAfter = line.words[i - 1].spaceAfter;
+            line.words[i].separator = line.words[i - 1].separator;
         }
-        line.words.front().spaceAfter = true;
+        line.words.front().separator = Separator::Space;
     }
     orderWords(line.words, rightToLeft);
     return line;
 }
 
-std::vector<Paragraph> paragraphsOf(const std::vector<Row> &rows, const Box &column)
+std::vector<Paragraph> paragraphsOf(const std::vector<Row> &rows, const Box &column, StyleTable &styles)
 {
     std::vector<Paragraph> paragraphs;
     const ParagraphBreaks breaks(rows, column);
@@ -215,7 +232,7 @@ std::vector<Paragraph> paragraphsOf(const std::vector<Row> &rows, const Box &col
         }
         std::vector<Line> lines;
         for (std::size_t i = start; i < end; ++i) {
-            lines.push_back(lineOf(rows[i]));
+            lines.push_back(lineOf(rows[i], styles));
         }
         paragraphs.push_back(makeParagraph(std::move(lines), column));
         if (start > 0) {
@@ -228,11 +245,11 @@ std::vector<Paragraph> paragraphsOf(const std::vector<Row> &rows, const Box &col
     return paragraphs;
 }
 
-std::vector<Paragraph> cellParagraphs(const WordRefs &words, const Box &cell)
+std::vector<Paragraph> cellParagraphs(const WordRefs &words, const Box &cell, StyleTable &styles)
 {
     WordRefs upright;
     std::vector<Paragraph> paragraphs;
-    for (const Word *word : words) {
+    for (const RawWord *word : words) {
         if (word->rotation == 0) {
             upright.push_back(word);
         } else {
@@ -240,9 +257,10 @@ std::vector<Paragraph> cellParagraphs(const WordRefs &words, const Box &cell)
             line.box = word->box;
             line.baseline = word->baseline;
             line.rotation = word->rotation;
-            line.words = {*word};
+            line.words = {wordOf(*word, styles)};
             if (!paragraphs.empty() && paragraphs.back().rotation == word->rotation) {
-                appendLine(paragraphs.back().runs, line, false);
+                Line &last = paragraphs.back().lines.back();
+                last.words.back().separator = lineEnd(last, word->text, false);
                 paragraphs.back().box = united(paragraphs.back().box, line.box);
                 paragraphs.back().lines.push_back(line);
             } else {
@@ -251,10 +269,31 @@ std::vector<Paragraph> cellParagraphs(const WordRefs &words, const Box &cell)
             }
         }
     }
-    for (Paragraph &paragraph : paragraphsOf(rowsOf(std::move(upright)), cell)) {
+    for (Paragraph &paragraph : paragraphsOf(rowsOf(std::move(upright)), cell, styles)) {
         paragraphs.push_back(std::move(paragraph));
     }
     return paragraphs;
+}
+
+bool isPreformatted(const Paragraph &paragraph)
+{
+    if (paragraph.rightToLeft || paragraph.rotation != 0 || paragraph.listItem) {
+        return false;
+    }
+    bool broken = false;
+    int letters = 0;
+    int fixed = 0;
+    const Word *before = nullptr;
+    for (const Line &line : paragraph.lines) {
+        for (const Word &word : line.words) {
+            broken = broken || (before && before->separator == Separator::LineBreak);
+            const int count = letterCount(word.text);
+            letters += count;
+            fixed += word.style->fixedPitch ? count : 0;
+            before = &word;
+        }
+    }
+    return broken && fixed > 0 && 10 * fixed > 8 * letters;
 }
 
 bool endsSentence(const QString &text)

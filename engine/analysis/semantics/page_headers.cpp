@@ -26,7 +26,7 @@ QString keyOf(const Row &row)
 {
     QString key;
     bool inNumber = false;
-    for (const Word *word : row.words) {
+    for (const RawWord *word : row.words) {
         for (const QChar c : word->text) {
             if (c.isDigit()) {
                 key += inNumber ? QString() : QStringLiteral("#");
@@ -46,7 +46,7 @@ std::pair<double, double> textExtent(const RawPage &page)
 {
     double top = page.height;
     double bottom = 0;
-    for (const Word &word : page.words) {
+    for (const RawWord &word : page.words) {
         if (word.rotation == 0) {
             top = std::min(top, word.box.centreY());
             bottom = std::max(bottom, word.box.centreY());
@@ -65,7 +65,7 @@ std::vector<EdgeRow> edgeRows(const RawPage &page)
             return top ? y < std::max(first + depth / 2, depth) : y > std::min(last - depth / 2, page.height - depth);
         };
         WordRefs words; // from further in than looked for, to see how far the next row is
-        for (const Word &word : page.words) {
+        for (const RawWord &word : page.words) {
             if (word.rotation == 0 && inZone(word.box.centreY(), 2 * reach)) {
                 words.push_back(&word);
             }
@@ -86,9 +86,10 @@ std::vector<EdgeRow> edgeRows(const RawPage &page)
 }
 
 // Stamps in the margin: words in another direction that stand at the same place on other pages.
-void addTurnedStamps(const std::vector<RawPage> &pages, std::size_t needed, std::vector<std::set<const Word *>> &heads)
+void addTurnedStamps(
+    const std::vector<RawPage> &pages, std::size_t needed, std::vector<std::set<const RawWord *>> &heads)
 {
-    const auto keyOfWord = [](const Word &word) {
+    const auto keyOfWord = [](const RawWord &word) {
         return QStringLiteral("%1 %2 %3")
             .arg(
                 word.text, QString::number(std::lround(word.box.left / 4)),
@@ -96,14 +97,14 @@ void addTurnedStamps(const std::vector<RawPage> &pages, std::size_t needed, std:
     };
     QHash<QString, std::size_t> count;
     for (const RawPage &page : pages) {
-        for (const Word &word : page.words) {
+        for (const RawWord &word : page.words) {
             if (word.rotation != 0) {
                 ++count[keyOfWord(word)];
             }
         }
     }
     for (std::size_t i = 0; i < pages.size() && !count.isEmpty(); ++i) {
-        for (const Word &word : pages[i].words) {
+        for (const RawWord &word : pages[i].words) {
             if (word.rotation != 0 && count.value(keyOfWord(word)) >= needed) {
                 heads[i].insert(&word);
             }
@@ -113,9 +114,9 @@ void addTurnedStamps(const std::vector<RawPage> &pages, std::size_t needed, std:
 
 } // namespace
 
-std::vector<std::set<const Word *>> findRunningHeads(const std::vector<RawPage> &pages)
+std::vector<std::set<const RawWord *>> findRunningHeads(const std::vector<RawPage> &pages)
 {
-    std::vector<std::set<const Word *>> heads(pages.size());
+    std::vector<std::set<const RawWord *>> heads(pages.size());
     if (pages.size() < fewestPages) {
         return heads;
     }

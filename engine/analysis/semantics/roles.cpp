@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "semantics/roles.h"
 
-#include "analysis/analysis.h"
-#include "document/line_text.h"
+#include "document/text.h"
 #include "paragraphs/paragraphs.h"
 
 #include <QMap>
@@ -43,7 +42,7 @@ double sizeOf(const Paragraph &paragraph)
 {
     double sum = 0;
     double letters = 0;
-    for (const Run &run : paragraph.runs) {
+    for (const Run &run : runsOf(paragraph)) {
         sum += run.style.size * static_cast<double>(run.text.size());
         letters += static_cast<double>(run.text.size());
     }
@@ -52,7 +51,8 @@ double sizeOf(const Paragraph &paragraph)
 
 bool isBold(const Paragraph &paragraph)
 {
-    return !paragraph.runs.empty() && std::all_of(paragraph.runs.begin(), paragraph.runs.end(), [](const Run &run) {
+    const std::vector<Run> runs = runsOf(paragraph);
+    return !runs.empty() && std::all_of(runs.begin(), runs.end(), [](const Run &run) {
         return run.style.bold || run.text.trimmed().isEmpty();
     });
 }
@@ -79,7 +79,7 @@ double bodySize(Document &document)
 {
     QMap<int, qsizetype> letters;
     forEachParagraph(document, [&letters](const Page &, const Paragraph &paragraph) {
-        for (const Run &run : paragraph.runs) {
+        for (const Run &run : runsOf(paragraph)) {
             letters[tenths(run.style.size)] += run.text.size();
         }
     });
@@ -97,7 +97,7 @@ std::vector<double> headingSizes(Document &document, double body)
     forEachParagraph(document, [&](const Page &, const Paragraph &paragraph) {
         const double size = sizeOf(paragraph);
         if (paragraph.role == Role::Body && size > largerThanBody * body &&
-            isHeadingLike(paragraph, plainText(paragraph.runs))) {
+            isHeadingLike(paragraph, plainText(paragraph))) {
             sizes.push_back(size);
         }
     });
@@ -111,34 +111,38 @@ std::vector<double> headingSizes(Document &document, double body)
     return ranks;
 }
 
-Role headingRole(std::size_t rank)
+void setHeading(Paragraph &paragraph, std::size_t rank)
 {
-    return rank == 0 ? Role::Heading1 : rank == 1 ? Role::Heading2 : Role::Heading3;
+    constexpr std::size_t lowestRank = 2;
+    paragraph.role = Role::Heading;
+    paragraph.headingLevel = static_cast<int>(std::min(rank, lowestRank)) + 1;
 }
 
-Role roleOf(const Page &page, const Paragraph &paragraph, double body, const std::vector<double> &ranks)
+void assignRole(const Page &page, Paragraph &paragraph, double body, const std::vector<double> &ranks)
 {
-    const QString text = plainText(paragraph.runs).trimmed();
+    const QString text = plainText(paragraph).trimmed();
     const double size = sizeOf(paragraph);
     if (isCaption(text)) {
-        return Role::Caption;
+        paragraph.role = Role::Caption;
+        return;
     }
     if (isHeadingLike(paragraph, text)) {
         if (size > largerThanBody * body) {
             const auto rank = std::find_if(ranks.begin(), ranks.end(), [size](double r) { return size >= 0.94 * r; });
-            return headingRole(static_cast<std::size_t>(rank - ranks.begin()));
+            setHeading(paragraph, static_cast<std::size_t>(rank - ranks.begin()));
+            return;
         }
         constexpr int longestBoldHeading = 100;
         if (isBold(paragraph) && size >= 0.98 * body && paragraph.lines.size() <= 2 &&
             text.size() <= longestBoldHeading && !text.endsWith(QLatin1Char('.')) && !text.endsWith(QLatin1Char(':'))) {
-            return headingRole(std::min<std::size_t>(ranks.size(), 2));
+            setHeading(paragraph, ranks.size());
+            return;
         }
     }
     if (size < smallerThanBody * body && paragraph.box.top > 0.6 * page.height && !text.isEmpty() &&
         (text.front().isDigit() || QStringLiteral("*†‡∗§¹²³").contains(text.front()))) {
-        return Role::Footnote;
+        paragraph.role = Role::Footnote;
     }
-    return Role::Body;
 }
 
 void assignListLevels(Document &document)
@@ -148,7 +152,7 @@ void assignListLevels(Document &document)
             std::vector<double> lefts; // of the open levels
             for (Block &block : section.blocks) {
                 Paragraph *paragraph = block.paragraph();
-                if (!paragraph || paragraph->role != Role::ListItem) {
+                if (!paragraph || !paragraph->listItem) {
                     if (!paragraph || paragraph->indentLeft < 2) {
                         lefts.clear();
                     }
@@ -162,7 +166,7 @@ void assignListLevels(Document &document)
                 if (lefts.empty() || left > lefts.back() + deeper) {
                     lefts.push_back(left);
                 }
-                paragraph->listLevel = static_cast<int>(lefts.size()) - 1;
+                paragraph->listItem->level = static_cast<int>(lefts.size()) - 1;
             }
         }
     }
@@ -176,7 +180,7 @@ void assignRoles(Document &document)
     const std::vector<double> ranks = headingSizes(document, body);
     forEachParagraph(document, [&](const Page &page, Paragraph &paragraph) {
         if (paragraph.role == Role::Body) {
-            paragraph.role = roleOf(page, paragraph, body, ranks);
+            assignRole(page, paragraph, body, ranks);
         }
     });
     assignListLevels(document);

@@ -17,7 +17,7 @@ constexpr double sameLine = 0.15;
 std::vector<std::pair<double, double>> blankStrips(const WordRefs &words, double leastWidth)
 {
     std::vector<std::pair<double, double>> spans;
-    for (const Word *word : words) {
+    for (const RawWord *word : words) {
         spans.emplace_back(word->box.left, word->box.right);
     }
     std::sort(spans.begin(), spans.end());
@@ -48,20 +48,21 @@ bool areIndependent(const std::vector<Row> &rows, const std::vector<Row> &others
 std::vector<CellColumn> cellColumns(const WordRefs &words, const Box &cell)
 {
     std::vector<CellColumn> whole{{words, cell}};
-    const bool turned = std::any_of(words.begin(), words.end(), [](const Word *word) { return word->rotation != 0; });
+    const bool turned =
+        std::any_of(words.begin(), words.end(), [](const RawWord *word) { return word->rotation != 0; });
     if (turned || words.size() < fewestRows + fewestRemarks) {
         return whole;
     }
     std::vector<double> sizes;
     sizes.reserve(words.size());
-    for (const Word *word : words) {
+    for (const RawWord *word : words) {
         sizes.push_back(word->style.size);
     }
     for (const auto &[from, to] : blankStrips(words, narrowest * median(std::move(sizes)))) {
         const double middle = (from + to) / 2;
         CellColumn left{{}, {cell.left, cell.top, middle, cell.bottom}};
         CellColumn right{{}, {middle, cell.top, cell.right, cell.bottom}};
-        for (const Word *word : words) {
+        for (const RawWord *word : words) {
             (word->box.centreX() < middle ? left : right).words.push_back(word);
         }
         const std::vector<Row> leftRows = rowsOf(left.words);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tables/column_alignment.h"
 
-#include "document/line_text.h"
+#include "document/text.h"
 #include "text_lines/text_lines.h"
 
 #include <algorithm>
@@ -56,8 +56,8 @@ bool isSingleLine(const Cell &cell)
 
 bool areNumbers(const std::vector<Paragraph *> &texts)
 {
-    const auto numbers = std::count_if(
-        texts.begin(), texts.end(), [](const Paragraph *text) { return looksNumeric(plainText(text->runs)); });
+    const auto numbers =
+        std::count_if(texts.begin(), texts.end(), [](const Paragraph *text) { return looksNumeric(plainText(*text)); });
     return 2 * static_cast<std::size_t>(numbers) > texts.size();
 }
 

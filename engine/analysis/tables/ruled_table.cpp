@@ -75,7 +75,7 @@ std::vector<Rulings> connectedRulings(const Rulings &all)
 void placeWords(TableWords &found, const WordRefs &words)
 {
     found.words.resize(found.table.cells.size());
-    for (const Word *word : words) {
+    for (const RawWord *word : words) {
         const Box body = bodyOf(*word);
         if (!found.table.box.contains(body.centreX(), body.centreY())) {
             continue;

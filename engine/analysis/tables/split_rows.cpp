@@ -53,7 +53,7 @@ std::vector<double> sharedBaselines(const std::vector<BandCell> &band)
             values.push_back(row.baseline);
             ++lines;
             QString text;
-            for (const Word *word : row.words) {
+            for (const RawWord *word : row.words) {
                 text += word->text;
             }
             numeric += looksNumeric(text) ? 1 : 0;
@@ -96,7 +96,7 @@ void splitBand(TableWords &found, int row, const std::vector<BandCell> &band, co
             piece.bottom = part == added ? cell.bottom : Border{};
             WordRefs inside;
             std::copy_if(
-                found.words[i].begin(), found.words[i].end(), std::back_inserter(inside), [&piece](const Word *w) {
+                found.words[i].begin(), found.words[i].end(), std::back_inserter(inside), [&piece](const RawWord *w) {
                     const double y = bodyOf(*w).centreY();
                     return y >= piece.box.top && y < piece.box.bottom;
                 });

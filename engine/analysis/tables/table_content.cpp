@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tables/table_content.h"
 
-#include "document/line_text.h"
+#include "document/text.h"
 #include "paragraphs/paragraphs.h"
 #include "tables/cell_columns.h"
 #include "tables/column_alignment.h"
@@ -53,7 +53,7 @@ bool isNumericRow(const Table &table, int row)
 {
     return std::any_of(table.cells.begin(), table.cells.end(), [row](const Cell &cell) {
         return cell.row == row && cell.column > 0 && !cell.paragraphs.empty() &&
-               looksNumeric(plainText(cell.paragraphs.front().runs));
+               looksNumeric(plainText(cell.paragraphs.front()));
     });
 }
 
@@ -62,9 +62,10 @@ bool isBoldRow(const Table &table, int row)
     bool any = false;
     for (const Cell &cell : table.cells) {
         for (const Paragraph &paragraph : cell.paragraphs) {
-            if (cell.row == row && !paragraph.runs.empty()) {
+            const std::vector<Run> runs = cell.row == row ? runsOf(paragraph) : std::vector<Run>();
+            if (!runs.empty()) {
                 any = true;
-                if (!paragraph.runs.front().style.bold) {
+                if (!runs.front().style.bold) {
                     return false;
                 }
             }
@@ -88,13 +89,13 @@ int headerRows(const Table &table)
 
 } // namespace
 
-Table finishedTable(TableWords found, const std::vector<Fill> &fills)
+Table finishedTable(TableWords found, const std::vector<Fill> &fills, StyleTable &styles)
 {
     Table table = std::move(found.table);
     for (std::size_t i = 0; i < table.cells.size(); ++i) {
         Cell &cell = table.cells[i];
         for (const CellColumn &part : cellColumns(found.words[i], cell.box)) {
-            for (Paragraph &paragraph : cellParagraphs(part.words, part.box)) {
+            for (Paragraph &paragraph : cellParagraphs(part.words, part.box, styles)) {
                 alignInCell(paragraph, part.box);
                 cell.paragraphs.push_back(std::move(paragraph));
             }

@@ -6,6 +6,6 @@
 namespace quorra::model {
 
 /// Puts the words of each cell together, finds the cells' backgrounds and counts the heading rows.
-Table finishedTable(TableWords found, const std::vector<Fill> &fills);
+Table finishedTable(TableWords found, const std::vector<Fill> &fills, StyleTable &styles);
 
 } // namespace quorra::model

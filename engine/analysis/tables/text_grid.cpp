@@ -15,7 +15,7 @@ constexpr double narrowStrip = 0.3; // font sizes: the narrowest strip between c
 QString textOf(const WordRefs &words)
 {
     QString text;
-    for (const Word *word : words) {
+    for (const RawWord *word : words) {
         text += text.isEmpty() ? word->text : QLatin1Char(' ') + word->text;
     }
     return text;
@@ -109,10 +109,10 @@ int TextGrid::columnAt(double x) const
 
 // Whether the word behind the piece stands in a cell of its own: with a gap between them at a column's edge, or as a
 // number behind a number, however close they are.
-bool TextGrid::isNextCell(const Piece &piece, const Word &word) const
+bool TextGrid::isNextCell(const Piece &piece, const RawWord &word) const
 {
     const Box body = bodyOf(word);
-    const Word &last = *piece.words.back();
+    const RawWord &last = *piece.words.back();
     if (looksNumeric(last.text) && looksNumeric(word.text) &&
         columnAt(body.centreX()) > columnAt(bodyOf(last).centreX())) {
         return true;
@@ -124,7 +124,7 @@ bool TextGrid::isNextCell(const Piece &piece, const Word &word) const
 void TextGrid::addPiece(GridRow &row, const Segment &segment) const
 {
     std::vector<Piece> pieces;
-    for (const Word *word : segment.words) {
+    for (const RawWord *word : segment.words) {
         const Box body = bodyOf(*word);
         if (pieces.empty() || isNextCell(pieces.back(), *word)) {
             pieces.emplace_back();

@@ -39,7 +39,7 @@ private:
     void findColumns();
     void layRows();
     void addPiece(GridRow &row, const Segment &segment) const;
-    bool isNextCell(const Piece &piece, const Word &word) const;
+    bool isNextCell(const Piece &piece, const RawWord &word) const;
     void widenHeadings();
     std::size_t headRows() const;
     void joinTitle();

@@ -22,7 +22,7 @@ bool startsLow(const WordRefs &words)
 QString joined(const WordRefs &words)
 {
     QString text;
-    for (const Word *word : words) {
+    for (const RawWord *word : words) {
         text += word->text;
     }
     return text;

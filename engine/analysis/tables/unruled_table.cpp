@@ -31,7 +31,7 @@ bool isLeader(const QString &text)
 bool hasLeader(const Row &row)
 {
     int loneDots = 0;
-    for (const Word *word : row.words) {
+    for (const RawWord *word : row.words) {
         loneDots += word->text == QLatin1String(".") ? 1 : 0;
         if (isLeader(word->text)) {
             return true;
@@ -43,7 +43,7 @@ bool hasLeader(const Row &row)
 bool isListLine(const std::vector<Segment> &segments)
 {
     QString mark;
-    for (const Word *word : segments.front().words) {
+    for (const RawWord *word : segments.front().words) {
         mark += word->text;
     }
     return segments.size() == 2 && isListMark(mark);

@@ -19,7 +19,7 @@ double sharedHeight(const Box &a, const Box &b)
     return std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
 }
 
-bool belongsTo(const Row &row, const Word &word, const Box &body)
+bool belongsTo(const Row &row, const RawWord &word, const Box &body)
 {
     const double larger = std::max(row.size, word.style.size);
     const double smaller = std::min(row.size, word.style.size);
@@ -29,7 +29,7 @@ bool belongsTo(const Row &row, const Word &word, const Box &body)
     return sharedHeight(row.box, body) > 0.5 * std::min(row.box.height(), body.height());
 }
 
-void add(Row &row, const Word *word, const Box &body)
+void add(Row &row, const RawWord *word, const Box &body)
 {
     if (row.words.empty() || word->style.size > row.size) {
         row.size = word->style.size;
@@ -45,43 +45,52 @@ void add(Row &row, const Word *word, const Box &body)
 // A piece of a word goes to the row of the piece before it, and so does a fraction that goes on in its line.
 void uniteWordPieces(std::vector<Row> &rows)
 {
-    std::unordered_map<const Word *, std::size_t> homes;
+    struct Home
+    {
+        const RawWord *word;
+        std::size_t row;
+    };
+    std::unordered_map<std::size_t, Home> homes; // by the word's place on the page
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        for (const Word *word : rows[i].words) {
-            homes.emplace(word, i);
+        for (const RawWord *word : rows[i].words) {
+            homes.emplace(word->index, Home{word, i});
         }
     }
+    const auto following = [&homes](const RawWord &word) {
+        return word.endsLine ? homes.end() : homes.find(word.index + 1);
+    };
     const std::size_t count = rows.size();
     for (std::size_t i = 0; i < count; ++i) {
         for (std::size_t k = 0; k < rows[i].words.size(); ++k) { // grows while pieces come in
-            const Word *word = rows[i].words[k];
-            const auto next = word->endsLine ? homes.end() : homes.find(word + 1);
-            if (next == homes.end() || next->second == i) {
+            const RawWord *word = rows[i].words[k];
+            const auto next = following(*word);
+            if (next == homes.end() || next->second.row == i) {
                 continue;
             }
-            const auto last = next->first->endsLine ? homes.end() : homes.find(next->first + 1);
-            const bool fraction = last != homes.end() && isSmallFraction(*word, *next->first, *last->first);
-            if (!fraction && !isRestOf(*word, *next->first)) {
+            Home &home = next->second;
+            const auto last = following(*home.word);
+            const bool fraction = last != homes.end() && isSmallFraction(*word, *home.word, *last->second.word);
+            if (!fraction && !isRestOf(*word, *home.word)) {
                 continue;
             }
-            std::vector<const Word *> &left = rows[next->second].words;
-            left.erase(std::find(left.begin(), left.end(), next->first));
-            add(rows[i], next->first, bodyOf(*next->first));
-            next->second = i;
+            std::vector<const RawWord *> &left = rows[home.row].words;
+            left.erase(std::find(left.begin(), left.end(), home.word));
+            add(rows[i], home.word, bodyOf(*home.word));
+            home.row = i;
         }
     }
     rows.erase(std::remove_if(rows.begin(), rows.end(), [](const Row &row) { return row.words.empty(); }), rows.end());
 }
 
 // Whether a small word hangs on one of the row's words, as an index does.
-bool hangsOn(const Row &row, const Word &word)
+bool hangsOn(const Row &row, const RawWord &word)
 {
     const Box body = bodyOf(word);
     const double reach = 0.5 * row.size;
     if (word.style.size > 0.85 * row.size || body.top > row.box.bottom + reach || body.bottom < row.box.top - reach) {
         return false;
     }
-    return std::any_of(row.words.begin(), row.words.end(), [&](const Word *base) {
+    return std::any_of(row.words.begin(), row.words.end(), [&](const RawWord *base) {
         return std::abs(word.box.left - base->box.right) < 0.25 * row.size;
     });
 }
@@ -96,11 +105,11 @@ void attachIndices(std::vector<Row> &rows)
         }
         for (const std::size_t home : {i - 1, i + 1}) {
             const bool all = home < rows.size() && !rows[home].words.empty() &&
-                             std::all_of(rows[i].words.begin(), rows[i].words.end(), [&](const Word *word) {
+                             std::all_of(rows[i].words.begin(), rows[i].words.end(), [&](const RawWord *word) {
                                  return hangsOn(rows[home], *word);
                              });
             if (all && !rows[i].words.empty()) {
-                for (const Word *word : rows[i].words) {
+                for (const RawWord *word : rows[i].words) {
                     add(rows[home], word, bodyOf(*word));
                 }
                 rows[i].words.clear();
@@ -112,7 +121,7 @@ void attachIndices(std::vector<Row> &rows)
 
 } // namespace
 
-Box bodyOf(const Word &word)
+Box bodyOf(const RawWord &word)
 {
     return {word.box.left, word.baseline - bodyHeight * word.style.size, word.box.right, word.baseline};
 }
@@ -120,11 +129,11 @@ Box bodyOf(const Word &word)
 std::vector<Row> rowsOf(WordRefs words)
 {
     std::stable_sort(
-        words.begin(), words.end(), [](const Word *a, const Word *b) { return a->baseline < b->baseline; });
-    const bool hasPieces = std::any_of(words.begin(), words.end(), [](const Word *word) { return !word->endsLine; });
+        words.begin(), words.end(), [](const RawWord *a, const RawWord *b) { return a->baseline < b->baseline; });
+    const bool hasPieces = std::any_of(words.begin(), words.end(), [](const RawWord *word) { return !word->endsLine; });
     std::vector<Row> rows;
     constexpr std::size_t openRows = 4;
-    for (const Word *word : words) {
+    for (const RawWord *word : words) {
         const Box body = bodyOf(*word);
         Row *home = nullptr;
         for (std::size_t back = 1; back <= std::min(openRows, rows.size()) && !home; ++back) {
@@ -138,8 +147,9 @@ std::vector<Row> rowsOf(WordRefs words)
     }
     attachIndices(rows);
     for (Row &row : rows) {
-        std::stable_sort(
-            row.words.begin(), row.words.end(), [](const Word *a, const Word *b) { return a->box.left < b->box.left; });
+        std::stable_sort(row.words.begin(), row.words.end(), [](const RawWord *a, const RawWord *b) {
+            return a->box.left < b->box.left;
+        });
     }
     std::stable_sort(rows.begin(), rows.end(), [](const Row &a, const Row &b) { return a.baseline < b.baseline; });
     return rows;
@@ -148,7 +158,7 @@ std::vector<Row> rowsOf(WordRefs words)
 std::vector<Segment> segmentsOf(const Row &row, double gapInSizes)
 {
     std::vector<Segment> segments;
-    for (const Word *word : row.words) {
+    for (const RawWord *word : row.words) {
         const Box body = bodyOf(*word);
         const double size = std::min(row.size, word->style.size * 1.3);
         if (segments.empty() || body.left - segments.back().box.right > gapInSizes * size) {

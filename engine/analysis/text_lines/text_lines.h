@@ -10,7 +10,7 @@
 namespace quorra::model {
 
 /// Words of a raw page, which must outlive the list.
-using WordRefs = std::vector<const Word *>;
+using WordRefs = std::vector<const RawWord *>;
 
 /// Words that stand side by side on one line, from left to right.
 struct Row
@@ -30,7 +30,7 @@ struct Segment
 
 /// The part of a word's box that its letters really fill: ascenders and descenders of neighbouring lines overlap, the
 /// bodies do not.
-Box bodyOf(const Word &word);
+Box bodyOf(const RawWord &word);
 
 /// Groups upright words into rows, from top to bottom. Raised and lowered small words belong to the row they touch.
 std::vector<Row> rowsOf(WordRefs words);

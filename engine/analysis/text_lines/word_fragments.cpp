@@ -5,7 +5,7 @@
 
 namespace quorra::model {
 
-bool isRestOf(const Word &word, const Word &next)
+bool isRestOf(const RawWord &word, const RawWord &next)
 {
     constexpr double widestGap = 0.25; // font sizes
     const double size = word.style.size;
@@ -13,7 +13,7 @@ bool isRestOf(const Word &word, const Word &next)
            next.box.left >= word.box.left - widestGap * size && std::abs(next.baseline - word.baseline) <= 1.1 * size;
 }
 
-bool isSmallFraction(const Word &word, const Word &first, const Word &second)
+bool isSmallFraction(const RawWord &word, const RawWord &first, const RawWord &second)
 {
     constexpr double muchSmaller = 0.85;
     constexpr double widestGap = 0.5; // font sizes
@@ -26,11 +26,11 @@ bool isSmallFraction(const Word &word, const Word &first, const Word &second)
 
 void keepPiecesTogether(const RawPage &raw, const std::vector<WordRefs *> &groups)
 {
-    const std::vector<Word> &words = raw.words;
+    const std::vector<RawWord> &words = raw.words;
     std::vector<WordRefs *> homes(words.size(), nullptr);
     for (WordRefs *group : groups) {
-        for (const Word *word : *group) {
-            homes[static_cast<std::size_t>(word - words.data())] = group;
+        for (const RawWord *word : *group) {
+            homes[word->index] = group;
         }
     }
     const auto join = [&](std::size_t from, std::size_t to) {

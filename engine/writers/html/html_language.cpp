@@ -2,6 +2,7 @@
 #include "html_language.h"
 
 #include "document/page_walk.h"
+#include "document/text.h"
 
 #include <QChar>
 
@@ -58,10 +59,8 @@ QString languageOf(const model::Document &document)
     LetterCount letters;
     for (const model::Page &page : document.pages) {
         office::forEachParagraph(page, [&letters](const model::Paragraph &paragraph) {
-            for (const model::Run &run : paragraph.runs) {
-                for (const QChar c : run.text) {
-                    count(letters, c);
-                }
+            for (const QChar c : model::plainText(paragraph)) {
+                count(letters, c);
             }
         });
     }

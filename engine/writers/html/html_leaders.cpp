@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "html_leaders.h"
 
-#include "document/line_text.h"
+#include "document/text.h"
 
 #include <QRegularExpression>
 
@@ -76,7 +76,7 @@ bool endsInPage(const Line &line)
     const model::Word &before = line.words[line.words.size() - 2];
     const model::Word &number = line.words.back();
     const double gap = std::max(number.box.left - before.box.right, before.box.left - number.box.right);
-    return gap > wideGap * number.style.size || before.text.endsWith(QLatin1Char('.'));
+    return gap > wideGap * number.style->size || before.text.endsWith(QLatin1Char('.'));
 }
 
 } // namespace
@@ -84,13 +84,13 @@ bool endsInPage(const Line &line)
 std::vector<LeaderLine> leaderLines(const model::Paragraph &paragraph)
 {
     std::vector<LeaderLine> lines;
-    const std::vector<LeaderLine> cut = cutAtLeaders(paragraph.runs);
+    const std::vector<LeaderLine> cut = cutAtLeaders(model::runsOf(paragraph));
     if (std::none_of(cut.begin(), cut.end(), [](const LeaderLine &line) { return !line.dots.isEmpty(); })) {
         return lines;
     }
-    std::vector<Run> runs;
+    model::Paragraph entry; // the lines of one entry
     const auto finish = [&](bool numbered) {
-        std::vector<LeaderLine> more = cutAtLeaders(runs);
+        std::vector<LeaderLine> more = cutAtLeaders(model::runsOf(entry));
         if (numbered && !more.empty() && more.back().page.empty()) {
             std::vector<Run> &last = more.back().entry;
             const QString text = model::plainText(last);
@@ -99,10 +99,10 @@ std::vector<LeaderLine> leaderLines(const model::Paragraph &paragraph)
             last = slice(last, 0, number);
         }
         std::move(more.begin(), more.end(), std::back_inserter(lines));
-        runs.clear();
+        entry.lines.clear();
     };
     for (const Line &line : paragraph.lines) {
-        model::appendLine(runs, line, false);
+        entry.lines.push_back(line);
         if (endsInPage(line)) {
             finish(true);
         }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "document/document.h"
+#include "document/text.h"
 
 #include <QString>
 

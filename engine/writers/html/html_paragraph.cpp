@@ -2,8 +2,7 @@
 #include "html_paragraph.h"
 
 #include "base/xml_text.h"
-#include "document/line_text.h"
-#include "document/preformatted.h"
+#include "document/text.h"
 #include "html_leaders.h"
 #include "html_style.h"
 #include "html_text.h"
@@ -25,21 +24,12 @@ using Lines = std::vector<std::vector<Run>>;
 
 bool isHeading(const Paragraph &paragraph)
 {
-    return paragraph.role >= Role::Heading1 && paragraph.role <= Role::Heading3;
+    return paragraph.role == Role::Heading;
 }
 
-const char *tagOf(const Paragraph &paragraph)
+QString tagOf(const Paragraph &paragraph)
 {
-    switch (paragraph.role) {
-    case Role::Heading1:
-        return "h1";
-    case Role::Heading2:
-        return "h2";
-    case Role::Heading3:
-        return "h3";
-    default:
-        return "p";
-    }
+    return isHeading(paragraph) ? QStringLiteral("h%1").arg(paragraph.headingLevel) : QStringLiteral("p");
 }
 
 // The words of a running head as its parts: a page number at one end and a title at the other are not one text.
@@ -53,14 +43,14 @@ Lines headParts(const Paragraph &head)
             if (!part.words.empty()) {
                 const Box &before = part.words.back().box;
                 const double gap = std::max(word.box.left - before.right, before.left - word.box.right);
-                if (gap > wideGap * word.style.size) {
-                    model::appendLine(parts.emplace_back(), part, false);
+                if (gap > wideGap * word.style->size) {
+                    parts.push_back(model::runsOf(part));
                     part.words.clear();
                 }
             }
             part.words.push_back(word);
         }
-        model::appendLine(parts.emplace_back(), part, false);
+        parts.push_back(model::runsOf(part));
     }
     return parts;
 }
@@ -94,7 +84,7 @@ void writeListing(QXmlStreamWriter &xml, const Lines &lines, TextGround ground)
 
 void writeSpan(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextGround &ground)
 {
-    startElement(xml, "span");
+    startElement(xml, QStringLiteral("span"));
     xml.writeCharacters(QString()); // an empty one must not become a self-closing element
     writeInline(xml, runs, ground);
     xml.writeEndElement();
@@ -103,9 +93,9 @@ void writeSpan(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextGr
 void writeLeaders(QXmlStreamWriter &xml, const std::vector<LeaderLine> &lines, const TextGround &ground)
 {
     for (const LeaderLine &line : lines) {
-        startElement(xml, "span", "entry");
+        startElement(xml, QStringLiteral("span"), "entry");
         writeSpan(xml, line.entry, ground);
-        startElement(xml, "span", line.dots.isEmpty() ? "gap" : "dots"); // nothing to be read aloud
+        startElement(xml, QStringLiteral("span"), line.dots.isEmpty() ? "gap" : "dots"); // nothing to be read aloud
         xml.writeAttribute(QStringLiteral("aria-hidden"), QStringLiteral("true"));
         xml.writeCharacters(line.dots.isEmpty() ? QStringLiteral(" ") : xmlText(line.dots));
         xml.writeEndElement();
@@ -121,7 +111,7 @@ void writeLeaders(QXmlStreamWriter &xml, const std::vector<LeaderLine> &lines, c
 TextGround textGround(const Paragraph &paragraph, const ParagraphGround &ground)
 {
     TextGround text{
-        mainLook(paragraph.runs, ground.usual, isHeading(paragraph)), isHeading(paragraph), false,
+        mainLook(model::runsOf(paragraph), ground.usual, isHeading(paragraph)), isHeading(paragraph), false,
         ground.lostBackground};
     if (ground.lostBackground && isFaint(text.look.colour)) {
         text.look.colour = black;
@@ -133,7 +123,7 @@ TextGround textGround(const Paragraph &paragraph, const ParagraphGround &ground)
 
 void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const ParagraphGround &ground)
 {
-    const Lines listing = model::listingLines(paragraph);
+    const Lines listing = model::preformattedLines(paragraph);
     const std::vector<LeaderLine> leaders = listing.empty() ? leaderLines(paragraph) : std::vector<LeaderLine>();
     const TextGround text = textGround(paragraph, ground);
     Paragraph place = paragraph;
@@ -142,7 +132,8 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
         place.firstLineIndent = 0;
     }
     startElement(
-        xml, listing.empty() ? tagOf(paragraph) : "pre", paragraph.role == Role::Caption ? "caption" : nullptr);
+        xml, listing.empty() ? tagOf(paragraph) : QStringLiteral("pre"),
+        paragraph.role == Role::Caption ? "caption" : nullptr);
     writeStyle(
         xml, joinedStyle(
                  {paragraphStyle(place, text.look, ground.usual), borderStyle("border-top", ground.decoration.above),
@@ -154,7 +145,7 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
     } else if (!leaders.empty()) {
         writeLeaders(xml, leaders, text);
     } else {
-        writeInline(xml, paragraph.runs, text);
+        writeInline(xml, model::runsOf(paragraph), text);
     }
     endBlock(xml);
 }
@@ -165,13 +156,13 @@ void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const Parag
     writeStyle(xml, runStyle(text.look, ground.usual, false));
     writeDirection(xml, item.rightToLeft);
     xml.writeCharacters(QString());
-    if (item.listOrdered) { // the mark as it stands: a list that goes on after other text keeps its number
-        startElement(xml, "span", "mark");
-        xml.writeCharacters(xmlText(item.listMark));
+    if (item.listItem->ordered) { // the mark as it stands: a list that goes on after other text keeps its number
+        startElement(xml, QStringLiteral("span"), "mark");
+        xml.writeCharacters(xmlText(item.listItem->mark));
         xml.writeEndElement();
         xml.writeCharacters(QStringLiteral(" "));
     }
-    writeInline(xml, item.runs, text);
+    writeInline(xml, model::runsOf(item), text);
 }
 
 void writeHtmlRunningHead(QXmlStreamWriter &xml, const Page &page, const Paragraph &head, const ParagraphGround &ground)
@@ -180,7 +171,9 @@ void writeHtmlRunningHead(QXmlStreamWriter &xml, const Page &page, const Paragra
     const TextGround text = textGround(head, ground);
     const bool turned = head.rotation != 0;
     const bool spread = parts.size() > 1 && !turned;
-    startElement(xml, head.box.centreY() < page.height / 2 ? "header" : "footer", spread ? "parts" : nullptr);
+    startElement(
+        xml, head.box.centreY() < page.height / 2 ? QStringLiteral("header") : QStringLiteral("footer"),
+        spread ? "parts" : nullptr);
     writeStyle(
         xml,
         joinedStyle(
@@ -188,7 +181,7 @@ void writeHtmlRunningHead(QXmlStreamWriter &xml, const Page &page, const Paragra
     writeDirection(xml, head.rightToLeft);
     xml.writeCharacters(QString());
     if (!spread) {
-        writeInline(xml, head.runs, text);
+        writeInline(xml, model::runsOf(head), text);
     }
     for (std::size_t i = 0; spread && i < parts.size(); ++i) {
         xml.writeCharacters(i > 0 ? QStringLiteral("\n") : QString());

@@ -2,7 +2,7 @@
 #include "html_picture.h"
 
 #include "base/xml_text.h"
-#include "document/line_text.h"
+#include "document/text.h"
 #include "html_style.h"
 #include "html_text.h"
 
@@ -33,12 +33,12 @@ void addLabels(std::vector<Label> &labels, const Line &line, std::size_t firstWo
     constexpr double wideGap = 0.8; // font sizes
     for (std::size_t i = firstWord; i < line.words.size(); ++i) {
         const Word &word = line.words[i];
-        const bool joined = i > firstWord && std::abs(word.box.left - labels.back().right) < wideGap * word.style.size;
+        const bool joined = i > firstWord && std::abs(word.box.left - labels.back().right) < wideGap * word.style->size;
         if (joined) {
-            labels.back().text += (line.words[i - 1].spaceAfter ? QStringLiteral(" ") : QString()) + word.text;
+            labels.back().text += (line.words[i - 1].spaceAfter() ? QStringLiteral(" ") : QString()) + word.text;
             labels.back().right = word.box.right;
         } else {
-            labels.push_back({word.text, word.box.left, word.box.top, word.box.right, word.style.size});
+            labels.push_back({word.text, word.box.left, word.box.top, word.box.right, word.style->size});
         }
     }
 }
@@ -47,14 +47,14 @@ void addLabels(std::vector<Label> &labels, const Line &line, std::size_t firstWo
 std::vector<Label> labelsOf(const model::Paragraph &paragraph)
 {
     std::vector<Label> labels;
+    bool cut = false;
     for (const Line &line : paragraph.lines) {
-        const bool cut =
-            !labels.empty() && !line.words.empty() && model::endsInHyphen(labels.back().text, line.words.front().text);
-        if (cut) {
+        if (cut && !line.words.empty()) {
             labels.back().text.chop(1);
             labels.back().text += line.words.front().text;
         }
         addLabels(labels, line, cut ? 1 : 0);
+        cut = !labels.empty() && !line.words.empty() && line.words.back().separator == model::Separator::Hyphen;
     }
     return labels;
 }
@@ -66,7 +66,7 @@ QString percent(double part, double whole)
 
 void writeLabel(QXmlStreamWriter &xml, const Label &label, const Box &box)
 {
-    startElement(xml, "span", "label");
+    startElement(xml, QStringLiteral("span"), "label");
     xml.writeAttribute(
         QStringLiteral("style"),
         QStringLiteral("left:%1;top:%2;font-size:%3pt")
@@ -83,7 +83,7 @@ void writeHtmlPicture(
     QXmlStreamWriter &xml, const model::EncodedPicture &encoded, const Box &box, const model::Paragraph *labels,
     const QString &alt, bool centred)
 {
-    startElement(xml, "div", centred ? "picture middle" : "picture");
+    startElement(xml, QStringLiteral("div"), centred ? "picture middle" : "picture");
     xml.writeEmptyElement(QStringLiteral("img"));
     xml.writeAttribute(QStringLiteral("alt"), alt);
     constexpr double pixelsInPoint = 96.0 / 72;

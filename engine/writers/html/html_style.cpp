@@ -59,7 +59,7 @@ QString heightAlignment(const model::Cell &cell)
     }
     const double above = text.top - cell.box.top;
     const double below = cell.box.bottom - text.bottom;
-    const std::vector<model::Run> &runs = cell.paragraphs.front().runs;
+    const std::vector<model::Run> runs = model::runsOf(cell.paragraphs.front());
     const double line = 1.2 * (runs.empty() ? 0.0 : runs.front().style.size);
     if (above + below <= line || above < 0.25 * (above + below)) {
         return {};
@@ -69,7 +69,7 @@ QString heightAlignment(const model::Cell &cell)
 }
 
 // A document has few looks: a search from the first on is quicker than a hash of their names.
-using LetterCounts = std::vector<std::pair<qsizetype, const Style *>>;
+using LetterCounts = std::vector<std::pair<qsizetype, Style>>;
 
 bool isSameLook(const Style &a, const Style &b)
 {
@@ -80,13 +80,13 @@ bool isSameLook(const Style &a, const Style &b)
 void count(LetterCounts &letters, const std::vector<model::Run> &runs)
 {
     for (const model::Run &run : runs) {
-        if (run.script != model::Script::None) {
+        if (run.shift != model::BaselineShift::None) {
             continue;
         }
         auto entry = std::find_if(
-            letters.begin(), letters.end(), [&run](const auto &known) { return isSameLook(*known.second, run.style); });
+            letters.begin(), letters.end(), [&run](const auto &known) { return isSameLook(known.second, run.style); });
         if (entry == letters.end()) {
-            entry = letters.insert(entry, {0, &run.style});
+            entry = letters.insert(entry, {0, run.style});
         }
         entry->first += std::count_if( // a table of contents has more dots than letters
             run.text.begin(), run.text.end(), [](QChar c) { return c.isLetterOrNumber(); });
@@ -98,9 +98,8 @@ Style most(const LetterCounts &letters, const Style &fallback)
 {
     const auto best = std::max_element(
         letters.begin(), letters.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
-    Style style = best == letters.end() ? fallback : *best->second;
+    Style style = best == letters.end() ? fallback : best->second;
     style.italic = false;
-    style.link.clear();
     return style;
 }
 
@@ -129,7 +128,7 @@ Style usualStyle(const model::Document &document)
         for (const model::Section &section : page.sections) {
             for (const model::Block &block : section.blocks) {
                 if (const model::Paragraph *paragraph = block.paragraph()) {
-                    count(letters, paragraph->runs);
+                    count(letters, model::runsOf(*paragraph));
                 }
             }
         }
@@ -154,7 +153,7 @@ Style mainLook(const model::Table &table, const Style &fallback)
     LetterCounts letters;
     for (const model::Cell &cell : table.cells) {
         for (const model::Paragraph &paragraph : cell.paragraphs) {
-            count(letters, paragraph.runs);
+            count(letters, model::runsOf(paragraph));
         }
     }
     Style look = most(letters, fallback);
@@ -216,7 +215,7 @@ QString runStyle(const Style &style, const Style &around, bool heading)
 
 QString paragraphStyle(const model::Paragraph &paragraph, const Style &look, const Style &around)
 {
-    const bool heading = paragraph.role >= model::Role::Heading1 && paragraph.role <= model::Role::Heading3;
+    const bool heading = paragraph.role == model::Role::Heading;
     QStringList parts = differences(look, around);
     if (heading && std::abs(look.size - around.size) <= 0.25) { // the browser's own size is another
         parts += QStringLiteral("font-size:") + points(look.size);
@@ -224,7 +223,7 @@ QString paragraphStyle(const model::Paragraph &paragraph, const Style &look, con
     if (heading && !look.bold) {
         parts += QStringLiteral("font-weight:normal");
     }
-    if (paragraph.role == model::Role::RunningHead) {
+    if (paragraph.role == model::Role::PageHeader) {
         return joinedStyle(parts); // its place is its parts'
     }
     parts += alignment(paragraph.alignment);

@@ -35,14 +35,14 @@ void writeCellText(QXmlStreamWriter &xml, const Cell &cell, bool cellRightToLeft
         first = false;
         const bool turned = paragraph.rightToLeft != cellRightToLeft;
         if (turned) {
-            startElement(xml, "span");
+            startElement(xml, QStringLiteral("span"));
             xml.writeAttribute(
                 QStringLiteral("dir"), paragraph.rightToLeft ? QStringLiteral("rtl") : QStringLiteral("ltr"));
         }
-        if (!paragraph.listMark.isEmpty()) {
-            xml.writeCharacters(xmlText(paragraph.listMark) + QLatin1Char(' '));
+        if (paragraph.listItem) {
+            xml.writeCharacters(xmlText(paragraph.listItem->mark) + QLatin1Char(' '));
         }
-        writeInline(xml, paragraph.runs, ground);
+        writeInline(xml, model::runsOf(paragraph), ground);
         if (turned) {
             xml.writeEndElement();
         }
@@ -51,12 +51,13 @@ void writeCellText(QXmlStreamWriter &xml, const Cell &cell, bool cellRightToLeft
 
 void writeCell(QXmlStreamWriter &xml, const Cell &cell, bool header, const Style &around)
 {
-    startElement(xml, header ? "th" : "td");
+    startElement(xml, header ? QStringLiteral("th") : QStringLiteral("td"));
     writeSpan(xml, "rowspan", cell.rowSpan);
     writeSpan(xml, "colspan", cell.columnSpan);
     std::vector<model::Run> all;
     for (const Paragraph &paragraph : cell.paragraphs) {
-        all.insert(all.end(), paragraph.runs.begin(), paragraph.runs.end());
+        const std::vector<model::Run> runs = model::runsOf(paragraph);
+        all.insert(all.end(), runs.begin(), runs.end());
     }
     const Style look = mainLook(all, around, false);
     const QString style = joinedStyle({runStyle(look, around, false), cellStyle(cell)});
@@ -76,8 +77,8 @@ void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Styl
         writeHtmlTable(xml, model::uprightTable(table), around, centred);
         return;
     }
-    startElement(xml, "div", "wide");
-    startElement(xml, "table", centred ? "middle" : nullptr);
+    startElement(xml, QStringLiteral("div"), "wide");
+    startElement(xml, QStringLiteral("table"), centred ? "middle" : nullptr);
     const Style look = mainLook(table, around);
     const QString style = runStyle(look, around, false);
     writeStyle(xml, style);
@@ -86,7 +87,7 @@ void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Styl
         if (row >= 0) {
             endBlock(xml);
         }
-        startElement(xml, "tr");
+        startElement(xml, QStringLiteral("tr"));
         xml.writeCharacters(QString());
         ++row;
     };

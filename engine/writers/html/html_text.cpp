@@ -12,8 +12,8 @@ namespace quorra {
 
 namespace {
 
+using model::BaselineShift;
 using model::Run;
-using model::Script;
 
 // Cuts the blanks at the end off the text and returns them.
 QString takeBlanks(QString &text)
@@ -41,10 +41,10 @@ public:
                 m_blanks += blanks;
                 continue;
             }
-            if (run.style.link != m_link) {
+            if (run.link != m_link) {
                 closeLink();
                 writeText(m_blanks);
-                openLink(run.style.link);
+                openLink(run.link);
             } else {
                 writeText(m_blanks);
             }
@@ -59,7 +59,7 @@ private:
     {
         m_link = link;
         if (!link.isEmpty()) {
-            startElement(m_xml, "a");
+            startElement(m_xml, QStringLiteral("a"));
             m_xml.writeAttribute(QStringLiteral("href"), xmlText(linkAddress(link)));
         }
     }
@@ -75,7 +75,7 @@ private:
     void writeRun(const Run &run, const QString &text)
     {
         int open = 0;
-        const auto element = [&](const char *tag) {
+        const auto element = [&](const QString &tag) {
             startElement(m_xml, tag);
             ++open;
         };
@@ -84,25 +84,25 @@ private:
             style.colour = black;
         }
         model::Style around = m_ground.look;
-        if (!style.link.isEmpty()) { // a link takes no colour from around it
+        if (!run.link.isEmpty()) { // a link takes no colour from around it
             around.colour = black;
         }
-        if (run.script != Script::None) { // the element makes it small
-            element(run.script == Script::Raised ? "sup" : "sub");
+        if (run.shift != BaselineShift::None) { // the element makes it small
+            element(run.shift == BaselineShift::Superscript ? QStringLiteral("sup") : QStringLiteral("sub"));
             style.size = m_ground.look.size;
         }
         const QString declarations = runStyle(style, around, m_ground.heading);
         if (!declarations.isEmpty()) {
             if (open == 0) {
-                element("span");
+                element(QStringLiteral("span"));
             }
             m_xml.writeAttribute(QStringLiteral("style"), declarations);
         }
         if (style.bold && !(m_ground.heading && m_ground.look.bold)) {
-            element("b");
+            element(QStringLiteral("b"));
         }
         if (style.italic) {
-            element("i");
+            element(QStringLiteral("i"));
         }
         writeText(text);
         for (; open > 0; --open) {
@@ -133,9 +133,9 @@ private:
 
 } // namespace
 
-void startElement(QXmlStreamWriter &xml, const char *tag, const char *htmlClass)
+void startElement(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass)
 {
-    xml.writeStartElement(QLatin1String(tag));
+    xml.writeStartElement(tag);
     if (htmlClass) {
         xml.writeAttribute(QStringLiteral("class"), QLatin1String(htmlClass));
     }

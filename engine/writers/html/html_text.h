@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "document/document.h"
+#include "document/text.h"
 
 #include <QString>
 
@@ -12,7 +12,7 @@ class QXmlStreamWriter;
 namespace quorra {
 
 /// Starts an element; the class may be null.
-void startElement(QXmlStreamWriter &xml, const char *tag, const char *htmlClass = nullptr);
+void startElement(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass = nullptr);
 
 /// What text is written against: its surroundings' look, and how it is broken.
 struct TextGround

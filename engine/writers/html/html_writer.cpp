@@ -33,7 +33,8 @@ using model::Table;
 bool isOnSomething(const Page &page, const Paragraph &paragraph)
 {
     const auto isPale = [](const model::Run &run) { return isFaint(run.style.colour); };
-    if (std::none_of(paragraph.runs.begin(), paragraph.runs.end(), isPale)) {
+    const std::vector<model::Run> runs = model::runsOf(paragraph);
+    if (std::none_of(runs.begin(), runs.end(), isPale)) {
         return false;
     }
     const Box &text = paragraph.box;
@@ -110,7 +111,7 @@ private:
 
     void writePage(const Page &page)
     {
-        startElement(m_xml, "section", page.scanned ? "page scan" : "page");
+        startElement(m_xml, QStringLiteral("section"), page.scanned ? "page scan" : "page");
         m_xml.writeAttribute(QStringLiteral("id"), QStringLiteral("page-%1").arg(page.number));
         m_xml.writeCharacters(QString()); // an empty page must not become a self-closing element
         writeHeads(page, true);
@@ -137,7 +138,7 @@ private:
             const Paragraph *paragraph = block.paragraph();
             const office::Decoration decoration =
                 paragraph ? office::decorationOf(page, paragraph->box) : office::Decoration();
-            if (!paragraph || paragraph->role != Role::ListItem) {
+            if (!paragraph || !paragraph->listItem) {
                 closeLists(0);
             }
             setBackground(decoration.background);
@@ -150,7 +151,7 @@ private:
                 if (writePicture(page, *picture, labelled ? next->paragraph() : nullptr, centred) && labelled) {
                     ++i;
                 }
-            } else if (paragraph->role == Role::ListItem) {
+            } else if (paragraph->listItem) {
                 writeListItem(page, *paragraph);
             } else {
                 ParagraphGround ground = groundOf(page, *paragraph);
@@ -173,7 +174,7 @@ private:
             m_xml.writeEndElement();
         }
         if (background) {
-            startElement(m_xml, "div", "shaded");
+            startElement(m_xml, QStringLiteral("div"), "shaded");
             writeStyle(m_xml, QStringLiteral("background:") + colourName(*background));
         }
         m_background = background;
@@ -190,15 +191,17 @@ private:
     // Leaves the item open for a list inside it.
     void writeListItem(const Page &page, const Paragraph &item)
     {
-        const int wanted = std::min(item.listLevel + 1, m_openLists + 1);
+        const int wanted = std::min(item.listItem->level + 1, m_openLists + 1);
         closeLists(wanted);
         if (m_openLists == wanted) {
             endBlock(m_xml);
         } else {
-            startElement(m_xml, item.listOrdered ? "ol" : "ul", item.listOrdered ? "counted" : nullptr);
+            startElement(
+                m_xml, item.listItem->ordered ? QStringLiteral("ol") : QStringLiteral("ul"),
+                item.listItem->ordered ? "counted" : nullptr);
         }
         m_openLists = wanted;
-        startElement(m_xml, "li");
+        startElement(m_xml, QStringLiteral("li"));
         writeHtmlListText(m_xml, item, groundOf(page, item));
     }
 

@@ -31,7 +31,7 @@ void indent(model::Paragraph &paragraph, const Box &cell)
 double lineHeightIn(const model::Paragraph &paragraph, double room)
 {
     const double usual = laidOut(paragraph).lineHeight;
-    return usual > room ? std::max(Tightest * largestSize(paragraph.runs), room) : usual;
+    return usual > room ? std::max(Tightest * largestSize(paragraph), room) : usual;
 }
 
 } // namespace

@@ -31,7 +31,7 @@ double sizeOf(const model::Line &line)
 {
     double size = 0;
     for (const model::Word &word : line.words) {
-        size = std::max(size, word.style.size);
+        size = std::max(size, word.style->size);
     }
     return size > 0 ? size : 10;
 }
@@ -39,7 +39,7 @@ double sizeOf(const model::Line &line)
 // Words far apart, or on baselines of their own, do not make one line: the labels of a drawing.
 bool isApart(const model::Word &word, const model::Word &next)
 {
-    const double size = std::max(word.style.size, next.style.size);
+    const double size = std::max(word.style->size, next.style->size);
     return next.box.left - word.box.right > WidestGap * size || std::abs(next.baseline - word.baseline) > 0.7 * size;
 }
 
@@ -97,23 +97,22 @@ public:
     {
         for (std::size_t i = 0; i < line.words.size(); ++i) {
             const model::Word &word = line.words[i];
-            writePiece(word.text, word.style, word.box.right, line.baseline - word.baseline);
+            writePiece(word.text, *word.style, word.link, word.box.right, line.baseline - word.baseline);
             if (i + 1 == line.words.size()) {
                 break;
             }
             const model::Word &following = line.words[i + 1];
             const double next = following.box.left;
-            if (word.spaceAfter || next > word.box.right + LeastGap * word.style.size) {
-                model::Style blank = word.style;
-                blank.link = following.style.link == blank.link ? blank.link : QString();
-                writePiece(u" "_s, blank, std::max(next, word.box.right), 0);
+            if (word.spaceAfter() || next > word.box.right + LeastGap * word.style->size) {
+                const QString link = following.link == word.link ? word.link : QString();
+                writePiece(u" "_s, *word.style, link, std::max(next, word.box.right), 0);
             }
         }
         flush();
     }
 
 private:
-    void writePiece(const QString &text, model::Style style, double end, double rise)
+    void writePiece(const QString &text, model::Style style, const QString &address, double end, double rise)
     {
         style.size = std::round(style.size * SizeSteps) / SizeSteps;
         const std::optional<double> natural = textWidth(text, style);
@@ -132,7 +131,7 @@ private:
             m_at = end;
         }
         const QString look = pieceStyle(style, spacing, rise);
-        const QString link = linkTarget(style.link);
+        const QString link = linkTarget(address);
         if (look != m_look || link != m_link) {
             flush();
             m_look = look;

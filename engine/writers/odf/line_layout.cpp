@@ -51,7 +51,7 @@ laidOut(const model::Paragraph &paragraph, std::optional<double> baselineBefore,
 {
     const std::optional<double> first = firstBaseline(paragraph);
     const std::optional<double> last = lastBaseline(paragraph);
-    const double size = largestSize(paragraph.runs);
+    const double size = largestSize(paragraph);
     if (!first || paragraph.rotation != 0) {
         return {paragraph.box.top, paragraph.box.bottom, UsualLeading * size};
     }

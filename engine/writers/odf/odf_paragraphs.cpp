@@ -15,44 +15,28 @@ namespace {
 constexpr double PlainIndent = 36;
 constexpr double RaggedReserve = 12;
 
+constexpr double EmptySize = 1;       // points: the type of a paragraph without text
+constexpr double EmptyHeight = 1.2;   // points: the height of its line
 constexpr double ThinnestLine = 0.25; // thinner ones vanish in word processors
 
-QString parentStyle(model::Role role)
+QString parentStyle(const model::Paragraph &paragraph)
 {
-    switch (role) {
-    case model::Role::Heading1:
-        return u"Heading_20_1"_s;
-    case model::Role::Heading2:
-        return u"Heading_20_2"_s;
-    case model::Role::Heading3:
-        return u"Heading_20_3"_s;
+    switch (paragraph.role) {
+    case model::Role::Heading:
+        return u"Heading_20_%1"_s.arg(paragraph.headingLevel);
     case model::Role::Caption:
         return u"Caption"_s;
-    case model::Role::RunningHead:
+    case model::Role::PageHeader:
         return u"Header"_s;
     default:
         return u"Standard"_s;
     }
 }
 
-int headingLevel(model::Role role)
-{
-    switch (role) {
-    case model::Role::Heading1:
-        return 1;
-    case model::Role::Heading2:
-        return 2;
-    case model::Role::Heading3:
-        return 3;
-    default:
-        return 0;
-    }
-}
-
 QString alignmentName(const model::Paragraph &paragraph)
 {
     // Word processors take "start" for the left side of the page and "end" for its right, whichever way the text runs.
-    if (!paragraph.listMark.isEmpty() && paragraph.alignment != model::Alignment::Justify) {
+    if (paragraph.listItem && paragraph.alignment != model::Alignment::Justify) {
         return paragraph.rightToLeft ? u"end"_s : u"start"_s; // marks stand one below the other
     }
     switch (paragraph.alignment) {
@@ -98,7 +82,7 @@ QString lineHeight(const model::Paragraph &paragraph, const ParagraphPlace &plac
 Attributes indents(const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
     const bool centred = paragraph.alignment == model::Alignment::Centre;
-    const bool inList = !paragraph.listMark.isEmpty();
+    const bool inList = paragraph.listItem.has_value();
     const bool keepsLeft = inList || (!centred && paragraph.alignment != model::Alignment::Right);
     const double left = place.left + (keepsLeft ? paragraph.indentLeft : 0);
     // One line at the left may go on to the margin: in a wider font it would break.
@@ -130,7 +114,7 @@ Attributes paragraphProperties(const model::Paragraph &paragraph, const Paragrap
     }
     const Attributes borders = ruleBorders(place);
     properties.insert(properties.end(), borders.begin(), borders.end());
-    if (headingLevel(paragraph.role) > 0) {
+    if (paragraph.headingLevel > 0) {
         properties.emplace_back("fo:keep-with-next"_L1, u"always"_s);
     }
     return properties;
@@ -146,12 +130,12 @@ void writeBookmark(QXmlStreamWriter &xml, const QString &name)
 
 QString listStyle(const Sink &sink, const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
-    const QString level = QString::number(std::clamp(paragraph.listLevel, 0, 8) + 1);
+    const QString level = QString::number(std::clamp(paragraph.listItem->level, 0, 8) + 1);
     return sink.styles.name(
         {"text:list-style"_L1,
          {},
          {{"text:list-level-style-bullet"_L1,
-           {{"text:level"_L1, level}, {"text:bullet-char"_L1, paragraph.listMark}},
+           {{"text:level"_L1, level}, {"text:bullet-char"_L1, paragraph.listItem->mark}},
            {{"style:list-level-properties"_L1,
              {{"text:list-level-position-and-space-mode"_L1, u"label-alignment"_s}},
              {{"style:list-level-label-alignment"_L1,
@@ -166,16 +150,16 @@ void writeInside(
     const Sink &sink, const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &look)
 {
     writeBookmark(sink.xml, place.bookmark);
-    if (!paragraph.listMark.isEmpty() && !(place.withLists && isBullet(paragraph))) {
+    if (paragraph.listItem && !(place.withLists && isBullet(paragraph))) {
         // Numbers stay the text they are on the page: a counter would renumber what the page numbers in its own way.
-        sink.xml.writeCharacters(xmlText(paragraph.listMark));
+        sink.xml.writeCharacters(xmlText(paragraph.listItem->mark));
         if (paragraph.firstLineIndent < 0) {
             sink.xml.writeEmptyElement("text:tab"_L1);
         } else {
             sink.xml.writeCharacters(u" "_s);
         }
     }
-    writeRuns(sink, paragraph.runs, look, place.withLinks, risesOf(paragraph));
+    writeRuns(sink, model::runsOf(paragraph), look, place.withLinks);
 }
 
 // A list item of one line does not show where its second line would begin: where its text does.
@@ -183,7 +167,7 @@ model::Paragraph withHang(const model::Paragraph &paragraph)
 {
     model::Paragraph item = paragraph;
     const bool oneLine = item.lines.size() == 1 && item.lines.front().words.size() > 1;
-    if (!item.listMark.isEmpty() && oneLine && !item.rightToLeft && item.firstLineIndent == 0) {
+    if (item.listItem && oneLine && !item.rightToLeft && item.firstLineIndent == 0) {
         const model::Line &line = item.lines.front();
         const double hang = std::max(0.0, line.words[1].box.left - line.words[0].box.left);
         item.indentLeft += hang;
@@ -216,33 +200,43 @@ Attributes ruleBorders(const ParagraphPlace &place)
     return borders;
 }
 
-Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place)
+Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &look)
 {
     Element style{
         "style:style"_L1,
-        {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, parentStyle(paragraph.role)}},
+        {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, parentStyle(paragraph)}},
         {{"style:paragraph-properties"_L1, paragraphProperties(paragraph, place)},
-         {"style:text-properties"_L1, textAttributes(mainStyle(paragraph.runs))}}};
+         {"style:text-properties"_L1, textAttributes(look)}}};
     if (!place.masterPage.isEmpty()) {
         style.attributes.emplace_back("style:master-page-name"_L1, place.masterPage);
     }
     return style;
 }
 
+Element emptyParagraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place)
+{
+    model::Style look;
+    look.size = EmptySize;
+    ParagraphPlace low = place;
+    low.lineHeight = EmptyHeight;
+    return paragraphStyle(paragraph, low, look);
+}
+
 bool isBullet(const model::Paragraph &paragraph)
 {
-    return !paragraph.listOrdered && paragraph.listMark.size() == 1 && !paragraph.listMark[0].isLetterOrNumber();
+    return paragraph.listItem && !paragraph.listItem->ordered && paragraph.listItem->mark.size() == 1 &&
+           !paragraph.listItem->mark[0].isLetterOrNumber();
 }
 
 void writeParagraph(const Sink &sink, const model::Paragraph &whole, const ParagraphPlace &place)
 {
     QXmlStreamWriter &xml = sink.xml;
     const model::Paragraph paragraph = withHang(whole);
-    const model::Style look = mainStyle(paragraph.runs);
+    const model::Style look = mainStyle(paragraph);
     sink.styles.noteFont(look);
-    const int heading = place.withHeadings ? headingLevel(paragraph.role) : 0;
+    const int heading = place.withHeadings ? paragraph.headingLevel : 0;
     const bool inList = place.withLists && heading == 0 && isBullet(paragraph);
-    const int listDepth = inList ? std::clamp(paragraph.listLevel, 0, 8) + 1 : 0;
+    const int listDepth = inList ? std::clamp(paragraph.listItem->level, 0, 8) + 1 : 0;
     for (int depth = 0; depth < listDepth; ++depth) {
         xml.writeStartElement("text:list"_L1);
         if (depth == 0) {
@@ -251,7 +245,7 @@ void writeParagraph(const Sink &sink, const model::Paragraph &whole, const Parag
         xml.writeStartElement("text:list-item"_L1);
     }
     xml.writeStartElement(heading > 0 ? "text:h"_L1 : "text:p"_L1);
-    xml.writeAttribute("text:style-name"_L1, sink.styles.name(paragraphStyle(paragraph, place)));
+    xml.writeAttribute("text:style-name"_L1, sink.styles.name(paragraphStyle(paragraph, place, look)));
     if (heading > 0) {
         xml.writeAttribute("text:outline-level"_L1, QString::number(heading));
     }
@@ -265,12 +259,9 @@ void writeParagraph(const Sink &sink, const model::Paragraph &whole, const Parag
 
 void beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place)
 {
-    model::Paragraph empty;
-    empty.lineDistance = 1;
-    empty.runs = {{QString(), {}}};
-    empty.runs[0].style.size = 1;
+    const model::Paragraph empty;
     sink.xml.writeStartElement("text:p"_L1);
-    sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(paragraphStyle(empty, place)));
+    sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(emptyParagraphStyle(empty, place)));
     writeBookmark(sink.xml, place.bookmark);
 }
 

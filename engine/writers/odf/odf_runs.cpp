@@ -12,12 +12,6 @@ namespace quorra::office {
 
 namespace {
 
-model::Style withoutLink(model::Style style)
-{
-    style.link.clear();
-    return style;
-}
-
 void flush(QXmlStreamWriter &xml, QString &pending)
 {
     if (!pending.isEmpty()) {
@@ -26,14 +20,15 @@ void flush(QXmlStreamWriter &xml, QString &pending)
     }
 }
 
-QString spanStyle(StyleTable &styles, const model::Style &look, Rise rise)
+QString spanStyle(StyleTable &styles, const model::Style &look, model::BaselineShift shift)
 {
-    if (rise == Rise::None) {
+    if (shift == model::BaselineShift::None) {
         return styles.text(look);
     }
     styles.noteFont(look);
     Attributes attributes = textAttributes(look);
-    attributes.emplace_back("style:text-position"_L1, rise == Rise::Above ? u"super 58%"_s : u"sub 58%"_s);
+    attributes.emplace_back(
+        "style:text-position"_L1, shift == model::BaselineShift::Superscript ? u"super 58%"_s : u"sub 58%"_s);
     return styles.name(
         {"style:style"_L1, {{"style:family"_L1, u"text"_s}}, {{"style:text-properties"_L1, attributes}}});
 }
@@ -44,7 +39,7 @@ model::Style mainStyle(const std::vector<model::Run> &runs)
 {
     std::vector<std::pair<model::Style, qsizetype>> looks;
     for (const model::Run &run : runs) {
-        const model::Style style = withoutLink(run.style);
+        const model::Style &style = run.style;
         const auto known =
             std::find_if(looks.begin(), looks.end(), [&](const auto &each) { return each.first == style; });
         if (known == looks.end()) {
@@ -58,6 +53,11 @@ model::Style mainStyle(const std::vector<model::Run> &runs)
     return most == looks.end() ? model::Style{} : most->first;
 }
 
+model::Style mainStyle(const model::Paragraph &paragraph)
+{
+    return mainStyle(model::runsOf(paragraph));
+}
+
 double largestSize(const std::vector<model::Run> &runs)
 {
     double largest = 0;
@@ -65,6 +65,11 @@ double largestSize(const std::vector<model::Run> &runs)
         largest = std::max(largest, run.style.size);
     }
     return largest > 0 ? largest : 10;
+}
+
+double largestSize(const model::Paragraph &paragraph)
+{
+    return largestSize(model::runsOf(paragraph));
 }
 
 QString linkTarget(const QString &link)
@@ -104,42 +109,18 @@ void writeText(QXmlStreamWriter &xml, const QString &text)
     flush(xml, pending);
 }
 
-std::vector<Rise> risesOf(const model::Paragraph &paragraph)
-{
-    constexpr double SmallType = 0.85; // raised signs are set smaller than the text
-    constexpr double LeastRise = 0.1;  // of the text's size
-    const double size = mainStyle(paragraph.runs).size;
-    std::vector<Rise> rises(paragraph.runs.size(), Rise::None);
-    for (std::size_t i = 0; i < rises.size(); ++i) {
-        const model::Run &run = paragraph.runs[i];
-        if (run.style.size > SmallType * size) {
-            continue;
-        }
-        for (const model::Line &line : paragraph.lines) {
-            for (const model::Word &word : line.words) {
-                const double rise = line.baseline - word.baseline;
-                if (word.style == run.style && std::abs(rise) > LeastRise * size && run.text.contains(word.text)) {
-                    rises[i] = rise > 0 ? Rise::Above : Rise::Below;
-                }
-            }
-        }
-    }
-    return rises;
-}
-
 void writeRuns(
-    const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks,
-    const std::vector<Rise> &rises)
+    const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks)
 {
     QXmlStreamWriter &xml = sink.xml;
-    for (std::size_t i = 0; i < runs.size(); ++i) {
-        const QString target = withLinks ? linkTarget(runs[i].style.link) : QString();
-        const Rise rise = i < rises.size() ? rises[i] : Rise::None;
-        model::Style look = withoutLink(runs[i].style);
-        if (rise != Rise::None) {
+    for (const model::Run &run : runs) {
+        const QString target = withLinks ? linkTarget(run.link) : QString();
+        const bool shifted = run.shift != model::BaselineShift::None;
+        model::Style look = run.style;
+        if (shifted) {
             look.size = paragraphStyle.size; // made small by being raised
         }
-        const bool needsSpan = rise != Rise::None || !(look == paragraphStyle);
+        const bool needsSpan = shifted || !(look == paragraphStyle);
         if (!target.isEmpty()) {
             xml.writeStartElement("text:a"_L1);
             xml.writeAttribute("xlink:type"_L1, "simple"_L1);
@@ -147,9 +128,9 @@ void writeRuns(
         }
         if (needsSpan) {
             xml.writeStartElement("text:span"_L1);
-            xml.writeAttribute("text:style-name"_L1, spanStyle(sink.styles, look, rise));
+            xml.writeAttribute("text:style-name"_L1, spanStyle(sink.styles, look, run.shift));
         }
-        writeText(xml, runs[i].text);
+        writeText(xml, run.text);
         if (needsSpan) {
             xml.writeEndElement();
         }

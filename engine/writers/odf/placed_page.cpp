@@ -19,7 +19,7 @@ constexpr double LeastSpare = 4;
 
 double lineDistanceOf(const model::Paragraph &paragraph)
 {
-    return paragraph.lineDistance > 0 ? paragraph.lineDistance : 1.2 * largestSize(paragraph.runs);
+    return paragraph.lineDistance > 0 ? paragraph.lineDistance : 1.2 * largestSize(paragraph);
 }
 
 bool belongsTo(const TextBlock &block, const model::Paragraph &paragraph)

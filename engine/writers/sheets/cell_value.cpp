@@ -31,11 +31,8 @@ QString cellText(const model::Cell &cell)
 {
     QStringList lines;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
-        QString text = paragraph.listMark.isEmpty() ? QString() : paragraph.listMark + u' ';
-        for (const model::Run &run : paragraph.runs) {
-            text += run.text;
-        }
-        lines.push_back(text);
+        const QString mark = paragraph.listItem ? paragraph.listItem->mark + u' ' : QString();
+        lines.push_back(mark + model::plainText(paragraph));
     }
     return lines.join(u'\n');
 }
@@ -46,20 +43,19 @@ std::optional<Number> cellNumber(const model::Cell &cell, NumberStyle style)
         return readNumber(cellText(cell), style);
     }
     const model::Paragraph &paragraph = cell.paragraphs.front();
-    const std::vector<Rise> rises = risesOf(paragraph);
     QString before;
     QString mark;
-    for (std::size_t i = 0; i < paragraph.runs.size(); ++i) {
-        if (rises[i] == Rise::Above && !before.trimmed().isEmpty()) {
-            mark += paragraph.runs[i].text;
+    for (const model::Run &run : model::runsOf(paragraph)) {
+        if (run.shift == model::BaselineShift::Superscript && !before.trimmed().isEmpty()) {
+            mark += run.text;
         } else if (mark.isEmpty()) {
-            before += paragraph.runs[i].text;
+            before += run.text;
         } else {
             return readNumber(cellText(cell), style);
         }
     }
     mark = mark.trimmed();
-    if (mark.isEmpty() || mark.size() > LongestMark || !paragraph.listMark.isEmpty()) {
+    if (mark.isEmpty() || mark.size() > LongestMark || paragraph.listItem) {
         return readNumber(cellText(cell), style);
     }
     std::optional<Number> number = readNumber(before, style);

@@ -29,7 +29,7 @@ double textHeight(const model::Cell &cell)
     double height = RowPadding;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         const auto lines = static_cast<double>(std::max<std::size_t>(1, paragraph.lines.size()));
-        height += lines * LineHeight * largestSize(paragraph.runs);
+        height += lines * LineHeight * largestSize(paragraph);
     }
     return height;
 }
@@ -114,7 +114,7 @@ double sheetLineHeight(const model::Line &line)
 {
     double size = 0;
     for (const model::Word &word : line.words) {
-        size = std::max(size, word.style.size);
+        size = std::max(size, word.style->size);
     }
     return std::max(LeastRow, LineHeight * size + RowPadding);
 }

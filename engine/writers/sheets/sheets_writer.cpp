@@ -26,7 +26,8 @@ std::vector<model::Run> allRuns(const model::Cell &cell)
 {
     std::vector<model::Run> runs;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
-        runs.insert(runs.end(), paragraph.runs.begin(), paragraph.runs.end());
+        const std::vector<model::Run> own = model::runsOf(paragraph);
+        runs.insert(runs.end(), own.begin(), own.end());
     }
     return runs;
 }
@@ -163,10 +164,10 @@ void SheetWriter::writeCell(const model::Cell &cell, double indent)
         const model::Style main = mainStyle(allRuns(cell));
         for (const model::Paragraph &paragraph : cell.paragraphs) {
             xml.writeStartElement("text:p"_L1);
-            if (!paragraph.listMark.isEmpty()) {
-                xml.writeCharacters(xmlText(paragraph.listMark) + u' ');
+            if (paragraph.listItem) {
+                xml.writeCharacters(xmlText(paragraph.listItem->mark) + u' ');
             }
-            writeRuns(m_sink, paragraph.runs, main, true, risesOf(paragraph));
+            writeRuns(m_sink, model::runsOf(paragraph), main);
             xml.writeEndElement();
         }
     }
@@ -224,12 +225,7 @@ void SheetWriter::writeScan(const model::Page &page)
 model::Cell cellOf(const model::Line &line)
 {
     model::Paragraph paragraph;
-    for (const model::Word &word : line.words) {
-        paragraph.runs.push_back({word.text, word.style});
-        if (word.spaceAfter && &word != &line.words.back()) {
-            paragraph.runs.back().text += u' ';
-        }
-    }
+    paragraph.lines = {line};
     model::Cell cell;
     cell.paragraphs.push_back(std::move(paragraph));
     return cell;

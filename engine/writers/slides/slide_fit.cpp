@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "slide_fit.h"
 
+#include "document/page_walk.h"
 #include "odf/font_widths.h"
 #include "odf/odf_runs.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 #include <optional>
 
 using namespace Qt::Literals::StringLiterals;
@@ -64,16 +66,9 @@ bool isMeasured(const QString &family)
     return beginsLike(Measured, family) && !isWidespread(family);
 }
 
-void exchangeFamily(model::Style &style, const QString &text)
-{
-    if (!isWidespread(style.family) && !isMeasured(style.family) && textWidth(text, style)) {
-        style.family = measuredFamily(style);
-    }
-}
-
 std::optional<double> knownWidth(const model::Word &word)
 {
-    return isMeasured(word.style.family) ? textWidth(word.text, word.style) : std::nullopt;
+    return isMeasured(word.style->family) ? textWidth(word.text, *word.style) : std::nullopt;
 }
 
 struct Widths
@@ -118,11 +113,11 @@ std::vector<Chunk> chunksOf(const model::Paragraph &paragraph, double spacing)
             if (glued) {
                 chunks.back().width += wide;
             } else {
-                chunks.push_back({wide, textWidth(u" "_s, word.style).value_or(0) + spacing});
+                chunks.push_back({wide, textWidth(u" "_s, *word.style).value_or(0) + spacing});
             }
             // A word cut by a hyphen at the line's end is whole again in the running text.
             const bool last = &word == &line.words.back();
-            glued = last ? word.text.size() > 1 && word.text.endsWith(u'-') : !word.spaceAfter;
+            glued = last ? word.text.size() > 1 && word.text.endsWith(u'-') : !word.spaceAfter();
         }
     }
     return chunks;
@@ -149,7 +144,7 @@ std::size_t linesIn(const model::Paragraph &paragraph, double width, double spac
 
 bool isApart(const model::Word &word, const model::Word &next, double gap, bool everyLine)
 {
-    const double size = std::max(word.style.size, next.style.size);
+    const double size = std::max(word.style->size, next.style->size);
     const double between = std::max(next.box.left - word.box.right, word.box.left - next.box.right);
     return between > gap * size || (everyLine && std::abs(next.baseline - word.baseline) > OffBaseline * size);
 }
@@ -168,12 +163,13 @@ std::vector<model::Line> cutLine(const model::Line &line, double gap, bool every
     return pieces;
 }
 
-void addWord(std::vector<model::Run> &runs, const QString &text, const model::Style &style)
+void addWord(std::vector<model::Run> &runs, const QString &text, const model::Word &word)
 {
-    if (!runs.empty() && runs.back().style == style) {
+    if (!runs.empty() && runs.back().style == *word.style && runs.back().shift == word.shift &&
+        runs.back().link == word.link) {
         runs.back().text += text;
     } else {
-        runs.push_back({text, style});
+        runs.push_back({text, *word.style, word.shift, word.link});
     }
 }
 
@@ -186,29 +182,43 @@ QString blanks(double count, int least, int most)
 QString blanksBetween(const model::Word &word, const model::Word &next)
 {
     const double gap = next.box.left - word.box.right;
-    if (!word.style.fixedPitch) {
+    if (!word.style->fixedPitch) {
         // Behind the number of a heading stands more than one blank.
-        const double blank = textWidth(u" "_s, word.style).value_or(word.style.size / 4);
-        const bool wide = word.spaceAfter && gap > WideGap * word.style.size;
-        return blanks(wide ? gap / blank : 0, word.spaceAfter ? 1 : 0, MostBlanks);
+        const double blank = textWidth(u" "_s, *word.style).value_or(word.style->size / 4);
+        const bool wide = word.spaceAfter() && gap > WideGap * word.style->size;
+        return blanks(wide ? gap / blank : 0, word.spaceAfter() ? 1 : 0, MostBlanks);
     }
-    return blanks(gap / (FixedPitch * word.style.size), word.spaceAfter ? 1 : 0, MostBlanks);
+    return blanks(gap / (FixedPitch * word.style->size), word.spaceAfter() ? 1 : 0, MostBlanks);
 }
 
 } // namespace
 
-model::Paragraph inCommonFonts(model::Paragraph paragraph)
+void useCommonFonts(model::Document &document)
 {
-    for (model::Run &run : paragraph.runs) {
-        QString text = run.text;
-        exchangeFamily(run.style, text.remove(u'\n').remove(u'\t'));
+    for (model::Page &page : document.pages) {
+        forEachParagraph(page, [&](model::Paragraph &paragraph) {
+            std::map<const model::Style *, QString> texts;
+            for (const model::Line &line : paragraph.lines) {
+                for (const model::Word &word : line.words) {
+                    texts[&*word.style] += word.text;
+                }
+            }
+            std::map<const model::Style *, model::StyleRef> exchanged;
+            for (const auto &[style, text] : texts) {
+                if (!isWidespread(style->family) && !isMeasured(style->family) && textWidth(text, *style)) {
+                    model::Style common = *style;
+                    common.family = measuredFamily(*style);
+                    exchanged.emplace(style, document.styles.add(common));
+                }
+            }
+            for (model::Line &line : paragraph.lines) {
+                for (model::Word &word : line.words) {
+                    const auto found = exchanged.find(&*word.style);
+                    word.style = found == exchanged.end() ? word.style : found->second;
+                }
+            }
+        });
     }
-    for (model::Line &line : paragraph.lines) {
-        for (model::Word &word : line.words) {
-            exchangeFamily(word.style, word.text);
-        }
-    }
-    return paragraph;
 }
 
 double fittingSpacing(const model::Paragraph &paragraph, double width)
@@ -217,7 +227,7 @@ double fittingSpacing(const model::Paragraph &paragraph, double width)
     if (!widths) {
         return 0;
     }
-    const double size = largestSize(paragraph.runs);
+    const double size = largestSize(paragraph);
     const double exact = (widths->onPage - widths->natural) / widths->signs;
     double spacing =
         std::clamp(std::floor(exact / SpacingStep) * SpacingStep, TightestSpacing * size, WidestSpacing * size);
@@ -239,7 +249,7 @@ bool hasKnownWidths(const model::Paragraph &paragraph)
 
 std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, bool everyLine)
 {
-    const bool head = paragraph.role == model::Role::RunningHead;
+    const bool head = paragraph.role == model::Role::PageHeader;
     const double gap = everyLine ? LabelGap : head ? HeadGap : ApartGap;
     std::vector<model::Line> pieces;
     for (const model::Line &line : paragraph.lines) {
@@ -249,7 +259,7 @@ std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, boo
     }
     // One wide space in many lines is an accident of their setting.
     const bool whole = pieces.size() < 2 || (!everyLine && 2 * pieces.size() < 3 * paragraph.lines.size());
-    if (whole || (!paragraph.listMark.isEmpty() && !everyLine)) {
+    if (whole || (paragraph.listItem && !everyLine)) {
         return {paragraph};
     }
     std::vector<model::Paragraph> result;
@@ -258,7 +268,6 @@ std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, boo
         single.box = piece.box;
         single.rightToLeft = paragraph.rightToLeft;
         single.lines = {std::move(piece)};
-        single.runs = runsByLine(single);
         result.push_back(std::move(single));
     }
     return result;
@@ -270,26 +279,24 @@ bool keepsLines(const model::Paragraph &paragraph)
         return true;
     }
     std::size_t breaks = 1;
-    for (const model::Run &run : paragraph.runs) {
-        breaks += static_cast<std::size_t>(run.text.count(u'\n'));
-    }
+    breaks += static_cast<std::size_t>(model::plainText(paragraph).count(u'\n'));
     const bool flush = paragraph.alignment == model::Alignment::Left ||
-                       paragraph.alignment == model::Alignment::Justify || !paragraph.listMark.isEmpty();
+                       paragraph.alignment == model::Alignment::Justify || paragraph.listItem;
     return breaks >= paragraph.lines.size() || (!flush && paragraph.lines.size() <= MostKeptLines);
 }
 
 std::vector<model::Run> runsByLine(const model::Paragraph &paragraph)
 {
-    if (paragraph.lines.empty() || !paragraph.listMark.isEmpty()) {
-        return paragraph.runs;
+    if (paragraph.lines.empty() || paragraph.listItem) {
+        return model::runsOf(paragraph);
     }
     std::vector<model::Run> runs;
     for (const model::Line &line : paragraph.lines) {
         for (std::size_t i = 0; i < line.words.size(); ++i) {
             const model::Word &word = line.words[i];
             QString text = word.text;
-            if (i == 0 && word.style.fixedPitch && paragraph.lines.size() > 1) {
-                const double indent = (word.box.left - paragraph.box.left) / (FixedPitch * word.style.size);
+            if (i == 0 && word.style->fixedPitch && paragraph.lines.size() > 1) {
+                const double indent = (word.box.left - paragraph.box.left) / (FixedPitch * word.style->size);
                 text.prepend(blanks(indent, 0, MostIndent));
             }
             if (i + 1 < line.words.size()) {
@@ -297,7 +304,7 @@ std::vector<model::Run> runsByLine(const model::Paragraph &paragraph)
             } else if (&line != &paragraph.lines.back()) {
                 text += u'\n';
             }
-            addWord(runs, text, word.style);
+            addWord(runs, text, word);
         }
     }
     return runs;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "document/document.h"
+#include "document/text.h"
 
 #include <vector>
 
@@ -9,9 +9,9 @@
 // upright.
 namespace quorra::office {
 
-/// The paragraph with families that only the file holds exchanged for the common one of their kind, as far as the
-/// widths of their signs are known; in the runs and in the words of the lines.
-model::Paragraph inCommonFonts(model::Paragraph paragraph);
+/// Exchanges families that only the file holds for the common one of their kind, as far as the widths of their
+/// characters are known.
+void useCommonFonts(model::Document &document);
 
 /// The letter spacing in points at which the words are as wide as on the page and, set into this width, break into no
 /// more lines than there. 0 where the widths are not known or the font is not the one they are known for.

@@ -35,7 +35,7 @@ double sizeOf(const model::Cell &cell)
 {
     double size = 0;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
-        size = std::max(size, largestSize(paragraph.runs));
+        size = std::max(size, largestSize(paragraph));
     }
     return size;
 }
@@ -133,12 +133,12 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
 // The paragraph as it stands in its cell: indents by its place, lines close enough for the row.
 model::Paragraph inCell(const model::Paragraph &paragraph, const model::Cell &cell)
 {
-    model::Paragraph placed = inCommonFonts(paragraph);
+    model::Paragraph placed = paragraph;
     const double left = std::max(0.0, paragraph.box.left - cell.box.left - SidePadding);
     placed.indentLeft = paragraph.alignment == model::Alignment::Left ? left : 0;
     placed.indentRight = 0;
     placed.firstLineIndent = 0;
-    const double size = largestSize(paragraph.runs);
+    const double size = largestSize(paragraph);
     const double room = (cell.box.height() - RowPadding) / static_cast<double>(lineCount(cell));
     placed.lineDistance =
         std::clamp(slideLeading(paragraph), TightestLeading * size, std::max(room, TightestLeading * size));
@@ -155,15 +155,14 @@ void writeCell(const Sink &sink, const model::Cell &cell)
     const double width = cell.box.width() - SidePadding - paddingRight(cell);
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         const model::Paragraph placed = inCell(paragraph, cell);
-        writeSlideParagraph(sink, placed, fittingSpacing(placed, width - placed.indentLeft), false);
+        writeSlideParagraph(
+            sink, placed, model::runsOf(placed), fittingSpacing(placed, width - placed.indentLeft), false);
     }
     if (cell.paragraphs.empty()) {
         // The sign at the end of a cell without text takes the usual large size, and the row grows with it.
         model::Paragraph empty;
         empty.lineDistance = 1;
-        empty.runs = {{QString(), {}}};
-        empty.runs[0].style.size = 1;
-        writeSlideParagraph(sink, empty, 0, false);
+        writeEmptySlideParagraph(sink, empty);
     }
     xml.writeEndElement();
 }

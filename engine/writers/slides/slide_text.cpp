@@ -35,8 +35,7 @@ bool isPlain(const QString &text)
 // word is one.
 void writeLink(const Sink &sink, const model::Run &run, const model::Style &look, const QString &target)
 {
-    model::Style style = run.style;
-    style.link.clear();
+    const model::Style &style = run.style;
     qsizetype at = 0;
     while (at < run.text.size()) {
         const qsizetype blank = run.text.indexOf(u' ', at);
@@ -52,7 +51,7 @@ void writeLink(const Sink &sink, const model::Run &run, const model::Style &look
             sink.xml.writeEndElement();
         }
         if (blank >= 0) {
-            writeRuns(sink, {{u" "_s, style}}, look, false);
+            writeRuns(sink, {{u" "_s, style, model::BaselineShift::None, {}}}, look, false);
         }
         at = end + 1;
     }
@@ -68,8 +67,8 @@ QString blanksAfterMark(const model::Paragraph &paragraph)
     }
     const std::vector<model::Word> &words = paragraph.lines.front().words;
     const double gap = words[1].box.left - words[0].box.right;
-    const bool isMark = words[0].text == paragraph.listMark;
-    const qsizetype blanks = isMark ? std::lround(gap / (blank * words[1].style.size)) : 1;
+    const bool isMark = paragraph.listItem && words[0].text == paragraph.listItem->mark;
+    const qsizetype blanks = isMark ? std::lround(gap / (blank * words[1].style->size)) : 1;
     return QString(std::clamp<qsizetype>(blanks, 1, most), u' ');
 }
 
@@ -101,8 +100,8 @@ Box roomOfFlow(const model::Page &page, const model::Paragraph &paragraph, const
 void writePiece(const Sink &sink, const model::Page &page, model::Paragraph piece, const SlideTurn &turn)
 {
     const bool lines = keepsLines(piece);
+    const std::vector<model::Run> runs = lines ? runsByLine(piece) : model::runsOf(piece);
     if (lines) {
-        piece.runs = runsByLine(piece);
         if (piece.lines.size() < 2 && piece.alignment != model::Alignment::Centre) {
             piece.alignment = piece.rightToLeft ? model::Alignment::Right : model::Alignment::Left;
         } else if (piece.alignment == model::Alignment::Justify) {
@@ -123,7 +122,7 @@ void writePiece(const Sink &sink, const model::Page &page, model::Paragraph piec
     if (piece.lines.size() < 2) {
         piece.firstLineIndent = std::min(0.0, piece.firstLineIndent);
     }
-    writeSlideParagraph(sink, piece, spacing, true);
+    writeSlideParagraph(sink, piece, runs, spacing, true);
     sink.xml.writeEndElement();
     sink.xml.writeEndElement();
 }
@@ -146,15 +145,10 @@ void dropDeadLinks(model::Document &document)
     }
     for (model::Page &page : document.pages) {
         forEachParagraph(page, [&](model::Paragraph &paragraph) {
-            for (model::Run &run : paragraph.runs) {
-                if (run.style.link.startsWith(u'#') && pages.count(run.style.link) == 0) {
-                    run.style.link.clear();
-                }
-            }
             for (model::Line &line : paragraph.lines) {
                 for (model::Word &word : line.words) {
-                    if (word.style.link.startsWith(u'#') && pages.count(word.style.link) == 0) {
-                        word.style.link.clear();
+                    if (word.link.startsWith(u'#') && pages.count(word.link) == 0) {
+                        word.link.clear();
                     }
                 }
             }
@@ -164,23 +158,25 @@ void dropDeadLinks(model::Document &document)
 
 double slideLeading(const model::Paragraph &paragraph)
 {
-    const double size = largestSize(paragraph.runs);
+    const double size = largestSize(paragraph);
     const bool isLeading = paragraph.lineDistance > 0 && paragraph.lineDistance <= WidestLeading * size;
     return isLeading ? std::max(paragraph.lineDistance, TightestLeading * size) : UsualLeading * size;
 }
 
 double slideRise(const model::Paragraph &paragraph)
 {
-    return slideLeading(paragraph) - Descent * largestSize(paragraph.runs);
+    return slideLeading(paragraph) - Descent * largestSize(paragraph);
 }
 
-void writeSlideParagraph(const Sink &sink, const model::Paragraph &paragraph, double spacing, bool withLinks)
+void writeSlideParagraph(
+    const Sink &sink, const model::Paragraph &paragraph, const std::vector<model::Run> &runs, double spacing,
+    bool withLinks)
 {
     model::Paragraph leaded = paragraph;
     leaded.lineDistance = slideLeading(paragraph);
-    const model::Style look = mainStyle(paragraph.runs);
+    const model::Style look = mainStyle(runs);
     sink.styles.noteFont(look);
-    Element style = paragraphStyle(leaded, {});
+    Element style = paragraphStyle(leaded, {}, look);
     if (paragraph.alignment == model::Alignment::Right) {
         for (auto &[name, value] : style.children.front().attributes) {
             if (name == "fo:text-align"_L1) {
@@ -193,20 +189,18 @@ void writeSlideParagraph(const Sink &sink, const model::Paragraph &paragraph, do
     }
     sink.xml.writeStartElement("text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
-    if (!paragraph.listMark.isEmpty()) {
-        sink.xml.writeCharacters(xmlText(paragraph.listMark));
+    if (paragraph.listItem) {
+        sink.xml.writeCharacters(xmlText(paragraph.listItem->mark));
         if (paragraph.firstLineIndent < 0) {
             sink.xml.writeEmptyElement("text:tab"_L1);
         } else {
             writeText(sink.xml, blanksAfterMark(paragraph));
         }
     }
-    const std::vector<Rise> rises = risesOf(paragraph);
-    for (std::size_t i = 0; i < paragraph.runs.size(); ++i) {
-        const model::Run &run = paragraph.runs[i];
-        const QString target = withLinks && isPlain(run.text) ? slideTarget(run.style.link) : QString();
+    for (const model::Run &run : runs) {
+        const QString target = withLinks && isPlain(run.text) ? slideTarget(run.link) : QString();
         if (target.isEmpty() || run.text.trimmed().isEmpty()) {
-            writeRuns(sink, {run}, look, false, {rises[i]});
+            writeRuns(sink, {run}, look, false);
         } else {
             writeLink(sink, run, look, target);
         }
@@ -214,10 +208,19 @@ void writeSlideParagraph(const Sink &sink, const model::Paragraph &paragraph, do
     sink.xml.writeEndElement();
 }
 
+void writeEmptySlideParagraph(const Sink &sink, const model::Paragraph &paragraph)
+{
+    model::Paragraph leaded = paragraph;
+    leaded.lineDistance = 1;
+    sink.xml.writeStartElement("text:p"_L1);
+    sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(emptyParagraphStyle(leaded, {})));
+    sink.xml.writeEndElement();
+}
+
 void writeSlideText(const Sink &sink, const model::Page &page, const model::Paragraph &paragraph, bool labels)
 {
     const SlideTurn turn{paragraph.rotation, page.width, page.height};
-    for (model::Paragraph &piece : piecesApart(inCommonFonts(uprightParagraph(paragraph, turn)), labels)) {
+    for (model::Paragraph &piece : piecesApart(uprightParagraph(paragraph, turn), labels)) {
         writePiece(sink, page, std::move(piece), turn);
     }
 }

@@ -21,8 +21,14 @@ void dropDeadLinks(model::Document &document);
 double slideLeading(const model::Paragraph &paragraph);
 double slideRise(const model::Paragraph &paragraph);
 
-/// Writes the paragraph into an open frame or cell. Its indents count from there. Spacing is added after each letter.
-void writeSlideParagraph(const Sink &sink, const model::Paragraph &paragraph, double spacing, bool withLinks);
+/// Writes the paragraph, whose text the runs hold, into an open frame or cell. Its indents count from there. Spacing is
+/// added after each letter.
+void writeSlideParagraph(
+    const Sink &sink, const model::Paragraph &paragraph, const std::vector<model::Run> &runs, double spacing,
+    bool withLinks);
+
+/// Writes a paragraph without text that takes next to no height.
+void writeEmptySlideParagraph(const Sink &sink, const model::Paragraph &paragraph);
 
 /// Writes the paragraph in a text box of its own at its place, turned as it is on the page. As labels, each word group
 /// gets its own box.

@@ -4,6 +4,7 @@
 #include "document/page_walk.h"
 #include "odf/odf_frames.h"
 #include "odf/placed_page.h"
+#include "slide_fit.h"
 #include "slide_grid.h"
 #include "slide_table.h"
 #include "slide_text.h"
@@ -51,6 +52,7 @@ void unifyPages(model::Document &document, MovedPictures &pictures)
         return;
     }
     dropDeadLinks(document);
+    useCommonFonts(document);
     const double width = document.pages.front().width;
     const double height = document.pages.front().height;
     for (model::Page &page : document.pages) {
@@ -60,7 +62,7 @@ void unifyPages(model::Document &document, MovedPictures &pictures)
         const double scale = std::min(width / page.width, height / page.height);
         const Transform transform{scale, scale, (width - scale * page.width) / 2, (height - scale * page.height) / 2};
         pictures.setTransform(page.number, transform);
-        transformPage(page, transform, width, height);
+        transformPage(page, document.styles, transform, width, height);
     }
 }
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/text_writer.h"
 
-#include "document/line_text.h"
-#include "document/preformatted.h"
+#include "document/text.h"
 
 #include <QStringList>
 
@@ -24,15 +23,16 @@ constexpr int columnGap = 2;
 QStringList paragraphLines(const Paragraph &paragraph)
 {
     QStringList lines;
-    for (const std::vector<model::Run> &line : model::listingLines(paragraph)) {
+    for (const std::vector<model::Run> &line : model::preformattedLines(paragraph)) {
         lines.append(model::plainText(line));
     }
     if (!lines.isEmpty()) {
         return lines;
     }
+    bool hyphen = false;
     for (const Line &line : paragraph.lines) {
-        QString text = model::lineText(line);
-        if (!lines.isEmpty() && !line.words.empty() && model::endsInHyphen(lines.back(), line.words.front().text)) {
+        QString text = model::plainText(line);
+        if (hyphen && !lines.isEmpty()) {
             const auto blank = text.indexOf(QLatin1Char(' '));
             lines.back().chop(1);
             lines.back() += blank < 0 ? text : text.left(blank);
@@ -41,6 +41,7 @@ QStringList paragraphLines(const Paragraph &paragraph)
         if (!text.isEmpty()) {
             lines.append(text);
         }
+        hyphen = !line.words.empty() && line.words.back().separator == model::Separator::Hyphen;
     }
     return lines;
 }
@@ -134,8 +135,11 @@ bool isSameList(const Block *before, const Block &block)
 {
     const Paragraph *entry = block.paragraph();
     const Paragraph *last = before ? before->paragraph() : nullptr;
-    return entry && last && entry->role == model::Role::ListItem && last->role == model::Role::ListItem &&
-           !entry->runs.empty() && entry->spaceBefore < 0.5 * entry->runs.front().style.size;
+    if (!entry || !last || !entry->listItem || !last->listItem) {
+        return false;
+    }
+    const std::vector<model::Run> runs = model::runsOf(*entry);
+    return !runs.empty() && entry->spaceBefore < 0.5 * runs.front().style.size;
 }
 
 } // namespace

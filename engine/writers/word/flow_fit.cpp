@@ -42,8 +42,8 @@ bool isCommon(const model::Style &style)
 double widthOf(const model::Word &word)
 {
     const double drawn = word.box.width();
-    const std::optional<double> known = textWidth(word.text, word.style);
-    if (isCommon(word.style)) {
+    const std::optional<double> known = textWidth(word.text, *word.style);
+    if (isCommon(*word.style)) {
         return drawn;
     }
     return StrangeFont * std::max(drawn, known.value_or(drawn));
@@ -107,10 +107,10 @@ int wrappedLines(const model::Paragraph &paragraph, double width)
         for (const model::Word &word : line.words) {
             whole += widthOf(word);
             const bool last = &word == &line.words.back();
-            if (last ? word.text.endsWith(u'-') : !word.spaceAfter) {
+            if (last ? word.text.endsWith(u'-') : !word.spaceAfter()) {
                 continue;
             }
-            const double blank = atStart ? 0 : Blank * word.style.size;
+            const double blank = atStart ? 0 : Blank * word.style->size;
             const bool wraps = !atStart && at + blank + whole > width;
             lines += wraps ? 1 : 0;
             at = wraps ? whole : at + blank + whole;

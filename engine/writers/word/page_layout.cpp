@@ -101,7 +101,7 @@ void writeHeadLine(
     double above)
 {
     std::sort(parts.begin(), parts.end(), [](const auto *a, const auto *b) { return a->box.left < b->box.left; });
-    const model::Style look = mainStyle(parts.front()->runs);
+    const model::Style look = mainStyle(*parts.front());
     const Box line = unitedBox(parts);
     sink.styles.noteFont(look);
     Element stops{"style:tab-stops"_L1};
@@ -130,7 +130,7 @@ void writeHeadLine(
         if (part->box.left > strip.left + SameLine) {
             sink.xml.writeEmptyElement("text:tab"_L1);
         }
-        writeRuns(sink, part->runs, look);
+        writeRuns(sink, model::runsOf(*part), look);
     }
     sink.xml.writeEndElement();
 }

@@ -259,7 +259,7 @@ void FlowWriter::writeLabels()
     for (const model::Paragraph *labels : std::exchange(m_labels, {})) {
         m_sink.xml.writeStartElement("text:span"_L1);
         m_sink.xml.writeAttribute("text:style-name"_L1, hidden);
-        for (const model::Run &run : labels->runs) {
+        for (const model::Run &run : model::runsOf(*labels)) {
             writeText(m_sink.xml, run.text);
         }
         writeText(m_sink.xml, u" "_s);
@@ -272,12 +272,10 @@ void FlowWriter::writePictureBlock(const model::Page &page, const model::Picture
     model::Paragraph holder;
     holder.indentLeft = std::max(0.0, picture.box.left - area.left);
     holder.spaceBefore = m_fit.spaces * spaceAbove(area, picture.box.top, m_form);
-    holder.runs = {{QString(), {}}};
-    holder.runs[0].style.size = 1;
     ParagraphPlace place = m_breaks.take();
     place.exactLeading = false; // the line must grow to the picture's height
     m_sink.xml.writeStartElement("text:p"_L1);
-    m_sink.xml.writeAttribute("text:style-name"_L1, m_sink.styles.name(paragraphStyle(holder, place)));
+    m_sink.xml.writeAttribute("text:style-name"_L1, m_sink.styles.name(emptyParagraphStyle(holder, place)));
     Box box = picture.box;
     const double widest = area.right - area.left - holder.indentLeft;
     if (box.width() > widest && widest > 0) {

@@ -2,7 +2,6 @@
 #include "xml/xml_writer.h"
 
 #include "base/xml_text.h"
-#include "document/line_text.h"
 
 #include <QHash>
 #include <QXmlStreamWriter>
@@ -17,22 +16,18 @@ using model::Paragraph;
 using model::Role;
 using model::Style;
 
-QString roleName(Role role)
+QString roleName(const Paragraph &paragraph)
 {
-    switch (role) {
-    case Role::Heading1:
-        return QStringLiteral("heading1");
-    case Role::Heading2:
-        return QStringLiteral("heading2");
-    case Role::Heading3:
-        return QStringLiteral("heading3");
+    switch (paragraph.role) {
+    case Role::Heading:
+        return QStringLiteral("heading%1").arg(paragraph.headingLevel);
     case Role::ListItem:
         return QStringLiteral("listitem");
     case Role::Caption:
         return QStringLiteral("caption");
     case Role::Footnote:
         return QStringLiteral("footnote");
-    case Role::RunningHead:
+    case Role::PageHeader:
         return QStringLiteral("runninghead");
     case Role::Body:
         break;
@@ -102,7 +97,7 @@ private:
     {
         start("block");
         box(paragraph.box);
-        attribute("role", roleName(paragraph.role));
+        attribute("role", roleName(paragraph));
         if (paragraph.rightToLeft) {
             attribute("direction", QStringLiteral("rtl"));
         }
@@ -133,14 +128,14 @@ private:
         const auto &after = index + 1 < paragraph.lines.size() ? paragraph.lines[index + 1].words : none;
         for (std::size_t i = 0; i < words.size(); ++i) {
             model::Word word = words[i];
-            const bool rest = i == 0 && !before.empty() && model::endsInHyphen(before.back().text, word.text);
-            while (i + 1 < words.size() && !words[i].spaceAfter) {
+            const bool rest = i == 0 && !before.empty() && before.back().separator == model::Separator::Hyphen;
+            while (i + 1 < words.size() && !words[i].spaceAfter()) {
                 word.text += words[++i].text;
                 word.box = united(word.box, words[i].box);
             }
-            if (i + 1 == words.size() && !after.empty() && model::endsInHyphen(word.text, after.front().text)) {
+            if (i + 1 == words.size() && !after.empty() && words[i].separator == model::Separator::Hyphen) {
                 word.text.chop(1);
-                for (std::size_t k = 0; k < after.size() && (k == 0 || !after[k - 1].spaceAfter); ++k) {
+                for (std::size_t k = 0; k < after.size() && (k == 0 || !after[k - 1].spaceAfter()); ++k) {
                     word.text += after[k].text;
                 }
             }
@@ -155,7 +150,7 @@ private:
     {
         start("word");
         box(word.box);
-        const Style &style = word.style;
+        const Style &style = *word.style;
         attribute("font", xmlText(style.family));
         number("size", style.size);
         flag("bold", style.bold);
@@ -163,8 +158,8 @@ private:
         if (style.colour != black) {
             attribute("colour", QStringLiteral("#%1").arg(style.colour, 6, 16, QLatin1Char('0')));
         }
-        if (!style.link.isEmpty()) {
-            attribute("link", xmlText(style.link));
+        if (!word.link.isEmpty()) {
+            attribute("link", xmlText(word.link));
         }
         if (word.text.isEmpty()) {
             attribute("part", QStringLiteral("rest"));

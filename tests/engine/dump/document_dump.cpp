@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document_dump.h"
 
+#include "document/text.h"
 #include "dump_text.h"
 
+#include <algorithm>
 #include <cmath>
+#include <map>
 #include <ostream>
 
 namespace quorra::test {
@@ -15,20 +18,18 @@ using namespace model;
 std::string name(const Paragraph &paragraph)
 {
     switch (paragraph.role) {
-    case Role::Heading1:
-        return "heading 1";
-    case Role::Heading2:
-        return "heading 2";
-    case Role::Heading3:
-        return "heading 3";
-    case Role::ListItem:
-        return std::string(paragraph.listOrdered ? "numbered item " : "bullet item ") + visible(paragraph.listMark) +
-               " level " + std::to_string(paragraph.listLevel + 1);
+    case Role::Heading:
+        return "heading " + std::to_string(paragraph.headingLevel);
+    case Role::ListItem: {
+        const ListItem item = paragraph.listItem.value_or(ListItem{});
+        return std::string(item.ordered ? "numbered item " : "bullet item ") + visible(item.mark) + " level " +
+               std::to_string(item.level + 1);
+    }
     case Role::Caption:
         return "caption";
     case Role::Footnote:
         return "footnote";
-    case Role::RunningHead:
+    case Role::PageHeader:
     case Role::Body:
         break;
     }
@@ -63,14 +64,14 @@ std::string name(PictureKind kind)
     return "picture";
 }
 
-std::string name(Script script)
+std::string name(BaselineShift shift)
 {
-    switch (script) {
-    case Script::Raised:
+    switch (shift) {
+    case BaselineShift::Superscript:
         return "raised";
-    case Script::Lowered:
+    case BaselineShift::Subscript:
         return "lowered";
-    case Script::None:
+    case BaselineShift::None:
         break;
     }
     return "level";
@@ -98,10 +99,10 @@ std::string change(const Run &from, const Run &to)
          was.colour == is.colour ? ""
          : is.colour == black    ? "black"
                                  : colour(is.colour),
-         was.link == is.link ? ""
-         : is.link.isEmpty() ? "no link"
-                             : "link " + visible(is.link),
-         from.script == to.script ? "" : name(to.script)},
+         from.link == to.link ? ""
+         : to.link.isEmpty()  ? "no link"
+                              : "link " + visible(to.link),
+         from.shift == to.shift ? "" : name(to.shift)},
         " ");
 }
 
@@ -110,7 +111,8 @@ std::string textOf(const Paragraph &paragraph)
 {
     std::string text;
     const Run *previous = nullptr;
-    for (const Run &run : paragraph.runs) {
+    const std::vector<Run> runs = runsOf(paragraph);
+    for (const Run &run : runs) {
         const std::string changes = previous ? change(*previous, run) : std::string();
         if (!changes.empty()) {
             text += "{" + changes + "}";
@@ -123,11 +125,12 @@ std::string textOf(const Paragraph &paragraph)
 
 std::string lookOf(const Paragraph &paragraph)
 {
-    if (paragraph.runs.empty()) {
+    const std::vector<Run> runs = runsOf(paragraph);
+    if (runs.empty()) {
         return {};
     }
-    const Run &first = paragraph.runs.front();
-    return joined({look(first.style), first.script == Script::None ? "" : name(first.script)}, " ");
+    const Run &first = runs.front();
+    return joined({look(first.style, first.link), first.shift == BaselineShift::None ? "" : name(first.shift)}, " ");
 }
 
 std::string spacingOf(const Paragraph &paragraph)
@@ -152,11 +155,50 @@ std::string traitsOf(const Paragraph &paragraph)
         "; ");
 }
 
-void dumpParagraph(const Paragraph &paragraph, const std::string &what, std::ostream &out)
+bool endsInsideWord(const Paragraph &paragraph)
 {
-    const std::string joins = !paragraph.continuesPrevious ? ""
-                              : paragraph.joinsHyphen      ? "goes on inside a word"
-                                                           : "goes on inside a sentence";
+    return !paragraph.lines.empty() && !paragraph.lines.back().words.empty() &&
+           paragraph.lines.back().words.back().separator == Separator::Hyphen;
+}
+
+/// Tells of paragraphs that go on from an earlier one where the break stands.
+class Continuations
+{
+public:
+    /// To be asked for every paragraph outside of tables and running heads, in reading order.
+    std::string operator()(const Paragraph &paragraph)
+    {
+        if (paragraph.role != Role::Body && paragraph.role != Role::ListItem) {
+            return {};
+        }
+        bool &insideWord = m_insideWord[meanSize(paragraph)];
+        const std::string text = !paragraph.continuesPrevious ? ""
+                                 : insideWord                 ? "goes on inside a word"
+                                                              : "goes on inside a sentence";
+        insideWord = endsInsideWord(paragraph);
+        return text;
+    }
+
+private:
+    /// In whole points: text goes on in text of its size.
+    static long meanSize(const Paragraph &paragraph)
+    {
+        double sum = 0;
+        double letters = 0;
+        for (const Line &line : paragraph.lines) {
+            for (const Word &word : line.words) {
+                sum += word.style->size * static_cast<double>(word.text.size());
+                letters += static_cast<double>(word.text.size());
+            }
+        }
+        return std::lround(sum / std::max(1.0, letters));
+    }
+
+    std::map<long, bool> m_insideWord; ///< whether the last text of a size ends inside a word
+};
+
+void dumpParagraph(const Paragraph &paragraph, const std::string &what, const std::string &joins, std::ostream &out)
+{
     out << what << " [" << joined({traitsOf(paragraph), box(paragraph.box), spacingOf(paragraph), joins}, "; ") << "] "
         << textOf(paragraph) << '\n';
 }
@@ -233,11 +275,11 @@ void dumpTable(const Table &table, const std::string &margin, std::ostream &out)
     }
 }
 
-void dumpBlock(const Block &block, const std::string &margin, std::ostream &out)
+void dumpBlock(const Block &block, Continuations &continuations, const std::string &margin, std::ostream &out)
 {
     if (const Paragraph *paragraph = block.paragraph()) {
         out << margin;
-        dumpParagraph(*paragraph, name(*paragraph), out);
+        dumpParagraph(*paragraph, name(*paragraph), continuations(*paragraph), out);
     } else if (const Table *table = block.table()) {
         dumpTable(*table, margin, out);
     } else if (const Picture *picture = block.picture()) {
@@ -245,7 +287,7 @@ void dumpBlock(const Block &block, const std::string &margin, std::ostream &out)
     }
 }
 
-void dumpSection(const Section &section, std::ostream &out)
+void dumpSection(const Section &section, Continuations &continuations, std::ostream &out)
 {
     const bool several = section.columns.size() > 1;
     out << "  section of " << section.columns.size() << (several ? " columns" : " column");
@@ -259,7 +301,7 @@ void dumpSection(const Section &section, std::ostream &out)
             out << "    column " << block.column + 1 << '\n';
         }
         column = block.column;
-        dumpBlock(block, several ? "      " : "    ", out);
+        dumpBlock(block, continuations, several ? "      " : "    ", out);
     }
 }
 
@@ -270,12 +312,12 @@ void dumpMargin(const Page &page, bool upper, std::ostream &out)
         const Paragraph *paragraph = block.paragraph();
         if (paragraph && (paragraph->box.centreY() < page.height / 2) == upper) {
             out << "  ";
-            dumpParagraph(*paragraph, upper ? "header" : "footer", out);
+            dumpParagraph(*paragraph, upper ? "header" : "footer", {}, out);
         }
     }
 }
 
-void dumpPage(const Page &page, std::ostream &out)
+void dumpPage(const Page &page, Continuations &continuations, std::ostream &out)
 {
     out << "page " << page.number << " ["
         << joined(
@@ -285,7 +327,7 @@ void dumpPage(const Page &page, std::ostream &out)
         << "]\n";
     dumpMargin(page, true, out);
     for (const Section &section : page.sections) {
-        dumpSection(section, out);
+        dumpSection(section, continuations, out);
     }
     dumpMargin(page, false, out);
     for (const Fill &fill : page.fills) {
@@ -301,8 +343,9 @@ void dumpPage(const Page &page, std::ostream &out)
 
 void dump(const Document &document, std::ostream &out)
 {
+    Continuations continuations;
     for (const Page &page : document.pages) {
-        dumpPage(page, out);
+        dumpPage(page, continuations, out);
     }
 }
 

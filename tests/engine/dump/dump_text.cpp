@@ -66,11 +66,11 @@ std::string visible(const QString &text)
     return result;
 }
 
-std::string look(const model::Style &style)
+std::string look(const model::Style &style, const QString &link)
 {
     return joined(
         {visible(style.family), tenths(style.size), style.bold ? "bold" : "", style.italic ? "italic" : "",
-         style.colour == black ? "" : colour(style.colour), style.link.isEmpty() ? "" : "link " + visible(style.link)},
+         style.colour == black ? "" : colour(style.colour), link.isEmpty() ? "" : "link " + visible(link)},
         " ");
 }
 

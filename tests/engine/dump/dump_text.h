@@ -28,7 +28,7 @@ std::string colour(Colour colour);
 std::string visible(const QString &text);
 
 /// Family, size, and what is special about it: "Liberation Serif 10.5 bold #0000c0 link https://..."
-std::string look(const model::Style &style);
+std::string look(const model::Style &style, const QString &link);
 
 /// The parts that are not empty, with the separator between them.
 std::string joined(const std::vector<std::string> &parts, std::string_view separator);

@@ -19,10 +19,10 @@ std::string exact(const Box &box)
 void dumpRaw(const model::RawPage &page, std::ostream &out)
 {
     out << "page " << page.number << " [" << tenths(page.width) << " x " << tenths(page.height) << "]\n";
-    for (const model::Word &word : page.words) {
+    for (const model::RawWord &word : page.words) {
         out << "  word ["
             << joined(
-                   {exact(word.box), "baseline " + tenths(word.baseline), look(word.style),
+                   {exact(word.box), "baseline " + tenths(word.baseline), look(word.style, word.link),
                     word.rotation == 0 ? "" : "turned " + std::to_string(word.rotation),
                     word.spaceAfter ? "" : "no space after", word.endsLine ? "ends line" : ""},
                    "; ")

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "../test_text.h"
+
 #include "document/document.h"
 #include "document/picture_source.h"
 #include "odf/odf_file.h"
@@ -27,27 +29,40 @@ inline model::Style style(double size = 10, bool bold = false)
     return look;
 }
 
+/// Adds a word to the end of the paragraph's last line, 5 points a sign and 5 points after the word before it.
+inline void
+addWord(model::Paragraph &paragraph, const QString &text, const model::Style &look = style(), const QString &link = {})
+{
+    model::Line &line = paragraph.lines.back();
+    const double left = line.words.empty() ? line.box.left : line.words.back().box.right + 5;
+    model::Word word;
+    word.text = text;
+    word.box = {left, line.box.top, left + 5 * static_cast<double>(text.size()), line.box.bottom};
+    word.baseline = line.baseline;
+    word.style = test_text::styled(look);
+    word.link = link;
+    line.words.push_back(word);
+}
+
 /// A paragraph of one line at the box, with its words 5 points a sign.
 inline model::Paragraph paragraph(const QString &text, const Box &box, const model::Style &look = style())
 {
     model::Paragraph result;
-    result.runs = {{text, look}};
     result.box = box;
-    model::Line line;
-    line.box = box;
-    line.baseline = box.bottom - 2;
-    double left = box.left;
+    result.lines = {{box, box.bottom - 2, 0, {}}};
     const QStringList words = text.split(u' ', Qt::SkipEmptyParts);
     for (const QString &word : words) {
-        model::Word made;
-        made.text = word;
-        made.box = {left, box.top, left + 5 * static_cast<double>(word.size()), box.bottom};
-        made.baseline = line.baseline;
-        made.style = look;
-        line.words.push_back(made);
-        left = made.box.right + 5;
+        addWord(result, word, look);
     }
-    result.lines = {line};
+    return result;
+}
+
+/// An entry of a list whose first word is the mark.
+inline model::Paragraph listItem(const QString &text, const Box &box)
+{
+    model::Paragraph result = paragraph(text, box);
+    result.role = model::Role::ListItem;
+    result.listItem = model::ListItem{result.lines[0].words[0].text, false, 0};
     return result;
 }
 
@@ -63,6 +78,11 @@ inline model::Page page(std::vector<Box> columns = {{72, 72, 540, 720}})
     result.content = {72, 72, 540, 720};
     result.sections.push_back({std::move(columns), {}});
     return result;
+}
+
+inline model::Document document(std::vector<model::Page> pages)
+{
+    return {{}, std::move(pages)};
 }
 
 /// A ruled table with these texts, row by row, 100 x 20 points a cell.

@@ -45,20 +45,20 @@ model::Document oneBlock(model::Paragraph paragraph)
 {
     model::Page page = fixture::page();
     page.sections[0].blocks = {fixture::block(std::move(paragraph))};
-    return {{page}};
+    return fixture::document({page});
 }
 
 } // namespace
 
 void OfficeFlowTest::keepsParagraphsAndTheirLook()
 {
-    model::Paragraph paragraph = fixture::paragraph(QStringLiteral("plain "), {72, 72, 300, 84});
+    model::Paragraph paragraph = fixture::paragraph(QStringLiteral("plain"), {72, 72, 300, 84});
     model::Style loud = fixture::style(14, true);
     loud.italic = true;
     loud.colour = 0x123abc;
     loud.family = QStringLiteral("Courier New");
     loud.fixedPitch = true;
-    paragraph.runs.push_back({QStringLiteral("loud"), loud});
+    fixture::addWord(paragraph, QStringLiteral("loud"), loud);
     paragraph.alignment = model::Alignment::Centre;
     const QString text = flow(oneBlock(paragraph));
     QCOMPARE(fixture::paragraphs(text), QStringList{QStringLiteral("plain loud")});
@@ -74,18 +74,15 @@ void OfficeFlowTest::writesHeadingsBulletsAndNumbers()
 {
     model::Page page = fixture::page();
     model::Paragraph heading = fixture::paragraph(QStringLiteral("Title"), {72, 72, 200, 90});
-    heading.role = model::Role::Heading2;
-    model::Paragraph bullet = fixture::paragraph(QStringLiteral("first"), {90, 100, 200, 112});
-    bullet.role = model::Role::ListItem;
-    bullet.listMark = QStringLiteral("\u2022");
-    bullet.listLevel = 1;
-    model::Paragraph number = fixture::paragraph(QStringLiteral("second"), {90, 120, 200, 132});
-    number.role = model::Role::ListItem;
-    number.listMark = QStringLiteral("(iv)");
-    number.listOrdered = true;
+    heading.role = model::Role::Heading;
+    heading.headingLevel = 2;
+    model::Paragraph bullet = fixture::listItem(QStringLiteral("\u2022 first"), {90, 100, 200, 112});
+    bullet.listItem->level = 1;
+    model::Paragraph number = fixture::listItem(QStringLiteral("(iv) second"), {90, 120, 200, 132});
+    number.listItem->ordered = true;
     number.firstLineIndent = -18;
     page.sections[0].blocks = {fixture::block(heading), fixture::block(bullet), fixture::block(number)};
-    const QString text = flow({{page}});
+    const QString text = flow(fixture::document({page}));
     QCOMPARE(
         fixture::paragraphs(text),
         (QStringList{QStringLiteral("Title"), QStringLiteral("first"), QStringLiteral("(iv)\tsecond")}));
@@ -101,12 +98,12 @@ void OfficeFlowTest::keepsColumnsOnlyWhereAsked()
     page.sections[0].blocks = {
         fixture::block(fixture::paragraph(QStringLiteral("left"), {72, 72, 300, 84})),
         fixture::block(fixture::paragraph(QStringLiteral("right"), {312, 72, 540, 84}), 1)};
-    const QString columns = flow({{page}});
+    const QString columns = flow(fixture::document({page}));
     QVERIFY(columns.contains(QLatin1String("fo:column-count=\"2\"")));
-    const QString without = flow({{page}}, {false, true, true});
+    const QString without = flow(fixture::document({page}), {false, true, true});
     QVERIFY(!without.contains(QLatin1String("fo:column-count")));
     QVERIFY(without.contains(QLatin1String("fo:margin-left=\"240.00pt\""))); // the second column's place
-    QVERIFY(!flow({{page}}, Continuous).contains(QLatin1String("fo:margin-left=\"240.00pt\"")));
+    QVERIFY(!flow(fixture::document({page}), Continuous).contains(QLatin1String("fo:margin-left=\"240.00pt\"")));
 }
 
 void OfficeFlowTest::keepsPageBreaksAndSizes()
@@ -119,11 +116,11 @@ void OfficeFlowTest::keepsPageBreaksAndSizes()
     wide.number = 3;
     wide.width = 842;
     wide.height = 595;
-    const QString text = flow({{first, second, wide}});
+    const QString text = flow(fixture::document({first, second, wide}));
     QCOMPARE(text.count(QLatin1String("fo:break-before=\"page\"")), 1);
     QCOMPARE(text.count(QLatin1String("<style:master-page ")), 2);
     QVERIFY(text.contains(QLatin1String("style:print-orientation=\"landscape\"")));
-    QVERIFY(!flow({{first, second}}, Continuous).contains(QLatin1String("fo:break-before")));
+    QVERIFY(!flow(fixture::document({first, second}), Continuous).contains(QLatin1String("fo:break-before")));
 }
 
 void OfficeFlowTest::putsRunningHeadsIntoThePage()
@@ -131,13 +128,13 @@ void OfficeFlowTest::putsRunningHeadsIntoThePage()
     model::Page page = fixture::page();
     page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("body"), {72, 72, 300, 84}))};
     model::Paragraph left = fixture::paragraph(QStringLiteral("Report"), {72, 30, 120, 42});
-    left.role = model::Role::RunningHead;
+    left.role = model::Role::PageHeader;
     model::Paragraph right = fixture::paragraph(QStringLiteral("7"), {530, 30, 540, 42});
-    right.role = model::Role::RunningHead;
+    right.role = model::Role::PageHeader;
     model::Paragraph foot = fixture::paragraph(QStringLiteral("foot"), {72, 750, 120, 762});
-    foot.role = model::Role::RunningHead;
+    foot.role = model::Role::PageHeader;
     page.runningHeads = {fixture::block(right), fixture::block(left), fixture::block(foot)};
-    const QString text = flow({{page}});
+    const QString text = flow(fixture::document({page}));
     QCOMPARE(
         fixture::paragraphs(text),
         (QStringList{QStringLiteral("Report\t7"), QStringLiteral("foot"), QStringLiteral("body")}));
@@ -150,7 +147,7 @@ void OfficeFlowTest::dropsRunningHeadsInContinuousText()
     model::Page page = fixture::page();
     page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("body"), {72, 72, 300, 84}))};
     page.runningHeads = {fixture::block(fixture::paragraph(QStringLiteral("Report"), {72, 30, 120, 42}))};
-    QCOMPARE(fixture::paragraphs(flow({{page}}, Continuous)), QStringList{QStringLiteral("body")});
+    QCOMPARE(fixture::paragraphs(flow(fixture::document({page}), Continuous)), QStringList{QStringLiteral("body")});
 }
 
 void OfficeFlowTest::writesTablesWithSpans()
@@ -161,7 +158,7 @@ void OfficeFlowTest::writesTablesWithSpans()
     table.cells.erase(table.cells.begin() + 1);
     model::Page page = fixture::page();
     page.sections[0].blocks = {{table, 0}};
-    const QString text = flow({{page}});
+    const QString text = flow(fixture::document({page}));
     QVERIFY(text.contains(QLatin1String("table:number-columns-spanned=\"2\"")));
     QCOMPARE(text.count(QLatin1String("<table:covered-table-cell/>")), 1);
     QCOMPARE(text.count(QLatin1String("<table:table-cell ")), 3);
@@ -172,10 +169,9 @@ void OfficeFlowTest::writesTablesWithSpans()
 void OfficeFlowTest::keepsLinksThatAreSafe()
 {
     model::Paragraph paragraph = fixture::paragraph(QStringLiteral("web"), {72, 72, 300, 84});
-    paragraph.runs[0].style.link = QStringLiteral("https://example.org/a?b=1&c=2");
+    paragraph.lines[0].words[0].link = QStringLiteral("https://example.org/a?b=1&c=2");
     for (const char *link : {"#page=3", "file:///etc/passwd", "macro:run"}) {
-        paragraph.runs.push_back({QStringLiteral("x"), fixture::style()});
-        paragraph.runs.back().style.link = QLatin1String(link);
+        fixture::addWord(paragraph, QStringLiteral("x"), fixture::style(), QLatin1String(link));
     }
     const QString text = flow(oneBlock(paragraph));
     QVERIFY(text.contains(QLatin1String("xlink:href=\"https://example.org/a?b=1&amp;c=2\"")));
@@ -191,7 +187,7 @@ void OfficeFlowTest::placesPictures()
         {model::Picture{{72, 100, 172, 200}, model::PictureKind::Image}, 0},
         fixture::block(fixture::paragraph(QStringLiteral("over"), {100, 410, 160, 422})),
         {model::Picture{{72, 400, 540, 500}, model::PictureKind::Image}, 0}};
-    const QString text = flow({{page}});
+    const QString text = flow(fixture::document({page}));
     QCOMPARE(text.count(QLatin1String("<office:binary-data>cGljdHVyZQ==")), 2);
     QCOMPARE(text.count(QLatin1String("text:anchor-type=\"as-char\"")), 1);
     QVERIFY(text.contains(QLatin1String("style:run-through=\"background\"")));
@@ -203,7 +199,7 @@ void OfficeFlowTest::writesScansAsPages()
     model::Page page;
     page.scanned = true;
     page.sections = {{{{0, 0, 612, 792}}, {{model::Picture{{0, 0, 612, 792}, model::PictureKind::Page}, 0}}}};
-    const QString text = flow({{page}});
+    const QString text = flow(fixture::document({page}));
     QCOMPARE(text.count(QLatin1String("<draw:image>")), 1);
     QVERIFY(text.contains(QLatin1String("svg:width=\"612.00pt\" svg:height=\"792.00pt\"")));
     QVERIFY(text.contains(QLatin1String("fo:margin-left=\"0.00pt\"")));
@@ -215,7 +211,9 @@ void OfficeFlowTest::dropsCharactersThatXmlCannotHold()
     odd += QChar(0x0b);
     odd += QChar(0xd800);
     odd += QStringLiteral("b  c");
-    const QString text = flow(oneBlock(fixture::paragraph(odd, {72, 72, 300, 84})));
+    model::Paragraph paragraph = fixture::paragraph({}, {72, 72, 300, 84});
+    fixture::addWord(paragraph, odd);
+    const QString text = flow(oneBlock(paragraph));
     QCOMPARE(fixture::paragraphs(text), QStringList{QStringLiteral("ab  c")});
 }
 

@@ -44,23 +44,20 @@ model::Paragraph linesOf(int count, double left = 72, double top = 100)
 {
     model::Paragraph paragraph = fixture::paragraph({}, {left, top, left + 450, top + 10});
     paragraph.lines.clear();
-    QString text;
     for (int line = 0; line < count; ++line) {
         const double y = top + 12 * line;
         model::Line made{{left, y, left + 450, y + 10}, y + 8, 0, {}};
         for (int i = 0; i < 10; ++i) {
             model::Word word;
             word.text = QStringLiteral("wordword");
-            word.style = fixture::style();
+            word.style = test_text::styled(fixture::style());
             word.box = {left + 45 * i, y, left + 45 * i + 40, y + 10};
             word.baseline = y + 8;
             made.words.push_back(word);
-            text += word.text + u' ';
         }
         paragraph.box = united(paragraph.box, made.box);
         paragraph.lines.push_back(made);
     }
-    paragraph.runs[0].text = text;
     paragraph.lineDistance = count > 1 ? 12 : 0;
     return paragraph;
 }
@@ -68,7 +65,7 @@ model::Paragraph linesOf(int count, double left = 72, double top = 100)
 QString flow(const model::Page &page, const FlowForm &form = {true, true, true})
 {
     fixture::Pictures pictures;
-    const model::Document document{{page}};
+    const model::Document document = fixture::document({page});
     return fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeFlow(file, document, pictures, form); });
 }
 
@@ -120,12 +117,12 @@ void OfficeLayoutTest::marginsStayUsual()
 {
     model::Page page = fixture::page();
     page.content = {400, 300, 540, 310}; // a line of text from right to left
-    const Margins margins = pageMargins({{page}}).front();
+    const Margins margins = pageMargins(fixture::document({page})).front();
     QCOMPARE(margins.left, 72.0);
     QCOMPARE(margins.right, 72.0);
     QCOMPARE(margins.bottom, 144.0);
     page.content = {100, 72, 200, 700};
-    QCOMPARE(pageMargins({{page}}).front().right, 100.0);
+    QCOMPARE(pageMargins(fixture::document({page})).front().right, 100.0);
 }
 
 void OfficeLayoutTest::cellsKeepIndents()
@@ -195,7 +192,7 @@ void OfficeLayoutTest::breaksStandApartWhereAsked()
     model::Page page = fixture::page({{72, 72, 300, 720}, {312, 72, 540, 720}});
     page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("text"), {72, 72, 300, 84}))};
     fixture::Pictures pictures;
-    const model::Document document{{page, page}};
+    const model::Document document = fixture::document({page, page});
     const auto paragraphs = [&](bool apart) {
         return fixture::paragraphs(fixture::odf(OdfKind::Text, [&](OdfFile &file) {
             writeFlow(file, document, pictures, {true, true, true, apart});
@@ -221,11 +218,7 @@ void OfficeLayoutTest::textFromTheRightStandsAtTheRight()
 void OfficeLayoutTest::shortItemsHang()
 {
     model::Page page = fixture::page();
-    model::Paragraph item = fixture::paragraph(QStringLiteral("\u2022 item"), {72, 72, 200, 84});
-    item.runs[0].text = QStringLiteral("item");
-    item.listMark = QStringLiteral("\u2022");
-    item.role = model::Role::ListItem;
-    page.sections[0].blocks = {fixture::block(item)};
+    page.sections[0].blocks = {fixture::block(fixture::listItem(QStringLiteral("\u2022 item"), {72, 72, 200, 84}))};
     QVERIFY(flow(page).contains(QLatin1String("fo:margin-left=\"10.00pt\" fo:text-indent=\"-10.00pt\"")));
 }
 

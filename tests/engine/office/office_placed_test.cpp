@@ -71,7 +71,7 @@ void OfficePlacedTest::joinsCloseParagraphsIntoOneFrame()
 void OfficePlacedTest::framesStandWhereTheTextDoes()
 {
     fixture::Pictures pictures;
-    const model::Document document{{threeParagraphs()}};
+    const model::Document document = fixture::document({threeParagraphs()});
     const QString text = fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeFramed(file, document, pictures); });
     QCOMPARE(text.count(QLatin1String("<draw:text-box ")), 2);
     QVERIFY(text.contains(QLatin1String("svg:x=\"72.00pt\" svg:y=\"300.00pt\"")));
@@ -110,7 +110,7 @@ void OfficePlacedTest::knowsWidthsOfCommonFaces()
 void OfficePlacedTest::exactLinesStandOverTheBackground()
 {
     fixture::Pictures pictures;
-    model::Document document{{threeParagraphs()}};
+    model::Document document = fixture::document({threeParagraphs()});
     const auto exact = [&] {
         return fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeExact(file, document, pictures); });
     };
@@ -124,10 +124,10 @@ void OfficePlacedTest::exactLinesStandOverTheBackground()
 void OfficePlacedTest::exactLinesKeepLinks()
 {
     fixture::Pictures pictures;
-    model::Document document{{threeParagraphs()}};
+    model::Document document = fixture::document({threeParagraphs()});
     std::vector<model::Word> &words = document.pages[0].sections[0].blocks[2].paragraph()->lines[0].words;
-    words[0].style.link = QStringLiteral("https://example.org/");
-    words[1].style.link = QStringLiteral("file:///etc/passwd");
+    words[0].link = QStringLiteral("https://example.org/");
+    words[1].link = QStringLiteral("file:///etc/passwd");
     const QString text = fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeExact(file, document, pictures); });
     QCOMPARE(text.count(QLatin1String("<text:a ")), 1);
     QVERIFY(text.contains(QLatin1String("xlink:href=\"https://example.org/\"><text:span ")));
@@ -144,7 +144,7 @@ void OfficePlacedTest::exactLinesKeepTheirTurn()
     turned.lines[0].words[0].rotation = 270;
     turned.lines[0].words[0].baseline = 80;
     const auto exact = [&] {
-        const model::Document document{{pageOf({turned})}};
+        const model::Document document = fixture::document({pageOf({turned})});
         return fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeExact(file, document, pictures); });
     };
     const QString up = exact();
@@ -163,7 +163,7 @@ void OfficePlacedTest::oneSlideForEachPage()
     model::Page page = threeParagraphs();
     page.sections[0].blocks.push_back({fixture::table(2, {QStringLiteral("a"), QStringLiteral("b")}), 0});
     page.rules = {{72, 400, 540, 400, 1, 0xff0000}};
-    const model::Document document{{page, threeParagraphs()}};
+    const model::Document document = fixture::document({page, threeParagraphs()});
     const QString text =
         fixture::odf(OdfKind::Presentation, [&](OdfFile &file) { writeSlides(file, document, pictures); });
     QCOMPARE(text.count(QLatin1String("<draw:page ")), 2);
@@ -180,7 +180,7 @@ void OfficePlacedTest::otherPageSizesAreCentred()
     wide.number = 2;
     wide.width = 1224;
     wide.height = 792;
-    model::Document document{{threeParagraphs(), wide}};
+    model::Document document = fixture::document({threeParagraphs(), wide});
     unifyPages(document, pictures);
     QCOMPARE(document.pages[1].width, 612.0);
     QCOMPARE(document.pages[1].sections[0].blocks[0].box(), (Box{0, 198, 50, 203}));
@@ -192,13 +192,13 @@ void OfficePlacedTest::pagesTakeTheSizeAskedFor()
 {
     fixture::Pictures source;
     MovedPictures pictures(source);
-    model::Document document{{threeParagraphs()}};
+    model::Document document = fixture::document({threeParagraphs()});
     Options options;
     options.width = 408; // pixels, 96 to the inch: half of the page's 612 points
     fitToOptions(document, options, pictures);
     QCOMPARE(document.pages[0].width, 306.0);
     QCOMPARE(document.pages[0].height, 396.0);
-    QCOMPARE(document.pages[0].sections[0].blocks[0].paragraph()->runs[0].style.size, 5.0);
+    QCOMPARE(document.pages[0].sections[0].blocks[0].paragraph()->lines[0].words[0].style->size, 5.0);
     QCOMPARE(document.pages[0].sections[0].blocks[0].paragraph()->lines[0].baseline, 55.0);
 }
 
@@ -208,7 +208,7 @@ void OfficePlacedTest::pagesLargerThanPaperAreRefused()
     const auto fit = [](int width) {
         fixture::Pictures source;
         MovedPictures pictures(source);
-        model::Document document{{threeParagraphs()}};
+        model::Document document = fixture::document({threeParagraphs()});
         document.pages[0].height = document.pages[0].width;
         Options options;
         options.width = width;
@@ -221,15 +221,22 @@ void OfficePlacedTest::pagesLargerThanPaperAreRefused()
 
 void OfficePlacedTest::coloursAreReduced()
 {
-    model::Page page = threeParagraphs();
-    page.sections[0].blocks[0].paragraph()->runs[0].style.colour = 0xff0000;
-    page.fills = {{{0, 0, 10, 10}, 0x0000ff}};
-    model::Document gray{{page}};
-    reduceColours(gray, ColourDepth::Gray);
-    QCOMPARE(gray.pages[0].sections[0].blocks[0].paragraph()->runs[0].style.colour, Colour(0x4c4c4c));
-    model::Document mono{{page}};
-    reduceColours(mono, ColourDepth::Mono);
-    QCOMPARE(mono.pages[0].sections[0].blocks[0].paragraph()->runs[0].style.colour, black);
+    const auto firstWord = [](model::Document &document) -> model::Word & {
+        return document.pages[0].sections[0].blocks[0].paragraph()->lines[0].words[0];
+    };
+    const auto reduced = [&](ColourDepth depth) {
+        model::Document document = fixture::document({threeParagraphs()});
+        model::Style red = fixture::style();
+        red.colour = 0xff0000;
+        firstWord(document).style = document.styles.add(red);
+        document.pages[0].fills = {{{0, 0, 10, 10}, 0x0000ff}};
+        reduceColours(document, depth);
+        return document;
+    };
+    model::Document gray = reduced(ColourDepth::Gray);
+    QCOMPARE(firstWord(gray).style->colour, Colour(0x4c4c4c));
+    model::Document mono = reduced(ColourDepth::Mono);
+    QCOMPARE(firstWord(mono).style->colour, black);
     QCOMPARE(mono.pages[0].fills[0].colour, white);
 }
 
@@ -243,7 +250,7 @@ void OfficePlacedTest::sheetsHoldNumbersAsNumbers()
              2, {QStringLiteral("Name"), QStringLiteral("Sum"), QStringLiteral("00123"), QStringLiteral("(1,234.5)"),
                  QStringLiteral("share"), QStringLiteral("5%")}),
          0}};
-    const model::Document document{{page}};
+    const model::Document document = fixture::document({page});
     const QString text =
         fixture::odf(OdfKind::Spreadsheet, [&](OdfFile &file) { writeSheets(file, document, pictures); });
     QVERIFY(text.contains(QLatin1String("table:name=\"Page 3\"")));
@@ -257,7 +264,7 @@ void OfficePlacedTest::sheetsHoldNumbersAsNumbers()
 void OfficePlacedTest::documentsWithoutTablesGiveTheirLines()
 {
     fixture::Pictures pictures;
-    const model::Document document{{threeParagraphs()}};
+    const model::Document document = fixture::document({threeParagraphs()});
     const QString text =
         fixture::odf(OdfKind::Spreadsheet, [&](OdfFile &file) { writeSheets(file, document, pictures); });
     QCOMPARE(

@@ -37,20 +37,18 @@ QString sheets(const model::Table &table)
     fixture::Pictures pictures;
     model::Page page = fixture::page();
     page.sections[0].blocks = {{table, 0}};
-    const model::Document document{{page}};
+    const model::Document document = fixture::document({page});
     return fixture::odf(OdfKind::Spreadsheet, [&](OdfFile &file) { writeSheets(file, document, pictures); });
 }
 
 model::Paragraph withMark(const QString &text, const QString &mark)
 {
     model::Paragraph paragraph = fixture::paragraph(text, {100, 100, 150, 112});
-    model::Word raised = paragraph.lines[0].words[0];
-    raised.text = mark;
-    raised.style.size = 6;
+    paragraph.lines[0].words[0].separator = model::Separator::None;
+    fixture::addWord(paragraph, mark, fixture::style(6));
+    model::Word &raised = paragraph.lines[0].words.back();
+    raised.shift = model::BaselineShift::Superscript;
     raised.baseline -= 4;
-    paragraph.lines[0].words[0].spaceAfter = false;
-    paragraph.lines[0].words.push_back(raised);
-    paragraph.runs.push_back({mark, raised.style});
     return paragraph;
 }
 
@@ -203,7 +201,7 @@ void OfficeSheetsTest::sheetsPrintOnOnePaperWidth()
     model::Page across = page;
     across.width = 842;
     across.height = 595;
-    const model::Document document{{page, across, across}};
+    const model::Document document = fixture::document({page, across, across});
     const QString text =
         fixture::odf(OdfKind::Spreadsheet, [&](OdfFile &file) { writeSheets(file, document, pictures); });
     QCOMPARE(text.count(QLatin1String("style:scale-to-X=\"1\"")), 2);

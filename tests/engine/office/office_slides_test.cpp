@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "office_fixture.h"
 
-#include "document/line_text.h"
+#include "document/text.h"
 #include "slides/slides_writer.h"
 #include "writers/slides/slide_fit.h"
 #include "writers/slides/slide_table.h"
@@ -48,7 +48,7 @@ model::Document documentOf(std::vector<model::Paragraph> paragraphs)
     for (model::Paragraph &paragraph : paragraphs) {
         page.sections[0].blocks.push_back(fixture::block(std::move(paragraph)));
     }
-    return {{page}};
+    return fixture::document({page});
 }
 
 QString slides(const model::Document &document)
@@ -62,7 +62,6 @@ model::Paragraph twoLines(double signWidth)
 {
     model::Paragraph paragraph = lineAt(QStringLiteral("some words stand here"), {72, 100, 200, 110});
     paragraph.lines.push_back(paragraph.lines.front());
-    paragraph.runs[0].text = QStringLiteral("some words stand here some words stand here");
     for (model::Line &line : paragraph.lines) {
         double left = 72;
         for (model::Word &word : line.words) {
@@ -88,10 +87,10 @@ void OfficeSlidesTest::linksKeepTheirText()
 {
     model::Paragraph paragraph = lineAt(QStringLiteral("see our page now"), {72, 100, 152, 112});
     model::Style linked = fixture::style();
-    linked.link = QStringLiteral("https://example.org/");
     linked.colour = 0x0000ff;
     for (const std::size_t word : {std::size_t(1), std::size_t(2)}) {
-        paragraph.lines[0].words[word].style = linked;
+        paragraph.lines[0].words[word].style = test_text::styled(linked);
+        paragraph.lines[0].words[word].link = QStringLiteral("https://example.org/");
     }
     const QString text = slides(documentOf({paragraph}));
     // The look stands outside: a link with elements in it would come out empty.
@@ -105,15 +104,14 @@ void OfficeSlidesTest::linksToMissingPagesAreDropped()
     QCOMPARE(slideTarget(QStringLiteral("#page=3")), QStringLiteral("#Page 3"));
     QCOMPARE(slideTarget(QStringLiteral("file:///etc/passwd")), QString());
     model::Paragraph paragraph = lineAt(QStringLiteral("one two"), {72, 100, 152, 112});
-    paragraph.lines[0].words[0].style.link = QStringLiteral("#page=1");
-    paragraph.lines[0].words[1].style.link = QStringLiteral("#page=2");
-    paragraph.runs[0].style.link = QStringLiteral("#page=2");
+    paragraph.lines[0].words[0].link = QStringLiteral("#page=1");
+    paragraph.lines[0].words[1].link = QStringLiteral("#page=2");
     model::Document document = documentOf({paragraph});
     dropDeadLinks(document);
     const model::Paragraph &kept = *document.pages[0].sections[0].blocks[0].paragraph();
-    QCOMPARE(kept.lines[0].words[0].style.link, QStringLiteral("#page=1"));
-    QVERIFY(kept.lines[0].words[1].style.link.isEmpty());
-    QVERIFY(kept.runs[0].style.link.isEmpty());
+    QCOMPARE(kept.lines[0].words[0].link, QStringLiteral("#page=1"));
+    QVERIFY(kept.lines[0].words[1].link.isEmpty());
+    QVERIFY(model::runsOf(kept)[1].link.isEmpty());
 }
 
 void OfficeSlidesTest::wideGapsPartALine()
@@ -123,8 +121,8 @@ void OfficeSlidesTest::wideGapsPartALine()
     paragraph.lines[0].words[2].box.right = 395;
     const std::vector<model::Paragraph> pieces = piecesApart(paragraph, false);
     QCOMPARE(pieces.size(), std::size_t(2));
-    QCOMPARE(pieces[0].runs[0].text, QStringLiteral("Appendix B"));
-    QCOMPARE(pieces[1].runs[0].text, QStringLiteral("200"));
+    QCOMPARE(model::plainText(pieces[0]), QStringLiteral("Appendix B"));
+    QCOMPARE(model::plainText(pieces[1]), QStringLiteral("200"));
     QCOMPARE(pieces[1].box.left, 380.0);
     paragraph.lines[0].words[2].box = {130, 100, 145, 112};
     QCOMPARE(piecesApart(paragraph, false).size(), std::size_t(1));
@@ -136,9 +134,8 @@ void OfficeSlidesTest::wideGapsPartALine()
 
 void OfficeSlidesTest::marksKeepTheirDistance()
 {
-    model::Paragraph paragraph = lineAt(QStringLiteral("10. Financing"), {72, 100, 200, 112});
-    paragraph.listMark = QStringLiteral("10.");
-    paragraph.runs[0].text = QStringLiteral("Financing");
+    model::Paragraph paragraph = fixture::paragraph(QStringLiteral("10. Financing"), {72, 100, 200, 112});
+    paragraph.listItem = model::ListItem{QStringLiteral("10."), false, 0};
     paragraph.lines[0].words[1].box.left = paragraph.lines[0].words[0].box.right + 15;
     QCOMPARE(fixture::paragraphs(slides(documentOf({paragraph}))), QStringList{QStringLiteral("10.      Financing")});
 }
@@ -193,7 +190,7 @@ void OfficeSlidesTest::codeKeepsItsBlanks()
     code.lines[0].words[1].box.left = 72 + 12 + 18;
     code.lines[0].words[0].box.right = 72 + 12;
     code.lines.push_back(inner.lines[0]);
-    code.runs[0].text = QStringLiteral("if x\nstop now");
+    code.lines[0].words[1].separator = model::Separator::LineBreak;
     code.box = {72, 100, 132, 124};
     QVERIFY(keepsLines(code));
     QCOMPARE(runsByLine(code)[0].text, QStringLiteral("if   x\n  stop now"));
@@ -216,19 +213,17 @@ void OfficeSlidesTest::blanksHaveALimit()
 
 void OfficeSlidesTest::unknownFontsGiveWayToMeasuredOnes()
 {
-    model::Style look = fixture::style();
-    look.family = QStringLiteral("New Century Schlbk");
-    QCOMPARE(
-        inCommonFonts(lineAt(QStringLiteral("x"), {0, 0, 5, 10}, look)).runs[0].style.family,
-        QStringLiteral("Times New Roman"));
-    look.family = QStringLiteral("Calibri");
-    QCOMPARE(
-        inCommonFonts(lineAt(QStringLiteral("x"), {0, 0, 5, 10}, look)).runs[0].style.family,
-        QStringLiteral("Calibri"));
-    look.family = QStringLiteral("Ryumin"); // nothing is known of the widths of these signs
-    QCOMPARE(
-        inCommonFonts(lineAt(QStringLiteral("\u65e5"), {0, 0, 10, 10}, look)).runs[0].style.family,
-        QStringLiteral("Ryumin"));
+    const auto common = [](const QString &text, const QString &family) {
+        model::Style look = fixture::style();
+        look.family = family;
+        model::Document document = documentOf({lineAt(text, {0, 0, 10, 10}, look)});
+        useCommonFonts(document);
+        return document.pages[0].sections[0].blocks[0].paragraph()->lines[0].words[0].style->family;
+    };
+    QCOMPARE(common(QStringLiteral("x"), QStringLiteral("New Century Schlbk")), QStringLiteral("Times New Roman"));
+    QCOMPARE(common(QStringLiteral("x"), QStringLiteral("Calibri")), QStringLiteral("Calibri"));
+    // Nothing is known of the widths of these signs.
+    QCOMPARE(common(QStringLiteral("\u65e5"), QStringLiteral("Ryumin")), QStringLiteral("Ryumin"));
 }
 
 void OfficeSlidesTest::spacingFollowsThePage()
@@ -259,7 +254,7 @@ void OfficeSlidesTest::tightTablesAreDrawn()
     QVERIFY(fitsAsTable(page, tight));
     page.sections[0].blocks.push_back(fixture::block(lineAt(QStringLiteral("close"), {72, 124, 97, 134})));
     QVERIFY(!fitsAsTable(page, tight));
-    const QString text = slides({{page}});
+    const QString text = slides(fixture::document({page}));
     QVERIFY(!text.contains(QLatin1String("<table:table")));
     QVERIFY(text.contains(QLatin1String("<draw:line")));
 }
@@ -268,7 +263,7 @@ void OfficeSlidesTest::emptyCellsStayLow()
 {
     model::Page page = fixture::page();
     page.sections[0].blocks = {{fixture::table(2, {QStringLiteral("a"), {}}), 0}};
-    QVERIFY(slides({{page}}).contains(QLatin1String("fo:font-size=\"1.0pt\"")));
+    QVERIFY(slides(fixture::document({page})).contains(QLatin1String("fo:font-size=\"1.0pt\"")));
 }
 
 void OfficeSlidesTest::cellTextKeepsItsBlankSides()
@@ -281,7 +276,7 @@ void OfficeSlidesTest::cellTextKeepsItsBlankSides()
     right.alignment = model::Alignment::Right;
     model::Page page = fixture::page();
     page.sections[0].blocks = {{table, 0}};
-    const QString text = slides({{page}});
+    const QString text = slides(fixture::document({page}));
     QVERIFY(text.contains(QLatin1String("fo:margin-left=\"11.70pt\"")));
     QVERIFY(text.contains(QLatin1String("fo:padding-right=\"12.00pt\"")));
 }

@@ -20,16 +20,28 @@
 namespace quorra::model {
 
 /// Where a small piece of text stands against the letters beside it.
-enum class Script { None, Raised, Lowered };
+enum class BaselineShift { None, Superscript, Subscript };
 
-/// Text of one look.
-struct Run
+/// What stands between a word and the next word of its paragraph.
+enum class Separator {
+    None,      ///< nothing: the two are parts of one word, or ideographs at a line's end
+    Space,     ///< a space, or the end of a line at which the text wraps
+    LineBreak, ///< the end of a line that is meant (code, addresses)
+    Hyphen     ///< the end of a line inside a word: the hyphen that ends this part is no character of the word
+};
+
+struct Word
 {
     QString text;
-    Style style;
-    Script script = Script::None;
+    Box box;
+    double baseline = 0; ///< y of the baseline for upright text, x for text rotated by 90 or 270 degrees
+    int rotation = 0;    ///< 0, 90, 180 or 270: clockwise, against the page
+    StyleRef style;      ///< of the document's table
+    BaselineShift shift = BaselineShift::None;
+    Separator separator = Separator::Space; ///< what follows; of a paragraph's last word it means nothing
+    QString link; ///< an address, or "#page=N" for a place in the same document; empty for none
 
-    bool operator==(const Run &) const = default;
+    bool spaceAfter() const { return separator != Separator::None; }
 };
 
 /// One line of text as it stands on the page; the words in the order in which they are read.
@@ -41,15 +53,24 @@ struct Line
     std::vector<Word> words;
 };
 
-enum class Role { Body, Heading1, Heading2, Heading3, ListItem, Caption, Footnote, RunningHead };
+enum class Role { Body, Heading, ListItem, Caption, Footnote, PageHeader };
 enum class Alignment { Left, Centre, Right, Justify };
+
+/// The mark of an entry of a list: the first word of its paragraph, which is no part of its text.
+struct ListItem
+{
+    QString mark;         ///< "•", "3.", "(a)": as it stands on the page
+    bool ordered = false; ///< the mark counts
+    int level = 0;        ///< 0 for the outermost list
+};
 
 struct Paragraph
 {
-    /// The text joined over its line ends, hyphens undone; '\n' stands for a line break that the page means
-    /// (code, addresses). For list items the mark is left out.
-    std::vector<Run> runs;
+    /// The text, as it stands on the page. Between words stands what their separators say.
+    std::vector<Line> lines;
     Role role = Role::Body;
+    int headingLevel = 0;      ///< 1 for the highest; 0 for what is no heading
+    bool preformatted = false; ///< a listing: line ends are meant, words stand in columns of letters of one width
     Alignment alignment = Alignment::Left;
     double indentLeft = 0;      ///< from the left edge of its column (or cell)
     double indentRight = 0;     ///< from the right edge of its column (or cell)
@@ -58,15 +79,10 @@ struct Paragraph
     double lineDistance = 0;    ///< baseline to baseline, 0 when there is one line only
     Box box;
     bool rightToLeft = false;
-    int rotation = 0;         ///< as in Word
-    QString listMark;         ///< "•", "3.", "(a)": as it stands on the page; empty when no list item
-    int listLevel = 0;        ///< 0 for the outermost list
-    bool listOrdered = false; ///< the mark counts
+    int rotation = 0;                 ///< as in Word
+    std::optional<ListItem> listItem; ///< set for entries of lists
     /// The text goes on from the last body paragraph before it (a column or page break stands inside a sentence).
     bool continuesPrevious = false;
-    /// The last character of the paragraph that it continues is a hyphen to be dropped when the two are joined.
-    bool joinsHyphen = false;
-    std::vector<Line> lines; ///< as on the page, for writers that keep places
 };
 
 /// A line around a cell; width 0 means no line.
@@ -156,6 +172,7 @@ struct Page
 
 struct Document
 {
+    StyleTable styles;
     std::vector<Page> pages;
 };
 

@@ -18,8 +18,9 @@ struct Transform
     double shiftY = 0;
 };
 
-/// The page with all in it moved; its own width and height become those given.
-void transformPage(model::Page &page, const Transform &transform, double width, double height);
+/// The page with all in it moved, its text in styles of that table; its own width and height become those given.
+void transformPage(
+    model::Page &page, model::StyleTable &styles, const Transform &transform, double width, double height);
 
 /// The pictures of pages that were moved: boxes count on the moved page.
 class MovedPictures : public model::PictureSource

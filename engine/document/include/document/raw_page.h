@@ -3,9 +3,11 @@
 
 #include "base/colour.h"
 #include "base/geometry.h"
+#include "document/text_style.h"
 
 #include <QString>
 
+#include <cstddef>
 #include <vector>
 
 // Plain data: what one pass over a page of a PDF file finds. Nothing here knows the PDF library, so that everything
@@ -15,31 +17,18 @@
 // rotation is undone), y grows downwards.
 namespace quorra::model {
 
-/// How a piece of text looks and where it leads.
-struct Style
-{
-    QString family; ///< "Times New Roman", without subset prefix and without Bold, Italic and the like
-    double size = 10;
-    bool bold = false;
-    bool italic = false;
-    bool fixedPitch = false;
-    bool serif = false;
-    Colour colour = black;
-    QString link; ///< an address, or "#page=N" for a place in the same document; empty for none
-
-    bool operator==(const Style &) const = default;
-};
-
 /// A word as drawn. The text stands in the order in which it is read (right-to-left words already turned).
-struct Word
+struct RawWord
 {
     QString text;
     Box box;
-    double baseline = 0; ///< y of the baseline for upright text, x for text turned by 90 or 270 degrees
-    int rotation = 0;    ///< 0, 90, 180 or 270: how far the text is turned clockwise against the page
+    double baseline = 0; ///< y of the baseline for upright text, x for text rotated by 90 or 270 degrees
+    int rotation = 0;    ///< 0, 90, 180 or 270: clockwise, against the page
     bool spaceAfter = true;
-    bool endsLine = true; ///< the last word of what the PDF library takes for a line: a hint only
+    bool endsLine = true;  ///< the last word of what the PDF library takes for a line: a hint only
+    std::size_t index = 0; ///< its place in RawPage::words
     Style style;
+    QString link; ///< an address, or "#page=N" for a place in the same document; empty for none
 };
 
 /// A straight horizontal or vertical line, drawn as a stroke or as a thin filled rectangle.
@@ -89,7 +78,7 @@ struct RawPage
     int number = 1; ///< counted from 1 in the file
     double width = 612;
     double height = 792;
-    std::vector<Word> words; ///< in the order of the PDF library's own reading order, a hint only
+    std::vector<RawWord> words; ///< in the order of the PDF library's own reading order, a hint only
     std::vector<Rule> rules;
     std::vector<Fill> fills;
     std::vector<RawPicture> pictures; ///< raster images; drawings are found later, from the ink

@@ -51,6 +51,7 @@ class ThreadAlarm
 {
 public:
     ThreadAlarm(std::chrono::nanoseconds time, int number);
+    // NOLINTNEXTLINE(performance-trivially-destructible): where threads have timers it has work to do
     ~ThreadAlarm();
     ThreadAlarm(const ThreadAlarm &) = delete;
     ThreadAlarm &operator=(const ThreadAlarm &) = delete;

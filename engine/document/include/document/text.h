@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "document/document.h"
+
+#include <vector>
+
+namespace quorra::model {
+
+/// Text of one style, as a writer takes it.
+struct Run
+{
+    QString text;
+    Style style;
+    BaselineShift shift = BaselineShift::None;
+    QString link;
+};
+
+/// The paragraph's text, cut where its style, baseline shift or link changes. Separators are part of the text before
+/// them: a space, '\n' for a line break, nothing (and no hyphen) inside a word. The mark of a list item is left out.
+std::vector<Run> runsOf(const Paragraph &paragraph);
+
+/// The words of a line in the same way; spaces between them where the page has them.
+std::vector<Run> runsOf(const Line &line);
+
+/// The text of the runs, of the paragraph (without the mark of a list item), or of the line.
+QString plainText(const std::vector<Run> &runs);
+QString plainText(const Paragraph &paragraph);
+QString plainText(const Line &line);
+
+/// The lines of preformatted text, each with the spaces that put every word into the column in which it stands on the
+/// page. The leftmost line begins in the first column. Empty for other text.
+std::vector<std::vector<Run>> preformattedLines(const Paragraph &paragraph);
+
+} // namespace quorra::model

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/text.h"
+
+#include "base/statistics.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace quorra::model {
+
+namespace {
+
+class RunBuilder
+{
+public:
+    void add(const Word &word)
+    {
+        const bool same = !m_runs.empty() && m_runs.back().shift == word.shift && m_runs.back().link == word.link &&
+                          (m_style == &*word.style || m_runs.back().style == *word.style);
+        m_style = &*word.style;
+        if (same) {
+            m_runs.back().text += word.text;
+        } else {
+            m_runs.push_back({word.text, *word.style, word.shift, word.link});
+        }
+    }
+
+    // Separators belong to the run before them, so that a link or an underline does not begin with a space.
+    void add(Separator separator)
+    {
+        if (m_runs.empty()) {
+            return;
+        }
+        QString &text = m_runs.back().text;
+        switch (separator) {
+        case Separator::None:
+            break;
+        case Separator::Space:
+            text += QLatin1Char(' ');
+            break;
+        case Separator::LineBreak:
+            text += QLatin1Char('\n');
+            break;
+        case Separator::Hyphen:
+            text.chop(1);
+            break;
+        }
+    }
+
+    std::vector<Run> take() { return std::move(m_runs); }
+
+private:
+    std::vector<Run> m_runs;
+    const Style *m_style = nullptr;
+};
+
+// The width of a letter; 0 when no word is long enough to tell.
+double letterWidth(const Paragraph &paragraph)
+{
+    constexpr qsizetype longWord = 3;
+    std::vector<double> widths;
+    for (const Line &line : paragraph.lines) {
+        for (const Word &word : line.words) {
+            if (word.text.size() >= longWord) {
+                widths.push_back(word.box.width() / static_cast<double>(word.text.size()));
+            }
+        }
+    }
+    return median(std::move(widths));
+}
+
+// The left edge of the lines from the first one on that stand below one another: preformatted text that goes on in
+// another column begins there anew.
+double leftEdge(const std::vector<Line> &lines, std::size_t first)
+{
+    double left = lines[first].box.left;
+    for (std::size_t i = first; i < lines.size() && (i == first || lines[i].baseline > lines[i - 1].baseline); ++i) {
+        for (const Word &word : lines[i].words) {
+            left = std::min(left, word.box.left);
+        }
+    }
+    return left;
+}
+
+std::vector<Run> spacedLine(const Line &line, double left, double width)
+{
+    constexpr qsizetype mostSpaces = 200; // a width that is far off must not fill the memory
+    std::vector<Run> runs;
+    qsizetype column = 0;
+    for (std::size_t i = 0; i < line.words.size(); ++i) {
+        const Word &word = line.words[i];
+        const bool joined = i > 0 && !line.words[i - 1].spaceAfter();
+        const auto wanted = static_cast<qsizetype>(std::lround((word.box.left - left) / width));
+        const qsizetype least = i == 0 || joined ? 0 : 1;
+        const qsizetype spaces = joined ? 0 : std::clamp(wanted - column, least, mostSpaces);
+        runs.push_back({QString(spaces, QLatin1Char(' ')) + word.text, *word.style, BaselineShift::None, word.link});
+        column += spaces + word.text.size();
+    }
+    return runs;
+}
+
+} // namespace
+
+std::vector<Run> runsOf(const Paragraph &paragraph)
+{
+    RunBuilder builder;
+    const Word *before = nullptr;
+    bool isMark = paragraph.listItem.has_value();
+    for (const Line &line : paragraph.lines) {
+        for (const Word &word : line.words) {
+            if (std::exchange(isMark, false)) {
+                continue;
+            }
+            if (before) {
+                builder.add(before->separator);
+            }
+            builder.add(word);
+            before = &word;
+        }
+    }
+    return builder.take();
+}
+
+std::vector<Run> runsOf(const Line &line)
+{
+    RunBuilder builder;
+    for (std::size_t i = 0; i < line.words.size(); ++i) {
+        if (i > 0) {
+            builder.add(line.words[i - 1].spaceAfter() ? Separator::Space : Separator::None);
+        }
+        builder.add(line.words[i]);
+    }
+    return builder.take();
+}
+
+QString plainText(const std::vector<Run> &runs)
+{
+    QString text;
+    for (const Run &run : runs) {
+        text += run.text;
+    }
+    return text;
+}
+
+QString plainText(const Paragraph &paragraph)
+{
+    return plainText(runsOf(paragraph));
+}
+
+QString plainText(const Line &line)
+{
+    QString text;
+    for (std::size_t i = 0; i < line.words.size(); ++i) {
+        text += line.words[i].text;
+        if (i + 1 < line.words.size() && line.words[i].spaceAfter()) {
+            text += QLatin1Char(' ');
+        }
+    }
+    return text;
+}
+
+std::vector<std::vector<Run>> preformattedLines(const Paragraph &paragraph)
+{
+    std::vector<std::vector<Run>> lines;
+    const double width = paragraph.preformatted ? letterWidth(paragraph) : 0;
+    if (width <= 0) {
+        return lines;
+    }
+    double left = 0;
+    for (std::size_t i = 0; i < paragraph.lines.size(); ++i) {
+        if (i == 0 || paragraph.lines[i].baseline <= paragraph.lines[i - 1].baseline) {
+            left = leftEdge(paragraph.lines, i);
+        }
+        lines.push_back(spacedLine(paragraph.lines[i], left, width));
+    }
+    return lines;
+}
+
+} // namespace quorra::model
