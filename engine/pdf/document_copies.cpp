@@ -10,9 +10,8 @@ DocumentCopies::Loan DocumentCopies::borrow()
     Document *document = takeFree();
     if (!document) { // opened outside the lock, so that threads open at the same time
         std::unique_ptr<Document> opened = m_original.openAgain();
-        document = opened.get();
         const std::lock_guard lock(m_mutex);
-        m_opened.push_back(std::move(opened));
+        document = m_opened.emplace_back(std::move(opened)).get();
     }
     return Loan(document, [this](Document *used) { giveBack(used); });
 }
