@@ -59,7 +59,8 @@ QString languageOf(const model::Document &document)
     LetterCount letters;
     for (const model::Page &page : document.pages) {
         office::forEachParagraph(page, [&letters](const model::Paragraph &paragraph) {
-            for (const QChar c : model::plainText(paragraph)) {
+            const QString text = model::plainText(paragraph);
+            for (const QChar c : text) {
                 count(letters, c);
             }
         });
