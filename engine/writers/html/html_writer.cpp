@@ -25,7 +25,6 @@ using model::Block;
 using model::Page;
 using model::Paragraph;
 using model::Picture;
-using model::Role;
 using model::Style;
 using model::Table;
 
