@@ -82,7 +82,8 @@ model::RawPage crowdedPage(const QString &kind, int count)
     model::RawPage page;
     for (int i = 0; i < count; ++i) {
         const double x = 5 + step * (i % columns);
-        const double y = 5 + 0.9 * step * (i / columns);
+        const int row = i / columns;
+        const double y = 5 + 0.9 * step * row;
         model::RawWord word;
         word.text = QStringLiteral("w%1").arg(i % columns);
         word.style.size = 4;

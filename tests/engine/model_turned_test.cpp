@@ -182,8 +182,8 @@ void ModelTurnedTest::scalingMovesEdgesWithTheirTable()
         const Box upright{
             table->columnEdges.at(static_cast<std::size_t>(cell.column)),
             table->rowEdges.at(static_cast<std::size_t>(cell.row)),
-            table->columnEdges.at(static_cast<std::size_t>(cell.column + cell.columnSpan)),
-            table->rowEdges.at(static_cast<std::size_t>(cell.row + cell.rowSpan))};
+            table->columnEdges.at(static_cast<std::size_t>(cell.column) + static_cast<std::size_t>(cell.columnSpan)),
+            table->rowEdges.at(static_cast<std::size_t>(cell.row) + static_cast<std::size_t>(cell.rowSpan))};
         QCOMPARE(nearly(turn.box(upright)), nearly(cell.box));
     }
 }
