@@ -172,9 +172,9 @@ public:
             return {};
         }
         bool &insideWord = m_insideWord[meanSize(paragraph)];
-        const std::string text = !paragraph.continuesPrevious ? ""
-                                 : insideWord                 ? "goes on inside a word"
-                                                              : "goes on inside a sentence";
+        std::string text = !paragraph.continuesPrevious ? ""
+                           : insideWord                 ? "goes on inside a word"
+                                                        : "goes on inside a sentence";
         insideWord = endsInsideWord(paragraph);
         return text;
     }
