@@ -14,12 +14,15 @@ using model::PictureKind;
 namespace {
 
 /// Four pictures on the first page of a sample, two of them drawings; it does not matter what is seen there.
-const std::vector<model::Picture> fourPictures = {
-    {{72, 72, 172, 172}, PictureKind::Drawing},
-    {{200, 80, 300, 150}, PictureKind::Image},
-    {{72, 300, 300, 420}, PictureKind::Drawing},
-    {{310, 300, 500, 420}, PictureKind::Image},
-};
+std::vector<model::Picture> fourPictures()
+{
+    return {
+        {{72, 72, 172, 172}, PictureKind::Drawing},
+        {{200, 80, 300, 150}, PictureKind::Image},
+        {{72, 300, 300, 420}, PictureKind::Drawing},
+        {{310, 300, 500, 420}, PictureKind::Image},
+    };
+}
 
 model::Document documentOf(const std::vector<model::Picture> &pictures)
 {
@@ -69,8 +72,8 @@ private Q_SLOTS:
         QFETCH(int, drawings);
         Document document(sample(), {}, {});
         PagePictureSource source(document, ColourDepth::Colour, 72, 72);
-        source.expect(documentOf(fourPictures), words);
-        for (const model::Picture &picture : fourPictures) {
+        source.expect(documentOf(fourPictures()), words);
+        for (const model::Picture &picture : fourPictures()) {
             const PictureKind kind = words == DrawingWords::Apart ? PictureKind::Image : picture.kind;
             const model::EncodedPicture encoded = source.encode(1, picture.box, kind);
             PagePictureSource alone(document, ColourDepth::Colour, 72, 72);
