@@ -8,7 +8,7 @@
 
 #include <string>
 
-/// Pages made by hand, the way the collector would deliver them.
+/// Pages made by hand, as the PDF room delivers them.
 class PageMaker
 {
 public:

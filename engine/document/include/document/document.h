@@ -8,7 +8,7 @@
 #include <vector>
 
 // The document as a reader sees it: pages with sections of columns, and in them paragraphs, tables and pictures.
-// All writers work from these types. Units and origin are those of page.h.
+// All writers work from these types. Units and origin are those of raw_page.h.
 //
 // What every coordinate means, once buildDocument() is done:
 // - Boxes (of columns, blocks, cells, lines, words, pictures, fills), rules and baselines count on the page as shown,
