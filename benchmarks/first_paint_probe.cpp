@@ -15,8 +15,9 @@ constexpr int reportDescriptor = 3;
 
 void report(const QByteArray &text)
 {
-    if (::write(reportDescriptor, text.constData(), static_cast<std::size_t>(text.size())) < 0)
+    if (::write(reportDescriptor, text.constData(), static_cast<std::size_t>(text.size())) < 0) {
         ::_exit(1);
+    }
 }
 
 class FirstPaintProbe : public QObject
@@ -24,11 +25,13 @@ class FirstPaintProbe : public QObject
 public:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() != QEvent::Paint || !watched->isWidgetType())
+        if (event->type() != QEvent::Paint || !watched->isWidgetType()) {
             return false;
+        }
         const QWidget *widget = static_cast<QWidget *>(watched);
-        if (!widget->isWindow() || widget == m_painted)
+        if (!widget->isWindow() || widget == m_painted) {
             return false;
+        }
         const bool first = !m_painted;
         m_painted = widget;
         // The paint event only begins the painting; what is queued here runs when all of it is done.
@@ -42,8 +45,9 @@ private:
     {
         report("P");
         auto *button = m_painted->findChild<QToolButton *>(QStringLiteral("toolButton_Setting"));
-        if (!button || !qEnvironmentVariableIsSet("QUORRA_PROBE_SETTING"))
+        if (!button || !qEnvironmentVariableIsSet("QUORRA_PROBE_SETTING")) {
             ::_exit(0);
+        }
         // Whatever the program does after its first paint is not part of opening the dialog.
         QCoreApplication::processEvents();
         m_opening.start();

@@ -12,10 +12,12 @@ int main()
     block.fill('x');
     block.back() = '\n';
     for (std::size_t sent = 0; sent < total; sent += block.size()) {
-        if (::write(STDOUT_FILENO, block.data(), block.size()) < 0)
+        if (::write(STDOUT_FILENO, block.data(), block.size()) < 0) {
             return 1;
-        if (::write(STDERR_FILENO, block.data(), block.size()) < 0)
+        }
+        if (::write(STDERR_FILENO, block.data(), block.size()) < 0) {
             return 1;
+        }
     }
     return 0;
 }

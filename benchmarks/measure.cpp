@@ -36,8 +36,9 @@ void writeAll(int descriptor, const char *bytes, std::size_t count)
 {
     while (count > 0) {
         const ssize_t written = ::write(descriptor, bytes, count);
-        if (written <= 0)
+        if (written <= 0) {
             return;
+        }
         bytes += written;
         count -= static_cast<std::size_t>(written);
     }
@@ -67,8 +68,9 @@ double milliseconds(const std::function<void()> &work)
 
 double median(std::vector<double> values)
 {
-    if (values.empty())
+    if (values.empty()) {
         return 0;
+    }
     std::sort(values.begin(), values.end());
     const std::size_t middle = values.size() / 2;
     return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
@@ -79,11 +81,13 @@ Sides interleaved(int rounds, const std::function<double()> &ours, const std::fu
     std::vector<double> oursTimes;
     std::vector<double> floorTimes;
     for (int round = 0; round < rounds; ++round) {
-        if (round % 2 == 0)
+        if (round % 2 == 0) {
             oursTimes.push_back(ours());
+        }
         floorTimes.push_back(floor());
-        if (round % 2 == 1)
+        if (round % 2 == 1) {
             oursTimes.push_back(ours());
+        }
     }
     return {median(oursTimes), median(floorTimes)};
 }
@@ -91,8 +95,9 @@ Sides interleaved(int rounds, const std::function<double()> &ours, const std::fu
 std::vector<double> inOwnProcess(const std::function<std::vector<double>()> &work)
 {
     std::array<int, 2> ends{};
-    if (::pipe(ends.data()) != 0)
+    if (::pipe(ends.data()) != 0) {
         return {};
+    }
     const pid_t child = ::fork();
     if (child == 0) {
         ::close(ends[0]);
@@ -102,10 +107,12 @@ std::vector<double> inOwnProcess(const std::function<std::vector<double>()> &wor
     const std::string bytes = child > 0 ? readAll(ends[0]) : std::string();
     ::close(ends[0]);
     int status = -1;
-    if (child > 0)
+    if (child > 0) {
         ::waitpid(child, &status, 0);
-    if (status != 0)
+    }
+    if (status != 0) {
         return {};
+    }
     std::vector<double> values(bytes.size() / sizeof(double));
     std::memcpy(values.data(), bytes.data(), values.size() * sizeof(double));
     return values;
@@ -131,8 +138,9 @@ std::string readAll(int descriptor)
     std::string all;
     std::array<char, 4096> buffer{};
     ssize_t count = 0;
-    while ((count = ::read(descriptor, buffer.data(), buffer.size())) > 0)
+    while ((count = ::read(descriptor, buffer.data(), buffer.size())) > 0) {
         all.append(buffer.data(), static_cast<std::size_t>(count));
+    }
     return all;
 }
 
@@ -143,8 +151,9 @@ MemoryFolder::MemoryFolder()
     const std::filesystem::path base =
         std::filesystem::is_directory(shared, error) ? shared : std::filesystem::temp_directory_path();
     m_path = (base / "quorra-benchmark-XXXXXX").string();
-    if (!::mkdtemp(m_path.data()))
+    if (!::mkdtemp(m_path.data())) {
         throw std::runtime_error("no folder can be made in " + base.string());
+    }
 }
 
 MemoryFolder::~MemoryFolder()

@@ -35,8 +35,9 @@ void PlainTable::fill(const QStringList &paths)
 void PlainTable::refillWithEveryOther()
 {
     QList<std::pair<QString, QString>> kept;
-    for (int row = 1; row < m_table.rowCount(); row += 2)
+    for (int row = 1; row < m_table.rowCount(); row += 2) {
         kept.append({m_table.item(row, 0)->text(), m_table.item(row, 1)->text()});
+    }
     m_table.setRowCount(0);
     m_table.setRowCount(static_cast<int>(kept.size()));
     for (int row = 0; row < kept.size(); ++row) {
@@ -48,8 +49,9 @@ void PlainTable::refillWithEveryOther()
 QStringList localPaths(const QList<QUrl> &urls)
 {
     QStringList paths;
-    for (const QUrl &url : urls)
+    for (const QUrl &url : urls) {
         paths.append(url.toLocalFile());
+    }
     return paths;
 }
 

@@ -44,8 +44,9 @@ QListWidget *formatList()
     list->setMinimumHeight(300);
     for (const char *text :
          {"PDF to Word", "PDF to Excel", "PDF to PPT", "PDF to HTML", "PDF to XML", "PDF to PostScript", "PDF to EPS",
-          "PDF to Text", "PDF to Image"})
+          "PDF to Text", "PDF to Image"}) {
         list->addItem(QString::fromLatin1(text));
+    }
     list->setCurrentRow(0);
     return list;
 }
@@ -61,8 +62,9 @@ QTableWidget *fileTable()
     table->horizontalHeader()->setStretchLastSection(true);
     table->verticalHeader()->setVisible(false);
     table->setContextMenuPolicy(Qt::ActionsContextMenu);
-    for (const char *text : {"Add File(s)", "View PDF File", "Delete Selected Item(s)", "Delete All Item(s)"})
+    for (const char *text : {"Add File(s)", "View PDF File", "Delete Selected Item(s)", "Delete All Item(s)"}) {
         table->addAction(new QAction(QString::fromLatin1(text), table));
+    }
     table->setColumnWidth(0, 400);
     return table;
 }

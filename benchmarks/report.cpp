@@ -29,8 +29,9 @@ std::string processorName()
     std::string line;
     while (std::getline(info, line)) {
         const std::size_t colon = line.find(": ");
-        if (line.rfind("model name", 0) == 0 && colon != std::string::npos)
+        if (line.rfind("model name", 0) == 0 && colon != std::string::npos) {
             return line.substr(colon + 2);
+        }
     }
     return "unknown processor";
 }
@@ -38,8 +39,9 @@ std::string processorName()
 std::string lineText(const Cells &cells, const std::array<std::size_t, 6> &widths)
 {
     std::string line = "|";
-    for (std::size_t column = 0; column < cells.size(); ++column)
+    for (std::size_t column = 0; column < cells.size(); ++column) {
         line += " " + cells[column] + std::string(widths[column] - cells[column].size(), ' ') + " |";
+    }
     return line + "\n";
 }
 
@@ -47,8 +49,9 @@ std::string lineText(const Cells &cells, const std::array<std::size_t, 6> &width
 
 Row ratioRow(const std::string &figure, const std::string &unit, const Sides &sides, double limit)
 {
-    if (sides.ours <= 0 || sides.floor <= 0)
+    if (sides.ours <= 0 || sides.floor <= 0) {
         return failedRow(figure);
+    }
     const double ratio = sides.ours / sides.floor;
     return {figure,
             number(sides.ours, unit),
@@ -87,21 +90,26 @@ std::string machineText()
 std::string tableText(const std::vector<Row> &rows)
 {
     std::vector<Cells> lines = {{"Figure", "Ours", "Floor", "Ratio", "Target", "Result"}};
-    for (const Row &row : rows)
+    for (const Row &row : rows) {
         lines.push_back({row.figure, row.ours, row.floor, row.ratio, row.target, row.met ? "ok" : "missed"});
+    }
     std::array<std::size_t, 6> widths{};
-    for (const Cells &cells : lines)
-        for (std::size_t column = 0; column < cells.size(); ++column)
+    for (const Cells &cells : lines) {
+        for (std::size_t column = 0; column < cells.size(); ++column) {
             widths[column] = std::max(widths[column], cells[column].size());
+        }
+    }
 
     Cells rule;
-    for (std::size_t column = 0; column < rule.size(); ++column)
+    for (std::size_t column = 0; column < rule.size(); ++column) {
         rule[column] = std::string(widths[column], '-');
+    }
     lines.insert(lines.begin() + 1, rule);
 
     std::string text;
-    for (const Cells &cells : lines)
+    for (const Cells &cells : lines) {
         text += lineText(cells, widths);
+    }
     return text;
 }
 

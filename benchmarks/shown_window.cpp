@@ -46,8 +46,9 @@ void ShownWindow::run(const QString &outputFolder)
     m_window->findChild<QLineEdit *>(QStringLiteral("lineEdit_OutputPath"))->setText(outputFolder);
     const QToolButton *start = button("toolButton_Start");
     press("toolButton_Start");
-    while (start->text() == QLatin1String("Stop"))
+    while (start->text() == QLatin1String("Stop")) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
 }
 
 void ShownWindow::handleEvents()
@@ -61,8 +62,9 @@ void ShownWindow::settle()
     constexpr int twoFrames = 40; // milliseconds
     QElapsedTimer timer;
     timer.start();
-    while (timer.elapsed() < twoFrames)
+    while (timer.elapsed() < twoFrames) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, twoFrames);
+    }
 }
 
 QToolButton *ShownWindow::button(const char *name) const
@@ -78,8 +80,9 @@ QList<QUrl> makeFiles(const std::string &folder, int count)
     for (int index = 0; index < count; ++index) {
         const QString path = base + QStringLiteral("/document %1.pdf").arg(index);
         QFile file(path);
-        if (file.open(QIODevice::WriteOnly))
+        if (file.open(QIODevice::WriteOnly)) {
             file.write(QByteArray(2000 + index % 1000, ' '));
+        }
         urls.append(QUrl::fromLocalFile(path));
     }
     return urls;

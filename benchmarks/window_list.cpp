@@ -24,8 +24,9 @@ Row listFigure(
         // Many rows may stand for the same few files: what is measured is the rows.
         const QList<QUrl> files = makeFiles(folder, std::min(count, 20'000));
         QList<QUrl> urls;
-        while (urls.size() < count)
+        while (urls.size() < count) {
             urls.append(files);
+        }
         const Sides sides = measure(window, plain, urls, rounds);
         return std::vector<double>{sides.ours, sides.floor};
     });
@@ -36,8 +37,9 @@ Row listFigure(
 void selectEveryOther(QTableWidget *table)
 {
     QItemSelection rows;
-    for (int row = 0; row < table->rowCount(); row += 2)
+    for (int row = 0; row < table->rowCount(); row += 2) {
         rows.append(QItemSelectionRange(table->model()->index(row, 0), table->model()->index(row, 1)));
+    }
     table->selectionModel()->setCurrentIndex(table->model()->index(1, 0), QItemSelectionModel::NoUpdate);
     table->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
 }

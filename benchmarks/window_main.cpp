@@ -44,8 +44,9 @@ int measureAll(const std::vector<std::string> &wanted)
     ::setenv("QT_LOGGING_RULES", "default.warning=false", 1);
     std::vector<Row> rows;
     for (const Figure &figure : figures) {
-        if (!wanted.empty() && std::find(wanted.begin(), wanted.end(), figure.name) == wanted.end())
+        if (!wanted.empty() && std::find(wanted.begin(), wanted.end(), figure.name) == wanted.end()) {
             continue;
+        }
         std::cerr << "measuring: " << figure.name << std::endl;
         const std::string folder = memory.path() + "/" + figure.name;
         std::filesystem::create_directory(folder);

@@ -16,8 +16,9 @@ Row memoryOverRun(const std::string &figure, const std::string &engine, const st
         ShownWindow window(folder);
         window.drop(makeFiles(folder, count));
         ShownWindow::settle();
-        if (window.table()->rowCount() != count)
+        if (window.table()->rowCount() != count) {
             return std::vector<double>();
+        }
         resetPeakMemory();
         const long before = residentMemory();
         window.run(QString::fromStdString(folder));

@@ -24,8 +24,9 @@ void spawnAndWait(int count)
     char *const arguments[] = {engine, modeName, mode, call, input, output, nullptr};
     for (int index = 0; index < count; ++index) {
         pid_t child = 0;
-        if (::posix_spawn(&child, engine, nullptr, nullptr, arguments, environ) == 0)
+        if (::posix_spawn(&child, engine, nullptr, nullptr, arguments, environ) == 0) {
             ::waitpid(child, nullptr, 0);
+        }
     }
 }
 
@@ -39,8 +40,9 @@ Row runFigure(const Programs &programs, const std::string &folder)
     const std::vector<double> medians = inOwnProcess([&folder] {
         ShownWindow window(folder);
         window.drop(makeFiles(folder, count));
-        if (window.table()->rowCount() != count)
+        if (window.table()->rowCount() != count) {
             return std::vector<double>();
+        }
         const QString output = QString::fromStdString(folder);
         const auto ours = [&] { return milliseconds([&] { window.run(output); }) / count; };
         const auto floor = [] { return milliseconds([] { spawnAndWait(count); }) / count; };

@@ -23,10 +23,12 @@ struct Start
 std::vector<std::string> probedEnvironment(const std::string &probe, bool openDialog)
 {
     std::vector<std::string> variables = {"QT_QPA_PLATFORM=offscreen", "LD_PRELOAD=" + probe};
-    if (openDialog)
+    if (openDialog) {
         variables.emplace_back("QUORRA_PROBE_SETTING=1");
-    for (char **variable = environ; *variable; ++variable)
+    }
+    for (char **variable = environ; *variable; ++variable) {
         variables.emplace_back(*variable);
+    }
     return variables;
 }
 
@@ -35,8 +37,9 @@ pid_t spawn(const std::string &program, std::vector<std::string> environment, in
 {
     std::vector<char *> variables;
     variables.reserve(environment.size() + 1);
-    for (std::string &variable : environment)
+    for (std::string &variable : environment) {
         variables.push_back(variable.data());
+    }
     variables.push_back(nullptr);
     std::string name = program;
     std::array<char *, 2> arguments = {name.data(), nullptr};
@@ -44,8 +47,9 @@ pid_t spawn(const std::string &program, std::vector<std::string> environment, in
     ::posix_spawn_file_actions_init(&actions);
     ::posix_spawn_file_actions_adddup2(&actions, reportEnd, 3);
     pid_t child = -1;
-    if (::posix_spawn(&child, program.c_str(), &actions, nullptr, arguments.data(), variables.data()) != 0)
+    if (::posix_spawn(&child, program.c_str(), &actions, nullptr, arguments.data(), variables.data()) != 0) {
         child = -1;
+    }
     ::posix_spawn_file_actions_destroy(&actions);
     return child;
 }
@@ -54,21 +58,24 @@ Start measureStart(const std::string &program, const std::string &probe, bool op
 {
     Start start;
     std::array<int, 2> ends{};
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0)
+    if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
         return start;
+    }
     const std::vector<std::string> environment = probedEnvironment(probe, openDialog);
     pid_t child = -1;
     char painted = 0;
     const double untilPaint = milliseconds([&] {
         child = spawn(program, environment, ends[1]);
         ::close(ends[1]);
-        if (child < 0 || ::read(ends[0], &painted, 1) != 1)
+        if (child < 0 || ::read(ends[0], &painted, 1) != 1) {
             painted = 0;
+        }
     });
     const std::string dialog = readAll(ends[0]);
     ::close(ends[0]);
-    if (child > 0)
+    if (child > 0) {
         ::waitpid(child, nullptr, 0);
+    }
     start.firstPaint = painted == 'P' ? untilPaint : 0;
     start.dialog = dialog.empty() ? 0 : std::stod(dialog);
     return start;

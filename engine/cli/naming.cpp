@@ -7,8 +7,8 @@ namespace quorra {
 
 namespace {
 
-constexpr int DefaultDigits = 4;
-constexpr int MostDigits = 20;
+constexpr int defaultDigits = 4;
+constexpr int mostDigits = 20;
 
 bool isDigit(char c)
 {
@@ -34,10 +34,12 @@ NumberField findField(std::string_view text)
     for (std::size_t begin = text.find('%'); begin != std::string_view::npos; begin = text.find('%', begin + 1)) {
         std::size_t end = begin + 1;
         int width = 0;
-        for (; end < text.size() && isDigit(text[end]); ++end)
-            width = std::min(width * 10 + (text[end] - '0'), MostDigits);
-        if (end < text.size() && text[end] == 'd')
+        for (; end < text.size() && isDigit(text[end]); ++end) {
+            width = std::min(width * 10 + (text[end] - '0'), mostDigits);
+        }
+        if (end < text.size() && text[end] == 'd') {
             return {begin, end + 1, width};
+        }
     }
     return {};
 }
@@ -69,8 +71,9 @@ PathParts split(std::string_view path)
 std::string withNumber(std::string_view text, int number)
 {
     const NumberField field = findField(text);
-    if (field.begin == std::string_view::npos)
-        return std::string(text) + digits(number, DefaultDigits);
+    if (field.begin == std::string_view::npos) {
+        return std::string(text) + digits(number, defaultDigits);
+    }
     return std::string(text.substr(0, field.begin)) + digits(number, field.width) + std::string(text.substr(field.end));
 }
 
@@ -82,8 +85,9 @@ std::string cleanTemplate(std::string_view tempName, std::string_view extension)
             name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }),
         name.end());
     if (name.size() >= extension.size() &&
-        sameLetters(std::string_view(name).substr(name.size() - extension.size()), extension))
+        sameLetters(std::string_view(name).substr(name.size() - extension.size()), extension)) {
         name.resize(name.size() - extension.size());
+    }
     return name;
 }
 
@@ -93,11 +97,12 @@ std::string pageFilePath(const Options &options, int position, int count)
     const std::string wanted = cleanTemplate(options.tempName, path.extension);
     const bool single = count == 1;
     std::string name;
-    if (wanted.empty() || (single && !options.tempNameForSingle))
-        name = single ? std::string(path.base) : std::string(path.base) + digits(position, DefaultDigits);
-    else
+    if (wanted.empty() || (single && !options.tempNameForSingle)) {
+        name = single ? std::string(path.base) : std::string(path.base) + digits(position, defaultDigits);
+    } else {
         // A template without a number field serves a single file as it stands.
         name = single && findField(wanted).begin == std::string_view::npos ? wanted : withNumber(wanted, position);
+    }
     return std::string(path.folder) + name + std::string(path.extension);
 }
 

@@ -11,9 +11,9 @@ namespace quorra {
 
 namespace {
 
-constexpr std::string_view Usage = "usage: Qtminw [options] -call INPUT OUTPUT";
+constexpr std::string_view usageText = "usage: Qtminw [options] -call INPUT OUTPUT";
 
-constexpr std::array<Compression, 8> Compressions = {
+constexpr std::array<Compression, 8> compressions = {
     Compression::None,     Compression::Group3OneD, Compression::Group4,     Compression::Lzw,
     Compression::PackBits, Compression::ClassFLow,  Compression::ClassFFine, Compression::Group3TwoD,
 };
@@ -24,24 +24,27 @@ int number(const std::string &option, const std::string &text, int least)
     int value = 0;
     const char *const end = text.data() + text.size();
     const auto parsed = std::from_chars(text.data(), end, value);
-    if (parsed.ec != std::errc() || parsed.ptr != end || value < least)
+    if (parsed.ec != std::errc() || parsed.ptr != end || value < least) {
         throw Failure(ExitStatus::Usage, "option " + option + " needs a whole number from " + std::to_string(least));
+    }
     return value;
 }
 
 Compression compression(const std::string &option, const std::string &text)
 {
     const auto wanted = static_cast<Compression>(number(option, text, 0));
-    if (std::find(Compressions.begin(), Compressions.end(), wanted) == Compressions.end())
+    if (std::find(compressions.begin(), compressions.end(), wanted) == compressions.end()) {
         throw Failure(ExitStatus::Usage, "option " + option + " does not know the code " + text);
+    }
     return wanted;
 }
 
 WordMode wordMode(const std::string &option, const std::string &text)
 {
     const int wanted = number(option, text, 0);
-    if (wanted > static_cast<int>(WordMode::Continuous))
+    if (wanted > static_cast<int>(WordMode::Continuous)) {
         throw Failure(ExitStatus::Usage, "option " + option + " does not know the mode " + text);
+    }
     return static_cast<WordMode>(wanted);
 }
 
@@ -51,7 +54,7 @@ struct Switch
     void (*set)(Options &);
 };
 
-constexpr std::array<Switch, 5> Switches = {{
+constexpr std::array<Switch, 5> switches = {{
     {"-tempname1", [](Options &o) { o.tempNameForSingle = true; }},
     {"-mono", [](Options &o) { o.colourDepth = ColourDepth::Mono; }},
     {"-gray", [](Options &o) { o.colourDepth = ColourDepth::Gray; }},
@@ -67,7 +70,7 @@ struct ValueOption
 
 using Text = const std::string &;
 
-constexpr std::array<ValueOption, 11> ValueOptions = {{
+constexpr std::array<ValueOption, 11> valueOptions = {{
     {"-tempname", [](Options &o, Text, Text value) { o.tempName = value; }},
     {"-f", [](Options &o, Text name, Text value) { o.firstPage = number(name, value, 1); }},
     {"-l", [](Options &o, Text name, Text value) { o.lastPage = number(name, value, 1); }},
@@ -94,18 +97,20 @@ Options parseOptions(const std::vector<std::string> &arguments)
 {
     // The three last arguments are fixed by their place, so a path or a value may look like an option.
     const std::size_t count = arguments.size();
-    if (count < 3 || arguments[count - 3] != "-call")
-        throw Failure(ExitStatus::Usage, std::string(Usage));
+    if (count < 3 || arguments[count - 3] != "-call") {
+        throw Failure(ExitStatus::Usage, std::string(usageText));
+    }
     Options options;
     options.inputPath = arguments[count - 2];
     options.outputPath = arguments[count - 1];
     for (std::size_t i = 0; i < count - 3; ++i) {
         const std::string &name = arguments[i];
-        if (const Switch *found = find(Switches, name)) {
+        if (const Switch *found = find(switches, name)) {
             found->set(options);
-        } else if (const ValueOption *withValue = find(ValueOptions, name)) {
-            if (++i == count - 3)
+        } else if (const ValueOption *withValue = find(valueOptions, name)) {
+            if (++i == count - 3) {
                 throw Failure(ExitStatus::Usage, "option " + name + " needs a value");
+            }
             withValue->set(options, name, arguments[i]);
         } else {
             // The argument itself is not shown: a password with a quote in it arrives here in pieces.

@@ -10,12 +10,14 @@ namespace quorra {
 PageRange pageRange(const Options &options, int pageCount)
 {
     const PageRange range{options.firstPage.value_or(1), std::min(options.lastPage.value_or(pageCount), pageCount)};
-    if (range.first > pageCount)
+    if (range.first > pageCount) {
         throw Failure(
             ExitStatus::Usage,
             "the first page is " + std::to_string(range.first) + ", the document has " + std::to_string(pageCount));
-    if (range.first > range.last)
+    }
+    if (range.first > range.last) {
         throw Failure(ExitStatus::Usage, "the first page comes after the last");
+    }
     return range;
 }
 

@@ -23,7 +23,7 @@ struct Row
     Converter converter;
 };
 
-constexpr std::array<Row, 26> Rows = {{
+constexpr std::array<Row, 26> rows = {{
     {".txt", convertToText},       {".html", convertToHtml},   {".htm", convertToHtml},    {".xml", convertToXml},
     {".doc", convertToWord},       {".docx", convertToWord},   {".rtf", convertToWord},    {".ppt", convertToSlides},
     {".pptx", convertToSlides},    {".xls", convertToSheets},  {".xlsx", convertToSheets}, {".ps", convertToPostScript},
@@ -38,8 +38,8 @@ constexpr std::array<Row, 26> Rows = {{
 Converter converterFor(std::string_view extension)
 {
     const auto row =
-        std::find_if(Rows.begin(), Rows.end(), [&](const Row &each) { return each.extension == extension; });
-    return row == Rows.end() ? nullptr : row->converter;
+        std::find_if(rows.begin(), rows.end(), [&](const Row &each) { return each.extension == extension; });
+    return row == rows.end() ? nullptr : row->converter;
 }
 
 TimeAllowance timeAllowed(const Job &job, double finer)
@@ -58,19 +58,20 @@ void limitTime(const Job &job, double finer)
 
 double finerThanUsual(const Options &options)
 {
-    const double across = options.horizontalResolution(PictureResolution);
-    const double down = options.verticalResolution(PictureResolution);
-    return across * down / (PictureResolution * PictureResolution);
+    const double across = options.horizontalResolution(pictureResolution);
+    const double down = options.verticalResolution(pictureResolution);
+    return across * down / (pictureResolution * pictureResolution);
 }
 
 void convert(const Options &options)
 {
     const std::string extension = outputExtension(options.outputPath);
     const Converter converter = converterFor(extension);
-    if (!converter)
+    if (!converter) {
         throw Failure(
             ExitStatus::Usage, extension.empty() ? std::string("the output name has no extension")
                                                  : "unknown output extension " + extension);
+    }
     Document document(options.inputPath, options.userPassword, options.ownerPassword);
     const PageRange range = pageRange(options, document.pageCount());
     // What a killed run left where this one writes.

@@ -34,8 +34,8 @@ void convertToMarkup(const Job &job, bool xhtml)
         model::buildDocument(collectPages(copies, job.firstPage, job.pageCount(), Collect::Everything), forEachPage);
     model::joinContinuations(document, true);
     const PictureQuality quality{
-        job.options.colourDepth, static_cast<double>(job.options.horizontalResolution(EmbeddedResolution)),
-        static_cast<double>(job.options.verticalResolution(EmbeddedResolution))};
+        job.options.colourDepth, static_cast<double>(job.options.horizontalResolution(embeddedResolution)),
+        static_cast<double>(job.options.verticalResolution(embeddedResolution))};
     PagePictureSource drawn(job.document, quality.depth, quality.xres, quality.yres);
     drawn.expect(document);
     AheadPictures ahead(quality, copies, document, drawn);

@@ -17,11 +17,11 @@ namespace quorra {
 namespace {
 
 /// Pixels in memory at a time, shared by all threads; larger pictures are made in slices.
-constexpr std::int64_t MostPixels = 16'000'000;
-constexpr double PointsPerInch = 72;
+constexpr std::int64_t mostPixels = 16'000'000;
+constexpr double pointsPerInch = 72;
 
 /// The page's, and those of a transparent group on it and of the group's mask.
-constexpr std::uint64_t BitmapsInDrawing = 3;
+constexpr std::uint64_t bitmapsInDrawing = 3;
 
 /// What does not change from page to page.
 struct Plan
@@ -30,7 +30,7 @@ struct Plan
     std::string extension;
     ColourDepth depth;
     std::vector<PictureSize> sizes; ///< by position
-    std::int64_t slicePixels = MostPixels;
+    std::int64_t slicePixels = mostPixels;
 
     const PictureSize &size(int position) const { return sizes[static_cast<std::size_t>(position - 1)]; }
     int page(int position) const { return job.firstPage + position - 1; }
@@ -47,7 +47,7 @@ Plan makePlan(const Job &job)
         const PageSize points = job.document.pageSize(page);
         const PictureSize size = pictureSize(job.options, page, points.width, points.height);
         asked += static_cast<double>(size.width) * size.height;
-        usual += points.width * points.height * PictureResolution * PictureResolution / (PointsPerInch * PointsPerInch);
+        usual += points.width * points.height * pictureResolution * pictureResolution / (pointsPerInch * pointsPerInch);
         plan.sizes.push_back(size);
     }
     limitTime(job, asked / usual);
@@ -59,11 +59,12 @@ Plan makePlan(const Job &job)
 PoolMemory memoryFor(const Plan &plan)
 {
     std::uint64_t largest = 0; // pixels
-    for (const PictureSize &size : plan.sizes)
+    for (const PictureSize &size : plan.sizes) {
         largest = std::max(largest, static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height));
+    }
     const bool mono = plan.depth == ColourDepth::Mono;
-    const std::uint64_t pixelsAtATime = mono ? largest : std::min<std::uint64_t>(largest, MostPixels);
-    const std::uint64_t drawn = BitmapsInDrawing * (mono ? pixelsAtATime / 8 : pixelsAtATime * rowBytes(plan.depth, 1));
+    const std::uint64_t pixelsAtATime = mono ? largest : std::min<std::uint64_t>(largest, mostPixels);
+    const std::uint64_t drawn = bitmapsInDrawing * (mono ? pixelsAtATime / 8 : pixelsAtATime * rowBytes(plan.depth, 1));
     PoolMemory memory;
     (mono ? memory.perThread : memory.shared) = drawn;
     memory.perThread += largest * bytesKeptPerPixel(plan.extension, plan.depth);
@@ -73,8 +74,9 @@ PoolMemory memoryFor(const Plan &plan)
 int rowsPerSlice(const Plan &plan, const PictureSize &size)
 {
     // Mono is drawn whole: it is small, and its pattern of dots would start anew in each slice.
-    if (plan.depth == ColourDepth::Mono)
+    if (plan.depth == ColourDepth::Mono) {
         return size.height;
+    }
     return static_cast<int>(std::clamp<std::int64_t>(plan.slicePixels / size.width, 1, size.height));
 }
 
@@ -84,8 +86,9 @@ void drawSlices(const Plan &plan, PageRenderer &renderer, int position, Take tak
 {
     const PictureSize &size = plan.size(position);
     const int rows = rowsPerSlice(plan, size);
-    for (int top = 0; top < size.height; top += rows)
+    for (int top = 0; top < size.height; top += rows) {
         take(renderer.draw(plan.page(position), size, top, std::min(rows, size.height - top)));
+    }
 }
 
 void writeTiffPage(const Plan &plan, PageRenderer &renderer, int position, TiffFile &tiff)
@@ -99,7 +102,7 @@ void writePageFile(const Plan &plan, PageRenderer &renderer, int position)
 {
     OutputFile file(pageFilePath(plan.job.options, position, plan.job.pageCount()));
     if (plan.isTiff()) {
-        TiffFile tiff(file, plan.job.options.compression.value_or(DefaultTiffCompression), 1);
+        TiffFile tiff(file, plan.job.options.compression.value_or(defaultTiffCompression), 1);
         writeTiffPage(plan, renderer, position, tiff);
     } else {
         const auto writer = makePictureWriter(plan.extension, file, {plan.size(position), plan.depth});
@@ -112,8 +115,9 @@ void writePageFile(const Plan &plan, PageRenderer &renderer, int position)
 void writePageFiles(const Plan &plan, Document &document, const PageSource &next)
 {
     PageRenderer renderer(document, plan.depth);
-    while (const int position = next())
+    while (const int position = next()) {
         writePageFile(plan, renderer, position);
+    }
 }
 
 void writeMultipage(const Plan &plan)
@@ -122,9 +126,10 @@ void writeMultipage(const Plan &plan)
     OutputFile file(pageFilePath(plan.job.options, 1, 1));
     const int count = plan.job.pageCount();
     {
-        TiffFile tiff(file, plan.job.options.compression.value_or(DefaultTiffCompression), count);
-        for (int position = 1; position <= count; ++position)
+        TiffFile tiff(file, plan.job.options.compression.value_or(defaultTiffCompression), count);
+        for (int position = 1; position <= count; ++position) {
             writeTiffPage(plan, renderer, position, tiff);
+        }
     }
     file.commit();
 }
@@ -139,7 +144,7 @@ void convertToImages(const Job &job)
         return;
     }
     const int threads = poolSize(job.pageCount(), memoryFor(plan));
-    plan.slicePixels = MostPixels / threads;
+    plan.slicePixels = mostPixels / threads;
     DocumentCopies copies(job.document);
     runPool(threads, job.pageCount(), [&](const PageSource &next) {
         const DocumentCopies::Loan document = copies.borrow();

@@ -49,8 +49,8 @@ void convertThroughOffice(const Job &job, OdfKind kind, Component component, Dra
             collectPages(copies, job.firstPage, job.pageCount(), Collect::Everything), forEachPage);
         const Options &options = job.options;
         PagePictureSource pagePictures(
-            job.document, options.colourDepth, options.horizontalResolution(EmbeddedResolution),
-            options.verticalResolution(EmbeddedResolution));
+            job.document, options.colourDepth, options.horizontalResolution(embeddedResolution),
+            options.verticalResolution(embeddedResolution));
         pagePictures.expect(document, words);
         MovedPictures pictures(pagePictures);
         fitToOptions(document, options, pictures);

@@ -9,13 +9,14 @@ namespace quorra {
 
 namespace {
 
-constexpr double PointsPerInch = 72;
-constexpr double LargestPaper = 14400; ///< points; 200 inches
+constexpr double pointsPerInch = 72;
+constexpr double largestPaper = 14400; ///< points; 200 inches
 
 int points(double length)
 {
-    if (!(length <= LargestPaper))
+    if (!(length <= largestPaper)) {
         throw Failure(ExitStatus::Limit, "the asked page is more than 200 inches long");
+    }
     return length < 1 ? 1 : static_cast<int>(std::lround(length));
 }
 
@@ -23,10 +24,11 @@ int points(double length)
 
 std::optional<PaperSize> paperSize(const Options &options, double pageWidth, double pageHeight)
 {
-    if (!options.width && !options.height)
+    if (!options.width && !options.height) {
         return {};
-    const double width = options.width.value_or(0) * PointsPerInch / options.horizontalResolution(PaperResolution);
-    const double height = options.height.value_or(0) * PointsPerInch / options.verticalResolution(PaperResolution);
+    }
+    const double width = options.width.value_or(0) * pointsPerInch / options.horizontalResolution(paperResolution);
+    const double height = options.height.value_or(0) * pointsPerInch / options.verticalResolution(paperResolution);
     return PaperSize{
         points(options.width ? width : height * pageWidth / pageHeight),
         points(options.height ? height : width * pageHeight / pageWidth)};

@@ -12,12 +12,12 @@ namespace quorra {
 
 namespace {
 
-constexpr double PointsPerInch = 72;
+constexpr double pointsPerInch = 72;
 
-constexpr int FaxColumns = 1728;
-constexpr int FaxXRes = 204;
-constexpr int FaxYResLow = 98;
-constexpr int FaxYResFine = 196;
+constexpr int faxColumns = 1728;
+constexpr int faxXRes = 204;
+constexpr int faxYResLow = 98;
+constexpr int faxYResFine = 196;
 
 struct FixedDepth
 {
@@ -25,7 +25,7 @@ struct FixedDepth
     ColourDepth depth;
 };
 
-constexpr std::array<FixedDepth, 3> FixedDepths = {{
+constexpr std::array<FixedDepth, 3> fixedDepths = {{
     {".pbm", ColourDepth::Mono},
     {".pgm", ColourDepth::Gray},
     {".ppm", ColourDepth::Colour},
@@ -50,29 +50,29 @@ bool isClassF(const Options &options)
 int pixels(double length)
 {
     const double whole = std::ceil(length);
-    return !(whole >= 1) ? 1 : whole > limits::LargestSide ? limits::LargestSide + 1 : static_cast<int>(whole);
+    return !(whole >= 1) ? 1 : whole > limits::largestSide ? limits::largestSide + 1 : static_cast<int>(whole);
 }
 
 PictureSize byResolution(double xres, double yres, double pageWidth, double pageHeight)
 {
     return {
-        pixels(pageWidth * xres / PointsPerInch), pixels(pageHeight * yres / PointsPerInch), xres, yres, xres, yres};
+        pixels(pageWidth * xres / pointsPerInch), pixels(pageHeight * yres / pointsPerInch), xres, yres, xres, yres};
 }
 
 PictureSize bySize(const Options &options, double pageWidth, double pageHeight)
 {
-    const double byWidth = options.width ? *options.width * PointsPerInch / pageWidth : 0;
-    const double byHeight = options.height ? *options.height * PointsPerInch / pageHeight : 0;
+    const double byWidth = options.width ? *options.width * pointsPerInch / pageWidth : 0;
+    const double byHeight = options.height ? *options.height * pointsPerInch / pageHeight : 0;
     // The side that follows from the other must not grow by a pixel that only rounding made.
-    constexpr double RoundingNoise = 1e-6;
+    constexpr double roundingNoise = 1e-6;
     PictureSize size = byResolution(
-        options.width ? byWidth : byHeight, options.height ? byHeight : byWidth, pageWidth - RoundingNoise,
-        pageHeight - RoundingNoise);
+        options.width ? byWidth : byHeight, options.height ? byHeight : byWidth, pageWidth - roundingNoise,
+        pageHeight - roundingNoise);
     size.width = options.width.value_or(size.width);
     size.height = options.height.value_or(size.height);
     if (options.xres || options.yres) {
-        size.xtag = options.horizontalResolution(PictureResolution);
-        size.ytag = options.verticalResolution(PictureResolution);
+        size.xtag = options.horizontalResolution(pictureResolution);
+        size.ytag = options.verticalResolution(pictureResolution);
     }
     return size;
 }
@@ -80,11 +80,11 @@ PictureSize bySize(const Options &options, double pageWidth, double pageHeight)
 /// A fax line has a fixed length: the page is scaled to it, its shape kept.
 PictureSize forFax(Compression compression, double pageWidth, double pageHeight)
 {
-    const int yres = compression == Compression::ClassFLow ? FaxYResLow : FaxYResFine;
-    const double xres = FaxColumns * PointsPerInch / pageWidth;
-    PictureSize size = byResolution(xres, xres * yres / FaxXRes, pageWidth, pageHeight);
-    size.width = FaxColumns;
-    size.xtag = FaxXRes;
+    const int yres = compression == Compression::ClassFLow ? faxYResLow : faxYResFine;
+    const double xres = faxColumns * pointsPerInch / pageWidth;
+    PictureSize size = byResolution(xres, xres * yres / faxXRes, pageWidth, pageHeight);
+    size.width = faxColumns;
+    size.xtag = faxXRes;
     size.ytag = yres;
     return size;
 }
@@ -93,34 +93,40 @@ PictureSize forFax(Compression compression, double pageWidth, double pageHeight)
 
 ColourDepth pictureDepth(const Options &options, std::string_view extension)
 {
-    for (const FixedDepth &each : FixedDepths)
-        if (each.extension == extension)
+    for (const FixedDepth &each : fixedDepths) {
+        if (each.extension == extension) {
             return each.depth;
-    if (isTiff(extension) && options.compression && isFaxCompression(*options.compression))
+        }
+    }
+    if (isTiff(extension) && options.compression && isFaxCompression(*options.compression)) {
         return ColourDepth::Mono;
-    if (isJpeg(extension) && options.colourDepth == ColourDepth::Mono)
+    }
+    if (isJpeg(extension) && options.colourDepth == ColourDepth::Mono) {
         return ColourDepth::Gray;
+    }
     return options.colourDepth;
 }
 
 PictureSize pictureSize(const Options &options, int page, double pageWidth, double pageHeight)
 {
     PictureSize size;
-    if (isClassF(options) && isTiff(outputExtension(options.outputPath)))
+    if (isClassF(options) && isTiff(outputExtension(options.outputPath))) {
         size = forFax(*options.compression, pageWidth, pageHeight);
-    else if (options.width || options.height)
+    } else if (options.width || options.height) {
         size = bySize(options, pageWidth, pageHeight);
-    else
+    } else {
         size = byResolution(
-            options.horizontalResolution(PictureResolution), options.verticalResolution(PictureResolution), pageWidth,
+            options.horizontalResolution(pictureResolution), options.verticalResolution(pictureResolution), pageWidth,
             pageHeight);
-    if (size.width > limits::LargestSide || size.height > limits::LargestSide ||
-        std::int64_t{size.width} * size.height > limits::LargestArea)
+    }
+    if (size.width > limits::largestSide || size.height > limits::largestSide ||
+        std::int64_t{size.width} * size.height > limits::largestArea) {
         throw Failure(
             ExitStatus::Limit, "page " + std::to_string(page) + " would be more than " +
-                                   std::to_string(limits::LargestSide) + " pixels long or " +
-                                   std::to_string(limits::LargestArea / 1'000'000) +
+                                   std::to_string(limits::largestSide) + " pixels long or " +
+                                   std::to_string(limits::largestArea / 1'000'000) +
                                    " million in all: ask for a lower resolution");
+    }
     return size;
 }
 

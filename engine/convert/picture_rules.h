@@ -9,7 +9,7 @@
 namespace quorra {
 
 /// Default resolution of pictures, dots per inch.
-inline constexpr int PictureResolution = 150;
+inline constexpr int pictureResolution = 150;
 
 /// Colour depth of a picture file: the extension (lower case) or the compression may allow only one.
 ColourDepth pictureDepth(const Options &options, std::string_view extension);

@@ -22,7 +22,7 @@ void convertToXml(const Job &job)
     DocumentCopies copies(job.document);
     model::Document document =
         model::buildDocument(collectPages(copies, job.firstPage, job.pageCount(), Collect::Everything), forEachPage);
-    PagePictureSource drawn(job.document, job.options.colourDepth, EmbeddedResolution, EmbeddedResolution);
+    PagePictureSource drawn(job.document, job.options.colourDepth, embeddedResolution, embeddedResolution);
     office::MovedPictures pictures(drawn);
     fitToOptions(document, job.options, pictures);
     office::reduceColours(document, job.options.colourDepth);

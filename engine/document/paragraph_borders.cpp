@@ -9,12 +9,12 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double ShortestSeparator = 36; // shorter ones underline a word or are part of a drawing
-constexpr double FarthestRule = 30;      // points between a separator and the text that takes it
-constexpr double FarthestHeadRule = 14;  // the same for running heads
-constexpr double Touching = 2;
-constexpr std::size_t LongText = 4;  // lines
-constexpr double MostBackground = 4; // times the text's height: a larger area is more than this text's background
+constexpr double shortestSeparator = 36; // shorter ones underline a word or are part of a drawing
+constexpr double farthestRule = 30;      // points between a separator and the text that takes it
+constexpr double farthestHeadRule = 14;  // the same for running heads
+constexpr double touching = 2;
+constexpr std::size_t longText = 4;  // lines
+constexpr double mostBackground = 4; // times the text's height: a larger area is more than this text's background
 
 bool sharesWidth(const model::Rule &rule, const Box &box)
 {
@@ -30,8 +30,8 @@ bool isNextTo(const model::Page &page, const model::Rule &rule, const Box &block
     const double to = std::max(rule.y1, block.bottom);
     forEachBlock(page, [&](const model::Block &other) {
         const Box box = other.box();
-        free = free && (box == block || !sharesWidth(rule, box) || box.bottom <= from + Touching ||
-                        box.top >= to - Touching || (box.top <= block.top && box.bottom >= block.bottom));
+        free = free && (box == block || !sharesWidth(rule, box) || box.bottom <= from + touching ||
+                        box.top >= to - touching || (box.top <= block.top && box.bottom >= block.bottom));
     });
     return free;
 }
@@ -41,8 +41,8 @@ bool hasTextBelow(const model::Page &page, const model::Rule &rule)
     bool found = false;
     forEachBlock(page, [&](const model::Block &block) {
         const Box box = block.box();
-        found = found || (block.paragraph() && sharesWidth(rule, box) && box.top >= rule.y1 - Touching &&
-                          box.top <= rule.y1 + FarthestRule);
+        found = found || (block.paragraph() && sharesWidth(rule, box) && box.top >= rule.y1 - touching &&
+                          box.top <= rule.y1 + farthestRule);
     });
     return found;
 }
@@ -53,12 +53,12 @@ void take(Decoration &decoration, const model::Rule &rule, const Box &box, doubl
     const model::Border border{rule.width, rule.colour};
     const double above = box.top - rule.y1;
     const double below = rule.y1 - box.bottom;
-    if (above >= -Touching && above <= reach && border.width >= decoration.above.width) {
+    if (above >= -touching && above <= reach && border.width >= decoration.above.width) {
         decoration.above = border;
         decoration.gapAbove = std::max(0.0, above);
         decoration.aboveFrom = rule.x1;
         decoration.aboveTo = rule.x2;
-    } else if (below >= -Touching && below <= reach && border.width >= decoration.below.width) {
+    } else if (below >= -touching && below <= reach && border.width >= decoration.below.width) {
         decoration.below = border;
         decoration.gapBelow = std::max(0.0, below);
     }
@@ -68,7 +68,7 @@ bool isHeadRule(const model::Page &page, const model::Rule &rule)
 {
     return std::any_of(page.runningHeads.begin(), page.runningHeads.end(), [&](const model::Block &head) {
         const Box box = head.box();
-        return rule.y1 > box.top - FarthestHeadRule && rule.y1 < box.bottom + FarthestHeadRule && rule.x1 < box.right &&
+        return rule.y1 > box.top - farthestHeadRule && rule.y1 < box.bottom + farthestHeadRule && rule.x1 < box.right &&
                rule.x2 > box.left;
     });
 }
@@ -79,8 +79,8 @@ Decoration headDecoration(const model::Page &page, const Box &line)
 {
     Decoration decoration;
     for (const model::Rule &rule : page.rules) {
-        if (rule.isHorizontal() && rule.length() >= ShortestSeparator && sharesWidth(rule, line)) {
-            take(decoration, rule, line, FarthestHeadRule);
+        if (rule.isHorizontal() && rule.length() >= shortestSeparator && sharesWidth(rule, line)) {
+            take(decoration, rule, line, farthestHeadRule);
         }
     }
     return decoration;
@@ -90,18 +90,18 @@ Decoration decorationOf(const model::Page &page, const Box &block)
 {
     Decoration decoration;
     for (const model::Rule &rule : page.rules) {
-        if (!rule.isHorizontal() || rule.length() < ShortestSeparator || !sharesWidth(rule, block) ||
+        if (!rule.isHorizontal() || rule.length() < shortestSeparator || !sharesWidth(rule, block) ||
             isHeadRule(page, rule) || !isNextTo(page, rule, block)) {
             continue;
         }
         if (rule.y1 < block.centreY() || !hasTextBelow(page, rule)) {
-            take(decoration, rule, block, FarthestRule);
+            take(decoration, rule, block, farthestRule);
         }
     }
     for (const model::Fill &fill : page.fills) {
         if (fill.colour != white && fill.box.contains(block.centreX(), block.centreY()) &&
             intersected(fill.box, block).width() > 0.9 * block.width() &&
-            fill.box.height() < MostBackground * block.height()) {
+            fill.box.height() < mostBackground * block.height()) {
             decoration.background = fill.colour;
         }
     }
@@ -110,8 +110,8 @@ Decoration decorationOf(const model::Page &page, const Box &block)
 
 bool hasShortRule(const Decoration &decoration, const Box &column)
 {
-    constexpr double MostOfColumn = 0.8;
-    return decoration.above.width > 0 && decoration.aboveTo - decoration.aboveFrom < MostOfColumn * column.width();
+    constexpr double mostOfColumn = 0.8;
+    return decoration.above.width > 0 && decoration.aboveTo - decoration.aboveFrom < mostOfColumn * column.width();
 }
 
 bool isBehindText(const model::Page &page, const model::Picture &picture)
@@ -121,7 +121,7 @@ bool isBehindText(const model::Page &page, const model::Picture &picture)
         const Box box = block.box();
         // Short texts on a drawing belong to it, even those that reach over its edge.
         const bool belongs = picture.kind == model::PictureKind::Drawing && block.paragraph() &&
-                             block.paragraph()->lines.size() < LongText;
+                             block.paragraph()->lines.size() < longText;
         behind = behind || (!block.picture() && !belongs && !isLabelOf(block, picture) && !box.isEmpty() &&
                             picture.box.contains(box.centreX(), box.centreY()) &&
                             intersected(picture.box, box).width() > 0.5 * box.width());

@@ -10,9 +10,9 @@ namespace quorra {
 
 namespace {
 
-constexpr std::uint32_t FileHeaderBytes = 14;
-constexpr std::uint32_t InfoHeaderBytes = 40;
-constexpr double InchesPerMetre = 1 / 0.0254;
+constexpr std::uint32_t fileHeaderBytes = 14;
+constexpr std::uint32_t infoHeaderBytes = 40;
+constexpr double inchesPerMetre = 1 / 0.0254;
 
 int bitsPerPixel(ColourDepth depth)
 {
@@ -21,7 +21,7 @@ int bitsPerPixel(ColourDepth depth)
 
 std::uint32_t perMetre(double perInch)
 {
-    return static_cast<std::uint32_t>(std::lround(perInch * InchesPerMetre));
+    return static_cast<std::uint32_t>(std::lround(perInch * inchesPerMetre));
 }
 
 /// Windows bitmap, uncompressed. Its rows stand from the bottom up: each is written at its own place.
@@ -36,12 +36,12 @@ public:
         const std::uint32_t colours = info.depth == ColourDepth::Colour ? 0 : 1U << bitsPerPixel(info.depth);
         const auto height = static_cast<std::uint32_t>(info.size.height);
         const auto pixelBytes = static_cast<std::uint32_t>(m_stride * height);
-        m_pixels = FileHeaderBytes + InfoHeaderBytes + colours * 4;
+        m_pixels = fileHeaderBytes + infoHeaderBytes + colours * 4;
         std::string header = "BM";
         appendLittleEndian(header, m_pixels + pixelBytes, 4);
         appendLittleEndian(header, 0, 4);
         appendLittleEndian(header, m_pixels, 4);
-        appendLittleEndian(header, InfoHeaderBytes, 4);
+        appendLittleEndian(header, infoHeaderBytes, 4);
         appendLittleEndian(header, static_cast<std::uint32_t>(info.size.width), 4);
         appendLittleEndian(header, height, 4);
         appendLittleEndian(header, 1, 2);
@@ -52,8 +52,9 @@ public:
         appendLittleEndian(header, perMetre(info.size.ytag), 4);
         appendLittleEndian(header, colours, 4);
         appendLittleEndian(header, 0, 4);
-        for (std::uint32_t i = 0; i < colours; ++i)
+        for (std::uint32_t i = 0; i < colours; ++i) {
             appendLittleEndian(header, 0x010101 * (i * 255 / (colours - 1)), 4);
+        }
         m_file.write(header);
     }
 
@@ -64,9 +65,11 @@ public:
         for (int y = 0; y < rows.rows; ++y) {
             char *const target = m_block.data() + m_stride * static_cast<std::size_t>(rows.rows - 1 - y);
             std::copy_n(rows.row(y), bytes, target);
-            if (rows.depth == ColourDepth::Colour)
-                for (std::size_t x = 0; x < bytes; x += 3)
+            if (rows.depth == ColourDepth::Colour) {
+                for (std::size_t x = 0; x < bytes; x += 3) {
                     std::swap(target[x], target[x + 2]);
+                }
+            }
         }
         m_left -= rows.rows;
         m_file.writeAt(m_pixels + m_stride * static_cast<std::size_t>(m_left), m_block);

@@ -12,7 +12,7 @@ namespace quorra {
 
 namespace {
 
-constexpr int ChannelBits = 8;
+constexpr int channelBits = 8;
 
 /// Keeps the whole picture until its palette can be chosen.
 class GifWriter : public PictureWriter
@@ -29,11 +29,13 @@ public:
     {
         for (int y = 0; y < rows.rows; ++y) {
             const std::uint8_t *const source = rows.row(y);
-            if (rows.depth == ColourDepth::Mono)
-                for (int x = 0; x < rows.width; ++x)
+            if (rows.depth == ColourDepth::Mono) {
+                for (int x = 0; x < rows.width; ++x) {
                     m_pixels.push_back(source[x / 8] >> (7 - x % 8) & 1);
-            else
+                }
+            } else {
                 m_pixels.insert(m_pixels.end(), source, source + rowBytes(rows.depth, rows.width));
+            }
         }
     }
 
@@ -42,21 +44,25 @@ public:
         IndexedPicture picture = indexed();
         int error = 0;
         GifFileType *const gif = EGifOpen(this, &GifWriter::take, &error);
-        if (!gif)
+        if (!gif) {
             throw std::bad_alloc();
+        }
         const bool done = write(gif, picture);
         const bool closed = EGifCloseFile(gif, &error) == GIF_OK;
-        if (m_failure)
+        if (m_failure) {
             std::rethrow_exception(m_failure);
-        if (!done || !closed)
+        }
+        if (!done || !closed) {
             throw Failure(ExitStatus::CannotWrite, "cannot write a GIF picture of this size");
+        }
     }
 
 private:
     IndexedPicture indexed()
     {
-        if (m_info.depth == ColourDepth::Colour)
+        if (m_info.depth == ColourDepth::Colour) {
             return withPalette(m_pixels, m_info.size.width, m_info.size.height);
+        }
         // Every gray level has a place in the palette.
         IndexedPicture picture;
         const int levels = m_info.depth == ColourDepth::Gray ? 256 : 2;
@@ -71,20 +77,24 @@ private:
     bool write(GifFileType *gif, IndexedPicture &picture) const
     {
         int entries = 2;
-        while (entries < static_cast<int>(picture.palette.size()))
+        while (entries < static_cast<int>(picture.palette.size())) {
             entries *= 2;
+        }
         ColorMapObject *const map = GifMakeMapObject(entries, nullptr);
-        if (!map)
+        if (!map) {
             return false;
-        for (std::size_t i = 0; i < picture.palette.size(); ++i)
+        }
+        for (std::size_t i = 0; i < picture.palette.size(); ++i) {
             map->Colors[i] = {picture.palette[i][0], picture.palette[i][1], picture.palette[i][2]};
+        }
         const int width = m_info.size.width;
         const int height = m_info.size.height;
-        bool good = EGifPutScreenDesc(gif, width, height, ChannelBits, 0, map) == GIF_OK &&
+        bool good = EGifPutScreenDesc(gif, width, height, channelBits, 0, map) == GIF_OK &&
                     EGifPutImageDesc(gif, 0, 0, width, height, false, nullptr) == GIF_OK;
         GifFreeMapObject(map);
-        for (int y = 0; good && y < height; ++y)
+        for (int y = 0; good && y < height; ++y) {
             good = EGifPutLine(gif, picture.pixels.data() + static_cast<std::size_t>(y) * width, width) == GIF_OK;
+        }
         return good;
     }
 
@@ -93,8 +103,9 @@ private:
     {
         auto *const self = static_cast<GifWriter *>(gif->UserData);
         try {
-            if (!self->m_failure)
+            if (!self->m_failure) {
                 self->m_file.write({reinterpret_cast<const char *>(bytes), static_cast<std::size_t>(size)});
+            }
             return size;
         } catch (...) {
             self->m_failure = std::current_exception();

@@ -14,7 +14,7 @@ namespace quorra {
 
 namespace {
 
-constexpr UINT8 DotsPerInch = 1;
+constexpr UINT8 dotsPerInch = 1;
 
 /// The library's error manager with the place to which a failure returns. The manager must come first: the library
 /// hands back its address.
@@ -103,8 +103,9 @@ private:
             calls();
             return;
         }
-        if (m_destination.failure)
+        if (m_destination.failure) {
             std::rethrow_exception(m_destination.failure);
+        }
         throw Failure(ExitStatus::CannotWrite, "cannot write a JPEG picture of this size");
     }
 
@@ -125,7 +126,7 @@ private:
         }
         m_jpeg.optimize_coding = settings.ownTables ? TRUE : FALSE;
         if (info.size.xtag > 0 && info.size.ytag > 0) {
-            m_jpeg.density_unit = DotsPerInch;
+            m_jpeg.density_unit = dotsPerInch;
             m_jpeg.X_density = static_cast<UINT16>(std::lround(info.size.xtag));
             m_jpeg.Y_density = static_cast<UINT16>(std::lround(info.size.ytag));
         }
@@ -137,15 +138,17 @@ private:
         m_destination.manager.init_destination = [](j_compress_ptr jpeg) { Destination::of(jpeg).rewind(); };
         m_destination.manager.empty_output_buffer = [](j_compress_ptr jpeg) -> boolean {
             Destination &destination = Destination::of(jpeg);
-            if (!destination.write(destination.buffer.size()))
+            if (!destination.write(destination.buffer.size())) {
                 leave(reinterpret_cast<j_common_ptr>(jpeg));
+            }
             destination.rewind();
             return TRUE;
         };
         m_destination.manager.term_destination = [](j_compress_ptr jpeg) {
             Destination &destination = Destination::of(jpeg);
-            if (!destination.write(destination.buffer.size() - destination.manager.free_in_buffer))
+            if (!destination.write(destination.buffer.size() - destination.manager.free_in_buffer)) {
                 leave(reinterpret_cast<j_common_ptr>(jpeg));
+            }
         };
         m_jpeg.dest = &m_destination.manager;
     }

@@ -9,8 +9,9 @@ namespace quorra {
 /// Appends the number's lowest `bytes` bytes, the lowest first.
 inline void appendLittleEndian(std::string &text, std::uint32_t number, int bytes)
 {
-    for (int i = 0; i < bytes; ++i)
+    for (int i = 0; i < bytes; ++i) {
         text += static_cast<char>(number >> (8 * i) & 0xFF);
+    }
 }
 
 } // namespace quorra

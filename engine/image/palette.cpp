@@ -12,8 +12,8 @@ namespace quorra {
 
 namespace {
 
-constexpr std::size_t MostColours = 256;
-constexpr int FastButGood = 7;
+constexpr std::size_t mostColours = 256;
+constexpr int fastButGood = 7;
 
 std::optional<IndexedPicture> exactly(const std::vector<std::uint8_t> &rgb)
 {
@@ -26,10 +26,12 @@ std::optional<IndexedPicture> exactly(const std::vector<std::uint8_t> &rgb)
         const std::uint32_t colour = std::uint32_t{rgb[i]} << 16 | std::uint32_t{rgb[i + 1]} << 8 | rgb[i + 2];
         if (colour != previous) {
             const auto [entry, isNew] = known.try_emplace(colour, static_cast<std::uint8_t>(picture.palette.size()));
-            if (isNew && picture.palette.size() == MostColours)
+            if (isNew && picture.palette.size() == mostColours) {
                 return {};
-            if (isNew)
+            }
+            if (isNew) {
                 picture.palette.push_back({rgb[i], rgb[i + 1], rgb[i + 2]});
+            }
             index = entry->second;
             previous = colour;
         }
@@ -46,8 +48,9 @@ struct Source
 void fillRow(liq_color *row, int y, int width, void *source)
 {
     const std::uint8_t *pixel = static_cast<const Source *>(source)->rgb + std::size_t{3} * width * y;
-    for (int x = 0; x < width; ++x, pixel += 3)
+    for (int x = 0; x < width; ++x, pixel += 3) {
         row[x] = {pixel[0], pixel[1], pixel[2], 255};
+    }
 }
 
 template <typename Object>
@@ -57,26 +60,31 @@ using Handle = std::unique_ptr<Object, void (*)(Object *)>;
 
 IndexedPicture withPalette(const std::vector<std::uint8_t> &rgb, int width, int height)
 {
-    if (std::optional<IndexedPicture> exact = exactly(rgb))
+    if (std::optional<IndexedPicture> exact = exactly(rgb)) {
         return std::move(*exact);
+    }
     Source source{rgb.data()};
     const Handle<liq_attr> settings(liq_attr_create(), liq_attr_destroy);
-    if (!settings)
+    if (!settings) {
         throw std::bad_alloc();
-    liq_set_speed(settings.get(), FastButGood);
+    }
+    liq_set_speed(settings.get(), fastButGood);
     const Handle<liq_image> image(
         liq_image_create_custom(settings.get(), fillRow, &source, width, height, 0), liq_image_destroy);
     liq_result *made = nullptr;
-    if (!image || liq_image_quantize(image.get(), settings.get(), &made) != LIQ_OK)
+    if (!image || liq_image_quantize(image.get(), settings.get(), &made) != LIQ_OK) {
         throw std::bad_alloc();
+    }
     const Handle<liq_result> result(made, liq_result_destroy);
     IndexedPicture picture;
     picture.pixels.resize(rgb.size() / 3);
-    if (liq_write_remapped_image(made, image.get(), picture.pixels.data(), picture.pixels.size()) != LIQ_OK)
+    if (liq_write_remapped_image(made, image.get(), picture.pixels.data(), picture.pixels.size()) != LIQ_OK) {
         throw std::bad_alloc();
+    }
     const liq_palette *const palette = liq_get_palette(made);
-    for (unsigned i = 0; i < palette->count; ++i)
+    for (unsigned i = 0; i < palette->count; ++i) {
         picture.palette.push_back({palette->entries[i].r, palette->entries[i].g, palette->entries[i].b});
+    }
     return picture;
 }
 

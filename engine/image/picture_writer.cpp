@@ -29,7 +29,7 @@ std::unique_ptr<PictureWriter> makeJpegFile(OutputFile &file, const PictureInfo 
     return makeJpegWriter(sinkInto(file), info);
 }
 
-constexpr std::array<Row, 11> Rows = {{
+constexpr std::array<Row, 11> rows = {{
     {".png", makePngFile},
     {".jpeg", makeJpegFile},
     {".jpe", makeJpegFile},
@@ -48,8 +48,8 @@ constexpr std::array<Row, 11> Rows = {{
 std::unique_ptr<PictureWriter> makePictureWriter(std::string_view extension, OutputFile &file, const PictureInfo &info)
 {
     const auto row =
-        std::find_if(Rows.begin(), Rows.end(), [&](const Row &each) { return each.extension == extension; });
-    return row == Rows.end() ? nullptr : row->make(file, info);
+        std::find_if(rows.begin(), rows.end(), [&](const Row &each) { return each.extension == extension; });
+    return row == rows.end() ? nullptr : row->make(file, info);
 }
 
 std::uint64_t bytesKeptPerPixel(std::string_view extension, ColourDepth depth)

@@ -19,8 +19,9 @@ public:
                                                                     : "P6";
         std::string header =
             std::string(magic) + "\n" + std::to_string(info.size.width) + " " + std::to_string(info.size.height) + "\n";
-        if (info.depth != ColourDepth::Mono)
+        if (info.depth != ColourDepth::Mono) {
             header += "255\n";
+        }
         m_file.write(header);
     }
 
@@ -28,13 +29,14 @@ public:
     {
         for (int y = 0; y < rows.rows; ++y) {
             const std::uint8_t *const source = rows.row(y);
-            if (rows.depth == ColourDepth::Mono)
+            if (rows.depth == ColourDepth::Mono) {
                 // This format writes black as 1.
                 std::transform(source, source + m_row.size(), m_row.begin(), [](std::uint8_t bits) {
                     return static_cast<char>(~bits);
                 });
-            else
+            } else {
                 std::copy(source, source + m_row.size(), m_row.begin());
+            }
             m_file.write(m_row);
         }
     }

@@ -8,10 +8,10 @@ namespace quorra {
 
 namespace {
 
-constexpr std::uint32_t TrueColour = 2;
-constexpr std::uint32_t BlackAndWhite = 3;
-constexpr std::uint32_t TopRowFirst = 0x20;
-constexpr char White = '\xFF';
+constexpr std::uint32_t trueColour = 2;
+constexpr std::uint32_t blackAndWhite = 3;
+constexpr std::uint32_t topRowFirst = 0x20;
+constexpr char white = '\xFF';
 
 /// Truevision TGA, uncompressed. One bit a pixel is no standard form, so mono is stored as gray.
 class TgaWriter : public PictureWriter
@@ -22,12 +22,12 @@ public:
         const bool colour = info.depth == ColourDepth::Colour;
         std::string header;
         appendLittleEndian(header, 0, 2); // no identification, no colour map
-        appendLittleEndian(header, colour ? TrueColour : BlackAndWhite, 1);
+        appendLittleEndian(header, colour ? trueColour : blackAndWhite, 1);
         header.append(9, '\0'); // colour map and origin
         appendLittleEndian(header, static_cast<std::uint32_t>(info.size.width), 2);
         appendLittleEndian(header, static_cast<std::uint32_t>(info.size.height), 2);
         appendLittleEndian(header, colour ? 24 : 8, 1);
-        appendLittleEndian(header, TopRowFirst, 1);
+        appendLittleEndian(header, topRowFirst, 1);
         m_file.write(header);
     }
 
@@ -52,12 +52,13 @@ private:
         for (int x = 0; x < rows.width; ++x) {
             if (rows.depth == ColourDepth::Colour) {
                 const std::uint8_t *const pixel = source + std::ptrdiff_t{3} * x;
-                for (const int part : {2, 1, 0})
+                for (const int part : {2, 1, 0}) {
                     m_row += static_cast<char>(pixel[part]);
+                }
             } else if (rows.depth == ColourDepth::Gray) {
                 m_row += static_cast<char>(source[x]);
             } else {
-                m_row += (source[x / 8] >> (7 - x % 8) & 1) != 0 ? White : '\0';
+                m_row += (source[x / 8] >> (7 - x % 8) & 1) != 0 ? white : '\0';
             }
         }
     }

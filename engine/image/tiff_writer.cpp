@@ -16,8 +16,8 @@ namespace quorra {
 
 namespace {
 
-constexpr std::size_t StripBytes = 256 * 1024;
-constexpr int HorizontalDifferences = 2;
+constexpr std::size_t stripBytes = 256 * 1024;
+constexpr int horizontalDifferences = 2;
 
 [[noreturn]] void fail(const OutputFile &file)
 {
@@ -48,9 +48,10 @@ std::uint32_t rowsPerStrip(Compression compression, const PictureInfo &info)
 {
     const auto height = static_cast<std::uint32_t>(info.size.height);
     // Fax readers expect a page in one piece.
-    if (isFaxCompression(compression))
+    if (isFaxCompression(compression)) {
         return height;
-    const std::size_t rows = StripBytes / rowBytes(info.depth, info.size.width);
+    }
+    const std::size_t rows = stripBytes / rowBytes(info.depth, info.size.width);
     return std::clamp<std::uint32_t>(static_cast<std::uint32_t>(rows), 1, height);
 }
 
@@ -67,8 +68,9 @@ TIFF *open(int descriptor, const std::string &path)
 {
     const std::unique_ptr<TIFFOpenOptions, void (*)(TIFFOpenOptions *)> options(
         TIFFOpenOptionsAlloc(), TIFFOpenOptionsFree);
-    if (!options)
+    if (!options) {
         return nullptr;
+    }
     TIFFOpenOptionsSetErrorHandlerExtR(options.get(), ignoreMessage, nullptr);
     TIFFOpenOptionsSetWarningHandlerExtR(options.get(), ignoreMessage, nullptr);
     return TIFFFdOpenExt(descriptor, path.c_str(), "w", options.get());
@@ -84,10 +86,12 @@ TiffFile::TiffFile(OutputFile &file, Compression compression, int pageCount)
 {
     const int own = dup(file.descriptor());
     m_tiff = own < 0 ? nullptr : open(own, file.path());
-    if (!m_tiff && own >= 0)
+    if (!m_tiff && own >= 0) {
         close(own);
-    if (!m_tiff)
+    }
+    if (!m_tiff) {
         fail(file);
+    }
 }
 
 TiffFile::~TiffFile()
@@ -126,12 +130,15 @@ void TiffFile::beginPage(const PictureInfo &info)
 void TiffFile::setCompression(const PictureInfo &info)
 {
     TIFFSetField(m_tiff, TIFFTAG_COMPRESSION, tiffCode(m_compression));
-    if (m_compression == Compression::Lzw && info.depth != ColourDepth::Mono)
-        TIFFSetField(m_tiff, TIFFTAG_PREDICTOR, HorizontalDifferences);
-    if (m_compression == Compression::Group3TwoD)
+    if (m_compression == Compression::Lzw && info.depth != ColourDepth::Mono) {
+        TIFFSetField(m_tiff, TIFFTAG_PREDICTOR, horizontalDifferences);
+    }
+    if (m_compression == Compression::Group3TwoD) {
         TIFFSetField(m_tiff, TIFFTAG_GROUP3OPTIONS, GROUP3OPT_2DENCODING);
-    if (m_compression == Compression::ClassFLow || m_compression == Compression::ClassFFine)
+    }
+    if (m_compression == Compression::ClassFLow || m_compression == Compression::ClassFFine) {
         TIFFSetField(m_tiff, TIFFTAG_GROUP3OPTIONS, GROUP3OPT_FILLBITS);
+    }
 }
 
 void TiffFile::addRows(const Raster &rows)
@@ -141,21 +148,24 @@ void TiffFile::addRows(const Raster &rows)
     std::vector<std::uint8_t> row(bytes);
     for (int y = 0; y < rows.rows; ++y) {
         const std::uint8_t *const source = rows.row(y);
-        if (rows.depth == ColourDepth::Mono)
+        if (rows.depth == ColourDepth::Mono) {
             std::transform(source, source + bytes, row.begin(), [](std::uint8_t bits) {
                 return static_cast<std::uint8_t>(~bits);
             });
-        else
+        } else {
             std::copy(source, source + bytes, row.begin());
-        if (TIFFWriteScanline(m_tiff, row.data(), m_row++, 0) < 0)
+        }
+        if (TIFFWriteScanline(m_tiff, row.data(), m_row++, 0) < 0) {
             fail(m_file);
+        }
     }
 }
 
 void TiffFile::endPage()
 {
-    if (TIFFWriteDirectory(m_tiff) == 0)
+    if (TIFFWriteDirectory(m_tiff) == 0) {
         fail(m_file);
+    }
     ++m_page;
 }
 

@@ -35,7 +35,7 @@ struct Format
     std::string_view filter;
 };
 
-constexpr std::array<Format, 7> Formats = {{
+constexpr std::array<Format, 7> formats = {{
     {".doc", Component::Writer, "MS Word 97"},
     {".docx", Component::Writer, "MS Word 2007 XML"},
     {".rtf", Component::Writer, "Rich Text Format"},
@@ -52,26 +52,26 @@ struct ComponentFile
     std::string_view registry;
 };
 
-constexpr std::array<ComponentFile, 3> Components = {{
+constexpr std::array<ComponentFile, 3> components = {{
     {Component::Writer, "libreoffice-writer-nogui", "writer.xcd"},
     {Component::Calc, "libreoffice-calc-nogui", "calc.xcd"},
     {Component::Impress, "libreoffice-impress-nogui", "impress.xcd"},
 }};
 
 // A first start sets itself up and asks to be started again; more often than this it never converts.
-constexpr int Starts = 3;
-constexpr int RestartStatus = 81;
-constexpr std::chrono::seconds WallSeconds{60};
-constexpr std::chrono::seconds WallSecondsPerPage{2};
-constexpr double TicksError = 0.8;
+constexpr int mostStarts = 3;
+constexpr int restartStatus = 81;
+constexpr std::chrono::seconds wallSeconds{60};
+constexpr std::chrono::seconds wallSecondsPerPage{2};
+constexpr double ticksError = 0.8;
 
 // LibreOffice's socket lies in the first of these folders that it may write to, whatever TMPDIR says.
-constexpr std::array<const char *, 2> SocketFolders = {"/tmp", "/var/tmp"};
-constexpr std::string_view SocketPrefix = "OSL_PIPE_";
+constexpr std::array<const char *, 2> socketFolders = {"/tmp", "/var/tmp"};
+constexpr std::string_view socketPrefix = "OSL_PIPE_";
 
 // With a version newer than its own in it, LibreOffice takes the profile for one in use and leaves out the tests of
 // its drawing code that it runs after an update: they take ten times as long as a conversion.
-constexpr std::string_view ProfileSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
+constexpr std::string_view profileSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
 <oor:items xmlns:oor="http://openoffice.org/2001/registry" xmlns:xs="http://www.w3.org/2001/XMLSchema" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance">
 <item oor:path="/org.openoffice.Office.Common/Misc"><prop oor:name="FirstRun" oor:op="fuse"><value>false</value></prop></item>
 <item oor:path="/org.openoffice.Setup/Office"><prop oor:name="ooSetupInstCompleted" oor:op="fuse"><value>true</value></prop></item>
@@ -82,7 +82,7 @@ constexpr std::string_view ProfileSettings = R"(<?xml version="1.0" encoding="UT
 const ComponentFile &fileOf(Component component)
 {
     return *std::find_if(
-        Components.begin(), Components.end(), [&](const auto &each) { return each.component == component; });
+        components.begin(), components.end(), [&](const auto &each) { return each.component == component; });
 }
 
 bool hasComponent(const std::string &program, Component component)
@@ -97,18 +97,21 @@ bool hasComponent(const std::string &program, Component component)
 std::string buildIdOf(const std::string &program)
 {
     std::ifstream settings(fs::path(program).parent_path() / "versionrc");
-    constexpr std::string_view Key = "buildid=";
-    for (std::string line; std::getline(settings, line);)
-        if (line.compare(0, Key.size(), Key) == 0)
-            return line.substr(Key.size());
+    constexpr std::string_view key = "buildid=";
+    for (std::string line; std::getline(settings, line);) {
+        if (line.compare(0, key.size(), key) == 0) {
+            return line.substr(key.size());
+        }
+    }
     return {};
 }
 
 void writeText(const fs::path &path, std::string_view text)
 {
     const auto check = [&path](bool good, int error) {
-        if (!good)
+        if (!good) {
             throw Failure(ExitStatus::CannotWrite, "cannot write " + path.string() + ": " + std::strerror(error));
+        }
     };
     std::error_code error;
     fs::create_directories(path.parent_path(), error);
@@ -122,11 +125,12 @@ void writeText(const fs::path &path, std::string_view text)
 
 void prepareProfile(const std::string &profile, const std::string &program)
 {
-    writeText(profile + "/user/registrymodifications.xcu", ProfileSettings);
+    writeText(profile + "/user/registrymodifications.xcu", profileSettings);
     // With its own build named here it need not set up its extensions and start again.
     const std::string buildId = buildIdOf(program);
-    if (!buildId.empty())
+    if (!buildId.empty()) {
         writeText(profile + "/user/extensions/buildid", buildId);
+    }
 }
 
 /// The file: address with the escapes that LibreOffice itself writes: it names its socket after this.
@@ -160,19 +164,22 @@ bool endsWith(std::string_view text, std::string_view end)
 /// user has no entry in the password database, so they are looked for by the part that is always there.
 void removeSockets(const std::vector<std::string> &profileAddresses)
 {
-    if (profileAddresses.empty())
+    if (profileAddresses.empty()) {
         return;
+    }
     std::vector<std::string> names;
     names.reserve(profileAddresses.size());
-    for (const std::string &address : profileAddresses)
+    for (const std::string &address : profileAddresses) {
         names.push_back(socketName(address));
-    for (const char *folder : SocketFolders) {
+    }
+    for (const char *folder : socketFolders) {
         std::error_code error;
         for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
             const std::string found = entry->path().filename().string();
             const auto isFound = [&found](const std::string &name) { return endsWith(found, name); };
-            if (startsWith(found, SocketPrefix) && std::any_of(names.begin(), names.end(), isFound))
+            if (startsWith(found, socketPrefix) && std::any_of(names.begin(), names.end(), isFound)) {
                 unlink(entry->path().c_str());
+            }
         }
     }
 }
@@ -190,8 +197,9 @@ void checkEnd(const ChildResult &result, std::chrono::seconds limit)
 {
     switch (result.end) {
     case ChildEnd::Exited:
-        if (result.status != 0)
+        if (result.status != 0) {
             throw Failure(ExitStatus::Helper, "LibreOffice ended with exit status " + std::to_string(result.status));
+        }
         return;
     case ChildEnd::Signalled:
         throw Failure(ExitStatus::Helper, "LibreOffice was ended by signal " + std::to_string(result.status));
@@ -207,8 +215,9 @@ void checkEnd(const ChildResult &result, std::chrono::seconds limit)
 
 std::vector<std::string> officeCandidates(const char *named, const char *searchPath)
 {
-    if (named && *named)
+    if (named && *named) {
         return {named};
+    }
     std::vector<std::string> candidates = {
         "/usr/lib/libreoffice/program/soffice.bin",
         "/usr/lib64/libreoffice/program/soffice.bin",
@@ -219,8 +228,9 @@ std::vector<std::string> officeCandidates(const char *named, const char *searchP
         std::error_code error;
         // The launcher is a link to a script beside the program, or the program is beside it.
         const fs::path launcher = fs::canonical(fs::path(folder) / "soffice", error);
-        if (!error && !folder.empty())
+        if (!error && !folder.empty()) {
             candidates.push_back((launcher.parent_path() / "soffice.bin").string());
+        }
     }
     return candidates;
 }
@@ -230,10 +240,12 @@ std::string findOffice(const std::vector<std::string> &candidates, Component com
     const std::string package(fileOf(component).package);
     bool incomplete = false;
     for (const std::string &candidate : candidates) {
-        if (access(candidate.c_str(), X_OK) != 0)
+        if (access(candidate.c_str(), X_OK) != 0) {
             continue;
-        if (hasComponent(candidate, component))
+        }
+        if (hasComponent(candidate, component)) {
             return candidate;
+        }
         incomplete = true;
     }
     throw Failure(
@@ -249,16 +261,18 @@ std::string socketName(const std::string &profileAddress)
     QByteArray name = "SingleOfficeIPC_";
     // One number after the other without leading zeros, as LibreOffice puts it together.
     const QByteArray digest = QCryptographicHash::hash(utf16, QCryptographicHash::Md5);
-    for (const char byte : digest)
+    for (const char byte : digest) {
         name += QByteArray::number(static_cast<unsigned char>(byte), 16);
+    }
     return name.toStdString();
 }
 
 void sweepSockets()
 {
     std::vector<std::string> addresses;
-    for (const std::string &folder : abandonedTempFolders())
+    for (const std::string &folder : abandonedTempFolders()) {
         addresses.push_back(fileAddress(profileIn(folder)));
+    }
     removeSockets(addresses);
 }
 
@@ -267,9 +281,10 @@ std::string exportFile(
     int pageCount, std::chrono::milliseconds processorTime)
 {
     const auto format =
-        std::find_if(Formats.begin(), Formats.end(), [&](const Format &each) { return each.extension == extension; });
-    if (format == Formats.end())
+        std::find_if(formats.begin(), formats.end(), [&](const Format &each) { return each.extension == extension; });
+    if (format == formats.end()) {
         throw Failure(ExitStatus::Usage, "no office format has the extension " + std::string(extension));
+    }
 
     ChildCommand command;
     command.program = program;
@@ -286,34 +301,36 @@ std::string exportFile(
     command.environment = {"HOME=" + folder.path(), "TMPDIR=" + folder.path()};
     command.workingFolder = folder.path();
 #ifndef QUORRA_SANITIZED
-    command.addressSpaceBytes = limits::HelperAddressSpaceBytes;
+    command.addressSpaceBytes = limits::helperAddressSpaceBytes;
 #endif
     const auto seconds = std::chrono::floor<std::chrono::seconds>(processorTime);
     command.cpuSeconds =
-        static_cast<unsigned>(std::clamp<std::chrono::seconds::rep>(seconds.count(), 1, limits::HelperCpuSeconds));
-    const std::chrono::seconds limit = WallSeconds + pageCount * WallSecondsPerPage;
+        static_cast<unsigned>(std::clamp<std::chrono::seconds::rep>(seconds.count(), 1, limits::helperCpuSeconds));
+    const std::chrono::seconds limit = wallSeconds + pageCount * wallSecondsPerPage;
     command.wallLimit = limit;
 
     const std::chrono::microseconds before = timeOfChildren();
     ChildResult result;
     int starts = 0;
-    do
+    do {
         result = runChild(command);
-    while (result.end == ChildEnd::Exited && result.status == RestartStatus && ++starts < Starts);
+    } while (result.end == ChildEnd::Exited && result.status == restartStatus && ++starts < mostStarts);
     // It takes its socket away itself unless it is killed.
     removeSockets({address});
     // The system kills it at this limit, or a little before as it counts ticks of its clock.
     if (result.end == ChildEnd::Signalled &&
-        timeOfChildren() - before >= TicksError * std::chrono::seconds{command.cpuSeconds})
+        timeOfChildren() - before >= ticksError * std::chrono::seconds{command.cpuSeconds}) {
         throw Failure(ExitStatus::Limit, "LibreOffice needs more processor time than allowed for the file");
+    }
     checkEnd(result, limit);
 
     std::string made = outFolder + "/" + fs::path(sourcePath).stem().string() + std::string(extension);
     std::error_code error;
-    if (fs::file_size(made, error) == 0 || error)
+    if (fs::file_size(made, error) == 0 || error) {
         throw Failure(
             ExitStatus::Helper, "LibreOffice wrote no file; is the package " +
                                     std::string(fileOf(format->component).package) + " installed?");
+    }
     return made;
 }
 

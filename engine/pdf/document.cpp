@@ -15,7 +15,7 @@ namespace quorra {
 
 namespace {
 
-constexpr PageSize UsLetter{612, 792};
+constexpr PageSize usLetter{612, 792};
 
 void dropMessage(ErrorCategory, Goffset, const char *) {}
 
@@ -32,10 +32,11 @@ std::unique_ptr<PDFDoc> load(const std::string &path, const PasswordPair &passwo
 
 [[noreturn]] void fail(const std::string &path, int error, bool passwordGiven)
 {
-    if (error == errEncrypted)
+    if (error == errEncrypted) {
         throw Failure(
             ExitStatus::Password,
             (passwordGiven ? "no given password opens " : "a password is needed to open ") + path);
+    }
     throw Failure(
         ExitStatus::CannotOpen, (error == errOpenFile ? "cannot read " : "not a PDF file that can be read: ") + path);
 }
@@ -46,7 +47,7 @@ std::unique_ptr<PDFDoc> load(const std::string &path, const PasswordPair &passwo
 void makeColourProfiles()
 {
     [[maybe_unused]] static const bool made = [] {
-        const PDFRectangle page(0, 0, UsLetter.width, UsLetter.height);
+        const PDFRectangle page(0, 0, usLetter.width, usLetter.height);
         const GfxState first(1, 1, &page, 0, false);
         return true;
     }();
@@ -67,16 +68,20 @@ Document::Document(const std::string &path, const std::string &userPassword, con
     for (const PasswordPair &passwords : passwordsToTry(userPassword, ownerPassword)) {
         m_handles->doc = load(path, passwords);
         m_handles->passwords = passwords;
-        if (m_handles->doc->isOk() || m_handles->doc->getErrorCode() != errEncrypted)
+        if (m_handles->doc->isOk() || m_handles->doc->getErrorCode() != errEncrypted) {
             break;
+        }
     }
     PDFDoc &doc = *m_handles->doc;
-    if (!doc.isOk())
+    if (!doc.isOk()) {
         fail(path, doc.getErrorCode(), !userPassword.empty() || !ownerPassword.empty());
-    if (doc.getNumPages() < 1)
+    }
+    if (doc.getNumPages() < 1) {
         fail(path, errDamaged, false);
-    if (!conversionAllowed(doc))
+    }
+    if (!conversionAllowed(doc)) {
         throw Failure(ExitStatus::NotPermitted, "the owner of the file does not permit this");
+    }
     m_handles->path = path;
 }
 
@@ -102,10 +107,12 @@ PageSize Document::pageSize(int page) const
 {
     PDFDoc &doc = *m_handles->doc;
     PageSize size{doc.getPageCropWidth(page), doc.getPageCropHeight(page)};
-    if (!(size.width > 0) || !(size.height > 0))
-        return UsLetter;
-    if (rotation(page) % 180 != 0)
+    if (!(size.width > 0) || !(size.height > 0)) {
+        return usLetter;
+    }
+    if (rotation(page) % 180 != 0) {
         std::swap(size.width, size.height);
+    }
     return size;
 }
 

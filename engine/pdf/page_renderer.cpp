@@ -13,7 +13,7 @@ namespace quorra {
 
 namespace {
 
-constexpr int RowAlignment = 4;
+constexpr int rowAlignment = 4;
 
 SplashColorMode splashMode(ColourDepth depth)
 {
@@ -42,7 +42,7 @@ Raster whiteRaster(ColourDepth depth, int width, int rows)
 class PageRenderer::Device
 {
 public:
-    Device(PDFDoc *doc, ColourDepth depth) : m_splash(splashMode(depth), RowAlignment, false, m_white)
+    Device(PDFDoc *doc, ColourDepth depth) : m_splash(splashMode(depth), rowAlignment, false, m_white)
     {
         m_splash.setFontAntialias(true);
         m_splash.setVectorAntialias(true);
@@ -73,8 +73,9 @@ Raster PageRenderer::draw(int page, const PictureSize &size, int top, int rows)
     m_document.handles().doc->displayPageSlice(
         &splash, page, size.xres, size.yres, 0, false, false, false, 0, top, size.width, rows);
     const std::shared_ptr<SplashBitmap> bitmap(splash.takeBitmap());
-    if (!bitmap || !bitmap->getDataPtr() || bitmap->getWidth() != size.width || bitmap->getHeight() != rows)
+    if (!bitmap || !bitmap->getDataPtr() || bitmap->getWidth() != size.width || bitmap->getHeight() != rows) {
         return whiteRaster(m_depth, size.width, rows);
+    }
     return {size.width, rows, m_depth, static_cast<std::size_t>(bitmap->getRowSize()), bitmap->getDataPtr(), bitmap};
 }
 

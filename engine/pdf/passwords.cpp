@@ -9,8 +9,9 @@ std::vector<PasswordPair> passwordsToTry(const std::string &user, const std::str
 {
     std::vector<PasswordPair> pairs;
     const auto add = [&pairs](const PasswordPair &pair) {
-        if (std::find(pairs.begin(), pairs.end(), pair) == pairs.end())
+        if (std::find(pairs.begin(), pairs.end(), pair) == pairs.end()) {
             pairs.push_back(pair);
+        }
     };
     add({user, owner});
     add({owner, user});
@@ -35,8 +36,9 @@ std::string latin1FromUtf8(const std::string &text)
         // Latin-1's upper half is what C2 and C3 lead in.
         const bool twoBytes = (lead == 0xC2 || lead == 0xC3) && i + 1 < text.size();
         const unsigned char trail = twoBytes ? static_cast<unsigned char>(text[i + 1]) : 0;
-        if ((trail & 0xC0) != 0x80)
+        if ((trail & 0xC0) != 0x80) {
             return {};
+        }
         result += static_cast<char>(((lead & 0x03) << 6) | (trail & 0x3F));
         ++i;
     }

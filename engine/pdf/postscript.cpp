@@ -19,9 +19,9 @@ namespace quorra {
 
 namespace {
 
-constexpr double PointsPerInch = 72;
-constexpr int SizeOfPage = -1;
-constexpr PaperSize ownSize{SizeOfPage, SizeOfPage};
+constexpr double pointsPerInch = 72;
+constexpr int sizeOfPage = -1;
+constexpr PaperSize ownSize{sizeOfPage, sizeOfPage};
 
 /// Where the library's text goes. It writes from destructors too, where nothing may be thrown: a failure waits.
 struct Sink
@@ -32,8 +32,9 @@ struct Sink
     static void take(void *sink, const char *text, std::size_t size)
     {
         auto *const self = static_cast<Sink *>(sink);
-        if (self->failure)
+        if (self->failure) {
             return;
+        }
         try {
             self->file.write({text, size});
         } catch (...) {
@@ -55,19 +56,21 @@ void writePages(
         PSOutputDev device(
             &Sink::take, &sink, nullptr, doc, pages, mode, paper.width, paper.height, false, false, 0, 0, 0, 0,
             psRasterizeWhenNeeded, false, nullptr, nullptr, level);
-        if (!device.isOk())
+        if (!device.isOk()) {
             throw Failure(ExitStatus::CannotOpen, "the pages cannot be written as PostScript");
+        }
         device.setPSCenter(true);
-        device.setPSExpandSmaller(paper.width != SizeOfPage);
+        device.setPSExpandSmaller(paper.width != sizeOfPage);
         device.setPSShrinkLarger(true);
         device.setRasterResolution(form.rasterResolution);
         for (const int page : pages) {
             const PageTime time(page);
-            doc->displayPage(&device, page, PointsPerInch, PointsPerInch, 0, false, true, true);
+            doc->displayPage(&device, page, pointsPerInch, pointsPerInch, 0, false, true, true);
         }
     }
-    if (sink.failure)
+    if (sink.failure) {
         std::rethrow_exception(sink.failure);
+    }
 }
 
 /// Wraps the page, itself an EPS document, into one that scales it to the paper.
@@ -82,10 +85,11 @@ void writeScaledEps(Document &document, int page, const PostScriptForm &form, co
     file.write("save /showpage {} def\n");
     file.write(
         std::to_string(paper.width / size.width) + " " + std::to_string(paper.height / size.height) + " scale\n");
-    if (box && document.rotation(page) == 0)
+    if (box && document.rotation(page) == 0) {
         file.write(
             std::to_string(-std::min(box->x1, box->x2)) + " " + std::to_string(-std::min(box->y1, box->y2)) +
             " translate\n");
+    }
     file.write("%%BeginDocument: page\n");
     writePages(document, {page}, psModeEPS, form, ownSize, file);
     file.write("%%EndDocument\nrestore showpage\n%%EOF\n");

@@ -20,8 +20,8 @@ namespace quorra {
 
 namespace {
 
-constexpr std::chrono::milliseconds Pause{5};
-constexpr int NotStartedStatus = 127;
+constexpr std::chrono::milliseconds pause{5};
+constexpr int notStartedStatus = 127;
 
 /// The inherited environment with the command's own entries in place of those of the same name.
 std::vector<std::string> mergedEnvironment(const std::vector<std::string> &own)
@@ -32,8 +32,9 @@ std::vector<std::string> mergedEnvironment(const std::vector<std::string> &own)
         const std::string name = inherited.substr(0, inherited.find('=') + 1);
         const bool replaced = std::any_of(
             own.begin(), own.end(), [&](const std::string &each) { return each.compare(0, name.size(), name) == 0; });
-        if (!replaced)
+        if (!replaced) {
             merged.push_back(inherited);
+        }
     }
     return merged;
 }
@@ -42,8 +43,9 @@ std::vector<char *> pointers(std::vector<std::string> &texts)
 {
     std::vector<char *> result;
     result.reserve(texts.size() + 1);
-    for (std::string &text : texts)
+    for (std::string &text : texts) {
         result.push_back(text.data());
+    }
     result.push_back(nullptr);
     return result;
 }
@@ -61,26 +63,32 @@ void limit(Resource resource, rlim_t value)
 {
     setpgid(0, 0);
     platform::dieWithParent(parent);
-    if (command.addressSpaceBytes > 0)
+    if (command.addressSpaceBytes > 0) {
         limit(RLIMIT_AS, command.addressSpaceBytes);
-    if (command.cpuSeconds > 0)
+    }
+    if (command.cpuSeconds > 0) {
         limit(RLIMIT_CPU, command.cpuSeconds);
+    }
     // Nobody else may write to what it makes, such as sockets. Reading is not taken away: what it leaves in shared
     // folders as root, such as caches of fonts, serves every user, and private files lie in a private folder.
     umask(umask(0) | S_IWGRP | S_IWOTH);
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
-    for (const int number : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGXCPU, SIGXFSZ, SIGPIPE})
+    for (const int number : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGXCPU, SIGXFSZ, SIGPIPE}) {
         signal(number, SIG_DFL);
+    }
     const int nowhere = open("/dev/null", O_RDWR);
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         dup2(nowhere, stream);
-    if (nowhere > STDERR_FILENO)
+    }
+    if (nowhere > STDERR_FILENO) {
         close(nowhere);
-    if (command.workingFolder.empty() || chdir(command.workingFolder.c_str()) == 0)
+    }
+    if (command.workingFolder.empty() || chdir(command.workingFolder.c_str()) == 0) {
         execve(command.program.c_str(), arguments, environment);
-    _exit(NotStartedStatus);
+    }
+    _exit(notStartedStatus);
 }
 
 /// Waits for the process's end and leaves its number taken; false when it did not end before the deadline.
@@ -89,11 +97,13 @@ bool endsUntil(pid_t child, std::chrono::steady_clock::time_point deadline)
     for (;;) {
         siginfo_t info{};
         const int failed = waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | WNOHANG | WNOWAIT);
-        if (failed ? errno != EINTR : info.si_pid == child)
+        if (failed ? errno != EINTR : info.si_pid == child) {
             return true;
-        if (std::chrono::steady_clock::now() >= deadline)
+        }
+        if (std::chrono::steady_clock::now() >= deadline) {
             return false;
-        std::this_thread::sleep_for(Pause);
+        }
+        std::this_thread::sleep_for(pause);
     }
 }
 
@@ -101,8 +111,9 @@ bool endsUntil(pid_t child, std::chrono::steady_clock::time_point deadline)
 int reap(pid_t child)
 {
     int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR)
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
         continue;
+    }
     return status;
 }
 
@@ -118,10 +129,12 @@ ChildResult runChild(const ChildCommand &command)
 
     const pid_t parent = getpid();
     const pid_t child = fork();
-    if (child < 0)
+    if (child < 0) {
         return {};
-    if (child == 0)
+    }
+    if (child == 0) {
         becomeCommand(command, const_cast<char **>(arguments.data()), const_cast<char **>(environment.data()), parent);
+    }
     setpgid(child, child);
     bool inTime = false;
     {
@@ -132,12 +145,15 @@ ChildResult runChild(const ChildCommand &command)
         kill(-child, SIGKILL);
     }
     const int status = reap(child);
-    if (!inTime)
+    if (!inTime) {
         return {ChildEnd::TimedOut, 0};
-    if (WIFSIGNALED(status))
+    }
+    if (WIFSIGNALED(status)) {
         return {ChildEnd::Signalled, WTERMSIG(status)};
-    if (WEXITSTATUS(status) == NotStartedStatus)
+    }
+    if (WEXITSTATUS(status) == notStartedStatus) {
         return {};
+    }
     return {ChildEnd::Exited, WEXITSTATUS(status)};
 }
 

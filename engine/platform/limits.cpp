@@ -24,8 +24,8 @@ namespace quorra::limits {
 
 namespace {
 
-constexpr unsigned CpuGraceSeconds = 10;
-constexpr std::size_t SignalStackBytes = 64 * 1024;
+constexpr unsigned cpuGraceSeconds = 10;
+constexpr std::size_t signalStackBytes = 64 * 1024;
 
 int lineDescriptor = STDERR_FILENO;
 
@@ -33,12 +33,14 @@ template <typename Resource>
 void setSoftLimit(Resource resource, rlim_t soft, rlim_t hardAbove)
 {
     rlimit limit{};
-    if (getrlimit(resource, &limit) != 0)
+    if (getrlimit(resource, &limit) != 0) {
         return;
+    }
     limit.rlim_cur = limit.rlim_max == RLIM_INFINITY || limit.rlim_max > soft ? soft : limit.rlim_max;
     // Helpers may need more than this process: the hard limit stays where the system put it, unless told otherwise.
-    if (hardAbove > 0 && (limit.rlim_max == RLIM_INFINITY || limit.rlim_max > soft + hardAbove))
+    if (hardAbove > 0 && (limit.rlim_max == RLIM_INFINITY || limit.rlim_max > soft + hardAbove)) {
         limit.rlim_max = soft + hardAbove;
+    }
     setrlimit(resource, &limit);
 }
 
@@ -49,17 +51,17 @@ struct SignalLine
     std::string_view line;
 };
 
-constexpr std::string_view DamagedLine = "Qtminw: the file is damaged in a way that the PDF library cannot survive\n";
+constexpr std::string_view damagedLine = "Qtminw: the file is damaged in a way that the PDF library cannot survive\n";
 
-constexpr SignalLine NoMemory = {SIGABRT, ExitStatus::Limit, "Qtminw: the file needs more memory than allowed\n"};
+constexpr SignalLine noMemory = {SIGABRT, ExitStatus::Limit, "Qtminw: the file needs more memory than allowed\n"};
 
-constexpr std::array<SignalLine, 6> SignalLines = {{
+constexpr std::array<SignalLine, 6> signalLines = {{
     {SIGABRT, ExitStatus::CannotOpen, "Qtminw: the PDF library gave up on the file, which may be damaged\n"},
     {SIGXCPU, ExitStatus::Limit, "Qtminw: the file needs more processor time than allowed\n"},
-    {SIGSEGV, ExitStatus::CannotOpen, DamagedLine},
-    {SIGBUS, ExitStatus::CannotOpen, DamagedLine},
-    {SIGFPE, ExitStatus::CannotOpen, DamagedLine},
-    {SIGILL, ExitStatus::CannotOpen, DamagedLine},
+    {SIGSEGV, ExitStatus::CannotOpen, damagedLine},
+    {SIGBUS, ExitStatus::CannotOpen, damagedLine},
+    {SIGFPE, ExitStatus::CannotOpen, damagedLine},
+    {SIGILL, ExitStatus::CannotOpen, damagedLine},
 }};
 
 std::atomic<bool> newFailed = false;
@@ -86,11 +88,11 @@ void noteFailedNew()
 [[noreturn]] void leaveWithSlowPage(int page)
 {
     std::array<char, 128> line{};
-    constexpr std::string_view Begin = "Qtminw: page ";
-    constexpr std::string_view End = " needs more processor time than allowed\n";
-    char *at = std::copy(Begin.begin(), Begin.end(), line.data());
+    constexpr std::string_view lineStart = "Qtminw: page ";
+    constexpr std::string_view lineEnd = " needs more processor time than allowed\n";
+    char *at = std::copy(lineStart.begin(), lineStart.end(), line.data());
     at = std::to_chars(at, line.data() + line.size(), page).ptr;
-    at = std::copy(End.begin(), End.end(), at);
+    at = std::copy(lineEnd.begin(), lineEnd.end(), at);
     leaveWith(ExitStatus::Limit, {line.data(), static_cast<std::size_t>(at - line.data())});
 }
 
@@ -98,16 +100,21 @@ void leave(int signal, siginfo_t *info, void * /*context*/)
 {
     const int error = errno;
     static std::atomic_flag isLeaving = ATOMIC_FLAG_INIT;
-    while (isLeaving.test_and_set())
+    while (isLeaving.test_and_set()) {
         pause(); // another thread was first
-    if (signal == SIGXCPU && info->si_code == SI_TIMER)
+    }
+    if (signal == SIGXCPU && info->si_code == SI_TIMER) {
         leaveWithSlowPage(info->si_value.sival_int);
+    }
     // The library aborts when malloc() fails, which sets errno, but also when it meets what it cannot handle.
-    if (signal == SIGABRT && (error == ENOMEM || newFailed))
-        leaveWith(NoMemory.status, NoMemory.line);
-    for (const SignalLine &each : SignalLines)
-        if (each.signal == signal)
+    if (signal == SIGABRT && (error == ENOMEM || newFailed)) {
+        leaveWith(noMemory.status, noMemory.line);
+    }
+    for (const SignalLine &each : signalLines) {
+        if (each.signal == signal) {
             leaveWith(each.status, each.line);
+        }
+    }
     _exit(static_cast<int>(ExitStatus::CannotOpen));
 }
 
@@ -117,10 +124,10 @@ void apply()
 {
 #ifndef QUORRA_SANITIZED
     // The sanitizers reserve terabytes of addresses.
-    setSoftLimit(RLIMIT_AS, AddressSpaceBytes, 0);
+    setSoftLimit(RLIMIT_AS, addressSpaceBytes, 0);
 #endif
-    setSoftLimit(RLIMIT_CPU, OpeningSeconds, CpuSeconds - OpeningSeconds + CpuGraceSeconds);
-    setSoftLimit(RLIMIT_FSIZE, OutputBytes, 0);
+    setSoftLimit(RLIMIT_CPU, openingSeconds, cpuSeconds - openingSeconds + cpuGraceSeconds);
+    setSoftLimit(RLIMIT_FSIZE, outputBytes, 0);
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
     // A write past the limit then fails like any other write.
@@ -152,11 +159,12 @@ void catchFatalSignals(int errorDescriptor)
     action.sa_sigaction = leave;
     action.sa_flags = SA_ONSTACK | SA_SIGINFO;
     sigfillset(&action.sa_mask); // a second fault in the handler ends the process instead of entering it again
-    for (const SignalLine &each : SignalLines) {
+    for (const SignalLine &each : signalLines) {
 #ifdef QUORRA_SANITIZED
         // The sanitizers report these themselves.
-        if (each.signal != SIGXCPU)
+        if (each.signal != SIGXCPU) {
             continue;
+        }
 #endif
         sigaction(each.signal, &action, nullptr);
     }
@@ -165,7 +173,7 @@ void catchFatalSignals(int errorDescriptor)
 void prepareThread()
 {
 #ifndef QUORRA_SANITIZED
-    thread_local std::array<char, SignalStackBytes> memory;
+    thread_local std::array<char, signalStackBytes> memory;
     stack_t stack{};
     stack.ss_sp = memory.data();
     stack.ss_size = memory.size();

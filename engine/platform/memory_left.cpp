@@ -25,8 +25,9 @@ Taken taken()
     std::ifstream file("/proc/self/statm");
     std::uint64_t addresses = 0;
     std::uint64_t resident = 0;
-    if (!(file >> addresses >> resident))
+    if (!(file >> addresses >> resident)) {
         return {};
+    }
     const auto page = static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
     return {addresses * page, resident * page};
 }
@@ -39,7 +40,7 @@ std::uint64_t memoryLeft()
     const bool limited = getrlimit(RLIMIT_AS, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY;
     // Without a limit on addresses, reserved ones cost nothing.
     const std::uint64_t used = limited ? taken().addresses : taken().resident;
-    const std::uint64_t most = limited ? std::uint64_t{limit.rlim_cur} : limits::AddressSpaceBytes;
+    const std::uint64_t most = limited ? std::uint64_t{limit.rlim_cur} : limits::addressSpaceBytes;
     return most > used ? most - used : 0;
 }
 

@@ -15,7 +15,7 @@ namespace quorra {
 
 namespace {
 
-constexpr std::size_t BufferBytes = 64 * 1024;
+constexpr std::size_t bufferBytes = 64 * 1024;
 
 [[noreturn]] void fail(const std::string &path, int error)
 {
@@ -34,8 +34,9 @@ void writeAll(std::string_view bytes, const std::string &path, WriteSome writeSo
 {
     while (!bytes.empty()) {
         const ssize_t written = writeSome(bytes);
-        if (written < 0 && errno != EINTR)
+        if (written < 0 && errno != EINTR) {
             fail(path, errno);
+        }
         bytes.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
     }
 }
@@ -44,31 +45,37 @@ void writeAll(std::string_view bytes, const std::string &path, WriteSome writeSo
 
 OutputFile::OutputFile(std::string path) : m_path(std::move(path))
 {
-    if (m_path.find('/') == std::string::npos)
+    if (m_path.find('/') == std::string::npos) {
         m_path = "./" + m_path;
+    }
     const std::string folder = folderOf(m_path);
     m_file = platform::beginFile(folder);
-    if (m_file.descriptor < 0)
+    if (m_file.descriptor < 0) {
         fail(m_path, errno);
+    }
 }
 
 OutputFile::~OutputFile()
 {
-    if (m_file.descriptor < 0)
+    if (m_file.descriptor < 0) {
         return;
-    if (!m_file.partPath.empty())
+    }
+    if (!m_file.partPath.empty()) {
         unlink(m_file.partPath.c_str());
+    }
     close(m_file.descriptor);
 }
 
 void OutputFile::write(std::string_view bytes)
 {
-    if (m_buffer.size() + bytes.size() > BufferBytes)
+    if (m_buffer.size() + bytes.size() > bufferBytes) {
         flush();
-    if (bytes.size() > BufferBytes)
+    }
+    if (bytes.size() > bufferBytes) {
         append(bytes);
-    else
+    } else {
         m_buffer.append(bytes);
+    }
 }
 
 void OutputFile::writeAt(std::size_t position, std::string_view bytes)
@@ -84,16 +91,19 @@ void OutputFile::writeAt(std::size_t position, std::string_view bytes)
 void OutputFile::writeFile(const std::string &sourcePath)
 {
     const int source = open(sourcePath.c_str(), O_RDONLY | O_CLOEXEC);
-    if (source < 0)
+    if (source < 0) {
         fail(m_path, errno);
-    std::array<char, BufferBytes> block;
+    }
+    std::array<char, bufferBytes> block;
     ssize_t got = 0;
-    while ((got = read(source, block.data(), block.size())) > 0)
+    while ((got = read(source, block.data(), block.size())) > 0) {
         write({block.data(), static_cast<std::size_t>(got)});
+    }
     const int error = errno;
     close(source);
-    if (got < 0)
+    if (got < 0) {
         fail(m_path, error);
+    }
 }
 
 int OutputFile::descriptor()
@@ -106,13 +116,16 @@ void OutputFile::commit()
 {
     flush();
     // Some file systems tell of failed writes only here or at the end of a descriptor, and this one is still needed.
-    if (!platform::syncFile(m_file.descriptor))
+    if (!platform::syncFile(m_file.descriptor)) {
         fail(m_path, errno);
+    }
     const int duplicate = dup(m_file.descriptor);
-    if (duplicate < 0 || close(duplicate) != 0)
+    if (duplicate < 0 || close(duplicate) != 0) {
         fail(m_path, errno);
-    if (!platform::nameFile(m_file, m_path))
+    }
+    if (!platform::nameFile(m_file, m_path)) {
         fail(m_path, errno);
+    }
     close(std::exchange(m_file.descriptor, -1));
 }
 
@@ -132,14 +145,16 @@ void syncFolderOf(const std::string &path)
 {
     const int folder = open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     // One that may be written but not read cannot be synced.
-    if (folder < 0)
+    if (folder < 0) {
         return;
+    }
     // Some file systems cannot sync a folder.
     const bool synced = fsync(folder) == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP;
     const int error = errno;
     close(folder);
-    if (!synced)
+    if (!synced) {
         fail(path, error);
+    }
 }
 
 } // namespace quorra

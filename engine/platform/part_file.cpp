@@ -34,10 +34,12 @@ bool endsWith(const std::string &text, const std::string &end)
 void removeIfUnlocked(const std::string &path)
 {
     const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
-    if (descriptor < 0)
+    if (descriptor < 0) {
         return;
-    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+    }
+    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
         unlink(path.c_str());
+    }
     close(descriptor);
 }
 
@@ -55,8 +57,9 @@ void removePartFilesNow()
     constexpr std::size_t longestNumber = 10;
     const std::string *const folder = partFolder;
     std::array<char, PATH_MAX> path{};
-    if (!folder || folder->size() + Prefix.size() + Suffix.size() + 2 * longestNumber + 3 > path.size())
+    if (!folder || folder->size() + Prefix.size() + Suffix.size() + 2 * longestNumber + 3 > path.size()) {
         return;
+    }
     char *at = std::copy(folder->begin(), folder->end(), path.begin());
     *at++ = '/';
     at = std::copy(Prefix.begin(), Prefix.end(), at);
@@ -78,33 +81,38 @@ platform::UnnamedFile beginPartFile(const std::string &folder)
             flock(descriptor, LOCK_EX | LOCK_NB);
             return {descriptor, path};
         }
-        if (errno != EEXIST)
+        if (errno != EEXIST) {
             return {};
+        }
     }
     return {};
 }
 
 bool ownerIsGone(const std::string &name, const std::string &prefix)
 {
-    if (name.compare(0, prefix.size(), prefix) != 0)
+    if (name.compare(0, prefix.size(), prefix) != 0) {
         return false;
+    }
     pid_t pid = 0;
     const char *const end = name.data() + name.size();
     const auto parsed = std::from_chars(name.data() + prefix.size(), end, pid);
-    if (parsed.ec != std::errc() || parsed.ptr == end || *parsed.ptr != '-' || pid <= 0)
+    if (parsed.ec != std::errc() || parsed.ptr == end || *parsed.ptr != '-' || pid <= 0) {
         return false;
+    }
     return kill(pid, 0) != 0 && errno == ESRCH;
 }
 
 void sweepPartFiles(const std::string &folder)
 {
     DIR *const listing = opendir(folder.c_str());
-    if (!listing)
+    if (!listing) {
         return;
+    }
     while (const dirent *entry = readdir(listing)) {
         const std::string name = entry->d_name;
-        if (endsWith(name, Suffix) && ownerIsGone(name, Prefix))
+        if (endsWith(name, Suffix) && ownerIsGone(name, Prefix)) {
             removeIfUnlocked(std::string(folder).append("/").append(name));
+        }
     }
     closedir(listing);
 }

@@ -43,18 +43,22 @@ UnnamedFile beginFile(const std::string &folder)
 bool nameFile(UnnamedFile &file, const std::string &path)
 {
     if (file.partPath.empty()) {
-        if (linkTo(file.descriptor, path))
+        if (linkTo(file.descriptor, path)) {
             return true;
-        if (errno != EEXIST)
+        }
+        if (errno != EEXIST) {
             return false;
+        }
         // A link cannot replace a file; a rename can, and needs a name to start from.
         const std::string partPath = newPartPath(path.substr(0, path.rfind('/')));
-        if (!linkTo(file.descriptor, partPath))
+        if (!linkTo(file.descriptor, partPath)) {
             return false;
+        }
         file.partPath = partPath;
     }
-    if (rename(file.partPath.c_str(), path.c_str()) != 0)
+    if (rename(file.partPath.c_str(), path.c_str()) != 0) {
         return false;
+    }
     file.partPath.clear();
     return true;
 }
@@ -67,8 +71,9 @@ bool syncFile(int descriptor)
 void dieWithParent(pid_t parent)
 {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != parent)
+    if (getppid() != parent) {
         _exit(127);
+    }
 }
 
 GroupGuard::GroupGuard(pid_t) {}
@@ -77,14 +82,16 @@ GroupGuard::~GroupGuard() = default;
 
 ThreadAlarm::ThreadAlarm(std::chrono::nanoseconds time, int number)
 {
-    if (time.count() <= 0)
+    if (time.count() <= 0) {
         return;
+    }
     sigevent event{};
     event.sigev_notify = SIGEV_SIGNAL;
     event.sigev_signo = SIGXCPU;
     event.sigev_value.sival_int = number;
-    if (timer_create(CLOCK_THREAD_CPUTIME_ID, &event, &m_timer) != 0)
+    if (timer_create(CLOCK_THREAD_CPUTIME_ID, &event, &m_timer) != 0) {
         return;
+    }
     m_isSet = true;
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time);
     itimerspec once{};
@@ -95,24 +102,27 @@ ThreadAlarm::ThreadAlarm(std::chrono::nanoseconds time, int number)
 
 ThreadAlarm::~ThreadAlarm()
 {
-    if (m_isSet)
+    if (m_isSet) {
         timer_delete(m_timer);
+    }
 }
 
 void removeFlatFolder(const char *path)
 {
     const int folder = open(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (folder < 0)
+    if (folder < 0) {
         return;
+    }
     // readdir() may allocate memory, which a signal's handler must not do.
     alignas(dirent64) char entries[4096];
     long size = 0;
-    while ((size = syscall(SYS_getdents64, folder, entries, sizeof entries)) > 0)
+    while ((size = syscall(SYS_getdents64, folder, entries, sizeof entries)) > 0) {
         for (long at = 0; at < size;) {
             const auto *const entry = reinterpret_cast<const dirent64 *>(entries + at);
             unlinkat(folder, entry->d_name, 0);
             at += entry->d_reclen;
         }
+    }
     close(folder);
     rmdir(path);
 }
@@ -120,12 +130,14 @@ void removeFlatFolder(const char *path)
 void closeNetwork()
 {
     const scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ALLOW);
-    if (!filter)
+    if (!filter) {
         return;
-    for (const int family : {AF_INET, AF_INET6})
+    }
+    for (const int family : {AF_INET, AF_INET6}) {
         seccomp_rule_add(
             filter, SCMP_ACT_ERRNO(EACCES), SCMP_SYS(socket), 1,
             SCMP_A0(SCMP_CMP_EQ, static_cast<scmp_datum_t>(family)));
+    }
     seccomp_load(filter);
     seccomp_release(filter);
 }

@@ -19,8 +19,9 @@ UnnamedFile beginFile(const std::string &folder)
 
 bool nameFile(UnnamedFile &file, const std::string &path)
 {
-    if (rename(file.partPath.c_str(), path.c_str()) != 0)
+    if (rename(file.partPath.c_str(), path.c_str()) != 0) {
         return false;
+    }
     file.partPath.clear();
     return true;
 }
@@ -29,8 +30,9 @@ bool syncFile(int descriptor)
 {
 #ifdef F_FULLFSYNC
     // Plain fsync() leaves the content in the disk's own cache there.
-    if (fcntl(descriptor, F_FULLFSYNC) == 0)
+    if (fcntl(descriptor, F_FULLFSYNC) == 0) {
         return true;
+    }
 #endif
     return fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
@@ -45,10 +47,12 @@ namespace {
     setpgid(0, 0);
     char byte = 0;
     ssize_t got = 0;
-    while ((got = read(pipeEnd, &byte, 1)) < 0 && errno == EINTR)
+    while ((got = read(pipeEnd, &byte, 1)) < 0 && errno == EINTR) {
         continue;
-    if (got == 0)
+    }
+    if (got == 0) {
         kill(-group, SIGKILL);
+    }
     _exit(0);
 }
 
@@ -58,8 +62,9 @@ GroupGuard::GroupGuard(pid_t group)
 {
     // Only this process may hold the writing end open.
     int ends[2];
-    if (pipe(ends) != 0)
+    if (pipe(ends) != 0) {
         return;
+    }
     fcntl(ends[1], F_SETFD, FD_CLOEXEC);
     m_watcher = fork();
     if (m_watcher == 0) {
@@ -74,11 +79,13 @@ GroupGuard::~GroupGuard()
 {
     if (m_watcher > 0) {
         kill(m_watcher, SIGKILL);
-        while (waitpid(m_watcher, nullptr, 0) < 0 && errno == EINTR)
+        while (waitpid(m_watcher, nullptr, 0) < 0 && errno == EINTR) {
             continue;
+        }
     }
-    if (m_pipe >= 0)
+    if (m_pipe >= 0) {
         close(m_pipe);
+    }
 }
 
 ThreadAlarm::ThreadAlarm(std::chrono::nanoseconds, int) {}

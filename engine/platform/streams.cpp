@@ -10,23 +10,25 @@ namespace quorra {
 
 namespace {
 
-constexpr int FirstFree = STDERR_FILENO + 1;
+constexpr int firstFree = STDERR_FILENO + 1;
 
 } // namespace
 
-ErrorLine::ErrorLine() : m_descriptor(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, FirstFree))
+ErrorLine::ErrorLine() : m_descriptor(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, firstFree))
 {
     const int nowhere = open("/dev/null", O_RDWR);
-    if (nowhere < 0)
+    if (nowhere < 0) {
         return;
+    }
     dup2(nowhere, STDIN_FILENO);
     dup2(nowhere, STDOUT_FILENO);
 #ifndef QUORRA_SANITIZED
     // The sanitizers report there.
     dup2(nowhere, STDERR_FILENO);
 #endif
-    if (nowhere >= FirstFree)
+    if (nowhere >= firstFree) {
         close(nowhere);
+    }
 }
 
 void ErrorLine::print(const std::string &text) const

@@ -50,10 +50,12 @@ void removeIfUnlocked(const std::string &path)
     const int lock = open((path + LockName).c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
     std::error_code ignored;
     // A folder without its lock file was left between the two steps of making it.
-    if (lock < 0 || flock(lock, LOCK_EX | LOCK_NB) == 0)
+    if (lock < 0 || flock(lock, LOCK_EX | LOCK_NB) == 0) {
         fs::remove_all(path, ignored);
-    if (lock >= 0)
+    }
+    if (lock >= 0) {
         close(lock);
+    }
 }
 
 } // namespace
@@ -63,13 +65,15 @@ TempFolder::TempFolder()
     sweepTempFolders();
     const std::string pattern = parentFolder() + "/" + Prefix + std::to_string(getpid()) + "-XXXXXX";
     std::vector<char> path(pattern.c_str(), pattern.c_str() + pattern.size() + 1);
-    if (!mkdtemp(path.data()))
+    if (!mkdtemp(path.data())) {
         throw Failure(
             ExitStatus::CannotWrite, "cannot make a folder in " + parentFolder() + ": " + std::strerror(errno));
+    }
     m_path = path.data();
     m_lock = open((m_path + LockName).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (m_lock >= 0)
+    if (m_lock >= 0) {
         flock(m_lock, LOCK_EX | LOCK_NB);
+    }
     livingFolder = m_path.c_str();
 }
 
@@ -78,8 +82,9 @@ TempFolder::~TempFolder()
     livingFolder = nullptr;
     std::error_code ignored;
     fs::remove_all(m_path, ignored);
-    if (m_lock >= 0)
+    if (m_lock >= 0) {
         close(m_lock);
+    }
 }
 
 std::vector<std::string> abandonedTempFolders()
@@ -88,22 +93,25 @@ std::vector<std::string> abandonedTempFolders()
     std::error_code error;
     for (fs::directory_iterator entry(parentFolder(), error), end; !error && entry != end; entry.increment(error)) {
         const std::string path = entry->path().string();
-        if (ownerIsGone(entry->path().filename().string(), Prefix) && isOurs(path))
+        if (ownerIsGone(entry->path().filename().string(), Prefix) && isOurs(path)) {
             abandoned.push_back(path);
+        }
     }
     return abandoned;
 }
 
 void removeTempFolderNow()
 {
-    if (const char *const path = livingFolder)
+    if (const char *const path = livingFolder) {
         platform::removeFlatFolder(path);
+    }
 }
 
 void sweepTempFolders()
 {
-    for (const std::string &path : abandonedTempFolders())
+    for (const std::string &path : abandonedTempFolders()) {
         removeIfUnlocked(path);
+    }
 }
 
 } // namespace quorra

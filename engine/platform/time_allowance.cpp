@@ -38,9 +38,9 @@ TimeAllowance timeAllowance(const Workload &workload, double factor)
     const double ofBytes = megabyte * bytes / bytesOfMegabyte;
     const double ofPixels = eachPage * std::clamp(workload.finer, 1.0, finest);
     TimeAllowance allowance;
-    allowance.page = milliseconds(factor * (onePage + ofPixels + ofBytes / claimed), limits::CpuSeconds);
-    allowance.run = milliseconds(factor * (aroundPages + onePage + ofPixels * pages + ofBytes), limits::CpuSeconds);
-    allowance.helper = milliseconds(factor * (helperStart + helperPage * pages), limits::HelperCpuSeconds);
+    allowance.page = milliseconds(factor * (onePage + ofPixels + ofBytes / claimed), limits::cpuSeconds);
+    allowance.run = milliseconds(factor * (aroundPages + onePage + ofPixels * pages + ofBytes), limits::cpuSeconds);
+    allowance.helper = milliseconds(factor * (helperStart + helperPage * pages), limits::helperCpuSeconds);
     return allowance;
 }
 

@@ -17,11 +17,11 @@ namespace quorra {
 
 namespace {
 
-constexpr int MostThreads = 4;
-constexpr int PagesPerThread = 4;
+constexpr int mostThreads = 4;
+constexpr int pagesPerThread = 4;
 
 /// What any thread takes: the allocator reserves 64 MiB for each, its stack has 8 MiB, and it opens the file once more.
-constexpr std::uint64_t ThreadBytes = 96ULL << 20;
+constexpr std::uint64_t threadBytes = 96ULL << 20;
 
 std::atomic<int> assumedProcessors{0};
 
@@ -33,8 +33,9 @@ public:
     void keep()
     {
         const std::lock_guard lock(m_mutex);
-        if (!m_failure)
+        if (!m_failure) {
             m_failure = std::current_exception();
+        }
         m_any = true;
     }
 
@@ -42,8 +43,9 @@ public:
 
     void rethrow() const
     {
-        if (m_failure)
+        if (m_failure) {
             std::rethrow_exception(m_failure);
+        }
     }
 
 private:
@@ -62,8 +64,9 @@ public:
 
     ~JoinedThreads()
     {
-        for (std::thread &thread : m_threads)
+        for (std::thread &thread : m_threads) {
             thread.join();
+        }
     }
 
     /// Starts up to `count` threads: fewer where the user or the system has as many as are allowed.
@@ -71,8 +74,9 @@ public:
     {
         m_threads.reserve(static_cast<std::size_t>(std::max(0, count)));
         try {
-            while (static_cast<int>(m_threads.size()) < count)
+            while (static_cast<int>(m_threads.size()) < count) {
                 m_threads.emplace_back(work);
+            }
         } catch (const std::system_error &) {
             return;
         }
@@ -88,8 +92,8 @@ int threadsFor(int pageCount, int processors, std::uint64_t bytesLeft, const Poo
 {
     const std::uint64_t forThreads = bytesLeft > memory.shared ? bytesLeft - memory.shared : 0;
     const auto fitting = static_cast<int>(
-        std::min<std::uint64_t>(forThreads / (ThreadBytes + memory.perThread), std::uint64_t{MostThreads}));
-    return std::max(1, std::min({processors, pageCount / PagesPerThread, fitting}));
+        std::min<std::uint64_t>(forThreads / (threadBytes + memory.perThread), std::uint64_t{mostThreads}));
+    return std::max(1, std::min({processors, pageCount / pagesPerThread, fitting}));
 }
 
 int poolSize(int pageCount, const PoolMemory &memory)
@@ -138,8 +142,9 @@ void runPool(int threads, int pageCount, const std::function<void(const PageSour
 void forEachPage(int pageCount, const std::function<void(int)> &work)
 {
     const auto all = [&work](const PageSource &next) {
-        while (const int position = next())
+        while (const int position = next()) {
             work(position - 1);
+        }
     };
     runPool(poolSize(pageCount), pageCount, all);
 }

@@ -89,9 +89,11 @@ ChildCommand shell(const QString &folder, const std::string &script)
 
 bool becomesTrue(const std::function<bool()> &condition)
 {
-    for (const QDeadlineTimer deadline(60s); !deadline.hasExpired(); QTest::qSleep(2))
-        if (condition())
+    for (const QDeadlineTimer deadline(60s); !deadline.hasExpired(); QTest::qSleep(2)) {
+        if (condition()) {
             return true;
+        }
+    }
     return condition();
 }
 
@@ -143,8 +145,9 @@ QByteArray ChildProcessTest::content(const char *name) const
 void ChildProcessTest::givesTheExitStatus_data()
 {
     QTest::addColumn<int>("status");
-    for (const int status : {0, 1, 81, 126, 255})
+    for (const int status : {0, 1, 81, 126, 255}) {
         QTest::addRow("%d", status) << status;
+    }
 }
 
 void ChildProcessTest::givesTheExitStatus()
@@ -207,8 +210,9 @@ void ChildProcessTest::killsWhatTheCommandStarted()
     const std::string grandchild = "sh -c '" + noteNumber("grandchild") + "exec sleep 600' & ";
     const std::string wait = "while [ ! -e grandchild ]; do sleep 0.01; done; ";
     ChildCommand command = shell(m_folder->path(), grandchild + wait + (inTime ? "exit 3" : ": > ready; sleep 600"));
-    if (!inTime)
+    if (!inTime) {
         command.wallLimit = 2s;
+    }
     const ChildResult result = runChild(command);
     QCOMPARE(result.end, inTime ? ChildEnd::Exited : ChildEnd::TimedOut);
     const pid_t grandchildNumber = content("grandchild").toInt();
@@ -229,8 +233,9 @@ void ChildProcessTest::killsTheGroupBeforeItsNumberIsFree()
     QFETCH(bool, inTime);
     groupKills = 0;
     ChildCommand command = shell(m_folder->path(), inTime ? "exit 0" : "sleep 600");
-    if (!inTime)
+    if (!inTime) {
         command.wallLimit = 100ms;
+    }
     runChild(command);
     QCOMPARE(groupKills, 1);
     QVERIFY(leaderWasThere);

@@ -153,20 +153,26 @@ void CoreNamingTest::depth_data()
         QTest::addRow("%s %d %d", extension, asked, compression)
             << QString::fromLatin1(extension) << asked << compression << expected;
     };
-    for (const char *free : {".png", ".tga", ".gif", ".bmp", ".pnm", ".tif", ".tiff"})
-        for (const int asked : {colour, gray, mono})
+    for (const char *free : {".png", ".tga", ".gif", ".bmp", ".pnm", ".tif", ".tiff"}) {
+        for (const int asked : {colour, gray, mono}) {
             row(free, asked, 0, asked);
-    for (const char *jpeg : {".jpg", ".jpeg", ".jpe"})
-        for (const int asked : {colour, gray, mono})
+        }
+    }
+    for (const char *jpeg : {".jpg", ".jpeg", ".jpe"}) {
+        for (const int asked : {colour, gray, mono}) {
             row(jpeg, asked, 0, asked == mono ? gray : asked);
+        }
+    }
     for (const int asked : {colour, gray, mono}) {
         row(".pbm", asked, 0, mono);
         row(".pgm", asked, 0, gray);
         row(".ppm", asked, 0, colour);
-        for (const int fax : {3, 4, 88882, 88883, 88884})
+        for (const int fax : {3, 4, 88882, 88883, 88884}) {
             row(".tif", asked, fax, mono);
-        for (const int other : {1, 5, 32773})
+        }
+        for (const int other : {1, 5, 32773}) {
             row(".tiff", asked, other, asked);
+        }
         row(".png", asked, 4, asked);
     }
 }
@@ -179,8 +185,9 @@ void CoreNamingTest::depth()
     QFETCH(int, expected);
     Options options;
     options.colourDepth = static_cast<ColourDepth>(asked);
-    if (compression != 0)
+    if (compression != 0) {
         options.compression = static_cast<Compression>(compression);
+    }
     QCOMPARE(static_cast<int>(pictureDepth(options, extension.toStdString())), expected);
 }
 
@@ -213,15 +220,17 @@ void CoreNamingTest::size()
     Options options;
     options.outputPath = "a.tif";
     const auto set = [&asked](std::optional<int> &option, int index) {
-        if (asked[index] > 0)
+        if (asked[index] > 0) {
             option = asked[index];
+        }
     };
     set(options.width, 0);
     set(options.height, 1);
     set(options.xres, 2);
     set(options.yres, 3);
-    if (asked[4] != 0)
+    if (asked[4] != 0) {
         options.compression = static_cast<Compression>(asked[4]);
+    }
     const PictureSize size = pictureSize(options, 1, 612, 792);
     QCOMPARE(size.width, expected[0]);
     QCOMPARE(size.height, expected[1]);
@@ -252,10 +261,12 @@ void CoreNamingTest::tooLarge()
     QFETCH(bool, fits);
     Options options;
     options.outputPath = "a.png";
-    if (width > 0)
+    if (width > 0) {
         options.width = width;
-    if (xres > 0)
+    }
+    if (xres > 0) {
         options.xres = xres;
+    }
     try {
         const PictureSize size = pictureSize(options, 1, page, page);
         QVERIFY(fits);
@@ -284,14 +295,18 @@ void CoreNamingTest::paper()
     QFETCH(QList<int>, asked);
     QFETCH(QList<int>, expected);
     Options options;
-    if (asked[0] > 0)
+    if (asked[0] > 0) {
         options.width = asked[0];
-    if (asked[1] > 0)
+    }
+    if (asked[1] > 0) {
         options.height = asked[1];
-    if (asked[2] > 0)
+    }
+    if (asked[2] > 0) {
         options.xres = asked[2];
-    if (asked[3] > 0)
+    }
+    if (asked[3] > 0) {
         options.yres = asked[3];
+    }
     const std::optional<PaperSize> paper = paperSize(options, 612, 792);
     QCOMPARE(paper.has_value(), !expected.isEmpty());
     if (paper) {

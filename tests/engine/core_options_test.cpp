@@ -17,8 +17,9 @@ using Check = std::function<bool(const Options &)>;
 std::vector<std::string> split(const QString &line)
 {
     std::vector<std::string> arguments;
-    for (const QString &word : line.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+    for (const QString &word : line.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
         arguments.push_back(word == QLatin1String("''") ? std::string() : word.toStdString());
+    }
     return arguments;
 }
 
@@ -140,8 +141,9 @@ void CoreOptionsTest::refused_data()
           "mono -call a b",
           "-colour -call a b",
           "-call -call a b",
-          "stray -f 1 -call a b"})
+          "stray -f 1 -call a b"}) {
         QTest::newRow(line) << QString::fromLatin1(line);
+    }
 }
 
 void CoreOptionsTest::refused()
@@ -225,10 +227,12 @@ void CoreOptionsTest::range()
     QFETCH(int, expectedFirst);
     QFETCH(int, expectedLast);
     Options options;
-    if (first > 0)
+    if (first > 0) {
         options.firstPage = first;
-    if (last > 0)
+    }
+    if (last > 0) {
         options.lastPage = last;
+    }
     if (expectedFirst == 0) {
         QCOMPARE(failureOf([&] { pageRange(options, pages); }), std::optional(ExitStatus::Usage));
         return;

@@ -24,9 +24,9 @@ using namespace quorra;
 
 namespace {
 
-constexpr std::uint64_t MegaByte = 1 << 20;
-constexpr int Skipped = 77;
-constexpr uid_t UserWithoutProcesses = 64321;
+constexpr std::uint64_t megaByte = 1 << 20;
+constexpr int skipped = 77;
+constexpr uid_t userWithoutProcesses = 64321;
 
 /// Lets nobody past before so many threads have come.
 class Meeting
@@ -37,8 +37,9 @@ public:
     void wait()
     {
         std::unique_lock lock(m_mutex);
-        if (--m_missing <= 0)
+        if (--m_missing <= 0) {
             m_all.notify_all();
+        }
         m_all.wait(lock, [this] { return m_missing <= 0; });
     }
 
@@ -58,8 +59,9 @@ struct Shared
 void shareHundredPages(const PageSource &next, Shared &shared)
 {
     ++shared.threads;
-    while (const int position = next())
+    while (const int position = next()) {
         shared.sum += position;
+    }
 }
 
 /// Runs as a process of its own, which may have so many threads, this one among them.
@@ -67,8 +69,9 @@ int runUnderLimit(int mostThreads)
 {
     const rlimit limit{static_cast<rlim_t>(mostThreads), static_cast<rlim_t>(mostThreads)};
     // The limit counts all processes of a user, and does not bind root.
-    if (setrlimit(RLIMIT_NPROC, &limit) != 0 || (geteuid() == 0 && setuid(UserWithoutProcesses) != 0))
-        return Skipped;
+    if (setrlimit(RLIMIT_NPROC, &limit) != 0 || (geteuid() == 0 && setuid(userWithoutProcesses) != 0)) {
+        return skipped;
+    }
     // The calling thread comes last. Until then the others stay, so that none takes the place of one that has ended.
     const std::thread::id caller = std::this_thread::get_id();
     std::atomic<bool> allStarted{false};
@@ -123,8 +126,9 @@ private Q_SLOTS:
         std::mutex mutex;
         std::set<std::thread::id> threads;
         forEachPage(500, [&](int page) {
-            if (page < 4) // these are four threads, or the meeting never ends
+            if (page < 4) { // these are four threads, or the meeting never ends
                 meeting.wait();
+            }
             const std::lock_guard lock(mutex);
             threads.insert(std::this_thread::get_id());
         });
@@ -148,10 +152,12 @@ private Q_SLOTS:
     {
         std::atomic<int> done = 0;
         const auto failing = [&done](const PageSource &next) {
-            if (next() == 1)
+            if (next() == 1) {
                 throw std::runtime_error("page 1");
-            while (next() != 0)
+            }
+            while (next() != 0) {
                 ++done;
+            }
         };
         QVERIFY_THROWS_EXCEPTION(std::runtime_error, runPool(1, 1000, failing));
         QCOMPARE(done.load(), 0);
@@ -173,8 +179,9 @@ private Q_SLOTS:
                 QCoreApplication::applicationFilePath(), {QStringLiteral("--most-threads"), QString::number(most)});
             QVERIFY(limited.waitForFinished());
             QCOMPARE(limited.exitStatus(), QProcess::NormalExit);
-            if (limited.exitCode() == Skipped)
+            if (limited.exitCode() == skipped) {
                 QSKIP("not run: the number of threads cannot be limited here");
+            }
             QCOMPARE(limited.exitCode(), 0);
             const QList<QByteArray> answer = limited.readAllStandardOutput().split(' ');
             QCOMPARE(answer.size(), 2);
@@ -214,7 +221,7 @@ private Q_SLOTS:
         QFETCH(int, perThread);
         QFETCH(int, shared);
         QFETCH(int, threads);
-        const auto bytes = [](int megaBytes) { return static_cast<std::uint64_t>(megaBytes) * MegaByte; };
+        const auto bytes = [](int megaBytes) { return static_cast<std::uint64_t>(megaBytes) * megaByte; };
         QCOMPARE(threadsFor(pages, processors, bytes(megaBytesLeft), {bytes(perThread), bytes(shared)}), threads);
     }
 
@@ -222,10 +229,10 @@ private Q_SLOTS:
     {
         // The engine's own limit counts, as this process has none.
         const std::uint64_t left = memoryLeft();
-        QVERIFY(left > 0 && left < 1024 * MegaByte);
+        QVERIFY(left > 0 && left < 1024 * megaByte);
 #ifdef Q_OS_LINUX
-        const std::vector<char> more(64 * MegaByte, 'x');
-        QVERIFY(memoryLeft() <= left - 60 * MegaByte);
+        const std::vector<char> more(64 * megaByte, 'x');
+        QVERIFY(memoryLeft() <= left - 60 * megaByte);
         QCOMPARE(more.back(), 'x');
 #endif
     }
@@ -233,8 +240,9 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    if (argc == 3 && std::string_view(argv[1]) == "--most-threads")
+    if (argc == 3 && std::string_view(argv[1]) == "--most-threads") {
         return runUnderLimit(std::atoi(argv[2]));
+    }
     QCoreApplication application(argc, argv);
     CorePagePoolTest test;
     return QTest::qExec(&test, argc, argv);

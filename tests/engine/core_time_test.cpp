@@ -32,8 +32,8 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr int None = 0;
-std::atomic<int> slowPage{None};
+constexpr int noPage = 0;
+std::atomic<int> slowPage{noPage};
 
 void noteSlowPage(int, siginfo_t *info, void *)
 {
@@ -46,7 +46,7 @@ class CaughtSignal
 public:
     CaughtSignal()
     {
-        slowPage = None;
+        slowPage = noPage;
         struct sigaction action
         {
         };
@@ -79,8 +79,9 @@ std::chrono::nanoseconds threadTime()
 void work(std::chrono::milliseconds time)
 {
     const auto end = threadTime() + time;
-    while (threadTime() < end && slowPage == None)
+    while (threadTime() < end && slowPage == noPage) {
         continue;
+    }
 }
 
 TimeAllowance allowed(const Workload &workload)
@@ -124,9 +125,9 @@ void CoreTimeTest::claimedPagesNeedBytes()
 void CoreTimeTest::aRunNeverGetsMoreThanTheLimit()
 {
     const TimeAllowance time = allowed({1'000'000, 10'000'000'000, 1000});
-    QCOMPARE(time.run, std::chrono::milliseconds{limits::CpuSeconds * 1000});
+    QCOMPARE(time.run, std::chrono::milliseconds{limits::cpuSeconds * 1000});
     QVERIFY(time.page <= time.run);
-    QCOMPARE(time.helper, std::chrono::milliseconds{limits::HelperCpuSeconds * 1000});
+    QCOMPARE(time.helper, std::chrono::milliseconds{limits::helperCpuSeconds * 1000});
 }
 
 void CoreTimeTest::readsTheFactor_data()
@@ -164,7 +165,7 @@ void CoreTimeTest::noticesASlowPage()
         const PageTime time(41);
         work(5ms);
     }
-    QCOMPARE(slowPage, None);
+    QCOMPARE(slowPage, noPage);
     const PageTime time(42);
     work(10s);
     QCOMPARE(slowPage, 42);
@@ -178,16 +179,16 @@ void CoreTimeTest::addsUpTheDrawingsOfAPage()
     const CaughtSignal caught;
     allowPageTime(100ms);
     int drawings = 0;
-    for (; slowPage == None && drawings < 1000; ++drawings) {
+    for (; slowPage == noPage && drawings < 1000; ++drawings) {
         const PageTime time(43);
         work(30ms);
     }
     QCOMPARE(slowPage, 43);
     QVERIFY2(drawings >= 3 && drawings <= 6, qPrintable(QString::number(drawings)));
-    slowPage = None;
+    slowPage = noPage;
     const PageTime time(44); // another page begins anew
     work(30ms);
-    QCOMPARE(slowPage, None);
+    QCOMPARE(slowPage, noPage);
 }
 
 void CoreTimeTest::watchesOverEachThread()
@@ -205,7 +206,7 @@ void CoreTimeTest::watchesOverEachThread()
     std::thread other(drawPage, 45);
     drawPage(46);
     other.join();
-    QCOMPARE(slowPage, None);
+    QCOMPARE(slowPage, noPage);
     std::thread slow([] {
         const PageTime time(47);
         work(10s);

@@ -115,8 +115,9 @@ private Q_SLOTS:
         const Noise noise(600, 600, ColourDepth::Colour);
         int calls = 0;
         const ByteSink sink = [&calls, goodCalls](std::string_view) {
-            if (++calls > goodCalls)
+            if (++calls > goodCalls) {
                 throw std::runtime_error("full");
+            }
         };
         const auto write = [&] {
             const auto writer = make(sink, infoOf(600, 600, ColourDepth::Colour));

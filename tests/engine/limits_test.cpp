@@ -44,8 +44,9 @@ struct End
 End endOf(const std::function<void()> &action)
 {
     std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0)
+    if (pipe(ends.data()) != 0) {
         return {};
+    }
     const pid_t child = fork();
     if (child == 0) {
         close(ends[0]);
@@ -59,21 +60,23 @@ End endOf(const std::function<void()> &action)
     close(ends[1]);
     End end;
     std::array<char, 256> block{};
-    for (ssize_t got = 0; (got = read(ends[0], block.data(), block.size())) > 0;)
+    for (ssize_t got = 0; (got = read(ends[0], block.data(), block.size())) > 0;) {
         end.line.append(block.data(), got);
+    }
     close(ends[0]);
     int status = 0;
-    if (waitpid(child, &status, 0) == child && WIFEXITED(status))
+    if (waitpid(child, &status, 0) == child && WIFEXITED(status)) {
         end.status = WEXITSTATUS(status);
+    }
     return end;
 }
 
-constexpr std::size_t TooMuch = std::size_t{1} << 40;
+constexpr std::size_t tooMuch = std::size_t{1} << 40;
 
 /// A failed request for memory that nothing catches, as in a destructor.
 void requestTooMuch() noexcept
 {
-    std::vector<char> memory(TooMuch);
+    std::vector<char> memory(tooMuch);
     memory.back() = 1;
 }
 
@@ -97,7 +100,7 @@ void LimitsTest::tellsWhyTheProcessEnded_data()
         QTest::newRow(name) << action << static_cast<int>(status) << QByteArray(words);
     };
     row(
-        "the PDF library gets no memory", [] { gfree(gmalloc(TooMuch)); }, ExitStatus::Limit, "more memory");
+        "the PDF library gets no memory", [] { gfree(gmalloc(tooMuch)); }, ExitStatus::Limit, "more memory");
     row("C++ gets no memory", requestTooMuch, ExitStatus::Limit, "more memory");
     row(
         "the PDF library refuses a size", [] { gfree(gmallocn(INT_MAX, INT_MAX)); }, ExitStatus::CannotOpen, "gave up");

@@ -45,10 +45,12 @@ const char *failingCall = ""; ///< the next call of this name fails with EIO
 [[maybe_unused]] bool noteCall(const char *name)
 {
     calls().emplace_back(name);
-    if (killAtCall == static_cast<int>(calls().size()))
+    if (killAtCall == static_cast<int>(calls().size())) {
         raise(SIGKILL);
-    if (std::strcmp(failingCall, name) != 0)
+    }
+    if (std::strcmp(failingCall, name) != 0) {
         return false;
+    }
     failingCall = "";
     errno = EIO;
     return true;
@@ -66,8 +68,9 @@ int duplicate = -1; ///< what dup() gave last
 template <typename Call>
 int noted(const char *name, Call call)
 {
-    if (noteCall(name))
+    if (noteCall(name)) {
         return -1;
+    }
     const int result = static_cast<int>(call());
     noteCall("done");
     return result;
@@ -107,8 +110,9 @@ extern "C" int dup(int descriptor) noexcept
 extern "C" int close(int descriptor)
 {
     const int result = static_cast<int>(syscall(SYS_close, descriptor));
-    if (descriptor != duplicate || std::strcmp(failingCall, "close") != 0)
+    if (descriptor != duplicate || std::strcmp(failingCall, "close") != 0) {
         return result;
+    }
     failingCall = "";
     errno = EIO;
     return -1;
@@ -195,7 +199,7 @@ private:
     void (*m_handler)(int) = SIG_DFL;
 };
 
-constexpr std::size_t Large = 1'000'000; // many times the buffer
+constexpr std::size_t largeSize = 1'000'000; // many times the buffer
 
 } // namespace
 
@@ -252,7 +256,7 @@ void OutputFileTest::leavesNothingWithoutCommit()
     put("out", "old");
     {
         OutputFile file(path());
-        file.write(std::string(Large, 'x'));
+        file.write(std::string(largeSize, 'x'));
     }
     QCOMPARE(content(), QByteArray("old"));
     QCOMPARE(files(), QStringList{QStringLiteral("out")});
@@ -287,7 +291,7 @@ void OutputFileTest::writesAtAPlace()
 
 void OutputFileTest::copiesAFile()
 {
-    const QByteArray large(Large, 'l');
+    const QByteArray large(largeSize, 'l');
     put("source", large);
     OutputFile file(path());
     file.write("before ");
@@ -346,9 +350,10 @@ void OutputFileTest::failsInAFolderThatIsReadOnly()
     // Root may write everywhere: a process of another user looks.
     const pid_t child = fork();
     if (child == 0) {
-        constexpr uid_t Nobody = 65534;
-        if (geteuid() == 0 && (setgid(Nobody) != 0 || setuid(Nobody) != 0))
+        constexpr uid_t nobody = 65534;
+        if (geteuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0)) {
             _exit(2);
+        }
         _exit(contains(failureOf([&] { const OutputFile file(path()); }), std::strerror(EACCES)) ? 0 : 1);
     }
     QVERIFY(child > 0);
@@ -364,9 +369,9 @@ void OutputFileTest::failsWithoutSpace_data()
 {
     using Write = std::function<void(OutputFile &)>;
     QTest::addColumn<Write>("write");
-    QTest::newRow("one large piece") << Write([](OutputFile &file) { file.write(std::string(Large, 'x')); });
+    QTest::newRow("one large piece") << Write([](OutputFile &file) { file.write(std::string(largeSize, 'x')); });
     QTest::newRow("what the buffer held") << Write([](OutputFile &file) { file.write(std::string(10'000, 'x')); });
-    QTest::newRow("at a place") << Write([](OutputFile &file) { file.writeAt(Large, "x"); });
+    QTest::newRow("at a place") << Write([](OutputFile &file) { file.writeAt(largeSize, "x"); });
     QTest::newRow("a file") << Write([](OutputFile &file) { file.writeFile("/proc/self/exe"); });
 }
 
@@ -434,8 +439,9 @@ void OutputFileTest::isOnDiskBeforeItHasItsName()
 void OutputFileTest::failsWhenTheDiskDoes_data()
 {
     QTest::addColumn<QByteArray>("call");
-    for (const char *call : {"sync", "dup", "close", "rename"})
+    for (const char *call : {"sync", "dup", "close", "rename"}) {
         QTest::newRow(call) << QByteArray(call);
+    }
 }
 
 void OutputFileTest::failsWhenTheDiskDoes()
@@ -479,14 +485,15 @@ void OutputFileTest::survivesAKillAtAnyMoment()
 {
 #ifdef __linux__
     QFETCH(bool, replaces);
-    const QByteArray whole(Large, 'n');
+    const QByteArray whole(largeSize, 'n');
     const QByteArray before = replaces ? QByteArray("old") : QByteArray("not there");
     bool ended = false;
     int kills = 0;
     for (int moment = 1; !ended; ++moment) {
         QFile::remove(QString::fromStdString(path()));
-        if (replaces)
+        if (replaces) {
             put("out", before);
+        }
         const pid_t child = fork();
         if (child == 0) {
             killAtCall = moment;

@@ -29,8 +29,9 @@ model::Document documentOf(const std::vector<model::Picture> &pictures)
     model::Page page;
     page.number = 1;
     page.sections.emplace_back();
-    for (const model::Picture &picture : pictures)
+    for (const model::Picture &picture : pictures) {
         page.sections.back().blocks.push_back({picture});
+    }
     model::Document document;
     document.pages.push_back(page);
     return document;

@@ -17,8 +17,9 @@
 int main(int argc, char **argv)
 {
     using namespace quorra;
-    if (argc < 2)
+    if (argc < 2) {
         return static_cast<int>(ExitStatus::Usage);
+    }
     QHashSeed::setDeterministicGlobalSeed();
     assumeProcessors(std::atoi(argv[1]));
     limits::apply();

@@ -37,12 +37,14 @@ QStringList expectedRows(const QList<QUrl> &urls)
     QStringList rows;
     for (qsizetype index = 0; index < urls.size(); ++index) {
         const QString path = urls[index].toLocalFile();
-        if (path.isEmpty())
+        if (path.isEmpty()) {
             break;
+        }
         const bool isPdf = path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
         // The row to insert at counts every entry; past the end of the table nothing is inserted.
-        if (isPdf && !QDir(path).exists() && index == rows.size())
+        if (isPdf && !QDir(path).exists() && index == rows.size()) {
             rows.append(path);
+        }
     }
     return rows;
 }

@@ -51,8 +51,9 @@ Job jobOf(const std::uint8_t *data, std::size_t size)
         &job.input,
         &job.outputFolder};
     qsizetype field = 0;
-    for (QString *text : stored)
+    for (QString *text : stored) {
         *text = QString::fromUtf8(texts[field++]);
+    }
     job.settings.wordMode = texts[field++].toInt();
     job.extension = extensionOfIndex(texts[field].toInt());
     return job;
@@ -103,15 +104,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const QString values =
         settings.tempName + settings.userPassword + settings.masterPassword + job.input + job.outputFolder;
     /// Nothing is escaped, so a double quote spoils the arguments; and an empty path is no argument at all.
-    if (values.contains(QLatin1Char('"')) || job.input.isEmpty())
+    if (values.contains(QLatin1Char('"')) || job.input.isEmpty()) {
         return 0;
+    }
     const QString options = optionsForExtension(engineOptions(settings, job.extension), job.extension);
     const QString output = outputPathOf(job.outputFolder, job.input, QString(), job.extension);
     const QStringList command =
         QProcess::splitCommand(engineCommand(QStringLiteral("/engine"), options, job.input, output));
     std::vector<std::string> arguments;
-    for (qsizetype index = 1; index < command.size(); ++index)
+    for (qsizetype index = 1; index < command.size(); ++index) {
         arguments.push_back(command[index].toStdString());
+    }
     try {
         checkReceived(job, quorra::parseOptions(arguments));
     } catch (const quorra::Failure &) {

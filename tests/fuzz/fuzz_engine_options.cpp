@@ -39,8 +39,9 @@ void checkOptions(const Options &options, const std::vector<std::string> &argume
     fuzz::require(options.outputPath == arguments.back(), "the last argument is the output");
     fuzz::require(options.inputPath == arguments[arguments.size() - 2], "the one before it is the input");
     for (const auto &number :
-         {options.firstPage, options.lastPage, options.width, options.height, options.xres, options.yres})
+         {options.firstPage, options.lastPage, options.width, options.height, options.xres, options.yres}) {
         fuzz::require(isPositive(number), "numbers are positive");
+    }
     const std::string extension = outputExtension(options.outputPath);
     fuzz::require(extension.empty() || extension.front() == '.', "an extension has its dot");
     fuzz::require(extension.find('/') == std::string::npos, "an extension is part of a file name");
@@ -84,8 +85,9 @@ void checkPasswords(const Options &options)
     fuzz::require(
         !pairs.empty() && pairs.front() == PasswordPair{options.userPassword, options.ownerPassword},
         "the passwords as given come first");
-    for (std::size_t i = 0; i < pairs.size(); ++i)
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
         fuzz::require(std::count(pairs.begin(), pairs.end(), pairs[i]) == 1, "no pair is tried twice");
+    }
 }
 
 } // namespace

@@ -16,10 +16,11 @@ QString expectedBaseName(const QString &path)
 {
     QString name;
     for (const QChar character : path) {
-        if (character == QLatin1Char('/'))
+        if (character == QLatin1Char('/')) {
             name.clear();
-        else
+        } else {
             name += character;
+        }
     }
     return name.section(QLatin1Char('.'), 0, 0);
 }
@@ -27,8 +28,9 @@ QString expectedBaseName(const QString &path)
 /// A token between quotes is one argument; an empty one is none.
 void appendArgument(QStringList &arguments, const QString &token)
 {
-    if (!token.isEmpty())
+    if (!token.isEmpty()) {
         arguments.append(token);
+    }
 }
 
 } // namespace
@@ -56,8 +58,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const QString options = optionsForExtension(engineOptions(settings, extension), extension);
     const QString engine = enginePathIn(engineFolder);
     const QStringList arguments = QProcess::splitCommand(engineCommand(engine, options, input, output));
-    if ((input + output + engine + settings.tempName).contains(QLatin1Char('"')))
+    if ((input + output + engine + settings.tempName).contains(QLatin1Char('"'))) {
         return 0; // nothing is escaped, so the splitting is spoilt, as it must be; it has to end, though
+    }
 
     QStringList expected = {engine};
     expected += QProcess::splitCommand(options);

@@ -61,14 +61,16 @@ void checkSeparators(const QString &optionString, const QHash<QString, QString> 
     qsizetype spaces = 0;
     bool quoted = false;
     for (const QChar character : optionString) {
-        if (character == QLatin1Char('"'))
+        if (character == QLatin1Char('"')) {
             quoted = !quoted;
-        else if (character == QLatin1Char(' ') && !quoted)
+        } else if (character == QLatin1Char(' ') && !quoted) {
             ++spaces;
+        }
     }
     qsizetype expected = 13;
-    for (auto option = options.begin(); option != options.end(); ++option)
+    for (auto option = options.begin(); option != options.end(); ++option) {
         expected += takesValue(option.key()) ? 1 : 0;
+    }
     fuzz::require(spaces == expected, "thirteen spaces separate the fragments, one stands inside each pair");
 }
 
@@ -112,8 +114,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     for (int index = 0; index <= 28; ++index) {
         const QString extension = extensionOfIndex(index);
         const QString optionString = engineOptions(settings, extension);
-        if (!splits)
+        if (!splits) {
             continue;
+        }
         const QHash<QString, QString> options = received(optionString);
         checkSeparators(optionString, options);
         checkOptions(settings, extension, options);

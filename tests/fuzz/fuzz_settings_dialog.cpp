@@ -35,18 +35,21 @@ void checkStored()
         const QString text = stored(flag);
         fuzz::require(text == QLatin1String("0") || text == QLatin1String("1"), "a flag is stored as 0 or 1");
     }
-    for (const QLatin1String page : {store::key::firstPage, store::key::lastPage})
+    for (const QLatin1String page : {store::key::firstPage, store::key::lastPage}) {
         fuzz::require(stored(page).isEmpty() || storedNumber(page) > 0, "a page is empty or above 0");
-    for (const QLatin1String size : {store::key::width, store::key::height, store::key::xRes, store::key::yRes})
+    }
+    for (const QLatin1String size : {store::key::width, store::key::height, store::key::xRes, store::key::yRes}) {
         fuzz::require(storedNumber(size) >= 0, "a size is not below 0");
+    }
     // Lists may stand without a selection, which counts as -1.
     checkRange(store::key::converterFormat, -1, 27);
     checkRange(store::key::colorDepth, -1, 2);
     checkRange(store::key::compression, -1, 7);
     checkRange(store::key::wordMode, 0, 4);
-    for (const QLatin1String password : {store::key::userPassword, store::key::masterPassword})
+    for (const QLatin1String password : {store::key::userPassword, store::key::masterPassword}) {
         fuzz::require(
             stored(password).isEmpty() || !stored(password).trimmed().isEmpty(), "blanks alone are no password");
+    }
 }
 
 } // namespace

@@ -17,8 +17,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 int main(int argc, char **argv)
 {
     std::vector<std::filesystem::path> inputs;
-    for (const auto &entry : std::filesystem::directory_iterator(QUORRA_FUZZ_CORPUS))
+    for (const auto &entry : std::filesystem::directory_iterator(QUORRA_FUZZ_CORPUS)) {
         inputs.push_back(entry.path());
+    }
     std::sort(inputs.begin(), inputs.end());
     if (inputs.empty()) {
         std::cerr << "no inputs in " << QUORRA_FUZZ_CORPUS << "\n";

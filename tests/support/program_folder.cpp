@@ -19,8 +19,9 @@ QByteArray fileContent(const QString &path)
 void writeFile(const QString &path, const QByteArray &content)
 {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(content) != content.size())
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(content) != content.size()) {
         QTest::qFail(qPrintable(QStringLiteral("cannot write ") + path), __FILE__, __LINE__);
+    }
 }
 
 const QByteArray &ProgramFolder::engineBytes()
@@ -34,10 +35,12 @@ ProgramFolder::ProgramFolder(Engine engine)
     , m_earlierCurrentDir(QDir::currentPath())
 {
     m_path = QFileInfo(m_dir.path()).canonicalFilePath();
-    if (!m_dir.isValid() || !QDir::setCurrent(m_path))
+    if (!m_dir.isValid() || !QDir::setCurrent(m_path)) {
         qFatal("cannot make a temporary folder");
-    if (engine == WithEngine)
+    }
+    if (engine == WithEngine) {
         installEngine();
+    }
 }
 
 ProgramFolder::~ProgramFolder()
@@ -59,8 +62,9 @@ QString ProgramFolder::filePath(const QString &name) const
 
 QString ProgramFolder::makeFolder(const QString &name) const
 {
-    if (!QDir(m_path).mkpath(name))
+    if (!QDir(m_path).mkpath(name)) {
         QTest::qFail("cannot make a folder", __FILE__, __LINE__);
+    }
     return filePath(name);
 }
 
@@ -69,8 +73,9 @@ QString ProgramFolder::makePdf(const QString &name, qint64 bytes) const
     QString path = filePath(name);
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || !file.resize(bytes))
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || !file.resize(bytes)) {
         QTest::qFail(qPrintable(QStringLiteral("cannot make ") + path), __FILE__, __LINE__);
+    }
     return path;
 }
 
@@ -78,8 +83,9 @@ QStringList ProgramFolder::makePdfs(int count) const
 {
     QStringList paths;
     paths.reserve(count);
-    for (int i = 1; i <= count; ++i)
+    for (int i = 1; i <= count; ++i) {
         paths << makePdf(QStringLiteral("in/%1.pdf").arg(i));
+    }
     return paths;
 }
 
@@ -107,8 +113,9 @@ void ProgramFolder::plan(const QStringList &lines) const
     writeFile(filePath(QStringLiteral("engine.plan.new")), lines.join(QLatin1Char('\n')).toUtf8());
     if (std::rename(
             QFile::encodeName(filePath(QStringLiteral("engine.plan.new"))).constData(),
-            QFile::encodeName(filePath(QStringLiteral("engine.plan"))).constData()))
+            QFile::encodeName(filePath(QStringLiteral("engine.plan"))).constData())) {
         QTest::qFail("cannot write the plan", __FILE__, __LINE__);
+    }
 }
 
 void ProgramFolder::release(int run) const
@@ -126,8 +133,9 @@ void ProgramFolder::forgetRuns() const
     const QDir dir(m_path);
     const QStringList names = dir.entryList(
         {QStringLiteral("engine.log"), QStringLiteral("engine.count"), QStringLiteral("engine.release-*")});
-    for (const QString &name : names)
+    for (const QString &name : names) {
         QFile::remove(dir.filePath(name));
+    }
 }
 
 QList<EngineRun> ProgramFolder::runs() const
@@ -139,8 +147,9 @@ QList<EngineRun> ProgramFolder::runs() const
         EngineLogHeader header{};
         std::memcpy(&header, log.constData() + at, sizeof header);
         at += qsizetype(sizeof header);
-        if (at + qsizetype(header.payloadBytes) > log.size())
+        if (at + qsizetype(header.payloadBytes) > log.size()) {
             break; // this record is still being written
+        }
         QByteArray payload = log.mid(at, header.payloadBytes);
         at += header.payloadBytes;
         if (header.kind == engineLogStart) {
@@ -148,8 +157,9 @@ QList<EngineRun> ProgramFolder::runs() const
             list.append({int(header.run), header.pid, payload.split('\0'), false});
             continue;
         }
-        for (EngineRun &run : list)
+        for (EngineRun &run : list) {
             run.ended = run.ended || run.number == int(header.run);
+        }
     }
     return list;
 }
@@ -162,16 +172,18 @@ int ProgramFolder::runCount() const
 int ProgramFolder::endedCount() const
 {
     int count = 0;
-    for (const EngineRun &run : runs())
+    for (const EngineRun &run : runs()) {
         count += run.ended ? 1 : 0;
+    }
     return count;
 }
 
 QStringList ProgramFolder::inputsOfRuns() const
 {
     QStringList names;
-    for (const EngineRun &run : runs())
+    for (const EngineRun &run : runs()) {
         names << QFileInfo(QFile::decodeName(run.arguments.value(run.arguments.size() - 2))).fileName();
+    }
     return names;
 }
 

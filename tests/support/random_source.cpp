@@ -26,8 +26,9 @@ QString RandomSource::text(int longest)
 {
     static const QString letters = QStringLiteral("abcXYZ0123789 \t\"'%;,=[]@\\/.-+#&üß€漢\u0301\u200f😀");
     QString result;
-    for (int count = below(longest + 1); count > 0; --count)
+    for (int count = below(longest + 1); count > 0; --count) {
         result += letters.at(below(int(letters.size())));
+    }
     // A lone half of a surrogate pair is no text that a user or a file could give.
     return QString::fromUtf8(result.toUtf8());
 }

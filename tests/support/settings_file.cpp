@@ -16,9 +16,11 @@ QMap<QString, QString> storedSettings()
     settings.beginGroup(group);
     QMap<QString, QString> values;
     const QStringList keys = settings.childKeys();
-    for (const QString &key : keys)
-        if (!key.isEmpty()) // a broken file may hold a value without a name
+    for (const QString &key : keys) {
+        if (!key.isEmpty()) { // a broken file may hold a value without a name
             values.insert(key, settings.value(key).toString());
+        }
+    }
     return values;
 }
 
@@ -31,8 +33,9 @@ void storeSettings(const QMap<QString, QString> &values)
 {
     QSettings settings(fileName, QSettings::IniFormat);
     settings.beginGroup(group);
-    for (auto it = values.begin(); it != values.end(); ++it)
+    for (auto it = values.begin(); it != values.end(); ++it) {
         settings.setValue(it.key(), it.value());
+    }
 }
 
 void storeSetting(const QString &name, const QString &value)

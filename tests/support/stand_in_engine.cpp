@@ -54,10 +54,12 @@ void writeAll(int fd, const char *bytes, std::size_t count)
 {
     while (count > 0) {
         const ssize_t written = write(fd, bytes, count);
-        if (written < 0 && errno == EINTR)
+        if (written < 0 && errno == EINTR) {
             continue;
-        if (written <= 0)
+        }
+        if (written <= 0) {
             return;
+        }
         bytes += written;
         count -= static_cast<std::size_t>(written);
     }
@@ -67,12 +69,14 @@ std::string readAll(const std::string &path)
 {
     std::string text;
     const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0)
+    if (fd < 0) {
         return text;
+    }
     char block[4096];
     ssize_t got = 0;
-    while ((got = read(fd, block, sizeof block)) > 0)
+    while ((got = read(fd, block, sizeof block)) > 0) {
         text.append(block, static_cast<std::size_t>(got));
+    }
     close(fd);
     return text;
 }
@@ -81,15 +85,18 @@ std::string readAll(const std::string &path)
 std::uint32_t takeRunNumber()
 {
     const int fd = open(inFolder("engine.count").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-    if (fd < 0)
+    if (fd < 0) {
         return 0;
+    }
     flock(fd, LOCK_EX);
     std::uint32_t count = 0;
-    if (pread(fd, &count, sizeof count, 0) != static_cast<ssize_t>(sizeof count))
+    if (pread(fd, &count, sizeof count, 0) != static_cast<ssize_t>(sizeof count)) {
         count = 0;
+    }
     const std::uint32_t next = count + 1;
-    if (pwrite(fd, &next, sizeof next, 0) != static_cast<ssize_t>(sizeof next))
+    if (pwrite(fd, &next, sizeof next, 0) != static_cast<ssize_t>(sizeof next)) {
         _exit(99);
+    }
     close(fd);
     return count;
 }
@@ -102,8 +109,9 @@ void record(char kind, const std::string &payload)
     std::string bytes(reinterpret_cast<const char *>(&header), sizeof header);
     bytes += payload;
     const int fd = open(inFolder("engine.log").c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
-    if (fd < 0)
+    if (fd < 0) {
         return;
+    }
     writeAll(fd, bytes.data(), bytes.size());
     close(fd);
 }
@@ -121,8 +129,9 @@ std::vector<std::string> wordsOfRun(const std::string &plan)
     std::size_t from = 0;
     while (from < line.size()) {
         const std::size_t to = std::min(line.find(' ', from), line.size());
-        if (to > from)
+        if (to > from) {
             words.push_back(line.substr(from, to - from));
+        }
         from = to + 1;
     }
     return words;
@@ -147,8 +156,9 @@ void waitForRelease()
     const std::string mine = inFolder("engine.release-") + std::to_string(g_run);
     const std::string all = inFolder("engine.release-all");
     while (!exists(mine) && !exists(all)) {
-        if (!exists(ownFolder()))
+        if (!exists(ownFolder())) {
             _exit(98);
+        }
         shortPause();
     }
 }
@@ -156,8 +166,9 @@ void waitForRelease()
 void hang()
 {
     signal(SIGTERM, SIG_IGN);
-    while (exists(ownFolder()))
+    while (exists(ownFolder())) {
         shortPause();
+    }
     _exit(98);
 }
 
@@ -182,11 +193,13 @@ void flood(unsigned long long bytes)
 
 void writeOutput(int argc, char **argv)
 {
-    if (argc < 2)
+    if (argc < 2) {
         return;
+    }
     const int fd = open(argv[argc - 1], O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    if (fd < 0)
+    if (fd < 0) {
         return;
+    }
     const std::string text = std::string("converted ") + (argc > 2 ? argv[argc - 2] : "") + "\n";
     writeAll(fd, text.data(), text.size());
     close(fd);
@@ -194,8 +207,9 @@ void writeOutput(int argc, char **argv)
 
 void finish(int status, bool quiet)
 {
-    if (!quiet)
+    if (!quiet) {
         record(engineLogEnd, std::string());
+    }
     _exit(status);
 }
 
@@ -212,26 +226,28 @@ int main(int argc, char **argv)
     if (!quiet) {
         g_run = takeRunNumber();
         std::string arguments;
-        for (int i = 1; i < argc; ++i)
+        for (int i = 1; i < argc; ++i) {
             arguments.append(argv[i]).push_back('\0');
+        }
         record(engineLogStart, arguments);
     }
 
     for (const std::string &word : wordsOfRun(plan)) {
-        if (word == "write")
+        if (word == "write") {
             writeOutput(argc, argv);
-        else if (word == "wait")
+        } else if (word == "wait") {
             waitForRelease();
-        else if (word == "hang")
+        } else if (word == "hang") {
             hang();
-        else if (word == "crash")
+        } else if (word == "crash") {
             crash();
-        else if (word.compare(0, 6, "flood:") == 0)
+        } else if (word.compare(0, 6, "flood:") == 0) {
             flood(std::strtoull(word.c_str() + 6, nullptr, 10));
-        else if (word == "vanish")
+        } else if (word == "vanish") {
             unlink(argv[0]);
-        else if (word.compare(0, 5, "exit:") == 0)
+        } else if (word.compare(0, 5, "exit:") == 0) {
             finish(std::atoi(word.c_str() + 5), quiet);
+        }
     }
     finish(0, quiet);
 }

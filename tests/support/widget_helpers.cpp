@@ -43,14 +43,16 @@ bool dragInto(QWidget &window, const QMimeData &data)
 
 UrlRecorder::UrlRecorder()
 {
-    for (const QString &scheme : recordedSchemes())
+    for (const QString &scheme : recordedSchemes()) {
         QDesktopServices::setUrlHandler(scheme, this, "open");
+    }
 }
 
 UrlRecorder::~UrlRecorder()
 {
-    for (const QString &scheme : recordedSchemes())
+    for (const QString &scheme : recordedSchemes()) {
         QDesktopServices::unsetUrlHandler(scheme);
+    }
 }
 
 void UrlRecorder::open(const QUrl &url)
@@ -69,15 +71,17 @@ ModalAnswer::ModalAnswer(std::function<bool(QWidget *)> accepts, std::function<v
 void ModalAnswer::look()
 {
     QWidget *widget = QApplication::activeModalWidget();
-    if (m_seen || !widget || !widget->isVisible() || !m_accepts(widget))
+    if (m_seen || !widget || !widget->isVisible() || !m_accepts(widget)) {
         return;
+    }
     m_seen = true;
     m_timer.stop();
     const QPointer<QWidget> dialog(widget);
     m_answer(widget);
     // A check that failed in the answer leaves it early; the dialog must not block the test for good.
-    if (dialog && dialog->isVisible() && QTest::currentTestFailed())
+    if (dialog && dialog->isVisible() && QTest::currentTestFailed()) {
         dialog->close();
+    }
 }
 
 void answerFileDialog(QFileDialog &dialog, const QStringList &paths)
@@ -87,8 +91,9 @@ void answerFileDialog(QFileDialog &dialog, const QStringList &paths)
         return;
     }
     QString typed = paths.constFirst();
-    if (paths.size() > 1)
+    if (paths.size() > 1) {
         typed = QLatin1Char('"') + paths.join(QStringLiteral("\" \"")) + QLatin1Char('"');
+    }
     dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(typed);
     QMetaObject::invokeMethod(&dialog, "accept");
 }
@@ -105,12 +110,14 @@ bool sendDragEnter(QWidget &window, const QMimeData &data)
 void sendDrop(QWidget &window, const QList<QUrl> &urls)
 {
     QMimeData data;
-    if (urls.isEmpty())
+    if (urls.isEmpty()) {
         data.setData(QStringLiteral("text/uri-list"), QByteArray()); // as setUrls() would drop the format as well
-    else
+    } else {
         data.setUrls(urls);
-    if (!dragInto(window, data))
+    }
+    if (!dragInto(window, data)) {
         return; // no drop follows a refused drag
+    }
     QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&window, &event);
 }
@@ -119,8 +126,9 @@ void sendDrop(QWidget &window, const QStringList &paths)
 {
     QList<QUrl> urls;
     urls.reserve(paths.size());
-    for (const QString &path : paths)
+    for (const QString &path : paths) {
         urls << QUrl::fromLocalFile(path);
+    }
     sendDrop(window, urls);
 }
 
@@ -128,8 +136,9 @@ qint64 residentKilobytes()
 {
     malloc_trim(0);
     QFile statm(QStringLiteral("/proc/self/statm"));
-    if (!statm.open(QIODevice::ReadOnly))
+    if (!statm.open(QIODevice::ReadOnly)) {
         return -1;
+    }
     return statm.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE) / 1024;
 }
 
@@ -142,10 +151,13 @@ void failOnUnexpectedWarnings()
 bool becomeOrdinaryUser()
 {
     constexpr uid_t nobody = 65534;
-    if (geteuid() != 0)
+    if (geteuid() != 0) {
         return true;
-    if (setgroups(0, nullptr) != 0 || setresgid(nobody, nobody, nobody) != 0 || setresuid(nobody, nobody, nobody) != 0)
+    }
+    if (setgroups(0, nullptr) != 0 || setresgid(nobody, nobody, nobody) != 0 ||
+        setresuid(nobody, nobody, nobody) != 0) {
         return false;
+    }
     // A change of user makes the process untraceable, and the leak checker traces its own process.
     prctl(PR_SET_DUMPABLE, 1);
     return setuid(0) != 0 && errno == EPERM;

@@ -21,8 +21,9 @@ bool isJpeg(const QString &extension)
 QStringList depthsFor(const QString &extension)
 {
     QStringList depths{QStringLiteral("1 Bit"), QStringLiteral("8 Bits"), QStringLiteral("24 Bits")};
-    if (isJpeg(extension))
+    if (isJpeg(extension)) {
         depths.removeFirst();
+    }
     return depths;
 }
 
@@ -39,15 +40,18 @@ int DialogModel::number(const QString &text)
     qint64 result = 0;
     const bool negative = digits.startsWith(QLatin1Char('-'));
     const int start = negative || digits.startsWith(QLatin1Char('+')) ? 1 : 0;
-    if (digits.size() == start)
+    if (digits.size() == start) {
         return 0;
+    }
     for (int i = start; i < digits.size(); ++i) {
         const int digit = digits.at(i).unicode() - '0';
-        if (digit < 0 || digit > 9)
+        if (digit < 0 || digit > 9) {
             return 0;
+        }
         result = result * 10 + (negative ? -digit : digit);
-        if (result > 2147483647LL || result < -2147483648LL)
+        if (result > 2147483647LL || result < -2147483648LL) {
             return 0;
+        }
     }
     return int(result);
 }
@@ -61,14 +65,17 @@ DialogModel::DialogModel(const Values &stored) : m_stored(stored)
 {
     m_kind = value("ListWidgetCurrtentItemRow", "0");
     m_savedKind = number(m_kind);
-    if (m_savedKind < 0 || m_savedKind > 8)
+    if (m_savedKind < 0 || m_savedKind > 8) {
         m_savedKind = 0;
+    }
     init();
     load();
-    if (m_savedKind == 7)
+    if (m_savedKind == 7) {
         resolutionBoxEnabled = resolutionEnabled = depthEnabled = false;
-    if (m_savedKind == 7 || m_savedKind == 4 || m_savedKind == 3)
+    }
+    if (m_savedKind == 7 || m_savedKind == 4 || m_savedKind == 3) {
         resizeBoxEnabled = sizeEnabled = false;
+    }
 }
 
 void DialogModel::init()
@@ -86,9 +93,11 @@ void DialogModel::init()
     compression = 0;
     wordMode = 0;
     formats.clear();
-    for (int row = 0; row < 9; ++row)
-        if (m_kind == QString::number(row))
+    for (int row = 0; row < 9; ++row) {
+        if (m_kind == QString::number(row)) {
             formats = QString::fromLatin1(offered[row]).split(QLatin1Char(' '));
+        }
+    }
     format = formats.isEmpty() ? -1 : 0;
 }
 
@@ -96,15 +105,18 @@ void DialogModel::load()
 {
     const int index = number(value("ConverterFormat", ""));
     const QString extension = index >= 0 && index < 28 ? QString::fromLatin1(extensionNames[index]) : QString();
-    if (extension.isEmpty())
+    if (extension.isEmpty()) {
         return;
+    }
     loaded = true;
-    if (!formats.isEmpty())
+    if (!formats.isEmpty()) {
         format = qMax(0, int(formats.indexOf(extension)));
+    }
     depths = depthsFor(formatText());
     wordMode = number(value("WordMode", "0"));
-    if (wordMode < 0 || wordMode >= 5)
+    if (wordMode < 0 || wordMode >= 5) {
         wordMode = 0;
+    }
     tempName = value("TempName", "");
     singleName = value("AppSignalTempName", "0") == QLatin1String("1");
     const auto page = [this](const char *key) {
@@ -124,13 +136,16 @@ void DialogModel::load()
     xRes = size("XRes");
     yRes = size("YRes");
     depth = number(value("ColorDepth", "2"));
-    if (depth < 0 || depth >= depths.size())
+    if (depth < 0 || depth >= depths.size()) {
         depth = depths.size() > 2 ? 2 : -1; // row 2 of a two-row list is no row
+    }
     compression = number(value("Compression", "0"));
-    if (compression < 0 || compression > 8)
+    if (compression < 0 || compression > 8) {
         compression = 0;
-    if (compression == 8)
+    }
+    if (compression == 8) {
         compression = -1;
+    }
     multiPage = value("MultiPageTIFF", "0") == QLatin1String("1");
     tiffEnabled = m_kind == QLatin1String("8");
     userPassword = blankAsEmpty(value("UserPassword", ""));
@@ -146,8 +161,9 @@ void DialogModel::reset()
 
 void DialogModel::chooseFormat(int index)
 {
-    if (index == format)
+    if (index == format) {
         return;
+    }
     format = index;
     depths = depthsFor(formatText());
     depth = int(depths.size()) - 1;
@@ -161,9 +177,11 @@ DialogModel::Values DialogModel::stored() const
         return number(field) > 0 ? QString::number(number(field)) : QStringLiteral("");
     };
     int index = -1;
-    for (int i = 27; i >= 0; --i)
-        if (!formatText().isEmpty() && formatText() == QLatin1String(extensionNames[i]))
+    for (int i = 27; i >= 0; --i) {
+        if (!formatText().isEmpty() && formatText() == QLatin1String(extensionNames[i])) {
             index = i;
+        }
+    }
     Values values = m_stored;
     const auto put = [&values](const char *key, const QString &text) { values.insert(QLatin1String(key), text); };
     put("ListWidgetCurrtentItemRow", QString::number(m_savedKind));

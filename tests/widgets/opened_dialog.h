@@ -36,8 +36,9 @@ struct Opened
     QStringList items(const char *name) const
     {
         QStringList texts;
-        for (int i = 0; i < combo(name)->count(); ++i)
+        for (int i = 0; i < combo(name)->count(); ++i) {
             texts << combo(name)->itemText(i);
+        }
         return texts;
     }
     bool isEnabled(const char *name) const { return widget(name)->isEnabledTo(widget(name)->parentWidget()); }

@@ -21,8 +21,9 @@ struct RunModel
 
     void press()
     {
-        if (rows < 1)
+        if (rows < 1) {
             return;
+        }
         counter = 0;
         if (running) {
             stop();
@@ -38,26 +39,30 @@ struct RunModel
 
     void clickKind(int row)
     {
-        if (!running)
+        if (!running) {
             kind = row;
+        }
     }
 
     void clear()
     {
-        if (!running)
+        if (!running) {
             rows = 0;
+        }
     }
 
     void end(int engine)
     {
         alive.removeOne(engine);
         ++counter;
-        if (!running)
+        if (!running) {
             return;
-        if (counter < rows)
+        }
+        if (counter < rows) {
             start();
-        else
+        } else {
             stop();
+        }
     }
 
 private:

@@ -65,11 +65,13 @@ void SoakBatchRun::expect(const WindowFixture &fixture, const RunModel &model)
     for (const EngineRun &run : runs) {
         const QByteArray input = run.arguments.value(run.arguments.size() - 2);
         const int row = model.converted.value(run.number);
-        if (row < fixture.table()->rowCount())
+        if (row < fixture.table()->rowCount()) {
             QCOMPARE(QString::fromUtf8(input), fixture.table()->item(row, 0)->text());
+        }
     }
-    for (const int engine : model.alive)
+    for (const int engine : model.alive) {
         QVERIFY(ProgramFolder::isAlive(runs.value(engine).pid));
+    }
 }
 
 void SoakBatchRun::act(const WindowFixture &fixture, RunModel &model)
@@ -158,8 +160,9 @@ void SoakBatchRun::keepsItsRulesAtRandomMoments()
         for (int step = m_random.below(12); step > 0 && !QTest::currentTestFailed(); --step) {
             ignored.alive.clear();
             act(fixture, ignored);
-            for (int turns = m_random.below(20); turns > 0; --turns)
+            for (int turns = m_random.below(20); turns > 0; --turns) {
                 QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+            }
             QVERIFY(fixture.showsRunning() != fixture.showsIdle());
             if (g_bProcess) {
                 QVERIFY(fixture.showsRunning());

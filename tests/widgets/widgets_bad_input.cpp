@@ -13,8 +13,9 @@ namespace {
 QString longPath(const ProgramFolder &folder, int length)
 {
     QString name = QStringLiteral("long");
-    while (folder.filePath(name).size() + 220 < length)
+    while (folder.filePath(name).size() + 220 < length) {
         name += QLatin1Char('/') + QString(200, QLatin1Char('d'));
+    }
     name += QLatin1Char('/') + QString(length - folder.filePath(name).size() - 5, QLatin1Char('n'));
     return folder.makePdf(name + QStringLiteral(".pdf"));
 }
@@ -26,8 +27,9 @@ void expectUsable(const WindowFixture &fixture, const QStringList &paths)
     fixture.folder.removeEngine();
     fixture.folder.installEngine();
     fixture.folder.plan({QStringLiteral("write")});
-    if (fixture.showsRunning())
+    if (fixture.showsRunning()) {
         fixture.press();
+    }
     QVERIFY(fixture.showsIdle());
     const int before = fixture.folder.endedCount();
     fixture.runToTheEnd();
@@ -173,8 +175,9 @@ void WidgetsBadInput::inputVanishes()
 {
     WindowFixture fixture;
     const QStringList paths = fixture.beginRun(3);
-    for (const QString &path : paths)
+    for (const QString &path : paths) {
         QVERIFY(QFile::remove(path));
+    }
     fixture.folder.releaseAll();
     fixture.waitForIdle();
     QCOMPARE(fixture.folder.runCount(), 3);
@@ -220,8 +223,9 @@ void WidgetsBadInput::outputFolderOfOddName()
         // A line of text shows a newline as a blank, so such a folder cannot be typed; it is then no existing folder.
         const QString folder = fixture.folder.makeFolder(name);
         fixture.outputLine()->setText(folder);
-        if (fixture.outputLine()->text() != folder)
+        if (fixture.outputLine()->text() != folder) {
             continue;
+        }
         fixture.runToTheEnd();
         QVERIFY(QFile::exists(folder + QStringLiteral("/1.doc")));
     }
@@ -294,8 +298,9 @@ void WidgetsBadInput::engineNotExecutable()
         QVERIFY(fixture.showsIdle());
         QVERIFY(!g_bProcess);
     }
-    if (content.isNull())
+    if (content.isNull()) {
         QVERIFY(QDir().rmdir(engine));
+    }
     expectUsable(fixture, paths);
 }
 

@@ -14,16 +14,18 @@ QByteArray randomBytes(int count)
 {
     QRandomGenerator generator(20261121);
     QByteArray bytes(count, '\0');
-    for (char &byte : bytes)
+    for (char &byte : bytes) {
         byte = char(generator.bounded(256));
+    }
     return bytes;
 }
 
 QByteArray manyKeys(int bytes)
 {
     QByteArray content("[SettingInfo]\nListWidgetCurrtentItemRow=7\n");
-    for (int i = 0; content.size() < bytes; ++i)
+    for (int i = 0; content.size() < bytes; ++i) {
         content += "Key" + QByteArray::number(i) + '=' + QByteArray(100, 'v') + '\n';
+    }
     return content;
 }
 
@@ -90,8 +92,9 @@ void WidgetsBadSettingsFile::windowWorks()
     writeFile(fixture.folder.filePath(QStringLiteral("settingquorra.ini")), content);
     fixture.open();
     QCOMPARE(fixture.formats()->currentRow(), row);
-    if (content.size() > 1000000) // a value that long is more than a command line takes
+    if (content.size() > 1000000) { // a value that long is more than a command line takes
         storeSetting(QStringLiteral("TempName"), QString());
+    }
     useTheWindow(fixture);
 }
 

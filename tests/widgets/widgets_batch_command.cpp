@@ -128,8 +128,9 @@ void WidgetsBatchCommand::settingsReachTheEngine()
         {"MasterPassword", "own"},
     };
     fixture.selectFormat(8);
-    for (const auto &[name, value] : values)
+    for (const auto &[name, value] : values) {
         storeSetting(QLatin1String(name), QLatin1String(value));
+    }
     fixture.runToTheEnd();
     const QByteArrayList expected{
         "-tempname",

@@ -295,14 +295,16 @@ void WidgetsBatchRun::clearInfoLeavesThePathsAlone()
     fixture.call("ClearnInfo");
     QCOMPARE(fixture.pathsInTable(), paths);
     QCOMPARE(fixture.table()->columnCount(), 2);
-    for (int row = 0; row < 4; ++row)
+    for (int row = 0; row < 4; ++row) {
         QCOMPARE(fixture.sizeText(row), QStringLiteral("         2,048 KB"));
+    }
 
     fixture.table()->setColumnCount(3);
     fixture.call("ClearnInfo");
     QCOMPARE(fixture.pathsInTable(), paths);
-    for (int row = 0; row < 4; ++row)
+    for (int row = 0; row < 4; ++row) {
         QVERIFY(fixture.table()->item(row, 2) && fixture.table()->item(row, 2)->text().isEmpty());
+    }
 }
 
 void WidgetsBatchRun::exeCmdDoesNothingWhenIdle()

@@ -23,10 +23,12 @@ TableState stateOf(const QTableWidget &table)
 {
     TableState state;
     for (int row = 0; row < table.rowCount(); ++row) {
-        for (int column = 0; column < 2; ++column)
+        for (int column = 0; column < 2; ++column) {
             state.cells << (table.item(row, column) ? table.item(row, column)->text() : QStringLiteral("(none)"));
-        if (table.selectionModel()->isRowSelected(row))
+        }
+        if (table.selectionModel()->isRowSelected(row)) {
             state.selected << row;
+        }
     }
     state.currentRow = table.currentRow();
     state.currentColumn = table.currentColumn();
@@ -39,16 +41,19 @@ void removeRowByRow(QTableWidget &table)
     table.removeRow(table.currentRow());
     std::set<int, std::greater<>> rows;
     const QModelIndexList indexes = table.selectionModel()->selectedIndexes();
-    for (const QModelIndex &index : indexes)
+    for (const QModelIndex &index : indexes) {
         rows.insert(index.row());
-    for (const int row : rows)
+    }
+    for (const int row : rows) {
         table.removeRow(row);
+    }
 }
 
 void clearRowByRow(QTableWidget &table)
 {
-    for (int row = table.rowCount() - 1; row >= 0; --row)
+    for (int row = table.rowCount() - 1; row >= 0; --row) {
         table.removeRow(row);
+    }
 }
 
 void fillRowByRow(QTableWidget &table, const QTableWidget &like)
@@ -56,8 +61,9 @@ void fillRowByRow(QTableWidget &table, const QTableWidget &like)
     for (int row = 0; row < like.rowCount(); ++row) {
         table.insertRow(row);
         table.setItem(row, 0, new QTableWidgetItem(like.item(row, 0)->text()));
-        if (like.item(row, 1))
+        if (like.item(row, 1)) {
             table.setItem(row, 1, new QTableWidgetItem(like.item(row, 1)->text()));
+        }
     }
 }
 
@@ -93,18 +99,22 @@ void WidgetsBulkEquivalence::selectAlike(QTableWidget &first, QTableWidget &seco
     const int stride = 1 + m_random.below(4);
     const int from = m_random.below(rows + 1);
     QList<int> selected;
-    for (int row = from; row < rows; row += stride)
-        if (!m_random.oneIn(5))
+    for (int row = from; row < rows; row += stride) {
+        if (!m_random.oneIn(5)) {
             selected << row;
+        }
+    }
     const int current = m_random.oneIn(4) ? -1 : m_random.below(rows + 1) - 1;
     const int column = m_random.below(2);
     for (QTableWidget *table : {&first, &second}) {
         QItemSelectionModel *model = table->selectionModel();
         model->clear();
-        for (const int row : std::as_const(selected))
+        for (const int row : std::as_const(selected)) {
             model->select(table->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
-        if (current >= 0)
+        }
+        if (current >= 0) {
             model->setCurrentIndex(table->model()->index(current, column), QItemSelectionModel::NoUpdate);
+        }
     }
 }
 
@@ -118,8 +128,9 @@ void WidgetsBulkEquivalence::removeAndClear()
         QTableWidget plain;
         setUpAlike(plain);
         QStringList dropped;
-        for (int count = m_random.below(m_random.oneIn(5) ? 300 : 40); count > 0; --count)
+        for (int count = m_random.below(m_random.oneIn(5) ? 300 : 40); count > 0; --count) {
             dropped << m_random.pick(files);
+        }
         fixture.drop(dropped);
         fillRowByRow(plain, *fixture.table());
         QCOMPARE(fixture.pathsInTable(), dropped);

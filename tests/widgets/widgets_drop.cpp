@@ -118,8 +118,9 @@ void WidgetsDrop::lists()
 void WidgetsDrop::nonLocalUrlEndsTheDrop_data()
 {
     QTest::addColumn<int>("position");
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         QTest::newRow(qPrintable(QString::number(i))) << i;
+    }
 }
 
 void WidgetsDrop::nonLocalUrlEndsTheDrop()
@@ -129,8 +130,9 @@ void WidgetsDrop::nonLocalUrlEndsTheDrop()
     fixture.open();
     const QStringList paths = fixture.folder.makePdfs(3);
     QList<QUrl> urls;
-    for (const QString &path : paths)
+    for (const QString &path : paths) {
         urls << QUrl::fromLocalFile(path);
+    }
     urls.insert(position, QUrl(QStringLiteral("https://marbeck.example/x.pdf")));
     sendDrop(*fixture.window, urls);
     QCOMPARE(fixture.pathsInTable(), paths.mid(0, position));

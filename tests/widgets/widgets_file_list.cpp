@@ -27,8 +27,9 @@ void selectRows(const WindowFixture &fixture, int current, const QList<int> &sel
     QItemSelectionModel *selection = fixture.table()->selectionModel();
     const QAbstractItemModel *model = fixture.table()->model();
     selection->clear();
-    for (const int row : selected)
+    for (const int row : selected) {
         selection->select(model->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
     selection->setCurrentIndex(current < 0 ? QModelIndex() : model->index(current, 0), QItemSelectionModel::NoUpdate);
 }
 
@@ -82,9 +83,11 @@ void WidgetsFileList::addsPdfFilesInDialogOrder()
     add(fixture, {upper, text, lower});
     QCOMPARE(fixture.pathsInTable(), QStringList({upper, lower}));
     QCOMPARE(inputFolderStored(), fixture.folder.filePath(QStringLiteral("docs")));
-    for (int row = 0; row < 2; ++row)
-        for (const int role : {Qt::UserRole, Qt::ToolTipRole, Qt::DecorationRole})
+    for (int row = 0; row < 2; ++row) {
+        for (const int role : {Qt::UserRole, Qt::ToolTipRole, Qt::DecorationRole}) {
             QVERIFY(!fixture.table()->item(row, 0)->data(role).isValid());
+        }
+    }
 }
 
 void WidgetsFileList::addingOnlyOthersStillStoresTheFolder()
@@ -226,8 +229,9 @@ void WidgetsFileList::removes()
     for (const QChar letter : letters) {
         const QString path = fixture.folder.makePdf(letter + QStringLiteral(".pdf"));
         fixture.drop({path});
-        if (left.contains(letter))
+        if (left.contains(letter)) {
             expected << path;
+        }
     }
     selectRows(fixture, current, selected);
     QTest::mouseClick(fixture.button("toolButton_Delete"), Qt::LeftButton);

@@ -199,8 +199,9 @@ void WidgetsFileModes::engineWithoutTheRightToRun()
 
 int main(int argc, char **argv)
 {
-    if (ProgramFolder::engineBytes().isEmpty() || !becomeOrdinaryUser())
+    if (ProgramFolder::engineBytes().isEmpty() || !becomeOrdinaryUser()) {
         return 1;
+    }
     const QApplication application(argc, argv);
     WidgetsFileModes test;
     return QTest::qExec(&test, argc, argv);

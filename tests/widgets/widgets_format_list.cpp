@@ -69,8 +69,9 @@ private Q_SLOTS:
 void WidgetsFormatList::kind_data()
 {
     QTest::addColumn<int>("row");
-    for (int row = 0; row < int(std::size(kinds)); ++row)
+    for (int row = 0; row < int(std::size(kinds)); ++row) {
         QTest::newRow(kinds[row].text) << row;
+    }
 }
 
 void WidgetsFormatList::kind()
@@ -106,8 +107,9 @@ void WidgetsFormatList::startsOnWordWithoutSettings()
 void WidgetsFormatList::savedRowOutsideTheListStartsOnWord_data()
 {
     QTest::addColumn<QString>("stored");
-    for (const char *stored : {"-1", "9", "abc", "", "2147483648", "1.5"})
+    for (const char *stored : {"-1", "9", "abc", "", "2147483648", "1.5"}) {
         QTest::newRow(stored) << QString::fromLatin1(stored);
+    }
 }
 
 void WidgetsFormatList::savedRowOutsideTheListStartsOnWord()
@@ -175,8 +177,9 @@ void WidgetsFormatList::selectionKeepsOtherSettings()
         {QStringLiteral("OutputFolder"), QStringLiteral("/x")}};
     storeSettings(others);
     fixture.open();
-    for (int row = 0; row < 9; ++row)
+    for (int row = 0; row < 9; ++row) {
         fixture.selectFormat(row);
+    }
     QMap<QString, QString> stored = storedSettings();
     QCOMPARE(stored.take(QStringLiteral("ListWidgetCurrtentItemRow")), QStringLiteral("8"));
     QCOMPARE(stored.take(QStringLiteral("ConverterFormat")), QStringLiteral("13"));

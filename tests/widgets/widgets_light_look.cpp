@@ -19,10 +19,12 @@ const QColor lightText(239, 240, 241);
 QPalette darkPalette()
 {
     QPalette palette;
-    for (int role = 0; role < QPalette::NColorRoles; ++role)
+    for (int role = 0; role < QPalette::NColorRoles; ++role) {
         palette.setColor(static_cast<QPalette::ColorRole>(role), darkGround);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
+    }
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText}) {
         palette.setColor(role, lightText);
+    }
     return palette;
 }
 
@@ -45,8 +47,9 @@ const QList<std::pair<const char *, std::function<void()>>> &waysToTurnDark()
         {"palettes of classes",
          []() {
              for (const char *name :
-                  {"QWidget", "QLabel", "QAbstractButton", "QAbstractItemView", "QLineEdit", "QMenu"})
+                  {"QWidget", "QLabel", "QAbstractButton", "QAbstractItemView", "QLineEdit", "QMenu"}) {
                  QApplication::setPalette(darkPalette(), name);
+             }
          }},
         {"style", []() { QApplication::setStyle(new DarkStyle); }},
         {"style, then palette",
@@ -82,8 +85,9 @@ const QList<std::pair<const char *, std::function<void()>>> &waysToTurnDark()
 QString darkPartOf(const QWidget &window)
 {
     QList<const QWidget *> widgets{&window};
-    for (const QWidget *widget : window.findChildren<QWidget *>())
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
         widgets << widget;
+    }
     for (const QWidget *widget : std::as_const(widgets)) {
         const QPalette palette = widget->palette();
         for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
@@ -107,8 +111,9 @@ double darkShare(QWidget &widget)
     const QImage picture = widget.grab().toImage();
     int dark = 0;
     for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x)
+        for (int x = 0; x < picture.width(); ++x) {
             dark += qGray(picture.pixel(x, y)) < 100 ? 1 : 0;
+        }
     }
     return double(dark) / (picture.width() * picture.height());
 }
@@ -144,8 +149,9 @@ void WidgetsLightLook::cleanup()
     // What the program pins for good, each test pins anew.
     const QObjectList pinned = qApp->children();
     for (QObject *child : pinned) {
-        if (child->objectName() == QLatin1String("lightLook"))
+        if (child->objectName() == QLatin1String("lightLook")) {
             delete child;
+        }
     }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(QPalette());
@@ -154,8 +160,9 @@ void WidgetsLightLook::cleanup()
 void WidgetsLightLook::addWays()
 {
     QTest::addColumn<int>("way");
-    for (int way = 0; way < waysToTurnDark().size(); ++way)
+    for (int way = 0; way < waysToTurnDark().size(); ++way) {
         QTest::newRow(waysToTurnDark().at(way).first) << way;
+    }
 }
 
 void WidgetsLightLook::checkAllWindows(OpenWindow &window)

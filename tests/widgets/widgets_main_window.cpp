@@ -96,8 +96,9 @@ void WidgetsMainWindow::paintsItsBackground()
                                 .convertToFormat(QImage::Format_RGB32);
     QCOMPARE(brush.textureImage().size(), QSize(720, 483));
     const QImage painted = brush.textureImage().convertToFormat(QImage::Format_RGB32);
-    for (const QPoint &point : {QPoint(0, 0), QPoint(719, 482), QPoint(360, 241)})
+    for (const QPoint &point : {QPoint(0, 0), QPoint(719, 482), QPoint(360, 241)}) {
         QCOMPARE(painted.pixelColor(point), expected.pixelColor(point));
+    }
 }
 
 void WidgetsMainWindow::toolbar_data()
@@ -110,9 +111,10 @@ void WidgetsMainWindow::toolbar_data()
         {"toolButton_Clear", "Clear", "clear"}, {"toolButton_Setting", "Setting", "setting"},
         {"toolButton_Start", "Start", "start"}, {"toolButton_About", "About", "about"},
     };
-    for (const auto &row : rows)
+    for (const auto &row : rows) {
         QTest::newRow(row[1]) << QString::fromLatin1(row[0]) << QString::fromLatin1(row[1])
                               << QStringLiteral(":/MyImage/Image/%1.png").arg(QLatin1String(row[2]));
+    }
 }
 
 void WidgetsMainWindow::toolbar()
@@ -242,8 +244,9 @@ void WidgetsMainWindow::layoutOrder()
     QVERIFY(fixture.outputLine()->x() < fixture.child<QPushButton>("toolButton_Change")->x());
     QVERIFY(top(fixture.outputLine()) < top(fixture.bar()));
     for (const QWidget *widget : std::initializer_list<const QWidget *>{
-             fixture.table(), fixture.formats(), fixture.bar(), fixture.outputLine()})
+             fixture.table(), fixture.formats(), fixture.bar(), fixture.outputLine()}) {
         QCOMPARE(widget->parentWidget(), fixture.window->centralWidget());
+    }
 }
 
 /// Nothing is aligned inside the layouts: the list fills the height of its row, in which the table's own is fixed.
@@ -255,8 +258,9 @@ void WidgetsMainWindow::layoutsAlignNothing()
     const QList<QLayout *> layouts = outermost->findChildren<QLayout *>() + QList{outermost};
     QCOMPARE(layouts.size(), 5);
     for (const QLayout *layout : layouts) {
-        for (int index = 0; index < layout->count(); ++index)
+        for (int index = 0; index < layout->count(); ++index) {
             QCOMPARE(layout->itemAt(index)->alignment(), Qt::Alignment());
+        }
     }
     const auto *middle = fixture.window->findChild<QLayout *>(QStringLiteral("horizontalLayout_2"));
     QCOMPARE(fixture.formats()->height(), middle->geometry().height());
@@ -357,9 +361,11 @@ void WidgetsMainWindow::slotsInDeclarationOrder()
 {
     QStringList slotNames;
     const QMetaObject &meta = tovrane::staticMetaObject;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
-        if (meta.method(i).methodType() == QMetaMethod::Slot)
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        if (meta.method(i).methodType() == QMetaMethod::Slot) {
             slotNames << QString::fromLatin1(meta.method(i).methodSignature());
+        }
+    }
     const QStringList expected{
         QStringLiteral("On_Button_About()"),
         QStringLiteral("On_Button_AddFile()"),

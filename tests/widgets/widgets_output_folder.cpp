@@ -53,8 +53,9 @@ void WidgetsOutputFolder::savedFolderIsShownAtStart()
 {
     QFETCH(QString, folder);
     WindowFixture fixture;
-    if (!folder.isNull())
+    if (!folder.isNull()) {
         storeSetting(QStringLiteral("OutputFolder"), folder);
+    }
     const tovrane window;
     QCOMPARE(window.findChild<QLineEdit *>(QStringLiteral("lineEdit_OutputPath"))->text(), folder);
 }

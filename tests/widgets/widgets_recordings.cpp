@@ -84,8 +84,9 @@ void storeOnly(const Values &values)
 {
     QSettings settings(QStringLiteral("settingquorra.ini"), QSettings::IniFormat);
     settings.clear();
-    for (auto value = values.cbegin(); value != values.cend(); ++value)
+    for (auto value = values.cbegin(); value != values.cend(); ++value) {
         settings.setValue(QStringLiteral("/SettingInfo/") + value.key(), value.value());
+    }
 }
 
 /// The options one at a time, with values at and beyond their bounds.
@@ -93,8 +94,9 @@ QList<Values> singleOptions()
 {
     QList<Values> options;
     const auto each = [&options](const char *name, const QStringList &texts) {
-        for (const QString &text : texts)
+        for (const QString &text : texts) {
             options << Values{{QLatin1String(name), text}};
+        }
     };
     const auto words = [](const char *text) { return QString::fromUtf8(text).split(QLatin1Char(',')); };
     each("WordMode", words("-1,0,1,2,3,4,5,x"));
@@ -119,8 +121,9 @@ QList<Values> switchedOptions()
 {
     const auto values = [](std::initializer_list<std::pair<const char *, const char *>> pairs) {
         Values result;
-        for (const auto &[name, text] : pairs)
+        for (const auto &[name, text] : pairs) {
             result.insert(QLatin1String(name), QLatin1String(text));
+        }
         return result;
     };
     return {
@@ -145,8 +148,9 @@ QList<Values> switchedOptions()
 Values allSwitched()
 {
     Values together;
-    for (const Values &switched : switchedOptions())
+    for (const Values &switched : switchedOptions()) {
         together.insert(switched);
+    }
     return together;
 }
 
@@ -168,8 +172,9 @@ QList<Values> singleAndPairedOptions()
 QList<int> allIndexes()
 {
     QList<int> indexes;
-    for (int index = 0; index < 28; ++index)
+    for (int index = 0; index < 28; ++index) {
         indexes << index;
+    }
     return indexes;
 }
 
@@ -178,8 +183,9 @@ const QList<int> specialIndexes{0, 1, 2, 10, 13, 14, 20, 24, 25, 26}; // clazy:e
 QString textOf(const Values &values)
 {
     QStringList parts;
-    for (auto value = values.cbegin(); value != values.cend(); ++value)
+    for (auto value = values.cbegin(); value != values.cend(); ++value) {
         parts << value.key() + QLatin1Char('=') + value.value();
+    }
     return parts.isEmpty() ? QStringLiteral("(nothing stored)") : parts.join(QStringLiteral("; "));
 }
 
@@ -189,8 +195,9 @@ QString contentOf(const QWidget &widget)
     QStringList parts;
     if (const auto *box = qobject_cast<const QComboBox *>(&widget)) {
         parts << QStringLiteral("row %1 of").arg(box->currentIndex());
-        for (int row = 0; row < box->count(); ++row)
+        for (int row = 0; row < box->count(); ++row) {
             parts << QLatin1Char('\'') + box->itemText(row) + QLatin1Char('\'');
+        }
     } else if (const auto *bar = qobject_cast<const QProgressBar *>(&widget)) {
         parts << QStringLiteral("%1 of %2").arg(bar->value()).arg(bar->maximum());
     } else if (const auto *list = qobject_cast<const QListWidget *>(&widget)) {
@@ -212,10 +219,12 @@ QString contentOf(const QWidget &widget)
     } else if (widget.property("text").isValid()) {
         parts << QLatin1Char('\'') + widget.property("text").toString() + QLatin1Char('\'');
     }
-    if (widget.property("checked").toBool())
+    if (widget.property("checked").toBool()) {
         parts << QStringLiteral("checked");
-    if (widget.property("readOnly").toBool())
+    }
+    if (widget.property("readOnly").toBool()) {
         parts << QStringLiteral("read-only");
+    }
     return parts.join(QLatin1Char(' '));
 }
 
@@ -226,8 +235,9 @@ QStringList describedWindow(const QString &title, const QWidget &window)
         QString(),
         QStringLiteral("%1: '%2' %3 x %4").arg(title, window.windowTitle()).arg(window.width()).arg(window.height())};
     for (const QWidget *widget : window.findChildren<QWidget *>()) {
-        if (widget->objectName().isEmpty() || widget->objectName().startsWith(QLatin1String("qt_")))
+        if (widget->objectName().isEmpty() || widget->objectName().startsWith(QLatin1String("qt_"))) {
             continue;
+        }
         const QPoint place = widget->mapTo(&window, QPoint(0, 0));
         QString line = QStringLiteral("%1 %2 at %3,%4 size %5x%6")
                            .arg(widget->objectName(), QLatin1String(widget->metaObject()->className()))
@@ -235,10 +245,12 @@ QStringList describedWindow(const QString &title, const QWidget &window)
                            .arg(place.y())
                            .arg(widget->width())
                            .arg(widget->height());
-        if (!widget->isVisibleTo(&window))
+        if (!widget->isVisibleTo(&window)) {
             line += QStringLiteral(" hidden");
-        if (!widget->isEnabledTo(&window))
+        }
+        if (!widget->isEnabledTo(&window)) {
             line += QStringLiteral(" disabled");
+        }
         lines << QStringLiteral("  ") + (line + QLatin1Char(' ') + contentOf(*widget)).trimmed();
     }
     return lines;
@@ -267,8 +279,9 @@ private:
 
 void WidgetsRecordings::initTestCase()
 {
-    if (!QFontInfo(QFont(QLatin1String(fontFamily))).exactMatch())
+    if (!QFontInfo(QFont(QLatin1String(fontFamily))).exactMatch()) {
         QSKIP("not run: the recordings were made with DejaVu Sans");
+    }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setFont(QFont(QLatin1String(fontFamily), 9));
     keepLightLook();
@@ -289,17 +302,20 @@ void WidgetsRecordings::optionStrings()
             values.insert(QStringLiteral("ConverterFormat"), QString::number(index));
             storeOnly(values);
             const QString text = fixture.window->GetSetParameter();
-            if (!extensions.contains(text))
+            if (!extensions.contains(text)) {
                 texts << text;
+            }
             extensions[text] << QString::number(index) + fixture.window->m_strOutputFormat;
         }
-        for (const QString &text : std::as_const(texts))
+        for (const QString &text : std::as_const(texts)) {
             lines << QStringLiteral("  <%1> %2").arg(text, extensions[text].join(QLatin1Char(' ')));
+        }
     };
     record({}, allIndexes());
     record(allSwitched(), allIndexes());
-    for (const Values &options : singleAndPairedOptions())
+    for (const Values &options : singleAndPairedOptions()) {
         record(options, specialIndexes);
+    }
     checkText("option-strings.txt", lines);
 }
 
@@ -354,12 +370,15 @@ void WidgetsRecordings::settingsFile()
     {
         DialogAnswer<Setting> answer([](Setting &dialog) {
             int number = 0;
-            for (QLineEdit *line : dialog.findChildren<QLineEdit *>())
+            for (QLineEdit *line : dialog.findChildren<QLineEdit *>()) {
                 line->setText(QString::number(++number));
-            for (QCheckBox *box : dialog.findChildren<QCheckBox *>())
+            }
+            for (QCheckBox *box : dialog.findChildren<QCheckBox *>()) {
                 box->setChecked(true);
-            for (QComboBox *box : dialog.findChildren<QComboBox *>())
+            }
+            for (QComboBox *box : dialog.findChildren<QComboBox *>()) {
                 box->setCurrentIndex(1);
+            }
             dialog.On_Button_Apply_Click();
         });
         fixture.call("On_Button_Setting");

@@ -48,12 +48,14 @@ void WidgetsSettingsDialog::firstOpening()
     QCOMPARE(opened.combo("comboBox_Compression")->currentText(), QStringLiteral("None compression"));
     QCOMPARE(opened.combo("comboBox_WordMode")->currentIndex(), 0);
     for (const char *name :
-         {"checkBox_Resize", "checkBox_ResetResolution", "checkBox_MultiPageTIFF", "checkBox_SingleTempName"})
+         {"checkBox_Resize", "checkBox_ResetResolution", "checkBox_MultiPageTIFF", "checkBox_SingleTempName"}) {
         QVERIFY2(!opened.check(name)->isChecked(), name);
+    }
     for (const char *name :
          {"lineEdit_FirstPage", "lineEdit_LastPage", "lineEdit_Width", "lineEdit_Height", "lineEdit_ResX",
-          "lineEdit_ResY", "lineEdit_TempName", "lineEdit_UserPassword", "lineEdit_MasterPassword"})
+          "lineEdit_ResY", "lineEdit_TempName", "lineEdit_UserPassword", "lineEdit_MasterPassword"}) {
         QVERIFY2(opened.line(name)->text().isEmpty(), name);
+    }
 }
 
 void WidgetsSettingsDialog::firstOpeningForImages()
@@ -94,8 +96,9 @@ void WidgetsSettingsDialog::kind_data()
         ".doc .rtf",  ".xls", ".pptx",
         ".html .htm", ".xml", ".ps",
         ".eps",       ".txt", ".tiff .tif .jpeg .jpe .jpg .tga .png .gif .bmp .ppm .pbm .pgm .pnm"};
-    for (int row = 0; row < 9; ++row)
+    for (int row = 0; row < 9; ++row) {
         QTest::newRow(offered[row]) << row << QString::fromLatin1(offered[row]);
+    }
 }
 
 void WidgetsSettingsDialog::kind()
@@ -174,8 +177,9 @@ void WidgetsSettingsDialog::applyWritesSeventeenKeys()
         {"OutputFolder", "/kept"},
         {"ListWidgetCurrtentItemRow", "8"}};
     Values values;
-    for (const auto &[name, value] : expected)
+    for (const auto &[name, value] : expected) {
         values.insert(QLatin1String(name), QLatin1String(value));
+    }
     QCOMPARE(storedSettings(), values);
 }
 
@@ -220,8 +224,9 @@ void WidgetsSettingsDialog::extensionNotOfferedSelectsTheFirst()
 void WidgetsSettingsDialog::indexWithoutExtensionStopsLoading_data()
 {
     QTest::addColumn<QString>("index");
-    for (const char *index : {"19", "-1", "28", "1000000"})
+    for (const char *index : {"19", "-1", "28", "1000000"}) {
         QTest::newRow(index) << QString::fromLatin1(index);
+    }
 }
 
 void WidgetsSettingsDialog::indexWithoutExtensionStopsLoading()
@@ -247,8 +252,9 @@ void WidgetsSettingsDialog::controlsLostByKind_data()
     QTest::addColumn<int>("row");
     QTest::addColumn<bool>("size");
     QTest::addColumn<bool>("resolutionAndDepth");
-    for (int row = 0; row < 9; ++row)
+    for (int row = 0; row < 9; ++row) {
         QTest::newRow(qPrintable(QString::number(row))) << row << (row != 3 && row != 4 && row != 7) << (row != 7);
+    }
 }
 
 void WidgetsSettingsDialog::controlsLostByKind()
@@ -260,14 +266,17 @@ void WidgetsSettingsDialog::controlsLostByKind()
     const Opened opened(::kind(
         row, {{QStringLiteral("ResizePage"), QStringLiteral("1")},
               {QStringLiteral("ResetResolution"), QStringLiteral("1")}}));
-    for (const char *name : {"checkBox_Resize", "lineEdit_Width", "lineEdit_Height"})
+    for (const char *name : {"checkBox_Resize", "lineEdit_Width", "lineEdit_Height"}) {
         QCOMPARE(opened.isEnabled(name), size);
-    for (const char *name : {"checkBox_ResetResolution", "lineEdit_ResX", "lineEdit_ResY", "comboBox_BitCount"})
+    }
+    for (const char *name : {"checkBox_ResetResolution", "lineEdit_ResX", "lineEdit_ResY", "comboBox_BitCount"}) {
         QCOMPARE(opened.isEnabled(name), resolutionAndDepth);
+    }
     for (const char *name :
          {"lineEdit_FirstPage", "lineEdit_LastPage", "comboBox_Format", "lineEdit_UserPassword",
-          "lineEdit_MasterPassword"})
+          "lineEdit_MasterPassword"}) {
         QVERIFY2(opened.isEnabled(name), name);
+    }
 }
 
 void WidgetsSettingsDialog::disabledControlsAreSavedToo()
@@ -284,8 +293,9 @@ void WidgetsSettingsDialog::disabledControlsAreSavedToo()
     const Opened opened(::kind(7, values));
     opened.apply();
     const Values saved = storedSettings();
-    for (auto it = values.begin(); it != values.end(); ++it)
+    for (auto it = values.begin(); it != values.end(); ++it) {
         QCOMPARE(saved.value(it.key()), it.value());
+    }
 }
 
 void WidgetsSettingsDialog::resetPutsDefaults()
@@ -297,10 +307,12 @@ void WidgetsSettingsDialog::resetPutsDefaults()
                   {QStringLiteral("ColorDepth"), QStringLiteral("0")},
                   {QStringLiteral("Compression"), QStringLiteral("5")},
                   {QStringLiteral("UserPassword"), QStringLiteral("u")}};
-    for (const char *flag : {"AppSignalTempName", "ResizePage", "ResetResolution", "MultiPageTIFF"})
+    for (const char *flag : {"AppSignalTempName", "ResizePage", "ResetResolution", "MultiPageTIFF"}) {
         values.insert(QLatin1String(flag), QStringLiteral("1"));
-    for (const char *number : {"FirstPage", "LastPage", "Width", "Height", "XRes", "YRes"})
+    }
+    for (const char *number : {"FirstPage", "LastPage", "Width", "Height", "XRes", "YRes"}) {
         values.insert(QLatin1String(number), QStringLiteral("5"));
+    }
     const Opened opened(::kind(0, values));
     opened.line("lineEdit_MasterPassword")->setText(QStringLiteral("typed"));
     opened.dialog->findChild<QTabWidget *>()->setCurrentIndex(0);
@@ -311,14 +323,17 @@ void WidgetsSettingsDialog::resetPutsDefaults()
     QCOMPARE(opened.line("lineEdit_UserPassword")->text(), QStringLiteral("u"));
     QCOMPARE(opened.line("lineEdit_MasterPassword")->text(), QStringLiteral("typed"));
     for (const char *name :
-         {"checkBox_Resize", "checkBox_ResetResolution", "checkBox_MultiPageTIFF", "checkBox_SingleTempName"})
+         {"checkBox_Resize", "checkBox_ResetResolution", "checkBox_MultiPageTIFF", "checkBox_SingleTempName"}) {
         QVERIFY2(!opened.check(name)->isChecked(), name);
+    }
     for (const char *name :
          {"lineEdit_FirstPage", "lineEdit_LastPage", "lineEdit_Width", "lineEdit_Height", "lineEdit_ResX",
-          "lineEdit_ResY", "lineEdit_TempName"})
+          "lineEdit_ResY", "lineEdit_TempName"}) {
         QVERIFY2(opened.line(name)->text().isEmpty(), name);
-    for (const char *name : {"lineEdit_Width", "lineEdit_Height", "lineEdit_ResX", "lineEdit_ResY"})
+    }
+    for (const char *name : {"lineEdit_Width", "lineEdit_Height", "lineEdit_ResX", "lineEdit_ResY"}) {
         QVERIFY2(!opened.isEnabled(name), name);
+    }
     QCOMPARE(opened.combo("comboBox_Format")->currentIndex(), 0);
     QCOMPARE(opened.combo("comboBox_BitCount")->currentText(), QStringLiteral("24 Bits"));
     QCOMPARE(opened.combo("comboBox_Compression")->currentIndex(), 0);
@@ -344,8 +359,9 @@ void WidgetsSettingsDialog::resetReenablesNothingForText()
     opened.click("pushButton_Reset");
     for (const char *name :
          {"checkBox_Resize", "lineEdit_Width", "lineEdit_Height", "checkBox_ResetResolution", "lineEdit_ResX",
-          "lineEdit_ResY", "comboBox_BitCount"})
+          "lineEdit_ResY", "comboBox_BitCount"}) {
         QVERIFY2(!opened.isEnabled(name), name);
+    }
 }
 
 void WidgetsSettingsDialog::resetRefillsDepthsForTheFirstExtension()

@@ -153,8 +153,9 @@ void WidgetsSettingsForm::labels_data()
         {"label_TIFFCompression", "    TIFF Compression Method"},
         {"label_NameTemplate", "    File Name Template"},
     };
-    for (const auto &row : rows)
+    for (const auto &row : rows) {
         QTest::newRow(row[0]) << QString::fromLatin1(row[0]) << QString::fromLatin1(row[1]);
+    }
 }
 
 void WidgetsSettingsForm::labels()
@@ -178,8 +179,9 @@ void WidgetsSettingsForm::checkBoxes_data()
         {"checkBox_MultiPageTIFF", "Multipage TIFF"},
         {"checkBox_SingleTempName", "Apply file name template to single image file."},
     };
-    for (const auto &row : rows)
+    for (const auto &row : rows) {
         QTest::newRow(row[0]) << QString::fromLatin1(row[0]) << QString::fromLatin1(row[1]);
+    }
 }
 
 void WidgetsSettingsForm::checkBoxes()
@@ -207,8 +209,9 @@ void WidgetsSettingsForm::fields_data()
     row("lineEdit_TempName", 32767, false);
     for (const char *name :
          {"lineEdit_Width", "lineEdit_Height", "lineEdit_ResX", "lineEdit_ResY", "lineEdit_FirstPage",
-          "lineEdit_LastPage"})
+          "lineEdit_LastPage"}) {
         row(name, 4, false);
+    }
 }
 
 void WidgetsSettingsForm::fields()
@@ -289,16 +292,18 @@ void WidgetsSettingsForm::exampleText()
     QCOMPARE(example->contextMenuPolicy(), Qt::NoContextMenu);
     const QString text = example->toPlainText();
     QVERIFY(!text.contains(QLatin1Char('\n')));
-    for (const char *word : {"%03d", "001", "002", "EXT"})
+    for (const char *word : {"%03d", "001", "002", "EXT"}) {
         QVERIFY2(text.contains(QLatin1String(word)), word);
+    }
     QVERIFY(example->toHtml().contains(QStringLiteral("SimSun")));
 }
 
 void WidgetsSettingsForm::nothingIsClipped_data()
 {
     QTest::addColumn<QString>("row");
-    for (const char *row : {"0", "4", "8"})
+    for (const char *row : {"0", "4", "8"}) {
         QTest::newRow(row) << QString::fromLatin1(row);
+    }
 }
 
 void WidgetsSettingsForm::nothingIsClipped()
@@ -314,16 +319,19 @@ void WidgetsSettingsForm::nothingIsClipped()
         const QList<QWidget *> widgets = tabWidget->widget(tab)->findChildren<QWidget *>();
         QList<QRect> places;
         for (const QWidget *widget : widgets) {
-            if (!widget->isVisible() || widget->parentWidget() != tabWidget->widget(tab))
+            if (!widget->isVisible() || widget->parentWidget() != tabWidget->widget(tab)) {
                 continue;
+            }
             const QByteArray name = widget->objectName().toUtf8();
             const QRect place(widget->mapTo(&dialog, QPoint(0, 0)), widget->size());
             QVERIFY2(dialog.rect().contains(place), name.constData());
             QVERIFY2(place.bottom() < 391, name.constData());
-            if (qobject_cast<const QLabel *>(widget) || qobject_cast<const QCheckBox *>(widget))
+            if (qobject_cast<const QLabel *>(widget) || qobject_cast<const QCheckBox *>(widget)) {
                 QVERIFY2(showsItsWholeText(*widget), name.constData());
-            for (const QRect &other : std::as_const(places))
+            }
+            for (const QRect &other : std::as_const(places)) {
                 QVERIFY2(!other.intersects(place), name.constData());
+            }
             places << place;
         }
         QVERIFY(places.size() >= 5 || row != QLatin1String("8"));
@@ -349,8 +357,9 @@ void WidgetsSettingsForm::tabOrderFollowsReading()
     QStringList seen;
     QWidget *widget = &dialog;
     do {
-        if (expected.contains(widget->objectName()))
+        if (expected.contains(widget->objectName())) {
             seen << widget->objectName();
+        }
         widget = widget->nextInFocusChain();
     } while (widget != &dialog);
     QCOMPARE(seen, expected);

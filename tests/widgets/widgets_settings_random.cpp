@@ -29,20 +29,24 @@ DialogModel::Values randomValues(RandomSource &random)
     };
     DialogModel::Values values;
     const auto put = [&](const char *key, const QString &text) {
-        if (!random.oneIn(6))
+        if (!random.oneIn(6)) {
             values.insert(QLatin1String(key), text);
+        }
     };
     put("ListWidgetCurrtentItemRow", random.oneIn(2) ? QStringLiteral("8") : number(-1, 10));
     put("ConverterFormat", number(-1, 29));
     put("WordMode", number(-2, 7));
-    for (const char *key : {"FirstPage", "LastPage", "Width", "Height", "XRes", "YRes"})
+    for (const char *key : {"FirstPage", "LastPage", "Width", "Height", "XRes", "YRes"}) {
         put(key, number(-2, 10000));
-    for (const char *key : {"ResizePage", "ResetResolution", "MultiPageTIFF", "AppSignalTempName"})
+    }
+    for (const char *key : {"ResizePage", "ResetResolution", "MultiPageTIFF", "AppSignalTempName"}) {
         put(key, random.pick(flags));
+    }
     put("ColorDepth", number(-2, 5));
     put("Compression", number(-2, 11));
-    for (const char *key : {"TempName", "UserPassword", "MasterPassword", "OutputFolder", "InputFolder"})
+    for (const char *key : {"TempName", "UserPassword", "MasterPassword", "OutputFolder", "InputFolder"}) {
         put(key, random.oneIn(5) ? QStringLiteral("   ") : random.text(40));
+    }
     return values;
 }
 
@@ -52,8 +56,9 @@ QStringList shown(const Setting &dialog)
     const auto combo = [&](const char *name) {
         const auto *box = dialog.findChild<QComboBox *>(QLatin1String(name));
         QStringList texts{QString::number(box->currentIndex())};
-        for (int i = 0; i < box->count(); ++i)
+        for (int i = 0; i < box->count(); ++i) {
             texts << box->itemText(i);
+        }
         return texts.join(QLatin1Char('|'));
     };
     const auto line = [&](const char *name) { return dialog.findChild<QLineEdit *>(QLatin1String(name))->text(); };

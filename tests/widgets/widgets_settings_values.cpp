@@ -60,8 +60,9 @@ void WidgetsSettingsValues::extensionChangeResetsDepth_data()
 {
     QTest::addColumn<QString>("extension");
     for (const char *extension :
-         {".tif", ".jpeg", ".jpe", ".jpg", ".tga", ".png", ".gif", ".bmp", ".ppm", ".pbm", ".pgm", ".pnm"})
+         {".tif", ".jpeg", ".jpe", ".jpg", ".tga", ".png", ".gif", ".bmp", ".ppm", ".pbm", ".pgm", ".pnm"}) {
         QTest::newRow(extension) << QString::fromLatin1(extension);
+    }
 }
 
 void WidgetsSettingsValues::extensionChangeResetsDepth()
@@ -103,8 +104,9 @@ void WidgetsSettingsValues::depthBounds_data()
 {
     QTest::addColumn<QString>("stored");
     QTest::addColumn<int>("selected");
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         QTest::newRow(qPrintable(QString::number(i))) << QString::number(i) << i;
+    }
     QTest::newRow("count") << QStringLiteral("3") << 2;
     QTest::newRow("negative") << QStringLiteral("-1") << 2;
     QTest::newRow("no number") << QStringLiteral("abc") << 0;
@@ -123,8 +125,9 @@ void WidgetsSettingsValues::wordModeBounds_data()
 {
     QTest::addColumn<QString>("stored");
     QTest::addColumn<int>("selected");
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         QTest::newRow(qPrintable(QString::number(i))) << QString::number(i) << i;
+    }
     QTest::newRow("count") << QStringLiteral("5") << 0;
     QTest::newRow("negative") << QStringLiteral("-1") << 0;
 }
@@ -146,8 +149,9 @@ void WidgetsSettingsValues::pageFields_data()
     QTest::addColumn<QString>("shown");
     const char *const rows[][2] = {{"007", "7"}, {"0", ""},        {"-3", ""},        {"abc", ""},
                                    {"", ""},     {"9999", "9999"}, {"12345", "1234"}, {"+5", "5"}};
-    for (const auto &row : rows)
+    for (const auto &row : rows) {
         QTest::newRow(row[0]) << QString::fromLatin1(row[0]) << QString::fromLatin1(row[1]);
+    }
 }
 
 void WidgetsSettingsValues::pageFields()
@@ -169,9 +173,10 @@ void WidgetsSettingsValues::sizeFields_data()
     QTest::addColumn<QString>("saved");
     const char *const rows[][3] = {{"0800", "0800", "800"}, {"0", "", "0"}, {"-3", "", "0"},
                                    {"abc", "", "0"},        {"", "", "0"},  {"9", "9", "9"}};
-    for (const auto &row : rows)
+    for (const auto &row : rows) {
         QTest::newRow(row[0]) << QString::fromLatin1(row[0]) << QString::fromLatin1(row[1])
                               << QString::fromLatin1(row[2]);
+    }
 }
 
 void WidgetsSettingsValues::sizeFields()
@@ -186,14 +191,17 @@ void WidgetsSettingsValues::sizeFields()
         {"YRes", "lineEdit_ResY"}};
     const ProgramFolder folder;
     Values values;
-    for (const auto &[key, field] : names)
+    for (const auto &[key, field] : names) {
         values.insert(QLatin1String(key), stored);
+    }
     const Opened opened(values);
-    for (const auto &[key, field] : names)
+    for (const auto &[key, field] : names) {
         QCOMPARE(opened.line(field)->text(), shown);
+    }
     opened.apply();
-    for (const auto &[key, field] : names)
+    for (const auto &[key, field] : names) {
         QCOMPARE(storedSetting(QLatin1String(key)), saved);
+    }
 }
 
 void WidgetsSettingsValues::sizeFieldsFollowTheirBoxes()
@@ -220,8 +228,9 @@ void WidgetsSettingsValues::flagsCountOnlyAsOne_data()
 {
     QTest::addColumn<QString>("stored");
     QTest::addColumn<bool>("on");
-    for (const char *stored : {"1", "0", "true", "01", " 1", "", "2"})
+    for (const char *stored : {"1", "0", "true", "01", " 1", "", "2"}) {
         QTest::newRow(stored) << QString::fromLatin1(stored) << (qstrcmp(stored, "1") == 0);
+    }
 }
 
 void WidgetsSettingsValues::flagsCountOnlyAsOne()
@@ -235,10 +244,12 @@ void WidgetsSettingsValues::flagsCountOnlyAsOne()
             {QStringLiteral("MultiPageTIFF"), stored},
             {QStringLiteral("AppSignalTempName"), stored}}));
     for (const char *name :
-         {"checkBox_Resize", "checkBox_ResetResolution", "checkBox_MultiPageTIFF", "checkBox_SingleTempName"})
+         {"checkBox_Resize", "checkBox_ResetResolution", "checkBox_MultiPageTIFF", "checkBox_SingleTempName"}) {
         QCOMPARE(opened.check(name)->isChecked(), on);
-    for (const char *name : {"lineEdit_Width", "lineEdit_Height", "lineEdit_ResX", "lineEdit_ResY"})
+    }
+    for (const char *name : {"lineEdit_Width", "lineEdit_Height", "lineEdit_ResX", "lineEdit_ResY"}) {
         QCOMPARE(opened.isEnabled(name), on);
+    }
 }
 
 void WidgetsSettingsValues::passwords_data()
@@ -248,8 +259,9 @@ void WidgetsSettingsValues::passwords_data()
     const char *const rows[][2] = {
         {"   ", ""}, {"", ""}, {" a ", " a "}, {"pass;word,=\\", "pass;word,=\\"}, {"pässwörd ☃", "pässwörd ☃"},
         {"\"", "\""}};
-    for (const auto &row : rows)
+    for (const auto &row : rows) {
         QTest::newRow(row[0]) << QString::fromUtf8(row[0]) << QString::fromUtf8(row[1]);
+    }
 }
 
 void WidgetsSettingsValues::passwords()

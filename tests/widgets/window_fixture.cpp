@@ -12,8 +12,9 @@ WindowFixture::WindowFixture(ProgramFolder::Engine engine)
 WindowFixture::~WindowFixture()
 {
     // Engines that still wait or hang end by themselves once their folder is gone.
-    if (window)
+    if (window) {
         close();
+    }
 }
 
 void WindowFixture::open()
@@ -106,8 +107,9 @@ void WindowFixture::visitSettings(const char *closingButton) const
 QStringList WindowFixture::pathsInTable() const
 {
     QStringList paths;
-    for (int row = 0; row < table()->rowCount(); ++row)
+    for (int row = 0; row < table()->rowCount(); ++row) {
         paths << (table()->item(row, 0) ? table()->item(row, 0)->text() : QStringLiteral("(no item)"));
+    }
     return paths;
 }
 

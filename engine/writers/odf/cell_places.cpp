@@ -11,13 +11,13 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double MostIndent = 0.6;  // of the cell's width: more is no indent
-constexpr double Tightest = 0.95;   // of the size of type, from line to line
-constexpr double BorderRoom = 0.75; // points of a row's height that its lines take
+constexpr double mostIndent = 0.6;  // of the cell's width: more is no indent
+constexpr double tightest = 0.95;   // of the size of type, from line to line
+constexpr double borderRoom = 0.75; // points of a row's height that its lines take
 
 void indent(model::Paragraph &paragraph, const Box &cell)
 {
-    const auto inside = [&cell](double blank) { return std::clamp(blank, 0.0, MostIndent * cell.width()); };
+    const auto inside = [&cell](double blank) { return std::clamp(blank, 0.0, mostIndent * cell.width()); };
     paragraph.indentLeft = 0;
     paragraph.indentRight = 0;
     if (paragraph.alignment == model::Alignment::Left || paragraph.alignment == model::Alignment::Justify) {
@@ -31,7 +31,7 @@ void indent(model::Paragraph &paragraph, const Box &cell)
 double lineHeightIn(const model::Paragraph &paragraph, double room)
 {
     const double usual = laidOut(paragraph).lineHeight;
-    return usual > room ? std::max(Tightest * largestSize(paragraph), room) : usual;
+    return usual > room ? std::max(tightest * largestSize(paragraph), room) : usual;
 }
 
 } // namespace
@@ -49,8 +49,8 @@ std::vector<CellParagraph> placedInCell(const model::Cell &cell)
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         lines += static_cast<double>(paragraph.lines.size());
     }
-    const double room = (cell.box.height() - BorderRoom) / std::max(1.0, lines);
-    double spare = cell.box.height() - BorderRoom;
+    const double room = (cell.box.height() - borderRoom) / std::max(1.0, lines);
+    double spare = cell.box.height() - borderRoom;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         spare -= lineHeightIn(paragraph, room) * static_cast<double>(paragraph.lines.size());
     }
@@ -60,8 +60,8 @@ std::vector<CellParagraph> placedInCell(const model::Cell &cell)
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         CellParagraph next{paragraph, lineHeightIn(paragraph, room)};
         const std::optional<double> first = firstBaseline(paragraph);
-        const double top = first ? *first - BaselinePart * next.lineHeight : paragraph.box.top;
-        next.paragraph.spaceBefore = std::max(0.0, top - bottom - (placed.empty() ? BorderRoom : 0));
+        const double top = first ? *first - baselinePart * next.lineHeight : paragraph.box.top;
+        next.paragraph.spaceBefore = std::max(0.0, top - bottom - (placed.empty() ? borderRoom : 0));
         next.paragraph.spaceBefore = std::min(next.paragraph.spaceBefore, spare);
         spare -= next.paragraph.spaceBefore;
         indent(next.paragraph, cell.box);

@@ -13,16 +13,16 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double UsualHeight = 1.2; // of the size of type
-constexpr double LeastHeight = 0.4;
-constexpr double SpacingStep = 0.05;  // finer steps only multiply styles
-constexpr double SpacingSlack = 0.15; // points by which a word may end off its place
-constexpr double SizeSteps = 2;       // Word's sizes of type are half points
-constexpr double SpareWidth = 24;     // so that no line wraps
-constexpr double WidestGap = 3;       // between words of one line, times the size of type
-constexpr double LeastGap = 0.15;     // that counts as a space, times the size of type
-constexpr double LeastRise = 0.08;    // of the size of type, for a word off the baseline
-constexpr double LeastIndent = 0.1;   // slides give a line without any the indent of the line before
+constexpr double usualHeight = 1.2; // of the size of type
+constexpr double leastHeight = 0.4;
+constexpr double spacingStep = 0.05;  // finer steps only multiply styles
+constexpr double spacingSlack = 0.15; // points by which a word may end off its place
+constexpr double sizeSteps = 2;       // Word's sizes of type are half points
+constexpr double spareWidth = 24;     // so that no line wraps
+constexpr double widestGap = 3;       // between words of one line, times the size of type
+constexpr double leastGap = 0.15;     // that counts as a space, times the size of type
+constexpr double leastRise = 0.08;    // of the size of type, for a word off the baseline
+constexpr double leastIndent = 0.1;   // slides give a line without any the indent of the line before
 
 // Lines that share a frame: turned alike, one below the other.
 using LineGroup = std::vector<model::Line>;
@@ -40,7 +40,7 @@ double sizeOf(const model::Line &line)
 bool isApart(const model::Word &word, const model::Word &next)
 {
     const double size = std::max(word.style->size, next.style->size);
-    return next.box.left - word.box.right > WidestGap * size || std::abs(next.baseline - word.baseline) > 0.7 * size;
+    return next.box.left - word.box.right > widestGap * size || std::abs(next.baseline - word.baseline) > 0.7 * size;
 }
 
 std::vector<model::Line> piecesOf(const model::Line &line)
@@ -84,7 +84,7 @@ std::vector<LineGroup> lineGroups(const std::vector<model::Line> &lines)
 
 double stepped(double spacing)
 {
-    return std::round(spacing / SpacingStep) * SpacingStep;
+    return std::round(spacing / spacingStep) * spacingStep;
 }
 
 // Writes the words of one line so that each begins where it does on the page, as far as the widths are known.
@@ -103,7 +103,7 @@ public:
             }
             const model::Word &following = line.words[i + 1];
             const double next = following.box.left;
-            if (word.spaceAfter() || next > word.box.right + LeastGap * word.style->size) {
+            if (word.spaceAfter() || next > word.box.right + leastGap * word.style->size) {
                 const QString link = following.link == word.link ? word.link : QString();
                 writePiece(u" "_s, *word.style, link, std::max(next, word.box.right), 0);
             }
@@ -114,7 +114,7 @@ public:
 private:
     void writePiece(const QString &text, model::Style style, const QString &address, double end, double rise)
     {
-        style.size = std::round(style.size * SizeSteps) / SizeSteps;
+        style.size = std::round(style.size * sizeSteps) / sizeSteps;
         const std::optional<double> natural = textWidth(text, style);
         double spacing = 0;
         if (natural) {
@@ -122,7 +122,7 @@ private:
             const auto signs = static_cast<double>(text.size());
             const double largest = text.size() == 1 ? 40 * style.size : style.size / 2;
             // Close enough with the spacing before: fewer changes make the file smaller and quicker to open.
-            const bool keeps = std::abs(m_at + *natural + signs * m_spacing - end) < SpacingSlack;
+            const bool keeps = std::abs(m_at + *natural + signs * m_spacing - end) < spacingSlack;
             spacing =
                 keeps ? m_spacing : std::clamp(stepped((end - m_at - *natural) / signs), -style.size / 3, largest);
             m_spacing = spacing;
@@ -166,7 +166,7 @@ private:
         Attributes look = textAttributes(style);
         look.emplace_back("fo:letter-spacing"_L1, pt(spacing));
         look.emplace_back("style:letter-kerning"_L1, u"false"_s);
-        if (std::abs(rise) > LeastRise * style.size) {
+        if (std::abs(rise) > leastRise * style.size) {
             const long percent = std::clamp(std::lround(100 * rise / style.size), -100L, 100L);
             look.emplace_back("style:text-position"_L1, QString::number(percent) + u"% 100%"_s);
         }
@@ -207,12 +207,12 @@ bool readsRightToLeft(const model::Line &line)
 // A turned line as if it ran from left to right, beginning at 0 on a baseline at the rise of its type.
 model::Line uprightLine(const model::Line &line, double size)
 {
-    model::Line upright{{0, 0, line.box.height(), UsualHeight * size}, riseOf(size), 0, line.words};
+    model::Line upright{{0, 0, line.box.height(), usualHeight * size}, riseOf(size), 0, line.words};
     for (model::Word &word : upright.words) {
         const bool down = line.rotation == 90;
         const double from = down ? word.box.top - line.box.top : line.box.bottom - word.box.bottom;
         const double off = down ? line.baseline - word.baseline : word.baseline - line.baseline;
-        word.box = {from, 0, from + word.box.height(), UsualHeight * size};
+        word.box = {from, 0, from + word.box.height(), usualHeight * size};
         word.baseline = upright.baseline + off;
     }
     return upright;
@@ -223,10 +223,10 @@ void writeTurned(const Sink &sink, const model::Line &line, FrameAnchor anchor)
 {
     const double size = sizeOf(line);
     const bool down = line.rotation == 90;
-    const double height = UsualHeight * size;
+    const double height = usualHeight * size;
     const double left = down ? line.baseline + riseOf(size) - height : line.baseline - riseOf(size);
     Box box{left, line.box.top, left + height, line.box.bottom};
-    (down ? box.bottom : box.top) += down ? SpareWidth : -SpareWidth;
+    (down ? box.bottom : box.top) += down ? spareWidth : -spareWidth;
     beginTextFrame(sink, box, anchor, false, down ? FrameDirection::Down : FrameDirection::Up);
     writeLine(sink, uprightLine(line, size), {0, height}, 0, false);
     sink.xml.writeEndElement();
@@ -249,7 +249,7 @@ void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, Fram
         box = united(box, line.box);
     }
     box.top = baselines.front() - riseOf(sizes.front());
-    box.right = std::min(std::max(box.right, pageWidth - 1), box.right + SpareWidth);
+    box.right = std::min(std::max(box.right, pageWidth - 1), box.right + spareWidth);
     const std::vector<LinePlace> places = placeLines(box.top, baselines, sizes);
     double height = 0;
     for (const LinePlace &place : places) {
@@ -257,7 +257,7 @@ void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, Fram
     }
     box.bottom = box.top + height;
     beginTextFrame(sink, box, anchor, anchor == FrameAnchor::Page);
-    const double least = anchor == FrameAnchor::Slide ? LeastIndent : 0;
+    const double least = anchor == FrameAnchor::Slide ? leastIndent : 0;
     for (std::size_t i = 0; i < group.size(); ++i) {
         const double indent = std::max(least, group[i].box.left - box.left);
         writeLine(sink, group[i], places[i], indent, readsRightToLeft(group[i]));
@@ -270,7 +270,7 @@ void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, Fram
 
 double riseOf(double size)
 {
-    return BaselinePart * UsualHeight * size;
+    return baselinePart * usualHeight * size;
 }
 
 std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselines, const std::vector<double> &sizes)
@@ -282,7 +282,7 @@ std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselin
         const double usual = riseOf(sizes[i]);
         LinePlace place;
         place.above = std::max(0.0, rise - usual);
-        place.height = std::max(LeastHeight * sizes[i], (rise - place.above) / BaselinePart);
+        place.height = std::max(leastHeight * sizes[i], (rise - place.above) / baselinePart);
         places.push_back(place);
         bottom += place.above + place.height;
     }

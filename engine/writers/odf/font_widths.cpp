@@ -12,12 +12,13 @@ namespace quorra::office {
 
 namespace {
 
-constexpr std::size_t Signs = 199;
-constexpr std::array<char16_t, 8> Punctuation = {0x2013, 0x2014, 0x2018, 0x2019, 0x201c, 0x201d, 0x2022, 0x2026};
+constexpr std::size_t signs = 199;
+constexpr std::array<char16_t, 8> measuredPunctuation = {0x2013, 0x2014, 0x2018, 0x2019,
+                                                         0x201c, 0x201d, 0x2022, 0x2026};
 
 // Thousandths of the type's size for U+0020 to U+007E, U+00A0 to U+00FF and the punctuation above. The common faces of
 // one kind share these widths, whoever made them.
-constexpr std::array<std::array<short, Signs>, 6> Widths = {{
+constexpr std::array<std::array<short, signs>, 6> charWidths = {{
     // SansRegular
     {{278, 278, 355, 556, 556, 889, 667, 191, 333, 333, 389, 584, 278,  333,  278, 278, 556, 556, 556, 556,
       556, 556, 556, 556, 556, 556, 278, 278, 584, 584, 584, 556, 1015, 667,  667, 722, 722, 667, 611, 778,
@@ -87,7 +88,7 @@ constexpr std::array<std::array<short, Signs>, 6> Widths = {{
 
 enum Face { SansRegular, SansBold, SerifRegular, SerifBold, SerifItalic, SerifBoldItalic };
 
-constexpr double FixedPitchWidth = 0.6;
+constexpr double fixedPitchWidth = 0.6;
 
 // Many fonts carry no flags; the names of the commonest ones tell.
 bool hasSerifs(const model::Style &style)
@@ -118,8 +119,8 @@ std::size_t indexOf(char16_t sign)
     if (sign >= 0xa0 && sign < 0x100) {
         return sign - 0xa0U + 95;
     }
-    const auto at = std::find(Punctuation.begin(), Punctuation.end(), sign);
-    return at == Punctuation.end() ? Signs : 191 + static_cast<std::size_t>(at - Punctuation.begin());
+    const auto at = std::find(measuredPunctuation.begin(), measuredPunctuation.end(), sign);
+    return at == measuredPunctuation.end() ? signs : 191 + static_cast<std::size_t>(at - measuredPunctuation.begin());
 }
 
 } // namespace
@@ -131,14 +132,14 @@ QString measuredFamily(const model::Style &style)
 
 std::optional<double> textWidth(const QString &text, const model::Style &style)
 {
-    const auto &widths = Widths[faceOf(style)];
+    const auto &widths = charWidths[faceOf(style)];
     double width = 0;
     for (const QChar sign : text) {
         const std::size_t index = indexOf(sign.unicode());
-        if (index == Signs) {
+        if (index == signs) {
             return std::nullopt;
         }
-        width += style.fixedPitch ? FixedPitchWidth : widths[index] / 1000.0;
+        width += style.fixedPitch ? fixedPitchWidth : widths[index] / 1000.0;
     }
     return width * style.size;
 }

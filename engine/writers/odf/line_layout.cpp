@@ -10,21 +10,21 @@ namespace quorra::office {
 namespace {
 
 // Lines closer than this times the type's size would touch; wider ones are blank space, not leading.
-constexpr double TightestLeading = 0.95;
-constexpr double WidestLeading = 2.5;
-constexpr double UsualLeading = 1.2;
-constexpr double Rounding = 0.5; // points by which a line of the paragraph may leave its box
+constexpr double tightestLeading = 0.95;
+constexpr double widestLeading = 2.5;
+constexpr double usualLeading = 1.2;
+constexpr double rounding = 0.5; // points by which a line of the paragraph may leave its box
 
 double singleLineHeight(double size, double baseline, std::optional<double> before, std::optional<double> after)
 {
-    double height = UsualLeading * size;
+    double height = usualLeading * size;
     if (before && *before < baseline) {
         height = std::min(height, baseline - *before);
     }
     if (after && *after > baseline) {
         height = std::min(height, *after - baseline);
     }
-    return std::max(height, TightestLeading * size);
+    return std::max(height, tightestLeading * size);
 }
 
 } // namespace
@@ -38,7 +38,7 @@ std::optional<double> lastBaseline(const model::Paragraph &paragraph)
 {
     std::optional<double> last;
     for (const model::Line &line : paragraph.lines) {
-        const bool inside = line.box.bottom <= paragraph.box.bottom + Rounding && (!last || line.baseline >= *last);
+        const bool inside = line.box.bottom <= paragraph.box.bottom + rounding && (!last || line.baseline >= *last);
         if (inside) {
             last = line.baseline;
         }
@@ -53,14 +53,14 @@ laidOut(const model::Paragraph &paragraph, std::optional<double> baselineBefore,
     const std::optional<double> last = lastBaseline(paragraph);
     const double size = largestSize(paragraph);
     if (!first || paragraph.rotation != 0) {
-        return {paragraph.box.top, paragraph.box.bottom, UsualLeading * size};
+        return {paragraph.box.top, paragraph.box.bottom, usualLeading * size};
     }
-    if (paragraph.lineDistance > WidestLeading * size) {
+    if (paragraph.lineDistance > widestLeading * size) {
         return {paragraph.box.top, paragraph.box.bottom, 0};
     }
-    const double height = paragraph.lineDistance > 0 ? std::max(paragraph.lineDistance, TightestLeading * size)
+    const double height = paragraph.lineDistance > 0 ? std::max(paragraph.lineDistance, tightestLeading * size)
                                                      : singleLineHeight(size, *first, baselineBefore, baselineAfter);
-    return {*first - BaselinePart * height, *last + (1 - BaselinePart) * height, height};
+    return {*first - baselinePart * height, *last + (1 - baselinePart) * height, height};
 }
 
 } // namespace quorra::office

@@ -20,15 +20,15 @@ struct KindRow
 
 const KindRow &rowOf(OdfKind kind)
 {
-    static constexpr std::array<KindRow, 3> Rows = {{
+    static constexpr std::array<KindRow, 3> rows = {{
         {QLatin1String("application/vnd.oasis.opendocument.text"), QLatin1String("office:text")},
         {QLatin1String("application/vnd.oasis.opendocument.presentation"), QLatin1String("office:presentation")},
         {QLatin1String("application/vnd.oasis.opendocument.spreadsheet"), QLatin1String("office:spreadsheet")},
     }};
-    return Rows[static_cast<std::size_t>(kind)];
+    return rows[static_cast<std::size_t>(kind)];
 }
 
-constexpr std::array<std::array<QLatin1String, 2>, 10> Namespaces = {{
+constexpr std::array<std::array<QLatin1String, 2>, 10> namespaces = {{
     {QLatin1String("xmlns:office"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:office:1.0")},
     {QLatin1String("xmlns:style"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:style:1.0")},
     {QLatin1String("xmlns:text"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:text:1.0")},
@@ -107,10 +107,10 @@ std::vector<Element> fixedStyles(OdfKind kind)
 
 void append(QFile &target, QIODevice &source)
 {
-    constexpr qint64 BlockBytes = 1 << 18;
+    constexpr qint64 blockBytes = 1 << 18;
     source.seek(0);
     while (!source.atEnd()) {
-        if (target.write(source.read(BlockBytes)) < 0) {
+        if (target.write(source.read(blockBytes)) < 0) {
             fail(target);
         }
     }
@@ -155,7 +155,7 @@ void OdfFile::finish()
     QXmlStreamWriter xml(&file);
     xml.writeStartDocument();
     xml.writeStartElement("office:document"_L1);
-    for (const auto &[name, address] : Namespaces) {
+    for (const auto &[name, address] : namespaces) {
         xml.writeAttribute(name, address);
     }
     xml.writeAttribute("office:version"_L1, u"1.3"_s);

@@ -12,12 +12,12 @@ namespace quorra::office {
 namespace {
 
 // A ragged right edge says little about the indent meant: only a plain one is kept, and not all of it.
-constexpr double PlainIndent = 36;
-constexpr double RaggedReserve = 12;
+constexpr double plainIndent = 36;
+constexpr double raggedReserve = 12;
 
-constexpr double EmptySize = 1;       // points: the type of a paragraph without text
-constexpr double EmptyHeight = 1.2;   // points: the height of its line
-constexpr double ThinnestLine = 0.25; // thinner ones vanish in word processors
+constexpr double emptySize = 1;       // points: the type of a paragraph without text
+constexpr double emptyHeight = 1.2;   // points: the height of its line
+constexpr double thinnestLine = 0.25; // thinner ones vanish in word processors
 
 QString parentStyle(const model::Paragraph &paragraph)
 {
@@ -60,7 +60,7 @@ double rightIndent(const model::Paragraph &paragraph)
     case model::Alignment::Justify:
         return paragraph.lines.size() > 1 ? paragraph.indentRight : 0;
     case model::Alignment::Left:
-        return paragraph.lines.size() > 2 && paragraph.indentRight > PlainIndent ? paragraph.indentRight - RaggedReserve
+        return paragraph.lines.size() > 2 && paragraph.indentRight > plainIndent ? paragraph.indentRight - raggedReserve
                                                                                  : 0;
     case model::Alignment::Centre:
         break;
@@ -183,7 +183,7 @@ QString borderText(const model::Border &border)
     if (border.width <= 0) {
         return u"none"_s;
     }
-    return pt(std::max(border.width, ThinnestLine)) + " solid "_L1 + colourName(border.colour);
+    return pt(std::max(border.width, thinnestLine)) + " solid "_L1 + colourName(border.colour);
 }
 
 Attributes ruleBorders(const ParagraphPlace &place)
@@ -216,9 +216,9 @@ Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &
 Element emptyParagraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
     model::Style look;
-    look.size = EmptySize;
+    look.size = emptySize;
     ParagraphPlace low = place;
-    low.lineHeight = EmptyHeight;
+    low.lineHeight = emptyHeight;
     return paragraphStyle(paragraph, low, look);
 }
 

@@ -74,15 +74,15 @@ double largestSize(const model::Paragraph &paragraph)
 
 QString linkTarget(const QString &link)
 {
-    constexpr QLatin1String Page("#page=");
-    if (link.startsWith(Page)) {
+    constexpr QLatin1String pagePrefix("#page=");
+    if (link.startsWith(pagePrefix)) {
         bool isNumber = false;
-        const int page = QStringView(link).mid(Page.size()).toInt(&isNumber);
+        const int page = QStringView(link).mid(pagePrefix.size()).toInt(&isNumber);
         return isNumber && page > 0 ? u"#page%1"_s.arg(page) : QString();
     }
-    static constexpr std::array<QLatin1String, 4> Schemes = {
+    static constexpr std::array<QLatin1String, 4> schemes = {
         QLatin1String("http://"), QLatin1String("https://"), QLatin1String("ftp://"), QLatin1String("mailto:")};
-    const bool safe = std::any_of(Schemes.begin(), Schemes.end(), [&](QLatin1String scheme) {
+    const bool safe = std::any_of(schemes.begin(), schemes.end(), [&](QLatin1String scheme) {
         return link.startsWith(scheme, Qt::CaseInsensitive);
     });
     return safe ? xmlText(link) : QString();

@@ -13,9 +13,9 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double WidestGap = 1.8;   // lines between paragraphs of one text block
-constexpr double SpareWidth = 0.06; // by which another font may run wider
-constexpr double LeastSpare = 4;
+constexpr double widestGap = 1.8;   // lines between paragraphs of one text block
+constexpr double spareWidth = 0.06; // by which another font may run wider
+constexpr double leastSpare = 4;
 
 double lineDistanceOf(const model::Paragraph &paragraph)
 {
@@ -28,7 +28,7 @@ bool belongsTo(const TextBlock &block, const model::Paragraph &paragraph)
     const double gap = paragraph.box.top - last.box.bottom;
     const double shared = std::min(block.box.right, paragraph.box.right) - std::max(block.box.left, paragraph.box.left);
     return last.rotation == paragraph.rotation && gap > -lineDistanceOf(paragraph) / 2 &&
-           gap < WidestGap * lineDistanceOf(paragraph) &&
+           gap < widestGap * lineDistanceOf(paragraph) &&
            shared > 0.5 * std::min(block.box.width(), paragraph.box.width());
 }
 
@@ -117,7 +117,7 @@ Box roomyBox(const model::Page &page, const Box &box)
     forEachBlock(page, keepOff);
     std::for_each(page.runningHeads.begin(), page.runningHeads.end(), keepOff);
     Box room = box;
-    room.right = std::max(box.right, std::min(farthest, box.right + LeastSpare + SpareWidth * box.width()));
+    room.right = std::max(box.right, std::min(farthest, box.right + leastSpare + spareWidth * box.width()));
     return room;
 }
 

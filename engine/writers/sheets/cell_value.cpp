@@ -11,7 +11,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr qsizetype LongestMark = 4;
+constexpr qsizetype longestMark = 4;
 
 QString smallSigns(const QString &mark)
 {
@@ -55,7 +55,7 @@ std::optional<Number> cellNumber(const model::Cell &cell, NumberStyle style)
         }
     }
     mark = mark.trimmed();
-    if (mark.isEmpty() || mark.size() > LongestMark || paragraph.listItem) {
+    if (mark.isEmpty() || mark.size() > longestMark || paragraph.listItem) {
         return readNumber(cellText(cell), style);
     }
     std::optional<Number> number = readNumber(before, style);

@@ -11,7 +11,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr qsizetype MostDigits = 15; // that a spreadsheet's numbers hold exactly
+constexpr qsizetype mostDigits = 15; // that a spreadsheet's numbers hold exactly
 
 const QRegularExpression &outerPattern()
 {
@@ -84,7 +84,7 @@ std::optional<Number> readNumber(const QString &text, NumberStyle style)
         return std::nullopt;
     }
     const std::optional<Digits> digits = splitDigits(match.captured(u"digits"_s), style);
-    if (!digits || hasLeadingZero(digits->whole) || digits->whole.size() + digits->fraction.size() > MostDigits) {
+    if (!digits || hasLeadingZero(digits->whole) || digits->whole.size() + digits->fraction.size() > mostDigits) {
         return std::nullopt;
     }
     const QString sign = match.captured(u"sign"_s);

@@ -9,7 +9,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr int MonthsOfYear = 12;
+constexpr int monthsOfYear = 12;
 
 const QRegularExpression &yearLast()
 {
@@ -37,8 +37,8 @@ DateOrder dateOrderOf(const QStringList &texts)
     for (const QString &text : texts) {
         const QRegularExpressionMatch match = yearLast().match(text.trimmed());
         if (match.hasMatch() && match.captured(2) != "."_L1) {
-            dayFirst = dayFirst || match.captured(1).toInt() > MonthsOfYear;
-            monthFirst = monthFirst || match.captured(3).toInt() > MonthsOfYear;
+            dayFirst = dayFirst || match.captured(1).toInt() > monthsOfYear;
+            monthFirst = monthFirst || match.captured(3).toInt() > monthsOfYear;
         }
     }
     return dayFirst == monthFirst ? DateOrder::Unknown : dayFirst ? DateOrder::DayFirst : DateOrder::MonthFirst;

@@ -17,8 +17,8 @@ struct Paper
     double wide;
 };
 
-constexpr Paper A4{QLatin1String("A4"), 595.28, 841.89};
-constexpr Paper Letter{QLatin1String("Letter"), 612, 792};
+constexpr Paper a4{QLatin1String("A4"), 595.28, 841.89};
+constexpr Paper letter{QLatin1String("Letter"), 612, 792};
 
 } // namespace
 
@@ -26,7 +26,7 @@ QString SheetPrinting::sheetStyle(StyleTable &styles, double width, double heigh
 {
     const bool across = width > height;
     const double side = std::min(width, height);
-    const Paper &paper = std::abs(side - Letter.narrow) < std::abs(side - A4.narrow) ? Letter : A4;
+    const Paper &paper = std::abs(side - letter.narrow) < std::abs(side - a4.narrow) ? letter : a4;
     const QString master = paper.name + (across ? "Across"_L1 : "Upright"_L1);
     QString &name = m_names[master];
     if (name.isEmpty()) {

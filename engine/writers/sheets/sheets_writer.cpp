@@ -20,7 +20,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double LineWidth = 480; // of the column for a document's lines of text
+constexpr double lineWidth = 480; // of the column for a document's lines of text
 
 std::vector<model::Run> allRuns(const model::Cell &cell)
 {
@@ -234,7 +234,7 @@ model::Cell cellOf(const model::Line &line)
 void SheetWriter::writeLines(const model::Document &document)
 {
     beginSheet(u"Text"_s, document.pages.empty() ? model::Page{} : document.pages.front());
-    writeColumn(m_sink, LineWidth);
+    writeColumn(m_sink, lineWidth);
     for (const model::Page &page : document.pages) {
         forEachParagraph(page, [this](const model::Paragraph &paragraph) {
             for (const model::Line &line : paragraph.lines) {

@@ -17,22 +17,22 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double HeadGap = 1.8;         // the same in running heads, whose parts have nothing to do with one another
-constexpr double ApartGap = 3;          // between words that are no neighbours, times the size of type
-constexpr double LabelGap = 1;          // the same in drawings
-constexpr int MostBlanks = 80;          // between two words
-constexpr int MostIndent = 200;         // blanks before the first word of a line of code
-constexpr double WideGap = .65;         // more than a blank, but no more than belongs to one line
-constexpr double OffBaseline = 0.5;     // times the size of type
-constexpr double TightestSpacing = -.1; // times the size of type
-constexpr double WidestSpacing = .15;
-constexpr double SpacingStep = .0283465; // points: a hundredth of a millimetre, which slide programs round to
-constexpr double MostSqueezing = .04;    // times the size of type, below the page's own width, to keep lines together
-constexpr double FixedPitch = .6;        // width of a sign, times the size of type
-constexpr std::size_t MostKeptLines = 6;
+constexpr double headGap = 1.8;         // the same in running heads, whose parts have nothing to do with one another
+constexpr double apartGap = 3;          // between words that are no neighbours, times the size of type
+constexpr double labelGap = 1;          // the same in drawings
+constexpr int mostBlanks = 80;          // between two words
+constexpr int mostIndent = 200;         // blanks before the first word of a line of code
+constexpr double wideGap = .65;         // more than a blank, but no more than belongs to one line
+constexpr double offBaseline = 0.5;     // times the size of type
+constexpr double tightestSpacing = -.1; // times the size of type
+constexpr double widestSpacing = .15;
+constexpr double spacingStep = .0283465; // points: a hundredth of a millimetre, which slide programs round to
+constexpr double mostSqueezing = .04;    // times the size of type, below the page's own width, to keep lines together
+constexpr double fixedPitchAdvance = .6; // width of a sign, times the size of type
+constexpr std::size_t mostKeptLines = 6;
 
 // Families that most machines have; the lists are of their beginnings, without blanks.
-constexpr std::array<QLatin1String, 32> Widespread = {
+constexpr std::array<QLatin1String, 32> widespread = {
     QLatin1String("calibri"),       QLatin1String("cambria"),    QLatin1String("candara"),
     QLatin1String("consolas"),      QLatin1String("constantia"), QLatin1String("corbel"),
     QLatin1String("georgia"),       QLatin1String("verdana"),    QLatin1String("tahoma"),
@@ -44,7 +44,7 @@ constexpr std::array<QLatin1String, 32> Widespread = {
     QLatin1String("arialnarrow"),   QLatin1String("arialblack"), QLatin1String("bookmanoldstyle"),
     QLatin1String("centurygothic"), QLatin1String("noto"),       QLatin1String("msgothic"),
     QLatin1String("msmincho"),      QLatin1String("simsun")};
-constexpr std::array<QLatin1String, 6> Measured = {QLatin1String("timesnewroman"),  QLatin1String("arial"),
+constexpr std::array<QLatin1String, 6> measured = {QLatin1String("timesnewroman"),  QLatin1String("arial"),
                                                    QLatin1String("couriernew"),     QLatin1String("liberationserif"),
                                                    QLatin1String("liberationsans"), QLatin1String("liberationmono")};
 
@@ -58,12 +58,12 @@ bool beginsLike(const Names &names, const QString &family)
 
 bool isWidespread(const QString &family)
 {
-    return beginsLike(Widespread, family);
+    return beginsLike(widespread, family);
 }
 
 bool isMeasured(const QString &family)
 {
-    return beginsLike(Measured, family) && !isWidespread(family);
+    return beginsLike(measured, family) && !isWidespread(family);
 }
 
 std::optional<double> knownWidth(const model::Word &word)
@@ -146,7 +146,7 @@ bool isApart(const model::Word &word, const model::Word &next, double gap, bool 
 {
     const double size = std::max(word.style->size, next.style->size);
     const double between = std::max(next.box.left - word.box.right, word.box.left - next.box.right);
-    return between > gap * size || (everyLine && std::abs(next.baseline - word.baseline) > OffBaseline * size);
+    return between > gap * size || (everyLine && std::abs(next.baseline - word.baseline) > offBaseline * size);
 }
 
 std::vector<model::Line> cutLine(const model::Line &line, double gap, bool everyLine)
@@ -185,10 +185,10 @@ QString blanksBetween(const model::Word &word, const model::Word &next)
     if (!word.style->fixedPitch) {
         // Behind the number of a heading stands more than one blank.
         const double blank = textWidth(u" "_s, *word.style).value_or(word.style->size / 4);
-        const bool wide = word.spaceAfter() && gap > WideGap * word.style->size;
-        return blanks(wide ? gap / blank : 0, word.spaceAfter() ? 1 : 0, MostBlanks);
+        const bool wide = word.spaceAfter() && gap > wideGap * word.style->size;
+        return blanks(wide ? gap / blank : 0, word.spaceAfter() ? 1 : 0, mostBlanks);
     }
-    return blanks(gap / (FixedPitch * word.style->size), word.spaceAfter() ? 1 : 0, MostBlanks);
+    return blanks(gap / (fixedPitchAdvance * word.style->size), word.spaceAfter() ? 1 : 0, mostBlanks);
 }
 
 } // namespace
@@ -230,14 +230,14 @@ double fittingSpacing(const model::Paragraph &paragraph, double width)
     const double size = largestSize(paragraph);
     const double exact = (widths->onPage - widths->natural) / widths->signs;
     double spacing =
-        std::clamp(std::floor(exact / SpacingStep) * SpacingStep, TightestSpacing * size, WidestSpacing * size);
+        std::clamp(std::floor(exact / spacingStep) * spacingStep, tightestSpacing * size, widestSpacing * size);
     if (keepsLines(paragraph)) {
         return spacing;
     }
-    const double least = spacing - MostSqueezing * size;
+    const double least = spacing - mostSqueezing * size;
     double fitting = spacing;
     while (fitting > least && linesIn(paragraph, width, fitting) > paragraph.lines.size()) {
-        fitting -= SpacingStep;
+        fitting -= spacingStep;
     }
     return fitting > least ? fitting : spacing;
 }
@@ -250,7 +250,7 @@ bool hasKnownWidths(const model::Paragraph &paragraph)
 std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, bool everyLine)
 {
     const bool head = paragraph.role == model::Role::PageHeader;
-    const double gap = everyLine ? LabelGap : head ? HeadGap : ApartGap;
+    const double gap = everyLine ? labelGap : head ? headGap : apartGap;
     std::vector<model::Line> pieces;
     for (const model::Line &line : paragraph.lines) {
         for (model::Line &piece : cutLine(line, gap, everyLine)) {
@@ -282,7 +282,7 @@ bool keepsLines(const model::Paragraph &paragraph)
     breaks += static_cast<std::size_t>(model::plainText(paragraph).count(u'\n'));
     const bool flush = paragraph.alignment == model::Alignment::Left ||
                        paragraph.alignment == model::Alignment::Justify || paragraph.listItem;
-    return breaks >= paragraph.lines.size() || (!flush && paragraph.lines.size() <= MostKeptLines);
+    return breaks >= paragraph.lines.size() || (!flush && paragraph.lines.size() <= mostKeptLines);
 }
 
 std::vector<model::Run> runsByLine(const model::Paragraph &paragraph)
@@ -296,8 +296,8 @@ std::vector<model::Run> runsByLine(const model::Paragraph &paragraph)
             const model::Word &word = line.words[i];
             QString text = word.text;
             if (i == 0 && word.style->fixedPitch && paragraph.lines.size() > 1) {
-                const double indent = (word.box.left - paragraph.box.left) / (FixedPitch * word.style->size);
-                text.prepend(blanks(indent, 0, MostIndent));
+                const double indent = (word.box.left - paragraph.box.left) / (fixedPitchAdvance * word.style->size);
+                text.prepend(blanks(indent, 0, mostIndent));
             }
             if (i + 1 < line.words.size()) {
                 text += blanksBetween(word, line.words[i + 1]);

@@ -9,7 +9,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double QuarterTurn = 1.5707963268; // in radians, as ODF counts angles
+constexpr double quarterTurn = 1.5707963268; // in radians, as ODF counts angles
 
 model::Turn toSlide(const SlideTurn &turn)
 {
@@ -70,7 +70,7 @@ void beginSlideFrame(const Sink &sink, const Box &box, const SlideTurn &turn, bo
         xml.writeAttribute("svg:x"_L1, pt(x));
         xml.writeAttribute("svg:y"_L1, pt(y));
     } else {
-        const QString angle = QString::number(-QuarterTurn * turn.rotation / 90, 'f', 6);
+        const QString angle = QString::number(-quarterTurn * turn.rotation / 90, 'f', 6);
         xml.writeAttribute(
             "draw:transform"_L1, "rotate ("_L1 + angle + ") translate ("_L1 + pt(x) + u' ' + pt(y) + u')');
     }

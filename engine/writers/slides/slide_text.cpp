@@ -15,16 +15,16 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double UsualLeading = 1.2;  // times the size of type
-constexpr double WidestLeading = 2.5; // wider ones are blank space
-constexpr double TightestLeading = .95;
-constexpr double Descent = .21;    // of a line of fixed height below its baseline, times the size of type
-constexpr double LeastSpare = 6;   // points that a line of text may get wider in another font
-constexpr double SpareWidth = .08; // the same, of its width
-constexpr double FlowSpare = 3;    // points beside text whose widths are known
-constexpr double Rounding = 1;     // points that letter spacing may add to a line by being rounded
-constexpr double LeastIndent = .1; // a slide forgets the first line's indent where there is no other
-constexpr QLatin1String PageLink("#page=");
+constexpr double usualLeading = 1.2;  // times the size of type
+constexpr double widestLeading = 2.5; // wider ones are blank space
+constexpr double tightestLeading = .95;
+constexpr double descent = .21;    // of a line of fixed height below its baseline, times the size of type
+constexpr double leastSpare = 6;   // points that a line of text may get wider in another font
+constexpr double spareWidth = .08; // the same, of its width
+constexpr double flowSpare = 3;    // points beside text whose widths are known
+constexpr double rounding = 1;     // points that letter spacing may add to a line by being rounded
+constexpr double leastIndent = .1; // a slide forgets the first line's indent where there is no other
+constexpr QLatin1String pageLink("#page=");
 
 bool isPlain(const QString &text)
 {
@@ -75,7 +75,7 @@ QString blanksAfterMark(const model::Paragraph &paragraph)
 // The frame of lines that do not wrap: with room on the side to which they grow, where another font is wider.
 Box roomOfLines(const Box &box, model::Alignment alignment)
 {
-    const double spare = LeastSpare + SpareWidth * box.width();
+    const double spare = leastSpare + spareWidth * box.width();
     Box room = box;
     room.left -= alignment == model::Alignment::Left ? 0 : spare;
     room.right += alignment == model::Alignment::Right ? 0 : spare;
@@ -92,8 +92,8 @@ Box roomOfFlow(const model::Page &page, const model::Paragraph &paragraph, const
         return turn.rotation == 0 && !paragraph.rightToLeft ? roomyBox(page, paragraph.box) : paragraph.box;
     }
     Box room = paragraph.box;
-    room.left -= paragraph.rightToLeft ? FlowSpare : 0;
-    room.right += paragraph.rightToLeft ? 0 : FlowSpare;
+    room.left -= paragraph.rightToLeft ? flowSpare : 0;
+    room.right += paragraph.rightToLeft ? 0 : flowSpare;
     return room;
 }
 
@@ -109,14 +109,14 @@ void writePiece(const Sink &sink, const model::Page &page, model::Paragraph piec
         }
     }
     const Box room = lines ? roomOfLines(piece.box, piece.alignment) : roomOfFlow(page, piece, turn);
-    const double spacing = fittingSpacing(piece, room.width() - Rounding);
+    const double spacing = fittingSpacing(piece, room.width() - rounding);
     const auto count = static_cast<double>(std::max<std::size_t>(1, piece.lines.size()));
     const double baseline = piece.lines.empty() ? piece.box.top + slideRise(piece) : piece.lines.front().baseline;
     Box frame = room;
     frame.top = baseline - slideRise(piece);
     frame.bottom = frame.top + count * slideLeading(piece);
     beginSlideFrame(sink, frame, turn, !lines, piece.alignment);
-    piece.indentLeft = std::max(LeastIndent, piece.box.left - room.left + std::max(0.0, -piece.firstLineIndent));
+    piece.indentLeft = std::max(leastIndent, piece.box.left - room.left + std::max(0.0, -piece.firstLineIndent));
     piece.indentRight = 0;
     piece.spaceBefore = 0;
     if (piece.lines.size() < 2) {
@@ -131,8 +131,8 @@ void writePiece(const Sink &sink, const model::Page &page, model::Paragraph piec
 
 QString slideTarget(const QString &link)
 {
-    if (link.startsWith(PageLink)) {
-        return linkTarget(link).isEmpty() ? QString() : "#Page "_L1 + link.mid(PageLink.size());
+    if (link.startsWith(pageLink)) {
+        return linkTarget(link).isEmpty() ? QString() : "#Page "_L1 + link.mid(pageLink.size());
     }
     return linkTarget(link);
 }
@@ -141,7 +141,7 @@ void dropDeadLinks(model::Document &document)
 {
     std::set<QString> pages;
     for (const model::Page &page : document.pages) {
-        pages.insert(PageLink + QString::number(page.number));
+        pages.insert(pageLink + QString::number(page.number));
     }
     for (model::Page &page : document.pages) {
         forEachParagraph(page, [&](model::Paragraph &paragraph) {
@@ -159,13 +159,13 @@ void dropDeadLinks(model::Document &document)
 double slideLeading(const model::Paragraph &paragraph)
 {
     const double size = largestSize(paragraph);
-    const bool isLeading = paragraph.lineDistance > 0 && paragraph.lineDistance <= WidestLeading * size;
-    return isLeading ? std::max(paragraph.lineDistance, TightestLeading * size) : UsualLeading * size;
+    const bool isLeading = paragraph.lineDistance > 0 && paragraph.lineDistance <= widestLeading * size;
+    return isLeading ? std::max(paragraph.lineDistance, tightestLeading * size) : usualLeading * size;
 }
 
 double slideRise(const model::Paragraph &paragraph)
 {
-    return slideLeading(paragraph) - Descent * largestSize(paragraph);
+    return slideLeading(paragraph) - descent * largestSize(paragraph);
 }
 
 void writeSlideParagraph(

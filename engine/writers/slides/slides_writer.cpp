@@ -18,7 +18,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double SameSize = 1; // points by which pages of one size may differ
+constexpr double sizeTolerance = 1; // points by which pages of one size may differ
 
 void writeSlide(const Sink &sink, const model::Page &page, model::PictureSource &pictures)
 {
@@ -56,7 +56,7 @@ void unifyPages(model::Document &document, MovedPictures &pictures)
     const double width = document.pages.front().width;
     const double height = document.pages.front().height;
     for (model::Page &page : document.pages) {
-        if (std::abs(page.width - width) < SameSize && std::abs(page.height - height) < SameSize) {
+        if (std::abs(page.width - width) < sizeTolerance && std::abs(page.height - height) < sizeTolerance) {
             continue;
         }
         const double scale = std::min(width / page.width, height / page.height);

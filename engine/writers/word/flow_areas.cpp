@@ -11,8 +11,8 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double UsualSpace = 12;   // most between blocks that do not follow one another on the page
-constexpr std::size_t LongText = 4; // lines that make a paragraph running text
+constexpr double usualSpace = 12;   // most between blocks that do not follow one another on the page
+constexpr std::size_t longText = 4; // lines that make a paragraph running text
 
 // Columns of running text, as opposed to words put beside one another: below one another, in strips of their width,
 // they would fill twice the pages.
@@ -20,7 +20,7 @@ bool isRunningText(const model::Section &section)
 {
     return section.columns.size() > 1 &&
            std::any_of(section.blocks.begin(), section.blocks.end(), [](const model::Block &block) {
-               return block.paragraph() && block.paragraph()->lines.size() >= LongText;
+               return block.paragraph() && block.paragraph()->lines.size() >= longText;
            });
 }
 
@@ -105,7 +105,7 @@ std::vector<const model::Paragraph *> labelsAfter(const model::Section &section,
 double spaceAbove(const Area &area, double top, const FlowForm &form)
 {
     const double space = std::max(0.0, top - area.bottom);
-    return form.places && !area.followsOther ? space : std::min(space, UsualSpace);
+    return form.places && !area.followsOther ? space : std::min(space, usualSpace);
 }
 
 } // namespace quorra::office

@@ -8,8 +8,8 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double LeastSpace = 2;     // points of blank space that are worth a paragraph of their own
-constexpr double AnchorHeight = 1.2; // of a paragraph that only carries something
+constexpr double leastSpace = 2;     // points of blank space that are worth a paragraph of their own
+constexpr double anchorHeight = 1.2; // of a paragraph that only carries something
 
 } // namespace
 
@@ -43,13 +43,13 @@ ParagraphPlace FlowBreaks::take()
 
 void FlowBreaks::writeSpace(double height)
 {
-    const bool needed = (m_hasPending && m_apart) || (m_afterColumns && m_apart) || m_afterTable || height > LeastSpace;
+    const bool needed = (m_hasPending && m_apart) || (m_afterColumns && m_apart) || m_afterTable || height > leastSpace;
     if (!m_hasPending) {
         m_afterColumns = false; // the paragraph for the space closes them as well
     }
     if (needed) {
         ParagraphPlace place = take();
-        place.above = std::max(0.0, height - AnchorHeight);
+        place.above = std::max(0.0, height - anchorHeight);
         writeAnchorParagraph(m_sink, place);
     }
 }

@@ -17,12 +17,12 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double ClosestLines = 0.9; // of their distance on the page: closer ones are hard to read
-constexpr double LeastSpaces = 0.5;
-constexpr double StrangeFont = 1.1; // by which the face that stands in for an unknown one may run wider
-constexpr double Blank = 0.25;      // of the size of type
-constexpr double Doubt = 0.05;      // of the lines: breaking them anew is only guessed at
-constexpr double Around = 3;        // points that a table or picture takes beyond its own height
+constexpr double closestLines = 0.9; // of their distance on the page: closer ones are hard to read
+constexpr double leastSpaces = 0.5;
+constexpr double strangeFont = 1.1; // by which the face that stands in for an unknown one may run wider
+constexpr double blankWidth = 0.25; // of the size of type
+constexpr double doubt = 0.05;      // of the lines: breaking them anew is only guessed at
+constexpr double around = 3;        // points that a table or picture takes beyond its own height
 
 // Heights on a page, by what can be done about them.
 struct Heights
@@ -46,7 +46,7 @@ double widthOf(const model::Word &word)
     if (isCommon(*word.style)) {
         return drawn;
     }
-    return StrangeFont * std::max(drawn, known.value_or(drawn));
+    return strangeFont * std::max(drawn, known.value_or(drawn));
 }
 
 Heights heightsOf(const model::Section &section, bool inColumns)
@@ -69,7 +69,7 @@ Heights heightsOf(const model::Section &section, bool inColumns)
         const model::Paragraph *paragraph = block.paragraph();
         if (!paragraph) {
             heights.spaces += std::max(0.0, block.box().top - area.bottom);
-            heights.fixed += block.box().height() + Around;
+            heights.fixed += block.box().height() + around;
             area.bottom = block.box().bottom;
             area.baseline.reset();
             continue;
@@ -110,7 +110,7 @@ int wrappedLines(const model::Paragraph &paragraph, double width)
             if (last ? word.text.endsWith(u'-') : !word.spaceAfter()) {
                 continue;
             }
-            const double blank = atStart ? 0 : Blank * word.style->size;
+            const double blank = atStart ? 0 : blankWidth * word.style->size;
             const bool wraps = !atStart && at + blank + whole > width;
             lines += wraps ? 1 : 0;
             at = wraps ? whole : at + blank + whole;
@@ -136,16 +136,16 @@ Fit fitOf(const model::Page &page, double top, double end, bool columns)
         }
     }
     Fit fit;
-    double over = (1 + Doubt) * all.lines + all.spaces + all.fixed - (end - top);
+    double over = (1 + doubt) * all.lines + all.spaces + all.fixed - (end - top);
     if (over <= 0) {
         return fit;
     }
     if (all.spaces > 0) {
-        fit.spaces = std::max(LeastSpaces, 1 - over / all.spaces);
+        fit.spaces = std::max(leastSpaces, 1 - over / all.spaces);
         over -= (1 - fit.spaces) * all.spaces;
     }
     if (all.lines > 0 && over > 0) {
-        fit.lines = std::max(ClosestLines, 1 - over / all.lines);
+        fit.lines = std::max(closestLines, 1 - over / all.lines);
     }
     return fit;
 }

@@ -12,17 +12,17 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double SameSize = 1;         // points by which pages of one size may differ
-constexpr double SameLine = 3;         // points by which baselines of one line of a running head may differ
-constexpr double NarrowestMargin = 14; // printers and word processors object to less
-constexpr double LeastBody = 72;       // margins never meet
-constexpr double UsualMargin = 72;     // a page that is not full says nothing about the margin beyond its end
-constexpr double MostRoom = 48;        // points that text may run over the page's last line
-constexpr double HeadGap = 6;          // between the text and a running head
+constexpr double sizeTolerance = 1;    // points by which pages of one size may differ
+constexpr double sameLine = 3;         // points by which baselines of one line of a running head may differ
+constexpr double narrowestMargin = 14; // printers and word processors object to less
+constexpr double leastBody = 72;       // margins never meet
+constexpr double usualMargin = 72;     // a page that is not full says nothing about the margin beyond its end
+constexpr double mostRoom = 48;        // points that text may run over the page's last line
+constexpr double headGap = 6;          // between the text and a running head
 
 bool sameSize(const model::Page &a, const model::Page &b)
 {
-    return std::abs(a.width - b.width) < SameSize && std::abs(a.height - b.height) < SameSize;
+    return std::abs(a.width - b.width) < sizeTolerance && std::abs(a.height - b.height) < sizeTolerance;
 }
 
 double quantile(std::vector<double> values, double part)
@@ -52,15 +52,15 @@ Margins commonMargins(const model::Page &like, const model::Document &document)
         return {};
     }
     const auto inside = [](double margin, double side) {
-        return std::clamp(margin, NarrowestMargin, std::max(NarrowestMargin, (side - LeastBody) / 2));
+        return std::clamp(margin, narrowestMargin, std::max(narrowestMargin, (side - leastBody) / 2));
     };
     const double left = quantile(lefts, 0.5);
     const double right = quantile(rights, 0.5);
-    const double top = std::min(quantile(tops, 0.1), 2 * UsualMargin);
+    const double top = std::min(quantile(tops, 0.1), 2 * usualMargin);
     return {
-        inside(std::min(left, std::max(right, UsualMargin)), like.width), inside(top, like.height),
-        inside(std::min(right, std::max(left, UsualMargin)), like.width),
-        inside(std::min(quantile(bottoms, 0), std::max(top, UsualMargin)), like.height)};
+        inside(std::min(left, std::max(right, usualMargin)), like.width), inside(top, like.height),
+        inside(std::min(right, std::max(left, usualMargin)), like.width),
+        inside(std::min(quantile(bottoms, 0), std::max(top, usualMargin)), like.height)};
 }
 
 Box unitedBox(const std::vector<const model::Paragraph *> &paragraphs)
@@ -83,12 +83,12 @@ struct Strip
 Element tabStop(const Box &part, const Strip &strip)
 {
     const double middle = (strip.left + strip.right) / 2;
-    if (std::abs(part.centreX() - middle) < SameLine) {
+    if (std::abs(part.centreX() - middle) < sameLine) {
         return {
             "style:tab-stop"_L1,
             {{"style:position"_L1, pt(part.centreX() - strip.left)}, {"style:type"_L1, u"center"_s}}};
     }
-    if (part.left > middle && part.right > strip.right - UsualMargin) {
+    if (part.left > middle && part.right > strip.right - usualMargin) {
         return {
             "style:tab-stop"_L1, {{"style:position"_L1, pt(part.right - strip.left)}, {"style:type"_L1, u"right"_s}}};
     }
@@ -127,7 +127,7 @@ void writeHeadLine(
     sink.xml.writeStartElement("text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
     for (const model::Paragraph *part : parts) {
-        if (part->box.left > strip.left + SameLine) {
+        if (part->box.left > strip.left + sameLine) {
             sink.xml.writeEmptyElement("text:tab"_L1);
         }
         writeRuns(sink, model::runsOf(*part), look);
@@ -145,7 +145,7 @@ void writeHeads(
     for (auto first = heads.begin(); first != heads.end();) {
         const double middle = (*first)->box.centreY();
         const auto last =
-            std::find_if(first, heads.end(), [&](const auto *each) { return each->box.centreY() > middle + SameLine; });
+            std::find_if(first, heads.end(), [&](const auto *each) { return each->box.centreY() > middle + sameLine; });
         const std::vector<const model::Paragraph *> line(first, last);
         writeHeadLine(sink, page, line, strip, unitedBox(line).top - bottom);
         bottom = unitedBox(line).bottom;
@@ -187,11 +187,11 @@ Heads headsOf(const model::Page &page)
 double textEnd(const model::Page &page, const Margins &margins, const Heads &heads)
 {
     const double end = page.height - margins.bottom;
-    double farthest = page.height - std::min(margins.bottom, NarrowestMargin);
+    double farthest = page.height - std::min(margins.bottom, narrowestMargin);
     if (!heads.below.empty()) {
-        farthest = std::max(end, std::min(farthest, unitedBox(heads.below).top - HeadGap));
+        farthest = std::max(end, std::min(farthest, unitedBox(heads.below).top - headGap));
     }
-    return std::min(farthest, end + std::min(MostRoom, margins.bottom / 2));
+    return std::min(farthest, end + std::min(mostRoom, margins.bottom / 2));
 }
 
 QString MasterPages::layout(const model::Page &page, const Margins &margins, const Heads &heads)

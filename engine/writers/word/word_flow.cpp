@@ -21,7 +21,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double RoomForBreak = 90; // points below a column that is certain not to run over
+constexpr double roomForBreak = 90; // points below a column that is certain not to run over
 
 class FlowWriter
 {
@@ -157,7 +157,7 @@ void FlowWriter::writeBlocks(
         Area &area = areas[column];
         // A column that begins with a paragraph of its own begins there in the text as well, unless the one before it
         // is full: a line too many in that one would leave a page with nothing else.
-        const bool full = areas[before].bottom > m_end - RoomForBreak;
+        const bool full = areas[before].bottom > m_end - roomForBreak;
         if (inColumns && column > before && !area.begun && !full) {
             m_breaks.addColumn();
         }

@@ -32,10 +32,10 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr FlowForm Combined{true, true, true};
-constexpr FlowForm Continuous{false, false, false};
+constexpr FlowForm combined{true, true, true};
+constexpr FlowForm continuous{false, false, false};
 
-QString flow(const model::Document &document, const FlowForm &form = Combined)
+QString flow(const model::Document &document, const FlowForm &form = combined)
 {
     fixture::Pictures pictures;
     return fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeFlow(file, document, pictures, form); });
@@ -103,7 +103,7 @@ void OfficeFlowTest::keepsColumnsOnlyWhereAsked()
     const QString without = flow(fixture::document({page}), {false, true, true});
     QVERIFY(!without.contains(QLatin1String("fo:column-count")));
     QVERIFY(without.contains(QLatin1String("fo:margin-left=\"240.00pt\""))); // the second column's place
-    QVERIFY(!flow(fixture::document({page}), Continuous).contains(QLatin1String("fo:margin-left=\"240.00pt\"")));
+    QVERIFY(!flow(fixture::document({page}), continuous).contains(QLatin1String("fo:margin-left=\"240.00pt\"")));
 }
 
 void OfficeFlowTest::keepsPageBreaksAndSizes()
@@ -120,7 +120,7 @@ void OfficeFlowTest::keepsPageBreaksAndSizes()
     QCOMPARE(text.count(QLatin1String("fo:break-before=\"page\"")), 1);
     QCOMPARE(text.count(QLatin1String("<style:master-page ")), 2);
     QVERIFY(text.contains(QLatin1String("style:print-orientation=\"landscape\"")));
-    QVERIFY(!flow(fixture::document({first, second}), Continuous).contains(QLatin1String("fo:break-before")));
+    QVERIFY(!flow(fixture::document({first, second}), continuous).contains(QLatin1String("fo:break-before")));
 }
 
 void OfficeFlowTest::putsRunningHeadsIntoThePage()
@@ -147,7 +147,7 @@ void OfficeFlowTest::dropsRunningHeadsInContinuousText()
     model::Page page = fixture::page();
     page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("body"), {72, 72, 300, 84}))};
     page.runningHeads = {fixture::block(fixture::paragraph(QStringLiteral("Report"), {72, 30, 120, 42}))};
-    QCOMPARE(fixture::paragraphs(flow(fixture::document({page}), Continuous)), QStringList{QStringLiteral("body")});
+    QCOMPARE(fixture::paragraphs(flow(fixture::document({page}), continuous)), QStringList{QStringLiteral("body")});
 }
 
 void OfficeFlowTest::writesTablesWithSpans()

@@ -37,7 +37,7 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr std::chrono::seconds TimeEnough{60};
+constexpr std::chrono::seconds timeEnough{60};
 
 void writeScript(const QString &path, const QByteArray &lines)
 {
@@ -48,7 +48,7 @@ void writeScript(const QString &path, const QByteArray &lines)
 }
 
 // Finds the folder that the output goes to among the arguments, as $out.
-constexpr const char *FindFolder = "while [ \"$1\" != --outdir ]; do shift; done\nout=$2\n";
+constexpr const char *findFolder = "while [ \"$1\" != --outdir ]; do shift; done\nout=$2\n";
 
 std::string failureOf(const std::function<void()> &action, ExitStatus &status)
 {
@@ -108,8 +108,9 @@ void OfficeHelperTest::seesAMissingPart()
     const QTemporaryDir folder;
     QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("program")));
     QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("share/registry")));
-    for (const char *name : {"main.xcd", "writer.xcd"})
+    for (const char *name : {"main.xcd", "writer.xcd"}) {
         writeScript(folder.filePath(QStringLiteral("share/registry/") + QLatin1String(name)), "");
+    }
     const QString program = folder.filePath(QStringLiteral("program/soffice.bin"));
     writeScript(program, "");
     QCOMPARE(findOffice({program.toStdString()}, Component::Writer), program.toStdString());
@@ -143,12 +144,14 @@ void OfficeHelperTest::removesSocketsOfKilledRuns()
     QFile unknown(QStringLiteral("/tmp/OSL_PIPE_") + name);
     QFile other(QStringLiteral("/tmp/OSL_PIPE_") + name + QStringLiteral("0"));
     const auto removeAll = qScopeGuard([&] {
-        for (QFile *const each : {&known, &unknown, &other})
+        for (QFile *const each : {&known, &unknown, &other}) {
             each->remove();
+        }
         inherited.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", inherited);
     });
-    for (QFile *const each : {&known, &unknown, &other})
+    for (QFile *const each : {&known, &unknown, &other}) {
         QVERIFY(each->open(QIODevice::WriteOnly));
+    }
     sweepSockets();
     QVERIFY(!known.exists());
     QVERIFY(!unknown.exists());
@@ -160,11 +163,11 @@ void OfficeHelperTest::startsAgainWhenAskedTo()
     const QTemporaryDir tools;
     const QString program = tools.filePath(QStringLiteral("soffice.bin"));
     writeScript(
-        program, QByteArray(FindFolder) +
+        program, QByteArray(findFolder) +
                      "if [ ! -e started ]; then : > started; exit 81; fi\nmkdir $out\necho made > $out/in.doc\n");
     const TempFolder folder;
     const std::string made =
-        exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, TimeEnough);
+        exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, timeEnough);
     QCOMPARE(made, folder.path() + "/out/in.doc");
 }
 
@@ -173,7 +176,7 @@ void OfficeHelperTest::tellsWhatWentWrong_data()
     QTest::addColumn<QByteArray>("script");
     QTest::addColumn<QByteArray>("expected");
     QTest::newRow("no file") << QByteArrayLiteral("exit 0\n") << QByteArrayLiteral("wrote no file");
-    QTest::newRow("empty file") << QByteArray(FindFolder) + "mkdir $out\n: > $out/in.doc\n"
+    QTest::newRow("empty file") << QByteArray(findFolder) + "mkdir $out\n: > $out/in.doc\n"
                                 << QByteArrayLiteral("wrote no file");
     QTest::newRow("status") << QByteArrayLiteral("exit 3\n") << QByteArrayLiteral("exit status 3");
     QTest::newRow("for ever again") << QByteArrayLiteral("exit 81\n") << QByteArrayLiteral("exit status 81");
@@ -190,7 +193,7 @@ void OfficeHelperTest::tellsWhatWentWrong()
     const TempFolder folder;
     ExitStatus status = ExitStatus::Done;
     const std::string line = failureOf(
-        [&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, TimeEnough); }, status);
+        [&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, timeEnough); }, status);
     QCOMPARE(status, ExitStatus::Helper);
     QVERIFY2(QByteArray::fromStdString(line).contains(expected), line.c_str());
 }
@@ -231,10 +234,10 @@ void OfficeHelperTest::seesThatTheProfileCannotBeWritten()
     }
     const QTemporaryDir tools;
     const QString program = tools.filePath(QStringLiteral("soffice.bin"));
-    writeScript(program, QByteArray(FindFolder) + "mkdir $out\necho made > $out/in.doc\n");
+    writeScript(program, QByteArray(findFolder) + "mkdir $out\necho made > $out/in.doc\n");
     ExitStatus status = ExitStatus::Done;
     const std::string line = failureOf(
-        [&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, TimeEnough); }, status);
+        [&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, timeEnough); }, status);
     QCOMPARE(status, ExitStatus::CannotWrite);
     QVERIFY2(QByteArray::fromStdString(line).contains(full ? "No space left" : "cannot write"), line.c_str());
 }

@@ -38,6 +38,6 @@ private:
 };
 
 /// What stands in the file when nothing is asked.
-inline constexpr Compression DefaultTiffCompression = Compression::Lzw;
+inline constexpr Compression defaultTiffCompression = Compression::Lzw;
 
 } // namespace quorra

@@ -71,6 +71,6 @@ private:
 std::uint64_t drawingMemory(const PageSize &size, ColourDepth depth, double xres, double yres);
 
 /// Dots per inch of pictures inside documents when the options name none.
-inline constexpr int EmbeddedResolution = 150;
+inline constexpr int embeddedResolution = 150;
 
 } // namespace quorra

@@ -8,17 +8,17 @@ namespace quorra::limits {
 
 // Enough for every honest file tried at 150 dpi; with twice as much, a file made to unpack without end runs for
 // minutes.
-inline constexpr std::uint64_t AddressSpaceBytes = 1ULL << 30;
-inline constexpr unsigned CpuSeconds = 600;
-inline constexpr std::uint64_t HelperAddressSpaceBytes = 4ULL << 30;
-inline constexpr unsigned HelperCpuSeconds = 300;
-inline constexpr std::uint64_t OutputBytes = 4ULL << 30; ///< largest single file the engine writes
+inline constexpr std::uint64_t addressSpaceBytes = 1ULL << 30;
+inline constexpr unsigned cpuSeconds = 600;
+inline constexpr std::uint64_t helperAddressSpaceBytes = 4ULL << 30;
+inline constexpr unsigned helperCpuSeconds = 300;
+inline constexpr std::uint64_t outputBytes = 4ULL << 30; ///< largest single file the engine writes
 
-inline constexpr int LargestSide = 20000;                ///< pixels of a picture's side
-inline constexpr std::int64_t LargestArea = 250'000'000; ///< pixels of a picture
+inline constexpr int largestSide = 20000;                ///< pixels of a picture's side
+inline constexpr std::int64_t largestArea = 250'000'000; ///< pixels of a picture
 
 /// Processor time for opening a file and finding its pages.
-inline constexpr unsigned OpeningSeconds = 20;
+inline constexpr unsigned openingSeconds = 20;
 
 /// Limits this process's memory, time, file size and core files, and takes the network away from it and from every
 /// process it starts. Where the system has no such limit, that one is left out.

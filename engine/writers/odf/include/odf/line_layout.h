@@ -17,7 +17,7 @@ struct LaidOut
 };
 
 /// The part of a line's fixed height that stands above the baseline.
-constexpr double BaselinePart = 0.8;
+constexpr double baselinePart = 0.8;
 
 /// The paragraph's layout. The baselines of its neighbours, where there are any, keep a paragraph of one line, which
 /// shows no distance of its own, from pushing them away. A paragraph without lines lies at its box.
