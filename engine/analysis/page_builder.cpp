@@ -47,7 +47,7 @@ void addPageHeaders(Page &page, const WordRefs &heads, StyleTable &styles)
     WordRefs upright;
     std::copy_if(
         heads.begin(), heads.end(), std::back_inserter(upright), [](const RawWord *w) { return w->rotation == 0; });
-    for (const Row &row : rowsOf(std::move(upright))) {
+    for (const TextLine &row : textLinesOf(std::move(upright))) {
         for (Paragraph &paragraph : paragraphsOf({row}, whole, styles)) {
             paragraph.role = Role::PageHeader;
             page.runningHeads.push_back({std::move(paragraph), 0});
@@ -72,7 +72,7 @@ std::vector<Paragraph> turnedParagraphs(const RawPage &raw, int rotation, const 
         words.push_back(&word);
     }
     const Box column{0, 0, turned.width, turned.height};
-    std::vector<Paragraph> paragraphs = paragraphsOf(rowsOf(std::move(words)), column, styles);
+    std::vector<Paragraph> paragraphs = paragraphsOf(textLinesOf(std::move(words)), column, styles);
     for (Paragraph &paragraph : paragraphs) {
         turnBack(paragraph, rotation, turned.width, turned.height);
     }
@@ -178,7 +178,7 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
     for (DrawingLabels &drawing : pictures.labels) {
         groups.push_back(&drawing.words);
     }
-    keepPiecesTogether(raw, groups);
+    keepFragmentsTogether(raw, groups);
     addPageHeaders(page, headWords, styles);
     WordSet used;
     for (const WordRefs *group : groups) {
@@ -200,7 +200,7 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
         page.sections.push_back({{picture.box}, {{picture, 0}}});
     }
     const ColumnBuilder builder(raw, rulings, std::move(tables), pictures, styles);
-    for (Section &section : sectionsOf(cutRegions(std::move(items)), builder)) {
+    for (Section &section : sectionsOf(segmentPage(std::move(items)), builder)) {
         page.sections.push_back(std::move(section));
     }
     addTurnedText(page, raw, heads, used, styles);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "model_pages.h"
+#include "page_maker.h"
 
 #include "html/html_writer.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model_pages.h"
+#include "page_maker.h"
 
 #include "text/text_writer.h"
 #include "xml/xml_writer.h"

@@ -13,7 +13,7 @@ namespace quorra::model {
 namespace {
 
 // Whether a table or picture lies between two rows, so that no paragraph runs through it.
-bool separates(const Box &obstacle, const Row &upper, const Row &lower)
+bool separates(const Box &obstacle, const TextLine &upper, const TextLine &lower)
 {
     constexpr double overlap = 3;
     return obstacle.top > upper.box.bottom - overlap && obstacle.bottom < lower.box.top + overlap;
@@ -40,20 +40,20 @@ ColumnBuilder::ColumnBuilder(
 
 std::vector<Block> ColumnBuilder::blocks(const RegionItems &items) const
 {
-    std::vector<Row> rows = rowsOf(items.words);
+    std::vector<TextLine> rows = textLinesOf(items.words);
     Box column;
-    for (const Row &row : rows) {
+    for (const TextLine &row : rows) {
         column = united(column, row.box);
     }
     std::vector<Block> all;
-    std::vector<Row> stretch;
+    std::vector<TextLine> stretch;
     const auto finish = [&] {
         for (Block &block : textBlocks(stretch, column)) {
             all.push_back(std::move(block));
         }
         stretch.clear();
     };
-    for (Row &row : rows) {
+    for (TextLine &row : rows) {
         const bool cut =
             !stretch.empty() && std::any_of(items.obstacles.begin(), items.obstacles.end(), [&](const auto &obstacle) {
                 return separates(obstacle.first, stretch.back(), row);
@@ -73,12 +73,12 @@ std::vector<Block> ColumnBuilder::blocks(const RegionItems &items) const
     return all;
 }
 
-std::vector<Block> ColumnBuilder::textBlocks(const std::vector<Row> &rows, const Box &column) const
+std::vector<Block> ColumnBuilder::textBlocks(const std::vector<TextLine> &rows, const Box &column) const
 {
     std::vector<Block> blocks;
     const auto addText = [&](std::size_t from, std::size_t to) {
         if (from < to) {
-            const std::vector<Row> text(
+            const std::vector<TextLine> text(
                 rows.begin() + static_cast<std::ptrdiff_t>(from), rows.begin() + static_cast<std::ptrdiff_t>(to));
             for (Paragraph &paragraph : paragraphsOf(text, column, m_styles)) {
                 blocks.push_back({std::move(paragraph), 0});
@@ -87,9 +87,9 @@ std::vector<Block> ColumnBuilder::textBlocks(const std::vector<Row> &rows, const
     };
     std::size_t next = 0;
     for (UnruledTable &table : findUnruledTables(rows, m_rulings.horizontal)) {
-        addText(next, table.firstRow);
+        addText(next, table.firstLine);
         blocks.push_back({finishedTable(std::move(table.found), m_raw.fills, m_styles), 0});
-        next = table.lastRow + 1;
+        next = table.lastLine + 1;
     }
     addText(next, rows.size());
     return blocks;

@@ -22,7 +22,7 @@ public:
     std::vector<Block> blocks(const RegionItems &items) const;
 
 private:
-    std::vector<Block> textBlocks(const std::vector<Row> &rows, const Box &column) const;
+    std::vector<Block> textBlocks(const std::vector<TextLine> &rows, const Box &column) const;
     std::vector<Block> obstacleBlocks(std::size_t index) const;
 
     const RawPage &m_raw;

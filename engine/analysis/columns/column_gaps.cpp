@@ -135,7 +135,7 @@ double usualSize(const WordRefs &words)
     return median(std::move(sizes));
 }
 
-bool hasTextBesides(const RegionItems &items, const Gutter &gutter)
+bool hasTextBesides(const RegionItems &items, const ColumnGap &gap)
 {
     WordRefs left;
     WordRefs right;
@@ -143,13 +143,13 @@ bool hasTextBesides(const RegionItems &items, const Gutter &gutter)
     bool blockRight = false;
     for (const RawWord *word : items.words) {
         const Box body = bodyOf(*word);
-        if (body.centreY() >= gutter.top && body.centreY() <= gutter.bottom) {
-            (body.centreX() < gutter.left ? left : right).push_back(word);
+        if (body.centreY() >= gap.top && body.centreY() <= gap.bottom) {
+            (body.centreX() < gap.left ? left : right).push_back(word);
         }
     }
     for (const auto &obstacle : items.obstacles) {
-        if (obstacle.first.centreY() >= gutter.top && obstacle.first.centreY() <= gutter.bottom) {
-            (obstacle.first.centreX() < gutter.left ? blockLeft : blockRight) = true;
+        if (obstacle.first.centreY() >= gap.top && obstacle.first.centreY() <= gap.bottom) {
+            (obstacle.first.centreX() < gap.left ? blockLeft : blockRight) = true;
         }
     }
     const bool textLeft = isRunningText(left);
@@ -161,7 +161,7 @@ bool hasTextBesides(const RegionItems &items, const Gutter &gutter)
 
 bool isRunningText(const WordRefs &words)
 {
-    const std::vector<Row> rows = rowsOf(words);
+    const std::vector<TextLine> rows = textLinesOf(words);
     if (rows.size() < 2) {
         return false;
     }
@@ -169,7 +169,7 @@ bool isRunningText(const WordRefs &words)
     std::vector<double> letters;
     std::vector<double> widths;
     int numeric = 0;
-    for (const Row &row : rows) {
+    for (const TextLine &row : rows) {
         all = united(all, row.box);
         int count = 0;
         for (const RawWord *word : row.words) {
@@ -184,7 +184,7 @@ bool isRunningText(const WordRefs &words)
            3 * static_cast<std::size_t>(numeric) < words.size();
 }
 
-std::optional<Gutter> findGutter(const RegionItems &items)
+std::optional<ColumnGap> findColumnGap(const RegionItems &items)
 {
     constexpr std::size_t fewestWords = 12;
     if (items.words.size() < fewestWords) {
@@ -214,11 +214,11 @@ std::optional<Gutter> findGutter(const RegionItems &items)
             continue;
         }
         lastBin = candidate.bin;
-        const Gutter gutter{
+        const ColumnGap gap{
             coverage.x(candidate.bin), coverage.x(candidate.bin + width), coverage.y(candidate.from) - 0.1,
             coverage.y(candidate.to + 1) + 0.1};
-        if (hasTextBesides(items, gutter)) {
-            return gutter;
+        if (hasTextBesides(items, gap)) {
+            return gap;
         }
         if (++tries == mostTries) {
             break;

@@ -8,7 +8,7 @@
 namespace quorra::model {
 
 /// A blank upright strip between two columns of text.
-struct Gutter
+struct ColumnGap
 {
     double left = 0;
     double right = 0;
@@ -17,7 +17,7 @@ struct Gutter
 };
 
 /// The tallest blank strip with running text on both of its sides; nothing for text in one column.
-std::optional<Gutter> findGutter(const RegionItems &items);
+std::optional<ColumnGap> findColumnGap(const RegionItems &items);
 
 /// Whether the words are lines of running text: at least three lines, most of them long and made of letters.
 bool isRunningText(const WordRefs &words);

@@ -29,18 +29,18 @@ bool isEmpty(const RegionItems &items)
     return items.words.empty() && items.obstacles.empty();
 }
 
-// Which side of a gutter something stands on.
+// Which side of a gap something stands on.
 enum class Place { Above, Left, Right, Below };
 
-Place placeOf(const Box &box, const Gutter &gutter)
+Place placeOf(const Box &box, const ColumnGap &gap)
 {
-    if (box.centreY() < gutter.top) {
+    if (box.centreY() < gap.top) {
         return Place::Above;
     }
-    if (box.centreY() > gutter.bottom) {
+    if (box.centreY() > gap.bottom) {
         return Place::Below;
     }
-    return box.centreX() < (gutter.left + gutter.right) / 2 ? Place::Left : Place::Right;
+    return box.centreX() < (gap.left + gap.right) / 2 ? Place::Left : Place::Right;
 }
 
 struct Parts
@@ -66,14 +66,14 @@ struct Parts
     }
 };
 
-Parts cutAt(const RegionItems &items, const Gutter &gutter)
+Parts cutAt(const RegionItems &items, const ColumnGap &gap)
 {
     Parts parts;
     for (const RawWord *word : items.words) {
-        parts.at(placeOf(bodyOf(*word), gutter)).words.push_back(word);
+        parts.at(placeOf(bodyOf(*word), gap)).words.push_back(word);
     }
     for (const auto &obstacle : items.obstacles) {
-        parts.at(placeOf(obstacle.first, gutter)).obstacles.push_back(obstacle);
+        parts.at(placeOf(obstacle.first, gap)).obstacles.push_back(obstacle);
     }
     return parts;
 }
@@ -85,7 +85,7 @@ void append(std::vector<Band> &bands, std::vector<Band> more)
 
 std::vector<Band> cut(RegionItems items, int depth);
 
-// One side of a gutter: further columns when it is cut over its whole height, else one column.
+// One side of a gap: further columns when it is cut over its whole height, else one column.
 std::vector<Band::Column> columnsOf(RegionItems side, int depth)
 {
     const Box box = boxOf(side);
@@ -109,13 +109,13 @@ std::vector<Band> cut(RegionItems items, int depth)
     if (isEmpty(items)) {
         return bands;
     }
-    const std::optional<Gutter> gutter = depth < deepestCut ? findGutter(items) : std::nullopt;
-    if (!gutter) {
+    const std::optional<ColumnGap> gap = depth < deepestCut ? findColumnGap(items) : std::nullopt;
+    if (!gap) {
         const Box box = boxOf(items);
         bands.push_back({{{box, {std::move(items)}}}});
         return bands;
     }
-    Parts parts = cutAt(items, *gutter);
+    Parts parts = cutAt(items, *gap);
     append(bands, cut(std::move(parts.above), depth + 1));
     Band band;
     for (RegionItems *side : {&parts.left, &parts.right}) {
@@ -129,7 +129,7 @@ std::vector<Band> cut(RegionItems items, int depth)
 
 } // namespace
 
-std::vector<Band> cutRegions(RegionItems items)
+std::vector<Band> segmentPage(RegionItems items)
 {
     return cut(std::move(items), 0);
 }

@@ -26,9 +26,9 @@ struct Band
     std::vector<Column> columns; ///< from left to right
 };
 
-/// Cuts a page into bands of columns, from top to bottom in reading order. A blank strip is a gutter between columns
+/// Cuts a page into bands of columns, from top to bottom in reading order. A blank strip is a gap between columns
 /// only when running text stands on both of its sides; the gaps of tables are none. A column that is
 /// itself cut into bands keeps their order as parts.
-std::vector<Band> cutRegions(RegionItems items);
+std::vector<Band> segmentPage(RegionItems items);
 
 } // namespace quorra::model

@@ -84,7 +84,7 @@ Box withLabels(const RawPage &page, const Box &chart)
         }
     }
     Box all = chart;
-    for (const Row &row : rowsOf(std::move(below))) {
+    for (const TextLine &row : textLinesOf(std::move(below))) {
         if (segmentsOf(row, 1).size() >= 2) {
             all = united(all, row.box);
             all.bottom = std::max(all.bottom, row.baseline + 0.25 * row.size); // descenders

@@ -100,7 +100,7 @@ PagePictures findPictures(const RawPage &raw, const std::vector<Box> &tables, co
 std::vector<Paragraph> labelParagraphs(const DrawingLabels &labels, StyleTable &styles)
 {
     Paragraph all;
-    for (const Row &row : rowsOf(labels.words)) {
+    for (const TextLine &row : textLinesOf(labels.words)) {
         Line line = lineOf(row, styles);
         markSuperscripts(line);
         if (!all.lines.empty()) {

@@ -16,14 +16,14 @@ namespace {
 constexpr double indent = 0.7;     // font sizes that a line must be moved in to count as indented
 constexpr double widerStep = 1.28; // of the usual distance of baselines
 
-bool isFixedPitchLook(const Row &row)
+bool isFixedPitchLook(const TextLine &row)
 {
     return std::all_of(row.words.begin(), row.words.end(), [](const RawWord *w) { return w->style.fixedPitch; });
 }
 
 } // namespace
 
-ParagraphBreaks::ParagraphBreaks(const std::vector<Row> &rows, const Box &column) : m_rows(rows), m_column(column)
+ParagraphBreaks::ParagraphBreaks(const std::vector<TextLine> &rows, const Box &column) : m_rows(rows), m_column(column)
 {
     std::vector<double> steps;
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -95,7 +95,7 @@ bool ParagraphBreaks::differsInLook(std::size_t a, std::size_t b) const
 
 bool ParagraphBreaks::isListStart(std::size_t first, std::size_t next) const
 {
-    const Row &row = m_rows[next];
+    const TextLine &row = m_rows[next];
     if (row.words.size() < 2) {
         return false;
     }
@@ -147,8 +147,8 @@ bool ParagraphBreaks::isIndentBreak(std::size_t first, std::size_t next) const
 // The next line's first word would have stood on the line before, had the paragraph gone on.
 bool ParagraphBreaks::lineEndedEarly(std::size_t before, std::size_t next) const
 {
-    const Row &line = m_rows[before];
-    const Row &following = m_rows[next];
+    const TextLine &line = m_rows[before];
+    const TextLine &following = m_rows[next];
     const bool rightToLeft = m_looks[next].rightToLeft;
     const QString last = lastWord(before);
     const QString begin = firstWord(next);

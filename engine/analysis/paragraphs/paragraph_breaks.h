@@ -11,7 +11,7 @@ namespace quorra::model {
 class ParagraphBreaks
 {
 public:
-    ParagraphBreaks(const std::vector<Row> &rows, const Box &column);
+    ParagraphBreaks(const std::vector<TextLine> &rows, const Box &column);
 
     /// Whether a new paragraph begins with row `next`, when the current one began with row `first`; next > first.
     bool startsAt(std::size_t first, std::size_t next) const;
@@ -36,7 +36,7 @@ private:
     QString lastWord(std::size_t i) const;
     QString firstWord(std::size_t i) const;
 
-    const std::vector<Row> &m_rows;
+    const std::vector<TextLine> &m_rows;
     Box m_column;
     std::vector<Look> m_looks;
     double m_step = 0; ///< the usual step, in font sizes

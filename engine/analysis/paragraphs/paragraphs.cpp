@@ -194,7 +194,7 @@ Word wordOf(const RawWord &raw, StyleTable &styles)
 
 } // namespace
 
-Line lineOf(const Row &row, StyleTable &styles)
+Line lineOf(const TextLine &row, StyleTable &styles)
 {
     Line line;
     line.box = row.box;
@@ -220,7 +220,7 @@ Line lineOf(const Row &row, StyleTable &styles)
     return line;
 }
 
-std::vector<Paragraph> paragraphsOf(const std::vector<Row> &rows, const Box &column, StyleTable &styles)
+std::vector<Paragraph> paragraphsOf(const std::vector<TextLine> &rows, const Box &column, StyleTable &styles)
 {
     std::vector<Paragraph> paragraphs;
     const ParagraphBreaks breaks(rows, column);
@@ -269,7 +269,7 @@ std::vector<Paragraph> cellParagraphs(const WordRefs &words, const Box &cell, St
             }
         }
     }
-    for (Paragraph &paragraph : paragraphsOf(rowsOf(std::move(upright)), cell, styles)) {
+    for (Paragraph &paragraph : paragraphsOf(textLinesOf(std::move(upright)), cell, styles)) {
         paragraphs.push_back(std::move(paragraph));
     }
     return paragraphs;

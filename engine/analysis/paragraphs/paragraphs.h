@@ -9,11 +9,11 @@
 namespace quorra::model {
 
 /// The words of a row in reading order, with blanks where the page has them.
-Line lineOf(const Row &row, StyleTable &styles);
+Line lineOf(const TextLine &row, StyleTable &styles);
 
 /// Puts the rows of one column together to paragraphs: joined over line ends, cut at wider gaps, indents, short last
 /// lines, changes of size or weight, and list marks. The column's edges tell what is indented or short.
-std::vector<Paragraph> paragraphsOf(const std::vector<Row> &rows, const Box &column, StyleTable &styles);
+std::vector<Paragraph> paragraphsOf(const std::vector<TextLine> &rows, const Box &column, StyleTable &styles);
 
 /// The paragraphs of a table's cell; rows that only wrap become one.
 std::vector<Paragraph> cellParagraphs(const WordRefs &words, const Box &cell, StyleTable &styles);

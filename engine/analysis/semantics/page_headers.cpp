@@ -16,13 +16,13 @@ constexpr std::size_t fewestPages = 3;
 
 struct EdgeRow
 {
-    Row row;
+    TextLine row;
     QString key;            ///< its text with every number replaced
     double gap = 0;         ///< font sizes from its baseline to that of the next row towards the page's middle
     bool outermost = false; ///< nothing stands between it and the edge of the page
 };
 
-QString keyOf(const Row &row)
+QString keyOf(const TextLine &row)
 {
     QString key;
     bool inNumber = false;
@@ -70,7 +70,7 @@ std::vector<EdgeRow> edgeRows(const RawPage &page)
                 words.push_back(&word);
             }
         }
-        std::vector<Row> rows = rowsOf(std::move(words));
+        std::vector<TextLine> rows = textLinesOf(std::move(words));
         if (!top) {
             std::reverse(rows.begin(), rows.end());
         }

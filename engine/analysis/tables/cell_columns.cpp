@@ -33,10 +33,10 @@ std::vector<std::pair<double, double>> blankStrips(const WordRefs &words, double
 }
 
 // Whether most of the rows stand beside none of the others.
-bool areIndependent(const std::vector<Row> &rows, const std::vector<Row> &others)
+bool areIndependent(const std::vector<TextLine> &rows, const std::vector<TextLine> &others)
 {
-    const auto alone = std::count_if(rows.begin(), rows.end(), [&others](const Row &row) {
-        return std::none_of(others.begin(), others.end(), [&row](const Row &other) {
+    const auto alone = std::count_if(rows.begin(), rows.end(), [&others](const TextLine &row) {
+        return std::none_of(others.begin(), others.end(), [&row](const TextLine &other) {
             return std::abs(other.baseline - row.baseline) <= sameLine * std::max(row.size, other.size);
         });
     });
@@ -65,11 +65,11 @@ std::vector<CellColumn> cellColumns(const WordRefs &words, const Box &cell)
         for (const RawWord *word : words) {
             (word->box.centreX() < middle ? left : right).words.push_back(word);
         }
-        const std::vector<Row> leftRows = rowsOf(left.words);
-        const std::vector<Row> rightRows = rowsOf(right.words);
+        const std::vector<TextLine> leftRows = textLinesOf(left.words);
+        const std::vector<TextLine> rightRows = textLinesOf(right.words);
         const bool leftIsMargin = leftRows.size() < rightRows.size();
-        const std::vector<Row> &margin = leftIsMargin ? leftRows : rightRows;
-        const std::vector<Row> &text = leftIsMargin ? rightRows : leftRows;
+        const std::vector<TextLine> &margin = leftIsMargin ? leftRows : rightRows;
+        const std::vector<TextLine> &text = leftIsMargin ? rightRows : leftRows;
         if (text.size() >= fewestRows && margin.size() >= fewestRemarks && areIndependent(margin, text)) {
             return {std::move(left), std::move(right)};
         }

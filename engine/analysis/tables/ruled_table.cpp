@@ -93,9 +93,9 @@ void placeWords(TableWords &found, const WordRefs &words)
 bool holdsColumns(const WordRefs &words)
 {
     constexpr double cellGap = 1.5; // font sizes
-    const std::vector<Row> rows = rowsOf(words);
-    const auto cut =
-        std::count_if(rows.begin(), rows.end(), [](const Row &row) { return segmentsOf(row, cellGap).size() > 1; });
+    const std::vector<TextLine> rows = textLinesOf(words);
+    const auto cut = std::count_if(
+        rows.begin(), rows.end(), [](const TextLine &row) { return segmentsOf(row, cellGap).size() > 1; });
     return rows.size() > 1 && 2 * static_cast<std::size_t>(cut) > rows.size();
 }
 

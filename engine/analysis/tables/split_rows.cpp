@@ -11,7 +11,7 @@ namespace {
 struct BandCell
 {
     std::size_t index;
-    std::vector<Row> rows;
+    std::vector<TextLine> rows;
 };
 
 // The cells that fill one row of the grid, with their lines of text.
@@ -20,7 +20,7 @@ std::vector<BandCell> bandCells(const TableWords &found, int row)
     std::vector<BandCell> band;
     for (std::size_t i = 0; i < found.table.cells.size(); ++i) {
         if (found.table.cells[i].row == row && found.table.cells[i].rowSpan == 1 && !found.words[i].empty()) {
-            band.push_back({i, rowsOf(found.words[i])});
+            band.push_back({i, textLinesOf(found.words[i])});
         }
     }
     return band;
@@ -49,7 +49,7 @@ std::vector<double> sharedBaselines(const std::vector<BandCell> &band)
     std::size_t lines = 0;
     std::size_t numeric = 0;
     for (const BandCell &cell : band) {
-        for (const Row &row : cell.rows) {
+        for (const TextLine &row : cell.rows) {
             values.push_back(row.baseline);
             ++lines;
             QString text;

@@ -32,7 +32,7 @@ double alignedShare(const std::vector<double> &values)
 
 } // namespace
 
-TextGrid::TextGrid(std::vector<Row> rows, const std::vector<Rule> &horizontal) : m_rows(std::move(rows))
+TextGrid::TextGrid(std::vector<TextLine> rows, const std::vector<Rule> &horizontal) : m_rows(std::move(rows))
 {
     const double top = m_rows.front().box.top - m_rows.front().size;
     const double bottom = m_rows.back().box.bottom + m_rows.back().size;
@@ -52,12 +52,12 @@ TextGrid::TextGrid(std::vector<Row> rows, const std::vector<Rule> &horizontal) :
 void TextGrid::findColumns()
 {
     Box area;
-    for (const Row &row : m_rows) {
+    for (const TextLine &row : m_rows) {
         area = united(area, row.box);
     }
     std::vector<int> cover(static_cast<std::size_t>(std::ceil(area.width())) + 2, 0);
     int multi = 0;
-    for (const Row &row : m_rows) {
+    for (const TextLine &row : m_rows) {
         const std::vector<Segment> segments = segmentsOf(row, cellGap);
         if (segments.size() < 2) {
             continue;
@@ -153,7 +153,7 @@ void TextGrid::addPiece(GridRow &row, const Segment &segment) const
 
 void TextGrid::layRows()
 {
-    for (const Row &row : m_rows) {
+    for (const TextLine &row : m_rows) {
         GridRow laid;
         laid.box = row.box;
         laid.baseline = row.baseline;

@@ -12,7 +12,7 @@ class TextGrid
 {
 public:
     /// The rows of one stretch, at least one; the horizontal rules may lie anywhere.
-    TextGrid(std::vector<Row> rows, const std::vector<Rule> &horizontal);
+    TextGrid(std::vector<TextLine> rows, const std::vector<Rule> &horizontal);
 
     /// Whether this is a table rather than text that happens to have gaps.
     bool looksLikeTable() const;
@@ -51,7 +51,7 @@ private:
     int columnAt(double x) const;
     int columns() const { return static_cast<int>(m_edges.size()) - 1; }
 
-    std::vector<Row> m_rows;
+    std::vector<TextLine> m_rows;
     std::vector<Rule> m_rules;
     std::vector<double> m_edges; ///< of the columns
     std::vector<GridRow> m_grid;

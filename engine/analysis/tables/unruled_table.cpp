@@ -28,7 +28,7 @@ bool isLeader(const QString &text)
 }
 
 // Rows with "....." or ". . . . ." in them: a table of contents reads better as lines.
-bool hasLeader(const Row &row)
+bool hasLeader(const TextLine &row)
 {
     int loneDots = 0;
     for (const RawWord *word : row.words) {
@@ -49,7 +49,7 @@ bool isListLine(const std::vector<Segment> &segments)
     return segments.size() == 2 && isListMark(mark);
 }
 
-bool hasRuleBetween(const std::vector<Rule> &horizontal, const Row &upper, const Row &lower)
+bool hasRuleBetween(const std::vector<Rule> &horizontal, const TextLine &upper, const TextLine &lower)
 {
     return std::any_of(horizontal.begin(), horizontal.end(), [&](const Rule &rule) {
         return rule.y1 > upper.box.centreY() && rule.y1 < lower.box.centreY() && rule.x2 > upper.box.left &&
@@ -58,7 +58,7 @@ bool hasRuleBetween(const std::vector<Rule> &horizontal, const Row &upper, const
 }
 
 // A heading over several columns has a line of its own under it, shorter than the table is wide.
-bool isHeadingOver(const Row &upper, const Row &lower, const std::vector<Rule> &horizontal)
+bool isHeadingOver(const TextLine &upper, const TextLine &lower, const std::vector<Rule> &horizontal)
 {
     const double whole = std::max(lower.box.right, upper.box.right) - std::min(lower.box.left, upper.box.left);
     return lower.baseline - upper.baseline < 2 * lower.size &&
@@ -85,7 +85,7 @@ bool wrapsOn(const std::vector<Segment> &upper, const std::vector<Segment> &lowe
 
 // Stretches of rows close to one another in which nearly all are cut by wide gaps.
 std::vector<Stretch> candidateStretches(
-    const std::vector<Row> &rows, const std::vector<std::vector<Segment>> &segments,
+    const std::vector<TextLine> &rows, const std::vector<std::vector<Segment>> &segments,
     const std::vector<Rule> &horizontal)
 {
     std::vector<Stretch> stretches;
@@ -126,14 +126,14 @@ std::vector<Stretch> candidateStretches(
     return stretches;
 }
 
-std::size_t count(const std::vector<Row> &rows, const Stretch &s, bool (*has)(const Row &))
+std::size_t count(const std::vector<TextLine> &rows, const Stretch &s, bool (*has)(const TextLine &))
 {
     return static_cast<std::size_t>(std::count_if(
         rows.begin() + static_cast<std::ptrdiff_t>(s.first), rows.begin() + static_cast<std::ptrdiff_t>(s.last) + 1,
         has));
 }
 
-bool isFixedPitch(const Row &row)
+bool isFixedPitch(const TextLine &row)
 {
     return row.words.front()->style.fixedPitch;
 }
@@ -141,7 +141,7 @@ bool isFixedPitch(const Row &row)
 // The parts of a stretch between lines that run across it. What stands above a table and below it may be set in columns
 // too; then the whole is no table, but one of its parts is.
 std::vector<Stretch>
-partsBetweenRules(const std::vector<Row> &rows, const Stretch &stretch, const std::vector<Rule> &horizontal)
+partsBetweenRules(const std::vector<TextLine> &rows, const Stretch &stretch, const std::vector<Rule> &horizontal)
 {
     constexpr std::size_t fewestRows = 3;
     const auto parts = [&](std::size_t lower) {
@@ -168,11 +168,11 @@ partsBetweenRules(const std::vector<Row> &rows, const Stretch &stretch, const st
 
 } // namespace
 
-std::vector<UnruledTable> findUnruledTables(const std::vector<Row> &rows, const std::vector<Rule> &horizontal)
+std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &rows, const std::vector<Rule> &horizontal)
 {
     std::vector<std::vector<Segment>> segments;
     segments.reserve(rows.size());
-    for (const Row &row : rows) {
+    for (const TextLine &row : rows) {
         segments.push_back(segmentsOf(row, cellGap));
     }
     std::vector<UnruledTable> tables;

@@ -19,7 +19,7 @@ double sharedHeight(const Box &a, const Box &b)
     return std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
 }
 
-bool belongsTo(const Row &row, const RawWord &word, const Box &body)
+bool belongsTo(const TextLine &row, const RawWord &word, const Box &body)
 {
     const double larger = std::max(row.size, word.style.size);
     const double smaller = std::min(row.size, word.style.size);
@@ -29,7 +29,7 @@ bool belongsTo(const Row &row, const RawWord &word, const Box &body)
     return sharedHeight(row.box, body) > 0.5 * std::min(row.box.height(), body.height());
 }
 
-void add(Row &row, const RawWord *word, const Box &body)
+void add(TextLine &row, const RawWord *word, const Box &body)
 {
     if (row.words.empty() || word->style.size > row.size) {
         row.size = word->style.size;
@@ -43,7 +43,7 @@ void add(Row &row, const RawWord *word, const Box &body)
 }
 
 // A piece of a word goes to the row of the piece before it, and so does a fraction that goes on in its line.
-void uniteWordPieces(std::vector<Row> &rows)
+void uniteFragments(std::vector<TextLine> &rows)
 {
     struct Home
     {
@@ -70,7 +70,7 @@ void uniteWordPieces(std::vector<Row> &rows)
             Home &home = next->second;
             const auto last = following(*home.word);
             const bool fraction = last != homes.end() && isSmallFraction(*word, *home.word, *last->second.word);
-            if (!fraction && !isRestOf(*word, *home.word)) {
+            if (!fraction && !continuesWord(*word, *home.word)) {
                 continue;
             }
             std::vector<const RawWord *> &left = rows[home.row].words;
@@ -79,11 +79,12 @@ void uniteWordPieces(std::vector<Row> &rows)
             home.row = i;
         }
     }
-    rows.erase(std::remove_if(rows.begin(), rows.end(), [](const Row &row) { return row.words.empty(); }), rows.end());
+    rows.erase(
+        std::remove_if(rows.begin(), rows.end(), [](const TextLine &row) { return row.words.empty(); }), rows.end());
 }
 
 // Whether a small word hangs on one of the row's words, as an index does.
-bool hangsOn(const Row &row, const RawWord &word)
+bool hangsOn(const TextLine &row, const RawWord &word)
 {
     const Box body = bodyOf(word);
     const double reach = 0.5 * row.size;
@@ -96,7 +97,7 @@ bool hangsOn(const Row &row, const RawWord &word)
 }
 
 // Rows of nothing but indices, too far from the letters that carry them to have been found with them.
-void attachIndices(std::vector<Row> &rows)
+void attachShiftedLines(std::vector<TextLine> &rows)
 {
     constexpr std::size_t mostIndices = 8;
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -116,7 +117,8 @@ void attachIndices(std::vector<Row> &rows)
             }
         }
     }
-    rows.erase(std::remove_if(rows.begin(), rows.end(), [](const Row &row) { return row.words.empty(); }), rows.end());
+    rows.erase(
+        std::remove_if(rows.begin(), rows.end(), [](const TextLine &row) { return row.words.empty(); }), rows.end());
 }
 
 } // namespace
@@ -126,36 +128,37 @@ Box bodyOf(const RawWord &word)
     return {word.box.left, word.baseline - bodyHeight * word.style.size, word.box.right, word.baseline};
 }
 
-std::vector<Row> rowsOf(WordRefs words)
+std::vector<TextLine> textLinesOf(WordRefs words)
 {
     std::stable_sort(
         words.begin(), words.end(), [](const RawWord *a, const RawWord *b) { return a->baseline < b->baseline; });
     const bool hasPieces = std::any_of(words.begin(), words.end(), [](const RawWord *word) { return !word->endsLine; });
-    std::vector<Row> rows;
+    std::vector<TextLine> rows;
     constexpr std::size_t openRows = 4;
     for (const RawWord *word : words) {
         const Box body = bodyOf(*word);
-        Row *home = nullptr;
+        TextLine *home = nullptr;
         for (std::size_t back = 1; back <= std::min(openRows, rows.size()) && !home; ++back) {
-            Row &row = rows[rows.size() - back];
+            TextLine &row = rows[rows.size() - back];
             home = belongsTo(row, *word, body) ? &row : nullptr;
         }
         add(home ? *home : rows.emplace_back(), word, body);
     }
     if (hasPieces) {
-        uniteWordPieces(rows);
+        uniteFragments(rows);
     }
-    attachIndices(rows);
-    for (Row &row : rows) {
+    attachShiftedLines(rows);
+    for (TextLine &row : rows) {
         std::stable_sort(row.words.begin(), row.words.end(), [](const RawWord *a, const RawWord *b) {
             return a->box.left < b->box.left;
         });
     }
-    std::stable_sort(rows.begin(), rows.end(), [](const Row &a, const Row &b) { return a.baseline < b.baseline; });
+    std::stable_sort(
+        rows.begin(), rows.end(), [](const TextLine &a, const TextLine &b) { return a.baseline < b.baseline; });
     return rows;
 }
 
-std::vector<Segment> segmentsOf(const Row &row, double gapInSizes)
+std::vector<Segment> segmentsOf(const TextLine &row, double gapInSizes)
 {
     std::vector<Segment> segments;
     for (const RawWord *word : row.words) {

@@ -13,7 +13,7 @@ namespace quorra::model {
 using WordRefs = std::vector<const RawWord *>;
 
 /// Words that stand side by side on one line, from left to right.
-struct Row
+struct TextLine
 {
     WordRefs words;
     Box box;             ///< around the words' bodies (see bodyOf)
@@ -33,9 +33,9 @@ struct Segment
 Box bodyOf(const RawWord &word);
 
 /// Groups upright words into rows, from top to bottom. Raised and lowered small words belong to the row they touch.
-std::vector<Row> rowsOf(WordRefs words);
+std::vector<TextLine> textLinesOf(WordRefs words);
 
 /// Cuts a row at gaps wider than that many font sizes.
-std::vector<Segment> segmentsOf(const Row &row, double gapInSizes);
+std::vector<Segment> segmentsOf(const TextLine &row, double gapInSizes);
 
 } // namespace quorra::model

@@ -5,7 +5,7 @@
 
 namespace quorra::model {
 
-bool isRestOf(const RawWord &word, const RawWord &next)
+bool continuesWord(const RawWord &word, const RawWord &next)
 {
     constexpr double widestGap = 0.25; // font sizes
     const double size = word.style.size;
@@ -19,12 +19,12 @@ bool isSmallFraction(const RawWord &word, const RawWord &first, const RawWord &s
     constexpr double widestGap = 0.5; // font sizes
     const double size = word.style.size;
     const double gap = first.box.left - word.box.right;
-    const bool stacked = isRestOf(first, second) && second.box.left < first.box.centreX();
+    const bool stacked = continuesWord(first, second) && second.box.left < first.box.centreX();
     return stacked && !word.endsLine && word.rotation == first.rotation && first.style.size < muchSmaller * size &&
            gap <= widestGap * size && gap > -widestGap * size && std::abs(first.baseline - word.baseline) <= size;
 }
 
-void keepPiecesTogether(const RawPage &raw, const std::vector<WordRefs *> &groups)
+void keepFragmentsTogether(const RawPage &raw, const std::vector<WordRefs *> &groups)
 {
     const std::vector<RawWord> &words = raw.words;
     std::vector<WordRefs *> homes(words.size(), nullptr);
@@ -40,12 +40,12 @@ void keepPiecesTogether(const RawPage &raw, const std::vector<WordRefs *> &group
         }
     };
     for (std::size_t i = 0; i + 1 < words.size(); ++i) {
-        if (isRestOf(words[i], words[i + 1])) {
+        if (continuesWord(words[i], words[i + 1])) {
             join(i, i + 1);
         }
     }
     for (std::size_t i = words.size(); i-- > 1;) {
-        if (isRestOf(words[i - 1], words[i])) {
+        if (continuesWord(words[i - 1], words[i])) {
             join(i, i - 1);
         }
     }

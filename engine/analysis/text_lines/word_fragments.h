@@ -9,7 +9,7 @@ namespace quorra::model {
 
 /// Whether the second word, which comes after the first one on the raw page, is the rest of the first: the PDF library
 /// knows from the file which pieces are one word, however deep an index of an index hangs.
-bool isRestOf(const RawWord &word, const RawWord &next);
+bool continuesWord(const RawWord &word, const RawWord &next);
 
 /// Whether the two words that come after the first one are a fraction set small in its line: one stands over the other,
 /// and both reach out of the line.
@@ -17,6 +17,6 @@ bool isSmallFraction(const RawWord &word, const RawWord &first, const RawWord &s
 
 /// A piece of a word that stands in no group goes to the group of its word's other pieces: the edge of a picture or a
 /// table must not cut "g" from its index. The groups' words are words of the page.
-void keepPiecesTogether(const RawPage &raw, const std::vector<WordRefs *> &groups);
+void keepFragmentsTogether(const RawPage &raw, const std::vector<WordRefs *> &groups);
 
 } // namespace quorra::model

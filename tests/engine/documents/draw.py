@@ -23,7 +23,7 @@ import prose  # noqa: E402,F401
 import right_to_left  # noqa: E402,F401
 import ruled_tables  # noqa: E402,F401
 import structure  # noqa: E402,F401
-import turned  # noqa: E402,F401
+import rotated  # noqa: E402,F401
 import typing_and_layers  # noqa: E402,F401
 
 

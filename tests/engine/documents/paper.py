@@ -175,8 +175,8 @@ class Sheet:
         flowable.drawOn(self.canvas, x, self.height - y - height)
         return y + height
 
-    def turned(self, x, y, degrees, draw):
-        """Draws with the origin at (x, y) of the page, turned clockwise."""
+    def rotated(self, x, y, degrees, draw):
+        """Draws with the origin at (x, y) of the page, rotated clockwise."""
         self.canvas.saveState()
         self.canvas.translate(x, self.height - y)
         self.canvas.rotate(-degrees)

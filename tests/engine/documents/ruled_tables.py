@@ -100,7 +100,7 @@ def table_over_two_pages(sheet):
 
 
 @document
-def turned_heads_in_table(sheet):
+def rotated_heads_in_table(sheet):
     """The heads of the narrow columns run upwards; they belong into the first row."""
     widths, top, tall = [140, 32, 32, 32, 32, 32], 90, 80
     heads = ["Spring", "Summer", "Autumn", "Winter", "Total"]
@@ -110,7 +110,7 @@ def turned_heads_in_table(sheet):
                 ("LEFTPADDING", (1, 0), (-1, -1), 2), ("RIGHTPADDING", (1, 0), (-1, -1), 3), size=9,
                 heights=[tall, 18, 18, 18])
     for n, head in enumerate(heads):
-        sheet.turned(LEFT + 140 + 32 * n + 19, top + tall - 6, 270, lambda text=head: sheet.text(0, 0, text, "Sans-Bold", 9.5))
+        sheet.rotated(LEFT + 140 + 32 * n + 19, top + tall - 6, 270, lambda text=head: sheet.text(0, 0, text, "Sans-Bold", 9.5))
 
 
 @document
@@ -144,13 +144,13 @@ def table_with_double_and_thick_lines(sheet):
 
 
 @document
-def turned_text_in_cells(sheet):
+def rotated_text_in_cells(sheet):
     """One cell's text runs down, one's up, one's stands on its head; the others are upright."""
     for n, (degrees, x, y) in enumerate([(0, 20, 60), (90, 50, 20), (270, 60, 90), (180, 100, 50)]):
         left = LEFT + 117 * n
         sheet.rect(left, 90, 117, 110, stroke="#000000")
         sheet.rect(left, 200, 117, 20, stroke="#000000")
-        sheet.turned(left + x, 90 + y, degrees, lambda: sheet.text(0, 0, "Oldham Reach"))
+        sheet.rotated(left + x, 90 + y, degrees, lambda: sheet.text(0, 0, "Oldham Reach"))
         sheet.text(left + 6, 214, f"{degrees} degrees")
 
 

@@ -98,7 +98,7 @@ def scanned_page(sheet):
 @document
 def watermark(sheet):
     """The large grey word across the page is no part of the text."""
-    sheet.turned(150, 620, 315, lambda: sheet.text(0, 0, "DRAFT", "Sans-Bold", 150, colour=HexColor("#e6e6e6")))
+    sheet.rotated(150, 620, 315, lambda: sheet.text(0, 0, "DRAFT", "Sans-Bold", 150, colour=HexColor("#e6e6e6")))
     sheet.paragraphs(LEFT, 80, FULL, TOWN + GARDEN + CLOCK, size=11, leading=15)
 
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model_pages.h"
+#include "page_maker.h"
 
 #include "analysis/figures/plots.h"
 
@@ -22,7 +22,7 @@ Table grid()
 
 } // namespace
 
-class ModelPlotsTest : public QObject
+class AnalysisPlotsTest : public QObject
 {
     Q_OBJECT
 
@@ -84,5 +84,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ModelPlotsTest)
-#include "model_plots_test.moc"
+QTEST_GUILESS_MAIN(AnalysisPlotsTest)
+#include "analysis_plots_test.moc"

@@ -43,26 +43,26 @@ Shifts shiftsOf(Line line)
 
 } // namespace
 
-class ModelScriptsTest : public QObject
+class AnalysisSuperscriptsTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void findsSignsBehindText()
+    void findsMarksAfterText()
     {
         QCOMPARE(
             shiftsOf(line({word(0, 20, 100, 10), word(20, 24, 96, 7), word(24, 28, 102, 7), word(30, 50, 100, 10)})),
             (Shifts{BaselineShift::None, BaselineShift::Superscript, BaselineShift::Subscript, BaselineShift::None}));
     }
 
-    void findsSignsBeforeText()
+    void findsMarksBeforeText()
     {
         QCOMPARE(
             shiftsOf(line({word(0, 4, 96, 6), word(6, 30, 100, 10), word(33, 60, 100, 10)})),
             (Shifts{BaselineShift::Superscript, BaselineShift::None, BaselineShift::None}));
     }
 
-    void findsIndicesOfIndices()
+    void findsSubscriptsOfSubscripts()
     {
         QCOMPARE(
             shiftsOf(line({word(0, 40, 100, 10), word(40, 44, 102, 7), word(44, 47, 103.5, 5)})),
@@ -81,5 +81,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ModelScriptsTest)
-#include "model_scripts_test.moc"
+QTEST_APPLESS_MAIN(AnalysisSuperscriptsTest)
+#include "analysis_superscripts_test.moc"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model_pages.h"
+#include "page_maker.h"
 
 #include "analysis/text_lines/word_fragments.h"
 
@@ -10,8 +10,8 @@ using namespace quorra::model;
 
 namespace {
 
-// A piece of a word, the next one following without a blank.
-RawWord piece(const QString &text, double left, double width, double baseline, double size)
+// A fragment of a word, the next one following without a space.
+RawWord fragment(const QString &text, double left, double width, double baseline, double size)
 {
     RawWord word;
     word.text = text;
@@ -36,59 +36,59 @@ RawPage pageOf(std::vector<RawWord> words)
 
 } // namespace
 
-class ModelPiecesTest : public QObject
+class AnalysisWordFragmentsTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void knowsTheRestOfAWord_data()
+    void knowsThatAWordContinues_data()
     {
         QTest::addColumn<double>("left");
         QTest::addColumn<double>("baseline");
-        QTest::addColumn<bool>("blank");
+        QTest::addColumn<bool>("space");
         QTest::addColumn<int>("rotation");
-        QTest::addColumn<bool>("rest");
+        QTest::addColumn<bool>("continues");
         QTest::newRow("an index behind its letter") << 105.0 << 202.0 << false << 0 << true;
         QTest::newRow("an index of an index") << 106.0 << 207.0 << false << 0 << true;
         QTest::newRow("the upper part of a fraction over the lower") << 100.5 << 192.0 << false << 0 << true;
-        QTest::newRow("after a blank") << 105.0 << 200.0 << true << 0 << false;
+        QTest::newRow("after a space") << 105.0 << 200.0 << true << 0 << false;
         QTest::newRow("too far to the right") << 109.0 << 200.0 << false << 0 << false;
         QTest::newRow("left of the letter") << 92.0 << 202.0 << false << 0 << false;
         QTest::newRow("two lines down") << 105.0 << 224.0 << false << 0 << false;
-        QTest::newRow("turned") << 105.0 << 200.0 << false << 90 << false;
+        QTest::newRow("rotated") << 105.0 << 200.0 << false << 90 << false;
     }
 
-    void knowsTheRestOfAWord()
+    void knowsThatAWordContinues()
     {
         QFETCH(double, left);
         QFETCH(double, baseline);
-        QFETCH(bool, blank);
+        QFETCH(bool, space);
         QFETCH(int, rotation);
-        RawWord letter = piece(QStringLiteral("g"), 100, 5, 200, 10);
-        letter.spaceAfter = blank;
-        RawWord next = piece(QStringLiteral("2"), left, 4, baseline, 8);
+        RawWord letter = fragment(QStringLiteral("g"), 100, 5, 200, 10);
+        letter.spaceAfter = space;
+        RawWord next = fragment(QStringLiteral("2"), left, 4, baseline, 8);
         next.rotation = rotation;
-        QTEST(isRestOf(letter, next), "rest");
+        QTEST(continuesWord(letter, next), "continues");
     }
 
-    void bringsLoosePiecesToTheirWord()
+    void addsLooseFragmentsToTheirWord()
     {
         const RawPage page = pageOf(
-            {piece(QStringLiteral("x"), 100, 5, 200, 10), piece(QStringLiteral("i"), 105, 3, 202, 8),
-             piece(QStringLiteral("j"), 108, 3, 204, 6), piece(QStringLiteral("far"), 300, 15, 200, 10)});
+            {fragment(QStringLiteral("x"), 100, 5, 200, 10), fragment(QStringLiteral("i"), 105, 3, 202, 8),
+             fragment(QStringLiteral("j"), 108, 3, 204, 6), fragment(QStringLiteral("far"), 300, 15, 200, 10)});
         WordRefs group{&page.words[1]};
-        keepPiecesTogether(page, {&group});
+        keepFragmentsTogether(page, {&group});
         QCOMPARE(group.size(), std::size_t(3)); // the letter before and the index behind
         QVERIFY(std::find(group.begin(), group.end(), &page.words[3]) == group.end());
     }
 
-    void leavesPiecesOfTwoGroupsWhereTheyAre()
+    void leavesFragmentsOfTwoGroupsWhereTheyAre()
     {
-        const RawPage page =
-            pageOf({piece(QStringLiteral("left"), 100, 5, 200, 10), piece(QStringLiteral("right"), 105, 5, 200, 10)});
+        const RawPage page = pageOf(
+            {fragment(QStringLiteral("left"), 100, 5, 200, 10), fragment(QStringLiteral("right"), 105, 5, 200, 10)});
         WordRefs first{&page.words[0]};
         WordRefs second{&page.words[1]};
-        keepPiecesTogether(page, {&first, &second});
+        keepFragmentsTogether(page, {&first, &second});
         QCOMPARE(first, (WordRefs{&page.words[0]}));
         QCOMPARE(second, (WordRefs{&page.words[1]}));
     }
@@ -101,8 +101,8 @@ private Q_SLOTS:
         for (int i = 0; i < 6; ++i) {
             page.raw().ink.push_back({{200, 301.0 + 10 * i, 320, 321.0 + 10 * i}, false});
         }
-        page.raw().words.push_back(piece(QStringLiteral("g"), 210, 5, 303, 10));
-        page.raw().words.push_back(piece(QStringLiteral("2"), 215, 4, 305, 8));
+        page.raw().words.push_back(fragment(QStringLiteral("g"), 210, 5, 303, 10));
+        page.raw().words.push_back(fragment(QStringLiteral("2"), 215, 4, 305, 8));
         page.raw().words.back().spaceAfter = true;
         const Document document = page.build();
         const QString all = paragraphTexts(document).join(QLatin1Char('\n'));
@@ -111,14 +111,14 @@ private Q_SLOTS:
 
     void knowsASmallFraction()
     {
-        RawWord word = piece(QStringLiteral("sin"), 100, 15, 200, 10);
+        RawWord word = fragment(QStringLiteral("sin"), 100, 15, 200, 10);
         word.spaceAfter = true;
-        const RawWord lower = piece(QStringLiteral("r"), 117, 4, 204, 8);
-        const RawWord upper = piece(QStringLiteral("t"), 117.5, 3, 196, 8);
+        const RawWord lower = fragment(QStringLiteral("r"), 117, 4, 204, 8);
+        const RawWord upper = fragment(QStringLiteral("t"), 117.5, 3, 196, 8);
         QVERIFY(isSmallFraction(word, lower, upper));
-        QVERIFY(!isSmallFraction(word, lower, piece(QStringLiteral("t"), 121, 3, 204, 8)));  // side by side
-        QVERIFY(!isSmallFraction(word, piece(QStringLiteral("r"), 117, 4, 204, 10), upper)); // as large as the text
-        QVERIFY(!isSmallFraction(word, piece(QStringLiteral("r"), 130, 4, 204, 8), upper));  // far away
+        QVERIFY(!isSmallFraction(word, lower, fragment(QStringLiteral("t"), 121, 3, 204, 8)));  // side by side
+        QVERIFY(!isSmallFraction(word, fragment(QStringLiteral("r"), 117, 4, 204, 10), upper)); // as large as the text
+        QVERIFY(!isSmallFraction(word, fragment(QStringLiteral("r"), 130, 4, 204, 8), upper));  // far away
         word.endsLine = true;
         QVERIFY(!isSmallFraction(word, lower, upper));
     }
@@ -129,8 +129,8 @@ private Q_SLOTS:
         page.lines(50, 600, prose(4));
         const double end = page.text(50, 300, QStringLiteral("The curve is sin"));
         page.raw().words.back().endsLine = false;
-        page.raw().words.push_back(piece(QStringLiteral("r"), end, 4, 304, 8));
-        page.raw().words.push_back(piece(QStringLiteral("t"), end + 0.5, 3, 296, 8));
+        page.raw().words.push_back(fragment(QStringLiteral("r"), end, 4, 304, 8));
+        page.raw().words.push_back(fragment(QStringLiteral("t"), end + 0.5, 3, 296, 8));
         page.raw().words.back().spaceAfter = true;
         page.text(end + 8, 300, QStringLiteral("here as everywhere"));
         const QString all = paragraphTexts(page.build()).join(QLatin1Char('\n'));
@@ -138,5 +138,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ModelPiecesTest)
-#include "model_pieces_test.moc"
+QTEST_GUILESS_MAIN(AnalysisWordFragmentsTest)
+#include "analysis_word_fragments_test.moc"

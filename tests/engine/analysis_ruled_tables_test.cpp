@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model_pages.h"
+#include "page_maker.h"
 #include "test_text.h"
 
 #include "analysis/tables/column_alignment.h"
@@ -14,7 +14,7 @@ using namespace quorra::model;
 
 static_assert(!std::is_copy_constructible_v<Lattice> && !std::is_move_constructible_v<Lattice>);
 
-class ModelTablesTest : public QObject
+class AnalysisRuledTablesTest : public QObject
 {
     Q_OBJECT
 
@@ -148,7 +148,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("kind");
         QTest::newRow("one column") << 0;
         QTest::newRow("two columns") << 1;
-        QTest::newRow("wide blanks") << 2;
+        QTest::newRow("wide spaces") << 2;
         QTest::newRow("table of contents") << 3;
         QTest::newRow("list") << 4;
     }
@@ -167,7 +167,7 @@ private Q_SLOTS:
                 page.text(40, y, prose(8).at(i));
                 page.text(320, y, prose(8, QStringLiteral("omega")).at(i));
                 break;
-            case 2: { // justified lines have blanks of up to a letter's size, never one above the other
+            case 2: { // justified lines have spaces of up to one em, never one above the other
                 const double end = page.text(60, y, QStringLiteral("words that stand ") + QString(i, QLatin1Char('x')));
                 page.text(end + 6, y, QStringLiteral("apart from the others in this line of text"));
                 break;
@@ -244,5 +244,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ModelTablesTest)
-#include "model_tables_test.moc"
+QTEST_APPLESS_MAIN(AnalysisRuledTablesTest)
+#include "analysis_ruled_tables_test.moc"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model_pages.h"
+#include "page_maker.h"
 
 #include "analysis/figures/bar_charts.h"
 #include "analysis/figures/drawings.h"
@@ -36,7 +36,7 @@ void addBars(RawPage &page, const std::vector<double> &heights, double distance 
 
 } // namespace
 
-class ModelDrawingsTest : public QObject
+class AnalysisDrawingsTest : public QObject
 {
     Q_OBJECT
 
@@ -107,5 +107,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ModelDrawingsTest)
-#include "model_drawings_test.moc"
+QTEST_APPLESS_MAIN(AnalysisDrawingsTest)
+#include "analysis_drawings_test.moc"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model_pages.h"
+#include "page_maker.h"
 
 #include "analysis/tables/unruled_table.h"
 
@@ -9,7 +9,7 @@ using namespace quorra;
 using namespace quorra::model;
 
 /// Tables that only the alignment of their text shows.
-class ModelUnruledTest : public QObject
+class AnalysisUnruledTablesTest : public QObject
 {
     Q_OBJECT
 
@@ -28,13 +28,13 @@ private Q_SLOTS:
             for (const RawWord &word : page.raw().words) {
                 all.push_back(&word);
             }
-            return findUnruledTables(rowsOf(std::move(all)), lines);
+            return findUnruledTables(textLinesOf(std::move(all)), lines);
         };
         QVERIFY(tables().empty());
         lines.push_back({55, 189, 480, 189, 0.5, black});
         const std::vector<UnruledTable> found = tables();
         QCOMPARE(found.size(), std::size_t(1));
-        QCOMPARE(found[0].firstRow, std::size_t(6));
+        QCOMPARE(found[0].firstLine, std::size_t(6));
         QCOMPARE(found[0].found.table.rows(), 4);
     }
 
@@ -193,5 +193,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ModelUnruledTest)
-#include "model_unruled_test.moc"
+QTEST_APPLESS_MAIN(AnalysisUnruledTablesTest)
+#include "analysis_unruled_tables_test.moc"

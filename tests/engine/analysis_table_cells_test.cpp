@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model_pages.h"
+#include "page_maker.h"
 
 #include "analysis/tables/cell_columns.h"
 
@@ -31,17 +31,17 @@ const Box cell{40, 80, 400, 300};
 
 } // namespace
 
-class ModelCellsTest : public QObject
+class AnalysisTableCellsTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void readsRemarksBesideLinesByThemselves()
+    void readsMarginNotesByThemselves()
     {
         PageMaker page;
         addLines(page, 12);
         for (int i = 0; i < 5; ++i) {
-            page.text(50, 106 + 10 * i, QStringLiteral("some remark"), 8);
+            page.text(50, 106 + 10 * i, QStringLiteral("some note"), 8);
         }
         const std::vector<CellColumn> parts = cellColumns(wordsOf(page), cell);
         QCOMPARE(parts.size(), std::size_t(2));
@@ -66,23 +66,23 @@ private Q_SLOTS:
         PageMaker page;
         addLines(page, 4);
         for (int i = 0; i < 3; ++i) {
-            page.text(50, 106 + 10 * i, QStringLiteral("some remark"), 8);
+            page.text(50, 106 + 10 * i, QStringLiteral("some note"), 8);
         }
         QCOMPARE(cellColumns(wordsOf(page), cell).size(), std::size_t(1));
         QCOMPARE(cellColumns({}, cell).size(), std::size_t(1));
     }
 
-    void keepsTurnedWords()
+    void keepsRotatedWords()
     {
         PageMaker page;
         addLines(page, 12);
         for (int i = 0; i < 5; ++i) {
-            page.text(50, 106 + 10 * i, QStringLiteral("some remark"), 8);
+            page.text(50, 106 + 10 * i, QStringLiteral("some note"), 8);
         }
         page.raw().words.back().rotation = 90;
         QCOMPARE(cellColumns(wordsOf(page), cell).size(), std::size_t(1));
     }
 };
 
-QTEST_APPLESS_MAIN(ModelCellsTest)
-#include "model_cells_test.moc"
+QTEST_APPLESS_MAIN(AnalysisTableCellsTest)
+#include "analysis_table_cells_test.moc"

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Turned text and turned pages."""
+"""Rotated text and rotated pages."""
 from reportlab.lib.colors import black
 
 from paper import FULL, HEIGHT, LEFT, RIGHT, WIDTH, document
@@ -14,18 +14,18 @@ def whole_page(sheet):
 
 
 @document
-def turned_text_in_margins(sheet):
+def rotated_text_in_margins(sheet):
     """The mark of the archive runs up the left margin and another one down the right margin."""
-    sheet.turned(36, 600, 270, lambda: sheet.text(0, 0, "Archive 17/2026, received on 3 May", "Sans", 9))
-    sheet.turned(560, 200, 90, lambda: sheet.text(0, 0, "Printed by the Lower Mill", "Sans", 9))
+    sheet.rotated(36, 600, 270, lambda: sheet.text(0, 0, "Archive 17/2026, received on 3 May", "Sans", 9))
+    sheet.rotated(560, 200, 90, lambda: sheet.text(0, 0, "Printed by the Lower Mill", "Sans", 9))
     sheet.paragraphs(LEFT, 80, FULL, TOWN + GARDEN)
 
 
 @document
-def turned_text_upside_down(sheet):
-    """The answer under a riddle, turned by 180 degrees."""
+def rotated_text_upside_down(sheet):
+    """The answer under a riddle, rotated by 180 degrees."""
     sheet.prose(LEFT, 90, FULL, "What crosses the river every day and is never wet? Think before you turn the page.")
-    sheet.turned(RIGHT, 200, 180, lambda: sheet.text(0, 0, "Answer: the chain, for it is greased.", "Serif-Italic", 9))
+    sheet.rotated(RIGHT, 200, 180, lambda: sheet.text(0, 0, "Answer: the chain, for it is greased.", "Serif-Italic", 9))
 
 
 @document
@@ -48,7 +48,7 @@ def page_with_rotate_180(sheet):
 
 @document
 def page_with_rotate_270(sheet):
-    """The same page turned the other way in the file."""
+    """The same page rotated the other way in the file."""
     sheet.canvas.setPageRotation(270)
     sheet.canvas.translate(0, WIDTH)
     sheet.canvas.rotate(-90)
@@ -58,18 +58,18 @@ def page_with_rotate_270(sheet):
 @document
 def page_drawn_sideways(sheet):
     """No rotation is set: the whole text runs up the page."""
-    sheet.turned(0, HEIGHT, 270, lambda: whole_page(sheet))
+    sheet.rotated(0, HEIGHT, 270, lambda: whole_page(sheet))
 
 
 @document
 def landscape_table_on_portrait_page(sheet):
-    """A wide table turned by 90 degrees between upright header and footer."""
+    """A wide table rotated by 90 degrees between upright header and footer."""
     sheet.text(LEFT, 44, "Appendix", "Serif-Italic", 9)
     sheet.text(RIGHT, 806, "31", size=9, align="right")
     heads = ["Year"] + ["Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"]
     rows = [[str(2018 + r)] + [str(100 + (r * 37 + m * 53) % 800) for m in range(12)] for r in range(8)]
-    sheet.turned(110, 770, 270, lambda: sheet.text(0, 0, "Crossings by month", "Sans-Bold", 12))
-    sheet.turned(120, 770, 270, lambda: sheet.table(0, 10, [heads] + rows, [60] + [50] * 12, NUMBERS, BOLD_HEAD,
+    sheet.rotated(110, 770, 270, lambda: sheet.text(0, 0, "Crossings by month", "Sans-Bold", 12))
+    sheet.rotated(120, 770, 270, lambda: sheet.table(0, 10, [heads] + rows, [60] + [50] * 12, NUMBERS, BOLD_HEAD,
                                                    ("GRID", (0, 0), (-1, -1), 0.5, black)))
 
 

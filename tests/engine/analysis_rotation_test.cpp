@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "html_pages.h"
-#include "model_pages.h"
 #include "office/office_fixture.h"
+#include "page_maker.h"
 
 #include "document/page_transform.h"
 #include "document/rotation.h"
@@ -19,7 +19,7 @@ using namespace quorra;
 using namespace quorra::model;
 
 /// Pages whose text runs down, up or upside down: everything counts on the page as shown (see document.h).
-class ModelTurnedTest : public QObject
+class AnalysisRotationTest : public QObject
 {
     Q_OBJECT
 
@@ -79,8 +79,8 @@ RawPage randomTable(unsigned seed)
     return page.raw();
 }
 
-// The page as a viewer shows it when it is turned clockwise.
-RawPage turned(RawPage page, int rotation)
+// The page as a viewer shows it when it is rotated clockwise.
+RawPage rotated(RawPage page, int rotation)
 {
     return turnedUpright(std::move(page), (360 - rotation) % 360);
 }
@@ -123,7 +123,7 @@ Document scaled(Document document, double scaleX, double scaleY)
 
 } // namespace
 
-void ModelTurnedTest::turns()
+void AnalysisRotationTest::turns()
 {
     QTest::addColumn<int>("rotation");
     QTest::addColumn<unsigned>("seed");
@@ -134,11 +134,11 @@ void ModelTurnedTest::turns()
     }
 }
 
-void ModelTurnedTest::cellsLieInTheirTables()
+void AnalysisRotationTest::cellsLieInTheirTables()
 {
     QFETCH(int, rotation);
     QFETCH(unsigned, seed);
-    const Document document = buildDocument({turned(randomTable(seed), rotation)});
+    const Document document = buildDocument({rotated(randomTable(seed), rotation)});
     const Table *table = firstTable(document);
     QVERIFY(table);
     QCOMPARE(table->rotation, rotation);
@@ -153,11 +153,11 @@ void ModelTurnedTest::cellsLieInTheirTables()
     }
 }
 
-void ModelTurnedTest::edgesLieOnTheirTable()
+void AnalysisRotationTest::edgesLieOnTheirTable()
 {
     QFETCH(int, rotation);
     QFETCH(unsigned, seed);
-    const Document document = buildDocument({turned(randomTable(seed), rotation)});
+    const Document document = buildDocument({rotated(randomTable(seed), rotation)});
     const Table *table = firstTable(document);
     QVERIFY(table);
     const Page &page = document.pages.front();
@@ -168,11 +168,11 @@ void ModelTurnedTest::edgesLieOnTheirTable()
     QCOMPARE(table->rowEdges, firstTable(upright)->rowEdges);
 }
 
-void ModelTurnedTest::scalingMovesEdgesWithTheirTable()
+void AnalysisRotationTest::scalingMovesEdgesWithTheirTable()
 {
     QFETCH(int, rotation);
     QFETCH(unsigned, seed);
-    const Document document = scaled(buildDocument({turned(randomTable(seed), rotation)}), 2, 0.5);
+    const Document document = scaled(buildDocument({rotated(randomTable(seed), rotation)}), 2, 0.5);
     const Table *table = firstTable(document);
     QVERIFY(table);
     const Page &page = document.pages.front();
@@ -188,7 +188,7 @@ void ModelTurnedTest::scalingMovesEdgesWithTheirTable()
     }
 }
 
-void ModelTurnedTest::scalingKeepsIndentsAlongTheText()
+void AnalysisRotationTest::scalingKeepsIndentsAlongTheText()
 {
     QFETCH(int, rotation);
     Page page;
@@ -209,13 +209,13 @@ void ModelTurnedTest::scalingKeepsIndentsAlongTheText()
     QCOMPARE(moved.lineDistance, along ? 60.0 : 40.0);
 }
 
-void ModelTurnedTest::xmlNestsItsBoxes()
+void AnalysisRotationTest::xmlNestsItsBoxes()
 {
     QFETCH(int, rotation);
     QFETCH(unsigned, seed);
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    writeXml(buffer, scaled(buildDocument({turned(randomTable(seed), rotation)}), 1.5, 0.75));
+    writeXml(buffer, scaled(buildDocument({rotated(randomTable(seed), rotation)}), 1.5, 0.75));
     QXmlStreamReader reader(buffer.data());
     std::vector<Box> open;
     int cells = 0;
@@ -248,21 +248,21 @@ void ModelTurnedTest::xmlNestsItsBoxes()
     QVERIFY(words >= cells);
 }
 
-void ModelTurnedTest::htmlAlignsCellsAsUpright()
+void AnalysisRotationTest::htmlAlignsCellsAsUpright()
 {
     QFETCH(int, rotation);
     QFETCH(unsigned, seed);
     const QStringList upright = cellStyles(html(buildDocument({randomTable(seed)})));
     QVERIFY(!upright.isEmpty());
-    QCOMPARE(cellStyles(html(buildDocument({turned(randomTable(seed), rotation)}))), upright);
+    QCOMPARE(cellStyles(html(buildDocument({rotated(randomTable(seed), rotation)}))), upright);
 }
 
-void ModelTurnedTest::wordIndentsCellsAsUpright()
+void AnalysisRotationTest::wordIndentsCellsAsUpright()
 {
     QFETCH(int, rotation);
     QFETCH(unsigned, seed);
     const Document upright = buildDocument({randomTable(seed)});
-    const Document other = buildDocument({turned(randomTable(seed), rotation)});
+    const Document other = buildDocument({rotated(randomTable(seed), rotation)});
     const Table wanted = *firstTable(upright);
     const Table found = uprightTable(*firstTable(other));
     QCOMPARE(found.rotation, 0);
@@ -277,7 +277,7 @@ void ModelTurnedTest::wordIndentsCellsAsUpright()
             QVERIFY(std::abs(a[k].paragraph.spaceBefore - b[k].paragraph.spaceBefore) < tolerance);
         }
     }
-    // The writer is given the table as it is turned: the same styles in the same order, whatever their numbers.
+    // The writer is given the rotated table: the same styles in the same order, whatever their numbers.
     const auto word = [](const Document &document) {
         fixture::Pictures pictures;
         const QString odf = fixture::odf(
@@ -292,11 +292,11 @@ void ModelTurnedTest::wordIndentsCellsAsUpright()
         word(upright).count(QLatin1String("<table:table-cell ")));
 }
 
-void ModelTurnedTest::slidesDrawTheGridAroundItsTable()
+void AnalysisRotationTest::slidesDrawTheGridAroundItsTable()
 {
     QFETCH(int, rotation);
     QFETCH(unsigned, seed);
-    const Document document = buildDocument({turned(randomTable(seed), rotation)});
+    const Document document = buildDocument({rotated(randomTable(seed), rotation)});
     const Page &page = document.pages.front();
     Table table = *firstTable(document);
     Box grid;
@@ -307,7 +307,7 @@ void ModelTurnedTest::slidesDrawTheGridAroundItsTable()
     QCOMPARE(nearly(grid), nearly(table.box));
 }
 
-void ModelTurnedTest::turnsThereAndBack()
+void AnalysisRotationTest::turnsThereAndBack()
 {
     for (int quarters = 0; quarters < 4; ++quarters) {
         const Turn turn{quarters, 600, 800};
@@ -317,5 +317,5 @@ void ModelTurnedTest::turnsThereAndBack()
     }
 }
 
-QTEST_APPLESS_MAIN(ModelTurnedTest)
-#include "model_turned_test.moc"
+QTEST_APPLESS_MAIN(AnalysisRotationTest)
+#include "analysis_rotation_test.moc"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "model_pages.h"
+#include "page_maker.h"
 
 #include "analysis/paragraphs/list_mark.h"
 #include "analysis/text_lines/text_lines.h"
@@ -35,7 +35,7 @@ int headingLevel(const Document &document, const QString &text)
 
 } // namespace
 
-class ModelTextTest : public QObject
+class AnalysisParagraphsTest : public QObject
 {
     Q_OBJECT
 
@@ -201,7 +201,7 @@ private Q_SLOTS:
         QVERIFY(document.pages.front().sections.front().blocks.front().paragraph()->rightToLeft);
     }
 
-    void turnsWords_data()
+    void putsWordsUpright_data()
     {
         QTest::addColumn<QString>("drawn");
         QTest::addColumn<QString>("read");
@@ -212,14 +212,14 @@ private Q_SLOTS:
         QTest::newRow("arabic forms") << QString::fromUtf8("\ufee2\ufee0\ufed7") << QString::fromUtf8("قلم");
     }
 
-    void turnsWords()
+    void putsWordsUpright()
     {
         QFETCH(QString, drawn);
         QFETCH(QString, read);
         QCOMPARE(plainLetters(logicalWord(drawn)), read);
     }
 
-    void turnsRotatedPages_data()
+    void putsRotatedPagesUpright_data()
     {
         QTest::addColumn<int>("rotation");
         QTest::newRow("down") << 90;
@@ -227,7 +227,7 @@ private Q_SLOTS:
         QTest::newRow("up") << 270;
     }
 
-    void turnsRotatedPages()
+    void putsRotatedPagesUpright()
     {
         QFETCH(int, rotation);
         PageMaker upright;
@@ -235,7 +235,7 @@ private Q_SLOTS:
         RawPage page;
         page.width = rotation == 180 ? 600 : 800;
         page.height = rotation == 180 ? 800 : 600;
-        for (RawWord word : upright.raw().words) { // as a viewer shows the text turned clockwise
+        for (RawWord word : upright.raw().words) { // as a viewer shows the text rotated clockwise
             const Box b = word.box;
             if (rotation == 90) {
                 word.box = {800 - b.bottom, b.left, 800 - b.top, b.right};
@@ -284,8 +284,8 @@ private Q_SLOTS:
                              << "CMBX10" << true << false;
         QTest::newRow("oblique") << "DejaVuSans-Oblique"
                                  << "DejaVu Sans" << false << true;
-        QTest::newRow("humps that are no blanks") << "ABCDEF+TeXGyreHeros-Bold"
-                                                  << "TeX Gyre Heros" << true << false;
+        QTest::newRow("capitals inside a word") << "ABCDEF+TeXGyreHeros-Bold"
+                                                << "TeX Gyre Heros" << true << false;
         QTest::newRow("medium is not bold") << "Roboto-Medium"
                                             << "Roboto" << false << false;
         QTest::newRow("none") << ""
@@ -344,5 +344,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(ModelTextTest)
-#include "model_text_test.moc"
+QTEST_APPLESS_MAIN(AnalysisParagraphsTest)
+#include "analysis_paragraphs_test.moc"

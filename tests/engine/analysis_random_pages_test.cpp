@@ -16,7 +16,7 @@
 using namespace quorra;
 
 /// The whole analysis and every writer on pages that are made by chance; the same ones in every run.
-class ModelRandomTest : public QObject
+class AnalysisRandomPagesTest : public QObject
 {
     Q_OBJECT
 
@@ -47,8 +47,8 @@ std::vector<std::uint8_t> randomBytes(int seed, std::size_t size)
 // Sorted: a multiset that is shown well when two differ.
 QStringList wordsOf(const QString &text)
 {
-    static const QRegularExpression blanks(QStringLiteral("\\s+"));
-    QStringList words = text.split(blanks, Qt::SkipEmptyParts);
+    static const QRegularExpression spaces(QStringLiteral("\\s+"));
+    QStringList words = text.split(spaces, Qt::SkipEmptyParts);
     words.sort();
     return words;
 }
@@ -114,7 +114,7 @@ model::RawPage crowdedPage(const QString &kind, int count)
 
 } // namespace
 
-void ModelRandomTest::seeds(int count)
+void AnalysisRandomPagesTest::seeds(int count)
 {
     QTest::addColumn<int>("seed");
     for (int seed = 0; seed < count; ++seed) {
@@ -122,12 +122,12 @@ void ModelRandomTest::seeds(int count)
     }
 }
 
-void ModelRandomTest::everyWriterTakesAnyPage_data()
+void AnalysisRandomPagesTest::everyWriterTakesAnyPage_data()
 {
     seeds(100);
 }
 
-void ModelRandomTest::everyWriterTakesAnyPage()
+void AnalysisRandomPagesTest::everyWriterTakesAnyPage()
 {
     QFETCH(int, seed);
     const std::vector<std::uint8_t> bytes = randomBytes(seed, 40 + 10 * static_cast<std::size_t>(seed % 30));
@@ -138,7 +138,7 @@ void ModelRandomTest::everyWriterTakesAnyPage()
     }
 }
 
-void ModelRandomTest::saneWordsAllComeToTheText()
+void AnalysisRandomPagesTest::saneWordsAllComeToTheText()
 {
     QFETCH(int, seed);
     const std::vector<std::uint8_t> bytes = randomBytes(seed, 40 + 10 * static_cast<std::size_t>(seed % 30));
@@ -158,7 +158,7 @@ void ModelRandomTest::saneWordsAllComeToTheText()
     QVERIFY2(found == wanted, qPrintable(difference(wanted, found)));
 }
 
-void ModelRandomTest::manyMarksTakeLittleTime_data()
+void AnalysisRandomPagesTest::manyMarksTakeLittleTime_data()
 {
     QTest::addColumn<QString>("kind");
     for (const char *kind :
@@ -169,7 +169,7 @@ void ModelRandomTest::manyMarksTakeLittleTime_data()
 }
 
 // Processor time, since the machine may be busy. Drawn maps hold this many marks on one page.
-void ModelRandomTest::manyMarksTakeLittleTime()
+void AnalysisRandomPagesTest::manyMarksTakeLittleTime()
 {
     constexpr int count = 20000;
     constexpr double mostSeconds = 10 * sanitizerFactor;
@@ -184,5 +184,5 @@ void ModelRandomTest::manyMarksTakeLittleTime()
         all <= mostSeconds, qPrintable(QStringLiteral("%1 s, %2 s of it for the analysis").arg(all).arg(analysed)));
 }
 
-QTEST_APPLESS_MAIN(ModelRandomTest)
-#include "model_random_test.moc"
+QTEST_APPLESS_MAIN(AnalysisRandomPagesTest)
+#include "analysis_random_pages_test.moc"
