@@ -84,26 +84,24 @@ void writeListing(QXmlStreamWriter &xml, const Lines &lines, TextGround ground)
 
 void writeSpan(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextGround &ground)
 {
-    startElement(xml, QStringLiteral("span"));
+    const XmlElement element(xml, QStringLiteral("span"));
     xml.writeCharacters(QString()); // an empty one must not become a self-closing element
     writeInline(xml, runs, ground);
-    xml.writeEndElement();
 }
 
 void writeLeaders(QXmlStreamWriter &xml, const std::vector<LeaderLine> &lines, const TextGround &ground)
 {
     for (const LeaderLine &line : lines) {
-        startElement(xml, QStringLiteral("span"), "entry");
+        const XmlElement entry = startBlock(xml, QStringLiteral("span"), "entry");
         writeSpan(xml, line.entry, ground);
-        startElement(xml, QStringLiteral("span"), line.dots.isEmpty() ? "gap" : "dots"); // nothing to be read aloud
-        xml.writeAttribute(QStringLiteral("aria-hidden"), QStringLiteral("true"));
-        xml.writeCharacters(line.dots.isEmpty() ? QStringLiteral(" ") : xmlText(line.dots));
-        xml.writeEndElement();
+        {
+            const XmlElement gap = startElement(xml, QStringLiteral("span"), line.dots.isEmpty() ? "gap" : "dots");
+            xml.writeAttribute(QStringLiteral("aria-hidden"), QStringLiteral("true")); // nothing to be read aloud
+            xml.writeCharacters(line.dots.isEmpty() ? QStringLiteral(" ") : xmlText(line.dots));
+        }
         if (!line.page.empty()) {
             writeSpan(xml, line.page, ground);
         }
-        xml.writeEndElement();
-        xml.writeCharacters(QStringLiteral("\n"));
     }
 }
 
@@ -131,7 +129,7 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
         place.alignment = model::Alignment::Left;
         place.firstLineIndent = 0;
     }
-    startElement(
+    const XmlElement element = startBlock(
         xml, listing.empty() ? tagOf(paragraph) : QStringLiteral("pre"),
         paragraph.role == Role::Caption ? "caption" : nullptr);
     writeStyle(
@@ -147,7 +145,6 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
     } else {
         writeInline(xml, model::runsOf(paragraph), text);
     }
-    endBlock(xml);
 }
 
 void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const ParagraphGround &ground)
@@ -157,9 +154,10 @@ void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const Parag
     writeDirection(xml, item.rightToLeft);
     xml.writeCharacters(QString());
     if (item.listItem->ordered) { // the mark as it stands: a list that goes on after other text keeps its number
-        startElement(xml, QStringLiteral("span"), "mark");
-        xml.writeCharacters(xmlText(item.listItem->mark));
-        xml.writeEndElement();
+        {
+            const XmlElement mark = startElement(xml, QStringLiteral("span"), "mark");
+            xml.writeCharacters(xmlText(item.listItem->mark));
+        }
         xml.writeCharacters(QStringLiteral(" "));
     }
     writeInline(xml, model::runsOf(item), text);
@@ -171,7 +169,7 @@ void writeHtmlRunningHead(QXmlStreamWriter &xml, const Page &page, const Paragra
     const TextGround text = textGround(head, ground);
     const bool turned = head.rotation != 0;
     const bool spread = parts.size() > 1 && !turned;
-    startElement(
+    const XmlElement element = startBlock(
         xml, head.box.centreY() < page.height / 2 ? QStringLiteral("header") : QStringLiteral("footer"),
         spread ? "parts" : nullptr);
     writeStyle(
@@ -187,7 +185,6 @@ void writeHtmlRunningHead(QXmlStreamWriter &xml, const Page &page, const Paragra
         xml.writeCharacters(i > 0 ? QStringLiteral("\n") : QString());
         writeSpan(xml, parts[i], text);
     }
-    endBlock(xml);
 }
 
 } // namespace quorra

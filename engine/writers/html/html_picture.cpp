@@ -66,7 +66,7 @@ QString percent(double part, double whole)
 
 void writeLabel(QXmlStreamWriter &xml, const Label &label, const Box &box)
 {
-    startElement(xml, QStringLiteral("span"), "label");
+    const XmlElement element = startElement(xml, QStringLiteral("span"), "label");
     xml.writeAttribute(
         QStringLiteral("style"),
         QStringLiteral("left:%1;top:%2;font-size:%3pt")
@@ -74,7 +74,6 @@ void writeLabel(QXmlStreamWriter &xml, const Label &label, const Box &box)
                 percent(label.left - box.left, box.width()), percent(label.top - box.top, box.height()),
                 QString::number(std::round(label.size * 10) / 10)));
     xml.writeCharacters(xmlText(label.text));
-    xml.writeEndElement();
 }
 
 } // namespace
@@ -83,7 +82,7 @@ void writeHtmlPicture(
     QXmlStreamWriter &xml, const model::EncodedPicture &encoded, const Box &box, const model::Paragraph *labels,
     const QString &alt, bool centred)
 {
-    startElement(xml, QStringLiteral("div"), centred ? "picture middle" : "picture");
+    const XmlElement element = startBlock(xml, QStringLiteral("div"), centred ? "picture middle" : "picture");
     xml.writeEmptyElement(QStringLiteral("img"));
     xml.writeAttribute(QStringLiteral("alt"), alt);
     constexpr double pixelsInPoint = 96.0 / 72;
@@ -97,7 +96,6 @@ void writeHtmlPicture(
         xml.writeCharacters(QStringLiteral("\n"));
         writeLabel(xml, label, box);
     }
-    endBlock(xml);
 }
 
 } // namespace quorra

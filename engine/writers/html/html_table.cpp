@@ -9,6 +9,7 @@
 #include <QXmlStreamWriter>
 
 #include <algorithm>
+#include <optional>
 
 namespace quorra {
 
@@ -33,9 +34,9 @@ void writeCellText(QXmlStreamWriter &xml, const Cell &cell, bool cellRightToLeft
             xml.writeEmptyElement(QStringLiteral("br"));
         }
         first = false;
-        const bool turned = paragraph.rightToLeft != cellRightToLeft;
-        if (turned) {
-            startElement(xml, QStringLiteral("span"));
+        std::optional<XmlElement> turned;
+        if (paragraph.rightToLeft != cellRightToLeft) {
+            turned.emplace(xml, QStringLiteral("span"));
             xml.writeAttribute(
                 QStringLiteral("dir"), paragraph.rightToLeft ? QStringLiteral("rtl") : QStringLiteral("ltr"));
         }
@@ -43,15 +44,12 @@ void writeCellText(QXmlStreamWriter &xml, const Cell &cell, bool cellRightToLeft
             xml.writeCharacters(xmlText(paragraph.listItem->mark) + QLatin1Char(' '));
         }
         writeInline(xml, model::runsOf(paragraph), ground);
-        if (turned) {
-            xml.writeEndElement();
-        }
     }
 }
 
 void writeCell(QXmlStreamWriter &xml, const Cell &cell, bool header, const Style &around)
 {
-    startElement(xml, header ? QStringLiteral("th") : QStringLiteral("td"));
+    const XmlElement element(xml, header ? QStringLiteral("th") : QStringLiteral("td"));
     writeSpan(xml, "rowspan", cell.rowSpan);
     writeSpan(xml, "colspan", cell.columnSpan);
     std::vector<model::Run> all;
@@ -66,7 +64,6 @@ void writeCell(QXmlStreamWriter &xml, const Cell &cell, bool header, const Style
     writeDirection(xml, rightToLeft);
     xml.writeCharacters(QString()); // an empty cell must not become a self-closing element
     writeCellText(xml, cell, rightToLeft, {look, false, false, false});
-    xml.writeEndElement();
 }
 
 } // namespace
@@ -77,17 +74,19 @@ void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Styl
         writeHtmlTable(xml, model::uprightTable(table), around, centred);
         return;
     }
-    startElement(xml, QStringLiteral("div"), "wide");
-    startElement(xml, QStringLiteral("table"), centred ? "middle" : nullptr);
+    const XmlElement container = startBlock(xml, QStringLiteral("div"), "wide");
+    const XmlElement element = startElement(xml, QStringLiteral("table"), centred ? "middle" : nullptr);
     const Style look = mainLook(table, around);
     const QString style = runStyle(look, around, false);
     writeStyle(xml, style);
     int row = -1;
+    std::optional<XmlElement> line;
     const auto openRow = [&] {
-        if (row >= 0) {
-            endBlock(xml);
+        if (line) {
+            line.reset();
+            xml.writeCharacters(QStringLiteral("\n"));
         }
-        startElement(xml, QStringLiteral("tr"));
+        line.emplace(xml, QStringLiteral("tr"));
         xml.writeCharacters(QString());
         ++row;
     };
@@ -100,11 +99,6 @@ void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Styl
     while (row + 1 < table.rows() && row >= 0) { // rows that cells from above fill
         openRow();
     }
-    if (row >= 0) {
-        xml.writeEndElement();
-    }
-    xml.writeEndElement();
-    endBlock(xml);
 }
 
 } // namespace quorra

@@ -6,6 +6,7 @@
 
 #include <QXmlStreamWriter>
 
+#include <optional>
 #include <utility>
 
 namespace quorra {
@@ -25,6 +26,15 @@ QString takeBlanks(QString &text)
     QString blanks = text.mid(end);
     text.truncate(end);
     return blanks;
+}
+
+XmlElement openElement(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass, const QString &after)
+{
+    XmlElement element(xml, tag, after);
+    if (htmlClass) {
+        xml.writeAttribute(QStringLiteral("class"), QLatin1String(htmlClass));
+    }
+    return element;
 }
 
 class InlineWriter
@@ -59,26 +69,19 @@ private:
     {
         m_link = link;
         if (!link.isEmpty()) {
-            startElement(m_xml, QStringLiteral("a"));
+            m_linkElement.emplace(startElement(m_xml, QStringLiteral("a")));
             m_xml.writeAttribute(QStringLiteral("href"), xmlText(linkAddress(link)));
         }
     }
 
     void closeLink()
     {
-        if (!m_link.isEmpty()) {
-            m_xml.writeEndElement();
-            m_link.clear();
-        }
+        m_linkElement.reset();
+        m_link.clear();
     }
 
     void writeRun(const Run &run, const QString &text)
     {
-        int open = 0;
-        const auto element = [&](const QString &tag) {
-            startElement(m_xml, tag);
-            ++open;
-        };
         model::Style style = run.style;
         if (m_ground.lostBackground && isFaint(style.colour)) {
             style.colour = black;
@@ -87,27 +90,28 @@ private:
         if (!run.link.isEmpty()) { // a link takes no colour from around it
             around.colour = black;
         }
+        std::optional<XmlElement> outer;
         if (run.shift != BaselineShift::None) { // the element makes it small
-            element(run.shift == BaselineShift::Superscript ? QStringLiteral("sup") : QStringLiteral("sub"));
+            outer.emplace(
+                m_xml, run.shift == BaselineShift::Superscript ? QStringLiteral("sup") : QStringLiteral("sub"));
             style.size = m_ground.look.size;
         }
         const QString declarations = runStyle(style, around, m_ground.heading);
         if (!declarations.isEmpty()) {
-            if (open == 0) {
-                element(QStringLiteral("span"));
+            if (!outer) {
+                outer.emplace(m_xml, QStringLiteral("span"));
             }
             m_xml.writeAttribute(QStringLiteral("style"), declarations);
         }
+        std::optional<XmlElement> bold;
         if (style.bold && !(m_ground.heading && m_ground.look.bold)) {
-            element(QStringLiteral("b"));
+            bold.emplace(m_xml, QStringLiteral("b"));
         }
+        std::optional<XmlElement> italic;
         if (style.italic) {
-            element(QStringLiteral("i"));
+            italic.emplace(m_xml, QStringLiteral("i"));
         }
         writeText(text);
-        for (; open > 0; --open) {
-            m_xml.writeEndElement();
-        }
     }
 
     void writeText(const QString &text)
@@ -128,28 +132,25 @@ private:
     QXmlStreamWriter &m_xml;
     const TextGround &m_ground;
     QString m_link;
+    std::optional<XmlElement> m_linkElement;
     QString m_blanks;
 };
 
 } // namespace
 
-void startElement(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass)
+XmlElement startElement(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass)
 {
-    xml.writeStartElement(tag);
-    if (htmlClass) {
-        xml.writeAttribute(QStringLiteral("class"), QLatin1String(htmlClass));
-    }
+    return openElement(xml, tag, htmlClass, {});
+}
+
+XmlElement startBlock(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass)
+{
+    return openElement(xml, tag, htmlClass, QStringLiteral("\n"));
 }
 
 void writeInline(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextGround &ground)
 {
     InlineWriter(xml, ground).write(runs);
-}
-
-void endBlock(QXmlStreamWriter &xml)
-{
-    xml.writeEndElement();
-    xml.writeCharacters(QStringLiteral("\n"));
 }
 
 void writeStyle(QXmlStreamWriter &xml, const QString &style)

@@ -1,18 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/xml_element.h"
 #include "document/text.h"
 
 #include <QString>
 
 #include <vector>
 
-class QXmlStreamWriter;
-
 namespace quorra {
 
 /// Starts an element; the class may be null.
-void startElement(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass = nullptr);
+[[nodiscard]] XmlElement startElement(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass = nullptr);
+
+/// Starts an element whose end also ends its line of the file, so that programs that know no blocks do not join the
+/// words of two.
+[[nodiscard]] XmlElement startBlock(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass = nullptr);
 
 /// What text is written against: its surroundings' look, and how it is broken.
 struct TextGround
@@ -27,9 +30,6 @@ struct TextGround
 /// Writes runs as inline elements: one link around all runs that share it, bold, italic, raised and lowered text, the
 /// rest as styles. Blanks at a run's end stand outside its elements, blanks at the end are dropped.
 void writeInline(QXmlStreamWriter &xml, const std::vector<model::Run> &runs, const TextGround &ground);
-
-/// Ends a block and its line of the file, so that programs that know no blocks do not join the words of two.
-void endBlock(QXmlStreamWriter &xml);
 
 /// Writes the attribute unless there is nothing to say.
 void writeStyle(QXmlStreamWriter &xml, const QString &style);

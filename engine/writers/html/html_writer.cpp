@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <vector>
 
 namespace quorra {
 
@@ -76,27 +77,37 @@ public:
             m_xml.writeStartDocument();
         }
         m_xml.writeDTD(QStringLiteral("<!DOCTYPE html>"));
-        m_xml.writeStartElement(QStringLiteral("html"));
+        writeDocument(options);
+        m_xml.writeEndDocument();
+    }
+
+private:
+    // The elements of a list that is open, and of its last item.
+    struct OpenList
+    {
+        XmlElement list;
+        std::optional<XmlElement> item;
+    };
+
+    void writeDocument(const HtmlOptions &options)
+    {
+        const XmlElement html(m_xml, QStringLiteral("html"));
         m_xml.writeDefaultNamespace(QStringLiteral("http://www.w3.org/1999/xhtml"));
         const QString language = languageOf(m_document);
         if (!language.isEmpty()) {
             m_xml.writeAttribute(QStringLiteral("lang"), language);
         }
         writeHead(options);
-        m_xml.writeStartElement(QStringLiteral("body"));
+        const XmlElement body(m_xml, QStringLiteral("body"));
         m_xml.writeCharacters(QStringLiteral("\n"));
         for (const Page &page : m_document.pages) {
             writePage(page);
         }
-        m_xml.writeEndElement();
-        m_xml.writeEndElement();
-        m_xml.writeEndDocument();
     }
 
-private:
     void writeHead(const HtmlOptions &options)
     {
-        m_xml.writeStartElement(QStringLiteral("head"));
+        const XmlElement head(m_xml, QStringLiteral("head"));
         m_xml.writeEmptyElement(QStringLiteral("meta"));
         m_xml.writeAttribute(QStringLiteral("charset"), QStringLiteral("utf-8"));
         m_xml.writeEmptyElement(QStringLiteral("meta"));
@@ -105,12 +116,11 @@ private:
         m_xml.writeTextElement(
             QStringLiteral("title"), options.title.isEmpty() ? QStringLiteral("Document") : xmlText(options.title));
         m_xml.writeTextElement(QStringLiteral("style"), styleSheet(m_document, m_usual));
-        m_xml.writeEndElement();
     }
 
     void writePage(const Page &page)
     {
-        startElement(m_xml, QStringLiteral("section"), page.scanned ? "page scan" : "page");
+        const XmlElement element = startBlock(m_xml, QStringLiteral("section"), page.scanned ? "page scan" : "page");
         m_xml.writeAttribute(QStringLiteral("id"), QStringLiteral("page-%1").arg(page.number));
         m_xml.writeCharacters(QString()); // an empty page must not become a self-closing element
         writeHeads(page, true);
@@ -118,7 +128,6 @@ private:
             writeBlocks(page, section);
         }
         writeHeads(page, false);
-        endBlock(m_xml);
     }
 
     void writeHeads(const Page &page, bool top)
@@ -169,38 +178,36 @@ private:
             return;
         }
         closeLists(0);
-        if (m_background) {
-            m_xml.writeEndElement();
-        }
+        m_shaded.reset();
         if (background) {
-            startElement(m_xml, QStringLiteral("div"), "shaded");
+            m_shaded.emplace(startElement(m_xml, QStringLiteral("div"), "shaded"));
             writeStyle(m_xml, QStringLiteral("background:") + colourName(*background));
         }
         m_background = background;
     }
 
-    void closeLists(int wanted)
+    void closeLists(std::size_t wanted)
     {
-        for (; m_openLists > wanted; --m_openLists) {
-            m_xml.writeEndElement();
-            endBlock(m_xml);
+        while (m_openLists.size() > wanted) {
+            m_openLists.pop_back();
         }
     }
 
     // Leaves the item open for a list inside it.
     void writeListItem(const Page &page, const Paragraph &item)
     {
-        const int wanted = std::min(item.listItem->level + 1, m_openLists + 1);
+        const auto level = static_cast<std::size_t>(std::max(0, item.listItem->level));
+        const std::size_t wanted = std::min(level, m_openLists.size()) + 1;
         closeLists(wanted);
-        if (m_openLists == wanted) {
-            endBlock(m_xml);
+        if (m_openLists.size() == wanted) {
+            m_openLists.back().item.reset();
+            m_xml.writeCharacters(QStringLiteral("\n"));
         } else {
-            startElement(
-                m_xml, item.listItem->ordered ? QStringLiteral("ol") : QStringLiteral("ul"),
-                item.listItem->ordered ? "counted" : nullptr);
+            const bool ordered = item.listItem->ordered;
+            const QString tag = ordered ? QStringLiteral("ol") : QStringLiteral("ul");
+            m_openLists.push_back({startBlock(m_xml, tag, ordered ? "counted" : nullptr), {}});
         }
-        m_openLists = wanted;
-        startElement(m_xml, QStringLiteral("li"));
+        m_openLists.back().item.emplace(m_xml, QStringLiteral("li"));
         writeHtmlListText(m_xml, item, groundOf(page, item));
     }
 
@@ -226,7 +233,8 @@ private:
     model::PictureSource &m_pictures;
     Style m_usual;
     std::optional<Colour> m_background;
-    int m_openLists = 0;
+    std::optional<XmlElement> m_shaded;
+    std::vector<OpenList> m_openLists;
 };
 
 } // namespace

@@ -145,18 +145,13 @@ private:
         if (m_pending.isEmpty()) {
             return;
         }
+        std::optional<XmlElement> link;
         if (!m_link.isEmpty()) {
-            m_sink.xml.writeStartElement("text:a"_L1);
-            m_sink.xml.writeAttribute("xlink:type"_L1, "simple"_L1);
-            m_sink.xml.writeAttribute("xlink:href"_L1, m_link);
+            link.emplace(beginLink(m_sink.xml, m_link));
         }
-        m_sink.xml.writeStartElement("text:span"_L1);
+        const XmlElement span(m_sink.xml, "text:span"_L1);
         m_sink.xml.writeAttribute("text:style-name"_L1, m_look);
         writeText(m_sink.xml, m_pending);
-        m_sink.xml.writeEndElement();
-        if (!m_link.isEmpty()) {
-            m_sink.xml.writeEndElement();
-        }
         m_pending.clear();
     }
 
@@ -193,10 +188,9 @@ void writeLine(const Sink &sink, const model::Line &line, const LinePlace &place
            {"fo:line-height"_L1, pt(place.height)},
            {"fo:text-align"_L1, u"left"_s},
            {"style:writing-mode"_L1, rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}}}}};
-    sink.xml.writeStartElement("text:p"_L1);
+    const XmlElement element(sink.xml, "text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
     LineWriter(sink, line.box.left).write(line);
-    sink.xml.writeEndElement();
 }
 
 bool readsRightToLeft(const model::Line &line)
@@ -227,10 +221,8 @@ void writeTurned(const Sink &sink, const model::Line &line, FrameAnchor anchor)
     const double left = down ? line.baseline + riseOf(size) - height : line.baseline - riseOf(size);
     Box box{left, line.box.top, left + height, line.box.bottom};
     (down ? box.bottom : box.top) += down ? spareWidth : -spareWidth;
-    beginTextFrame(sink, box, anchor, false, down ? FrameDirection::Down : FrameDirection::Up);
+    const TextFrame frame = beginTextFrame(sink, box, anchor, false, down ? FrameDirection::Down : FrameDirection::Up);
     writeLine(sink, uprightLine(line, size), {0, height}, 0, false);
-    sink.xml.writeEndElement();
-    sink.xml.writeEndElement();
 }
 
 void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, FrameAnchor anchor)
@@ -256,14 +248,12 @@ void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, Fram
         height += place.above + place.height;
     }
     box.bottom = box.top + height;
-    beginTextFrame(sink, box, anchor, anchor == FrameAnchor::Page);
+    const TextFrame frame = beginTextFrame(sink, box, anchor, anchor == FrameAnchor::Page);
     const double least = anchor == FrameAnchor::Slide ? leastIndent : 0;
     for (std::size_t i = 0; i < group.size(); ++i) {
         const double indent = std::max(least, group[i].box.left - box.left);
         writeLine(sink, group[i], places[i], indent, readsRightToLeft(group[i]));
     }
-    sink.xml.writeEndElement();
-    sink.xml.writeEndElement();
 }
 
 } // namespace

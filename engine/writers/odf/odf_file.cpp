@@ -2,6 +2,7 @@
 #include "odf/odf_file.h"
 
 #include "base/failure.h"
+#include "base/xml_element.h"
 
 #include <array>
 #include <utility>
@@ -130,17 +131,39 @@ OdfFile::OdfFile(OdfKind kind, const QString &path) : m_kind(kind), m_path(path)
 
 void OdfFile::writeHead(QXmlStreamWriter &xml) const
 {
-    xml.writeStartElement("office:font-face-decls"_L1);
-    m_styles.writeFonts(xml);
-    xml.writeEndElement();
-    xml.writeStartElement("office:styles"_L1);
-    for (const Element &style : fixedStyles(m_kind)) {
-        writeElement(xml, style);
+    {
+        const XmlElement fonts(xml, "office:font-face-decls"_L1);
+        m_styles.writeFonts(xml);
     }
-    xml.writeEndElement();
-    xml.writeStartElement("office:automatic-styles"_L1);
+    {
+        const XmlElement styles(xml, "office:styles"_L1);
+        for (const Element &style : fixedStyles(m_kind)) {
+            writeElement(xml, style);
+        }
+    }
+    const XmlElement automatic(xml, "office:automatic-styles"_L1);
     m_styles.writeStyles(xml);
-    xml.writeEndElement();
+}
+
+void OdfFile::writeDocument(QXmlStreamWriter &xml, QFile &file)
+{
+    const XmlElement document(xml, "office:document"_L1);
+    for (const auto &[name, address] : namespaces) {
+        xml.writeAttribute(name, address);
+    }
+    xml.writeAttribute("office:version"_L1, u"1.3"_s);
+    xml.writeAttribute("office:mimetype"_L1, rowOf(m_kind).mimeType);
+    writeHead(xml);
+    // An empty text closes the start tag, after which the parts written earlier can be put in as they are.
+    {
+        const XmlElement masters(xml, "office:master-styles"_L1);
+        xml.writeCharacters(QString());
+        append(file, m_masterBuffer);
+    }
+    const XmlElement body(xml, "office:body"_L1);
+    const XmlElement content(xml, rowOf(m_kind).bodyElement);
+    xml.writeCharacters(QString());
+    append(file, m_bodyFile);
 }
 
 void OdfFile::finish()
@@ -154,22 +177,7 @@ void OdfFile::finish()
     }
     QXmlStreamWriter xml(&file);
     xml.writeStartDocument();
-    xml.writeStartElement("office:document"_L1);
-    for (const auto &[name, address] : namespaces) {
-        xml.writeAttribute(name, address);
-    }
-    xml.writeAttribute("office:version"_L1, u"1.3"_s);
-    xml.writeAttribute("office:mimetype"_L1, rowOf(m_kind).mimeType);
-    writeHead(xml);
-    // An empty text closes the start tag, after which the parts written earlier can be put in as they are.
-    xml.writeStartElement("office:master-styles"_L1);
-    xml.writeCharacters(QString());
-    append(file, m_masterBuffer);
-    xml.writeEndElement();
-    xml.writeStartElement("office:body"_L1);
-    xml.writeStartElement(rowOf(m_kind).bodyElement);
-    xml.writeCharacters(QString());
-    append(file, m_bodyFile);
+    writeDocument(xml, file);
     xml.writeEndDocument();
     m_bodyFile.remove();
     if (!file.flush() || m_body.hasError()) {

@@ -4,6 +4,7 @@
 #include "document/page_walk.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -54,7 +55,7 @@ void writePlace(QXmlStreamWriter &xml, const Box &box, FrameAnchor anchor)
 
 } // namespace
 
-void beginTextFrame(const Sink &sink, const Box &box, FrameAnchor anchor, bool grows, FrameDirection direction)
+TextFrame beginTextFrame(const Sink &sink, const Box &box, FrameAnchor anchor, bool grows, FrameDirection direction)
 {
     QXmlStreamWriter &xml = sink.xml;
     Attributes look = {
@@ -75,25 +76,27 @@ void beginTextFrame(const Sink &sink, const Box &box, FrameAnchor anchor, bool g
     } else if (direction == FrameDirection::Up) {
         look.emplace_back("loext:writing-mode"_L1, u"bt-lr"_s);
     }
-    xml.writeStartElement("draw:frame"_L1);
+    XmlElement frame(xml, "draw:frame"_L1);
     xml.writeAttribute("draw:style-name"_L1, frameStyle(sink, anchor, "Frame"_L1, look));
     writeAnchor(xml, anchor);
     writePlace(xml, box, anchor);
     if (!grows) {
         xml.writeAttribute("svg:height"_L1, pt(box.height()));
     }
-    xml.writeStartElement("draw:text-box"_L1);
+    XmlElement textBox(xml, "draw:text-box"_L1);
     if (grows) {
         xml.writeAttribute("fo:min-height"_L1, pt(box.height()));
     }
+    return {std::move(frame), std::move(textBox)};
 }
 
-void beginTableFrame(const Sink &sink, const Box &box)
+XmlElement beginTableFrame(const Sink &sink, const Box &box)
 {
-    sink.xml.writeStartElement("draw:frame"_L1);
+    XmlElement frame(sink.xml, "draw:frame"_L1);
     sink.xml.writeAttribute("draw:style-name"_L1, frameStyle(sink, FrameAnchor::Slide, {}, {}));
     writePlace(sink.xml, box, FrameAnchor::Slide);
     sink.xml.writeAttribute("svg:height"_L1, pt(box.height()));
+    return frame;
 }
 
 void writePicture(const Sink &sink, const model::EncodedPicture &picture, const Box &box, FrameAnchor anchor)
@@ -102,15 +105,13 @@ void writePicture(const Sink &sink, const model::EncodedPicture &picture, const 
         return;
     }
     QXmlStreamWriter &xml = sink.xml;
-    xml.writeStartElement("draw:frame"_L1);
+    const XmlElement frame(xml, "draw:frame"_L1);
     xml.writeAttribute("draw:style-name"_L1, frameStyle(sink, anchor, "Graphics"_L1, {}));
     writeAnchor(xml, anchor);
     writePlace(xml, box, anchor);
     xml.writeAttribute("svg:height"_L1, pt(box.height()));
-    xml.writeStartElement("draw:image"_L1);
+    const XmlElement image(xml, "draw:image"_L1);
     xml.writeTextElement("office:binary-data"_L1, QLatin1String(picture.bytes.toBase64()));
-    xml.writeEndElement();
-    xml.writeEndElement();
 }
 
 void writePictures(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor)

@@ -4,6 +4,7 @@
 #include "odf/line_layout.h"
 
 #include <algorithm>
+#include <stack>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -18,6 +19,7 @@ constexpr double raggedReserve = 12;
 constexpr double emptySize = 1;       // points: the type of a paragraph without text
 constexpr double emptyHeight = 1.2;   // points: the height of its line
 constexpr double thinnestLine = 0.25; // thinner ones vanish in word processors
+constexpr int deepestLevel = 9;       // of lists: word processors have no more
 
 QString parentStyle(const model::Paragraph &paragraph)
 {
@@ -128,9 +130,43 @@ void writeBookmark(QXmlStreamWriter &xml, const QString &name)
     }
 }
 
+// The level of a list item as ODF counts: from 1 to 9.
+int listLevel(const model::Paragraph &paragraph)
+{
+    return std::clamp(paragraph.listItem->level, 0, deepestLevel - 1) + 1;
+}
+
+// The lists and items around a paragraph at this level, the outermost list with a style; none at level 0.
+class ListPosition
+{
+public:
+    ListPosition(QXmlStreamWriter &xml, const QString &style, int level)
+    {
+        for (int i = 0; i < level; ++i) {
+            m_open.emplace(xml, "text:list"_L1);
+            if (i == 0) {
+                xml.writeAttribute("text:style-name"_L1, style);
+            }
+            m_open.emplace(xml, "text:list-item"_L1);
+        }
+    }
+
+    ~ListPosition()
+    {
+        while (!m_open.empty()) {
+            m_open.pop();
+        }
+    }
+
+    Q_DISABLE_COPY_MOVE(ListPosition)
+
+private:
+    std::stack<XmlElement> m_open;
+};
+
 QString listStyle(const Sink &sink, const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
-    const QString level = QString::number(std::clamp(paragraph.listItem->level, 0, 8) + 1);
+    const QString level = QString::number(listLevel(paragraph));
     return sink.styles.name(
         {"text:list-style"_L1,
          {},
@@ -236,39 +272,28 @@ void writeParagraph(const Sink &sink, const model::Paragraph &whole, const Parag
     sink.styles.noteFont(look);
     const int heading = place.withHeadings ? paragraph.headingLevel : 0;
     const bool inList = place.withLists && heading == 0 && isBullet(paragraph);
-    const int listDepth = inList ? std::clamp(paragraph.listItem->level, 0, 8) + 1 : 0;
-    for (int depth = 0; depth < listDepth; ++depth) {
-        xml.writeStartElement("text:list"_L1);
-        if (depth == 0) {
-            xml.writeAttribute("text:style-name"_L1, listStyle(sink, paragraph, place));
-        }
-        xml.writeStartElement("text:list-item"_L1);
-    }
-    xml.writeStartElement(heading > 0 ? "text:h"_L1 : "text:p"_L1);
+    const QString list = inList ? listStyle(sink, paragraph, place) : QString();
+    const ListPosition position(xml, list, inList ? listLevel(paragraph) : 0);
+    const XmlElement element(xml, heading > 0 ? "text:h"_L1 : "text:p"_L1);
     xml.writeAttribute("text:style-name"_L1, sink.styles.name(paragraphStyle(paragraph, place, look)));
     if (heading > 0) {
         xml.writeAttribute("text:outline-level"_L1, QString::number(heading));
     }
     writeInside(sink, paragraph, place, look);
-    xml.writeEndElement();
-    for (int depth = 0; depth < listDepth; ++depth) {
-        xml.writeEndElement();
-        xml.writeEndElement();
-    }
 }
 
-void beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place)
+XmlElement beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place)
 {
     const model::Paragraph empty;
-    sink.xml.writeStartElement("text:p"_L1);
+    XmlElement element(sink.xml, "text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(emptyParagraphStyle(empty, place)));
     writeBookmark(sink.xml, place.bookmark);
+    return element;
 }
 
 void writeAnchorParagraph(const Sink &sink, const ParagraphPlace &place)
 {
-    beginAnchorParagraph(sink, place);
-    sink.xml.writeEndElement();
+    const XmlElement paragraph = beginAnchorParagraph(sink, place);
 }
 
 } // namespace quorra::office

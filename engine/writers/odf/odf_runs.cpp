@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -88,6 +89,14 @@ QString linkTarget(const QString &link)
     return safe ? xmlText(link) : QString();
 }
 
+XmlElement beginLink(QXmlStreamWriter &xml, const QString &target)
+{
+    XmlElement link(xml, "text:a"_L1);
+    xml.writeAttribute("xlink:type"_L1, "simple"_L1);
+    xml.writeAttribute("xlink:href"_L1, target);
+    return link;
+}
+
 void writeText(QXmlStreamWriter &xml, const QString &text)
 {
     QString pending;
@@ -121,22 +130,16 @@ void writeRuns(
             look.size = paragraphStyle.size; // made small by being raised
         }
         const bool needsSpan = shifted || !(look == paragraphStyle);
+        std::optional<XmlElement> link;
         if (!target.isEmpty()) {
-            xml.writeStartElement("text:a"_L1);
-            xml.writeAttribute("xlink:type"_L1, "simple"_L1);
-            xml.writeAttribute("xlink:href"_L1, target);
+            link.emplace(beginLink(xml, target));
         }
+        std::optional<XmlElement> span;
         if (needsSpan) {
-            xml.writeStartElement("text:span"_L1);
+            span.emplace(xml, "text:span"_L1);
             xml.writeAttribute("text:style-name"_L1, spanStyle(sink.styles, look, run.shift));
         }
         writeText(xml, run.text);
-        if (needsSpan) {
-            xml.writeEndElement();
-        }
-        if (!target.isEmpty()) {
-            xml.writeEndElement();
-        }
     }
 }
 

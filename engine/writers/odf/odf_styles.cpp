@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "odf/odf_styles.h"
 
+#include "base/xml_element.h"
 #include "odf/font_widths.h"
 
 #include <QRegularExpression>
@@ -13,7 +14,7 @@ namespace quorra::office {
 
 void writeElement(QXmlStreamWriter &xml, const Element &element)
 {
-    xml.writeStartElement(element.name);
+    const XmlElement open(xml, element.name);
     for (const auto &[name, value] : element.attributes) {
         xml.writeAttribute(name, value);
     }
@@ -23,7 +24,6 @@ void writeElement(QXmlStreamWriter &xml, const Element &element)
     if (!element.text.isEmpty()) {
         xml.writeCharacters(element.text);
     }
-    xml.writeEndElement();
 }
 
 QString pt(double points)

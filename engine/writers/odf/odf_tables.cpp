@@ -5,6 +5,7 @@
 #include "odf/cell_places.h"
 
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -52,7 +53,7 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
 void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &place)
 {
     QXmlStreamWriter &xml = sink.xml;
-    xml.writeStartElement("table:table-cell"_L1);
+    const XmlElement element(xml, "table:table-cell"_L1);
     xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell));
     writeSpans(xml, cell);
     ParagraphPlace inside;
@@ -65,7 +66,6 @@ void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &plac
     if (cell.paragraphs.empty()) {
         writeAnchorParagraph(sink, inside);
     }
-    xml.writeEndElement();
 }
 
 } // namespace
@@ -112,7 +112,7 @@ void writeTable(const Sink &sink, const model::Table &table, const TablePlace &p
         return;
     }
     QXmlStreamWriter &xml = sink.xml;
-    xml.writeStartElement("table:table"_L1);
+    const XmlElement element(xml, "table:table"_L1);
     xml.writeAttribute("table:style-name"_L1, tableStyle(sink, table, place));
     for (int column = 0; column < table.columns(); ++column) {
         const auto at = table.columnEdges.begin() + column;
@@ -120,12 +120,15 @@ void writeTable(const Sink &sink, const model::Table &table, const TablePlace &p
     }
     const std::vector<const model::Cell *> grid = cellGrid(table);
     const int headerRows = place.repeatsHead ? std::min(table.headerRows, table.rows() - 1) : 0;
+    std::optional<XmlElement> header;
     for (int row = 0; row < table.rows(); ++row) {
         if (row == 0 && headerRows > 0) {
-            xml.writeStartElement("table:table-header-rows"_L1);
+            header.emplace(xml, "table:table-header-rows"_L1);
+        } else if (row == headerRows) {
+            header.reset();
         }
         const auto at = table.rowEdges.begin() + row;
-        xml.writeStartElement("table:table-row"_L1);
+        const XmlElement line(xml, "table:table-row"_L1);
         xml.writeAttribute("table:style-name"_L1, rowStyle(sink, at[1] - at[0]));
         for (int column = 0; column < table.columns(); ++column) {
             if (const model::Cell *cell = *(grid.begin() + row * table.columns() + column)) {
@@ -134,12 +137,7 @@ void writeTable(const Sink &sink, const model::Table &table, const TablePlace &p
                 xml.writeEmptyElement("table:covered-table-cell"_L1);
             }
         }
-        xml.writeEndElement();
-        if (row + 1 == headerRows) {
-            xml.writeEndElement();
-        }
     }
-    xml.writeEndElement();
 }
 
 } // namespace quorra::office

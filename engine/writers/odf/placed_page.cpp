@@ -39,7 +39,7 @@ void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &
     });
     // Justified lines show the width that is meant; a wider frame would break them elsewhere.
     const Box room = justified ? block.box : roomyBox(page, block.box);
-    beginTextFrame(sink, room, anchor, anchor == FrameAnchor::Page);
+    const TextFrame frame = beginTextFrame(sink, room, anchor, anchor == FrameAnchor::Page);
     double bottom = block.box.top;
     for (const model::Paragraph *paragraph : block.paragraphs) {
         // Indents count from the frame here, not from the column.
@@ -57,17 +57,13 @@ void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &
         writeParagraph(sink, framed, place);
         bottom = paragraph->box.bottom;
     }
-    sink.xml.writeEndElement();
-    sink.xml.writeEndElement();
 }
 
 void writePlacedTable(const Sink &sink, const model::Table &table, FrameAnchor anchor)
 {
-    beginTextFrame(sink, table.box, anchor, true);
+    const TextFrame frame = beginTextFrame(sink, table.box, anchor, true);
     writeTable(sink, table, {});
     writeAnchorParagraph(sink, {});
-    sink.xml.writeEndElement();
-    sink.xml.writeEndElement();
 }
 
 } // namespace

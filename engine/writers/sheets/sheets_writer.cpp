@@ -61,8 +61,9 @@ public:
     void writeLines(const model::Document &document);
 
 private:
-    void beginSheet(const QString &name, const model::Page &page);
-    void beginRow(double height);
+    [[nodiscard]] XmlElement beginSheet(const QString &name, const model::Page &page);
+    [[nodiscard]] XmlElement beginRow(double height);
+    void writeEmptyRow();
     void writeCell(const model::Cell &cell, double indent);
     void writeValue(const Number &number);
     QString cellStyle(const model::Cell &cell, const QString &dataStyle, double indent);
@@ -74,16 +75,17 @@ private:
     DateOrder m_dateOrder;
 };
 
-void SheetWriter::beginSheet(const QString &name, const model::Page &page)
+XmlElement SheetWriter::beginSheet(const QString &name, const model::Page &page)
 {
-    m_sink.xml.writeStartElement("table:table"_L1);
+    XmlElement sheet(m_sink.xml, "table:table"_L1);
     m_sink.xml.writeAttribute("table:name"_L1, name);
     m_sink.xml.writeAttribute("table:style-name"_L1, m_printing.sheetStyle(m_sink.styles, page.width, page.height));
+    return sheet;
 }
 
-void SheetWriter::beginRow(double height)
+XmlElement SheetWriter::beginRow(double height)
 {
-    m_sink.xml.writeStartElement("table:table-row"_L1);
+    XmlElement row(m_sink.xml, "table:table-row"_L1);
     if (height > 0) {
         m_sink.xml.writeAttribute(
             "table:style-name"_L1,
@@ -93,6 +95,13 @@ void SheetWriter::beginRow(double height)
                  {{"style:table-row-properties"_L1,
                    {{"style:row-height"_L1, pt(height)}, {"style:use-optimal-row-height"_L1, u"false"_s}}}}}));
     }
+    return row;
+}
+
+void SheetWriter::writeEmptyRow()
+{
+    const XmlElement row = beginRow(0);
+    m_sink.xml.writeEmptyElement("table:table-cell"_L1);
 }
 
 QString SheetWriter::cellStyle(const model::Cell &cell, const QString &dataStyle, double indent)
@@ -149,7 +158,7 @@ void SheetWriter::writeCell(const model::Cell &cell, double indent)
     const QString dataStyle = number ? numberFormat(m_sink.styles, *number)
                               : date ? dateFormat(m_sink.styles, *date)
                                      : QString();
-    xml.writeStartElement("table:table-cell"_L1);
+    const XmlElement element(xml, "table:table-cell"_L1);
     xml.writeAttribute("table:style-name"_L1, cellStyle(cell, dataStyle, indent));
     writeSpans(xml, cell);
     if (number) {
@@ -163,15 +172,13 @@ void SheetWriter::writeCell(const model::Cell &cell, double indent)
         xml.writeAttribute("office:value-type"_L1, "string"_L1);
         const model::Style main = mainStyle(allRuns(cell));
         for (const model::Paragraph &paragraph : cell.paragraphs) {
-            xml.writeStartElement("text:p"_L1);
+            const XmlElement line(xml, "text:p"_L1);
             if (paragraph.listItem) {
                 xml.writeCharacters(xmlText(paragraph.listItem->mark) + u' ');
             }
             writeRuns(m_sink, model::runsOf(paragraph), main);
-            xml.writeEndElement();
         }
     }
-    xml.writeEndElement();
 }
 
 void SheetWriter::writeTables(const model::Page &page, std::vector<const model::Table *> tables)
@@ -182,20 +189,18 @@ void SheetWriter::writeTables(const model::Page &page, std::vector<const model::
             table = &upright.emplace_back(model::uprightTable(*table));
         }
     }
-    beginSheet(u"Page %1"_s.arg(page.number), page);
+    const XmlElement sheet = beginSheet(u"Page %1"_s.arg(page.number), page);
     const std::vector<double> widths = sheetColumns(tables);
     std::for_each(widths.begin(), widths.end(), [this](double width) { writeColumn(m_sink, width); });
     for (const model::Table *table : tables) {
         if (table != tables.front()) {
-            beginRow(0);
-            m_sink.xml.writeEmptyElement("table:table-cell"_L1);
-            m_sink.xml.writeEndElement();
+            writeEmptyRow();
         }
         const std::vector<const model::Cell *> grid = cellGrid(*table);
         const std::vector<double> heights = sheetRows(*table);
         const std::vector<double> indents = sheetIndents(*table);
         for (int row = 0; row < table->rows(); ++row) {
-            beginRow(*(heights.begin() + row));
+            const XmlElement line = beginRow(*(heights.begin() + row));
             for (int column = 0; column < table->columns(); ++column) {
                 if (const model::Cell *cell = *(grid.begin() + row * table->columns() + column)) {
                     writeCell(*cell, *(indents.begin() + (cell - table->cells.data())));
@@ -203,23 +208,19 @@ void SheetWriter::writeTables(const model::Page &page, std::vector<const model::
                     m_sink.xml.writeEmptyElement("table:covered-table-cell"_L1);
                 }
             }
-            m_sink.xml.writeEndElement();
         }
     }
-    m_sink.xml.writeEndElement();
 }
 
 void SheetWriter::writeScan(const model::Page &page)
 {
-    beginSheet(u"Page %1"_s.arg(page.number), page);
-    m_sink.xml.writeStartElement("table:shapes"_L1);
-    writePictures(m_sink, page, m_pictures, FrameAnchor::Sheet);
-    m_sink.xml.writeEndElement();
+    const XmlElement sheet = beginSheet(u"Page %1"_s.arg(page.number), page);
+    {
+        const XmlElement shapes(m_sink.xml, "table:shapes"_L1);
+        writePictures(m_sink, page, m_pictures, FrameAnchor::Sheet);
+    }
     writeColumn(m_sink, page.width / 8);
-    beginRow(0);
-    m_sink.xml.writeEmptyElement("table:table-cell"_L1);
-    m_sink.xml.writeEndElement();
-    m_sink.xml.writeEndElement();
+    writeEmptyRow();
 }
 
 model::Cell cellOf(const model::Line &line)
@@ -233,18 +234,16 @@ model::Cell cellOf(const model::Line &line)
 
 void SheetWriter::writeLines(const model::Document &document)
 {
-    beginSheet(u"Text"_s, document.pages.empty() ? model::Page{} : document.pages.front());
+    const XmlElement sheet = beginSheet(u"Text"_s, document.pages.empty() ? model::Page{} : document.pages.front());
     writeColumn(m_sink, lineWidth);
     for (const model::Page &page : document.pages) {
         forEachParagraph(page, [this](const model::Paragraph &paragraph) {
             for (const model::Line &line : paragraph.lines) {
-                beginRow(sheetLineHeight(line));
+                const XmlElement row = beginRow(sheetLineHeight(line));
                 writeCell(cellOf(line), 0);
-                m_sink.xml.writeEndElement();
             }
         });
     }
-    m_sink.xml.writeEndElement();
 }
 
 std::vector<const model::Table *> tablesOf(const model::Page &page)

@@ -3,6 +3,8 @@
 
 #include "document/rotation.h"
 
+#include <utility>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace quorra::office {
@@ -49,7 +51,8 @@ model::Rule onSlide(const model::Rule &rule, const SlideTurn &turn)
     return {box.left, box.top, box.right, box.bottom, rule.width, rule.colour};
 }
 
-void beginSlideFrame(const Sink &sink, const Box &box, const SlideTurn &turn, bool wraps, model::Alignment alignment)
+TextFrame
+beginSlideFrame(const Sink &sink, const Box &box, const SlideTurn &turn, bool wraps, model::Alignment alignment)
 {
     const QString style = sink.styles.graphic(
         {{"fo:padding"_L1, u"0pt"_s},
@@ -63,7 +66,7 @@ void beginSlideFrame(const Sink &sink, const Box &box, const SlideTurn &turn, bo
          {"draw:textarea-vertical-align"_L1, u"top"_s}},
         "standard"_L1);
     QXmlStreamWriter &xml = sink.xml;
-    xml.writeStartElement("draw:frame"_L1);
+    XmlElement frame(xml, "draw:frame"_L1);
     xml.writeAttribute("draw:style-name"_L1, style);
     const auto [x, y] = toSlide(turn).point(box.left, box.top);
     if (turn.rotation == 0) {
@@ -76,7 +79,7 @@ void beginSlideFrame(const Sink &sink, const Box &box, const SlideTurn &turn, bo
     }
     xml.writeAttribute("svg:width"_L1, pt(box.width()));
     xml.writeAttribute("svg:height"_L1, pt(box.height()));
-    xml.writeStartElement("draw:text-box"_L1);
+    return {std::move(frame), XmlElement(xml, "draw:text-box"_L1)};
 }
 
 } // namespace quorra::office

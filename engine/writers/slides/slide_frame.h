@@ -2,7 +2,7 @@
 #pragma once
 
 #include "document/document.h"
-#include "odf/odf_runs.h"
+#include "odf/odf_frames.h"
 
 namespace quorra::office {
 
@@ -22,8 +22,9 @@ model::Paragraph uprightParagraph(model::Paragraph paragraph, const SlideTurn &t
 Box onSlide(const Box &box, const SlideTurn &turn);
 model::Rule onSlide(const model::Rule &rule, const SlideTurn &turn);
 
-/// Begins a text frame at the box (upright coordinates); its paragraphs follow, then two elements are to be ended. A
-/// frame that does not wrap gets wider than the box where its text needs it, away from the side of the alignment.
-void beginSlideFrame(const Sink &sink, const Box &box, const SlideTurn &turn, bool wraps, model::Alignment alignment);
+/// Begins a text frame at the box (upright coordinates); its paragraphs follow. A frame that does not wrap gets wider
+/// than the box where its text needs it, away from the side of the alignment.
+[[nodiscard]] TextFrame
+beginSlideFrame(const Sink &sink, const Box &box, const SlideTurn &turn, bool wraps, model::Alignment alignment);
 
 } // namespace quorra::office

@@ -149,7 +149,7 @@ model::Paragraph inCell(const model::Paragraph &paragraph, const model::Cell &ce
 void writeCell(const Sink &sink, const model::Cell &cell)
 {
     QXmlStreamWriter &xml = sink.xml;
-    xml.writeStartElement("table:table-cell"_L1);
+    const XmlElement element(xml, "table:table-cell"_L1);
     xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell));
     writeSpans(xml, cell);
     const double width = cell.box.width() - sidePadding - paddingRight(cell);
@@ -164,7 +164,6 @@ void writeCell(const Sink &sink, const model::Cell &cell)
         empty.lineDistance = 1;
         writeEmptySlideParagraph(sink, empty);
     }
-    xml.writeEndElement();
 }
 
 } // namespace
@@ -178,8 +177,8 @@ bool fitsAsTable(const model::Page &page, const model::Table &table)
 void writeSlideTable(const Sink &sink, const model::Table &table)
 {
     QXmlStreamWriter &xml = sink.xml;
-    beginTableFrame(sink, table.box);
-    xml.writeStartElement("table:table"_L1);
+    const XmlElement frame = beginTableFrame(sink, table.box);
+    const XmlElement element(xml, "table:table"_L1);
     for (int column = 0; column < table.columns(); ++column) {
         const auto at = table.columnEdges.begin() + column;
         writeColumn(sink, at[1] - at[0]);
@@ -187,7 +186,7 @@ void writeSlideTable(const Sink &sink, const model::Table &table)
     const std::vector<const model::Cell *> grid = cellGrid(table);
     for (int row = 0; row < table.rows(); ++row) {
         const auto at = table.rowEdges.begin() + row;
-        xml.writeStartElement("table:table-row"_L1);
+        const XmlElement line(xml, "table:table-row"_L1);
         xml.writeAttribute(
             "table:style-name"_L1,
             sink.styles.name(
@@ -201,10 +200,7 @@ void writeSlideTable(const Sink &sink, const model::Table &table)
                 xml.writeEmptyElement("table:covered-table-cell"_L1);
             }
         }
-        xml.writeEndElement();
     }
-    xml.writeEndElement();
-    xml.writeEndElement();
 }
 
 } // namespace quorra::office

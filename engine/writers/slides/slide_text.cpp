@@ -41,14 +41,10 @@ void writeLink(const Sink &sink, const model::Run &run, const model::Style &look
         const qsizetype blank = run.text.indexOf(u' ', at);
         const qsizetype end = blank < 0 ? run.text.size() : blank;
         if (end > at) {
-            sink.xml.writeStartElement("text:span"_L1);
+            const XmlElement span(sink.xml, "text:span"_L1);
             sink.xml.writeAttribute("text:style-name"_L1, sink.styles.text(style));
-            sink.xml.writeStartElement("text:a"_L1);
-            sink.xml.writeAttribute("xlink:type"_L1, "simple"_L1);
-            sink.xml.writeAttribute("xlink:href"_L1, target);
+            const XmlElement link = beginLink(sink.xml, target);
             sink.xml.writeCharacters(xmlText(run.text.mid(at, end - at)));
-            sink.xml.writeEndElement();
-            sink.xml.writeEndElement();
         }
         if (blank >= 0) {
             writeRuns(sink, {{u" "_s, style, model::BaselineShift::None, {}}}, look, false);
@@ -115,7 +111,7 @@ void writePiece(const Sink &sink, const model::Page &page, model::Paragraph piec
     Box frame = room;
     frame.top = baseline - slideRise(piece);
     frame.bottom = frame.top + count * slideLeading(piece);
-    beginSlideFrame(sink, frame, turn, !lines, piece.alignment);
+    const TextFrame open = beginSlideFrame(sink, frame, turn, !lines, piece.alignment);
     piece.indentLeft = std::max(leastIndent, piece.box.left - room.left + std::max(0.0, -piece.firstLineIndent));
     piece.indentRight = 0;
     piece.spaceBefore = 0;
@@ -123,8 +119,6 @@ void writePiece(const Sink &sink, const model::Page &page, model::Paragraph piec
         piece.firstLineIndent = std::min(0.0, piece.firstLineIndent);
     }
     writeSlideParagraph(sink, piece, runs, spacing, true);
-    sink.xml.writeEndElement();
-    sink.xml.writeEndElement();
 }
 
 } // namespace
@@ -187,7 +181,7 @@ void writeSlideParagraph(
     if (spacing != 0) {
         style.children.back().attributes.emplace_back("fo:letter-spacing"_L1, pt(spacing));
     }
-    sink.xml.writeStartElement("text:p"_L1);
+    const XmlElement element(sink.xml, "text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
     if (paragraph.listItem) {
         sink.xml.writeCharacters(xmlText(paragraph.listItem->mark));
@@ -205,16 +199,14 @@ void writeSlideParagraph(
             writeLink(sink, run, look, target);
         }
     }
-    sink.xml.writeEndElement();
 }
 
 void writeEmptySlideParagraph(const Sink &sink, const model::Paragraph &paragraph)
 {
     model::Paragraph leaded = paragraph;
     leaded.lineDistance = 1;
-    sink.xml.writeStartElement("text:p"_L1);
+    const XmlElement element(sink.xml, "text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(emptyParagraphStyle(leaded, {})));
-    sink.xml.writeEndElement();
 }
 
 void writeSlideText(const Sink &sink, const model::Page &page, const model::Paragraph &paragraph, bool labels)

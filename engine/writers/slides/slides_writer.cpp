@@ -82,11 +82,10 @@ void writeSlides(OdfFile &file, const model::Document &document, model::PictureS
     file.masters().writeAttribute("style:name"_L1, "Default"_L1);
     file.masters().writeAttribute("style:page-layout-name"_L1, layout);
     for (const model::Page &page : document.pages) {
-        sink.xml.writeStartElement("draw:page"_L1);
+        const XmlElement slide(sink.xml, "draw:page"_L1);
         sink.xml.writeAttribute("draw:name"_L1, u"Page %1"_s.arg(page.number));
         sink.xml.writeAttribute("draw:master-page-name"_L1, "Default"_L1);
         writeSlide(sink, page, pictures);
-        sink.xml.writeEndElement();
     }
 }
 

@@ -124,7 +124,7 @@ void writeHeadLine(
         "style:style"_L1,
         {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Header"_s}},
         {{"style:paragraph-properties"_L1, properties, {stops}}, {"style:text-properties"_L1, textAttributes(look)}}};
-    sink.xml.writeStartElement("text:p"_L1);
+    const XmlElement element(sink.xml, "text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
     for (const model::Paragraph *part : parts) {
         if (part->box.left > strip.left + sameLine) {
@@ -132,7 +132,6 @@ void writeHeadLine(
         }
         writeRuns(sink, model::runsOf(*part), look);
     }
-    sink.xml.writeEndElement();
 }
 
 void writeHeads(
@@ -230,14 +229,12 @@ QString MasterPages::name(const model::Page &page, const Margins &margins, bool 
     const Sink sink{xml, m_masters.styles};
     const Strip strip{margins.left, page.width - margins.right};
     if (!heads.above.empty()) {
-        xml.writeStartElement("style:header"_L1);
+        const XmlElement header(xml, "style:header"_L1);
         writeHeads(sink, page, heads.above, strip, unitedBox(heads.above).top);
-        xml.writeEndElement();
     }
     if (!heads.below.empty()) {
-        xml.writeStartElement("style:footer"_L1);
+        const XmlElement footer(xml, "style:footer"_L1);
         writeHeads(sink, page, heads.below, strip, textEnd(page, margins, heads));
-        xml.writeEndElement();
     }
     const QString pageLayout = layout(page, margins, heads);
     const QString key = pageLayout + u'\n' + inside;
@@ -248,13 +245,12 @@ QString MasterPages::name(const model::Page &page, const Margins &margins, bool 
     }
     QString name = u"page%1"_s.arg(m_known.size() + 1);
     m_known.emplace_back(key, name);
-    m_masters.xml.writeStartElement("style:master-page"_L1);
+    const XmlElement master(m_masters.xml, "style:master-page"_L1);
     m_masters.xml.writeAttribute("style:name"_L1, name);
     m_masters.xml.writeAttribute("style:page-layout-name"_L1, pageLayout);
     // Written once already for comparison; the text goes in as it is.
     m_masters.xml.writeCharacters(QString());
     m_masters.xml.device()->write(inside.toUtf8());
-    m_masters.xml.writeEndElement();
     return name;
 }
 

@@ -13,7 +13,7 @@ bool canStandInColumns(const model::Section &section)
     return section.columns.size() > 1 && section.columns.front().left <= section.columns.back().left;
 }
 
-void beginColumns(
+XmlElement beginColumns(
     const Sink &sink, const model::Page &page, const model::Section &section, const Margins &margins, int number)
 {
     Element columns{"style:columns"_L1, {{"fo:column-count"_L1, QString::number(section.columns.size())}}};
@@ -36,9 +36,10 @@ void beginColumns(
            {{"fo:margin-left"_L1, pt(section.columns.front().left - margins.left)},
             {"fo:margin-right"_L1, pt(page.width - margins.right - section.columns.back().right)}},
            {columns}}}});
-    sink.xml.writeStartElement("text:section"_L1);
+    XmlElement element(sink.xml, "text:section"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, style);
     sink.xml.writeAttribute("text:name"_L1, u"Columns %1"_s.arg(number));
+    return element;
 }
 
 } // namespace quorra::office

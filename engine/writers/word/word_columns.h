@@ -10,9 +10,9 @@ namespace quorra::office {
 /// follow one another from left to right.
 bool canStandInColumns(const model::Section &section);
 
-/// Begins a part of the text that stands in the section's columns, each at its place; the caller ends the element.
-/// The number makes its name unlike that of others.
-void beginColumns(
+/// Begins a part of the text that stands in the section's columns, each at its place. The number makes its name unlike
+/// that of others.
+[[nodiscard]] XmlElement beginColumns(
     const Sink &sink, const model::Page &page, const model::Section &section, const Margins &margins, int number);
 
 } // namespace quorra::office

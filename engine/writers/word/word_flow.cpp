@@ -95,9 +95,8 @@ void FlowWriter::write(const model::Document &document)
 
 void FlowWriter::writeScan(const model::Page &page)
 {
-    beginAnchorParagraph(m_sink, m_breaks.take());
+    const XmlElement holder = beginAnchorParagraph(m_sink, m_breaks.take());
     writePictures(m_sink, page, m_pictures, FrameAnchor::Behind);
-    m_sink.xml.writeEndElement();
     m_breaks.afterColumns();
 }
 
@@ -106,10 +105,9 @@ void FlowWriter::writePicturesBehind(const model::Page &page)
     forEachBlock(page, [&](const model::Block &block) {
         const model::Picture *picture = block.picture();
         if (picture && isBehindText(page, *picture)) {
-            beginAnchorParagraph(m_sink, m_breaks.take());
+            const XmlElement holder = beginAnchorParagraph(m_sink, m_breaks.take());
             writePicture(
                 m_sink, m_pictures.encode(page.number, picture->box, picture->kind), picture->box, FrameAnchor::Behind);
-            m_sink.xml.writeEndElement();
         }
     });
 }
@@ -128,13 +126,14 @@ void FlowWriter::writeSection(const model::Page &page, const model::Section &sec
 {
     const bool inColumns = standsInColumns(section, m_form);
     std::vector<Area> areas = areasOf(page, section, margins, m_form, m_bottom);
+    std::optional<XmlElement> columns;
     if (inColumns) {
         m_breaks.writeSpace(m_form.places ? m_fit.spaces * (topOf(section) - m_bottom) : 0);
-        beginColumns(m_sink, page, section, margins, ++m_sections);
+        columns.emplace(beginColumns(m_sink, page, section, margins, ++m_sections));
     }
     writeBlocks(page, section, areas, inColumns);
     if (inColumns) {
-        m_sink.xml.writeEndElement();
+        columns.reset();
         m_breaks.afterColumns();
     }
     for (const Area &area : areas) {
@@ -185,9 +184,8 @@ void FlowWriter::writeBlock(
     } else if (const model::Picture *picture = block.picture()) {
         if (m_form.pages && isBehindText(page, *picture)) {
             if (!m_labels.empty()) {
-                beginAnchorParagraph(m_sink, m_breaks.take());
+                const XmlElement holder = beginAnchorParagraph(m_sink, m_breaks.take());
                 writeLabels();
-                m_sink.xml.writeEndElement();
             }
             return;
         }
@@ -257,13 +255,12 @@ void FlowWriter::writeLabels()
          {{"style:family"_L1, u"text"_s}},
          {{"style:text-properties"_L1, {{"fo:font-size"_L1, u"1pt"_s}, {"text:display"_L1, u"none"_s}}}}});
     for (const model::Paragraph *labels : std::exchange(m_labels, {})) {
-        m_sink.xml.writeStartElement("text:span"_L1);
+        const XmlElement span(m_sink.xml, "text:span"_L1);
         m_sink.xml.writeAttribute("text:style-name"_L1, hidden);
         for (const model::Run &run : model::runsOf(*labels)) {
             writeText(m_sink.xml, run.text);
         }
         writeText(m_sink.xml, u" "_s);
-        m_sink.xml.writeEndElement();
     }
 }
 
@@ -274,7 +271,7 @@ void FlowWriter::writePictureBlock(const model::Page &page, const model::Picture
     holder.spaceBefore = m_fit.spaces * spaceAbove(area, picture.box.top, m_form);
     ParagraphPlace place = m_breaks.take();
     place.exactLeading = false; // the line must grow to the picture's height
-    m_sink.xml.writeStartElement("text:p"_L1);
+    const XmlElement element(m_sink.xml, "text:p"_L1);
     m_sink.xml.writeAttribute("text:style-name"_L1, m_sink.styles.name(emptyParagraphStyle(holder, place)));
     Box box = picture.box;
     const double widest = area.right - area.left - holder.indentLeft;
@@ -284,7 +281,6 @@ void FlowWriter::writePictureBlock(const model::Page &page, const model::Picture
     }
     writePicture(m_sink, m_pictures.encode(page.number, picture.box, picture.kind), box, FrameAnchor::Line);
     writeLabels();
-    m_sink.xml.writeEndElement();
 }
 
 } // namespace

@@ -35,9 +35,10 @@ void writePages(OdfFile &file, const model::Document &document, const PageWriter
         place.masterPage = master == before ? QString() : master;
         place.bookmark = u"page%1"_s.arg(page.number);
         before = master;
-        beginAnchorParagraph(sink, place);
-        writePage(sink, page);
-        sink.xml.writeEndElement();
+        {
+            const XmlElement holder = beginAnchorParagraph(sink, place);
+            writePage(sink, page);
+        }
         // The next page's break is written at the end of the paragraph before it, ahead of its frames: it gets one
         // without frames.
         writeAnchorParagraph(sink, {});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "xml/xml_writer.h"
 
+#include "base/xml_element.h"
 #include "base/xml_text.h"
 
 #include <QHash>
@@ -47,18 +48,19 @@ public:
     void write()
     {
         m_xml.writeStartDocument();
-        start("document");
-        for (const model::Page &page : m_document.pages) {
-            writePage(page);
+        {
+            const XmlElement document = start("document");
+            for (const model::Page &page : m_document.pages) {
+                writePage(page);
+            }
         }
-        m_xml.writeEndElement();
         m_xml.writeEndDocument();
     }
 
 private:
     void writePage(const model::Page &page)
     {
-        start("page");
+        const XmlElement element = start("page");
         number("number", page.number);
         number("width", page.width);
         number("height", page.height);
@@ -66,19 +68,17 @@ private:
             writeBlock(head);
         }
         for (const model::Section &section : page.sections) {
-            start("section");
+            const XmlElement part = start("section");
             number("columns", static_cast<double>(section.columns.size()));
             for (const model::Block &block : section.blocks) {
                 writeBlock(block);
             }
-            m_xml.writeEndElement();
         }
         for (const model::Rule &rule : page.rules) {
             m_xml.writeEmptyElement(QStringLiteral("rule"));
             box({rule.x1, rule.y1, rule.x2, rule.y2});
             number("thickness", rule.width);
         }
-        m_xml.writeEndElement();
     }
 
     void writeBlock(const model::Block &block)
@@ -95,7 +95,7 @@ private:
 
     void writeParagraph(const Paragraph &paragraph)
     {
-        start("block");
+        const XmlElement element = start("block");
         box(paragraph.box);
         attribute("role", roleName(paragraph));
         if (paragraph.rightToLeft) {
@@ -106,16 +106,14 @@ private:
         }
         for (std::size_t i = 0; i < paragraph.lines.size(); ++i) {
             const model::Line &line = paragraph.lines[i];
-            start("line");
+            const XmlElement part = start("line");
             box(line.box);
             number("baseline", line.baseline);
             if (line.rotation != 0) {
                 number("rotation", line.rotation);
             }
             writeWords(paragraph, i);
-            m_xml.writeEndElement();
         }
-        m_xml.writeEndElement();
     }
 
     // A word that was drawn in pieces is one element. One that a line end cuts stands whole on its first line; its
@@ -148,7 +146,7 @@ private:
 
     void writeWord(const model::Word &word)
     {
-        start("word");
+        const XmlElement element = start("word");
         box(word.box);
         const Style &style = *word.style;
         attribute("font", xmlText(style.family));
@@ -165,17 +163,16 @@ private:
             attribute("part", QStringLiteral("rest"));
         }
         m_xml.writeCharacters(xmlText(word.text));
-        m_xml.writeEndElement();
     }
 
     void writeTable(const model::Table &table)
     {
-        start("table");
+        const XmlElement element = start("table");
         box(table.box);
         number("rows", table.rows());
         number("columns", table.columns());
         for (const model::Cell &cell : table.cells) {
-            start("cell");
+            const XmlElement part = start("cell");
             number("row", cell.row);
             number("column", cell.column);
             if (cell.rowSpan > 1) {
@@ -188,12 +185,10 @@ private:
             for (const Paragraph &paragraph : cell.paragraphs) {
                 writeParagraph(paragraph);
             }
-            m_xml.writeEndElement();
         }
-        m_xml.writeEndElement();
     }
 
-    void start(const char *name) { m_xml.writeStartElement(QLatin1String(name)); }
+    [[nodiscard]] XmlElement start(const char *name) { return {m_xml, QLatin1String(name)}; }
     void attribute(const char *name, const QString &value) { m_xml.writeAttribute(QLatin1String(name), value); }
     void number(const char *name, double value)
     {

@@ -33,6 +33,7 @@ public:
 
 private:
     void writeHead(QXmlStreamWriter &xml) const;
+    void writeDocument(QXmlStreamWriter &xml, QFile &file);
 
     OdfKind m_kind;
     QString m_path;

@@ -20,14 +20,20 @@ enum class FrameAnchor {
 /// Which way the lines of a frame run on the page.
 enum class FrameDirection { Across, Down, Up };
 
-/// Begins a text frame at the box; its paragraphs follow, then two elements are to be ended. With grows the frame gets
-/// higher where its text needs it.
-void beginTextFrame(
+/// An open text frame: the frame and, inside it, the text box that its paragraphs go into.
+struct TextFrame
+{
+    XmlElement frame;
+    XmlElement textBox;
+};
+
+/// Begins a text frame at the box; its paragraphs follow. With grows the frame gets higher where its text needs it.
+[[nodiscard]] TextFrame beginTextFrame(
     const Sink &sink, const Box &box, FrameAnchor anchor, bool grows,
     FrameDirection direction = FrameDirection::Across);
 
-/// Begins a frame for a table on a slide; the table follows, then one element is to be ended.
-void beginTableFrame(const Sink &sink, const Box &box);
+/// Begins a frame for a table on a slide; the table follows.
+[[nodiscard]] XmlElement beginTableFrame(const Sink &sink, const Box &box);
 
 /// Writes a picture at the box; nothing for a picture without bytes.
 void writePicture(const Sink &sink, const model::EncodedPicture &picture, const Box &box, FrameAnchor anchor);

@@ -53,7 +53,7 @@ void writeParagraph(const Sink &sink, const model::Paragraph &paragraph, const P
 /// An empty paragraph of almost no height, for breaks and to hold frames.
 void writeAnchorParagraph(const Sink &sink, const ParagraphPlace &place);
 
-/// Begins such a paragraph, for frames to be put in; the caller ends the element.
-void beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place);
+/// Begins such a paragraph, for frames to be put in.
+[[nodiscard]] XmlElement beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place);
 
 } // namespace quorra::office

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/xml_element.h"
 #include "document/text.h"
 #include "odf/odf_styles.h"
 
@@ -29,6 +30,9 @@ double largestSize(const model::Paragraph &paragraph);
 /// The address as it may stand in an office document: web and mail addresses as they are, "#page=N" as the bookmark
 /// "#pageN"; empty for anything else, which might start programs or open files.
 QString linkTarget(const QString &link);
+
+/// Begins a link to this target, as linkTarget() gives it.
+[[nodiscard]] XmlElement beginLink(QXmlStreamWriter &xml, const QString &target);
 
 /// Text inside a paragraph: runs of blanks, tabs and line breaks as the elements that keep them.
 void writeText(QXmlStreamWriter &xml, const QString &text);
