@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "about/about.h"
 
-#include "app/appearance.h"
+#include "app/window_background.h"
 #include "ui_about.h"
 
 about::about(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui_about>())

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window's list of files: adding, dropping, removing and viewing.
 #include "app/listed_files.h"
+#include "app/run_state.h"
 #include "app/table_rows.h"
 #include "app/tovrane.h"
-#include "conversion/batch_run.h"
 #include "settings/store.h"
 #include "ui_tovrane.h"
 

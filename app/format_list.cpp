@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window's choice of the kind of output and of the output folder.
-#include "app/appearance.h"
+#include "app/images.h"
 #include "app/output_extensions.h"
 #include "app/output_kinds.h"
+#include "app/run_state.h"
 #include "app/tovrane.h"
-#include "conversion/batch_run.h"
 #include "settings/store.h"
 #include "ui_tovrane.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/appearance.h"
+#include "app/light_look.h"
 #include "app/tovrane.h"
 #include "app/working_folder.h"
 

@@ -23,37 +23,58 @@ constexpr std::array imageExtensions{
     Extension(".pbm"),  Extension(".pgm"), Extension(".pnm"),
 };
 
-constexpr DisabledControls none = DisabledControls::None;
-
 /// Word and Excel default to the old formats, PowerPoint to the new one, on purpose.
 constexpr std::array kinds{
     OutputKind{
-        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Word")), Extension(".doc"), wordExtensions, true, false,
-        none},
+        .text = QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Word")),
+        .defaultExtension = Extension(".doc"),
+        .offeredExtensions = wordExtensions,
+        .hasWordMode = true,
+    },
     OutputKind{
-        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Excel")), Extension(".xls"), excelExtensions, false, false,
-        none},
+        .text = QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Excel")),
+        .defaultExtension = Extension(".xls"),
+        .offeredExtensions = excelExtensions,
+    },
     OutputKind{
-        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to PPT")), Extension(".pptx"), powerPointExtensions, false,
-        false, none},
+        .text = QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to PPT")),
+        .defaultExtension = Extension(".pptx"),
+        .offeredExtensions = powerPointExtensions,
+    },
     OutputKind{
-        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to HTML")), Extension(".html"), htmlExtensions, false, false,
-        DisabledControls::PageSize},
+        .text = QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to HTML")),
+        .defaultExtension = Extension(".html"),
+        .offeredExtensions = htmlExtensions,
+        .disabled = DisabledControls::PageSize,
+    },
     OutputKind{
-        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to XML")), Extension(".xml"), xmlExtensions, false, false,
-        DisabledControls::PageSize},
+        .text = QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to XML")),
+        .defaultExtension = Extension(".xml"),
+        .offeredExtensions = xmlExtensions,
+        .disabled = DisabledControls::PageSize,
+    },
     OutputKind{
-        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to PostScript")), Extension(".ps"), postScriptExtensions, false,
-        false, none},
+        .text = QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to PostScript")),
+        .defaultExtension = Extension(".ps"),
+        .offeredExtensions = postScriptExtensions,
+    },
     OutputKind{
-        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to EPS")), Extension(".eps"), epsExtensions, false, false,
-        none},
+        .text = QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to EPS")),
+        .defaultExtension = Extension(".eps"),
+        .offeredExtensions = epsExtensions,
+    },
     OutputKind{
-        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Text")), Extension(".txt"), textExtensions, false, false,
-        DisabledControls::PageSizeResolutionAndColor},
+        .text = QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Text")),
+        .defaultExtension = Extension(".txt"),
+        .offeredExtensions = textExtensions,
+        .disabled = DisabledControls::PageSizeResolutionAndColor,
+    },
     OutputKind{
-        QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Image")), Extension(".tiff"), imageExtensions, false, true,
-        none},
+        .text = QLatin1String(QT_TRANSLATE_NOOP("tovrane", "PDF to Image")),
+        .defaultExtension = Extension(".tiff"),
+        .offeredExtensions = imageExtensions,
+        .hasImageTab = true,
+    },
 };
 
 bool hasRow(int row)

@@ -15,9 +15,9 @@ struct OutputKind
     QLatin1String text; ///< not translated yet
     QLatin1String defaultExtension;
     std::span<const QLatin1String> offeredExtensions; ///< the settings dialog's choice, in its order
-    bool hasWordMode;
-    bool hasImageTab;
-    DisabledControls disabled;
+    bool hasWordMode = false;
+    bool hasImageTab = false;
+    DisabledControls disabled = DisabledControls::None;
 };
 
 /// All kinds, in the order of the format list.

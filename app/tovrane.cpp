@@ -2,9 +2,11 @@
 #include "app/tovrane.h"
 
 #include "about/about.h"
-#include "app/appearance.h"
 #include "app/frame_limiter.h"
-#include "conversion/batch_run.h"
+#include "app/images.h"
+#include "app/run_state.h"
+#include "app/tool_button.h"
+#include "app/window_background.h"
 #include "settings/setting.h"
 #include "ui_tovrane.h"
 

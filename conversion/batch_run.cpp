@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window's batch run: one engine process per row, one after another.
-#include "conversion/batch_run.h"
-
-#include "app/appearance.h"
+#include "app/images.h"
+#include "app/run_state.h"
+#include "app/tool_button.h"
 #include "app/tovrane.h"
 #include "conversion/engine_command.h"
 #include "conversion/engine_process.h"
@@ -11,11 +11,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
-
-bool g_bProcess = false;
-bool g_bMainWindowRun = false;
-QString strOutputFileExist1; // clazy:exclude=non-pod-global-static
-QString strOutputFileExist2; // clazy:exclude=non-pod-global-static
 
 /// Stop makes the checks of Start before it looks at the flag, on purpose.
 bool tovrane::On_Button_Start()

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/setting.h"
 
-#include "app/appearance.h"
 #include "app/output_kinds.h"
+#include "app/window_background.h"
 #include "settings/dialog_values.h"
 #include "settings/store.h"
 #include "ui_setting.h"

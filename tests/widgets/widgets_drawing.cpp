@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Quick ways of drawing: the result is that of the plain ways.
-#include "app/appearance.h"
 #include "app/frame_limiter.h"
+#include "app/images.h"
+#include "app/window_background.h"
 
 #include <QElapsedTimer>
 #include <QImage>

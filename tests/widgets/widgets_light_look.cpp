@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The windows are light on every desktop, and stay so when the desktop turns dark.
 #include "about/about.h"
-#include "app/appearance.h"
+#include "app/light_look.h"
 #include "settings/setting.h"
 #include "window_fixture.h"
 

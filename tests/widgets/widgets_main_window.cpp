@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window as it stands after start-up: geometry, widgets, texts, wiring.
-#include "app/appearance.h"
 #include "window_fixture.h"
 
 #include <QAction>

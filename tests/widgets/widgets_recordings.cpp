@@ -2,7 +2,7 @@
 // What the front-end sends, stores and shows, beside what was approved in recordings/. A change that is meant to alter
 // none of it must not; one that is meant to is approved with `scripts/approve window`, after a look at the difference.
 #include "about/about.h"
-#include "app/appearance.h"
+#include "app/light_look.h"
 #include "settings/setting.h"
 #include "window_fixture.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the settings dialog loads, saves, enables and resets.
-#include "conversion/batch_run.h"
+#include "app/run_state.h"
 #include "opened_dialog.h"
 #include "program_folder.h"
 #include "widget_helpers.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/run_state.h"
 #include "app/tovrane.h"
-#include "conversion/batch_run.h"
 #include "program_folder.h"
 #include "settings_file.h"
 #include "widget_helpers.h"

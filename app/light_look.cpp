@@ -1,53 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/appearance.h"
+#include "app/light_look.h"
 
 #include <QApplication>
-#include <QBrush>
+#include <QColor>
 #include <QEvent>
-#include <QIcon>
-#include <QImage>
 #include <QPalette>
-#include <QPixmapCache>
 #include <QString>
-#include <QToolButton>
-#include <QWidget>
 
-#include <algorithm>
 #include <array>
 
 namespace {
-
-/// Windows are made often, also ones that are never shown: what they share is drawn once and kept in the toolkit's
-/// cache, which goes away with the application.
-template <class Make>
-QPixmap cached(const QString &key, Make make)
-{
-    QPixmap pixmap;
-    if (!QPixmapCache::find(key, &pixmap)) {
-        pixmap = make();
-        QPixmapCache::insert(key, pixmap);
-    }
-    return pixmap;
-}
-
-QPixmap stretchedBackground(QSize size)
-{
-    const QString key = QStringLiteral("quorra/background/%1x%2").arg(size.width()).arg(size.height());
-    return cached(
-        key, [size]() { return QPixmap::fromImage(stretched(loadImage(image::background).toImage(), size)); });
-}
-
-bool hasPlainRows(const QImage &image)
-{
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 1; x < image.width(); ++x) {
-            if (image.pixel(x, y) != image.pixel(0, y)) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
 
 struct RoleColor
 {
@@ -121,42 +83,6 @@ private:
 };
 
 } // namespace
-
-QPixmap loadImage(QLatin1String path)
-{
-    return cached(QLatin1String("quorra/") + path, [path]() { return QPixmap(path); });
-}
-
-QImage stretched(const QImage &image, QSize size)
-{
-    if (image.format() != QImage::Format_RGB32 || !hasPlainRows(image)) {
-        return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    }
-    const QImage column =
-        image.copy(0, 0, 1, image.height()).scaled(1, size.height(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    QImage result(size, column.format());
-    for (int y = 0; y < size.height(); ++y) {
-        std::fill_n(reinterpret_cast<QRgb *>(result.scanLine(y)), size.width(), column.pixel(0, y));
-    }
-    return result;
-}
-
-void paintBackground(QWidget *window)
-{
-    QPalette palette = window->palette();
-    palette.setBrush(QPalette::Window, QBrush(stretchedBackground(window->size())));
-    window->setPalette(palette);
-}
-
-void dressToolButton(QToolButton *button, const QString &text, QLatin1String imagePath)
-{
-    const QPixmap pixmap = loadImage(imagePath);
-    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    button->setAutoRaise(true);
-    button->setText(text);
-    button->setIcon(QIcon(pixmap));
-    button->setIconSize(pixmap.size());
-}
 
 void keepLightLook()
 {

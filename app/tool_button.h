@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLatin1String>
+#include <QString>
+
+class QToolButton;
+
+/// The look of a toolbar button: `text` below the image, which keeps its own size.
+void dressToolButton(QToolButton *button, const QString &text, QLatin1String imagePath);
