@@ -23,20 +23,30 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string Prefix = "qtminw-";
-const std::string LockName = "/.lock";
+constexpr const char *systemFolder = "/tmp";
+constexpr const char *prefix = "qtminw-";
+constexpr const char *lockName = "/.lock";
+
+/// LibreOffice takes the output folder from a list in which these separate the items, and cuts its path there.
+constexpr const char *unusable = ";|";
 
 /// The path of the folder that there is, for the handler of a fatal signal.
 std::atomic<const char *> livingFolder{nullptr};
 
 /// Without symbolic links: LibreOffice names its socket after the resolved path.
-std::string parentFolder()
+std::string resolvedPath(const std::string &folder)
 {
-    const char *const given = std::getenv("TMPDIR");
-    const std::string folder = given && *given == '/' ? given : "/tmp";
     std::error_code error;
     const fs::path resolved = fs::canonical(folder, error);
     return error ? folder : resolved.string();
+}
+
+/// $TMPDIR, unless it is not an absolute path or LibreOffice cannot use it.
+std::string parentFolder()
+{
+    const char *const given = std::getenv("TMPDIR");
+    const std::string folder = resolvedPath(given && *given == '/' ? given : systemFolder);
+    return folder.find_first_of(unusable) == std::string::npos ? folder : resolvedPath(systemFolder);
 }
 
 bool isOurs(const std::string &path)
@@ -47,7 +57,7 @@ bool isOurs(const std::string &path)
 
 void removeIfUnlocked(const std::string &path)
 {
-    const int lock = open((path + LockName).c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+    const int lock = open((path + lockName).c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
     std::error_code ignored;
     // A folder without its lock file was left between the two steps of making it.
     if (lock < 0 || flock(lock, LOCK_EX | LOCK_NB) == 0) {
@@ -63,14 +73,14 @@ void removeIfUnlocked(const std::string &path)
 TempFolder::TempFolder()
 {
     sweepTempFolders();
-    const std::string pattern = parentFolder() + "/" + Prefix + std::to_string(getpid()) + "-XXXXXX";
+    const std::string pattern = parentFolder() + "/" + prefix + std::to_string(getpid()) + "-XXXXXX";
     std::vector<char> path(pattern.c_str(), pattern.c_str() + pattern.size() + 1);
     if (!mkdtemp(path.data())) {
         throw Failure(
             ExitStatus::CannotWrite, "cannot make a folder in " + parentFolder() + ": " + std::strerror(errno));
     }
     m_path = path.data();
-    m_lock = open((m_path + LockName).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    m_lock = open((m_path + lockName).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (m_lock >= 0) {
         flock(m_lock, LOCK_EX | LOCK_NB);
     }
@@ -93,7 +103,7 @@ std::vector<std::string> abandonedTempFolders()
     std::error_code error;
     for (fs::directory_iterator entry(parentFolder(), error), end; !error && entry != end; entry.increment(error)) {
         const std::string path = entry->path().string();
-        if (ownerIsGone(entry->path().filename().string(), Prefix) && isOurs(path)) {
+        if (ownerIsGone(entry->path().filename().string(), prefix) && isOurs(path)) {
             abandoned.push_back(path);
         }
     }

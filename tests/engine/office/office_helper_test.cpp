@@ -28,6 +28,8 @@ private Q_SLOTS:
     void knowsTheSocketsName();
     void removesSocketsOfKilledRuns();
     void startsAgainWhenAskedTo();
+    void avoidsFoldersThatLibreOfficeCannotName_data();
+    void avoidsFoldersThatLibreOfficeCannotName();
     void tellsWhatWentWrong_data();
     void tellsWhatWentWrong();
     void endsWhatTakesTooMuchTime();
@@ -169,6 +171,31 @@ void OfficeHelperTest::startsAgainWhenAskedTo()
     const std::string made =
         exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, timeEnough);
     QCOMPARE(made, folder.path() + "/out/in.doc");
+}
+
+void OfficeHelperTest::avoidsFoldersThatLibreOfficeCannotName_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("semicolon") << QStringLiteral("a;b");
+    QTest::newRow("vertical bar") << QStringLiteral("a|b");
+}
+
+/// LibreOffice takes the output folder from a list in which ; and | separate the items.
+void OfficeHelperTest::avoidsFoldersThatLibreOfficeCannotName()
+{
+    QFETCH(QString, name);
+    const QTemporaryDir around;
+    QVERIFY(QDir(around.path()).mkdir(name));
+    const QString program = around.filePath(QStringLiteral("soffice.bin"));
+    writeScript(program, QByteArray(findFolder) + "out=${out%%[;|]*}\nmkdir -p $out\necho made > $out/in.doc\n");
+    const QByteArray inherited = qgetenv("TMPDIR");
+    qputenv("TMPDIR", around.filePath(name).toUtf8());
+    const auto restore = qScopeGuard([&] { inherited.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", inherited); });
+    const TempFolder folder;
+    ExitStatus status = ExitStatus::Done;
+    const std::string line = failureOf(
+        [&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, timeEnough); }, status);
+    QVERIFY2(line.empty(), line.c_str());
 }
 
 void OfficeHelperTest::tellsWhatWentWrong_data()

@@ -160,7 +160,8 @@ def sockets(suite):
     """A killed run leaves LibreOffice's socket behind; the next run removes it."""
     known = pwd.getpwnam("nobody").pw_uid
     places = [(user_without_entry(), "plain"), (known, "plain")]
-    places += [(user_without_entry(), name) for name in ("with space", "caf\u00e9 100%41 #1", "a'(b)~!$&+,=@[c]", "link")]
+    places += [(user_without_entry(), name) for name in ("with space", "caf\u00e9 100%41 #1", "a'(b)~!$&+,=@[c]", "a;b|c",
+                                                      "link")]
     for number, (user, name) in enumerate(places):
         around = suite.owned_folder(f"sockets{number}", user)
         temp = around / name

@@ -6,8 +6,8 @@
 
 namespace quorra {
 
-/// A private folder (mode 0700) under $TMPDIR, removed with everything in it at the end. What killed runs left behind
-/// is removed when the next one is made.
+/// A private folder (mode 0700) under $TMPDIR, or under /tmp where LibreOffice cannot use that (its path holds ; or |).
+/// The destructor removes it with everything in it; the constructor removes folders left by killed runs.
 class TempFolder
 {
 public:
