@@ -31,9 +31,9 @@ Line line(std::vector<Word> words)
 
 using Shifts = std::vector<BaselineShift>;
 
-Shifts shiftsOf(Line line)
+Shifts shiftsOf(Line line, std::size_t first = 0)
 {
-    markSuperscripts(line);
+    markSuperscripts(line, first);
     Shifts shifts;
     for (const Word &marked : line.words) {
         shifts.push_back(marked.shift);
@@ -67,6 +67,22 @@ private Q_SLOTS:
         QCOMPARE(
             shiftsOf(line({word(0, 40, 100, 10), word(40, 44, 102, 7), word(44, 47, 103.5, 5)})),
             (Shifts{BaselineShift::None, BaselineShift::Subscript, BaselineShift::Subscript}));
+    }
+
+    void leavesAListMarkOut()
+    {
+        const Line marked = line({word(0, 4, 96, 6), word(6, 30, 100, 10), word(30, 34, 96, 7)});
+        QCOMPARE(
+            shiftsOf(marked), (Shifts{BaselineShift::Superscript, BaselineShift::None, BaselineShift::Superscript}));
+        QCOMPARE(shiftsOf(marked, 1), (Shifts{BaselineShift::None, BaselineShift::None, BaselineShift::Superscript}));
+        // A large bullet would be the main text, and the text beside it small and lowered.
+        const Line bullet = line({word(0, 20, 96, 20), word(22, 40, 100, 10), word(40, 44, 96, 7)});
+        QCOMPARE(shiftsOf(bullet, 1), (Shifts{BaselineShift::None, BaselineShift::None, BaselineShift::Superscript}));
+        QVERIFY(shiftsOf(bullet) != shiftsOf(bullet, 1));
+        // One word after the mark has nothing to stand beside.
+        const Line single = line({word(0, 20, 100, 10), word(20, 24, 96, 7)});
+        QCOMPARE(shiftsOf(single, 1), (Shifts{BaselineShift::None, BaselineShift::None}));
+        QCOMPARE(shiftsOf(single, 5), (Shifts{BaselineShift::None, BaselineShift::None}));
     }
 
     void leavesOtherSmallTextAlone()

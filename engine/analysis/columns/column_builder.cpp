@@ -12,11 +12,13 @@ namespace quorra::model {
 
 namespace {
 
-// Whether a table or picture lies between two rows, so that no paragraph runs through it.
+using column_builder::thresholds;
+
+// Whether a table or picture lies between two text lines, so that they cannot be one paragraph.
 bool separates(const Box &obstacle, const TextLine &upper, const TextLine &lower)
 {
-    constexpr double overlap = 3;
-    return obstacle.top > upper.box.bottom - overlap && obstacle.bottom < lower.box.top + overlap;
+    return obstacle.top > upper.box.bottom - thresholds.maxOverlap &&
+           obstacle.bottom < lower.box.top + thresholds.maxOverlap;
 }
 
 void insertByPlace(std::vector<Block> &blocks, std::vector<Block> more, const Box &place)
@@ -40,28 +42,28 @@ ColumnBuilder::ColumnBuilder(
 
 std::vector<Block> ColumnBuilder::blocks(const RegionItems &items) const
 {
-    std::vector<TextLine> rows = textLinesOf(items.words);
+    std::vector<TextLine> lines = textLinesOf(items.words);
     Box column;
-    for (const TextLine &row : rows) {
-        column = united(column, row.box);
+    for (const TextLine &line : lines) {
+        column = united(column, line.box);
     }
     std::vector<Block> all;
-    std::vector<TextLine> stretch;
+    std::vector<TextLine> group;
     const auto finish = [&] {
-        for (Block &block : textBlocks(stretch, column)) {
+        for (Block &block : textBlocks(group, column)) {
             all.push_back(std::move(block));
         }
-        stretch.clear();
+        group.clear();
     };
-    for (TextLine &row : rows) {
-        const bool cut =
-            !stretch.empty() && std::any_of(items.obstacles.begin(), items.obstacles.end(), [&](const auto &obstacle) {
-                return separates(obstacle.first, stretch.back(), row);
+    for (TextLine &line : lines) {
+        const bool separated =
+            !group.empty() && std::any_of(items.obstacles.begin(), items.obstacles.end(), [&](const auto &obstacle) {
+                return separates(obstacle.first, group.back(), line);
             });
-        if (cut) {
+        if (separated) {
             finish();
         }
-        stretch.push_back(std::move(row));
+        group.push_back(std::move(line));
     }
     finish();
     auto obstacles = items.obstacles;
@@ -73,25 +75,25 @@ std::vector<Block> ColumnBuilder::blocks(const RegionItems &items) const
     return all;
 }
 
-std::vector<Block> ColumnBuilder::textBlocks(const std::vector<TextLine> &rows, const Box &column) const
+std::vector<Block> ColumnBuilder::textBlocks(const std::vector<TextLine> &lines, const Box &column) const
 {
     std::vector<Block> blocks;
     const auto addText = [&](std::size_t from, std::size_t to) {
         if (from < to) {
             const std::vector<TextLine> text(
-                rows.begin() + static_cast<std::ptrdiff_t>(from), rows.begin() + static_cast<std::ptrdiff_t>(to));
+                lines.begin() + static_cast<std::ptrdiff_t>(from), lines.begin() + static_cast<std::ptrdiff_t>(to));
             for (Paragraph &paragraph : paragraphsOf(text, column, m_styles)) {
                 blocks.push_back({std::move(paragraph), 0});
             }
         }
     };
     std::size_t next = 0;
-    for (UnruledTable &table : findUnruledTables(rows, m_rulings.horizontal)) {
+    for (UnruledTable &table : findUnruledTables(lines, m_rulings.horizontal)) {
         addText(next, table.firstLine);
         blocks.push_back({finishedTable(std::move(table.found), m_raw.fills, m_styles), 0});
         next = table.lastLine + 1;
     }
-    addText(next, rows.size());
+    addText(next, lines.size());
     return blocks;
 }
 

@@ -9,20 +9,33 @@
 
 namespace quorra::model {
 
+namespace column_builder {
+
+struct Thresholds
+{
+    double maxOverlap = 3; ///< points by which an obstacle may reach into the lines above and below it
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace column_builder
+
 /// Turns the words and obstacles of one column into blocks in reading order.
 class ColumnBuilder
 {
 public:
-    /// The obstacles of the columns count the tables first, then the placed pictures. raw, rulings,
-    /// pictures and styles must outlive it.
+    /// The index of an obstacle counts the tables first, then the placed pictures. raw, rulings, pictures and styles
+    /// must outlive the builder.
     ColumnBuilder(
         const RawPage &raw, const Rulings &rulings, std::vector<TableWords> tables, const PagePictures &pictures,
         StyleTable &styles);
 
+    /// The paragraphs, tables and pictures of one column, in reading order. The items' obstacles must have the indexes
+    /// described above.
     std::vector<Block> blocks(const RegionItems &items) const;
 
 private:
-    std::vector<Block> textBlocks(const std::vector<TextLine> &rows, const Box &column) const;
+    std::vector<Block> textBlocks(const std::vector<TextLine> &lines, const Box &column) const;
     std::vector<Block> obstacleBlocks(std::size_t index) const;
 
     const RawPage &m_raw;

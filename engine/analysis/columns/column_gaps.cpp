@@ -9,21 +9,18 @@ namespace quorra::model {
 
 namespace {
 
-constexpr int mostBins = 512;
-constexpr int mostSlices = 1024;
-constexpr double narrowestGutter = 0.75; // of the usual font size
-constexpr int mostTries = 6;
+using column_gaps::thresholds;
 
-/// Which parts of a region are covered, as a coarse picture.
+/// Which parts of a region words and obstacles cover, as a bitmap of bins (across) and slices (down).
 class Coverage
 {
 public:
     Coverage(const RegionItems &items, const Box &area)
         : m_area(area)
-        , m_binWidth(std::max(2.0, area.width() / (mostBins - 2)))
-        , m_sliceHeight(std::max(2.5, area.height() / (mostSlices - 2)))
+        , m_binWidth(std::max(thresholds.minBinWidth, area.width() / (thresholds.maxBins - 2)))
+        , m_sliceHeight(std::max(thresholds.minSliceHeight, area.height() / (thresholds.maxSlices - 2)))
         , m_bins(static_cast<int>(area.width() / m_binWidth) + 1)
-        , m_rows(static_cast<std::size_t>(area.height() / m_sliceHeight) + 1)
+        , m_slices(static_cast<std::size_t>(area.height() / m_sliceHeight) + 1)
     {
         for (const RawWord *word : items.words) {
             mark(bodyOf(*word));
@@ -34,14 +31,14 @@ public:
     }
 
     int bins() const { return m_bins; }
-    int slices() const { return static_cast<int>(m_rows.size()); }
+    int slices() const { return static_cast<int>(m_slices.size()); }
     double x(int bin) const { return m_area.left + bin * m_binWidth; }
     double y(int slice) const { return m_area.top + slice * m_sliceHeight; }
     double binWidth() const { return m_binWidth; }
-    /// Widens what is covered to the left, so that a bin counts as covered where one of so many bins from it on is.
+    /// Extends what is covered to the left: a bin is covered afterwards if any of `width` bins from it on is.
     void coverStrips(int width)
     {
-        for (Slice &slice : m_rows) {
+        for (Slice &slice : m_slices) {
             for (int done = 1; done < width;) {
                 const int step = std::min(done, width - done);
                 slice.bits |= slice.bits >> static_cast<std::size_t>(step);
@@ -51,16 +48,16 @@ public:
     }
     bool covered(int slice, int bin) const
     {
-        return m_rows[static_cast<std::size_t>(slice)].bits[static_cast<std::size_t>(bin)];
+        return m_slices[static_cast<std::size_t>(slice)].bits[static_cast<std::size_t>(bin)];
     }
-    int first(int slice) const { return m_rows[static_cast<std::size_t>(slice)].first; }
-    int last(int slice) const { return m_rows[static_cast<std::size_t>(slice)].last; }
+    int first(int slice) const { return m_slices[static_cast<std::size_t>(slice)].first; }
+    int last(int slice) const { return m_slices[static_cast<std::size_t>(slice)].last; }
 
 private:
     struct Slice
     {
-        std::bitset<mostBins> bits;
-        int first = mostBins;
+        std::bitset<thresholds.maxBins> bits;
+        int first = static_cast<int>(thresholds.maxBins);
         int last = -1;
     };
 
@@ -71,7 +68,7 @@ private:
         const int top = std::clamp(static_cast<int>((box.top - m_area.top) / m_sliceHeight), 0, slices() - 1);
         const int bottom = std::clamp(static_cast<int>((box.bottom - m_area.top) / m_sliceHeight), top, slices() - 1);
         for (int s = top; s <= bottom; ++s) {
-            Slice &slice = m_rows[static_cast<std::size_t>(s)];
+            Slice &slice = m_slices[static_cast<std::size_t>(s)];
             for (int b = from; b <= to; ++b) {
                 slice.bits.set(static_cast<std::size_t>(b));
             }
@@ -84,7 +81,7 @@ private:
     double m_binWidth;
     double m_sliceHeight;
     int m_bins;
-    std::vector<Slice> m_rows;
+    std::vector<Slice> m_slices;
 };
 
 struct Candidate
@@ -92,10 +89,10 @@ struct Candidate
     int bin = 0;
     int from = 0; // slices, both included
     int to = 0;
-    int score = 0; // slices with text on both sides
+    int score = 0; // slices with something on the left or on the right, whichever are fewer
 };
 
-// The longest blank stretches of a strip, as candidates; the coverage is that of strips.
+// Adds the empty stretches of the strip that begins at `bin`. The coverage has been extended by the strip's width.
 void addCandidates(const Coverage &coverage, int bin, int width, std::vector<Candidate> &candidates)
 {
     Candidate current{bin, -1, -1, 0};
@@ -135,12 +132,12 @@ double usualSize(const WordRefs &words)
     return median(std::move(sizes));
 }
 
-bool hasTextBesides(const RegionItems &items, const ColumnGap &gap)
+bool hasTextBeside(const RegionItems &items, const ColumnGap &gap)
 {
     WordRefs left;
     WordRefs right;
-    bool blockLeft = false;
-    bool blockRight = false;
+    bool obstacleLeft = false;
+    bool obstacleRight = false;
     for (const RawWord *word : items.words) {
         const Box body = bodyOf(*word);
         if (body.centreY() >= gap.top && body.centreY() <= gap.bottom) {
@@ -149,45 +146,44 @@ bool hasTextBesides(const RegionItems &items, const ColumnGap &gap)
     }
     for (const auto &obstacle : items.obstacles) {
         if (obstacle.first.centreY() >= gap.top && obstacle.first.centreY() <= gap.bottom) {
-            (obstacle.first.centreX() < gap.left ? blockLeft : blockRight) = true;
+            (obstacle.first.centreX() < gap.left ? obstacleLeft : obstacleRight) = true;
         }
     }
     const bool textLeft = isRunningText(left);
     const bool textRight = isRunningText(right);
-    return (textLeft && textRight) || (textLeft && blockRight) || (textRight && blockLeft);
+    return (textLeft && textRight) || (textLeft && obstacleRight) || (textRight && obstacleLeft);
 }
 
 } // namespace
 
 bool isRunningText(const WordRefs &words)
 {
-    const std::vector<TextLine> rows = textLinesOf(words);
-    if (rows.size() < 2) {
+    const std::vector<TextLine> lines = textLinesOf(words);
+    if (lines.size() < thresholds.minLines) {
         return false;
     }
     Box all;
     std::vector<double> letters;
     std::vector<double> widths;
     int numeric = 0;
-    for (const TextLine &row : rows) {
-        all = united(all, row.box);
+    for (const TextLine &line : lines) {
+        all = united(all, line.box);
         int count = 0;
-        for (const RawWord *word : row.words) {
+        for (const RawWord *word : line.words) {
             count += letterCount(word->text);
             numeric += looksNumeric(word->text) ? 1 : 0;
         }
         letters.push_back(count);
-        widths.push_back(row.box.width());
+        widths.push_back(line.box.width());
     }
-    const double lettersInLine = rows.size() == 2 ? 22 : 15; // two lines must be long ones to be told from cells
-    return median(letters) >= lettersInLine && median(widths) >= 0.45 * all.width() &&
-           3 * static_cast<std::size_t>(numeric) < words.size();
+    const double minLetters = lines.size() == 2 ? thresholds.minLettersOfTwoLines : thresholds.minLetters;
+    return median(letters) >= minLetters && median(widths) >= thresholds.minLineWidth * all.width() &&
+           numeric < thresholds.maxNumericWords * static_cast<double>(words.size());
 }
 
 std::optional<ColumnGap> findColumnGap(const RegionItems &items)
 {
-    constexpr std::size_t fewestWords = 12;
-    if (items.words.size() < fewestWords) {
+    if (items.words.size() < thresholds.minWords) {
         return std::nullopt;
     }
     Box area;
@@ -199,7 +195,7 @@ std::optional<ColumnGap> findColumnGap(const RegionItems &items)
     }
     Coverage coverage(items, area);
     const double size = usualSize(items.words);
-    const int width = std::max(2, static_cast<int>(std::lround(narrowestGutter * size / coverage.binWidth())));
+    const int width = std::max(2, static_cast<int>(std::lround(thresholds.minWidth * size / coverage.binWidth())));
     coverage.coverStrips(width);
     std::vector<Candidate> candidates;
     for (int bin = 1; bin + width < coverage.bins(); ++bin) {
@@ -208,19 +204,19 @@ std::optional<ColumnGap> findColumnGap(const RegionItems &items)
     std::stable_sort(
         candidates.begin(), candidates.end(), [](const Candidate &a, const Candidate &b) { return a.score > b.score; });
     int tries = 0;
-    int lastBin = -mostBins;
+    int lastBin = -static_cast<int>(thresholds.maxBins);
     for (const Candidate &candidate : candidates) {
-        if (std::abs(candidate.bin - lastBin) <= width) { // the same strip once more
+        if (std::abs(candidate.bin - lastBin) <= width) { // overlaps the strip tried before
             continue;
         }
         lastBin = candidate.bin;
         const ColumnGap gap{
-            coverage.x(candidate.bin), coverage.x(candidate.bin + width), coverage.y(candidate.from) - 0.1,
-            coverage.y(candidate.to + 1) + 0.1};
-        if (hasTextBesides(items, gap)) {
+            coverage.x(candidate.bin), coverage.x(candidate.bin + width),
+            coverage.y(candidate.from) - thresholds.margin, coverage.y(candidate.to + 1) + thresholds.margin};
+        if (hasTextBeside(items, gap)) {
             return gap;
         }
-        if (++tries == mostTries) {
+        if (++tries == thresholds.maxCandidates) {
             break;
         }
     }

@@ -10,7 +10,7 @@ namespace quorra::model {
 
 namespace {
 
-constexpr int deepestCut = 6;
+using page_segmentation::thresholds;
 
 Box boxOf(const RegionItems &items)
 {
@@ -29,7 +29,7 @@ bool isEmpty(const RegionItems &items)
     return items.words.empty() && items.obstacles.empty();
 }
 
-// Which side of a gap something stands on.
+// Where something stands relative to a column gap.
 enum class Place { Above, Left, Right, Below };
 
 Place placeOf(const Box &box, const ColumnGap &gap)
@@ -66,7 +66,7 @@ struct Parts
     }
 };
 
-Parts cutAt(const RegionItems &items, const ColumnGap &gap)
+Parts splitAt(const RegionItems &items, const ColumnGap &gap)
 {
     Parts parts;
     for (const RawWord *word : items.words) {
@@ -83,17 +83,17 @@ void append(std::vector<Band> &bands, std::vector<Band> more)
     std::move(more.begin(), more.end(), std::back_inserter(bands));
 }
 
-std::vector<Band> cut(RegionItems items, int depth);
+std::vector<Band> split(RegionItems items, int depth);
 
-// One side of a gap: further columns when it is cut over its whole height, else one column.
+// The columns on one side of a gap: several if a gap over the whole height divides it again, else one.
 std::vector<Band::Column> columnsOf(RegionItems side, int depth)
 {
     const Box box = boxOf(side);
-    std::vector<Band> bands = cut(std::move(side), depth);
+    std::vector<Band> bands = split(std::move(side), depth);
     if (bands.size() == 1) {
         return std::move(bands.front().columns);
     }
-    // The bands of a column that is cut in itself: its parts in reading order.
+    // The column is divided into bands: their parts in reading order.
     std::vector<Band::Column> columns{{box, {}}};
     for (Band &band : bands) {
         for (Band::Column &column : band.columns) {
@@ -103,27 +103,27 @@ std::vector<Band::Column> columnsOf(RegionItems side, int depth)
     return columns;
 }
 
-std::vector<Band> cut(RegionItems items, int depth)
+std::vector<Band> split(RegionItems items, int depth)
 {
     std::vector<Band> bands;
     if (isEmpty(items)) {
         return bands;
     }
-    const std::optional<ColumnGap> gap = depth < deepestCut ? findColumnGap(items) : std::nullopt;
+    const std::optional<ColumnGap> gap = depth < thresholds.maxDepth ? findColumnGap(items) : std::nullopt;
     if (!gap) {
         const Box box = boxOf(items);
         bands.push_back({{{box, {std::move(items)}}}});
         return bands;
     }
-    Parts parts = cutAt(items, *gap);
-    append(bands, cut(std::move(parts.above), depth + 1));
+    Parts parts = splitAt(items, *gap);
+    append(bands, split(std::move(parts.above), depth + 1));
     Band band;
     for (RegionItems *side : {&parts.left, &parts.right}) {
         std::vector<Band::Column> columns = columnsOf(std::move(*side), depth + 1);
         std::move(columns.begin(), columns.end(), std::back_inserter(band.columns));
     }
     bands.push_back(std::move(band));
-    append(bands, cut(std::move(parts.below), depth + 1));
+    append(bands, split(std::move(parts.below), depth + 1));
     return bands;
 }
 
@@ -131,7 +131,7 @@ std::vector<Band> cut(RegionItems items, int depth)
 
 std::vector<Band> segmentPage(RegionItems items)
 {
-    return cut(std::move(items), 0);
+    return split(std::move(items), 0);
 }
 
 } // namespace quorra::model

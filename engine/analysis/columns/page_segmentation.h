@@ -7,28 +7,40 @@
 
 namespace quorra::model {
 
-/// What stands on a page when columns are looked for: words, and boxes that text does not run through (ruled tables,
-/// pictures), by their index.
+namespace page_segmentation {
+
+struct Thresholds
+{
+    int maxDepth = 6; ///< of columns within columns; real pages have two or three
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace page_segmentation
+
+/// The content of a region in which columns are looked for: its words, and the obstacles (ruled tables, pictures) that
+/// no text runs through, each a box with an index that the caller gives it.
 struct RegionItems
 {
     WordRefs words;
     std::vector<std::pair<Box, std::size_t>> obstacles;
 };
 
-/// A band of the page cut into columns; a band without a cut has one.
+/// A part of the page over its whole width, divided into columns; at least one.
 struct Band
 {
     struct Column
     {
         Box box;
-        std::vector<RegionItems> parts; ///< in reading order; one unless the column is cut in itself
+        std::vector<RegionItems> parts; ///< in reading order; one unless the column is divided into bands itself
     };
     std::vector<Column> columns; ///< from left to right
 };
 
-/// Cuts a page into bands of columns, from top to bottom in reading order. A blank strip is a gap between columns
-/// only when running text stands on both of its sides; the gaps of tables are none. A column that is
-/// itself cut into bands keeps their order as parts.
+/// Page segmentation: divides a page into bands of columns, from top to bottom in reading order, by recursive search
+/// for column gaps (see findColumnGap). An empty strip is a column gap only when running text stands beside it; the
+/// strips between the columns of a table are not. A column that is itself divided into bands keeps their order as
+/// parts. Nothing on the page gives no bands.
 std::vector<Band> segmentPage(RegionItems items);
 
 } // namespace quorra::model

@@ -2,6 +2,7 @@
 #include "analysis/analysis.h"
 #include "document/text.h"
 #include "paragraphs/dehyphenation.h"
+#include "paragraphs/paragraph_breaks.h"
 #include "paragraphs/paragraphs.h"
 #include "semantics/roles.h"
 
@@ -14,12 +15,21 @@ namespace quorra::model {
 
 namespace {
 
+struct Thresholds
+{
+    double maxSizeRatio = 1.1; ///< of the font sizes of two parts of a paragraph; those of notes and captions differ
+    double minSizeRatio = 0.9; ///< the same the other way round
+    qsizetype minLength = 20;  ///< characters; a shorter paragraph is a heading or a label, which does not continue
+};
+
+constexpr Thresholds thresholds;
+
 bool flows(const Paragraph &paragraph)
 {
     return paragraph.role == Role::Body || paragraph.role == Role::ListItem;
 }
 
-// Text goes on in text of its size: notes at the foot of a column and captions stand in between.
+// The mean font size in whole points. A paragraph continues in one of its size; notes and captions stand in between.
 int sizeClass(const Paragraph &paragraph)
 {
     double sum = 0;
@@ -35,7 +45,7 @@ int sizeClass(const Paragraph &paragraph)
 
 using LastOfSize = std::map<int, Paragraph *>;
 
-bool goesOn(const Paragraph &before, const Paragraph &after)
+bool continues(const Paragraph &before, const Paragraph &after)
 {
     const std::vector<Run> runsBefore = runsOf(before);
     const std::vector<Run> runsAfter = runsOf(after);
@@ -44,14 +54,14 @@ bool goesOn(const Paragraph &before, const Paragraph &after)
         return false;
     }
     const double size = runsAfter.front().style.size;
-    const double ratio = runsBefore.back().style.size / std::max(0.1, size);
+    const double ratio = runsBefore.back().style.size / size;
     const QString end = plainText(runsBefore).trimmed();
     const QString begin = plainText(runsAfter).trimmed();
-    constexpr qsizetype shortest = 20;
-    if (ratio < 0.9 || ratio > 1.1 || end.size() < shortest || begin.isEmpty() || endsSentence(end)) {
+    if (ratio < thresholds.minSizeRatio || ratio > thresholds.maxSizeRatio || end.size() < thresholds.minLength ||
+        begin.isEmpty() || endsSentence(end)) {
         return false;
     }
-    const bool indented = after.firstLineIndent > 0.7 * size;
+    const bool indented = after.firstLineIndent > paragraph_breaks::thresholds.minIndent * size;
     return begin.front().isLower() || endsInHyphen(end, begin) || (!indented && end.endsWith(QLatin1Char(','))) ||
            (!indented && before.lines.size() > 1 && before.alignment == Alignment::Justify);
 }
@@ -78,7 +88,7 @@ void markContinuations(Document &document)
                 }
                 const int size = sizeClass(*paragraph);
                 Paragraph *before = last[size];
-                if (before && columnOf[size] != column && goesOn(*before, *paragraph)) {
+                if (before && columnOf[size] != column && continues(*before, *paragraph)) {
                     paragraph->continuesPrevious = true;
                     const bool hyphen = endsInHyphen(plainText(*before).trimmed(), plainText(*paragraph).trimmed());
                     before->lines.back().words.back().separator = hyphen ? Separator::Hyphen : Separator::Space;

@@ -5,6 +5,9 @@ namespace quorra::model {
 
 namespace {
 
+using dehyphenation::thresholds;
+
+// The Unicode blocks from CJK radicals to Yi, compatibility ideographs, and full-width forms.
 bool isIdeograph(QChar c)
 {
     return (c.unicode() >= 0x2e80 && c.unicode() < 0xa4d0) || (c.unicode() >= 0xf900 && c.unicode() < 0xfb00) ||
@@ -13,14 +16,16 @@ bool isIdeograph(QChar c)
 
 bool isHyphen(QChar c)
 {
-    return c == QLatin1Char('-') || c.unicode() == 0x2010 || c.unicode() == 0xad;
+    constexpr char16_t hyphen = 0x2010;
+    constexpr char16_t softHyphen = 0xad;
+    return c == QLatin1Char('-') || c.unicode() == hyphen || c.unicode() == softHyphen;
 }
 
-// The end of the line's text in one style: its last word, with the parts drawn just before it.
+// The last word of the line: its last fragments in one style, as many as it takes to see the letter before a hyphen.
 QString tailOf(const Line &line)
 {
     QString tail;
-    for (auto word = line.words.rbegin(); word != line.words.rend() && tail.size() < 2; ++word) {
+    for (auto word = line.words.rbegin(); word != line.words.rend() && tail.size() < thresholds.minLength; ++word) {
         if (!tail.isEmpty() && (word->spaceAfter() || !(word->style == line.words.back().style))) {
             break;
         }
@@ -33,7 +38,7 @@ QString tailOf(const Line &line)
 
 bool endsInHyphen(const QString &line, const QString &nextWord)
 {
-    if (line.size() < 2 || nextWord.isEmpty() || !isHyphen(line.back())) {
+    if (line.size() < thresholds.minLength || nextWord.isEmpty() || !isHyphen(line.back())) {
         return false;
     }
     return line.at(line.size() - 2).isLetter() && nextWord.front().isLower();
@@ -42,7 +47,7 @@ bool endsInHyphen(const QString &line, const QString &nextWord)
 Separator lineEnd(const Line &line, const QString &nextWord, bool keepBreak)
 {
     const QString tail = tailOf(line);
-    if (endsInHyphen(tail, nextWord)) { // a word cut at the line's end: no break that is meant
+    if (endsInHyphen(tail, nextWord)) { // even in preformatted text, such a line end is not intended
         return Separator::Hyphen;
     }
     if (keepBreak) {
@@ -51,9 +56,9 @@ Separator lineEnd(const Line &line, const QString &nextWord, bool keepBreak)
     if (tail.isEmpty() || nextWord.isEmpty() || (isIdeograph(tail.back()) && isIdeograph(nextWord.front()))) {
         return Separator::None;
     }
-    // "Anglo-" and "Saxon": the hyphen is the word's own.
-    const bool dashed = isHyphen(tail.back()) && tail.size() > 1 && tail.at(tail.size() - 2).isLetter();
-    return dashed ? Separator::None : Separator::Space;
+    const bool ownHyphen =
+        isHyphen(tail.back()) && tail.size() >= thresholds.minLength && tail.at(tail.size() - 2).isLetter();
+    return ownHyphen ? Separator::None : Separator::Space;
 }
 
 } // namespace quorra::model

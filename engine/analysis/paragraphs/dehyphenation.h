@@ -5,12 +5,24 @@
 
 namespace quorra::model {
 
-/// Whether the text ends in a hyphen that only the end of its line put there, given the word the next line begins with.
+namespace dehyphenation {
+
+struct Thresholds
+{
+    qsizetype minLength = 2; ///< characters: the hyphen and the letter before it
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace dehyphenation
+
+/// Whether the text ends in a hyphen that was put there by hyphenation: a letter before it, and a lower case letter at
+/// the start of `nextWord`, with which the next line begins. Empty texts never do.
 bool endsInHyphen(const QString &line, const QString &nextWord);
 
-/// What stands between a line of a paragraph and the next line, which begins with that word: a space, nothing between
-/// ideographs and after a hyphen that is the word's own, or the hyphen that a line end put into a word. With keepBreak
-/// a line break stands in place of the first two.
+/// The separator between a line of a paragraph and the next line, which begins with `nextWord`: Hyphen for a word that
+/// was hyphenated, None between ideographs and after a hyphen that belongs to the word ("Anglo-" and "Saxon"), else
+/// Space. With `keepBreak` (preformatted text), LineBreak instead of None and Space.
 Separator lineEnd(const Line &line, const QString &nextWord, bool keepBreak);
 
 } // namespace quorra::model

@@ -11,9 +11,16 @@ bool isBullet(const QString &text)
     return text.size() == 1 && bullets.contains(text.front());
 }
 
+bool isDashBullet(const QString &text)
+{
+    static const QString dashes = QStringLiteral("-–—*");
+    return text.size() == 1 && dashes.contains(text.front());
+}
+
 bool isOrdinalMark(const QString &text)
 {
-    if (text.size() < 2 || text.size() > 7) {
+    using list_marks::thresholds;
+    if (text.size() < thresholds.minOrdinalLength || text.size() > thresholds.maxOrdinalLength) {
         return false;
     }
     static const QRegularExpression mark(QStringLiteral(

@@ -13,45 +13,45 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double indent = 0.7;     // font sizes that a line must be moved in to count as indented
-constexpr double widerStep = 1.28; // of the usual distance of baselines
-
-bool isFixedPitchLook(const TextLine &row)
-{
-    return std::all_of(row.words.begin(), row.words.end(), [](const RawWord *w) { return w->style.fixedPitch; });
-}
+using paragraph_breaks::thresholds;
 
 } // namespace
 
-ParagraphBreaks::ParagraphBreaks(const std::vector<TextLine> &rows, const Box &column) : m_rows(rows), m_column(column)
+ParagraphBreaks::ParagraphBreaks(const std::vector<TextLine> &lines, const Box &column)
+    : m_lines(lines)
+    , m_column(column)
 {
     std::vector<double> steps;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        Look look;
-        QString all;
-        std::size_t bold = 0;
-        double weight = 0;
-        double sizes = 0;
-        for (const RawWord *word : rows[i].words) {
-            all += word->text;
-            bold += word->style.bold ? 1 : 0;
-            const auto length = static_cast<double>(word->text.size());
-            sizes += word->style.size * length;
-            weight += length;
-        }
-        look.bold = bold == rows[i].words.size();
-        look.fixedPitch = isFixedPitchLook(rows[i]);
-        look.rightToLeft = isRightToLeft(all);
-        look.size = sizes / std::max(1.0, weight);
-        m_looks.push_back(look);
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        m_styles.push_back(styleOf(lines[i]));
         if (i > 0) {
-            const double step = (rows[i].baseline - rows[i - 1].baseline) / std::max(1.0, rows[i].size);
-            if (step > 0.8 && step < 2.2) {
+            const double step = (lines[i].baseline - lines[i - 1].baseline) / std::max(1.0, lines[i].size);
+            if (step > thresholds.minSampleStep && step < thresholds.maxSampleStep) {
                 steps.push_back(step);
             }
         }
     }
-    m_step = steps.empty() ? 1.2 : std::clamp(median(steps), 0.95, 2.0);
+    m_step = steps.empty() ? thresholds.defaultStep
+                           : std::clamp(median(steps), thresholds.minUsualStep, thresholds.maxUsualStep);
+}
+
+ParagraphBreaks::LineStyle ParagraphBreaks::styleOf(const TextLine &line)
+{
+    LineStyle style;
+    double sizes = 0;
+    double letters = 0;
+    style.bold = true;
+    style.fixedPitch = true;
+    for (const RawWord *word : line.words) {
+        style.bold = style.bold && word->style.bold;
+        style.fixedPitch = style.fixedPitch && word->style.fixedPitch;
+        const auto length = static_cast<double>(word->text.size());
+        sizes += word->style.size * length;
+        letters += length;
+    }
+    style.rightToLeft = isRightToLeft(joinedText(line.words));
+    style.size = sizes / std::max(1.0, letters);
+    return style;
 }
 
 double ParagraphBreaks::usualStep(double size) const
@@ -62,121 +62,118 @@ double ParagraphBreaks::usualStep(double size) const
 bool ParagraphBreaks::startsAt(std::size_t first, std::size_t next) const
 {
     const std::size_t before = next - 1;
-    const double step = m_rows[next].baseline - m_rows[before].baseline;
-    const double size = std::max(m_looks[before].size, m_looks[next].size);
-    constexpr double nextLine = 1.9; // font sizes
-    if (step > 0 && step < nextLine * size && endsInHyphen(lastWord(before), firstWord(next))) {
-        return false; // a word cut at the line's end
+    const double step = m_lines[next].baseline - m_lines[before].baseline;
+    const double size = std::max(m_styles[before].size, m_styles[next].size);
+    if (step > 0 && step < thresholds.maxHyphenatedStep * size && endsInHyphen(lastWord(before), firstWord(next))) {
+        return false;
     }
-    const double own = before > first ? m_rows[before].baseline - m_rows[before - 1].baseline : usualStep(size);
-    if (step > widerStep * std::max(own, 1.05 * size) || (before > first && step < 0.6 * own)) {
+    const double own = before > first ? m_lines[before].baseline - m_lines[before - 1].baseline : usualStep(size);
+    const double minOwn = thresholds.minOwnStep * size;
+    if (step > thresholds.minGap * std::max(own, minOwn) || (before > first && step < thresholds.maxShrink * own)) {
         return true;
     }
-    if (before == first && step > widerStep * std::max(usualStep(size), 1.05 * size)) {
+    if (differsInStyle(before, next) || isListStart(first, next)) {
         return true;
     }
-    if (differsInLook(before, next) || isListStart(first, next)) {
-        return true;
-    }
-    if (m_looks[next].fixedPitch) { // a listing: its line ends and indents are its own
+    if (m_styles[next].fixedPitch) { // preformatted text may be indented and broken anywhere
         return false;
     }
     return isIndentBreak(first, next) || lineEndedEarly(before, next);
 }
 
-bool ParagraphBreaks::differsInLook(std::size_t a, std::size_t b) const
+bool ParagraphBreaks::differsInStyle(std::size_t a, std::size_t b) const
 {
-    const Look &x = m_looks[a];
-    const Look &y = m_looks[b];
-    const double ratio = x.size / std::max(0.1, y.size);
-    return ratio > 1.13 || ratio < 0.885 || x.bold != y.bold || x.fixedPitch != y.fixedPitch ||
-           (x.rightToLeft != y.rightToLeft && m_rows[a].words.size() > 2 && m_rows[b].words.size() > 2);
+    const LineStyle &x = m_styles[a];
+    const LineStyle &y = m_styles[b];
+    const double ratio = x.size / y.size;
+    const bool longEnough = std::min(m_lines[a].words.size(), m_lines[b].words.size()) >= thresholds.minDirectionWords;
+    return ratio > thresholds.maxSizeRatio || ratio < thresholds.minSizeRatio || x.bold != y.bold ||
+           x.fixedPitch != y.fixedPitch || (x.rightToLeft != y.rightToLeft && longEnough);
 }
 
 bool ParagraphBreaks::isListStart(std::size_t first, std::size_t next) const
 {
-    const TextLine &row = m_rows[next];
-    if (row.words.size() < 2) {
+    const TextLine &line = m_lines[next];
+    if (line.words.size() < 2) {
         return false;
     }
-    const QString mark = row.words.front()->text;
+    const QString mark = line.words.front()->text;
     if (!isListMark(mark)) {
         return false;
     }
     const bool afterItem = isListMark(firstWord(first));
-    const bool movedOut = row.box.left < m_rows[next - 1].box.left - indent * row.size;
-    static const QString weak = QStringLiteral("-–—*");
-    if (isBullet(mark) && !weak.contains(mark.front())) {
+    const bool outdented = line.box.left < m_lines[next - 1].box.left - thresholds.minIndent * line.size;
+    if (isBullet(mark) && !isDashBullet(mark)) {
         return true;
     }
-    return (afterItem && (movedOut || next - 1 == first)) || movedOut || endsSentence(lastWord(next - 1)) ||
+    return (afterItem && next - 1 == first) || outdented || endsSentence(lastWord(next - 1)) ||
            lineEndedEarly(next - 1, next);
 }
 
 bool ParagraphBreaks::isCentred(std::size_t i) const
 {
-    const Box &box = m_rows[i].box;
+    const Box &box = m_lines[i].box;
     const double left = box.left - m_column.left;
     const double right = m_column.right - box.right;
-    return left > indent * m_rows[i].size && std::abs(left - right) < std::max(4.0, 0.03 * m_column.width());
+    const double tolerance = std::max(thresholds.minCentredTolerance, thresholds.centredTolerance * m_column.width());
+    return left > thresholds.minIndent * m_lines[i].size && std::abs(left - right) < tolerance;
 }
 
 bool ParagraphBreaks::isIndentBreak(std::size_t first, std::size_t next) const
 {
     const std::size_t before = next - 1;
-    const double moved = m_looks[next].rightToLeft ? m_rows[before].box.right - m_rows[next].box.right
-                                                   : m_rows[next].box.left - m_rows[before].box.left;
-    const double least = indent * m_rows[next].size;
-    if (std::abs(moved) < least || (isCentred(before) && isCentred(next))) {
+    const double moved = m_styles[next].rightToLeft ? m_lines[before].box.right - m_lines[next].box.right
+                                                    : m_lines[next].box.left - m_lines[before].box.left;
+    const double minIndent = thresholds.minIndent * m_lines[next].size;
+    if (std::abs(moved) < minIndent || (isCentred(before) && isCentred(next))) {
         return false;
     }
-    if (moved < 0) { // moved out: after the first line of a paragraph this is its body, later a new hanging entry
+    if (moved < 0) { // outdented: after a paragraph's first line its body, later a new entry with a hanging indent
         return before != first;
     }
     if (before != first) {
         return true;
     }
-    // The second line is moved in: a hanging entry goes on like this, a new paragraph moves out again.
-    if (isListMark(firstWord(first)) || next + 1 >= m_rows.size()) {
+    // The second line is indented: so are entries with a hanging indent; a new paragraph is outdented again.
+    if (isListMark(firstWord(first)) || next + 1 >= m_lines.size()) {
         return !isListMark(firstWord(first)) && endsSentence(lastWord(before));
     }
-    const double after = m_rows[next + 1].box.left - m_rows[next].box.left;
-    return after < -least && endsSentence(lastWord(before));
+    const double after = m_lines[next + 1].box.left - m_lines[next].box.left;
+    return after < -minIndent && endsSentence(lastWord(before));
 }
 
-// The next line's first word would have stood on the line before, had the paragraph gone on.
+// Whether the next line's first word would have fitted on the line before.
 bool ParagraphBreaks::lineEndedEarly(std::size_t before, std::size_t next) const
 {
-    const TextLine &line = m_rows[before];
-    const TextLine &following = m_rows[next];
-    const bool rightToLeft = m_looks[next].rightToLeft;
+    const TextLine &line = m_lines[before];
+    const TextLine &following = m_lines[next];
+    const bool rightToLeft = m_styles[next].rightToLeft;
     const QString last = lastWord(before);
     const QString begin = firstWord(next);
     if (last.endsWith(QLatin1Char('-')) || last.endsWith(QLatin1Char(','))) {
         return false;
     }
-    double room = rightToLeft ? line.box.left - m_column.left : m_column.right - line.box.right;
+    const double empty = rightToLeft ? line.box.left - m_column.left : m_column.right - line.box.right;
     if (isCentred(before) && isCentred(next)) {
-        // Centred lines are often broken by hand, but hardly where less than half of the room is used.
-        return endsSentence(last) || line.box.width() < 0.45 * m_column.width();
+        return endsSentence(last) || line.box.width() < thresholds.minCentredWidth * m_column.width();
     }
     const RawWord *word = rightToLeft ? following.words.back() : following.words.front();
-    room -= word->box.width() + 0.8 * line.size;
+    const double room = empty - (word->box.width() + thresholds.wordSpace * line.size);
     if (room <= 0) {
         return false;
     }
     const bool goesOn = !begin.isEmpty() && begin.front().isLower() && !endsSentence(last);
-    return !goesOn || room > 0.6 * m_column.width();
+    return !goesOn || room > thresholds.minEmptyShare * m_column.width();
 }
 
 QString ParagraphBreaks::lastWord(std::size_t i) const
 {
-    return m_looks[i].rightToLeft ? m_rows[i].words.front()->text : m_rows[i].words.back()->text;
+    return m_styles[i].rightToLeft ? m_lines[i].words.front()->text : m_lines[i].words.back()->text;
 }
 
 QString ParagraphBreaks::firstWord(std::size_t i) const
 {
-    return m_looks[i].rightToLeft ? m_rows[i].words.back()->text : m_rows[i].words.front()->text;
+    return m_styles[i].rightToLeft ? m_lines[i].words.back()->text : m_lines[i].words.front()->text;
 }
 
 } // namespace quorra::model

@@ -7,28 +7,63 @@
 
 namespace quorra::model {
 
-/// Decides between which rows of a column one paragraph ends and the next begins. The rows must outlive it.
+namespace paragraph_breaks {
+
+/// Baseline distances and lengths in em are multiples of the text's font size.
+struct Thresholds
+{
+    // Baseline distances.
+    double minSampleStep = 0.8;     ///< em; smaller distances say nothing about the usual one (overprinted text)
+    double maxSampleStep = 2.2;     ///< em; larger ones are gaps between paragraphs
+    double defaultStep = 1.2;       ///< em; the usual distance where no lines tell it
+    double minUsualStep = 0.95;     ///< em; text is hardly ever set closer
+    double maxUsualStep = 2.0;      ///< em; double-spaced text
+    double maxHyphenatedStep = 1.9; ///< em; a hyphenated word continues on the very next line
+    double minGap = 1.28;           ///< of the distance of the paragraph's lines; wider ones begin a paragraph
+    double minOwnStep = 1.05;       ///< em; lines set closer are judged as if this far apart
+    double maxShrink = 0.6;         ///< of the paragraph's own distance; much closer lines are another paragraph
+
+    // Style.
+    double maxSizeRatio = 1.13;        ///< of the font sizes of two lines of one paragraph; mixed fonts differ by less
+    double minSizeRatio = 0.885;       ///< the same the other way round
+    std::size_t minDirectionWords = 3; ///< on both lines, before a change of direction counts: short lines are neutral
+
+    // Position in the column.
+    double minIndent = 0.7;         ///< em; the least indent in use is one em, less rounding
+    double centredTolerance = 0.03; ///< share of the column's width; between the spaces on both sides
+    double minCentredTolerance = 4; ///< points; the same in narrow columns
+    double minCentredWidth = 0.45;  ///< share of the column's width; centred lines are hardly broken before
+    double wordSpace = 0.8;         ///< em; a wide space of justified text before the word that did not fit
+    double minEmptyShare = 0.6;     ///< share of the column's width; a line so short ended early in any case
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace paragraph_breaks
+
+/// Decides between which text lines of a column one paragraph ends and the next begins. The lines must outlive it.
 class ParagraphBreaks
 {
 public:
-    ParagraphBreaks(const std::vector<TextLine> &rows, const Box &column);
+    ParagraphBreaks(const std::vector<TextLine> &lines, const Box &column);
 
-    /// Whether a new paragraph begins with row `next`, when the current one began with row `first`; next > first.
+    /// Whether a new paragraph begins with line `next`, when the current one began with line `first`; next > first.
     bool startsAt(std::size_t first, std::size_t next) const;
 
-    /// The usual distance of baselines for text of that size.
+    /// The usual distance of baselines, in points, for text of that font size.
     double usualStep(double size) const;
 
 private:
-    struct Look
+    struct LineStyle
     {
         bool bold = false;
         bool fixedPitch = false;
         bool rightToLeft = false;
-        double size = 0;
+        double size = 0; ///< mean over the letters
     };
 
-    bool differsInLook(std::size_t a, std::size_t b) const;
+    static LineStyle styleOf(const TextLine &line);
+    bool differsInStyle(std::size_t a, std::size_t b) const;
     bool isListStart(std::size_t first, std::size_t next) const;
     bool isIndentBreak(std::size_t first, std::size_t next) const;
     bool isCentred(std::size_t i) const;
@@ -36,10 +71,10 @@ private:
     QString lastWord(std::size_t i) const;
     QString firstWord(std::size_t i) const;
 
-    const std::vector<TextLine> &m_rows;
+    const std::vector<TextLine> &m_lines;
     Box m_column;
-    std::vector<Look> m_looks;
-    double m_step = 0; ///< the usual step, in font sizes
+    std::vector<LineStyle> m_styles;
+    double m_step = 0; ///< the usual distance of baselines, in em
 };
 
 } // namespace quorra::model

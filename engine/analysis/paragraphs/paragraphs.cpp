@@ -15,9 +15,10 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double sameEdge = 2.0; // points
+using paragraphs::thresholds;
+constexpr const text_lines::Thresholds &lineThresholds = text_lines::thresholds;
 
-// The share of letters and digits among fixed-pitch text decides: line ends of listings are meant.
+// Whether most words have fixed pitch. The line ends of such text are kept.
 bool isFixedPitch(const std::vector<Line> &lines)
 {
     std::size_t fixed = 0;
@@ -28,29 +29,29 @@ bool isFixedPitch(const std::vector<Line> &lines)
             fixed += word.style->fixedPitch ? 1 : 0;
         }
     }
-    return 10 * fixed > 8 * all;
+    return static_cast<double>(fixed) > thresholds.minFixedPitch * static_cast<double>(all);
 }
 
 template <typename Get>
 bool agree(const std::vector<Line> &lines, std::size_t from, std::size_t to, Get get)
 {
     for (std::size_t i = from; i + 1 < to; ++i) {
-        if (std::abs(get(lines[i]) - get(lines[i + 1])) > sameEdge) {
+        if (std::abs(get(lines[i]) - get(lines[i + 1])) > lineThresholds.sameEdge) {
             return false;
         }
     }
     return to > from + 1;
 }
 
-// Every line in the middle of the column, none but the widest reaching its left edge.
+// Whether every line is in the middle of the column, and only the widest reaches its left edge.
 bool isCentred(const std::vector<Line> &lines, const Box &column)
 {
-    const double slack = std::max(3.0, 0.02 * column.width());
+    const double tolerance = std::max(thresholds.minCentreTolerance, thresholds.centredTolerance * column.width());
     const auto inMiddle = std::all_of(lines.begin(), lines.end(), [&](const Line &line) {
-        return std::abs(line.box.centreX() - column.centreX()) <= slack;
+        return std::abs(line.box.centreX() - column.centreX()) <= tolerance;
     });
     const auto atEdge = std::count_if(
-        lines.begin(), lines.end(), [&](const Line &line) { return line.box.left - column.left < slack; });
+        lines.begin(), lines.end(), [&](const Line &line) { return line.box.left - column.left < tolerance; });
     return inMiddle && atEdge <= 1;
 }
 
@@ -61,24 +62,28 @@ Alignment alignmentOf(const std::vector<Line> &lines, const Box &column)
         const Box &box = lines.front().box;
         const double left = box.left - column.left;
         const double right = column.right - box.right;
-        const bool inset = left > 0.06 * column.width();
-        if (inset && std::abs(left - right) < std::max(4.0, 0.02 * column.width())) {
+        const bool inset = left > thresholds.minInset * column.width();
+        const double tolerance = std::max(thresholds.minLineTolerance, thresholds.centredTolerance * column.width());
+        if (inset && std::abs(left - right) < tolerance) {
             return Alignment::Centre;
         }
-        return inset && right < sameEdge && left > 0.4 * column.width() ? Alignment::Right : Alignment::Left;
+        return inset && right < lineThresholds.sameEdge && left > thresholds.minRightInset * column.width()
+                   ? Alignment::Right
+                   : Alignment::Left;
     }
     const auto left = [](const Line &l) { return l.box.left; };
     const auto right = [](const Line &l) { return l.box.right; };
     const bool rights = agree(lines, 0, n - 1, right);
     const bool lefts = n == 2 ? agree(lines, 0, n, left) : agree(lines, 1, n, left);
     if (lefts) {
-        return (n > 2 && rights) || (n == 2 && column.right - lines.front().box.right < sameEdge) ? Alignment::Justify
-                                                                                                  : Alignment::Left;
+        return (n > 2 && rights) || (n == 2 && column.right - lines.front().box.right < lineThresholds.sameEdge)
+                   ? Alignment::Justify
+                   : Alignment::Left;
     }
     if (isCentred(lines, column)) {
         return Alignment::Centre;
     }
-    if (n == 2 && column.right - lines.front().box.right < sameEdge) {
+    if (n == 2 && column.right - lines.front().box.right < lineThresholds.sameEdge) {
         return Alignment::Justify; // the first line is indented
     }
     return agree(lines, 0, n, right) ? Alignment::Right : rights ? Alignment::Justify : Alignment::Left;
@@ -113,7 +118,7 @@ void measure(Paragraph &paragraph, const Box &column)
     }
 }
 
-// A mark at the beginning becomes the list mark.
+// Makes the paragraph a list item if its first word is a list mark.
 void takeListMark(Paragraph &paragraph)
 {
     const Line &first = paragraph.lines.front();
@@ -127,17 +132,17 @@ void takeListMark(Paragraph &paragraph)
         return; // the number of a heading
     }
     const double gap = first.words[1].box.left - first.words[0].box.right;
-    const bool hangs = paragraph.lines.size() > 1 && paragraph.lines[1].box.left > first.box.left + sameEdge;
-    static const QString dashes = QStringLiteral("-–—*");
-    const bool dash = bullet && dashes.contains(mark.front());
-    if ((!bullet || dash) && !hangs && gap < 0.35 * first.words[0].style->size) {
+    const bool hangs =
+        paragraph.lines.size() > 1 && paragraph.lines[1].box.left > first.box.left + lineThresholds.sameEdge;
+    const double minGap = thresholds.minMarkGap * first.words[0].style->size;
+    if ((!bullet || isDashBullet(mark)) && !hangs && gap < minGap) {
         return; // "A. Smith", "1. January", "- 3 -"
     }
     paragraph.listItem = ListItem{mark, !bullet, 0};
     paragraph.role = Role::ListItem;
 }
 
-// Says what stands between the words at the ends of the lines, and which words are raised or lowered.
+// Sets the separators between the lines and marks superscripts and subscripts.
 void finishLines(std::vector<Line> &lines, bool keepBreaks, bool withMark)
 {
     for (std::size_t i = 0; i < lines.size(); ++i) {
@@ -164,20 +169,20 @@ Paragraph makeParagraph(std::vector<Line> lines, const Box &column)
     return paragraph;
 }
 
-// Whether a blank stands between two words, the right one after the left one on the row. Only pieces that the PDF
-// library itself found to be one word's stay together.
+// Whether there is a space between two words of a text line, `right` the next one after `left`. Only what the PDF
+// library itself found to be fragments of one word stays together.
 bool isApart(const RawWord &left, const RawWord &right)
 {
-    constexpr double blank = 0.15; // font sizes
+    const double size = left.style.size;
     const double gap = right.box.left - left.box.right;
     const bool inOrder = right.index == left.index + 1;
-    const bool index = right.style.size < 0.85 * left.style.size && right.baseline > left.baseline &&
-                       std::abs(gap) < 0.1 * left.style.size;
-    const bool stacked = gap < -0.3 * left.style.size && right.baseline != left.baseline;
-    if (inOrder && (index || stacked)) {
-        return false; // an index hangs on its letter, a lower index under the upper one
+    const bool subscript = right.style.size < lineThresholds.maxShiftedSize * size && right.baseline > left.baseline &&
+                           std::abs(gap) < thresholds.maxScriptOverlap * size;
+    const bool stacked = gap < -thresholds.minBacktrack * size && right.baseline != left.baseline;
+    if (inOrder && (subscript || stacked)) {
+        return false;
     }
-    return left.spaceAfter || !inOrder || gap > blank * std::max(left.style.size, right.style.size);
+    return left.spaceAfter || !inOrder || gap > thresholds.minWordSpace * std::max(size, right.style.size);
 }
 
 Word wordOf(const RawWord &raw, StyleTable &styles)
@@ -194,22 +199,20 @@ Word wordOf(const RawWord &raw, StyleTable &styles)
 
 } // namespace
 
-Line lineOf(const TextLine &row, StyleTable &styles)
+Line lineOf(const TextLine &textLine, StyleTable &styles)
 {
     Line line;
-    line.box = row.box;
-    line.box.top = row.baseline - 0.8 * row.size;
-    line.box.bottom = row.baseline + 0.2 * row.size;
-    line.baseline = row.baseline;
-    line.words.reserve(row.words.size());
-    QString all;
-    for (std::size_t i = 0; i < row.words.size(); ++i) {
-        line.words.push_back(wordOf(*row.words[i], styles));
-        const bool apart = i + 1 == row.words.size() || isApart(*row.words[i], *row.words[i + 1]);
+    line.box = textLine.box;
+    line.box.top = textLine.baseline - lineThresholds.ascent * textLine.size;
+    line.box.bottom = textLine.baseline + lineThresholds.descent * textLine.size;
+    line.baseline = textLine.baseline;
+    line.words.reserve(textLine.words.size());
+    for (std::size_t i = 0; i < textLine.words.size(); ++i) {
+        line.words.push_back(wordOf(*textLine.words[i], styles));
+        const bool apart = i + 1 == textLine.words.size() || isApart(*textLine.words[i], *textLine.words[i + 1]);
         line.words.back().separator = apart ? Separator::Space : Separator::None;
-        all += row.words[i]->text;
     }
-    const bool rightToLeft = isRightToLeft(all);
+    const bool rightToLeft = isRightToLeft(joinedText(textLine.words));
     if (rightToLeft) { // the space after a word is then the one on its left
         for (std::size_t i = line.words.size(); i-- > 1;) {
             line.words[i].separator = line.words[i - 1].separator;
@@ -220,26 +223,26 @@ Line lineOf(const TextLine &row, StyleTable &styles)
     return line;
 }
 
-std::vector<Paragraph> paragraphsOf(const std::vector<TextLine> &rows, const Box &column, StyleTable &styles)
+std::vector<Paragraph> paragraphsOf(const std::vector<TextLine> &lines, const Box &column, StyleTable &styles)
 {
     std::vector<Paragraph> paragraphs;
-    const ParagraphBreaks breaks(rows, column);
+    const ParagraphBreaks breaks(lines, column);
     double lastBaseline = 0;
-    for (std::size_t start = 0; start < rows.size();) {
+    for (std::size_t start = 0; start < lines.size();) {
         std::size_t end = start + 1;
-        while (end < rows.size() && !breaks.startsAt(start, end)) {
+        while (end < lines.size() && !breaks.startsAt(start, end)) {
             ++end;
         }
-        std::vector<Line> lines;
+        std::vector<Line> own;
         for (std::size_t i = start; i < end; ++i) {
-            lines.push_back(lineOf(rows[i], styles));
+            own.push_back(lineOf(lines[i], styles));
         }
-        paragraphs.push_back(makeParagraph(std::move(lines), column));
+        paragraphs.push_back(makeParagraph(std::move(own), column));
         if (start > 0) {
-            const double step = rows[start].baseline - lastBaseline;
-            paragraphs.back().spaceBefore = std::max(0.0, step - breaks.usualStep(rows[start].size));
+            const double step = lines[start].baseline - lastBaseline;
+            paragraphs.back().spaceBefore = std::max(0.0, step - breaks.usualStep(lines[start].size));
         }
-        lastBaseline = rows[end - 1].baseline;
+        lastBaseline = lines[end - 1].baseline;
         start = end;
     }
     return paragraphs;
@@ -293,7 +296,7 @@ bool isPreformatted(const Paragraph &paragraph)
             before = &word;
         }
     }
-    return broken && fixed > 0 && 10 * fixed > 8 * letters;
+    return broken && fixed > thresholds.minFixedPitch * letters;
 }
 
 bool endsSentence(const QString &text)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text_lines/superscripts.h"
 
+#include "text_lines/text_lines.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -8,31 +10,28 @@ namespace quorra::model {
 
 namespace {
 
-// In parts of the text's size.
-constexpr double smallType = 0.85;
-constexpr double leastRaise = 0.12;
-constexpr double leastDrop = 0.08;
-constexpr double farthestShift = 1.1; // the limits of a sum stand that far off
-constexpr double widestGap = 0.45;    // a blank may stand before a footnote's sign
+using superscripts::thresholds;
+constexpr const text_lines::Thresholds &lineThresholds = text_lines::thresholds;
 
 using Words = std::vector<Word>;
 
-struct Ground
+// What most letters of a line have in common.
+struct MainText
 {
     double size = 0;
     double baseline = 0;
 };
 
-// The size and baseline that most letters of the line have.
-Ground groundOf(const Words &words)
+MainText mainTextOf(const Words &words)
 {
-    Ground best;
+    MainText best;
     qsizetype most = 0;
     for (const Word &word : words) {
         qsizetype letters = 0;
         for (const Word &other : words) {
-            const bool alike = std::abs(other.baseline - word.baseline) < 0.05 * word.style->size &&
-                               std::abs(other.style->size - word.style->size) < 0.1 * word.style->size;
+            const double size = word.style->size;
+            const bool alike = std::abs(other.baseline - word.baseline) < thresholds.sameBaseline * size &&
+                               std::abs(other.style->size - size) < thresholds.sameSizeTolerance * size;
             letters += alike ? other.text.size() : 0;
         }
         if (letters > most || (letters == most && word.style->size > best.size)) {
@@ -48,18 +47,23 @@ double gapBetween(const Box &a, const Box &b)
     return std::max(a.left - b.right, b.left - a.right);
 }
 
-BaselineShift shiftOf(const Word &word, const Ground &ground)
+bool isSmall(const Word &word, const MainText &text)
 {
-    const double raise = (ground.baseline - word.baseline) / ground.size;
-    if (word.rotation != 0 || word.style->size > smallType * ground.size || std::abs(raise) > farthestShift) {
-        return BaselineShift::None;
-    }
-    return raise > leastRaise   ? BaselineShift::Superscript
-           : raise < -leastDrop ? BaselineShift::Subscript
-                                : BaselineShift::None;
+    return word.style->size <= lineThresholds.maxShiftedSize * text.size;
 }
 
-bool isPlain(const Words &words)
+BaselineShift shiftOf(const Word &word, const MainText &text)
+{
+    const double raise = (text.baseline - word.baseline) / text.size;
+    if (word.rotation != 0 || !isSmall(word, text) || std::abs(raise) > lineThresholds.maxBaselineDistance) {
+        return BaselineShift::None;
+    }
+    return raise > thresholds.minRaise   ? BaselineShift::Superscript
+           : raise < -thresholds.minDrop ? BaselineShift::Subscript
+                                         : BaselineShift::None;
+}
+
+bool isOnOneBaseline(const Words &words)
 {
     const Word &first = words.front();
     return std::all_of(
@@ -74,27 +78,27 @@ void markSuperscripts(Line &line, std::size_t first)
         return;
     }
     const Words words(line.words.begin() + static_cast<std::ptrdiff_t>(first), line.words.end());
-    if (isPlain(words)) {
+    if (isOnOneBaseline(words)) {
         return;
     }
-    const Ground ground = groundOf(words);
+    const MainText text = mainTextOf(words);
     std::vector<BaselineShift> shifts(words.size());
-    std::vector<bool> carries(words.size()); // what a sign can hang on
+    std::vector<bool> isBase(words.size()); // what a superscript or subscript can stand next to
     for (std::size_t i = 0; i < shifts.size(); ++i) {
-        shifts[i] = shiftOf(words[i], ground);
-        carries[i] = shifts[i] == BaselineShift::None && words[i].style->size > smallType * ground.size;
+        shifts[i] = shiftOf(words[i], text);
+        isBase[i] = shifts[i] == BaselineShift::None && !isSmall(words[i], text);
     }
-    const auto hangs = [&](std::size_t i, std::size_t neighbour) {
-        return neighbour < shifts.size() && carries[neighbour] &&
-               gapBetween(words[i].box, words[neighbour].box) < widestGap * ground.size;
+    const auto isNextTo = [&](std::size_t i, std::size_t neighbour) {
+        return neighbour < shifts.size() && isBase[neighbour] &&
+               gapBetween(words[i].box, words[neighbour].box) < thresholds.maxGap * text.size;
     };
     for (std::size_t i = 0; i < shifts.size(); ++i) {
-        carries[i] = carries[i] || (shifts[i] != BaselineShift::None && hangs(i, i - 1));
+        isBase[i] = isBase[i] || (shifts[i] != BaselineShift::None && isNextTo(i, i - 1));
     }
-    for (std::size_t i = shifts.size(); i-- > 0;) { // a sign before its text, as at the head of a footnote
-        if (shifts[i] != BaselineShift::None && !carries[i]) {
-            carries[i] = hangs(i, i + 1);
-            shifts[i] = carries[i] ? shifts[i] : BaselineShift::None;
+    for (std::size_t i = shifts.size(); i-- > 0;) { // a mark before its text, as at the start of a footnote
+        if (shifts[i] != BaselineShift::None && !isBase[i]) {
+            isBase[i] = isNextTo(i, i + 1);
+            shifts[i] = isBase[i] ? shifts[i] : BaselineShift::None;
         }
     }
     for (std::size_t i = 0; i < shifts.size(); ++i) {

@@ -3,12 +3,29 @@
 
 #include "document/document.h"
 
-#include <vector>
+#include <cstddef>
 
 namespace quorra::model {
 
-/// Marks the words of the line, from that one on, that stand raised or lowered beside the text: clearly smaller than
-/// the line's text, off its baseline, and next to a word of that text or to another such word. Rotated text has none.
+namespace superscripts {
+
+/// Lengths in em of the line's main text; see also the thresholds of superscripts and subscripts in text_lines.h.
+struct Thresholds
+{
+    double minRaise = 0.12;         ///< em; words raised by more are superscripts
+    double minDrop = 0.08;          ///< em; words lowered by more are subscripts, which are set closer to the baseline
+    double maxGap = 0.45;           ///< em; a space may separate a footnote mark from its text
+    double sameBaseline = 0.05;     ///< em; words of the main text differ by less (rounding, hinting)
+    double sameSizeTolerance = 0.1; ///< em; font sizes of words of the main text differ by less
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace superscripts
+
+/// Sets the baseline shift of the line's words from index `first` on: a superscript or subscript is clearly smaller
+/// than the line's main text, off its baseline, and next to a word of that text or to another such word. `first` leaves
+/// a list mark out. Changes nothing in rotated text and in lines of fewer than two words.
 void markSuperscripts(Line &line, std::size_t first = 0);
 
 } // namespace quorra::model

@@ -11,60 +11,65 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double bodyHeight = 0.72;   // of the font size: the height of capitals
-constexpr double initialFactor = 1.8; // a word this much larger than the row's is an initial over several lines
+using text_lines::thresholds;
 
 double sharedHeight(const Box &a, const Box &b)
 {
     return std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
 }
 
-bool belongsTo(const TextLine &row, const RawWord &word, const Box &body)
+bool belongsTo(const TextLine &line, const RawWord &word, const Box &body)
 {
-    const double larger = std::max(row.size, word.style.size);
-    const double smaller = std::min(row.size, word.style.size);
-    if (larger > initialFactor * smaller) {
-        return std::abs(row.baseline - word.baseline) < 0.35 * smaller;
+    const double larger = std::max(line.size, word.style.size);
+    const double smaller = std::min(line.size, word.style.size);
+    if (larger > thresholds.minInitialSize * smaller) {
+        return std::abs(line.baseline - word.baseline) < thresholds.maxInitialShift * smaller;
     }
-    return sharedHeight(row.box, body) > 0.5 * std::min(row.box.height(), body.height());
+    return sharedHeight(line.box, body) > thresholds.minSharedHeight * std::min(line.box.height(), body.height());
 }
 
-void add(TextLine &row, const RawWord *word, const Box &body)
+void add(TextLine &line, const RawWord *word, const Box &body)
 {
-    if (row.words.empty() || word->style.size > row.size) {
-        row.size = word->style.size;
-        row.baseline = word->baseline;
-        row.box.top = body.top;
-        row.box.bottom = body.bottom;
+    if (line.words.empty() || word->style.size > line.size) {
+        line.size = word->style.size;
+        line.baseline = word->baseline;
+        line.box.top = body.top;
+        line.box.bottom = body.bottom;
     }
-    row.box.left = row.words.empty() ? body.left : std::min(row.box.left, body.left);
-    row.box.right = row.words.empty() ? body.right : std::max(row.box.right, body.right);
-    row.words.push_back(word);
+    line.box.left = line.words.empty() ? body.left : std::min(line.box.left, body.left);
+    line.box.right = line.words.empty() ? body.right : std::max(line.box.right, body.right);
+    line.words.push_back(word);
 }
 
-// A piece of a word goes to the row of the piece before it, and so does a fraction that goes on in its line.
-void uniteFragments(std::vector<TextLine> &rows)
+void dropEmptyLines(std::vector<TextLine> &lines)
+{
+    lines.erase(
+        std::remove_if(lines.begin(), lines.end(), [](const TextLine &line) { return line.words.empty(); }),
+        lines.end());
+}
+
+// Moves each fragment of a word to the line of the fragment before it, and a small fraction to the line it continues.
+void uniteFragments(std::vector<TextLine> &lines)
 {
     struct Home
     {
         const RawWord *word;
-        std::size_t row;
+        std::size_t line;
     };
     std::unordered_map<std::size_t, Home> homes; // by the word's place on the page
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        for (const RawWord *word : rows[i].words) {
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        for (const RawWord *word : lines[i].words) {
             homes.emplace(word->index, Home{word, i});
         }
     }
     const auto following = [&homes](const RawWord &word) {
         return word.endsLine ? homes.end() : homes.find(word.index + 1);
     };
-    const std::size_t count = rows.size();
-    for (std::size_t i = 0; i < count; ++i) {
-        for (std::size_t k = 0; k < rows[i].words.size(); ++k) { // grows while pieces come in
-            const RawWord *word = rows[i].words[k];
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        for (std::size_t k = 0; k < lines[i].words.size(); ++k) { // grows while fragments are added
+            const RawWord *word = lines[i].words[k];
             const auto next = following(*word);
-            if (next == homes.end() || next->second.row == i) {
+            if (next == homes.end() || next->second.line == i) {
                 continue;
             }
             Home &home = next->second;
@@ -73,98 +78,97 @@ void uniteFragments(std::vector<TextLine> &rows)
             if (!fraction && !continuesWord(*word, *home.word)) {
                 continue;
             }
-            std::vector<const RawWord *> &left = rows[home.row].words;
+            WordRefs &left = lines[home.line].words;
             left.erase(std::find(left.begin(), left.end(), home.word));
-            add(rows[i], home.word, bodyOf(*home.word));
-            home.row = i;
+            add(lines[i], home.word, bodyOf(*home.word));
+            home.line = i;
         }
     }
-    rows.erase(
-        std::remove_if(rows.begin(), rows.end(), [](const TextLine &row) { return row.words.empty(); }), rows.end());
+    dropEmptyLines(lines);
 }
 
-// Whether a small word hangs on one of the row's words, as an index does.
-bool hangsOn(const TextLine &row, const RawWord &word)
+// Whether the word can be a superscript or subscript of one of the line's words.
+bool isShiftedOn(const TextLine &line, const RawWord &word)
 {
     const Box body = bodyOf(word);
-    const double reach = 0.5 * row.size;
-    if (word.style.size > 0.85 * row.size || body.top > row.box.bottom + reach || body.bottom < row.box.top - reach) {
+    const double reach = thresholds.maxShiftedReach * line.size;
+    if (word.style.size > thresholds.maxShiftedSize * line.size || body.top > line.box.bottom + reach ||
+        body.bottom < line.box.top - reach) {
         return false;
     }
-    return std::any_of(row.words.begin(), row.words.end(), [&](const RawWord *base) {
-        return std::abs(word.box.left - base->box.right) < 0.25 * row.size;
+    return std::any_of(line.words.begin(), line.words.end(), [&](const RawWord *base) {
+        return std::abs(word.box.left - base->box.right) < thresholds.maxShiftedGap * line.size;
     });
 }
 
-// Rows of nothing but indices, too far from the letters that carry them to have been found with them.
-void attachShiftedLines(std::vector<TextLine> &rows)
+// Superscripts and subscripts too far above or below their base to overlap it form lines of their own at first; this
+// moves them to the line of their base.
+void attachShiftedLines(std::vector<TextLine> &lines)
 {
-    constexpr std::size_t mostIndices = 8;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (rows[i].words.size() > mostIndices) {
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (lines[i].words.size() > thresholds.maxShiftedWords) {
             continue;
         }
         for (const std::size_t home : {i - 1, i + 1}) {
-            const bool all = home < rows.size() && !rows[home].words.empty() &&
-                             std::all_of(rows[i].words.begin(), rows[i].words.end(), [&](const RawWord *word) {
-                                 return hangsOn(rows[home], *word);
+            const bool all = home < lines.size() && !lines[home].words.empty() &&
+                             std::all_of(lines[i].words.begin(), lines[i].words.end(), [&](const RawWord *word) {
+                                 return isShiftedOn(lines[home], *word);
                              });
-            if (all && !rows[i].words.empty()) {
-                for (const RawWord *word : rows[i].words) {
-                    add(rows[home], word, bodyOf(*word));
+            if (all && !lines[i].words.empty()) {
+                for (const RawWord *word : lines[i].words) {
+                    add(lines[home], word, bodyOf(*word));
                 }
-                rows[i].words.clear();
+                lines[i].words.clear();
             }
         }
     }
-    rows.erase(
-        std::remove_if(rows.begin(), rows.end(), [](const TextLine &row) { return row.words.empty(); }), rows.end());
+    dropEmptyLines(lines);
 }
 
 } // namespace
 
 Box bodyOf(const RawWord &word)
 {
-    return {word.box.left, word.baseline - bodyHeight * word.style.size, word.box.right, word.baseline};
+    return {word.box.left, word.baseline - thresholds.capHeight * word.style.size, word.box.right, word.baseline};
 }
 
 std::vector<TextLine> textLinesOf(WordRefs words)
 {
     std::stable_sort(
         words.begin(), words.end(), [](const RawWord *a, const RawWord *b) { return a->baseline < b->baseline; });
-    const bool hasPieces = std::any_of(words.begin(), words.end(), [](const RawWord *word) { return !word->endsLine; });
-    std::vector<TextLine> rows;
-    constexpr std::size_t openRows = 4;
+    const bool hasFragments =
+        std::any_of(words.begin(), words.end(), [](const RawWord *word) { return !word->endsLine; });
+    std::vector<TextLine> lines;
     for (const RawWord *word : words) {
         const Box body = bodyOf(*word);
         TextLine *home = nullptr;
-        for (std::size_t back = 1; back <= std::min(openRows, rows.size()) && !home; ++back) {
-            TextLine &row = rows[rows.size() - back];
-            home = belongsTo(row, *word, body) ? &row : nullptr;
+        for (std::size_t back = 1; back <= std::min(thresholds.maxOpenLines, lines.size()) && !home; ++back) {
+            TextLine &line = lines[lines.size() - back];
+            home = belongsTo(line, *word, body) ? &line : nullptr;
         }
-        add(home ? *home : rows.emplace_back(), word, body);
+        add(home ? *home : lines.emplace_back(), word, body);
     }
-    if (hasPieces) {
-        uniteFragments(rows);
+    if (hasFragments) {
+        uniteFragments(lines);
     }
-    attachShiftedLines(rows);
-    for (TextLine &row : rows) {
-        std::stable_sort(row.words.begin(), row.words.end(), [](const RawWord *a, const RawWord *b) {
+    attachShiftedLines(lines);
+    for (TextLine &line : lines) {
+        std::stable_sort(line.words.begin(), line.words.end(), [](const RawWord *a, const RawWord *b) {
             return a->box.left < b->box.left;
         });
     }
     std::stable_sort(
-        rows.begin(), rows.end(), [](const TextLine &a, const TextLine &b) { return a.baseline < b.baseline; });
-    return rows;
+        lines.begin(), lines.end(), [](const TextLine &a, const TextLine &b) { return a.baseline < b.baseline; });
+    return lines;
 }
 
-std::vector<Segment> segmentsOf(const TextLine &row, double gapInSizes)
+std::vector<Segment> segmentsOf(const TextLine &line, double maxGap)
 {
     std::vector<Segment> segments;
-    for (const RawWord *word : row.words) {
+    for (const RawWord *word : line.words) {
         const Box body = bodyOf(*word);
-        const double size = std::min(row.size, word->style.size * 1.3);
-        if (segments.empty() || body.left - segments.back().box.right > gapInSizes * size) {
+        const double size = std::min(line.size, word->style.size * thresholds.maxSizeRatio);
+        if (segments.empty() || body.left - segments.back().box.right > maxGap * size) {
             segments.push_back({{word}, body});
         } else {
             segments.back().words.push_back(word);
@@ -172,6 +176,15 @@ std::vector<Segment> segmentsOf(const TextLine &row, double gapInSizes)
         }
     }
     return segments;
+}
+
+QString joinedText(const WordRefs &words, const QString &separator)
+{
+    QString text;
+    for (const RawWord *word : words) {
+        text += text.isEmpty() ? word->text : separator + word->text;
+    }
+    return text;
 }
 
 } // namespace quorra::model

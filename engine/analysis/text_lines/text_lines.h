@@ -5,9 +5,38 @@
 #include "base/statistics.h"
 #include "document/raw_page.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace quorra::model {
+
+namespace text_lines {
+
+/// Lengths in em are multiples of the font size of the text that is looked at.
+struct Thresholds
+{
+    double capHeight = 0.72; ///< em; the height of capitals in most fonts
+    double ascent = 0.8;     ///< em; the part of a line box above the baseline, as most fonts divide it
+    double descent = 0.2;    ///< em; the part of a line box below the baseline
+
+    double minSharedHeight = 0.5;  ///< share of the lower body; words of one line overlap by more than this
+    std::size_t maxOpenLines = 4;  ///< lines that a word may join; words are sorted by baseline, so its line is recent
+    double minInitialSize = 1.8;   ///< of the line's font size; larger words are initials that reach over several lines
+    double maxInitialShift = 0.35; ///< em of the smaller text; from an initial's baseline to the one of its line
+
+    double maxShiftedSize = 0.85;     ///< of the text's font size; superscripts and subscripts are smaller than this
+    double maxShiftedGap = 0.25;      ///< em; a superscript or subscript is drawn this close to its base
+    double maxShiftedReach = 0.5;     ///< em; the farthest that one stands above or below the bodies of its line
+    std::size_t maxShiftedWords = 8;  ///< on one line; more small words are a text line of their own
+    double maxBaselineDistance = 1.1; ///< em; the farthest shift of one, for example of the limits of a sum
+
+    double maxSizeRatio = 1.3; ///< of the next word's font size; a larger word on the line does not widen its gaps more
+    double sameEdge = 2;       ///< points; edges of text that are no farther apart are aligned
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace text_lines
 
 /// Words of a raw page, which must outlive the list.
 using WordRefs = std::vector<const RawWord *>;
@@ -21,21 +50,25 @@ struct TextLine
     double size = 0;     ///< font size of the largest word
 };
 
-/// Words of a row without a wide gap between them.
+/// Words of a text line without a wide gap between them.
 struct Segment
 {
     WordRefs words;
-    Box box;
+    Box box; ///< around the words' bodies
 };
 
-/// The part of a word's box that its letters really fill: ascenders and descenders of neighbouring lines overlap, the
-/// bodies do not.
+/// The word's box from the baseline up to the height of capitals. The full boxes of neighbouring lines overlap by their
+/// ascenders and descenders, the bodies do not.
 Box bodyOf(const RawWord &word);
 
-/// Groups upright words into rows, from top to bottom. Raised and lowered small words belong to the row they touch.
+/// Groups upright words into text lines, sorted from top to bottom. Superscripts and subscripts belong to the line of
+/// their base. No words give no lines.
 std::vector<TextLine> textLinesOf(WordRefs words);
 
-/// Cuts a row at gaps wider than that many font sizes.
-std::vector<Segment> segmentsOf(const TextLine &row, double gapInSizes);
+/// Splits a text line at gaps wider than `maxGap`, in em. A line without words has no segments.
+std::vector<Segment> segmentsOf(const TextLine &line, double maxGap);
+
+/// The texts of the words with that separator between them.
+QString joinedText(const WordRefs &words, const QString &separator = {});
 
 } // namespace quorra::model

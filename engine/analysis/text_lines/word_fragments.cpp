@@ -5,23 +5,31 @@
 
 namespace quorra::model {
 
+namespace {
+
+using word_fragments::thresholds;
+constexpr const text_lines::Thresholds &lineThresholds = text_lines::thresholds;
+
+} // namespace
+
 bool continuesWord(const RawWord &word, const RawWord &next)
 {
-    constexpr double widestGap = 0.25; // font sizes
     const double size = word.style.size;
-    return !word.spaceAfter && word.rotation == next.rotation && next.box.left - word.box.right <= widestGap * size &&
-           next.box.left >= word.box.left - widestGap * size && std::abs(next.baseline - word.baseline) <= 1.1 * size;
+    const double maxGap = lineThresholds.maxShiftedGap * size;
+    return !word.spaceAfter && word.rotation == next.rotation && next.box.left - word.box.right <= maxGap &&
+           next.box.left >= word.box.left - maxGap &&
+           std::abs(next.baseline - word.baseline) <= lineThresholds.maxBaselineDistance * size;
 }
 
 bool isSmallFraction(const RawWord &word, const RawWord &first, const RawWord &second)
 {
-    constexpr double muchSmaller = 0.85;
-    constexpr double widestGap = 0.5; // font sizes
     const double size = word.style.size;
     const double gap = first.box.left - word.box.right;
+    const double maxGap = thresholds.maxFractionGap * size;
     const bool stacked = continuesWord(first, second) && second.box.left < first.box.centreX();
-    return stacked && !word.endsLine && word.rotation == first.rotation && first.style.size < muchSmaller * size &&
-           gap <= widestGap * size && gap > -widestGap * size && std::abs(first.baseline - word.baseline) <= size;
+    return stacked && !word.endsLine && word.rotation == first.rotation &&
+           first.style.size < lineThresholds.maxShiftedSize * size && gap <= maxGap && gap > -maxGap &&
+           std::abs(first.baseline - word.baseline) <= thresholds.maxFractionShift * size;
 }
 
 void keepFragmentsTogether(const RawPage &raw, const std::vector<WordRefs *> &groups)

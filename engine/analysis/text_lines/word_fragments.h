@@ -7,16 +7,30 @@
 
 namespace quorra::model {
 
-/// Whether the second word, which comes after the first one on the raw page, is the rest of the first: the PDF library
-/// knows from the file which pieces are one word, however deep an index of an index hangs.
+namespace word_fragments {
+
+/// Lengths in em of the word before; see also the thresholds of superscripts and subscripts in text_lines.h.
+struct Thresholds
+{
+    double maxFractionGap = 0.5;   ///< em; a thin space may separate a fraction from the word before it
+    double maxFractionShift = 1.0; ///< em; the farthest of a fraction's baselines from that of its line
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace word_fragments
+
+/// Whether `next`, which follows `word` in the raw page's order, is a fragment of the same word. The PDF library knows
+/// from the file which fragments are one word, subscripts of subscripts included; this only rejects what is too far
+/// away.
 bool continuesWord(const RawWord &word, const RawWord &next);
 
-/// Whether the two words that come after the first one are a fraction set small in its line: one stands over the other,
-/// and both reach out of the line.
+/// Whether the two words that follow `word` are a fraction in small type on its line: numerator and denominator stand
+/// one above the other, and both reach out of the line.
 bool isSmallFraction(const RawWord &word, const RawWord &first, const RawWord &second);
 
-/// A piece of a word that stands in no group goes to the group of its word's other pieces: the edge of a picture or a
-/// table must not cut "g" from its index. The groups' words are words of the page.
+/// Adds each fragment that is in no group to the group that holds the other fragments of its word: the edge of a
+/// picture or a table must not separate "g" from its subscript. The groups hold words of the page.
 void keepFragmentsTogether(const RawPage &raw, const std::vector<WordRefs *> &groups);
 
 } // namespace quorra::model

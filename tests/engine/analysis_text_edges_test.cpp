@@ -1,0 +1,419 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "test_text.h"
+#include "threshold_edges.h"
+
+#include "analysis/columns/column_gaps.h"
+#include "analysis/paragraphs/dehyphenation.h"
+#include "analysis/paragraphs/paragraph_breaks.h"
+#include "analysis/paragraphs/paragraphs.h"
+#include "analysis/text_lines/superscripts.h"
+#include "analysis/text_lines/word_fragments.h"
+
+using namespace quorra;
+using namespace quorra::model;
+using namespace threshold_edges;
+
+namespace {
+
+using Words = std::vector<RawWord>;
+
+constexpr double em = 10;     // the font size of all text that says nothing else
+constexpr double step = 12;   // the usual distance of baselines
+constexpr double width = 400; // of the column
+constexpr QLatin1String text("words");
+
+// ---- text lines
+
+bool isOneLine(Words words)
+{
+    return textLinesOf(refs(words)).size() == 1;
+}
+
+// A small word drawn so high above the end of a letter that their bodies do not overlap.
+RawWord raised(double gap, double size, double aboveBody)
+{
+    const double top = 100 - text_lines::thresholds.capHeight * em;
+    return word(QStringLiteral("2"), 5 + gap, 4, top - aboveBody, size);
+}
+
+std::vector<Edge> textLineEdges()
+{
+    using text_lines::thresholds;
+    const double body = thresholds.capHeight * em;
+    const auto letter = [] { return word(QStringLiteral("x"), 0, 5, 100); };
+    return {
+        minimum(
+            "height that words of one line share", thresholds.minSharedHeight,
+            [=](double share) {
+                return isOneLine({word(text, 0, 30, 100), word(text, 40, 30, 100 + (1 - share) * body)});
+            }),
+        maximum(
+            "size of a word that is no initial", thresholds.minInitialSize,
+            [](double ratio) { // too low for an initial of this line
+                return isOneLine({word(text, 0, 30, 100), word(QStringLiteral("W"), 200, 20, 105, ratio * em)});
+            }),
+        maximum(
+            "baseline of an initial", thresholds.maxInitialShift,
+            [](double shift) {
+                return isOneLine(
+                    {word(text, 0, 30, 100), word(QStringLiteral("W"), 200, 20, 100 + shift * em, 2 * em)});
+            }),
+        maximum(
+            "size of a superscript above its line", thresholds.maxShiftedSize,
+            [=](double size) {
+                return isOneLine({letter(), raised(0, size * em, 3)});
+            }),
+        maximum(
+            "gap before a superscript above its line", thresholds.maxShiftedGap,
+            [=](double gap) {
+                return isOneLine({letter(), raised(gap * em, 7, 3)});
+            }),
+        maximum(
+            "height of a superscript above its line", thresholds.maxShiftedReach,
+            [=](double reach) {
+                return isOneLine({letter(), raised(0, 7, reach * em)});
+            }),
+        most(
+            "number of superscripts above a line", thresholds.maxShiftedWords,
+            [=](double count) {
+                Words words;
+                for (int i = 0; i < static_cast<int>(count); ++i) {
+                    words.push_back(word(QStringLiteral("x"), 20 * i, 5, 100));
+                    words.push_back(word(QStringLiteral("2"), 20 * i + 5, 4, 100 - body - 3, 7));
+                }
+                return isOneLine(std::move(words));
+            }),
+        maximum(
+            "gap beside a larger word", thresholds.maxSizeRatio,
+            [](double gap) {
+                Words words{word(text, 0, 30, 100, 2 * em), word(text, 30 + gap * em, 30, 100)};
+                return segmentsOf(textLinesOf(refs(words)).front(), 1).size() == 1;
+            }),
+    };
+}
+
+// ---- fragments of words
+
+bool continues(double gap, double drop)
+{
+    RawWord first = word(QStringLiteral("g"), 0, 5, 100);
+    first.spaceAfter = false;
+    return continuesWord(first, word(QStringLiteral("2"), 5 + gap, 4, 100 + drop, 7));
+}
+
+bool isFraction(double gap, double drop, double size)
+{
+    RawWord before = word(text, 0, 30, 100);
+    before.endsLine = false;
+    RawWord lower = word(QStringLiteral("r"), 30 + gap, 4, 100 + drop, size);
+    lower.spaceAfter = false;
+    return isSmallFraction(before, lower, word(QStringLiteral("t"), 30 + gap, 4, 100 + drop - 8, size));
+}
+
+std::vector<Edge> fragmentEdges()
+{
+    using word_fragments::thresholds;
+    const auto &lines = text_lines::thresholds;
+    return {
+        maximum("gap in a word", lines.maxShiftedGap, [](double gap) { return continues(gap * em, 0); }),
+        maximum(
+            "baselines in a word", lines.maxBaselineDistance,
+            [](double distance) { return continues(0, distance * em); }),
+        maximum(
+            "gap before a fraction", thresholds.maxFractionGap, [](double gap) { return isFraction(gap * em, 4, 8); }),
+        maximum(
+            "baseline of a fraction", thresholds.maxFractionShift,
+            [](double shift) { return isFraction(0, shift * em, 8); }),
+        maximum("size of a fraction", lines.maxShiftedSize, [](double size) { return isFraction(0, 4, size * em); }),
+    };
+}
+
+// ---- superscripts and subscripts
+
+Word placed(double left, double right, double baseline, double size)
+{
+    Word made;
+    made.text = text;
+    made.box = {left, baseline - 0.8 * size, right, baseline + 0.2 * size};
+    made.baseline = baseline;
+    Style style;
+    style.size = size;
+    made.style = test_text::styled(style);
+    return made;
+}
+
+// The shift of a short word that follows a long one.
+BaselineShift shiftOf(double gap, double raise, double size)
+{
+    Line line;
+    line.words = {placed(0, 30, 100, em), placed(30, 60, 100, em), placed(60 + gap, 65 + gap, 100 - raise, size)};
+    markSuperscripts(line);
+    return line.words.back().shift;
+}
+
+std::vector<Edge> superscriptEdges()
+{
+    using superscripts::thresholds;
+    const auto &lines = text_lines::thresholds;
+    const auto isSuperscript = [](double gap, double raise, double size) {
+        return shiftOf(gap, raise, size) == BaselineShift::Superscript;
+    };
+    return {
+        minimum("raise", thresholds.minRaise, [=](double raise) { return isSuperscript(0, raise * em, 7); }),
+        minimum(
+            "drop", thresholds.minDrop,
+            [](double drop) { return shiftOf(0, -drop * em, 7) == BaselineShift::Subscript; }),
+        maximum("gap", thresholds.maxGap, [=](double gap) { return isSuperscript(gap * em, 4, 7); }),
+        maximum("size", lines.maxShiftedSize, [=](double size) { return isSuperscript(0, 4, size * em); }),
+        maximum("baseline", lines.maxBaselineDistance, [=](double raise) { return isSuperscript(0, raise * em, 7); }),
+    };
+}
+
+// ---- column gaps
+
+// Two columns of that many lines of large type, with a gap between them.
+bool isColumnGap(double gap)
+{
+    constexpr double size = 40; // large, because the search rounds to a bin's width
+    Words words;
+    for (int i = 0; i < 8; ++i) {
+        const double y = 100 + 48 * i;
+        words.push_back(word(QStringLiteral("sixteen-letter-words"), 0, 320, y, size));
+        words.push_back(word(QStringLiteral("sixteen-letter-words"), 320 + gap * size, 320, y, size));
+    }
+    return findColumnGap({refs(words), {}}).has_value();
+}
+
+// Lines of one word, the first one over the whole width.
+bool isText(int lines, int letters, double lineWidth)
+{
+    Words words;
+    for (int i = 0; i < lines; ++i) {
+        words.push_back(word(QString(letters, QLatin1Char('a')), 0, i == 0 ? width : lineWidth, 100 + step * i));
+    }
+    return isRunningText(refs(words));
+}
+
+bool isTextWithNumbers(double share)
+{
+    constexpr int lines = 30;
+    constexpr int perLine = 10;
+    Words words;
+    for (int line = 0; line < lines; ++line) {
+        for (int i = 0; i < perLine; ++i) {
+            const bool number = line * perLine + i < share * lines * perLine;
+            const QString each = number ? QStringLiteral("12") : QStringLiteral("letters");
+            words.push_back(word(each, 40 * i, 35, 100 + step * line));
+        }
+    }
+    return isRunningText(refs(words));
+}
+
+std::vector<Edge> columnEdges()
+{
+    using column_gaps::thresholds;
+    const auto letters = [](double count) { return static_cast<std::size_t>(count); };
+    return {
+        {"width of a column gap", 0.85 * thresholds.minWidth, 1.15 * thresholds.minWidth, false, isColumnGap},
+        fewest(
+            "lines of running text", thresholds.minLines,
+            [](double count) { return isText(static_cast<int>(count), 40, width); }),
+        fewest(
+            "letters of a line", letters(thresholds.minLetters),
+            [](double count) { return isText(5, static_cast<int>(count), width); }),
+        fewest(
+            "letters of one of two lines", letters(thresholds.minLettersOfTwoLines),
+            [](double count) { return isText(2, static_cast<int>(count), width); }),
+        minimum("width of a line", thresholds.minLineWidth, [](double share) { return isText(5, 40, share * width); }),
+        maximum("numbers in running text", thresholds.maxNumericWords, isTextWithNumbers),
+    };
+}
+
+// ---- paragraphs
+
+std::vector<Paragraph> paragraphs(Words words)
+{
+    static StyleTable styles;
+    return paragraphsOf(textLinesOf(refs(words)), {0, 0, width, 800}, styles);
+}
+
+bool isOneParagraph(Words words)
+{
+    return paragraphs(std::move(words)).size() == 1;
+}
+
+// So many full lines, the last one at baseline 100.
+Words full(int lines)
+{
+    Words words;
+    for (int i = 0; i < lines; ++i) {
+        words.push_back(word(text, 0, width, 100 - step * (lines - 1 - i)));
+    }
+    return words;
+}
+
+Words with(Words words, std::initializer_list<RawWord> more)
+{
+    words.insert(words.end(), more);
+    return words;
+}
+
+RawWord centred(double wide, double baseline, double shift = 0)
+{
+    return word(text, (width - wide) / 2 + shift, wide, baseline);
+}
+
+std::vector<Edge> breakEdges()
+{
+    using paragraph_breaks::thresholds;
+    return {
+        maximum(
+            "gap between paragraphs", thresholds.minGap,
+            [](double gap) { return isOneParagraph(with(full(4), {word(text, 0, width, 100 + gap * step)})); }),
+        minimum(
+            "lines that are too close", thresholds.maxShrink,
+            [](double share) {
+                constexpr double wide = 20;
+                return isOneParagraph(
+                    {word(text, 0, width, 100), word(text, 0, width, 100 + wide), word(text, 0, width, 100 + 2 * wide),
+                     word(text, 0, width, 100 + (2 + share) * wide)});
+            }),
+        maximum(
+            "distance to the rest of a hyphenated word", thresholds.maxHyphenatedStep,
+            [](double distance) {
+                Words words = full(4);
+                words.back().text = QStringLiteral("hyphen-");
+                return isOneParagraph(with(words, {word(text, 0, width, 100 + distance * em)}));
+            }),
+        maximum(
+            "larger line before", thresholds.maxSizeRatio,
+            [](double ratio) {
+                return isOneParagraph({word(text, 0, width, 100, ratio * em), word(text, 0, width, 100 + step)});
+            }),
+        minimum(
+            "smaller line before", thresholds.minSizeRatio,
+            [](double ratio) {
+                return isOneParagraph({word(text, 0, width, 100, ratio * em), word(text, 0, width, 100 + step)});
+            }),
+        maximum(
+            "indent", thresholds.minIndent,
+            [](double indent) {
+                return isOneParagraph(with(full(2), {word(text, indent * em, width - indent * em, 100 + step)}));
+            }),
+        maximum(
+            "centred line off the middle", thresholds.centredTolerance,
+            [](double share) {
+                return isOneParagraph(
+                    {centred(300, 100), centred(300, 100 + step), centred(200, 100 + 2 * step, share * width / 2)});
+            }),
+        minimum(
+            "width of a centred line", thresholds.minCentredWidth,
+            [](double share) {
+                return isOneParagraph(
+                    {centred(300, 100), centred(share * width, 100 + step), centred(300, 100 + 2 * step)});
+            }),
+        maximum(
+            "room for the next word", thresholds.wordSpace,
+            [](double space) {
+                const double next = 20;
+                return isOneParagraph(
+                    {word(text, 0, width - next - space * em, 100),
+                     word(QStringLiteral("Capital"), 0, next, 100 + step),
+                     word(text, next + 3, width - next - 3, 100 + step)});
+            }),
+        maximum(
+            "empty end of a line in a sentence", thresholds.minEmptyShare,
+            [](double share) {
+                const double room = share * width + width / 10 + thresholds.wordSpace * em;
+                return isOneParagraph(
+                    {word(text, 0, width - room, 100), word(text, 0, width / 10, 100 + step),
+                     word(text, width / 10 + 3, width * 0.9 - 3, 100 + step)});
+            }),
+    };
+}
+
+Alignment alignmentOf(Words words)
+{
+    return paragraphs(std::move(words)).front().alignment;
+}
+
+std::vector<Edge> paragraphEdges()
+{
+    using model::paragraphs::thresholds;
+    return {
+        maximum(
+            "single line off the middle", thresholds.centredTolerance,
+            [](double share) { return alignmentOf({centred(200, 100, share * width / 2)}) == Alignment::Centre; }),
+        maximum(
+            "one of several lines off the middle", thresholds.centredTolerance,
+            [](double share) {
+                return alignmentOf({centred(300, 100), centred(200, 100 + step, share * width)}) == Alignment::Centre;
+            }),
+        minimum(
+            "inset of a centred line", thresholds.minInset,
+            [](double share) { return alignmentOf({centred((1 - 2 * share) * width, 100)}) == Alignment::Centre; }),
+        minimum(
+            "inset of a right-aligned line", thresholds.minRightInset,
+            [](double share) {
+                return alignmentOf({word(text, share * width, (1 - share) * width, 100)}) == Alignment::Right;
+            }),
+        minimum(
+            "gap after a list mark", thresholds.minMarkGap,
+            [](double gap) {
+                return paragraphs({word(QStringLiteral("1."), 0, 10, 100), word(text, 10 + gap * em, 200, 100)})
+                    .front()
+                    .listItem.has_value();
+            }),
+        minimum(
+            "word space", thresholds.minWordSpace,
+            [](double gap) {
+                Words words{word(text, 0, 30, 100), word(text, 30 + gap * em, 30, 100)};
+                words.front().spaceAfter = false;
+                return paragraphs(words).front().lines.front().words.front().separator == Separator::Space;
+            }),
+        fewest(
+            "letters of fixed pitch in preformatted text",
+            static_cast<std::size_t>(std::lround(100 * thresholds.minFixedPitch)) + 1,
+            [](double count) {
+                const int fixed = static_cast<int>(count);
+                Style typewriter;
+                typewriter.fixedPitch = true;
+                Paragraph paragraph;
+                paragraph.lines = {
+                    test_text::lineOf(QString(fixed, QLatin1Char('a')), typewriter),
+                    test_text::lineOf(QString(100 - fixed, QLatin1Char('a')))};
+                paragraph.lines.front().words.back().separator = Separator::LineBreak;
+                return isPreformatted(paragraph);
+            }),
+        fewest(
+            "length of a hyphenated word", static_cast<std::size_t>(dehyphenation::thresholds.minLength),
+            [](double count) {
+                const QString letters(static_cast<int>(count) - 1, QLatin1Char('a'));
+                return endsInHyphen(letters + QLatin1Char('-'), text);
+            }),
+    };
+}
+
+} // namespace
+
+class AnalysisTextEdgesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void textLines_data() { addRows(textLineEdges()); }
+    void textLines() { checkRow(textLineEdges()); }
+    void wordFragments_data() { addRows(fragmentEdges()); }
+    void wordFragments() { checkRow(fragmentEdges()); }
+    void superscripts_data() { addRows(superscriptEdges()); }
+    void superscripts() { checkRow(superscriptEdges()); }
+    void columnGaps_data() { addRows(columnEdges()); }
+    void columnGaps() { checkRow(columnEdges()); }
+    void paragraphBreaks_data() { addRows(breakEdges()); }
+    void paragraphBreaks() { checkRow(breakEdges()); }
+    void paragraphs_data() { addRows(paragraphEdges()); }
+    void paragraphs() { checkRow(paragraphEdges()); }
+};
+
+QTEST_APPLESS_MAIN(AnalysisTextEdgesTest)
+#include "analysis_text_edges_test.moc"
