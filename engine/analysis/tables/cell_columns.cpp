@@ -8,13 +8,10 @@ namespace quorra::model {
 
 namespace {
 
-constexpr std::size_t fewestRows = 8; // on the side with more of them
-constexpr std::size_t fewestRemarks = 3;
-constexpr double narrowest = 1; // font sizes
-constexpr double sameLine = 0.15;
+using cell_columns::thresholds;
 
-// Blank strips over the whole height, from left to right.
-std::vector<std::pair<double, double>> blankStrips(const WordRefs &words, double leastWidth)
+// The empty strips over the whole height, from left to right. There is at least one word.
+std::vector<std::pair<double, double>> emptyStrips(const WordRefs &words, double minWidth)
 {
     std::vector<std::pair<double, double>> spans;
     for (const RawWord *word : words) {
@@ -24,7 +21,7 @@ std::vector<std::pair<double, double>> blankStrips(const WordRefs &words, double
     std::vector<std::pair<double, double>> strips;
     double reached = spans.front().second;
     for (const auto &[left, right] : spans) {
-        if (left - reached >= leastWidth) {
+        if (left - reached >= minWidth) {
             strips.emplace_back(reached, left);
         }
         reached = std::max(reached, right);
@@ -32,15 +29,16 @@ std::vector<std::pair<double, double>> blankStrips(const WordRefs &words, double
     return strips;
 }
 
-// Whether most of the rows stand beside none of the others.
-bool areIndependent(const std::vector<TextLine> &rows, const std::vector<TextLine> &others)
+// Whether most of the lines share their baseline with none of the others.
+bool areIndependent(const std::vector<TextLine> &lines, const std::vector<TextLine> &others)
 {
-    const auto alone = std::count_if(rows.begin(), rows.end(), [&others](const TextLine &row) {
-        return std::none_of(others.begin(), others.end(), [&row](const TextLine &other) {
-            return std::abs(other.baseline - row.baseline) <= sameLine * std::max(row.size, other.size);
+    const auto alone = std::count_if(lines.begin(), lines.end(), [&others](const TextLine &line) {
+        return std::none_of(others.begin(), others.end(), [&line](const TextLine &other) {
+            return std::abs(other.baseline - line.baseline) <=
+                   thresholds.sameBaseline * std::max(line.size, other.size);
         });
     });
-    return 2 * static_cast<std::size_t>(alone) > rows.size();
+    return 2 * static_cast<std::size_t>(alone) > lines.size();
 }
 
 } // namespace
@@ -48,9 +46,9 @@ bool areIndependent(const std::vector<TextLine> &rows, const std::vector<TextLin
 std::vector<CellColumn> cellColumns(const WordRefs &words, const Box &cell)
 {
     std::vector<CellColumn> whole{{words, cell}};
-    const bool turned =
+    const bool rotated =
         std::any_of(words.begin(), words.end(), [](const RawWord *word) { return word->rotation != 0; });
-    if (turned || words.size() < fewestRows + fewestRemarks) {
+    if (rotated || words.size() < thresholds.minTextLines + thresholds.minNotes) {
         return whole;
     }
     std::vector<double> sizes;
@@ -58,19 +56,20 @@ std::vector<CellColumn> cellColumns(const WordRefs &words, const Box &cell)
     for (const RawWord *word : words) {
         sizes.push_back(word->style.size);
     }
-    for (const auto &[from, to] : blankStrips(words, narrowest * median(std::move(sizes)))) {
+    for (const auto &[from, to] : emptyStrips(words, thresholds.minGap * median(std::move(sizes)))) {
         const double middle = (from + to) / 2;
         CellColumn left{{}, {cell.left, cell.top, middle, cell.bottom}};
         CellColumn right{{}, {middle, cell.top, cell.right, cell.bottom}};
         for (const RawWord *word : words) {
             (word->box.centreX() < middle ? left : right).words.push_back(word);
         }
-        const std::vector<TextLine> leftRows = textLinesOf(left.words);
-        const std::vector<TextLine> rightRows = textLinesOf(right.words);
-        const bool leftIsMargin = leftRows.size() < rightRows.size();
-        const std::vector<TextLine> &margin = leftIsMargin ? leftRows : rightRows;
-        const std::vector<TextLine> &text = leftIsMargin ? rightRows : leftRows;
-        if (text.size() >= fewestRows && margin.size() >= fewestRemarks && areIndependent(margin, text)) {
+        const std::vector<TextLine> leftLines = textLinesOf(left.words);
+        const std::vector<TextLine> rightLines = textLinesOf(right.words);
+        const bool leftIsMargin = leftLines.size() < rightLines.size();
+        const std::vector<TextLine> &margin = leftIsMargin ? leftLines : rightLines;
+        const std::vector<TextLine> &text = leftIsMargin ? rightLines : leftLines;
+        if (text.size() >= thresholds.minTextLines && margin.size() >= thresholds.minNotes &&
+            areIndependent(margin, text)) {
             return {std::move(left), std::move(right)};
         }
     }

@@ -7,6 +7,21 @@
 
 namespace quorra::model {
 
+namespace cell_columns {
+
+/// Lengths in em are multiples of the cell's usual font size.
+struct Thresholds
+{
+    std::size_t minTextLines = 8; ///< on the side with more lines; shorter cells are read line by line
+    std::size_t minNotes = 3;     ///< lines on the other side; fewer may stand anywhere
+    double minGap = 1;            ///< em; narrower strips are word spaces
+    double sameBaseline = 0.15;   ///< em; lines whose baselines differ by less are one line
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace cell_columns
+
 /// A part of a cell that is read by itself.
 struct CellColumn
 {
@@ -14,9 +29,9 @@ struct CellColumn
     Box box;
 };
 
-/// Cuts a cell of many lines at a blank strip from top to bottom when the lines on its sides are not the same ones:
-/// remarks in the margin of a form stand beside its lines, not in them. Otherwise the cell is one part. So is a
-/// cell with turned words.
+/// Splits a cell of many lines at an empty strip over its whole height if most lines on one side share no baseline with
+/// those on the other: notes in the margin of a form stand beside its lines, not in them. Any other cell is one part,
+/// and so is one with rotated words.
 std::vector<CellColumn> cellColumns(const WordRefs &words, const Box &cell);
 
 } // namespace quorra::model

@@ -12,7 +12,10 @@ namespace quorra::model {
 
 namespace {
 
-// The largest share of the values that lie close together, and the middle of those.
+using column_alignment::thresholds;
+constexpr double sameEdge = text_lines::thresholds.sameEdge;
+
+// The largest share of values that are close together, and the middle of those.
 struct Cluster
 {
     double share = 0;
@@ -21,11 +24,10 @@ struct Cluster
 
 Cluster largestCluster(std::vector<double> values)
 {
-    constexpr double close = 2; // points
     std::sort(values.begin(), values.end());
     Cluster best;
     for (std::size_t from = 0, to = 0; from < values.size(); ++from) {
-        while (to < values.size() && values[to] - values[from] <= close) {
+        while (to < values.size() && values[to] - values[from] <= sameEdge) {
             ++to;
         }
         const double share = static_cast<double>(to - from) / static_cast<double>(values.size());
@@ -61,15 +63,11 @@ bool areNumbers(const std::vector<Paragraph *> &texts)
     return 2 * static_cast<std::size_t>(numbers) > texts.size();
 }
 
-// What the texts of a column have in common says more than the blank space around each of them: the cells of a table
-// without lines end somewhere between two columns.
+// What the texts of a column have in common says more than the space around each of them: in a table without lines, the
+// cells' sides lie somewhere between two columns.
 void alignColumn(std::vector<Paragraph *> &texts, std::size_t headers, bool ruled, bool first)
 {
-    constexpr std::size_t fewest = 3;
-    constexpr double clearShare = 0.6;
-    constexpr double clearLead = 0.1;
-    constexpr double onSide = 2; // points
-    if (texts.size() < fewest) {
+    if (texts.size() < thresholds.minTexts) {
         return;
     }
     Alignment alignment = Alignment::Left;
@@ -92,22 +90,22 @@ void alignColumn(std::vector<Paragraph *> &texts, std::size_t headers, bool rule
             second = std::max(second, cluster.share);
         }
     }
-    if (best.share < clearShare) {
+    if (best.share < thresholds.minShare) {
         return;
     }
-    if (best.share < second + clearLead) {
-        // Texts of one width are aligned in every way. Only lines tell by their distance how they are meant; without
-        // them numbers stand right, but for the keys in the first column.
+    if (best.share < second + thresholds.minLead) {
+        // Texts of one width agree in every edge. In a ruled table their distance from the lines tells the alignment.
+        // Without rules, numbers are right-aligned, except the keys in the first column.
         if (ruled) {
             return;
         }
-        if (!first && areNumbers(texts) && right.share >= best.share - clearLead) {
+        if (!first && areNumbers(texts) && right.share >= best.share - thresholds.minLead) {
             alignment = Alignment::Right;
             best = right;
         }
     }
     for (std::size_t i = 0; i < texts.size(); ++i) {
-        const bool there = std::abs(sideOf(*texts[i], alignment) - best.middle) <= onSide;
+        const bool there = std::abs(sideOf(*texts[i], alignment) - best.middle) <= sameEdge;
         if (there || (i >= headers && texts[i]->alignment != Alignment::Justify)) {
             texts[i]->alignment = alignment;
         }

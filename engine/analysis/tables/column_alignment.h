@@ -5,9 +5,22 @@
 
 namespace quorra::model {
 
-/// Gives the cells of a column the alignment by which their texts really stand below one another: numbers of unequal
-/// length share their right edge, however much blank space a single cell has on its sides. Texts that stand elsewhere
-/// follow the others of their column, heads keep what they have. A column in which no edge clearly agrees keeps all.
+namespace column_alignment {
+
+struct Thresholds
+{
+    std::size_t minTexts = 3; ///< single lines in a column; fewer agree by chance
+    double minShare = 0.6;    ///< share of the texts whose edges agree
+    double minLead = 0.1;     ///< share of the texts by which one edge agrees better than the others
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace column_alignment
+
+/// Gives the cells of each column the alignment that their texts share: numbers of unequal length agree in their right
+/// edges, however much space a single cell has on its sides. Texts that are placed otherwise follow the others of their
+/// column, except in header rows. A column in which no edge clearly agrees keeps its alignments.
 void alignColumns(Table &table);
 
 } // namespace quorra::model

@@ -3,20 +3,22 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace quorra::model {
 
 namespace {
 
-constexpr double sameEdge = 3.5;      // points: lines closer than this are one edge (double rules)
-constexpr double openSide = 6;        // points that lines reach past the outermost crossing line where a side is open
-constexpr double coveredShare = 0.55; // of a cell's side that a line must cover to close it
+using lattice::thresholds;
 
+// The share of [from, to] that the line covers; negative when it ends before or begins after.
 double covered(double from, double to, double lineFrom, double lineTo)
 {
-    return (std::min(to, lineTo) - std::max(from, lineFrom)) / std::max(0.1, to - from);
+    return (std::min(to, lineTo) - std::max(from, lineFrom)) / (to - from);
 }
 
+// The edges of the grid in one direction: positions of the lines across it, and the ends of the lines along it where a
+// side is open.
 std::vector<double> edges(
     const std::vector<Rule> &across, const std::vector<Rule> &along, double Rule::*at, double Rule::*from,
     double Rule::*to)
@@ -26,17 +28,17 @@ std::vector<double> edges(
     for (const Rule &rule : across) {
         values.push_back(rule.*at);
     }
-    values = clusteredPositions(std::move(values), sameEdge);
-    double first = 1e9;
-    double last = -1e9;
+    values = clusteredPositions(std::move(values), thresholds.sameEdge);
+    double first = std::numeric_limits<double>::max();
+    double last = std::numeric_limits<double>::lowest();
     for (const Rule &rule : along) {
         first = std::min(first, rule.*from);
         last = std::max(last, rule.*to);
     }
-    if (values.empty() || first < values.front() - openSide) {
+    if (values.empty() || first < values.front() - thresholds.minOpenSide) {
         values.insert(values.begin(), first);
     }
-    if (last > values.back() + openSide) {
+    if (last > values.back() + thresholds.minOpenSide) {
         values.push_back(last);
     }
     return values;
@@ -59,8 +61,8 @@ Lattice::Lattice(const Rulings &rules)
     m_horizontal.resize(placeCount(m_xs, m_ys));
     for (const Rule &rule : m_rules.vertical) {
         for (std::size_t x = 0; x < m_xs.size(); ++x) {
-            for (std::size_t y = 0; std::abs(rule.x1 - m_xs[x]) <= sameEdge && y + 1 < m_ys.size(); ++y) {
-                if (covered(m_ys[y], m_ys[y + 1], rule.y1, rule.y2) >= coveredShare) {
+            for (std::size_t y = 0; std::abs(rule.x1 - m_xs[x]) <= thresholds.sameEdge && y + 1 < m_ys.size(); ++y) {
+                if (covered(m_ys[y], m_ys[y + 1], rule.y1, rule.y2) >= rulings::thresholds.minCoveredSide) {
                     m_vertical[x * m_ys.size() + y] = &rule;
                 }
             }
@@ -68,8 +70,8 @@ Lattice::Lattice(const Rulings &rules)
     }
     for (const Rule &rule : m_rules.horizontal) {
         for (std::size_t y = 0; y < m_ys.size(); ++y) {
-            for (std::size_t x = 0; std::abs(rule.y1 - m_ys[y]) <= sameEdge && x + 1 < m_xs.size(); ++x) {
-                if (covered(m_xs[x], m_xs[x + 1], rule.x1, rule.x2) >= coveredShare) {
+            for (std::size_t x = 0; std::abs(rule.y1 - m_ys[y]) <= thresholds.sameEdge && x + 1 < m_xs.size(); ++x) {
+                if (covered(m_xs[x], m_xs[x + 1], rule.x1, rule.x2) >= rulings::thresholds.minCoveredSide) {
                     m_horizontal[y * m_xs.size() + x] = &rule;
                 }
             }
@@ -143,7 +145,7 @@ std::vector<Cell> Lattice::cells() const
     return cells;
 }
 
-// Grows a cell to the right and then downwards as long as no line stands in its way.
+// Extends a cell to the right, then downwards, until a line or another cell is met.
 void Lattice::widen(Cell &cell, std::vector<char> &taken) const
 {
     while (cell.column + cell.columnSpan < columns() && !verticalAt(cell.column + cell.columnSpan, cell.row) &&
@@ -168,7 +170,7 @@ bool Lattice::rowContinues(const Cell &cell, int row, const std::vector<char> &t
             return false;
         }
     }
-    // Where the row below is open to the side, the cell would lose its shape.
+    // Where the row below is open at a side, the cell would not be a rectangle.
     const int end = cell.column + cell.columnSpan;
     return (end == columns() || verticalAt(end, row)) && (cell.column == 0 || verticalAt(cell.column, row));
 }

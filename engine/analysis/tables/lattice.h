@@ -8,21 +8,34 @@
 
 namespace quorra::model {
 
-/// The grid that a group of touching rules draws.
+namespace lattice {
+
+struct Thresholds
+{
+    double sameEdge = 3.5;  ///< points; parallel lines this close are one edge of the grid (double rules)
+    double minOpenSide = 6; ///< points; lines that reach farther past the outermost crossing line have an open side
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace lattice
+
+/// The grid that a group of touching rules draws. A place is where one row and one column of the grid cross.
 class Lattice
 {
 public:
+    /// At least two horizontal rules and one vertical rule.
     explicit Lattice(const Rulings &rules);
-    Lattice(const Lattice &) = delete; // it points into its own rules
+    Lattice(const Lattice &) = delete; // points into its own rules
     Lattice &operator=(const Lattice &) = delete;
 
     int rows() const { return static_cast<int>(m_ys.size()) - 1; }
     int columns() const { return static_cast<int>(m_xs.size()) - 1; }
 
-    /// The share of the sides between neighbouring places of the grid that are drawn, 1 for a grid of one place.
+    /// The share of the sides between neighbouring places that are drawn; 1 for a grid of one place.
     double innerLineShare() const;
 
-    /// The grid with its spanning cells and borders, without text.
+    /// The grid with its spanning cells and borders, without text. Places that no line separates are one cell.
     Table table() const;
 
 private:

@@ -10,10 +10,7 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double touching = 3;           // points between the end of a line and the line that it meets
-constexpr std::size_t mostRules = 3'000; // of one direction; more are a drawing
-constexpr double leastFilledCells = 0.2; // of a grid's cells
-constexpr double leastInnerLines = 0.35; // of a grid's inner cell sides
+using ruled_tables::thresholds;
 
 /// Groups of rules that touch one another.
 class Groups
@@ -37,15 +34,17 @@ private:
 
 bool meet(const Rule &horizontal, const Rule &vertical)
 {
-    return vertical.x1 >= horizontal.x1 - touching && vertical.x1 <= horizontal.x2 + touching &&
-           horizontal.y1 >= vertical.y1 - touching && horizontal.y1 <= vertical.y2 + touching;
+    return vertical.x1 >= horizontal.x1 - thresholds.maxJointGap &&
+           vertical.x1 <= horizontal.x2 + thresholds.maxJointGap &&
+           horizontal.y1 >= vertical.y1 - thresholds.maxJointGap &&
+           horizontal.y1 <= vertical.y2 + thresholds.maxJointGap;
 }
 
 std::vector<Rulings> connectedRulings(const Rulings &all)
 {
     const std::size_t h = all.horizontal.size();
     const std::size_t v = all.vertical.size();
-    if (h > mostRules || v > mostRules) {
+    if (h > thresholds.maxRules || v > thresholds.maxRules) {
         return {};
     }
     Groups groups(h + v);
@@ -66,12 +65,11 @@ std::vector<Rulings> connectedRulings(const Rulings &all)
     byRoot.erase(
         std::remove_if(
             byRoot.begin(), byRoot.end(),
-            [](const Rulings &r) { return r.horizontal.size() < 2 || r.vertical.empty(); }),
+            [](const Rulings &r) { return r.horizontal.size() < thresholds.minRulesAcross || r.vertical.empty(); }),
         byRoot.end());
     return byRoot;
 }
 
-// Words go to the cell around their centre.
 void placeWords(TableWords &found, const WordRefs &words)
 {
     found.words.resize(found.table.cells.size());
@@ -89,17 +87,17 @@ void placeWords(TableWords &found, const WordRefs &words)
     }
 }
 
-// Lines of words far apart from one another: a table of its own, or a form.
+// Whether most of several text lines have wide gaps: the words are a table without lines, or a form.
 bool holdsColumns(const WordRefs &words)
 {
-    constexpr double cellGap = 1.5; // font sizes
-    const std::vector<TextLine> rows = textLinesOf(words);
-    const auto cut = std::count_if(
-        rows.begin(), rows.end(), [](const TextLine &row) { return segmentsOf(row, cellGap).size() > 1; });
-    return rows.size() > 1 && 2 * static_cast<std::size_t>(cut) > rows.size();
+    const std::vector<TextLine> lines = textLinesOf(words);
+    const auto divided = std::count_if(lines.begin(), lines.end(), [](const TextLine &line) {
+        return segmentsOf(line, thresholds.minFrameGap).size() > 1;
+    });
+    return lines.size() > 1 && 2 * static_cast<std::size_t>(divided) > lines.size();
 }
 
-// A frame around tables without lines, parted by a line or two between them: the tables are what is inside.
+// Whether the grid is a frame around tables without lines, with a line or two between them.
 bool isFrame(const TableWords &found)
 {
     return found.table.rows() == 1 && std::any_of(found.words.begin(), found.words.end(), holdsColumns);
@@ -109,8 +107,8 @@ bool isTable(const TableWords &found, double innerLines)
 {
     const auto filled = std::count_if(found.words.begin(), found.words.end(), [](const auto &w) { return !w.empty(); });
     const auto cells = static_cast<double>(found.table.cells.size());
-    return cells >= 2 && filled >= 2 && static_cast<double>(filled) >= leastFilledCells * cells &&
-           innerLines >= leastInnerLines;
+    return cells >= 2 && filled >= 2 && static_cast<double>(filled) >= thresholds.minFilledCells * cells &&
+           innerLines >= thresholds.minInnerLines;
 }
 
 } // namespace
@@ -131,14 +129,15 @@ std::vector<TableWords> findRuledTables(const Rulings &rulings, const WordRefs &
             tables.push_back(std::move(found));
         }
     }
-    // A grid inside a cell of another one is part of that cell's text.
+    // A grid in a cell of another grid is part of that cell's text.
     const auto isInside = [&tables](const TableWords &inner) {
         return std::any_of(tables.begin(), tables.end(), [&inner](const TableWords &outer) {
             const Box common = intersected(inner.table.box, outer.table.box);
             return &inner != &outer &&
                    outer.table.box.width() * outer.table.box.height() >
                        inner.table.box.width() * inner.table.box.height() &&
-                   common.width() * common.height() > 0.6 * inner.table.box.width() * inner.table.box.height();
+                   common.width() * common.height() >
+                       thresholds.minInside * inner.table.box.width() * inner.table.box.height();
         });
     };
     std::vector<TableWords> outermost;

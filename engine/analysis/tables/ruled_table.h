@@ -9,7 +9,44 @@
 
 namespace quorra::model {
 
-/// A table whose cells are known, its words not yet put together to paragraphs.
+namespace ruled_tables {
+
+/// Lengths in em are multiples of the text's font size.
+struct Thresholds
+{
+    double maxJointGap = 3;         ///< points; between the end of a line and the line that it meets
+    std::size_t maxRules = 3'000;   ///< of one direction; more are a drawing, and would take too long to connect
+    std::size_t minRulesAcross = 2; ///< horizontal lines; a table has a top and a bottom
+    double minFilledCells = 0.2;    ///< share of the cells; emptier grids are graph paper or drawings
+    double minInnerLines = 0.35;    ///< share of the sides between cells; fewer are a drawing of lines that cross
+    double minFrameGap = 1.5;       ///< em; between texts inside a frame that are cells of a table without lines
+    double minInside = 0.6; ///< share of a grid's area in another grid; that much makes it part of a cell's text
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace ruled_tables
+
+namespace split_rows {
+
+/// Lengths in em are multiples of the text's font size.
+struct Thresholds
+{
+    std::size_t minCells = 2; ///< with text; one cell of several lines is a text
+    std::size_t minLines = 3; ///< in the fullest cell; two lines are rather a wrapped text
+    std::size_t maxExtraLines =
+        1;                     ///< baselines beyond those of the fullest cell; more are texts that wrap on their own
+    double sameBaseline = 2.5; ///< points; lines of neighbouring cells whose baselines differ by less are one row
+    double minFilled = 0.6;    ///< share of cells times baselines that hold a text
+    double minDescent = 0.1;   ///< em; from a baseline to the edge of its row at least
+    double capHeight = 0.7;    ///< em; from a row's edge down to the next baseline at least
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace split_rows
+
+/// A table whose cells are known, while their words do not form paragraphs yet.
 struct TableWords
 {
     Table table;
@@ -17,11 +54,11 @@ struct TableWords
 };
 
 /// Finds the tables that lines draw: grids of crossing rules with text in them. Cells between which no line is drawn
-/// are one spanning cell. Outer sides may be open.
+/// are one spanning cell. Outer sides may be open. Words belong to the cell that holds the centre of their body.
 std::vector<TableWords> findRuledTables(const Rulings &rulings, const WordRefs &words);
 
-/// Cuts the bands of a ruled table whose cells hold several lines that continue from cell to cell (a table ruled by
-/// columns only) into one row for each line.
+/// Splits rows of a ruled table in which only the columns are ruled: where the lines of text in all cells share their
+/// baselines and most are numbers, each line becomes a row.
 void splitAlignedLines(TableWords &found);
 
 } // namespace quorra::model

@@ -7,17 +7,15 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double sameLine = 1.2; // points across the line
-constexpr double dashGap = 3.5;  // points along the line
+using rulings::thresholds;
 
 bool isInvisible(Colour colour)
 {
-    constexpr Colour nearlyWhite = 0xf4;
-    return (colour >> 16U & 0xffU) >= nearlyWhite && (colour >> 8U & 0xffU) >= nearlyWhite &&
-           (colour & 0xffU) >= nearlyWhite;
+    constexpr Colour least = thresholds.nearlyWhite;
+    return (colour >> 16U & 0xffU) >= least && (colour >> 8U & 0xffU) >= least && (colour & 0xffU) >= least;
 }
 
-// A rule seen along its direction, so that one code serves both.
+// A rule seen along its direction, whichever that is.
 struct Span
 {
     double across;
@@ -35,7 +33,7 @@ std::vector<Span> mergeSpans(std::vector<Span> spans)
     std::vector<Span> merged;
     for (std::size_t start = 0; start < spans.size();) {
         std::size_t end = start + 1;
-        while (end < spans.size() && spans[end].across - spans[start].across <= sameLine) {
+        while (end < spans.size() && spans[end].across - spans[start].across <= thresholds.sameLine) {
             ++end;
         }
         const auto first = spans.begin() + static_cast<std::ptrdiff_t>(start);
@@ -44,7 +42,7 @@ std::vector<Span> mergeSpans(std::vector<Span> spans)
         std::size_t current = merged.size();
         double longest = 0; // piece of the line: its colour is the line's
         for (auto it = first; it != last; ++it) {
-            if (current < merged.size() && it->from <= merged[current].to + dashGap) {
+            if (current < merged.size() && it->from <= merged[current].to + thresholds.maxDashGap) {
                 merged[current].to = std::max(merged[current].to, it->to);
                 merged[current].width = std::max(merged[current].width, it->width);
                 if (it->to - it->from > longest) {
@@ -78,15 +76,14 @@ Rulings mergeRules(const std::vector<Rule> &rules)
             vertical.push_back({rule.x1, rule.y1, rule.y2, rule.width, rule.colour});
         }
     }
-    constexpr double shortest = 4;
     Rulings merged;
     for (const Span &s : mergeSpans(std::move(horizontal))) {
-        if (s.to - s.from >= shortest) {
+        if (s.to - s.from >= thresholds.minLength) {
             merged.horizontal.push_back({s.from, s.across, s.to, s.across, s.width, s.colour});
         }
     }
     for (const Span &s : mergeSpans(std::move(vertical))) {
-        if (s.to - s.from >= shortest) {
+        if (s.to - s.from >= thresholds.minLength) {
             merged.vertical.push_back({s.across, s.from, s.across, s.to, s.width, s.colour});
         }
     }

@@ -7,17 +7,34 @@
 
 namespace quorra::model {
 
-/// The straight lines of a page, pieces put together.
+namespace rulings {
+
+struct Thresholds
+{
+    double sameLine = 1.2;        ///< points across the line; parallel strokes this close (a bar's edges) are one line
+    double maxDashGap = 3.5;      ///< points along the line; wider gaps end a line
+    double minLength = 4;         ///< points; shorter strokes are dots, letters and ticks
+    Colour nearlyWhite = 0xf4;    ///< of each colour component; lighter lines are not seen on paper
+    double minCoveredSide = 0.55; ///< share of a cell's side that a line must cover to be its border
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace rulings
+
+/// The straight lines of a page.
 struct Rulings
 {
     std::vector<Rule> horizontal; ///< from top to bottom
     std::vector<Rule> vertical;   ///< from left to right
 };
 
-/// Merges pieces of one line (cells' sides, dashes, both edges of a thin bar) and leaves out what is drawn in white.
+/// Merges what is drawn as one line (sides of cells, dashes, both edges of a thin bar) and leaves out what is drawn in
+/// white. A merged line is as thick as its thickest part and has the colour of its longest.
 Rulings mergeRules(const std::vector<Rule> &rules);
 
-/// Mean of the values in each group of values no further than that from their neighbour, growing.
+/// The means of clusters of values, growing. Neighbouring values of a cluster differ by at most `tolerance`. No values
+/// give no means.
 std::vector<double> clusteredPositions(std::vector<double> values, double tolerance);
 
 } // namespace quorra::model

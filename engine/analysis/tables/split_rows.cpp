@@ -8,13 +8,15 @@ namespace quorra::model {
 
 namespace {
 
+using split_rows::thresholds;
+
 struct BandCell
 {
-    std::size_t index;
-    std::vector<TextLine> rows;
+    std::size_t index; // into the table's cells
+    std::vector<TextLine> lines;
 };
 
-// The cells that fill one row of the grid, with their lines of text.
+// The cells with text in one row of the grid, its band.
 std::vector<BandCell> bandCells(const TableWords &found, int row)
 {
     std::vector<BandCell> band;
@@ -33,36 +35,31 @@ bool spansInto(const TableWords &found, int row)
     });
 }
 
-// The baselines that the lines of the cells share, when the band really holds several rows: at least half of the
-// cells have all of these lines, most of their texts are numbers or short, and no cell has more.
+// The baselines that the lines of the band's cells share, if the band really holds several rows: most places hold a
+// line, at least half of the lines are numbers, and hardly any cell is out of step. Otherwise none.
 std::vector<double> sharedBaselines(const std::vector<BandCell> &band)
 {
-    constexpr std::size_t fewestCells = 2;
     std::size_t most = 0;
     for (const BandCell &cell : band) {
-        most = std::max(most, cell.rows.size());
+        most = std::max(most, cell.lines.size());
     }
-    if (band.size() < fewestCells || most < 3) {
+    if (band.size() < thresholds.minCells || most < thresholds.minLines) {
         return {};
     }
     std::vector<double> values;
     std::size_t lines = 0;
     std::size_t numeric = 0;
     for (const BandCell &cell : band) {
-        for (const TextLine &row : cell.rows) {
-            values.push_back(row.baseline);
+        for (const TextLine &line : cell.lines) {
+            values.push_back(line.baseline);
             ++lines;
-            QString text;
-            for (const RawWord *word : row.words) {
-                text += word->text;
-            }
-            numeric += looksNumeric(text) ? 1 : 0;
+            numeric += looksNumeric(joinedText(line.words)) ? 1 : 0;
         }
     }
-    constexpr double sameBaseline = 2.5;
-    const std::vector<double> baselines = clusteredPositions(values, sameBaseline);
+    const std::vector<double> baselines = clusteredPositions(values, thresholds.sameBaseline);
     const double filled = static_cast<double>(lines) / static_cast<double>(baselines.size() * band.size());
-    const bool plausible = baselines.size() <= most + 1 && filled >= 0.6 && 2 * numeric >= lines;
+    const bool plausible =
+        baselines.size() <= most + thresholds.maxExtraLines && filled >= thresholds.minFilled && 2 * numeric >= lines;
     return plausible ? baselines : std::vector<double>();
 }
 
@@ -71,9 +68,10 @@ void splitBand(TableWords &found, int row, const std::vector<BandCell> &band, co
     Table &table = found.table;
     const int added = static_cast<int>(baselines.size()) - 1;
     std::vector<double> edges(table.rowEdges.begin(), table.rowEdges.begin() + row + 1);
-    const double size = band.front().rows.front().size;
+    const double size = band.front().lines.front().size;
     for (std::size_t i = 1; i < baselines.size(); ++i) {
-        edges.push_back(std::max(baselines[i - 1] + 0.1 * size, (baselines[i - 1] + baselines[i] - 0.7 * size) / 2));
+        const double above = baselines[i - 1] + thresholds.minDescent * size;
+        edges.push_back(std::max(above, (baselines[i - 1] + baselines[i] - thresholds.capHeight * size) / 2));
     }
     edges.insert(edges.end(), table.rowEdges.begin() + row + 1, table.rowEdges.end());
     std::vector<Cell> cells;

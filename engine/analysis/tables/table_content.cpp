@@ -13,16 +13,16 @@ namespace quorra::model {
 
 namespace {
 
-constexpr int mostHeaderRows = 4;
+using table_content::thresholds;
 
-// The fill that was drawn last under the middle of the cell; a page-wide backdrop is none.
+// The colour of the fill that was drawn last under the centre of the cell; none for white and for fills of the page.
 std::optional<Colour> backgroundOf(const Cell &cell, const Table &table, const std::vector<Fill> &fills)
 {
     for (auto fill = fills.rbegin(); fill != fills.rend(); ++fill) {
         const bool under = fill->box.contains(cell.box.centreX(), cell.box.centreY());
-        const bool fits = fill->box.width() <= 1.1 * table.box.width() &&
-                          fill->box.height() <= 1.1 * table.box.height() &&
-                          fill->box.height() >= 0.4 * cell.box.height();
+        const bool fits = fill->box.width() <= thresholds.maxFill * table.box.width() &&
+                          fill->box.height() <= thresholds.maxFill * table.box.height() &&
+                          fill->box.height() >= thresholds.minFillHeight * cell.box.height();
         if (under && fits) {
             return fill->colour == white ? std::nullopt : std::optional(fill->colour);
         }
@@ -30,7 +30,7 @@ std::optional<Colour> backgroundOf(const Cell &cell, const Table &table, const s
     return std::nullopt;
 }
 
-// Text in a cell is placed by the blank space on its sides.
+// Takes the alignment of a single line from the space on both sides of it.
 void alignInCell(Paragraph &paragraph, const Box &cell)
 {
     const double left = paragraph.box.left - cell.left;
@@ -41,11 +41,12 @@ void alignInCell(Paragraph &paragraph, const Box &cell)
     if (paragraph.alignment == Alignment::Justify || paragraph.lines.size() > 1) {
         return;
     }
-    constexpr double padding = 6; // points
-    if (std::abs(left - right) <= std::max(3.0, 0.12 * cell.width()) && left > padding) {
+    const bool padded = left > thresholds.minPadding;
+    const double tolerance = std::max(thresholds.minCentredTolerance, thresholds.centredTolerance * cell.width());
+    if (padded && std::abs(left - right) <= tolerance) {
         paragraph.alignment = Alignment::Centre;
     } else {
-        paragraph.alignment = right < left / 2 && left > padding ? Alignment::Right : Alignment::Left;
+        paragraph.alignment = padded && right < left / 2 ? Alignment::Right : Alignment::Left;
     }
 }
 
@@ -80,7 +81,7 @@ int headerRows(const Table &table)
         return 0;
     }
     int rows = 0;
-    while (rows < std::min(mostHeaderRows, table.rows()) && !isNumericRow(table, rows)) {
+    while (rows < std::min(thresholds.maxHeaderRows, table.rows()) && !isNumericRow(table, rows)) {
         ++rows;
     }
     const bool numbersFollow = rows > 0 && rows < table.rows() && isNumericRow(table, rows);

@@ -8,43 +8,33 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double cellGap = 0.75;    // font sizes between two cells
-constexpr double pieceGap = 0.3;    // font sizes between two words on both sides of a column's edge
-constexpr double narrowStrip = 0.3; // font sizes: the narrowest strip between columns
+using text_grid::thresholds;
 
-QString textOf(const WordRefs &words)
-{
-    QString text;
-    for (const RawWord *word : words) {
-        text += text.isEmpty() ? word->text : QLatin1Char(' ') + word->text;
-    }
-    return text;
-}
-
-// The share of values that lie within two points of their middle.
+// The share of values close to their median.
 double alignedShare(const std::vector<double> &values)
 {
     const double middle = median(values);
-    const auto near =
-        std::count_if(values.begin(), values.end(), [middle](double v) { return std::abs(v - middle) <= 2; });
+    const auto near = std::count_if(values.begin(), values.end(), [middle](double value) {
+        return std::abs(value - middle) <= text_lines::thresholds.sameEdge;
+    });
     return static_cast<double>(near) / static_cast<double>(std::max<std::size_t>(1, values.size()));
 }
 
 } // namespace
 
-TextGrid::TextGrid(std::vector<TextLine> rows, const std::vector<Rule> &horizontal) : m_rows(std::move(rows))
+TextGrid::TextGrid(std::vector<TextLine> lines, const std::vector<Rule> &horizontal) : m_lines(std::move(lines))
 {
-    const double top = m_rows.front().box.top - m_rows.front().size;
-    const double bottom = m_rows.back().box.bottom + m_rows.back().size;
+    const double top = m_lines.front().box.top - m_lines.front().size;
+    const double bottom = m_lines.back().box.bottom + m_lines.back().size;
     for (const Rule &rule : horizontal) {
         if (rule.y1 >= top && rule.y1 <= bottom) {
             m_rules.push_back(rule);
         }
     }
     findColumns();
-    layRows();
+    fillRows();
     if (columns() > 1) {
-        widenHeadings();
+        spanHeadings();
         joinTitle();
     }
 }
@@ -52,13 +42,14 @@ TextGrid::TextGrid(std::vector<TextLine> rows, const std::vector<Rule> &horizont
 void TextGrid::findColumns()
 {
     Box area;
-    for (const TextLine &row : m_rows) {
-        area = united(area, row.box);
+    for (const TextLine &line : m_lines) {
+        area = united(area, line.box);
     }
-    std::vector<int> cover(static_cast<std::size_t>(std::ceil(area.width())) + 2, 0);
+    std::vector<int> cover( // lines with text at each point from the left on
+        static_cast<std::size_t>(std::ceil(area.width())) + 2, 0);
     int multi = 0;
-    for (const TextLine &row : m_rows) {
-        const std::vector<Segment> segments = segmentsOf(row, cellGap);
+    for (const TextLine &line : m_lines) {
+        const std::vector<Segment> segments = segmentsOf(line, thresholds.minCellGap);
         if (segments.size() < 2) {
             continue;
         }
@@ -71,8 +62,10 @@ void TextGrid::findColumns()
             }
         }
     }
-    const int crossing = multi >= 6 ? static_cast<int>(0.15 * multi) : multi >= 4 ? 1 : 0;
-    m_edges = {area.left - 1};
+    const int crossing = multi >= thresholds.minLinesForShare         ? static_cast<int>(thresholds.maxCrossing * multi)
+                         : multi >= thresholds.minLinesForOneCrossing ? 1
+                                                                      : 0;
+    m_edges = {area.left - thresholds.outerMargin};
     bool textBefore = false;
     for (std::size_t i = 0; i < cover.size();) {
         if (cover[i] > crossing) {
@@ -84,7 +77,7 @@ void TextGrid::findColumns()
         while (end < cover.size() && cover[end] <= crossing) {
             ++end;
         }
-        const bool wide = static_cast<double>(end - i) >= narrowStrip * m_rows.front().size;
+        const bool wide = static_cast<double>(end - i) >= thresholds.minColumnGap * m_lines.front().size;
         if (textBefore && end < cover.size() && wide) {
             const int least = *std::min_element(
                 cover.begin() + static_cast<std::ptrdiff_t>(i), cover.begin() + static_cast<std::ptrdiff_t>(end));
@@ -98,7 +91,7 @@ void TextGrid::findColumns()
         }
         i = end;
     }
-    m_edges.push_back(area.right + 1);
+    m_edges.push_back(area.right + thresholds.outerMargin);
 }
 
 int TextGrid::columnAt(double x) const
@@ -107,8 +100,8 @@ int TextGrid::columnAt(double x) const
     return static_cast<int>(next - m_edges.begin()) - 1;
 }
 
-// Whether the word behind the piece stands in a cell of its own: with a gap between them at a column's edge, or as a
-// number behind a number, however close they are.
+// Whether the word after the piece is in the next cell: there is a gap between them at a column's edge, or both are
+// numbers in different columns, however close they are.
 bool TextGrid::isNextCell(const Piece &piece, const RawWord &word) const
 {
     const Box body = bodyOf(word);
@@ -117,8 +110,8 @@ bool TextGrid::isNextCell(const Piece &piece, const RawWord &word) const
         columnAt(body.centreX()) > columnAt(bodyOf(last).centreX())) {
         return true;
     }
-    return body.left - piece.box.right >= pieceGap * word.style.size &&
-           columnAt(body.left) > columnAt(piece.box.right - 0.5);
+    return body.left - piece.box.right >= thresholds.minPieceGap * word.style.size &&
+           columnAt(body.left) > columnAt(piece.box.right - thresholds.edgeTolerance);
 }
 
 void TextGrid::addPiece(GridRow &row, const Segment &segment) const
@@ -133,7 +126,7 @@ void TextGrid::addPiece(GridRow &row, const Segment &segment) const
         pieces.back().box = united(pieces.back().box, body);
     }
     for (Piece &piece : pieces) {
-        const double slack = std::min(2.0, piece.box.width() / 3);
+        const double slack = std::min(thresholds.maxSlack, piece.box.width() * thresholds.maxSlackShare);
         piece.column = columnAt(piece.box.left + slack);
         piece.span = std::max(1, columnAt(piece.box.right - slack) - piece.column + 1);
         if (piece.words.size() == 1 && looksNumeric(piece.words.front()->text)) {
@@ -151,35 +144,36 @@ void TextGrid::addPiece(GridRow &row, const Segment &segment) const
     }
 }
 
-void TextGrid::layRows()
+void TextGrid::fillRows()
 {
-    for (const TextLine &row : m_rows) {
-        GridRow laid;
-        laid.box = row.box;
-        laid.baseline = row.baseline;
-        laid.size = row.size;
-        for (const Segment &segment : segmentsOf(row, cellGap)) {
-            addPiece(laid, segment);
+    for (const TextLine &line : m_lines) {
+        GridRow row;
+        row.box = line.box;
+        row.baseline = line.baseline;
+        row.size = line.size;
+        for (const Segment &segment : segmentsOf(line, thresholds.minCellGap)) {
+            addPiece(row, segment);
         }
-        m_grid.push_back(std::move(laid));
+        m_grid.push_back(std::move(row));
     }
 }
 
-// A heading with a line of its own under it spans the columns that the line spans.
-void TextGrid::widenHeadings()
+// A heading that is underlined by a rule spans the columns that the rule spans.
+void TextGrid::spanHeadings()
 {
     const double whole = m_edges.back() - m_edges.front();
     for (GridRow &row : m_grid) {
         for (std::size_t i = 0; i < row.pieces.size(); ++i) {
             Piece &piece = row.pieces[i];
             for (const Rule &rule : m_rules) {
-                const bool under = rule.y1 > row.box.bottom - 1 && rule.y1 < row.box.bottom + 1.2 * row.size;
-                if (!under || rule.length() > 0.9 * whole || rule.x1 > piece.box.centreX() ||
+                const bool under = rule.y1 > row.box.bottom - thresholds.ruleTolerance &&
+                                   rule.y1 < row.box.bottom + thresholds.maxRuleGap * row.size;
+                if (!under || rule.length() > thresholds.maxHeadingRule * whole || rule.x1 > piece.box.centreX() ||
                     rule.x2 < piece.box.centreX()) {
                     continue;
                 }
-                const int first = columnAt(rule.x1 + 3);
-                const int last = columnAt(rule.x2 - 3);
+                const int first = columnAt(rule.x1 + thresholds.maxRuleOverhang);
+                const int last = columnAt(rule.x2 - thresholds.maxRuleOverhang);
                 const bool freeLeft = i == 0 || row.pieces[i - 1].column + row.pieces[i - 1].span <= first;
                 const bool freeRight = i + 1 == row.pieces.size() || row.pieces[i + 1].column > last;
                 if (first <= piece.column && last >= piece.column + piece.span - 1 && freeLeft && freeRight) {
@@ -191,23 +185,22 @@ void TextGrid::widenHeadings()
     }
 }
 
-// Lines of text above the line that opens the table are its title: one cell over all columns.
+// Joins the text lines above the rule that opens the table: its title, one cell over all columns.
 void TextGrid::joinTitle()
 {
-    constexpr std::size_t mostLines = 4;
-    constexpr std::size_t fewestWords = 5;
     const double whole = m_edges.back() - m_edges.front();
     std::size_t lines = 0;
     std::size_t words = 0;
     const auto opens = [&](const Rule &rule, const GridRow &row) {
-        return rule.length() > 0.8 * whole && rule.y1 > row.box.centreY();
+        return rule.length() > thresholds.minTitleRule * whole && rule.y1 > row.box.centreY();
     };
     const auto isAbove = [&](const GridRow &row) {
         return std::any_of(m_rules.begin(), m_rules.end(), [&](const Rule &rule) {
             return opens(rule, row) && rule.y1 < m_grid.back().box.top && !opens(rule, m_grid[lines]);
         });
     };
-    while (lines + 1 < m_grid.size() && lines < mostLines && m_grid[lines].pieces.size() <= 2) {
+    while (lines + 1 < m_grid.size() && lines < thresholds.maxTitleLines &&
+           m_grid[lines].pieces.size() <= thresholds.maxTitlePieces) {
         for (const Piece &piece : m_grid[lines].pieces) {
             words += piece.words.size();
         }
@@ -216,7 +209,7 @@ void TextGrid::joinTitle()
             break;
         }
     }
-    if (lines == 0 || words < fewestWords || !isAbove(m_grid[lines - 1])) {
+    if (lines == 0 || words < thresholds.minTitleWords || !isAbove(m_grid[lines - 1])) {
         return;
     }
     GridRow title = m_grid.front();
@@ -250,7 +243,7 @@ bool TextGrid::looksLikeTable() const
         multi += row.pieces.size() >= 2 ? 1 : 0;
         for (const Piece &piece : row.pieces) {
             ++pieces;
-            numeric += looksNumeric(textOf(piece.words)) ? 1 : 0;
+            numeric += looksNumeric(joinedText(piece.words, QStringLiteral(" "))) ? 1 : 0;
             words += static_cast<int>(piece.words.size());
             if (piece.span == 1) {
                 byColumn[static_cast<std::size_t>(piece.column)].push_back(&piece);
@@ -276,16 +269,17 @@ bool TextGrid::looksLikeTable() const
     const double numericShare = static_cast<double>(numeric) / pieces;
     const double wordsInPiece = static_cast<double>(words) / pieces;
     const double filled = static_cast<double>(pieces) / static_cast<double>(m_grid.size()) / columns();
-    if (wordsInPiece > 7 || filled < 0.3 || aligned < 0.5) {
+    if (wordsInPiece > thresholds.maxWords || filled < thresholds.minFilled || aligned < thresholds.minAligned) {
         return false;
     }
-    if (numericShare >= 0.5 && columns() >= 3) {
-        return multi >= 2;
+    if (numericShare >= thresholds.mostlyNumeric && columns() >= thresholds.minColumnsOfNumbers) {
+        return multi >= thresholds.minRowsOfNumbers;
     }
-    if (numericShare >= 0.3) {
-        return multi >= 3;
+    if (numericShare >= thresholds.minNumeric) {
+        return multi >= thresholds.minRows;
     }
-    return multi >= 3 && wordsInPiece <= 5 && aligned >= 0.65 && filled >= 0.5;
+    return multi >= thresholds.minRows && wordsInPiece <= thresholds.maxWordsOfText &&
+           aligned >= thresholds.minAlignedOfText && filled >= thresholds.minFilledOfText;
 }
 
 } // namespace quorra::model

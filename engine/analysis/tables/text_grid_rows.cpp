@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tables/rulings.h"
 #include "tables/text_grid.h"
 
 #include <algorithm>
@@ -8,24 +9,12 @@ namespace quorra::model {
 
 namespace {
 
-QString firstWord(const WordRefs &words)
-{
-    return words.front()->text;
-}
+using text_grid::thresholds;
 
-bool startsLow(const WordRefs &words)
+bool startsInLowerCase(const WordRefs &words)
 {
-    const QString word = firstWord(words);
-    return word.front().isLower() || word.front() == QLatin1Char('(');
-}
-
-QString joined(const WordRefs &words)
-{
-    QString text;
-    for (const RawWord *word : words) {
-        text += word->text;
-    }
-    return text;
+    const QChar first = words.front()->text.front();
+    return first.isLower() || first == QLatin1Char('(');
 }
 
 template <typename Pieces>
@@ -46,31 +35,33 @@ bool TextGrid::ruleBetween(const GridRow &upper, const GridRow &lower) const
     });
 }
 
-// A row that only goes on with cells of the row above: no key of its own, words in small letters.
+// Whether the lower row only continues cells of the upper one: it has no key in the first column, and begins in lower
+// case or has fewer cells.
 bool TextGrid::continues(const GridRow &upper, const GridRow &lower, double usualStep) const
 {
-    if (ruleBetween(upper, lower) || lower.baseline - upper.baseline > 1.15 * usualStep) {
+    if (ruleBetween(upper, lower) || lower.baseline - upper.baseline > thresholds.maxWrapStep * usualStep) {
         return false;
     }
     const bool hasKey = lower.pieces.front().column == 0;
     if (hasKey && lower.pieces.size() > 1) {
         return false;
     }
-    bool low = false;
+    bool lowerCase = false;
     for (const Piece &piece : lower.pieces) {
         const Piece *above = pieceIn(upper.pieces, piece.column);
-        if (!above || above->column != piece.column || looksNumeric(joined(piece.words))) {
+        if (!above || above->column != piece.column || looksNumeric(joinedText(piece.words))) {
             return false;
         }
-        low = low || startsLow(piece.words);
+        lowerCase = lowerCase || startsInLowerCase(piece.words);
     }
-    return low || (!hasKey && lower.pieces.size() < upper.pieces.size() && upper.pieces.front().column == 0);
+    return lowerCase || (!hasKey && lower.pieces.size() < upper.pieces.size() && upper.pieces.front().column == 0);
 }
 
-// Two lines of a table's head: every cell of the upper one stands over a cell of the lower one.
-bool TextGrid::headsTogether(const GridRow &upper, const GridRow &lower) const
+// Whether two rows are lines of one header row: every cell of the upper one is above a cell of the lower one.
+bool TextGrid::isOneHeader(const GridRow &upper, const GridRow &lower) const
 {
-    if (ruleBetween(upper, lower) || lower.baseline - upper.baseline > 1.6 * std::max(upper.size, lower.size)) {
+    if (ruleBetween(upper, lower) ||
+        lower.baseline - upper.baseline > thresholds.maxHeaderStep * std::max(upper.size, lower.size)) {
         return false;
     }
     return std::all_of(upper.pieces.begin(), upper.pieces.end(), [&](const Piece &piece) {
@@ -79,17 +70,16 @@ bool TextGrid::headsTogether(const GridRow &upper, const GridRow &lower) const
     });
 }
 
-// How many rows at the top may be the lines of a head: those above the first one with numbers, or, where words stand in
-// all cells, above a line. Without either each line is a row of its own.
-std::size_t TextGrid::headRows() const
+// How many rows at the top may be lines of one header row: those above the first row with numbers, or, in a table of
+// words, those above a rule. Without either, each line is a row of its own.
+std::size_t TextGrid::headerRows() const
 {
-    constexpr std::size_t mostLines = 8;
     const auto hasNumbers = [](const GridRow &row) {
         return std::any_of(row.pieces.begin(), row.pieces.end(), [](const Piece &piece) {
-            return piece.column > 0 && looksNumeric(joined(piece.words));
+            return piece.column > 0 && looksNumeric(joinedText(piece.words));
         });
     };
-    const std::size_t most = std::min(mostLines + 1, m_grid.size());
+    const std::size_t most = std::min(thresholds.maxHeaderLines + 1, m_grid.size());
     for (std::size_t i = 0; i < most; ++i) {
         if (hasNumbers(m_grid[i])) {
             return i;
@@ -110,7 +100,7 @@ void TextGrid::mergeWrappedRows()
         steps.push_back(m_grid[i].baseline - m_grid[i - 1].baseline);
     }
     const double usualStep = median(steps);
-    const std::size_t headEnd = headRows();
+    const std::size_t headerEnd = headerRows();
     const auto takeIn = [](GridRow &upper, const GridRow &lower) {
         for (const Piece &piece : lower.pieces) {
             const auto home = std::find_if(upper.pieces.begin(), upper.pieces.end(), [&piece](const Piece &p) {
@@ -133,10 +123,10 @@ void TextGrid::mergeWrappedRows()
     for (std::size_t i = 0; i < m_grid.size(); ++i) {
         const GridRow &row = m_grid[i];
         const bool underTitle = m_hasTitle && merged.size() < 2;
-        const bool inHead = i < headEnd;
+        const bool inHeader = i < headerEnd;
         const bool together =
             !merged.empty() && !underTitle &&
-            ((inHead && headsTogether(merged.back(), row)) || (!inHead && continues(merged.back(), row, usualStep)));
+            ((inHeader && isOneHeader(merged.back(), row)) || (!inHeader && continues(merged.back(), row, usualStep)));
         if (together) {
             takeIn(merged.back(), row);
         } else {
@@ -146,14 +136,12 @@ void TextGrid::mergeWrappedRows()
     m_grid = std::move(merged);
 }
 
-// The lines between the rows, as borders of the cells that they run along.
+// Makes the rules between the rows borders of the cells along which they run.
 void TextGrid::addBorders(Table &table) const
 {
-    constexpr double edge = 2;            // points by which lines may lie outside the table
-    constexpr double coveredShare = 0.55; // of a cell's side
     for (const Rule &rule : m_rules) {
         const double y = rule.y1;
-        if (y < table.box.top - edge || y > table.box.bottom + edge) {
+        if (y < table.box.top - thresholds.rowMargin || y > table.box.bottom + thresholds.rowMargin) {
             continue;
         }
         const auto nearest = std::min_element(table.rowEdges.begin(), table.rowEdges.end(), [y](double a, double b) {
@@ -162,7 +150,7 @@ void TextGrid::addBorders(Table &table) const
         const auto line = static_cast<int>(nearest - table.rowEdges.begin());
         for (Cell &cell : table.cells) {
             const double along = std::min(rule.x2, cell.box.right) - std::max(rule.x1, cell.box.left);
-            if (along < coveredShare * cell.box.width()) {
+            if (along < rulings::thresholds.minCoveredSide * cell.box.width()) {
                 continue;
             }
             if (cell.row == line) {
@@ -183,11 +171,11 @@ TableWords TextGrid::tableWords() const
     TableWords result;
     Table &table = result.table;
     table.columnEdges = m_edges;
-    table.rowEdges = {grid.front().box.top - 2};
+    table.rowEdges = {grid.front().box.top - thresholds.rowMargin};
     for (std::size_t i = 1; i < grid.size(); ++i) {
         table.rowEdges.push_back((grid[i - 1].box.bottom + grid[i].box.top) / 2);
     }
-    table.rowEdges.push_back(grid.back().box.bottom + 2);
+    table.rowEdges.push_back(grid.back().box.bottom + thresholds.rowMargin);
     table.box = {m_edges.front(), table.rowEdges.front(), m_edges.back(), table.rowEdges.back()};
     for (std::size_t r = 0; r < grid.size(); ++r) {
         for (int column = 0; column < columns();) {

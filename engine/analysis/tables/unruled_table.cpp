@@ -11,42 +11,37 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double cellGap = 0.75;       // font sizes between two cells
-constexpr double farRows = 2.6;        // font sizes between the baselines of rows of one table
-constexpr std::size_t mostSingles = 2; // rows of one piece in a row inside a table (group headings, wrapped cells)
+using unruled_tables::thresholds;
+constexpr double minCellGap = text_grid::thresholds.minCellGap;
 
-struct Stretch
+struct LineRange
 {
     std::size_t first = 0;
-    std::size_t last = 0;
+    std::size_t last = 0; // included
 };
 
 bool isLeader(const QString &text)
 {
     const auto dots = text.count(QLatin1Char('.'));
-    return dots >= 4 && dots * 2 >= text.size();
+    return dots >= thresholds.minLeaderDots && dots * 2 >= text.size();
 }
 
-// Rows with "....." or ". . . . ." in them: a table of contents reads better as lines.
-bool hasLeader(const TextLine &row)
+// Whether the line has a leader, "....." or ". . . . .": a table of contents reads better as lines.
+bool hasLeader(const TextLine &line)
 {
-    int loneDots = 0;
-    for (const RawWord *word : row.words) {
+    qsizetype loneDots = 0;
+    for (const RawWord *word : line.words) {
         loneDots += word->text == QLatin1String(".") ? 1 : 0;
         if (isLeader(word->text)) {
             return true;
         }
     }
-    return loneDots >= 4;
+    return loneDots >= thresholds.minLeaderDots;
 }
 
 bool isListLine(const std::vector<Segment> &segments)
 {
-    QString mark;
-    for (const RawWord *word : segments.front().words) {
-        mark += word->text;
-    }
-    return segments.size() == 2 && isListMark(mark);
+    return segments.size() == 2 && isListMark(joinedText(segments.front().words));
 }
 
 bool hasRuleBetween(const std::vector<Rule> &horizontal, const TextLine &upper, const TextLine &lower)
@@ -57,108 +52,111 @@ bool hasRuleBetween(const std::vector<Rule> &horizontal, const TextLine &upper, 
     });
 }
 
-// A heading over several columns has a line of its own under it, shorter than the table is wide.
+// Whether the upper line is a heading over several columns, underlined by a rule that is shorter than the table is
+// wide.
 bool isHeadingOver(const TextLine &upper, const TextLine &lower, const std::vector<Rule> &horizontal)
 {
     const double whole = std::max(lower.box.right, upper.box.right) - std::min(lower.box.left, upper.box.left);
-    return lower.baseline - upper.baseline < 2 * lower.size &&
+    return lower.baseline - upper.baseline < thresholds.maxHeadingStep * lower.size &&
            std::any_of(horizontal.begin(), horizontal.end(), [&](const Rule &rule) {
                return rule.y1 > upper.box.centreY() && rule.y1 < lower.box.centreY() && rule.x1 < upper.box.centreX() &&
-                      rule.x2 > upper.box.centreX() && rule.length() < 0.8 * whole;
+                      rule.x2 > upper.box.centreX() && rule.length() < thresholds.maxHeadingRule * whole;
            });
 }
 
-// The last lines of a wrapped cell stand alone under it, in its column.
-bool wrapsOn(const std::vector<Segment> &upper, const std::vector<Segment> &lower, double step, double size)
+// Whether the lower line only continues a cell of the upper one, in its column.
+bool continuesCell(const std::vector<Segment> &upper, const std::vector<Segment> &lower, double step, double size)
 {
-    if (lower.size() != 1 || step > 1.3 * size || !lower.front().words.front()->text.front().isLower()) {
+    if (lower.size() != 1 || step > thresholds.maxWrapStep * size ||
+        !lower.front().words.front()->text.front().isLower()) {
         return false;
     }
     for (std::size_t i = 0; i < upper.size(); ++i) {
         const double room = i + 1 < upper.size() ? upper[i + 1].box.left : upper[i].box.right + size;
-        if (std::abs(upper[i].box.left - lower.front().box.left) < size && lower.front().box.right < room) {
+        if (std::abs(upper[i].box.left - lower.front().box.left) < thresholds.maxWrapShift * size &&
+            lower.front().box.right < room) {
             return true;
         }
     }
     return false;
 }
 
-// Stretches of rows close to one another in which nearly all are cut by wide gaps.
-std::vector<Stretch> candidateStretches(
-    const std::vector<TextLine> &rows, const std::vector<std::vector<Segment>> &segments,
+// Ranges of neighbouring lines nearly all of which have wide gaps.
+std::vector<LineRange> candidateRanges(
+    const std::vector<TextLine> &lines, const std::vector<std::vector<Segment>> &segments,
     const std::vector<Rule> &horizontal)
 {
-    std::vector<Stretch> stretches;
+    std::vector<LineRange> ranges;
     const auto isMulti = [&](std::size_t i) { return segments[i].size() >= 2 && !isListLine(segments[i]); };
-    for (std::size_t i = 0; i < rows.size();) {
+    for (std::size_t i = 0; i < lines.size();) {
         if (!isMulti(i)) {
             ++i;
             continue;
         }
-        Stretch stretch{i, i};
+        LineRange range{i, i};
         std::size_t singles = 0;
-        for (std::size_t j = i + 1; j < rows.size(); ++j) {
-            const double reach = hasRuleBetween(horizontal, rows[j - 1], rows[j]) ? 2 * farRows : farRows;
-            if (rows[j].baseline - rows[j - 1].baseline > reach * std::max(rows[j].size, rows[j - 1].size)) {
+        for (std::size_t j = i + 1; j < lines.size(); ++j) {
+            const double reach =
+                hasRuleBetween(horizontal, lines[j - 1], lines[j]) ? thresholds.maxRuledStep : thresholds.maxRowStep;
+            if (lines[j].baseline - lines[j - 1].baseline > reach * std::max(lines[j].size, lines[j - 1].size)) {
                 break;
             }
             if (isMulti(j)) {
-                stretch.last = j;
+                range.last = j;
                 singles = 0;
-            } else if (++singles > mostSingles) {
+            } else if (++singles > thresholds.maxSingles) {
                 break;
             }
         }
-        const std::size_t floor = stretches.empty() ? 0 : stretches.back().last + 1;
-        while (stretch.first > floor && isHeadingOver(rows[stretch.first - 1], rows[stretch.first], horizontal)) {
-            --stretch.first;
+        const std::size_t floor = ranges.empty() ? 0 : ranges.back().last + 1;
+        while (range.first > floor && isHeadingOver(lines[range.first - 1], lines[range.first], horizontal)) {
+            --range.first;
         }
-        std::size_t next = stretch.last + 1;
-        while (next < rows.size() && wrapsOn(
-                                         segments[stretch.last], segments[next],
-                                         rows[next].baseline - rows[next - 1].baseline, rows[next].size)) {
+        std::size_t next = range.last + 1;
+        while (next < lines.size() && continuesCell(
+                                          segments[range.last], segments[next],
+                                          lines[next].baseline - lines[next - 1].baseline, lines[next].size)) {
             ++next;
         }
-        stretch.last = next - 1;
-        stretches.push_back(stretch);
-        i = stretch.last + 1;
+        range.last = next - 1;
+        ranges.push_back(range);
+        i = range.last + 1;
     }
-    return stretches;
+    return ranges;
 }
 
-std::size_t count(const std::vector<TextLine> &rows, const Stretch &s, bool (*has)(const TextLine &))
+std::size_t count(const std::vector<TextLine> &lines, const LineRange &s, bool (*has)(const TextLine &))
 {
     return static_cast<std::size_t>(std::count_if(
-        rows.begin() + static_cast<std::ptrdiff_t>(s.first), rows.begin() + static_cast<std::ptrdiff_t>(s.last) + 1,
+        lines.begin() + static_cast<std::ptrdiff_t>(s.first), lines.begin() + static_cast<std::ptrdiff_t>(s.last) + 1,
         has));
 }
 
-bool isFixedPitch(const TextLine &row)
+bool isFixedPitch(const TextLine &line)
 {
-    return row.words.front()->style.fixedPitch;
+    return line.words.front()->style.fixedPitch;
 }
 
-// The parts of a stretch between lines that run across it. What stands above a table and below it may be set in columns
-// too; then the whole is no table, but one of its parts is.
-std::vector<Stretch>
-partsBetweenRules(const std::vector<TextLine> &rows, const Stretch &stretch, const std::vector<Rule> &horizontal)
+// The parts of a range between rules that run across it. Text above and below a table may have columns too; then the
+// whole is no table, while one of its parts is.
+std::vector<LineRange>
+partsBetweenRules(const std::vector<TextLine> &lines, const LineRange &range, const std::vector<Rule> &horizontal)
 {
-    constexpr std::size_t fewestRows = 3;
-    const auto parts = [&](std::size_t lower) {
-        const Box both = united(rows[lower - 1].box, rows[lower].box);
+    const auto isRuledOff = [&](std::size_t lower) {
+        const Box both = united(lines[lower - 1].box, lines[lower].box);
         return std::any_of(horizontal.begin(), horizontal.end(), [&](const Rule &rule) {
-            return rule.y1 > rows[lower - 1].box.centreY() && rule.y1 < rows[lower].box.centreY() &&
-                   std::min(rule.x2, both.right) - std::max(rule.x1, both.left) > 0.9 * both.width();
+            return rule.y1 > lines[lower - 1].box.centreY() && rule.y1 < lines[lower].box.centreY() &&
+                   std::min(rule.x2, both.right) - std::max(rule.x1, both.left) > thresholds.minPartRule * both.width();
         });
     };
-    std::vector<Stretch> result;
-    Stretch part{stretch.first, stretch.first};
-    for (std::size_t i = stretch.first + 1; i <= stretch.last + 1; ++i) {
-        if (i <= stretch.last && !parts(i)) {
+    std::vector<LineRange> result;
+    LineRange part{range.first, range.first};
+    for (std::size_t i = range.first + 1; i <= range.last + 1; ++i) {
+        if (i <= range.last && !isRuledOff(i)) {
             part.last = i;
             continue;
         }
-        if (part.last - part.first + 1 >= fewestRows) {
+        if (part.last - part.first + 1 >= thresholds.minLinesOfPart) {
             result.push_back(part);
         }
         part = {i, i};
@@ -168,33 +166,34 @@ partsBetweenRules(const std::vector<TextLine> &rows, const Stretch &stretch, con
 
 } // namespace
 
-std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &rows, const std::vector<Rule> &horizontal)
+std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &lines, const std::vector<Rule> &horizontal)
 {
     std::vector<std::vector<Segment>> segments;
-    segments.reserve(rows.size());
-    for (const TextLine &row : rows) {
-        segments.push_back(segmentsOf(row, cellGap));
+    segments.reserve(lines.size());
+    for (const TextLine &line : lines) {
+        segments.push_back(segmentsOf(line, minCellGap));
     }
     std::vector<UnruledTable> tables;
-    const auto add = [&](const Stretch &stretch) {
-        const std::size_t length = stretch.last - stretch.first + 1;
-        if (length < 2 || 3 * count(rows, stretch, hasLeader) > length ||
-            2 * count(rows, stretch, isFixedPitch) > length) {
+    const auto add = [&](const LineRange &range) {
+        const std::size_t length = range.last - range.first + 1;
+        const double maxLeaders = thresholds.maxLeaderLines * static_cast<double>(length);
+        if (length < thresholds.minLines || static_cast<double>(count(lines, range, hasLeader)) > maxLeaders ||
+            2 * count(lines, range, isFixedPitch) > length) {
             return true; // something else, and so are its parts
         }
         TextGrid grid(
-            {rows.begin() + static_cast<std::ptrdiff_t>(stretch.first),
-             rows.begin() + static_cast<std::ptrdiff_t>(stretch.last) + 1},
+            {lines.begin() + static_cast<std::ptrdiff_t>(range.first),
+             lines.begin() + static_cast<std::ptrdiff_t>(range.last) + 1},
             horizontal);
         if (!grid.looksLikeTable()) {
             return false;
         }
-        tables.push_back({grid.tableWords(), stretch.first, stretch.last});
+        tables.push_back({grid.tableWords(), range.first, range.last});
         return true;
     };
-    for (const Stretch &stretch : candidateStretches(rows, segments, horizontal)) {
-        if (!add(stretch)) {
-            const std::vector<Stretch> parts = partsBetweenRules(rows, stretch, horizontal);
+    for (const LineRange &range : candidateRanges(lines, segments, horizontal)) {
+        if (!add(range)) {
+            const std::vector<LineRange> parts = partsBetweenRules(lines, range, horizontal);
             std::for_each(parts.begin(), parts.end(), add);
         }
     }

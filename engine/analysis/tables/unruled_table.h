@@ -8,7 +8,30 @@
 
 namespace quorra::model {
 
-/// A table found among rows of text: it takes the place of rows [firstLine, lastLine].
+namespace unruled_tables {
+
+/// Lengths in em are multiples of the text's font size; see also the thresholds of text_grid.h.
+struct Thresholds
+{
+    double maxRowStep = 2.6;              ///< em; between the baselines of neighbouring rows of one table
+    double maxRuledStep = 2 * maxRowStep; ///< em; the same when a rule lies between them
+    std::size_t maxSingles = 2;      ///< consecutive lines of one segment in a table (group headings, wrapped cells)
+    std::size_t minLines = 2;        ///< of a table
+    std::size_t minLinesOfPart = 3;  ///< of a table that is found only between rules across the text
+    double maxHeadingStep = 2;       ///< em; from a heading over several columns to the next line
+    double maxHeadingRule = 0.8;     ///< share of the table's width; longer rules underline the whole row
+    double minPartRule = 0.9;        ///< share of the text's width; such rules divide it into parts
+    double maxWrapStep = 1.3;        ///< em; between the lines of a wrapped cell
+    double maxWrapShift = 1;         ///< em; between the left edges of the lines of a wrapped cell
+    qsizetype minLeaderDots = 4;     ///< in a word or as words of a line: a leader of a table of contents
+    double maxLeaderLines = 1.0 / 3; ///< share of the lines; with more leaders it is a table of contents
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace unruled_tables
+
+/// A table found among text lines: it replaces the lines [firstLine, lastLine].
 struct UnruledTable
 {
     TableWords found;
@@ -16,9 +39,10 @@ struct UnruledTable
     std::size_t lastLine = 0;
 };
 
-/// Finds tables that only the alignment of their text shows, in the rows of one column. Horizontal lines of the page,
-/// if it has any, tell which rows belong together and what a heading spans. Running text, lists, program listings and
-/// tables of contents are left alone.
-std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &rows, const std::vector<Rule> &horizontal);
+/// Finds the tables without lines around their cells in the text lines of one column: only the alignment of the text
+/// shows them. Horizontal rules of the page, if there are any, tell which lines belong together and what a heading
+/// spans. Running text, lists, preformatted text and tables of contents are no tables. The result is in order of the
+/// lines.
+std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &lines, const std::vector<Rule> &horizontal);
 
 } // namespace quorra::model
