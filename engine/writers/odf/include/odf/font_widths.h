@@ -13,7 +13,7 @@ namespace quorra::office {
 QString measuredFamily(const model::Style &style);
 
 /// The width of the text in points, set in measuredFamily() with the style's size, weight and slant and without
-/// kerning; nothing when it holds signs whose widths are not known.
+/// kerning; nothing when it holds characters whose widths are not known.
 std::optional<double> textWidth(const QString &text, const model::Style &style);
 
 } // namespace quorra::office
