@@ -71,14 +71,17 @@ void convertToWord(const Job &job)
     const WordMode mode = job.options.wordMode;
     const bool inFrames = mode == WordMode::FlowWithBoxes || mode == WordMode::Exact;
     const DrawingWords words = inFrames ? DrawingWords::Apart : DrawingWords::InPicture;
-    const bool breaksApart = outputExtension(job.options.outputPath) != ".doc";
+    const bool oldFormat = outputExtension(job.options.outputPath) == ".doc";
     convertThroughOffice(
         job, OdfKind::Text, Component::Writer, words,
-        [mode, breaksApart](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
+        [mode, oldFormat](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
+            const auto flow = [&](const FlowForm &form) {
+                writeFlow(file, document, pictures, oldFormat ? forOldWord(form) : form);
+            };
             switch (mode) {
             case WordMode::Combine:
                 model::joinContinuations(document, false);
-                writeFlow(file, document, pictures, {true, true, true, breaksApart});
+                flow(flow_forms::inColumns);
                 break;
             case WordMode::FlowWithBoxes:
                 writeFramed(file, document, pictures);
@@ -87,11 +90,11 @@ void convertToWord(const Job &job)
                 writeExact(file, document, pictures);
                 break;
             case WordMode::FlowWithoutBoxes:
-                writeFlow(file, document, pictures, {false, true, true, breaksApart});
+                flow(flow_forms::inOneColumn);
                 break;
             case WordMode::Continuous:
                 model::joinContinuations(document, true);
-                writeFlow(file, document, pictures, {false, false, false, breaksApart});
+                flow(flow_forms::continuous);
                 break;
             }
         });

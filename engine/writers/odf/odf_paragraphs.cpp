@@ -17,7 +17,6 @@ constexpr double plainIndent = 36;
 constexpr double raggedReserve = 12;
 
 constexpr double emptySize = 1;       // points: the type of a paragraph without text
-constexpr double emptyHeight = 1.2;   // points: the height of its line
 constexpr double thinnestLine = 0.25; // thinner ones vanish in word processors
 constexpr int deepestLevel = 9;       // of lists: word processors have no more
 
@@ -254,7 +253,7 @@ Element emptyParagraphStyle(const model::Paragraph &paragraph, const ParagraphPl
     model::Style look;
     look.size = emptySize;
     ParagraphPlace low = place;
-    low.lineHeight = emptyHeight;
+    low.lineHeight = emptyParagraphHeight;
     return paragraphStyle(paragraph, low, look);
 }
 

@@ -3,6 +3,7 @@
 
 #include "document/page_walk.h"
 #include "odf/font_widths.h"
+#include "odf/line_breaking.h"
 #include "odf/odf_runs.h"
 
 #include <algorithm>
@@ -95,51 +96,14 @@ std::optional<Widths> widthsOf(const model::Paragraph &paragraph)
     return widths.signs > 0 ? std::optional(widths) : std::nullopt;
 }
 
-// What must stay together in one line, and the blank before it.
-struct Chunk
+double widthOf(const model::Word &word)
 {
-    double width = 0;
-    double blank = 0;
-};
-
-std::vector<Chunk> chunksOf(const model::Paragraph &paragraph, double spacing)
-{
-    std::vector<Chunk> chunks;
-    bool glued = false; // to the word before, without a blank
-    for (const model::Line &line : paragraph.lines) {
-        for (const model::Word &word : line.words) {
-            const auto signs = static_cast<double>(word.text.size());
-            const double wide = knownWidth(word).value_or(word.box.width()) + signs * spacing;
-            if (glued) {
-                chunks.back().width += wide;
-            } else {
-                chunks.push_back({wide, textWidth(u" "_s, *word.style).value_or(0) + spacing});
-            }
-            // A word cut by a hyphen at the line's end is whole again in the running text.
-            const bool last = &word == &line.words.back();
-            glued = last ? word.text.size() > 1 && word.text.endsWith(u'-') : !word.spaceAfter();
-        }
-    }
-    return chunks;
+    return knownWidth(word).value_or(word.box.width());
 }
 
-// The lines into which the words fall, one after the other into this width.
-std::size_t linesIn(const model::Paragraph &paragraph, double width, double spacing)
+double spaceWidth(const model::Style &style)
 {
-    std::size_t lines = 1;
-    double at = std::max(0.0, paragraph.firstLineIndent);
-    bool empty = true;
-    for (const Chunk &chunk : chunksOf(paragraph, spacing)) {
-        const double end = at + (empty ? 0 : chunk.blank) + chunk.width;
-        if (end > width && !empty) {
-            ++lines;
-            at = std::max(0.0, -paragraph.firstLineIndent) + chunk.width;
-        } else {
-            at = end;
-        }
-        empty = false;
-    }
-    return lines;
+    return textWidth(u" "_s, style).value_or(0);
 }
 
 bool isApart(const model::Word &word, const model::Word &next, double gap, bool everyLine)
@@ -229,17 +193,23 @@ double fittingSpacing(const model::Paragraph &paragraph, double width)
     }
     const double size = largestSize(paragraph);
     const double exact = (widths->onPage - widths->natural) / widths->signs;
-    double spacing =
+    const double spacing =
         std::clamp(std::floor(exact / spacingStep) * spacingStep, tightestSpacing * size, widestSpacing * size);
     if (keepsLines(paragraph)) {
         return spacing;
     }
+    const std::vector<UnbreakableText> texts = unbreakableTexts(paragraph, {widthOf, spaceWidth});
+    const auto onPage = static_cast<int>(paragraph.lines.size());
+    LineStrip strip{
+        .width = width,
+        .firstIndent = std::max(0.0, paragraph.firstLineIndent),
+        .otherIndent = std::max(0.0, -paragraph.firstLineIndent),
+        .letterSpacing = spacing};
     const double least = spacing - mostSqueezing * size;
-    double fitting = spacing;
-    while (fitting > least && linesIn(paragraph, width, fitting) > paragraph.lines.size()) {
-        fitting -= spacingStep;
+    while (strip.letterSpacing > least && countLines(texts, strip) > onPage) {
+        strip.letterSpacing -= spacingStep;
     }
-    return fitting > least ? fitting : spacing;
+    return strip.letterSpacing > least ? strip.letterSpacing : spacing;
 }
 
 bool hasKnownWidths(const model::Paragraph &paragraph)

@@ -8,8 +8,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double leastSpace = 2;     // points of blank space that are worth a paragraph of their own
-constexpr double anchorHeight = 1.2; // of a paragraph that only carries something
+constexpr double leastSpace = 2; // points of blank space that are worth a paragraph of their own
 
 } // namespace
 
@@ -49,7 +48,7 @@ void FlowBreaks::writeSpace(double height)
     }
     if (needed) {
         ParagraphPlace place = take();
-        place.above = std::max(0.0, height - anchorHeight);
+        place.above = std::max(0.0, height - emptyParagraphHeight);
         writeAnchorParagraph(m_sink, place);
     }
 }

@@ -4,8 +4,8 @@
 #include "odf/cell_places.h"
 #include "odf/line_layout.h"
 #include "word/word_flow.h"
-#include "writers/word/flow_areas.h"
 #include "writers/word/flow_fit.h"
+#include "writers/word/flow_plan.h"
 #include "writers/word/page_layout.h"
 
 #include <QTest>
@@ -62,7 +62,7 @@ model::Paragraph linesOf(int count, double left = 72, double top = 100)
     return paragraph;
 }
 
-QString flow(const model::Page &page, const FlowForm &form = {true, true, true})
+QString flow(const model::Page &page, const FlowForm &form = flow_forms::inColumns)
 {
     fixture::Pictures pictures;
     const model::Document document = fixture::document({page});
@@ -94,23 +94,30 @@ void OfficeLayoutTest::aSingleLineMakesRoomForItsNeighbours()
 void OfficeLayoutTest::brokenWordsMoveOnAsAWhole()
 {
     model::Paragraph paragraph = linesOf(2);
-    QCOMPARE(wrappedLines(paragraph, 450), 2);
-    QCOMPARE(wrappedLines(paragraph, 225), 4);
+    QCOMPARE(likelyLines(paragraph, 450), 2);
+    QCOMPARE(likelyLines(paragraph, 225), 4);
     paragraph.lines[0].words.back().text = QStringLiteral("word-");
+    paragraph.lines[0].words.back().separator = model::Separator::Hyphen;
     paragraph.lines[1].words.pop_back();
-    QCOMPARE(wrappedLines(paragraph, 450), 2);
+    QCOMPARE(likelyLines(paragraph, 450), 2);
     paragraph.lines[1].words.push_back(paragraph.lines[1].words.back());
-    QCOMPARE(wrappedLines(paragraph, 450), 3); // the whole word no longer fits the first line
+    QCOMPARE(likelyLines(paragraph, 450), 3); // the whole word no longer fits the first line
 }
 
 void OfficeLayoutTest::fullPagesComeCloserTogether()
 {
     model::Page page = fixture::page({{72, 72, 522, 720}});
     page.sections[0].blocks = {fixture::block(linesOf(50, 72, 72))};
-    QCOMPARE(fitOf(page, 72, 760, true).lines, 1.0);
-    const Fit tight = fitOf(page, 72, 660, true);
+    FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    plan.room = 688;
+    QCOMPARE(fitOf(plan).lines, 1.0);
+    plan.room = 588;
+    const Fit tight = fitOf(plan);
     QVERIFY(tight.lines < 1.0 && tight.lines > 0.9);
-    QCOMPARE(fitOf(page, 72, 300, true).lines, 0.9); // it would not fit anyhow
+    fitToRoom(plan);
+    QCOMPARE(plan.sections[0].items[0].lineHeight, tight.lines * 12);
+    plan.room = 228;
+    QCOMPARE(fitOf(plan).lines, 0.9); // it would not fit anyhow
 }
 
 void OfficeLayoutTest::marginsStayUsual()
@@ -194,9 +201,9 @@ void OfficeLayoutTest::breaksStandApartWhereAsked()
     fixture::Pictures pictures;
     const model::Document document = fixture::document({page, page});
     const auto paragraphs = [&](bool apart) {
-        return fixture::paragraphs(fixture::odf(OdfKind::Text, [&](OdfFile &file) {
-            writeFlow(file, document, pictures, {true, true, true, apart});
-        }));
+        const FlowForm form = apart ? flow_forms::inColumns : forOldWord(flow_forms::inColumns);
+        return fixture::paragraphs(
+            fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeFlow(file, document, pictures, form); }));
     };
     QCOMPARE(paragraphs(false), (QStringList{QStringLiteral("text"), QStringLiteral("text")}));
     QCOMPARE(paragraphs(true).count(QString()), 3); // before each page's columns, and between the pages

@@ -9,6 +9,9 @@
 
 namespace quorra::office {
 
+/// The height of a paragraph without text, in points: that of its line.
+inline constexpr double emptyParagraphHeight = 1.2;
+
 /// How a paragraph stands in what surrounds it. Lengths in points.
 struct ParagraphPlace
 {

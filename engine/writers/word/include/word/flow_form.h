@@ -14,4 +14,25 @@ struct FlowForm
     bool breaksApart = true;
 };
 
+/// The forms that exist. Each is for Word's newer formats; see forOldWord().
+namespace flow_forms {
+
+/// Pages with their columns.
+inline constexpr FlowForm inColumns{.columns = true, .pages = true, .places = true, .breaksApart = true};
+
+/// Pages on which columns follow one another.
+inline constexpr FlowForm inOneColumn{.columns = false, .pages = true, .places = true, .breaksApart = true};
+
+/// One text from the first page to the last.
+inline constexpr FlowForm continuous{.columns = false, .pages = false, .places = false, .breaksApart = true};
+
+} // namespace flow_forms
+
+/// The form as Word's older format (.doc) needs it.
+constexpr FlowForm forOldWord(FlowForm form)
+{
+    form.breaksApart = false;
+    return form;
+}
+
 } // namespace quorra::office

@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "flow_plan.h"
+
+#include "document/page_walk.h"
+#include "odf/font_widths.h"
+#include "odf/line_breaking.h"
+#include "odf/line_layout.h"
+#include "word_columns.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <optional>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace quorra::office {
+
+namespace {
+
+/// Lengths in points; shares of the font size where "em" is said.
+struct Thresholds
+{
+    double usualSpace = 12;   ///< most between blocks that do not follow one another on the page
+    double roomForBreak = 90; ///< below a column that is certain not to run over: word processors set text longer
+    std::size_t longText = 4; ///< lines that make a paragraph running text
+    double wideFont = 1.1;    ///< by which the font that replaces an unknown one may be wider
+    double spaceWidth = 0.25; ///< em: of a space in most fonts
+};
+constexpr Thresholds limits;
+
+// The strip that blocks stand in and how far it is filled. In points.
+struct Area
+{
+    double left = 0;
+    double right = 0;
+    double bottom = 0;              // of what is planned so far, as it lies on the page
+    std::optional<double> baseline; // the last one so far, where the last block has one
+    bool begun = false;             // text of the document stands in it
+    bool followsOther = false;      // what comes next did not follow on the page what came last
+};
+
+// Columns of running text, as opposed to words put beside one another: below one another, in strips of their width,
+// they would fill twice the pages.
+bool isRunningText(const model::Section &section)
+{
+    return section.columns.size() > 1 &&
+           std::any_of(section.blocks.begin(), section.blocks.end(), [](const model::Block &block) {
+               return block.paragraph() && block.paragraph()->lines.size() >= limits.longText;
+           });
+}
+
+// The column in which the line stands; the number of columns for a line outside the section.
+std::size_t columnAt(const model::Section &section, const Box &line)
+{
+    const auto at = std::find_if(section.columns.begin(), section.columns.end(), [&](const Box &column) {
+        return column.contains(line.centreX(), line.centreY());
+    });
+    return static_cast<std::size_t>(at - section.columns.begin());
+}
+
+// Where the first line, table or picture of the section begins.
+double topOf(const model::Section &section)
+{
+    std::optional<double> top;
+    for (const model::Block &block : section.blocks) {
+        const double own = block.paragraph() ? laidOut(*block.paragraph()).top : block.box().top;
+        top = std::min(top.value_or(own), own);
+    }
+    return top.value_or(0);
+}
+
+// Notes that the paragraph, which stands in areas[own], took over lines from further columns: these have begun then.
+void noteLines(
+    const model::Paragraph &paragraph, const model::Section &section, std::vector<Area> &areas, std::size_t own)
+{
+    for (const model::Line &line : paragraph.lines) {
+        const std::size_t at = columnAt(section, line.box);
+        const bool outside = line.box.left > paragraph.box.right || line.box.right < paragraph.box.left;
+        if (outside && at < areas.size() && at != own) {
+            areas[at].begun = true;
+            areas[at].bottom = line.box.bottom;
+            areas[at].baseline = line.baseline;
+            areas[own].followsOther = true;
+        }
+    }
+}
+
+// The first baseline of the block that follows this one in its column; nothing when that is no paragraph.
+std::optional<double> baselineAfter(const model::Section &section, std::size_t block)
+{
+    if (block + 1 >= section.blocks.size() || section.blocks[block + 1].column != section.blocks[block].column) {
+        return {};
+    }
+    const model::Paragraph *next = section.blocks[block + 1].paragraph();
+    return next ? firstBaseline(*next) : std::nullopt;
+}
+
+// A family that most machines have, or for which they have one of the same widths.
+bool isCommon(const model::Style &style)
+{
+    static const QRegularExpression names(
+        u"^(Times|Arial|Helvetica|Courier|Liberation|Nimbus|DejaVu|Calibri|Carlito|Cambria|Caladea|[A-Z]{2,8}[0-9])"_s);
+    return names.match(style.family).hasMatch();
+}
+
+double likelyWidth(const model::Word &word)
+{
+    const double drawn = word.box.width();
+    if (isCommon(*word.style)) {
+        return drawn;
+    }
+    return limits.wideFont * std::max(drawn, textWidth(word.text, *word.style).value_or(drawn));
+}
+
+class PagePlanner
+{
+public:
+    PagePlanner(const model::Page &page, const Margins &margins, const FlowForm &form)
+        : m_page(page)
+        , m_margins(margins)
+        , m_form(form)
+        , m_end(textEnd(page, margins, headsOf(page)))
+        , m_bottom(form.places ? margins.top : page.content.top)
+    {}
+
+    FlowPage plan();
+
+private:
+    FlowSection planSection(const model::Section &section);
+    std::vector<Area> areasOf(const model::Section &section, bool inColumns) const;
+    void addItems(FlowSection &planned, std::vector<Area> &areas) const;
+    void planText(FlowItem &item, Area &area, std::optional<double> baselineAfter) const;
+    double spaceAbove(const Area &area, double top) const;
+
+    const model::Page &m_page;
+    const Margins &m_margins;
+    const FlowForm &m_form;
+    double m_end;    // of the room for the page's text
+    double m_bottom; // of the sections so far
+};
+
+FlowPage PagePlanner::plan()
+{
+    FlowPage planned;
+    planned.page = &m_page;
+    planned.margins = m_margins;
+    planned.room = m_end - m_margins.top;
+    if (!m_page.scanned) {
+        for (const model::Section &section : m_page.sections) {
+            planned.sections.push_back(planSection(section));
+        }
+    }
+    return planned;
+}
+
+FlowSection PagePlanner::planSection(const model::Section &section)
+{
+    FlowSection planned;
+    planned.section = &section;
+    planned.inColumns = m_form.columns && canStandInColumns(section);
+    if (planned.inColumns && m_form.places) {
+        planned.spaceAbove = std::max(0.0, topOf(section) - m_bottom);
+    }
+    std::vector<Area> areas = areasOf(section, planned.inColumns);
+    addItems(planned, areas);
+    for (const Area &area : areas) {
+        m_bottom = std::max(m_bottom, area.bottom);
+    }
+    return planned;
+}
+
+// The areas of a section's columns, before anything stands in them.
+std::vector<Area> PagePlanner::areasOf(const model::Section &section, bool inColumns) const
+{
+    const bool ownStrip = inColumns || !m_form.places || isRunningText(section);
+    const double top = topOf(section);
+    std::vector<Area> areas;
+    for (const Box &column : section.columns) {
+        Area area;
+        area.left = ownStrip ? column.left : m_margins.left;
+        area.right = ownStrip ? column.right : m_page.width - m_margins.right;
+        // A column that comes below the one before it has nothing to do with that one's end.
+        area.bottom = inColumns || !areas.empty() ? top : m_bottom;
+        areas.push_back(area);
+    }
+    return areas;
+}
+
+double PagePlanner::spaceAbove(const Area &area, double top) const
+{
+    const double space = std::max(0.0, top - area.bottom);
+    return m_form.places && !area.followsOther ? space : std::min(space, limits.usualSpace);
+}
+
+void PagePlanner::planText(FlowItem &item, Area &area, std::optional<double> baselineAfter) const
+{
+    const model::Paragraph &paragraph = *item.block->paragraph();
+    const LaidOut lies = laidOut(paragraph, area.baseline, baselineAfter);
+    item.spaceAbove = spaceAbove(area, lies.top);
+    item.lineHeight = lies.lineHeight;
+    item.lines = likelyLines(paragraph, item.column.width() - paragraph.indentLeft - paragraph.indentRight);
+    item.borders = decorationOf(m_page, paragraph.box);
+    item.shortRule = hasShortRule(item.borders, item.column);
+    area.bottom = lies.bottom;
+    area.baseline = lastBaseline(paragraph);
+}
+
+void PagePlanner::addItems(FlowSection &planned, std::vector<Area> &areas) const
+{
+    const model::Section &section = *planned.section;
+    std::size_t before = 0;
+    for (std::size_t i = 0; i < section.blocks.size(); ++i) {
+        const model::Block &block = section.blocks[i];
+        const model::Picture *picture = planned.items.empty() ? nullptr : planned.items.back().block->picture();
+        if (picture && isLabelOf(block, *picture)) {
+            planned.items.back().labels.push_back(block.paragraph());
+            continue;
+        }
+        const auto column = std::min(static_cast<std::size_t>(std::max(0, block.column)), areas.size() - 1);
+        Area &area = areas[column];
+        FlowItem item;
+        item.block = &block;
+        item.column = section.columns[column];
+        item.left = area.left;
+        item.right = area.right;
+        // A column that begins with a paragraph of its own begins there in the text as well, unless the one before it
+        // is full: a line too many in that one would leave a page with nothing else.
+        const bool full = areas[before].bottom > m_end - limits.roomForBreak;
+        item.beginsColumn = planned.inColumns && column > before && !area.begun && !full;
+        before = column;
+        item.behindText = m_form.pages && block.picture() && isBehindText(m_page, *block.picture());
+        if (block.paragraph()) {
+            planText(item, area, baselineAfter(section, i));
+        } else if (!item.behindText) {
+            item.spaceAbove = spaceAbove(area, block.box().top);
+            item.height = block.box().height();
+            area.bottom = block.box().bottom;
+            area.baseline.reset();
+        }
+        area.begun = true;
+        area.followsOther = false;
+        if (block.paragraph()) {
+            noteLines(*block.paragraph(), section, areas, column);
+        }
+        planned.items.push_back(std::move(item));
+    }
+}
+
+} // namespace
+
+int likelyLines(const model::Paragraph &paragraph, double width)
+{
+    if (paragraph.lines.size() < 2) {
+        return 1;
+    }
+    const TextMeasure measure{likelyWidth, [](const model::Style &style) { return limits.spaceWidth * style.size; }};
+    return countLines(unbreakableTexts(paragraph, measure), {.width = width, .firstIndent = paragraph.firstLineIndent});
+}
+
+FlowPage planPage(const model::Page &page, const Margins &margins, const FlowForm &form)
+{
+    return PagePlanner(page, margins, form).plan();
+}
+
+std::vector<FlowPage> planFlow(const model::Document &document, const FlowForm &form)
+{
+    const std::vector<Margins> margins = pageMargins(document);
+    std::vector<FlowPage> pages;
+    for (std::size_t i = 0; i < document.pages.size(); ++i) {
+        const model::Page &page = document.pages[i];
+        pages.push_back(planPage(page, margins[i], form));
+        pages.back().newPage = i == 0 || form.pages || page.scanned || document.pages[i - 1].scanned;
+    }
+    return pages;
+}
+
+} // namespace quorra::office

@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "office_fixture.h"
+
+#include "writers/word/flow_fit.h"
+#include "writers/word/flow_plan.h"
+
+#include <QTest>
+
+using namespace quorra;
+using namespace quorra::office;
+
+/// The plan of a flowing text and its fitting to the page.
+class OfficeFlowPlanTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void itemsKnowTheirSpaceAndLines();
+    void picturesTakeTheirHeight();
+    void picturesBehindTextTakeNoRoom();
+    void labelsBelongToTheirPicture();
+    void columnsBreakWhereTheyBegin();
+    void continuousTextKeepsNoWideSpaces();
+    void linesOfOtherSectionsFillNoColumn();
+    void pagesBeginWhereTheFormSays();
+    void spacesGiveWayBeforeLines();
+    void columnsShareTheirText();
+};
+
+namespace {
+
+// The baseline is 2 points above the box's bottom; a line of its own is 12 points high, 9.6 of them above the baseline.
+model::Block textAt(double top, double left = 72, int column = 0)
+{
+    return fixture::block(fixture::paragraph(QStringLiteral("text"), {left, top, left + 200, top + 12}), column);
+}
+
+model::Block pictureAt(const Box &box, model::PictureKind kind = model::PictureKind::Image)
+{
+    return {model::Picture{box, kind}, 0};
+}
+
+model::Page pageOf(std::vector<model::Block> blocks)
+{
+    model::Page page = fixture::page();
+    page.sections[0].blocks = std::move(blocks);
+    return page;
+}
+
+const std::vector<FlowItem> &itemsOf(const FlowPage &plan)
+{
+    return plan.sections.front().items;
+}
+
+} // namespace
+
+void OfficeFlowPlanTest::itemsKnowTheirSpaceAndLines()
+{
+    const model::Page page = pageOf({textAt(72), textAt(100)});
+    const FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    QCOMPARE(itemsOf(plan).size(), std::size_t(2));
+    const FlowItem &second = itemsOf(plan)[1];
+    QCOMPARE(second.lineHeight, 12.0);
+    QCOMPARE(second.lines, 1);
+    QCOMPARE(second.spaceAbove, 16.0); // 28 from baseline to baseline, less a line
+    QCOMPARE(second.left, 72.0);
+    QCOMPARE(second.right, 540.0);
+}
+
+void OfficeFlowPlanTest::picturesTakeTheirHeight()
+{
+    const model::Page page = pageOf({textAt(72), pictureAt({72, 100, 272, 150}), textAt(160)});
+    const FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    QCOMPARE(itemsOf(plan)[1].height, 50.0);
+    QCOMPARE(itemsOf(plan)[1].spaceAbove, 100 - 84.4);
+    QCOMPARE(itemsOf(plan)[2].spaceAbove, 160.4 - 150);
+}
+
+void OfficeFlowPlanTest::picturesBehindTextTakeNoRoom()
+{
+    const model::Page page = pageOf({pictureAt({72, 72, 540, 400}), textAt(100), textAt(130)});
+    const FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    QVERIFY(itemsOf(plan)[0].behindText);
+    QCOMPARE(itemsOf(plan)[0].height, 0.0);
+    QCOMPARE(itemsOf(plan)[1].spaceAbove, 100.4 - 72); // from the page's top
+    FlowPage full = plan;
+    full.room = 60; // the text with its spaces, without the picture
+    QCOMPARE(fitOf(full).lines, 1.0);
+    QVERIFY(!itemsOf(planPage(page, {}, flow_forms::continuous))[0].behindText); // there is no page to stand on
+}
+
+void OfficeFlowPlanTest::labelsBelongToTheirPicture()
+{
+    const model::Page page =
+        pageOf({pictureAt({72, 100, 400, 200}, model::PictureKind::Drawing), textAt(110), textAt(220)});
+    const FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    QCOMPARE(itemsOf(plan).size(), std::size_t(2));
+    QCOMPARE(itemsOf(plan)[0].labels.size(), std::size_t(1));
+    QCOMPARE(itemsOf(plan)[1].block, &page.sections[0].blocks[2]);
+}
+
+void OfficeFlowPlanTest::columnsBreakWhereTheyBegin()
+{
+    model::Page page = fixture::page({{72, 72, 300, 720}, {312, 72, 540, 720}});
+    page.sections[0].blocks = {textAt(72), textAt(72, 312, 1), textAt(100, 312, 1)};
+    const FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    QVERIFY(plan.sections[0].inColumns);
+    QVERIFY(!itemsOf(plan)[0].beginsColumn);
+    QVERIFY(itemsOf(plan)[1].beginsColumn);
+    QVERIFY(!itemsOf(plan)[2].beginsColumn);
+    const FlowPage below = planPage(page, {}, flow_forms::inOneColumn);
+    QVERIFY(!below.sections[0].inColumns);
+    QVERIFY(!itemsOf(below)[1].beginsColumn);
+}
+
+void OfficeFlowPlanTest::continuousTextKeepsNoWideSpaces()
+{
+    const model::Page page = pageOf({textAt(72), textAt(400)});
+    QCOMPARE(itemsOf(planPage(page, {}, flow_forms::inOneColumn))[1].spaceAbove, 316.0);
+    QCOMPARE(itemsOf(planPage(page, {}, flow_forms::continuous))[1].spaceAbove, 12.0);
+}
+
+// A paragraph that goes on in the section below leaves the space between the sections as it is.
+void OfficeFlowPlanTest::linesOfOtherSectionsFillNoColumn()
+{
+    model::Page page = fixture::page({{72, 72, 300, 100}, {312, 72, 540, 100}});
+    model::Paragraph first = fixture::paragraph(QStringLiteral("begins"), {72, 72, 272, 84});
+    first.lines.push_back(fixture::paragraph(QStringLiteral("ends"), {312, 300, 512, 312}).lines[0]);
+    page.sections[0].blocks = {fixture::block(first)};
+    page.sections.push_back({{{72, 110, 540, 320}}, {textAt(130)}});
+    const FlowPage plan = planPage(page, {}, flow_forms::inOneColumn);
+    QCOMPARE(plan.sections[1].items[0].spaceAbove, 130.4 - 84.4);
+}
+
+void OfficeFlowPlanTest::pagesBeginWhereTheFormSays()
+{
+    model::Page scan = fixture::page();
+    scan.scanned = true;
+    const model::Document document =
+        fixture::document({pageOf({textAt(72)}), pageOf({textAt(72)}), scan, pageOf({textAt(72)})});
+    const auto newPages = [&](const FlowForm &form) {
+        QList<bool> begins;
+        for (const FlowPage &page : planFlow(document, form)) {
+            begins.push_back(page.newPage);
+        }
+        return begins;
+    };
+    QCOMPARE(newPages(flow_forms::inColumns), (QList<bool>{true, true, true, true}));
+    QCOMPARE(newPages(flow_forms::continuous), (QList<bool>{true, false, true, true}));
+    QVERIFY(planFlow(document, flow_forms::inColumns)[2].sections.empty());
+}
+
+void OfficeFlowPlanTest::spacesGiveWayBeforeLines()
+{
+    const model::Page page = pageOf({textAt(72), textAt(100), textAt(128)});
+    FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    // 0.4 + 16 + 16 points of space, three lines of 12 and a twentieth of them in doubt.
+    plan.room = 32.4 + 37.8 - 8.1;
+    QCOMPARE(fitOf(plan).lines, 1.0);
+    QCOMPARE(fitOf(plan).spaces, 0.75);
+    fitToRoom(plan);
+    QCOMPARE(itemsOf(plan)[1].spaceAbove, 12.0);
+    QCOMPARE(itemsOf(plan)[1].lineHeight, 12.0);
+    FlowPage tight = planPage(page, {}, flow_forms::inColumns);
+    tight.room = 32.4 / 2 + 37.8 - 1.8;
+    QCOMPARE(fitOf(tight).spaces, 0.5); // no less
+    QCOMPARE(fitOf(tight).lines, 0.95);
+}
+
+void OfficeFlowPlanTest::columnsShareTheirText()
+{
+    model::Page page = fixture::page({{72, 72, 300, 720}, {312, 72, 540, 720}});
+    for (int i = 0; i < 20; ++i) {
+        page.sections[0].blocks.push_back(textAt(72 + 12 * i));
+    }
+    for (int i = 0; i < 20; ++i) {
+        page.sections[0].blocks.push_back(textAt(72 + 12 * i, 312, 1));
+    }
+    FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    plan.room = 300; // 20 lines of 12 points fit, 40 do not
+    QCOMPARE(fitOf(plan).lines, 1.0);
+    FlowPage below = planPage(page, {}, flow_forms::inOneColumn);
+    below.room = 300;
+    QVERIFY(fitOf(below).lines < 1.0);
+}
+
+QTEST_APPLESS_MAIN(OfficeFlowPlanTest)
+#include "office_flow_plan_test.moc"
