@@ -51,7 +51,7 @@ bool sameLetters(std::string_view left, std::string_view right)
         left.begin(), left.end(), right.begin(), right.end(), [&](char a, char b) { return lower(a) == lower(b); });
 }
 
-/// The output path cut into its folder with the slash, the base name and the extension with its dot.
+/// The output path, split into the folder with its slash, the base name, and the extension with its dot.
 struct PathParts
 {
     std::string_view folder;
@@ -100,7 +100,7 @@ std::string pageFilePath(const Options &options, int position, int count)
     if (wanted.empty() || (single && !options.tempNameForSingle)) {
         name = single ? std::string(path.base) : std::string(path.base) + digits(position, defaultDigits);
     } else {
-        // A template without a number field serves a single file as it stands.
+        // For a single file, a template without a number field is used unchanged.
         name = single && findField(wanted).begin == std::string_view::npos ? wanted : withNumber(wanted, position);
     }
     return std::string(path.folder) + name + std::string(path.extension);

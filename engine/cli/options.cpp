@@ -18,14 +18,15 @@ constexpr std::array<Compression, 8> compressions = {
     Compression::PackBits, Compression::ClassFLow,  Compression::ClassFFine, Compression::Group3TwoD,
 };
 
-/// The whole text as a decimal number from `least` on; anything else is a usage failure that names the option.
+/// Parses a decimal number of at least `least`. Throws Failure(Usage) for any other text.
 int number(const std::string &option, const std::string &text, int least)
 {
     int value = 0;
     const char *const end = text.data() + text.size();
     const auto parsed = std::from_chars(text.data(), end, value);
     if (parsed.ec != std::errc() || parsed.ptr != end || value < least) {
-        throw Failure(ExitStatus::Usage, "option " + option + " needs a whole number from " + std::to_string(least));
+        throw Failure(
+            ExitStatus::Usage, "option " + option + " requires a whole number of at least " + std::to_string(least));
     }
     return value;
 }
@@ -34,7 +35,7 @@ Compression compression(const std::string &option, const std::string &text)
 {
     const auto wanted = static_cast<Compression>(number(option, text, 0));
     if (std::find(compressions.begin(), compressions.end(), wanted) == compressions.end()) {
-        throw Failure(ExitStatus::Usage, "option " + option + " does not know the code " + text);
+        throw Failure(ExitStatus::Usage, "unknown value " + text + " for option " + option);
     }
     return wanted;
 }
@@ -43,7 +44,7 @@ WordMode wordMode(const std::string &option, const std::string &text)
 {
     const int wanted = number(option, text, 0);
     if (wanted > static_cast<int>(WordMode::Continuous)) {
-        throw Failure(ExitStatus::Usage, "option " + option + " does not know the mode " + text);
+        throw Failure(ExitStatus::Usage, "unknown value " + text + " for option " + option);
     }
     return static_cast<WordMode>(wanted);
 }
@@ -95,7 +96,7 @@ auto find(const Table &table, std::string_view name)
 
 Options parseOptions(const std::vector<std::string> &arguments)
 {
-    // The three last arguments are fixed by their place, so a path or a value may look like an option.
+    // The last three arguments are identified by position, so a path or a value may look like an option.
     const std::size_t count = arguments.size();
     if (count < 3 || arguments[count - 3] != "-call") {
         throw Failure(ExitStatus::Usage, std::string(usageText));
@@ -109,12 +110,12 @@ Options parseOptions(const std::vector<std::string> &arguments)
             found->set(options);
         } else if (const ValueOption *withValue = find(valueOptions, name)) {
             if (++i == count - 3) {
-                throw Failure(ExitStatus::Usage, "option " + name + " needs a value");
+                throw Failure(ExitStatus::Usage, "option " + name + " requires a value");
             }
             withValue->set(options, name, arguments[i]);
         } else {
-            // The argument itself is not shown: a password with a quote in it arrives here in pieces.
-            throw Failure(ExitStatus::Usage, "unknown argument at place " + std::to_string(i + 1));
+            // The argument itself is not shown: it may be a piece of a password that contains a quote.
+            throw Failure(ExitStatus::Usage, "unknown argument at position " + std::to_string(i + 1));
         }
     }
     return options;

@@ -12,11 +12,11 @@ PageRange pageRange(const Options &options, int pageCount)
     const PageRange range{options.firstPage.value_or(1), std::min(options.lastPage.value_or(pageCount), pageCount)};
     if (range.first > pageCount) {
         throw Failure(
-            ExitStatus::Usage,
-            "the first page is " + std::to_string(range.first) + ", the document has " + std::to_string(pageCount));
+            ExitStatus::Usage, "the first page is " + std::to_string(range.first) + ", but the document has only " +
+                                   std::to_string(pageCount));
     }
     if (range.first > range.last) {
-        throw Failure(ExitStatus::Usage, "the first page comes after the last");
+        throw Failure(ExitStatus::Usage, "the first page is after the last page");
     }
     return range;
 }

@@ -74,7 +74,7 @@ void convert(const Options &options)
     }
     Document document(options.inputPath, options.userPassword, options.ownerPassword);
     const PageRange range = pageRange(options, document.pageCount());
-    // What a killed run left where this one writes.
+    // Remove part files left by killed runs.
     const std::size_t slash = options.outputPath.rfind('/');
     sweepPartFiles(slash == std::string::npos ? "." : options.outputPath.substr(0, slash + 1));
     const Job job{options, document, range.first, range.last};

@@ -16,7 +16,7 @@ namespace quorra {
 
 namespace {
 
-// The file's name without folder and extension; bytes that are no UTF-8 are replaced.
+/// The file name without folder and extension; invalid UTF-8 is replaced.
 QString titleOf(const std::string &path)
 {
     const QString name = QString::fromStdString(path.substr(path.rfind('/') + 1));

@@ -16,14 +16,14 @@ namespace quorra {
 
 namespace {
 
-/// Pixels in memory at a time, shared by all threads; larger pictures are made in slices.
+/// Number of pixels in memory, shared by all threads; larger pictures are rendered in slices.
 constexpr std::int64_t mostPixels = 16'000'000;
 constexpr double pointsPerInch = 72;
 
-/// The page's, and those of a transparent group on it and of the group's mask.
+/// Those of the page, of a transparency group on it, and of the mask of the group.
 constexpr std::uint64_t bitmapsInDrawing = 3;
 
-/// What does not change from page to page.
+/// What all pages have in common.
 struct Plan
 {
     const Job &job;
@@ -54,8 +54,8 @@ Plan makePlan(const Job &job)
     return plan;
 }
 
-/// What drawing takes: slices of a size that all threads share, or in black and white the whole page, and what a writer
-/// keeps of it.
+/// Memory for rendering: slices whose total size is shared by all threads, or whole pages in black and white, and what
+/// a writer buffers.
 PoolMemory memoryFor(const Plan &plan)
 {
     std::uint64_t largest = 0; // pixels
@@ -73,14 +73,14 @@ PoolMemory memoryFor(const Plan &plan)
 
 int rowsPerSlice(const Plan &plan, const PictureSize &size)
 {
-    // Mono is drawn whole: it is small, and its pattern of dots would start anew in each slice.
+    // Mono is rendered as a whole: it is small, and its dither pattern would restart in each slice.
     if (plan.depth == ColourDepth::Mono) {
         return size.height;
     }
     return static_cast<int>(std::clamp<std::int64_t>(plan.slicePixels / size.width, 1, size.height));
 }
 
-/// Draws the page slice by slice and gives each slice to `take`.
+/// Renders the page in slices and passes each slice to `take`.
 template <typename Take>
 void drawSlices(const Plan &plan, PageRenderer &renderer, int position, Take take)
 {

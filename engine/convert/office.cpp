@@ -25,18 +25,18 @@ namespace {
 
 using namespace office;
 
-/// LibreOffice may take what is left of this process's time as well: many words on a page cost most there.
+/// LibreOffice also gets the remaining time of this process: pages with many words take most of their time there.
 std::chrono::milliseconds helperTime(const Job &job)
 {
     const TimeAllowance allowed = timeAllowed(job, finerThanUsual(job.options));
     return allowed.helper + std::max(std::chrono::milliseconds{0}, allowed.run - limits::processorTimeTaken());
 }
 
-// Collects the pages, lets write(file, document, pictures) put them into a flat ODF file, and has that exported.
+/// Reads and analyses the pages, has write(file, document, pictures) create a flat ODF file, and exports it.
 template <typename Writer>
 void convertThroughOffice(const Job &job, OdfKind kind, Component component, DrawingWords words, const Writer &write)
 {
-    // First what can be told at once: a folder that cannot be written to, and a missing LibreOffice.
+    // First detect what fails at once: an output folder that is not writable, or missing LibreOffice.
     OutputFile output(job.options.outputPath);
     const std::string program =
         findOffice(officeCandidates(std::getenv("QUORRA_SOFFICE"), std::getenv("PATH")), component);

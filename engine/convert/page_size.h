@@ -6,8 +6,8 @@
 
 namespace quorra {
 
-/// Gives the pages the size that -width and -height ask for, by the rule of paperSize(). Throws Failure(Limit) as it
-/// does. Does nothing without them.
+/// Scales the pages to the size requested with -width and -height, as computed by paperSize(). Throws Failure(Limit)
+/// like paperSize(). Does nothing without these options.
 void fitToOptions(model::Document &document, const Options &options, office::MovedPictures &pictures);
 
 } // namespace quorra

@@ -15,7 +15,7 @@ constexpr double largestPaper = 14400; ///< points; 200 inches
 int points(double length)
 {
     if (!(length <= largestPaper)) {
-        throw Failure(ExitStatus::Limit, "the asked page is more than 200 inches long");
+        throw Failure(ExitStatus::Limit, "requested page size exceeds 200 inches");
     }
     return length < 1 ? 1 : static_cast<int>(std::lround(length));
 }

@@ -8,11 +8,12 @@
 
 namespace quorra {
 
-/// Resolution that turns an asked width or height in pixels into paper where the options name none, dots per inch.
+/// Default resolution for converting a requested size in pixels to a paper size, in dots per inch.
 inline constexpr int paperResolution = 96;
 
-/// The paper that an asked width or height stands for; one of the two alone keeps the shape of the page, given in
-/// points. Nothing asked gives none. Throws Failure(Limit) for paper larger than PDF itself allows.
+/// Returns the paper size for the requested width and height; none if neither is given. If only one is given, the other
+/// one keeps the proportions of the page, whose size is in points. Throws Failure(Limit) for paper larger than PDF
+/// allows.
 std::optional<PaperSize> paperSize(const Options &options, double pageWidth, double pageHeight);
 
 } // namespace quorra

@@ -46,7 +46,7 @@ bool isClassF(const Options &options)
     return options.compression == Compression::ClassFLow || options.compression == Compression::ClassFFine;
 }
 
-/// A fraction of a pixel counts as a pixel. Anything past the limit gives one more than the limit.
+/// Rounds up to whole pixels. Values beyond the limit are reduced to one more than the limit.
 int pixels(double length)
 {
     const double whole = std::ceil(length);
@@ -63,7 +63,7 @@ PictureSize bySize(const Options &options, double pageWidth, double pageHeight)
 {
     const double byWidth = options.width ? *options.width * pointsPerInch / pageWidth : 0;
     const double byHeight = options.height ? *options.height * pointsPerInch / pageHeight : 0;
-    // The side that follows from the other must not grow by a pixel that only rounding made.
+    // The side computed from the other one must not grow by a pixel because of rounding errors.
     constexpr double roundingNoise = 1e-6;
     PictureSize size = byResolution(
         options.width ? byWidth : byHeight, options.height ? byHeight : byWidth, pageWidth - roundingNoise,
@@ -77,7 +77,7 @@ PictureSize bySize(const Options &options, double pageWidth, double pageHeight)
     return size;
 }
 
-/// A fax line has a fixed length: the page is scaled to it, its shape kept.
+/// A fax line has a fixed length: the page is scaled to it proportionally.
 PictureSize forFax(Compression compression, double pageWidth, double pageHeight)
 {
     const int yres = compression == Compression::ClassFLow ? faxYResLow : faxYResFine;
@@ -122,10 +122,9 @@ PictureSize pictureSize(const Options &options, int page, double pageWidth, doub
     if (size.width > limits::largestSide || size.height > limits::largestSide ||
         std::int64_t{size.width} * size.height > limits::largestArea) {
         throw Failure(
-            ExitStatus::Limit, "page " + std::to_string(page) + " would be more than " +
-                                   std::to_string(limits::largestSide) + " pixels long or " +
-                                   std::to_string(limits::largestArea / 1'000'000) +
-                                   " million in all: ask for a lower resolution");
+            ExitStatus::Limit, "page " + std::to_string(page) + " would exceed " + std::to_string(limits::largestSide) +
+                                   " pixels per side or " + std::to_string(limits::largestArea / 1'000'000) +
+                                   " million pixels in total: use a lower resolution");
     }
     return size;
 }

@@ -11,11 +11,12 @@ namespace quorra {
 /// Default resolution of pictures, dots per inch.
 inline constexpr int pictureResolution = 150;
 
-/// Colour depth of a picture file: the extension (lower case) or the compression may allow only one.
+/// Returns the colour depth of a picture file: the extension (lower case) or the compression may support only one.
 ColourDepth pictureDepth(const Options &options, std::string_view extension);
 
-/// Pixel size of a page of the given size in points. An asked width or height wins over the resolution; one of the two
-/// alone keeps the page's shape. Throws Failure(Limit), which names the page, for a picture too large to make.
+/// Returns the size in pixels of a page whose size is given in points. A requested width or height takes precedence
+/// over the resolution; if only one is given, the other one keeps the proportions of the page. Throws Failure(Limit),
+/// with the page number, if the picture is too large.
 PictureSize pictureSize(const Options &options, int page, double pageWidth, double pageHeight);
 
 } // namespace quorra

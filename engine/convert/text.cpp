@@ -17,7 +17,7 @@ void convertToText(const Job &job)
     for (const model::Page &page : document.pages) {
         const QByteArray text = pageAsText(page).toUtf8();
         file.write({text.constData(), static_cast<std::size_t>(text.size())});
-        file.write("\f"); // ends each page, the last one too
+        file.write("\f"); // after each page, including the last one
     }
     file.commit();
 }

@@ -24,7 +24,7 @@ std::uint32_t perMetre(double perInch)
     return static_cast<std::uint32_t>(std::lround(perInch * inchesPerMetre));
 }
 
-/// Windows bitmap, uncompressed. Its rows stand from the bottom up: each is written at its own place.
+/// Windows bitmap, uncompressed. Rows are stored from bottom to top: each is written at its own offset.
 class BmpWriter : public PictureWriter
 {
 public:
@@ -80,7 +80,7 @@ public:
 private:
     OutputFile &m_file;
     std::size_t m_stride;
-    int m_left; ///< rows that do not stand in the file yet
+    int m_left; ///< rows that have not been written yet
     std::uint32_t m_pixels = 0;
     std::string m_block;
 };

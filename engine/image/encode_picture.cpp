@@ -11,13 +11,13 @@ namespace quorra {
 
 namespace {
 
-// Inside documents size counts more than the last fine line: colours at half the resolution, no second pass.
+// In documents a small size matters more than the finest detail: chroma subsampling, no second pass.
 constexpr JpegSettings embeddedJpeg{88, false, false};
 constexpr std::size_t manyColours = 300;
 constexpr std::size_t manyGrays = 120;
 constexpr int sampleStep = 3; // pixels
 
-/// The pixels of a mono part, one byte each.
+/// The pixels of a mono part, one byte per pixel.
 Raster asGray(const Raster &raster, const PixelBox &part)
 {
     const auto stride = static_cast<std::size_t>(part.width);
@@ -33,7 +33,7 @@ Raster asGray(const Raster &raster, const PixelBox &part)
     return {part.width, part.height, ColourDepth::Gray, stride, bytes->data(), bytes};
 }
 
-/// The part as a raster of whole bytes, gray or colour. It shares the pixels where it can.
+/// The part as a gray or colour raster. It shares the pixels if possible.
 Raster wholeBytes(const Raster &raster, const PixelBox &part)
 {
     if (raster.depth == ColourDepth::Mono) {
@@ -43,7 +43,7 @@ Raster wholeBytes(const Raster &raster, const PixelBox &part)
     return {part.width, part.height, raster.depth, raster.stride, first, raster.owner};
 }
 
-// Photographs have more colours than anything drawn.
+/// Photographs have more colours than drawings.
 bool isPhotograph(const Raster &raster)
 {
     std::unordered_set<std::uint32_t> seen;
@@ -89,7 +89,7 @@ model::EncodedPicture encodePicture(const Raster &raster, const PixelBox &part)
     } catch (const Failure &) {
         picture.bytes.clear();
     }
-    picture.bytes.squeeze(); // pictures of a whole document may wait in memory
+    picture.bytes.squeeze(); // the pictures of a whole document may be kept in memory
     return picture;
 }
 

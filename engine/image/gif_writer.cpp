@@ -14,7 +14,7 @@ namespace {
 
 constexpr int channelBits = 8;
 
-/// Keeps the whole picture until its palette can be chosen.
+/// Buffers the whole picture until its palette can be computed.
 class GifWriter : public PictureWriter
 {
 public:
@@ -63,7 +63,7 @@ private:
         if (m_info.depth == ColourDepth::Colour) {
             return withPalette(m_pixels, m_info.size.width, m_info.size.height);
         }
-        // Every gray level has a place in the palette.
+        // The palette contains every gray level.
         IndexedPicture picture;
         const int levels = m_info.depth == ColourDepth::Gray ? 256 : 2;
         for (int i = 0; i < levels; ++i) {
@@ -98,7 +98,7 @@ private:
         return good;
     }
 
-    /// Called from within the library, which must not see our exceptions: they wait until it has returned.
+    /// Called by the library: exceptions must not pass through its frames, so they are rethrown when it has returned.
     static int take(GifFileType *gif, const GifByteType *bytes, int size)
     {
         auto *const self = static_cast<GifWriter *>(gif->UserData);

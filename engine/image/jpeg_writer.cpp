@@ -16,8 +16,8 @@ namespace {
 
 constexpr UINT8 dotsPerInch = 1;
 
-/// The library's error manager with the place to which a failure returns. The manager must come first: the library
-/// hands back its address.
+/// The library's error manager with the jump target for failures. The manager must be the first member: the library
+/// passes its address.
 struct Errors
 {
     jpeg_error_mgr manager{};
@@ -29,7 +29,7 @@ struct Errors
     std::longjmp(reinterpret_cast<Errors *>(jpeg->err)->escape, 1);
 }
 
-/// The library's destination manager with a way back to the sink. The manager must come first.
+/// The library's destination manager with a pointer to the sink. The manager must be the first member.
 struct Destination
 {
     jpeg_destination_mgr manager{};
@@ -45,7 +45,7 @@ struct Destination
         manager.free_in_buffer = buffer.size();
     }
 
-    /// False on failure, which is kept: no exception may pass through the library's frames.
+    /// Returns false on failure and keeps the exception: it must not pass through the library's frames.
     bool write(std::size_t size)
     {
         try {
@@ -58,7 +58,7 @@ struct Destination
     }
 };
 
-/// Frees what the library allocated, also when the writer's constructor fails.
+/// Frees the library's memory, even if the constructor of the writer fails.
 struct Compressor : jpeg_compress_struct
 {
     Compressor() : jpeg_compress_struct{} {}
@@ -95,7 +95,7 @@ public:
     }
 
 private:
-    /// Calls the library. Its failures jump back to here, past frames that have nothing to destroy, and are thrown.
+    /// Calls the library. On failure it jumps back here, over frames without destructors, and the failure is thrown.
     template <typename Calls>
     void guarded(const Calls &calls)
     {

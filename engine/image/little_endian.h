@@ -6,7 +6,7 @@
 
 namespace quorra {
 
-/// Appends the number's lowest `bytes` bytes, the lowest first.
+/// Appends the `bytes` least significant bytes of the number, in little-endian order.
 inline void appendLittleEndian(std::string &text, std::uint32_t number, int bytes)
 {
     for (int i = 0; i < bytes; ++i) {

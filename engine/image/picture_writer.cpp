@@ -54,7 +54,7 @@ std::unique_ptr<PictureWriter> makePictureWriter(std::string_view extension, Out
 
 std::uint64_t bytesKeptPerPixel(std::string_view extension, ColourDepth depth)
 {
-    // Pixels and palette entries, and in colour what the search for a palette takes.
+    // Pixels and palette indices, and for colour the memory of the palette computation.
     const std::uint64_t ofGif = depth == ColourDepth::Colour ? 8 : 2;
     return extension == ".gif" ? ofGif : 0;
 }

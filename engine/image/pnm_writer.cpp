@@ -8,7 +8,7 @@ namespace quorra {
 
 namespace {
 
-/// Portable bitmap, graymap or pixmap, by the depth; binary form.
+/// Portable bitmap, graymap or pixmap, depending on the depth; binary variant.
 class PnmWriter : public PictureWriter
 {
 public:
@@ -30,7 +30,7 @@ public:
         for (int y = 0; y < rows.rows; ++y) {
             const std::uint8_t *const source = rows.row(y);
             if (rows.depth == ColourDepth::Mono) {
-                // This format writes black as 1.
+                // In this format black is 1.
                 std::transform(source, source + m_row.size(), m_row.begin(), [](std::uint8_t bits) {
                     return static_cast<char>(~bits);
                 });

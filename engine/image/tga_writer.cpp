@@ -13,7 +13,7 @@ constexpr std::uint32_t blackAndWhite = 3;
 constexpr std::uint32_t topRowFirst = 0x20;
 constexpr char white = '\xFF';
 
-/// Truevision TGA, uncompressed. One bit a pixel is no standard form, so mono is stored as gray.
+/// Truevision TGA, uncompressed. One bit per pixel is not a standard variant, so mono is stored as gray.
 class TgaWriter : public PictureWriter
 {
 public:
@@ -42,7 +42,7 @@ public:
 
     void finish() override
     {
-        // The footer by which readers tell the second version of the format.
+        // The footer identifies version 2 of the format.
         m_file.write(std::string(8, '\0') + std::string("TRUEVISION-XFILE.") + '\0');
     }
 

@@ -47,7 +47,7 @@ std::uint16_t tiffCode(Compression compression)
 std::uint32_t rowsPerStrip(Compression compression, const PictureInfo &info)
 {
     const auto height = static_cast<std::uint32_t>(info.size.height);
-    // Fax readers expect a page in one piece.
+    // Fax readers expect a page as a single strip.
     if (isFaxCompression(compression)) {
         return height;
     }
@@ -55,15 +55,15 @@ std::uint32_t rowsPerStrip(Compression compression, const PictureInfo &info)
     return std::clamp<std::uint32_t>(static_cast<std::uint32_t>(rows), 1, height);
 }
 
-/// Messages end here: a call's result tells of its failure.
+/// Discards messages: failures are detected from return values.
 int ignoreMessage(TIFF *, void *, const char *, const char *, va_list)
 {
     constexpr int notForOtherHandlers = 1;
     return notForOtherHandlers;
 }
 
-/// Takes over the descriptor; null on failure, the descriptor is the caller's then. Several threads write files at the
-/// same time, so the message handlers are this file's own and not those of the process.
+/// Takes ownership of the descriptor, unless it fails and returns null. Threads write files in parallel, so the message
+/// handlers are set per file and not per process.
 TIFF *open(int descriptor, const std::string &path)
 {
     const std::unique_ptr<TIFFOpenOptions, void (*)(TIFFOpenOptions *)> options(
@@ -144,7 +144,7 @@ void TiffFile::setCompression(const PictureInfo &info)
 void TiffFile::addRows(const Raster &rows)
 {
     const std::size_t bytes = rowBytes(rows.depth, rows.width);
-    // The library may change the row that it is given.
+    // The library may modify the row.
     std::vector<std::uint8_t> row(bytes);
     for (int y = 0; y < rows.rows; ++y) {
         const std::uint8_t *const source = rows.row(y);

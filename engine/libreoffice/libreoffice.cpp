@@ -58,19 +58,19 @@ constexpr std::array<ComponentFile, 3> components = {{
     {Component::Impress, "libreoffice-impress-nogui", "impress.xcd"},
 }};
 
-// A first start sets itself up and asks to be started again; more often than this it never converts.
+// The first start initialises the profile and requests a restart; after this many starts it will never convert.
 constexpr int mostStarts = 3;
 constexpr int restartStatus = 81;
 constexpr std::chrono::seconds wallSeconds{60};
 constexpr std::chrono::seconds wallSecondsPerPage{2};
 constexpr double ticksError = 0.8;
 
-// LibreOffice's socket lies in the first of these folders that it may write to, whatever TMPDIR says.
+// LibreOffice creates its socket in the first of these folders that is writable, regardless of TMPDIR.
 constexpr std::array<const char *, 2> socketFolders = {"/tmp", "/var/tmp"};
 constexpr std::string_view socketPrefix = "OSL_PIPE_";
 
-// With a version newer than its own in it, LibreOffice takes the profile for one in use and leaves out the tests of
-// its drawing code that it runs after an update: they take ten times as long as a conversion.
+// If the profile contains a version newer than its own, LibreOffice skips the tests of its drawing code that it runs
+// after an update, which take ten times as long as a conversion.
 constexpr std::string_view profileSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
 <oor:items xmlns:oor="http://openoffice.org/2001/registry" xmlns:xs="http://www.w3.org/2001/XMLSchema" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance">
 <item oor:path="/org.openoffice.Office.Common/Misc"><prop oor:name="FirstRun" oor:op="fuse"><value>false</value></prop></item>
@@ -89,11 +89,11 @@ bool hasComponent(const std::string &program, Component component)
 {
     const fs::path registry = fs::path(program).parent_path().parent_path() / "share/registry";
     std::error_code error;
-    // Installations without this file keep their parts elsewhere; then the export itself will tell.
+    // Installations without this file have a different layout; then the export fails if a component is missing.
     return !fs::exists(registry / "main.xcd", error) || fs::exists(registry / fileOf(component).registry, error);
 }
 
-/// The build's name as its settings give it; empty when they do not.
+/// The build ID from the installation's settings; empty if they have none.
 std::string buildIdOf(const std::string &program)
 {
     std::ifstream settings(fs::path(program).parent_path() / "versionrc");
@@ -126,20 +126,20 @@ void writeText(const fs::path &path, std::string_view text)
 void prepareProfile(const std::string &profile, const std::string &program)
 {
     writeText(profile + "/user/registrymodifications.xcu", profileSettings);
-    // With its own build named here it need not set up its extensions and start again.
+    // If this contains its own build ID, it does not have to initialise its extensions and restart.
     const std::string buildId = buildIdOf(program);
     if (!buildId.empty()) {
         writeText(profile + "/user/extensions/buildid", buildId);
     }
 }
 
-/// The file: address with the escapes that LibreOffice itself writes: it names its socket after this.
+/// The file: URL with the same escapes as LibreOffice uses, which derives the name of its socket from it.
 std::string fileAddress(const std::string &path)
 {
     return "file://" + QUrl::toPercentEncoding(QString::fromStdString(path), "!$&'()*+,/:=@").toStdString();
 }
 
-/// The address as the -env option takes it, where a bare $ begins the name of a variable.
+/// The URL as an argument of -env, in which an unescaped $ starts the name of a variable.
 std::string optionValue(const std::string &address)
 {
     return QByteArray::fromStdString(address).replace('$', "%24").toStdString();
@@ -160,8 +160,8 @@ bool endsWith(std::string_view text, std::string_view end)
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
-/// Removes the sockets that belong to these profiles. LibreOffice puts the user's number before the name, unless the
-/// user has no entry in the password database, so they are looked for by the part that is always there.
+/// Removes the sockets of these profiles. LibreOffice prefixes the name with the user ID, unless the user has no entry
+/// in the password database, so sockets are identified by the rest of the name.
 void removeSockets(const std::vector<std::string> &profileAddresses)
 {
     if (profileAddresses.empty()) {
@@ -184,7 +184,7 @@ void removeSockets(const std::vector<std::string> &profileAddresses)
     }
 }
 
-/// Processor time of all processes that this one has waited for.
+/// Processor time of all child processes that have been reaped.
 std::chrono::microseconds timeOfChildren()
 {
     rusage usage{};
@@ -198,11 +198,11 @@ void checkEnd(const ChildResult &result, std::chrono::seconds limit)
     switch (result.end) {
     case ChildEnd::Exited:
         if (result.status != 0) {
-            throw Failure(ExitStatus::Helper, "LibreOffice ended with exit status " + std::to_string(result.status));
+            throw Failure(ExitStatus::Helper, "LibreOffice exited with exit status " + std::to_string(result.status));
         }
         return;
     case ChildEnd::Signalled:
-        throw Failure(ExitStatus::Helper, "LibreOffice was ended by signal " + std::to_string(result.status));
+        throw Failure(ExitStatus::Helper, "LibreOffice was terminated by signal " + std::to_string(result.status));
     case ChildEnd::TimedOut:
         throw Failure(
             ExitStatus::Limit, "LibreOffice did not finish within " + std::to_string(limit.count()) + " seconds");
@@ -226,7 +226,7 @@ std::vector<std::string> officeCandidates(const char *named, const char *searchP
     std::istringstream folders(searchPath ? searchPath : "");
     for (std::string folder; std::getline(folders, folder, ':');) {
         std::error_code error;
-        // The launcher is a link to a script beside the program, or the program is beside it.
+        // The launcher is a link to a script in the folder of the executable, or is in that folder itself.
         const fs::path launcher = fs::canonical(fs::path(folder) / "soffice", error);
         if (!error && !folder.empty()) {
             candidates.push_back((launcher.parent_path() / "soffice.bin").string());
@@ -250,8 +250,9 @@ std::string findOffice(const std::vector<std::string> &candidates, Component com
     }
     throw Failure(
         ExitStatus::Helper,
-        incomplete ? "this output needs a part of LibreOffice that is not installed: install the package " + package
-                   : "this output needs LibreOffice, which is not installed: install the package " + package);
+        incomplete
+            ? "this output requires a component of LibreOffice that is not installed: install the package " + package
+            : "this output requires LibreOffice, which is not installed: install the package " + package);
 }
 
 std::string socketName(const std::string &profileAddress)
@@ -259,7 +260,7 @@ std::string socketName(const std::string &profileAddress)
     const QString address = QString::fromStdString(profileAddress);
     const QByteArrayView utf16(reinterpret_cast<const char *>(address.utf16()), 2 * address.size());
     QByteArray name = "SingleOfficeIPC_";
-    // One number after the other without leading zeros, as LibreOffice puts it together.
+    // Bytes in hexadecimal without leading zeros, like LibreOffice does.
     const QByteArray digest = QCryptographicHash::hash(utf16, QCryptographicHash::Md5);
     for (const char byte : digest) {
         name += QByteArray::number(static_cast<unsigned char>(byte), 16);
@@ -295,7 +296,7 @@ std::string exportFile(
     command.arguments = {
         "--headless", "--nologo", "--nodefault", "--norestore", "--nolockcheck",
         "-env:UserInstallation=" + optionValue(address),
-        // Otherwise root's LibreOffice makes this one in its installation, closed to other users.
+        // Otherwise LibreOffice, if run by root, creates this folder in its installation, inaccessible to other users.
         "-env:UNO_SHARED_PACKAGES_CACHE=" + optionValue(address) + "/shared_packages", "--convert-to",
         std::string(extension.substr(1)) + ":" + std::string(format->filter), "--outdir", outFolder, sourcePath};
     command.environment = {"HOME=" + folder.path(), "TMPDIR=" + folder.path()};
@@ -315,12 +316,12 @@ std::string exportFile(
     do {
         result = runChild(command);
     } while (result.end == ChildEnd::Exited && result.status == restartStatus && ++starts < mostStarts);
-    // It takes its socket away itself unless it is killed.
+    // It removes its socket unless it is killed.
     removeSockets({address});
-    // The system kills it at this limit, or a little before as it counts ticks of its clock.
+    // The system kills it at this limit, or slightly earlier, because it counts clock ticks.
     if (result.end == ChildEnd::Signalled &&
         timeOfChildren() - before >= ticksError * std::chrono::seconds{command.cpuSeconds}) {
-        throw Failure(ExitStatus::Limit, "LibreOffice needs more processor time than allowed for the file");
+        throw Failure(ExitStatus::Limit, "LibreOffice exceeded the processor time allowed for the file");
     }
     checkEnd(result, limit);
 

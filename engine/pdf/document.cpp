@@ -34,16 +34,13 @@ std::unique_ptr<PDFDoc> load(const std::string &path, const PasswordPair &passwo
 {
     if (error == errEncrypted) {
         throw Failure(
-            ExitStatus::Password,
-            (passwordGiven ? "no given password opens " : "a password is needed to open ") + path);
+            ExitStatus::Password, (passwordGiven ? "wrong password for " : "a password is required to open ") + path);
     }
-    throw Failure(
-        ExitStatus::CannotOpen, (error == errOpenFile ? "cannot read " : "not a PDF file that can be read: ") + path);
+    throw Failure(ExitStatus::CannotOpen, (error == errOpenFile ? "cannot read " : "not a readable PDF file: ") + path);
 }
 
-/// The library makes its colour profiles, which are static, with the first graphics state, and takes no lock: two
-/// threads that draw their first page at the same time would both make them. Any document is opened before threads
-/// draw.
+/// The library creates its static colour profiles with the first graphics state, without a lock: two threads that draw
+/// their first page at the same time would both create them. A document is always opened before threads draw.
 void makeColourProfiles()
 {
     [[maybe_unused]] static const bool made = [] {
@@ -53,7 +50,7 @@ void makeColourProfiles()
     }();
 }
 
-/// The one place that decides whether an owner's restrictions hold: a file that opens is converted.
+/// The only place that decides whether the owner's restrictions apply: a file that can be opened is converted.
 bool conversionAllowed(const PDFDoc &)
 {
     return true;
@@ -80,7 +77,7 @@ Document::Document(const std::string &path, const std::string &userPassword, con
         fail(path, errDamaged, false);
     }
     if (!conversionAllowed(doc)) {
-        throw Failure(ExitStatus::NotPermitted, "the owner of the file does not permit this");
+        throw Failure(ExitStatus::NotPermitted, "the permissions of the file do not allow this");
     }
     m_handles->path = path;
 }

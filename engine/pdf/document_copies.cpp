@@ -8,7 +8,7 @@ DocumentCopies::DocumentCopies(Document &document) : m_original(document), m_fre
 DocumentCopies::Loan DocumentCopies::borrow()
 {
     Document *document = takeFree();
-    if (!document) { // opened outside the lock, so that threads open at the same time
+    if (!document) { // opened without the lock, so that threads can open files in parallel
         std::unique_ptr<Document> opened = m_original.openAgain();
         const std::lock_guard lock(m_mutex);
         document = m_opened.emplace_back(std::move(opened)).get();

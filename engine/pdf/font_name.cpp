@@ -11,11 +11,11 @@ namespace {
 
 struct KnownFamily
 {
-    const char *start; ///< lower case, without blanks
+    const char *start; ///< lower case, without spaces
     const char *family;
 };
 
-// PostScript names that no office program knows, and the family a reader would name.
+// PostScript names unknown to office programs, and the corresponding font family.
 constexpr std::array knownFamilies{
     KnownFamily{"timesnewroman", "Times New Roman"},
     KnownFamily{"times", "Times New Roman"},
@@ -85,7 +85,7 @@ FontName parseFontName(const QString &name)
         QStringLiteral(
             "sans|arial|helvetica|nimbussanl|verdana|calibri|tahoma|cmss|sfss|gothic|univers|frutiger|myriad|heros"),
         QRegularExpression::CaseInsensitiveOption);
-    // The typefaces of TeX carry no flag that tells it.
+    // The fonts of TeX have no flag for this.
     static const QRegularExpression serifMark(
         QStringLiteral("serif|times|roman|termes|georgia|garamond|palatino|bookman|schoolbook|cambria|minion|"
                        "^cm(?:r|b|bx|ti|sl|csc|mi|bxti)\\d|^sf(?:rm|bx|ti|sl|cc)\\d"),

@@ -5,7 +5,7 @@
 
 namespace quorra::model {
 
-/// What the name of a font says about it.
+/// The properties of a font that are encoded in its name.
 struct FontName
 {
     QString family;
@@ -16,8 +16,8 @@ struct FontName
     bool serif = false; ///< never together with sansSerif
 };
 
-/// Reads a PostScript font name such as "ABCDEF+TimesNewRomanPS-BoldItalicMT". Many fonts carry no flags, so the name
-/// is often all there is. An empty name gives an empty family.
+/// Parses a PostScript font name such as "ABCDEF+TimesNewRomanPS-BoldItalicMT". Many fonts have no flags, so that the
+/// name is the only source. The family of an empty name is empty.
 FontName parseFontName(const QString &name);
 
 } // namespace quorra::model

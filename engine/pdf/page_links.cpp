@@ -29,7 +29,7 @@ int pageOf(PDFDoc &doc, const LinkGoTo &action)
     return target->isPageRef() ? doc.findPage(target->getPageRef()) : target->getPageNum();
 }
 
-// Only addresses that a reader may follow safely; everything else (programs to start, scripts) is left out.
+/// Only URLs that are safe to follow; everything else (programs to start, scripts) is omitted.
 QString addressOf(const std::string &uri)
 {
     QString address = QString::fromUtf8(uri.c_str()).trimmed();
@@ -57,7 +57,8 @@ QString targetOf(PDFDoc &doc, const AnnotLink &link)
     return {};
 }
 
-// Page space to the space of RawPage: the crop box's corner to the origin, the page's rotation undone.
+/// Converts PDF page coordinates to those of RawPage: the origin is the corner of the crop box, and the page rotation
+/// is applied.
 Box shownBox(const Page &page, double x1, double y1, double x2, double y2)
 {
     const PDFRectangle *crop = page.getCropBox();

@@ -7,7 +7,7 @@ class PDFDoc;
 
 namespace quorra {
 
-/// Writes into each word the target of the link whose area it stands in.
+/// Sets the link target of each word that is inside the area of a link.
 void applyLinks(PDFDoc &doc, int pageNumber, model::RawPage &page);
 
 } // namespace quorra

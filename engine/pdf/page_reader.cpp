@@ -18,8 +18,8 @@ namespace quorra {
 
 namespace {
 
-constexpr double thinnestFill = 3.2;      // a filled rectangle up to this many points thick is a line
-constexpr std::size_t mostMarks = 20'000; // a page with more lines than this is a drawing, not a table
+constexpr double thinnestFill = 3.2;      // points; a filled rectangle that is not thicker is a rule
+constexpr std::size_t mostMarks = 20'000; // a page with more lines is a drawing, not a table
 
 Colour colourOf(const GfxRGB &rgb)
 {
@@ -34,14 +34,14 @@ Box clipBox(const GfxState *state)
     return clip;
 }
 
-/// The text device of the PDF library finds words; this one keeps what is drawn around them as well.
+/// Extends the text device of the PDF library, which finds words, to record all other marks on the page.
 class Collector final : public TextOutputDev
 {
 public:
     explicit Collector(bool withPictures) : TextOutputDev(nullptr, false, 0, false, false), m_withPictures(withPictures)
     {}
 
-    /// Empties what the next page is drawn into.
+    /// Clears the results before the next page.
     model::RawPage &newPage()
     {
         m_marks = 0;
@@ -146,7 +146,7 @@ private:
             return;
         }
         box = intersected(box, clip);
-        if (width > thinnestFill) { // a thick stroke is a bar
+        if (width > thinnestFill) { // a thick stroke is a filled rectangle
             const double half = width / 2;
             const Box bar = horizontal ? Box{box.left, box.top - half, box.right, box.bottom + half}
                                        : Box{box.left - half, box.top, box.right + half, box.bottom};

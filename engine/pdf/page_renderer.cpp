@@ -37,8 +37,8 @@ Raster whiteRaster(ColourDepth depth, int width, int rows)
 
 } // namespace
 
-// The library's public interface is not used here on purpose: its one-bit pictures come out sheared for most widths,
-// and it draws the corner of pages whose size is no whole number of pixels otherwise than the library's own tools.
+/// The library's public interface is deliberately not used: its one-bit pictures are sheared for most widths, and if
+/// the page size is not a whole number of pixels, it positions the page differently from the library's own tools.
 class PageRenderer::Device
 {
 public:

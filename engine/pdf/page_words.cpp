@@ -21,7 +21,7 @@ Colour colourOf(double r, double g, double b)
     return byte(r) << 16U | byte(g) << 8U | byte(b);
 }
 
-/// Turns the library's words into ours; remembers the fonts it has read.
+/// Converts the library's words to RawWord; caches the fonts it has seen.
 class WordReader
 {
 public:
@@ -42,7 +42,7 @@ public:
         own.baseline = word->getBaseline();
         own.rotation = word->getRotation() * 90;
         own.endsLine = !word->getNext();
-        own.spaceAfter = word->getSpaceAfter() || own.endsLine; // the end of a line is no end of a word's piece
+        own.spaceAfter = word->getSpaceAfter() || own.endsLine; // a word fragment never ends a line
         own.style = styleOf(word);
         own.index = m_page.words.size();
         m_page.words.push_back(std::move(own));

@@ -33,7 +33,7 @@ std::string latin1FromUtf8(const std::string &text)
             result += text[i];
             continue;
         }
-        // Latin-1's upper half is what C2 and C3 lead in.
+        // In UTF-8, C2 and C3 start the characters of the upper half of Latin-1.
         const bool twoBytes = (lead == 0xC2 || lead == 0xC3) && i + 1 < text.size();
         const unsigned char trail = twoBytes ? static_cast<unsigned char>(text[i + 1]) : 0;
         if ((trail & 0xC0) != 0x80) {

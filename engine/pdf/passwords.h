@@ -14,11 +14,11 @@ struct PasswordPair
     bool operator==(const PasswordPair &) const = default;
 };
 
-/// The pairs to try, in order: as given; exchanged, since users mix the two boxes up; then both again in Latin-1, in
-/// which older files hold passwords. No pair stands twice.
+/// Returns the pairs to try, in order: as given; swapped, because users confuse the two fields; then both again in
+/// Latin-1, which older files use for passwords. There are no duplicates.
 std::vector<PasswordPair> passwordsToTry(const std::string &user, const std::string &owner);
 
-/// UTF-8 text in Latin-1; empty when a character has no place there or the text is no UTF-8.
+/// Converts UTF-8 to Latin-1. Returns an empty text if it cannot be converted or is not UTF-8.
 std::string latin1FromUtf8(const std::string &text);
 
 } // namespace quorra

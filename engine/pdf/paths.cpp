@@ -8,9 +8,9 @@ namespace quorra {
 
 namespace {
 
-constexpr double straightTolerance = 0.35; // how far the ends of a straight line may differ across its direction
-constexpr double mostDrift = 1;            // of all sides of a path together
-constexpr double mostCorners = 0.5;        // of half the way around the box: what a frame may leave the edges
+constexpr double straightTolerance = 0.35; // points; deviation of the ends of a straight line
+constexpr double mostDrift = 1;            // points; of all sides of a path together
+constexpr double mostCorners = 0.5; // of half the perimeter of the box: how far a frame may deviate from the edges
 
 Point pointAt(const GfxState *state, const GfxSubpath *subpath, int i)
 {
@@ -33,7 +33,7 @@ bool runsAlongAnEdge(const Point &from, const Point &to, const Box &box)
 std::vector<Point> uprightPoints(const GfxState *state, const GfxSubpath *subpath)
 {
     std::vector<Point> points;
-    double drift = 0; // a curve may come as a chain of tiny sides
+    double drift = 0; // a curve may be drawn as many tiny sides
     for (int i = 0; i < subpath->getNumPoints(); ++i) {
         const Point p = pointAt(state, subpath, i);
         const double across =

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-// Paths of the PDF library as they stand on the page. Coordinates are those of the state's device.
+// Paths of the PDF library. Coordinates are those of the output device.
 namespace quorra {
 
 struct Point
@@ -16,14 +16,14 @@ struct Point
     double y = 0;
 };
 
-/// The corners of a subpath, the first one again at the end where it is closed; none when it has a curve or a slanted
-/// side.
+/// Returns the corners of a subpath, with the first one repeated at the end if it is closed; none if it has a curve or
+/// a slanted side.
 std::vector<Point> uprightPoints(const GfxState *state, const GfxSubpath *subpath);
 
-/// The smallest box around all points of a subpath, the control points of its curves included.
+/// Returns the bounding box of all points of a subpath, including control points of curves.
 Box boxAround(const GfxState *state, const GfxSubpath *subpath);
 
-/// Whether a subpath runs along the edges of its box all the way: a rectangle, with round corners perhaps.
+/// Returns true if a subpath follows the edges of its bounding box: a rectangle, possibly with rounded corners.
 bool isFrame(const GfxState *state, const GfxSubpath *subpath);
 
 } // namespace quorra

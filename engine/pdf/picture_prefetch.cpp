@@ -12,7 +12,7 @@ namespace quorra {
 
 namespace {
 
-constexpr qsizetype mostBytes = 24 * 1024 * 1024; // of one thread's pictures; the rest is drawn when it is asked for
+constexpr qsizetype mostBytes = 24 * 1024 * 1024; // for the pictures of one thread; the rest is drawn on request
 
 struct Wanted
 {
@@ -43,7 +43,7 @@ std::vector<PageOfPictures> wantedPictures(const model::Document &document)
             pages.push_back({std::move(wanted), page.marks});
         }
     }
-    // The longest ones first, so that no thread is left with one when the others are done.
+    // The slowest ones first, so that no thread is left with one of them when the others are done.
     std::stable_sort(
         pages.begin(), pages.end(), [](const PageOfPictures &a, const PageOfPictures &b) { return a.marks > b.marks; });
     return pages;
@@ -56,7 +56,7 @@ int countOf(const std::vector<PageOfPictures> &pages)
     });
 }
 
-// Of drawing any one of the pages in one thread.
+/// Peak memory of drawing any of the pages in one thread.
 PoolMemory memoryFor(const Document &document, const PictureQuality &quality, const std::vector<PageOfPictures> &pages)
 {
     PoolMemory memory;
@@ -77,7 +77,7 @@ AheadPictures::AheadPictures(
 {
     const std::vector<PageOfPictures> pages = wantedPictures(document);
     const int pageCount = static_cast<int>(pages.size());
-    // The pictures of a page are drawn together.
+    // The pictures of a page are rendered together.
     const PoolMemory memory = memoryFor(*copies.borrow(), quality, pages);
     const int threads = std::min(poolSize(countOf(pages), memory), pageCount);
     if (threads <= 1) {

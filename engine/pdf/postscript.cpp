@@ -23,7 +23,8 @@ constexpr double pointsPerInch = 72;
 constexpr int sizeOfPage = -1;
 constexpr PaperSize ownSize{sizeOfPage, sizeOfPage};
 
-/// Where the library's text goes. It writes from destructors too, where nothing may be thrown: a failure waits.
+/// Receives the library's output. It also writes in destructors, where exceptions are not allowed: a failure is kept
+/// and rethrown later.
 struct Sink
 {
     OutputFile &file;
@@ -49,7 +50,7 @@ void writePages(
     const PaperSize &paper, OutputFile &file)
 {
     PDFDoc *const doc = document.handles().doc.get();
-    // The first level of the language knows no colour.
+    // PostScript Level 1 has no colour.
     const PSLevel level = form.colour ? psLevel2 : psLevel1;
     Sink sink{file};
     {
@@ -73,7 +74,7 @@ void writePages(
     }
 }
 
-/// Wraps the page, itself an EPS document, into one that scales it to the paper.
+/// Embeds the page, which is an EPS document, in one that scales it to the paper.
 void writeScaledEps(Document &document, int page, const PostScriptForm &form, const PaperSize &paper, OutputFile &file)
 {
     PDFDoc &doc = *document.handles().doc;

@@ -18,10 +18,10 @@ namespace {
 constexpr double pointsPerInch = 72;
 constexpr int rowAlignment = 4;
 constexpr double mostPixels = 60e6;    // of one page; larger ones are drawn at a lower resolution
-constexpr double bitmapsInDrawing = 4; // two that are kept, a transparent group on the page and the group's mask
+constexpr double bitmapsInDrawing = 4; // two cached ones, a transparency group on the page and its mask
 constexpr Box everything{0, 0, 1e6, 1e6};
 
-// The labels of a drawing belong to its picture: without them a chart cannot be read.
+/// The labels of a drawing are part of its picture: without them a chart is useless.
 bool hasText(model::PictureKind kind)
 {
     return kind != model::PictureKind::Image;
@@ -39,7 +39,7 @@ double pixelsOf(const PageSize &size, double xres, double yres)
     return size.width * xres / pointsPerInch * size.height * yres / pointsPerInch;
 }
 
-// Boxes that were moved there and back are a little off.
+/// Boxes that were transformed and restored have rounding errors.
 bool isInside(const Box &box, const Box &area)
 {
     constexpr double tolerance = 0.02; // points
@@ -47,12 +47,12 @@ bool isInside(const Box &box, const Box &area)
            box.bottom < area.bottom + tolerance;
 }
 
-/// Draws a page, its text left out on request.
+/// Renders a page, optionally without its text.
 class Painter final : public SplashOutputDev
 {
 public:
     Painter(ColourDepth depth, bool withText)
-        : SplashOutputDev(splashMode(depth), rowAlignment, false, m_white)
+        : SplashOutputDev(splashMode(depth), rowAlignment, false, initialColour)
         , m_withText(withText)
     {
         setFontAntialias(true);
@@ -85,12 +85,12 @@ public:
     }
 
 private:
-    // Most letters of a page stand outside the part that is drawn: their fonts need not even be loaded. Letters that
-    // are clipped to count wherever they are.
+    // Most characters of a page are outside the region to render: their fonts do not even have to be loaded. Characters
+    // used for clipping count wherever they are.
     bool isNear(GfxState *state, double x, double y)
     {
         constexpr int firstClippingMode = 4;
-        constexpr double reach = 4; // font sizes: more than a letter is wide
+        constexpr double reach = 4; // font sizes; more than the width of a character
         double left = 0;
         double top = 0;
         state->transform(x, y, &left, &top);
@@ -100,25 +100,25 @@ private:
                 top < getBitmapHeight() + margin);
     }
 
-    static inline SplashColor m_white = {0xff, 0xff, 0xff, 0xff}; // read before members of the object exist
+    static inline SplashColor initialColour = {0xff, 0xff, 0xff, 0xff}; // static: the base class is constructed first
     bool m_withText;
 };
 
 } // namespace
 
-/// A part of a page as pixels, or all of it.
+/// A rendered page or region.
 struct PagePictureSource::Drawn
 {
     int page = 0;
     Box area;
     double xres = 0;
     double yres = 0;
-    int left = 0; ///< where the bitmap begins on the page, in pixels
+    int left = 0; ///< position of the bitmap on the page, in pixels
     int top = 0;
     std::unique_ptr<SplashBitmap> bitmap;
 };
 
-/// Fonts and colours that a painter has met serve all pages that it paints.
+/// A renderer caches fonts and colours for all pages.
 struct PagePictureSource::Painters
 {
     std::unique_ptr<Painter> withText;
@@ -163,8 +163,8 @@ bool PagePictureSource::isDrawn(int page, bool withText, const Box &box) const
     return drawn.page == page && isInside(box, drawn.area);
 }
 
-// What to draw so that the box is seen: all that is expected of the page, or the box. A second box that nobody expected
-// lets expect more of them.
+/// The region to render for a box: everything that is expected of the page, or only the box. After a second unexpected
+/// box, more of them are expected.
 Box PagePictureSource::areaFor(int page, bool withText, const Box &box) const
 {
     const auto expected = m_expected.find({page, withText});
@@ -174,7 +174,8 @@ Box PagePictureSource::areaFor(int page, bool withText, const Box &box) const
     return kept(withText).page == page ? everything : box;
 }
 
-// Lets go what a new bitmap replaces, what belongs to another page, and what is too large to be kept beside it.
+/// Discards the bitmap that a new one replaces, those of other pages, and those too large to be cached together with
+/// it.
 void PagePictureSource::makeRoom(int page, bool withText, double pixels)
 {
     kept(withText) = {};

@@ -23,7 +23,7 @@ namespace {
 constexpr std::chrono::milliseconds pause{5};
 constexpr int notStartedStatus = 127;
 
-/// The inherited environment with the command's own entries in place of those of the same name.
+/// The inherited environment, with the entries of the command added or replaced.
 std::vector<std::string> mergedEnvironment(const std::vector<std::string> &own)
 {
     std::vector<std::string> merged = own;
@@ -50,7 +50,7 @@ std::vector<char *> pointers(std::vector<std::string> &texts)
     return result;
 }
 
-// From here to exec only async-signal-safe calls: the process may have other threads.
+// Only async-signal-safe calls until exec: the process may have other threads.
 
 template <typename Resource>
 void limit(Resource resource, rlim_t value)
@@ -69,8 +69,8 @@ void limit(Resource resource, rlim_t value)
     if (command.cpuSeconds > 0) {
         limit(RLIMIT_CPU, command.cpuSeconds);
     }
-    // Nobody else may write to what it makes, such as sockets. Reading is not taken away: what it leaves in shared
-    // folders as root, such as caches of fonts, serves every user, and private files lie in a private folder.
+    // Other users must not be able to write to what it creates, such as sockets. They can read it: what it creates as
+    // root in shared folders, such as font caches, is used by everybody, and private files are in a private folder.
     umask(umask(0) | S_IWGRP | S_IWOTH);
     sigset_t none;
     sigemptyset(&none);
@@ -91,7 +91,7 @@ void limit(Resource resource, rlim_t value)
     _exit(notStartedStatus);
 }
 
-/// Waits for the process's end and leaves its number taken; false when it did not end before the deadline.
+/// Waits until the process exits, without reaping it; returns false if it has not exited before the deadline.
 bool endsUntil(pid_t child, std::chrono::steady_clock::time_point deadline)
 {
     for (;;) {
@@ -107,12 +107,12 @@ bool endsUntil(pid_t child, std::chrono::steady_clock::time_point deadline)
     }
 }
 
-/// Waits for the process and frees its number.
+/// Waits for the process and reaps it.
 int reap(pid_t child)
 {
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-        continue;
+        // interrupted by a signal: try again
     }
     return status;
 }
@@ -140,8 +140,8 @@ ChildResult runChild(const ChildCommand &command)
     {
         const platform::GroupGuard guard(child);
         inTime = endsUntil(child, std::chrono::steady_clock::now() + command.wallLimit);
-        // Also after a normal end: nothing that the command started may stay. As long as the leader has not been
-        // reaped, the group's number cannot be another's.
+        // Also after a normal exit: no process started by the command may remain. The group's ID cannot be reused until
+        // the leader has been reaped.
         kill(-child, SIGKILL);
     }
     const int status = reap(child);

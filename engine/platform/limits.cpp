@@ -37,7 +37,7 @@ void setSoftLimit(Resource resource, rlim_t soft, rlim_t hardAbove)
         return;
     }
     limit.rlim_cur = limit.rlim_max == RLIM_INFINITY || limit.rlim_max > soft ? soft : limit.rlim_max;
-    // Helpers may need more than this process: the hard limit stays where the system put it, unless told otherwise.
+    // Helper processes may need more than this process: the hard limit is unchanged by default.
     if (hardAbove > 0 && (limit.rlim_max == RLIM_INFINITY || limit.rlim_max > soft + hardAbove)) {
         limit.rlim_max = soft + hardAbove;
     }
@@ -51,12 +51,12 @@ struct SignalLine
     std::string_view line;
 };
 
-constexpr std::string_view damagedLine = "Qtminw: the file is damaged in a way that the PDF library cannot survive\n";
+constexpr std::string_view damagedLine = "Qtminw: the file is too damaged for the PDF library\n";
 
 constexpr SignalLine noMemory = {SIGABRT, ExitStatus::Limit, "Qtminw: the file needs more memory than allowed\n"};
 
 constexpr std::array<SignalLine, 6> signalLines = {{
-    {SIGABRT, ExitStatus::CannotOpen, "Qtminw: the PDF library gave up on the file, which may be damaged\n"},
+    {SIGABRT, ExitStatus::CannotOpen, "Qtminw: the PDF library could not process the file, which may be damaged\n"},
     {SIGXCPU, ExitStatus::Limit, "Qtminw: the file needs more processor time than allowed\n"},
     {SIGSEGV, ExitStatus::CannotOpen, damagedLine},
     {SIGBUS, ExitStatus::CannotOpen, damagedLine},
@@ -67,16 +67,16 @@ constexpr std::array<SignalLine, 6> signalLines = {{
 std::atomic<bool> newFailed = false;
 static_assert(std::atomic<bool>::is_always_lock_free, "read in a signal handler");
 
-/// Called by operator new when there is no memory.
+/// Called by operator new when an allocation fails.
 void noteFailedNew()
 {
     newFailed = true;
     throw std::bad_alloc();
 }
 
-// From here to leave() only what is async-signal-safe.
+// Everything from here to leave() is async-signal-safe.
 
-/// Takes away what is not finished, writes one line and leaves.
+/// Removes incomplete files, writes one line and exits.
 [[noreturn]] void leaveWith(ExitStatus status, std::string_view line)
 {
     removePartFilesNow();
@@ -101,12 +101,12 @@ void leave(int signal, siginfo_t *info, void * /*context*/)
     const int error = errno;
     static std::atomic_flag isLeaving = ATOMIC_FLAG_INIT;
     while (isLeaving.test_and_set()) {
-        pause(); // another thread was first
+        pause(); // another thread is exiting already
     }
     if (signal == SIGXCPU && info->si_code == SI_TIMER) {
         leaveWithSlowPage(info->si_value.sival_int);
     }
-    // The library aborts when malloc() fails, which sets errno, but also when it meets what it cannot handle.
+    // The library aborts if malloc() fails, which sets errno, but also if it encounters something it cannot handle.
     if (signal == SIGABRT && (error == ENOMEM || newFailed)) {
         leaveWith(noMemory.status, noMemory.line);
     }
@@ -123,14 +123,14 @@ void leave(int signal, siginfo_t *info, void * /*context*/)
 void apply()
 {
 #ifndef QUORRA_SANITIZED
-    // The sanitizers reserve terabytes of addresses.
+    // The sanitizers reserve terabytes of address space.
     setSoftLimit(RLIMIT_AS, addressSpaceBytes, 0);
 #endif
     setSoftLimit(RLIMIT_CPU, openingSeconds, cpuSeconds - openingSeconds + cpuGraceSeconds);
     setSoftLimit(RLIMIT_FSIZE, outputBytes, 0);
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
-    // A write past the limit then fails like any other write.
+    // A write beyond the limit then fails like any other write.
     signal(SIGXFSZ, SIG_IGN);
     platform::closeNetwork();
 }
@@ -158,7 +158,7 @@ void catchFatalSignals(int errorDescriptor)
     };
     action.sa_sigaction = leave;
     action.sa_flags = SA_ONSTACK | SA_SIGINFO;
-    sigfillset(&action.sa_mask); // a second fault in the handler ends the process instead of entering it again
+    sigfillset(&action.sa_mask); // a second fault in the handler terminates the process
     for (const SignalLine &each : signalLines) {
 #ifdef QUORRA_SANITIZED
         // The sanitizers report these themselves.

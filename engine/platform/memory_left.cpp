@@ -13,7 +13,7 @@ namespace quorra {
 
 namespace {
 
-/// What the process has taken, in bytes. Linux alone tells it; elsewhere the answer is 0.
+/// Address space used by the process, in bytes. Only known on Linux; otherwise 0.
 struct Taken
 {
     std::uint64_t addresses = 0;
@@ -38,7 +38,7 @@ std::uint64_t memoryLeft()
 {
     rlimit limit{};
     const bool limited = getrlimit(RLIMIT_AS, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY;
-    // Without a limit on addresses, reserved ones cost nothing.
+    // Without a limit on address space, reserving it costs nothing.
     const std::uint64_t used = limited ? taken().addresses : taken().resident;
     const std::uint64_t most = limited ? std::uint64_t{limit.rlim_cur} : limits::addressSpaceBytes;
     return most > used ? most - used : 0;

@@ -28,7 +28,7 @@ std::string folderOf(const std::string &path)
     return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
 }
 
-/// Calls `writeSome`, which takes the bytes that are left and gives how many it wrote, until none are left.
+/// Calls `writeSome`, which gets the remaining bytes and returns how many it has written, until none remain.
 template <typename WriteSome>
 void writeAll(std::string_view bytes, const std::string &path, WriteSome writeSome)
 {
@@ -115,7 +115,7 @@ int OutputFile::descriptor()
 void OutputFile::commit()
 {
     flush();
-    // Some file systems tell of failed writes only here or at the end of a descriptor, and this one is still needed.
+    // Some file systems report failed writes only here or when a descriptor is closed, and this one is still needed.
     if (!platform::syncFile(m_file.descriptor)) {
         fail(m_path, errno);
     }
@@ -144,7 +144,7 @@ void OutputFile::append(std::string_view bytes)
 void syncFolderOf(const std::string &path)
 {
     const int folder = open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    // One that may be written but not read cannot be synced.
+    // A folder that can be written but not read cannot be synced.
     if (folder < 0) {
         return;
     }

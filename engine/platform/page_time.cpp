@@ -12,7 +12,7 @@ namespace {
 
 using std::chrono::nanoseconds;
 
-/// What the pages of this process have taken; any thread may ask.
+/// Processor time used by the pages of this process. Thread-safe.
 class Accounts
 {
 public:
@@ -22,7 +22,7 @@ public:
         m_allowance = allowance;
     }
 
-    /// What the page may take yet: not less than a moment, so that it can be told from no limit, which is 0.
+    /// The remaining time of the page; at least a minimum, because 0 means no limit.
     nanoseconds left(int page)
     {
         const std::lock_guard lock(m_mutex);

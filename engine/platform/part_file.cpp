@@ -18,11 +18,11 @@ namespace quorra {
 
 namespace {
 
-const std::string Prefix = ".qtminw-";
-const std::string Suffix = ".part";
+const std::string partPrefix = ".qtminw-";
+const std::string partSuffix = ".part";
 
-// For the handler of a fatal signal: where this process's provisional files are, and how many there were. All of them
-// are in the folder of the output.
+// For the handler of a fatal signal: the folder of this process's temporary files, and how many were created. All of
+// them are in the output folder.
 std::atomic<const std::string *> partFolder{nullptr};
 std::atomic<unsigned> partCount{0};
 
@@ -49,7 +49,7 @@ std::string newPartPath(const std::string &folder)
 {
     static const std::string first = folder;
     partFolder = &first;
-    return folder + "/" + Prefix + std::to_string(getpid()) + "-" + std::to_string(++partCount) + Suffix;
+    return folder + "/" + partPrefix + std::to_string(getpid()) + "-" + std::to_string(++partCount) + partSuffix;
 }
 
 void removePartFilesNow()
@@ -57,16 +57,16 @@ void removePartFilesNow()
     constexpr std::size_t longestNumber = 10;
     const std::string *const folder = partFolder;
     std::array<char, PATH_MAX> path{};
-    if (!folder || folder->size() + Prefix.size() + Suffix.size() + 2 * longestNumber + 3 > path.size()) {
+    if (!folder || folder->size() + partPrefix.size() + partSuffix.size() + 2 * longestNumber + 3 > path.size()) {
         return;
     }
     char *at = std::copy(folder->begin(), folder->end(), path.begin());
     *at++ = '/';
-    at = std::copy(Prefix.begin(), Prefix.end(), at);
+    at = std::copy(partPrefix.begin(), partPrefix.end(), at);
     at = std::to_chars(at, path.end(), getpid()).ptr;
     *at++ = '-';
     for (unsigned number = 1; number <= partCount; ++number) {
-        char *const end = std::copy(Suffix.begin(), Suffix.end(), std::to_chars(at, path.end(), number).ptr);
+        char *const end = std::copy(partSuffix.begin(), partSuffix.end(), std::to_chars(at, path.end(), number).ptr);
         *end = '\0';
         unlink(path.data());
     }
@@ -110,7 +110,7 @@ void sweepPartFiles(const std::string &folder)
     }
     while (const dirent *entry = readdir(listing)) {
         const std::string name = entry->d_name;
-        if (endsWith(name, Suffix) && ownerIsGone(name, Prefix)) {
+        if (endsWith(name, partSuffix) && ownerIsGone(name, partPrefix)) {
             removeIfUnlocked(std::string(folder).append("/").append(name));
         }
     }

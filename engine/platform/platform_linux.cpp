@@ -32,11 +32,11 @@ UnnamedFile beginFile(const std::string &folder)
 {
     const int descriptor = open(folder.c_str(), O_RDWR | O_TMPFILE | O_CLOEXEC, 0666);
     if (descriptor >= 0) {
-        // Locked already now, since it may get a provisional name later.
+        // Locked now, because it may get a temporary name later.
         flock(descriptor, LOCK_EX | LOCK_NB);
         return {descriptor, {}};
     }
-    // Some file systems know no unnamed files.
+    // Some file systems do not support unnamed files.
     return errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL ? beginPartFile(folder) : UnnamedFile{};
 }
 
@@ -49,7 +49,7 @@ bool nameFile(UnnamedFile &file, const std::string &path)
         if (errno != EEXIST) {
             return false;
         }
-        // A link cannot replace a file; a rename can, and needs a name to start from.
+        // A link cannot replace a file. A rename can, but requires an old name.
         const std::string partPath = newPartPath(path.substr(0, path.rfind('/')));
         if (!linkTo(file.descriptor, partPath)) {
             return false;
@@ -113,7 +113,7 @@ void removeFlatFolder(const char *path)
     if (folder < 0) {
         return;
     }
-    // readdir() may allocate memory, which a signal's handler must not do.
+    // readdir() may allocate memory, which a signal handler must not do.
     alignas(dirent64) char entries[4096];
     long size = 0;
     while ((size = syscall(SYS_getdents64, folder, entries, sizeof entries)) > 0) {

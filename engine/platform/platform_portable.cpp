@@ -29,7 +29,7 @@ bool nameFile(UnnamedFile &file, const std::string &path)
 bool syncFile(int descriptor)
 {
 #ifdef F_FULLFSYNC
-    // Plain fsync() leaves the content in the disk's own cache there.
+    // There, fsync() may leave the contents in the cache of the disk.
     if (fcntl(descriptor, F_FULLFSYNC) == 0) {
         return true;
     }
@@ -41,14 +41,14 @@ void dieWithParent(pid_t) {}
 
 namespace {
 
-/// The watcher: waits for the end of the pipe, which is the end of its parent.
+/// The watcher: waits until the pipe is closed, which happens when its parent dies.
 [[noreturn]] void watch(int pipeEnd, pid_t group)
 {
     setpgid(0, 0);
     char byte = 0;
     ssize_t got = 0;
     while ((got = read(pipeEnd, &byte, 1)) < 0 && errno == EINTR) {
-        continue;
+        // interrupted by a signal: try again
     }
     if (got == 0) {
         kill(-group, SIGKILL);
@@ -60,7 +60,7 @@ namespace {
 
 GroupGuard::GroupGuard(pid_t group)
 {
-    // Only this process may hold the writing end open.
+    // Only this process may keep the write end open.
     int ends[2];
     if (pipe(ends) != 0) {
         return;
@@ -80,7 +80,7 @@ GroupGuard::~GroupGuard()
     if (m_watcher > 0) {
         kill(m_watcher, SIGKILL);
         while (waitpid(m_watcher, nullptr, 0) < 0 && errno == EINTR) {
-            continue;
+            // interrupted by a signal: try again
         }
     }
     if (m_pipe >= 0) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Read by the leak checker of sanitizer builds, which asks for these names. The font library keeps its tables until the
-// process ends, and says nothing about it.
+// The leak checker of sanitizer builds calls functions of these names. The font library keeps its tables until the
+// process exits.
 
 // NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" const char *__lsan_default_suppressions();

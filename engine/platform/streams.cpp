@@ -23,7 +23,7 @@ ErrorLine::ErrorLine() : m_descriptor(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, firs
     dup2(nowhere, STDIN_FILENO);
     dup2(nowhere, STDOUT_FILENO);
 #ifndef QUORRA_SANITIZED
-    // The sanitizers report there.
+    // The sanitizers write their reports there.
     dup2(nowhere, STDERR_FILENO);
 #endif
     if (nowhere >= firstFree) {

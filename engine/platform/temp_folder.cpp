@@ -27,13 +27,13 @@ constexpr const char *systemFolder = "/tmp";
 constexpr const char *prefix = "qtminw-";
 constexpr const char *lockName = "/.lock";
 
-/// LibreOffice takes the output folder from a list in which these separate the items, and cuts its path there.
+/// LibreOffice reads the output folder from a list separated by these characters, which truncates the path.
 constexpr const char *unusable = ";|";
 
-/// The path of the folder that there is, for the handler of a fatal signal.
+/// The path of the current folder, for the handler of a fatal signal.
 std::atomic<const char *> livingFolder{nullptr};
 
-/// Without symbolic links: LibreOffice names its socket after the resolved path.
+/// Resolves symbolic links: LibreOffice derives the name of its socket from the resolved path.
 std::string resolvedPath(const std::string &folder)
 {
     std::error_code error;
@@ -59,7 +59,7 @@ void removeIfUnlocked(const std::string &path)
 {
     const int lock = open((path + lockName).c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
     std::error_code ignored;
-    // A folder without its lock file was left between the two steps of making it.
+    // A folder without a lock file was left by a process killed between creating the two.
     if (lock < 0 || flock(lock, LOCK_EX | LOCK_NB) == 0) {
         fs::remove_all(path, ignored);
     }
@@ -77,7 +77,7 @@ TempFolder::TempFolder()
     std::vector<char> path(pattern.c_str(), pattern.c_str() + pattern.size() + 1);
     if (!mkdtemp(path.data())) {
         throw Failure(
-            ExitStatus::CannotWrite, "cannot make a folder in " + parentFolder() + ": " + std::strerror(errno));
+            ExitStatus::CannotWrite, "cannot create a folder in " + parentFolder() + ": " + std::strerror(errno));
     }
     m_path = path.data();
     m_lock = open((m_path + lockName).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);

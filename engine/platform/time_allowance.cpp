@@ -11,17 +11,17 @@ namespace quorra {
 
 namespace {
 
-// Seconds of processor time. Measured figures behind them are in docs/limits.md.
-constexpr double onePage = 20;    // the slowest honest page that was tried takes three quarters of it
+// Seconds of processor time. docs/limits.md lists the measurements they are based on.
+constexpr double onePage = 20;    // the slowest legitimate page that was tried takes three quarters of it
 constexpr double eachPage = 0.25; // ordinary pages take a fifth of it
 constexpr double megabyte = 2;    // JPEG 2000 written as PostScript takes 1.7
-constexpr double aroundPages = 2; // opening the file, the page model, writing
+constexpr double aroundPages = 2; // opening the file, analysis, writing
 constexpr double helperStart = 4; // LibreOffice starts in half a second
 constexpr double helperPage = 1;
 
 constexpr double bytesOfMegabyte = 1e6;
-constexpr double leastBytesOfPage = 1024; // a file that claims more pages has hardly anything on them
-constexpr double finest = 120;            // of US Letter, the largest picture has so many times the pixels
+constexpr double leastBytesOfPage = 1024; // a file that claims to have more pages has hardly any content on them
+constexpr double finest = 120;            // the largest picture has this many times the pixels of US Letter
 
 std::chrono::milliseconds milliseconds(double seconds, double most)
 {
@@ -47,7 +47,7 @@ TimeAllowance timeAllowance(const Workload &workload, double factor)
 double timeFactor(const char *text)
 {
     bool isNumber = false;
-    const double factor = QByteArray(text).toDouble(&isNumber); // whatever the locale is
+    const double factor = QByteArray(text).toDouble(&isNumber); // independent of the locale
     return isNumber && factor >= 0.01 && factor <= 100 ? factor : 1;
 }
 

@@ -20,7 +20,7 @@ namespace {
 constexpr int mostThreads = 4;
 constexpr int pagesPerThread = 4;
 
-/// What any thread takes: the allocator reserves 64 MiB for each, its stack has 8 MiB, and it opens the file once more.
+/// Address space for each thread: the allocator reserves 64 MiB, the stack has 8 MiB, and the file is opened again.
 constexpr std::uint64_t threadBytes = 96ULL << 20;
 
 std::atomic<int> assumedProcessors{0};
@@ -29,7 +29,7 @@ std::atomic<int> assumedProcessors{0};
 class FirstFailure
 {
 public:
-    /// Call it where an exception is being handled.
+    /// Call it while an exception is being handled.
     void keep()
     {
         const std::lock_guard lock(m_mutex);
@@ -54,7 +54,7 @@ private:
     std::exception_ptr m_failure;
 };
 
-/// Threads that are waited for when this object goes. (std::jthread is missing in the C++ library of macOS.)
+/// Threads that the destructor joins. (std::jthread is missing in the C++ library of macOS.)
 class JoinedThreads
 {
 public:
@@ -69,7 +69,7 @@ public:
         }
     }
 
-    /// Starts up to `count` threads: fewer where the user or the system has as many as are allowed.
+    /// Starts up to `count` threads; fewer if a limit of the user or the system is reached.
     void start(int count, const std::function<void()> &work)
     {
         m_threads.reserve(static_cast<std::size_t>(std::max(0, count)));

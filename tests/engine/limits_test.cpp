@@ -103,9 +103,10 @@ void LimitsTest::tellsWhyTheProcessEnded_data()
         "the PDF library gets no memory", [] { gfree(gmalloc(tooMuch)); }, ExitStatus::Limit, "more memory");
     row("C++ gets no memory", requestTooMuch, ExitStatus::Limit, "more memory");
     row(
-        "the PDF library refuses a size", [] { gfree(gmallocn(INT_MAX, INT_MAX)); }, ExitStatus::CannotOpen, "gave up");
+        "the PDF library refuses a size", [] { gfree(gmallocn(INT_MAX, INT_MAX)); }, ExitStatus::CannotOpen,
+        "could not process");
     row(
-        "an assertion", [] { std::abort(); }, ExitStatus::CannotOpen, "gave up");
+        "an assertion", [] { std::abort(); }, ExitStatus::CannotOpen, "could not process");
     row(
         "processor time", [] { raise(SIGXCPU); }, ExitStatus::Limit, "more processor time");
     row(

@@ -5,11 +5,11 @@
 
 namespace quorra {
 
-/// Number of letters and digits; an ideograph counts as two, because it says as much as a syllable.
+/// Returns the number of letters and digits; an ideograph counts as two, because it corresponds to a syllable.
 int letterCount(const QString &text);
 
-/// Whether the text is a number as tables hold them: digits with signs, separators, currency or percent, or a dash
-/// or dots that stand for a missing one.
+/// Returns true for a number as it occurs in tables: digits with sign, separators, currency or percent sign; or a dash
+/// or dots for a missing value.
 bool looksNumeric(const QString &text);
 
 } // namespace quorra

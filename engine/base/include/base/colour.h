@@ -10,7 +10,7 @@ using Colour = std::uint32_t;
 constexpr Colour black = 0x000000;
 constexpr Colour white = 0xffffff;
 
-/// How many colours an output keeps.
+/// The colours of an output.
 enum class ColourDepth { Colour, Gray, Mono };
 
 } // namespace quorra

@@ -6,7 +6,7 @@
 
 namespace quorra {
 
-/// What the engine's exit status says to whoever started it.
+/// The exit statuses of the engine.
 enum class ExitStatus {
     Done = 0,
     Usage = 1,
@@ -18,7 +18,7 @@ enum class ExitStatus {
     Helper = 7,
 };
 
-/// Ends the conversion: carries the exit status and the one line, without a line break, that is shown.
+/// An error that ends the conversion, with the exit status and the message: one line, without a line break.
 class Failure : public std::runtime_error
 {
 public:

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
-// Lengths are points (1/72 inch) unless a name says otherwise; y grows downwards.
+// Lengths are in points (1/72 inch) unless a name says otherwise; y grows downwards.
 namespace quorra {
 
-/// An upright rectangle; left <= right and top <= bottom, an empty one has no area.
+/// An axis-aligned rectangle with left <= right and top <= bottom; an empty one has no area.
 struct Box
 {
     double left = 0;
@@ -23,7 +23,7 @@ struct Box
     bool operator==(const Box &) const = default;
 };
 
-/// The smallest box around both; an empty box at the origin counts as nothing.
+/// Returns the bounding box of both; an empty box at the origin is ignored.
 inline Box united(const Box &a, const Box &b)
 {
     if (a == Box{}) {
@@ -35,7 +35,7 @@ inline Box united(const Box &a, const Box &b)
     return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
 }
 
-/// The common part of both, with no area when they do not touch.
+/// Returns the intersection, with no area if they do not overlap.
 inline Box intersected(const Box &a, const Box &b)
 {
     const Box both{

@@ -5,7 +5,7 @@
 
 namespace quorra {
 
-/// The middle value; 0 for none.
+/// Returns the median; 0 if there are no values.
 double median(std::vector<double> values);
 
 } // namespace quorra

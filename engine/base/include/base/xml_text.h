@@ -5,7 +5,7 @@
 
 namespace quorra {
 
-/// The text without characters that XML forbids: control characters, lone surrogates and non-characters.
+/// Returns the text without characters forbidden in XML: control characters, unpaired surrogates and non-characters.
 QString xmlText(const QString &text);
 
 } // namespace quorra

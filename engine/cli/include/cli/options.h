@@ -11,7 +11,7 @@
 
 namespace quorra {
 
-/// The numbers that -wordmode takes.
+/// The values of -wordmode.
 enum class WordMode {
     Combine = 0,
     FlowWithBoxes = 1,
@@ -20,8 +20,8 @@ enum class WordMode {
     Continuous = 4,
 };
 
-/// What the command line asks for. Paths, passwords and the name template are bytes as the system gave them;
-/// nothing in them is decoded. An absent option is an empty optional.
+/// The parsed command line. Paths, passwords and the name template are bytes as received from the system, without
+/// decoding. Options that are absent are empty.
 struct Options
 {
     std::string inputPath;
@@ -38,19 +38,19 @@ struct Options
     WordMode wordMode = WordMode::Combine;
     std::string userPassword;
     std::string ownerPassword;
-    std::string tempName; ///< template for the names of several files; empty: none
+    std::string tempName; ///< template for names of page files; empty if there is none
     bool tempNameForSingle = false;
     bool htmlFormat = false;
 
-    /// Dots per inch for each axis. One given sets both; none gives `fallback`.
+    /// Dots per inch for each axis. If only one is given, it applies to both; if none is given, `fallback`.
     int horizontalResolution(int fallback) const { return xres.value_or(yres.value_or(fallback)); }
     int verticalResolution(int fallback) const { return yres.value_or(xres.value_or(fallback)); }
 };
 
-/// Reads the arguments that follow the program's name. Throws Failure(Usage) for anything it does not know.
+/// Parses the arguments after the program name. Throws Failure(Usage) for invalid arguments.
 Options parseOptions(const std::vector<std::string> &arguments);
 
-/// The part of the output path's file name from its last dot on, in lower case, such as ".png"; empty for none.
+/// Returns the extension of the output path, with its dot and in lower case, such as ".png"; empty if there is none.
 std::string outputExtension(std::string_view outputPath);
 
 } // namespace quorra

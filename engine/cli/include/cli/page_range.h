@@ -5,15 +5,15 @@
 
 namespace quorra {
 
-/// Pages from 1, both included.
+/// A range of pages, numbered from 1; both ends are included.
 struct PageRange
 {
     int first = 1;
     int last = 1;
 };
 
-/// The pages to convert of a document with `pageCount` pages. A last page past the end means the end. Throws
-/// Failure(Usage) where nothing is left: first after last, or first past the end.
+/// Returns the pages to convert of a document with `pageCount` pages. A last page beyond the end is the end. Throws
+/// Failure(Usage) if the range is empty: the first page is after the last page or beyond the end.
 PageRange pageRange(const Options &options, int pageCount);
 
 } // namespace quorra

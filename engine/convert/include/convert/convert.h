@@ -9,7 +9,8 @@
 
 namespace quorra {
 
-/// One conversion: the pages firstPage to lastPage (from 1, both included, both in the document) of an opened document.
+/// A conversion of the pages `firstPage` to `lastPage` (numbered from 1, inclusive, both in the document) of an open
+/// document.
 struct Job
 {
     const Options &options;
@@ -20,7 +21,7 @@ struct Job
     int pageCount() const { return lastPage - firstPage + 1; }
 };
 
-// Each writes its files and throws Failure.
+/// Each of these functions writes its output files. Throws Failure.
 void convertToText(const Job &job);
 void convertToHtml(const Job &job);
 void convertToXml(const Job &job);
@@ -32,19 +33,19 @@ void convertToSheets(const Job &job);
 
 using Converter = void (*)(const Job &);
 
-/// The function that writes files with this extension (lower case, with its dot); null for an unknown one.
+/// Returns the function that writes files with this extension (lower case, with its dot); null if it is unknown.
 Converter converterFor(std::string_view extension);
 
-/// Pixels that the options' resolution asks for to one at the default resolution.
+/// Returns the number of pixels at the requested resolution, relative to the default resolution.
 double finerThanUsual(const Options &options);
 
-/// The processor time that the job may take when it asks for so many pixels to one at the default resolution.
+/// Returns the processor time limits of the job; `finer` is the number of pixels relative to the default resolution.
 TimeAllowance timeAllowed(const Job &job, double finer);
 
-/// Holds this process to that time from now on.
+/// Applies these limits to this process.
 void limitTime(const Job &job, double finer);
 
-/// Opens the input, works out the page range and converts. Throws Failure.
+/// Opens the input, determines the page range and converts. Throws Failure.
 void convert(const Options &options);
 
 } // namespace quorra

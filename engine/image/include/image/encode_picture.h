@@ -15,8 +15,8 @@ struct PixelBox
     int height = 0;
 };
 
-/// Encodes a part of a picture for use inside a document: photographs as JPEG, all else as PNG. Gives no bytes when the
-/// library refuses.
+/// Encodes a part of a picture for embedding in a document: photographs as JPEG, everything else as PNG. Returns no
+/// bytes if the library fails.
 model::EncodedPicture encodePicture(const Raster &raster, const PixelBox &part);
 
 } // namespace quorra

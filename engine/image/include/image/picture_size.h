@@ -3,7 +3,7 @@
 
 namespace quorra {
 
-/// What is rendered for one page and what its file says about it.
+/// The size at which a page is rendered, and the resolution recorded in its file.
 struct PictureSize
 {
     int width = 0;   ///< pixels

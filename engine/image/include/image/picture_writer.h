@@ -12,45 +12,45 @@
 
 namespace quorra {
 
-/// What a picture file is to hold.
+/// The properties of a picture file.
 struct PictureInfo
 {
-    PictureSize size; ///< without resolutions to record, PNG and JPEG record none
+    PictureSize size; ///< if the resolutions to record are 0, PNG and JPEG record none
     ColourDepth depth = ColourDepth::Colour;
 };
 
-/// Takes the bytes of a picture file in their order: into a file, into memory. What it throws reaches the writer's
-/// caller.
+/// Receives the bytes of a picture file in order, to write them to a file or to memory. Exceptions are passed on to the
+/// caller of the writer.
 using ByteSink = std::function<void(std::string_view)>;
 
-/// How a JPEG picture is packed. As it stands here: for pictures that are files of their own.
+/// JPEG compression settings. The defaults are for picture files.
 struct JpegSettings
 {
     int quality = 90;       ///< 0 to 100
-    bool fullColour = true; ///< colours at full resolution: coloured text suffers at half of it
-    bool ownTables = true;  ///< code tables made for the picture: smaller, slower
+    bool fullColour = true; ///< no chroma subsampling, which would blur coloured text
+    bool ownTables = true;  ///< Huffman tables optimised for the picture: smaller, slower
 };
 
-/// Writes one picture from the top row down. Failures are thrown as Failure(CannotWrite), and what a sink throws as it
-/// is; afterwards the writer can only be destroyed. A file is not committed.
+/// Writes one picture from top to bottom. Throws Failure(CannotWrite), or what the sink throws; afterwards the writer
+/// can only be destroyed. Does not commit the file.
 class PictureWriter
 {
 public:
     virtual ~PictureWriter() = default;
 
-    /// The next rows. Together they must be as many as the picture is high.
+    /// Adds the next rows. In total there must be as many rows as the picture is high.
     virtual void addRows(const Raster &rows) = 0;
 
     /// Call once, after the last row.
     virtual void finish() = 0;
 };
 
-/// The writer for an extension (lower case) of a format with one picture in a file; null for others. The writer keeps a
-/// reference to the file.
+/// Returns the writer for an extension (lower case) of a format with one picture per file; null for others. The writer
+/// keeps a reference to the file.
 std::unique_ptr<PictureWriter> makePictureWriter(std::string_view extension, OutputFile &file, const PictureInfo &info);
 
-/// Bytes that the extension's writer keeps for each pixel until the picture is finished; 0 for those that write row by
-/// row.
+/// Returns how many bytes per pixel the writer of the extension buffers until the picture is finished; 0 if it writes
+/// row by row.
 std::uint64_t bytesKeptPerPixel(std::string_view extension, ColourDepth depth);
 
 std::unique_ptr<PictureWriter> makePngWriter(ByteSink sink, const PictureInfo &info);

@@ -9,14 +9,14 @@
 
 namespace quorra {
 
-/// Rows of pixels, top row first. Colour is three bytes red, green, blue; gray is one byte; mono is one bit, the
-/// leftmost pixel in the highest bit, and 1 is white.
+/// Rows of pixels from top to bottom. Colour has three bytes per pixel (red, green, blue), gray one byte, mono one bit:
+/// the leftmost pixel is in the most significant bit, and 1 is white.
 struct Raster
 {
     int width = 0;
     int rows = 0;
     ColourDepth depth = ColourDepth::Colour;
-    std::size_t stride = 0; ///< bytes from row to row
+    std::size_t stride = 0; ///< bytes from one row to the next
     const std::uint8_t *data = nullptr;
     std::shared_ptr<const void> owner; ///< keeps the data alive
 

@@ -3,7 +3,7 @@
 
 namespace quorra {
 
-/// The numbers that -compress takes. The first six are TIFF's own where TIFF has one.
+/// The values of -compress. Where TIFF has a number for a compression, it is the same.
 enum class Compression {
     None = 1,
     Group3OneD = 3,
@@ -15,7 +15,7 @@ enum class Compression {
     Group3TwoD = 88884,
 };
 
-/// True for the fax codings, which know black and white only.
+/// Returns true for fax compressions, which support only black and white.
 bool isFaxCompression(Compression compression);
 
 } // namespace quorra

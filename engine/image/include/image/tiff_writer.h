@@ -10,18 +10,18 @@ struct tiff;
 
 namespace quorra {
 
-/// Writes one or more pictures, each with its resolution, into one TIFF file. Failures are thrown as
-/// Failure(CannotWrite); the file is not committed.
+/// Writes one or more pictures, each with its resolution, to a TIFF file. Throws Failure(CannotWrite). Does not commit
+/// the file.
 class TiffFile
 {
 public:
-    /// `pageCount` pictures are to come; with more than one, each records its number.
+    /// `pageCount` is the number of pictures; if there is more than one, each records its page number.
     TiffFile(OutputFile &file, Compression compression, int pageCount);
     ~TiffFile();
     TiffFile(const TiffFile &) = delete;
     TiffFile &operator=(const TiffFile &) = delete;
 
-    /// Begins the next picture.
+    /// Starts the next picture.
     void beginPage(const PictureInfo &info);
     void addRows(const Raster &rows);
     void endPage();
@@ -37,7 +37,7 @@ private:
     struct tiff *m_tiff;
 };
 
-/// What stands in the file when nothing is asked.
+/// Used if no compression is requested.
 inline constexpr Compression defaultTiffCompression = Compression::Lzw;
 
 } // namespace quorra

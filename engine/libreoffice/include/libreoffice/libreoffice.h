@@ -12,29 +12,30 @@ class TempFolder;
 
 namespace quorra::office {
 
-/// The part of LibreOffice that a document needs.
+/// The component of LibreOffice that a document requires.
 enum class Component { Writer, Calc, Impress };
 
-/// Where LibreOffice's own program is looked for, best first: what QUORRA_SOFFICE names (then nothing else), the
-/// usual folders, and beside the target of every "soffice" on PATH. The files need not exist.
+/// Returns where to look for the LibreOffice executable, in order of preference: only `named` (the value of
+/// QUORRA_SOFFICE) if it is set; otherwise the usual folders, and the folder of the target of each "soffice" in the
+/// search path. The files need not exist.
 std::vector<std::string> officeCandidates(const char *named, const char *searchPath);
 
-/// The first candidate that can be executed and has the component. Throws Failure(Helper) with a line that names the
-/// package to install.
+/// Returns the first candidate that is executable and has the component. Throws Failure(Helper) with a message that
+/// names the package to install.
 std::string findOffice(const std::vector<std::string> &candidates, Component component);
 
-/// How the name of LibreOffice's socket for this profile (a file: address) ends: "OSL_PIPE_", the user's number where
-/// it is known, and this.
+/// Returns the last part of the name of LibreOffice's socket for a profile (a file: URL). It follows "OSL_PIPE_" and
+/// the user ID, if known.
 std::string socketName(const std::string &profileAddress);
 
-/// Removes the sockets that LibreOffice left in the system's temporary folders when its engine was killed. To be called
-/// before a TempFolder is made, which removes the folders by which they are known.
+/// Removes sockets of LibreOffice left in the system's temporary folders by killed engines. Call it before creating a
+/// TempFolder: that removes the folders from which the names of the sockets are derived.
 void sweepSockets();
 
-/// Exports a flat ODF file, that must lie in the folder, in the format of the extension (lower case, with its dot);
-/// program is what findOffice() gave. Gives the path of the new file, in the same folder. Everything that LibreOffice
-/// keeps goes into the folder too; its installation stays as it is. It may take so much processor time, rounded down to
-/// seconds. Throws Failure(Helper), Failure(Limit) or Failure(CannotWrite).
+/// Exports a flat ODF file in `folder` to the format of the extension (lower case, with its dot). `program` is the
+/// result of findOffice(). LibreOffice may use `processorTime`, rounded down to seconds. Returns the path of the new
+/// file, which is in `folder`, as are all files that LibreOffice creates for itself; its installation is not modified.
+/// Throws Failure(Helper), Failure(Limit) or Failure(CannotWrite).
 std::string exportFile(
     const TempFolder &folder, const std::string &program, const std::string &sourcePath, std::string_view extension,
     int pageCount, std::chrono::milliseconds processorTime);

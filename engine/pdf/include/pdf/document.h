@@ -16,19 +16,18 @@ struct PageSize
     double height = 0;
 };
 
-/// An opened PDF file. The library's own types stay behind document_handles.h. One object serves one thread; a
-/// second thread opens its own.
+/// An open PDF file. The library's types are hidden behind document_handles.h. Not thread-safe: each thread opens its
+/// own.
 class Document
 {
 public:
-    /// Opens the file with the passwords as given, then with the two exchanged. Throws Failure(CannotOpen) or
-    /// Failure(Password).
+    /// Opens the file with the passwords as given, then swapped. Throws Failure(CannotOpen) or Failure(Password).
     Document(const std::string &path, const std::string &userPassword, const std::string &ownerPassword);
     ~Document();
     Document(const Document &) = delete;
     Document &operator=(const Document &) = delete;
 
-    /// The same file opened once more, for another thread. Throws as opening does.
+    /// Opens the same file again, for another thread. Throws like the constructor.
     std::unique_ptr<Document> openAgain() const;
 
     int pageCount() const;
@@ -36,14 +35,14 @@ public:
     /// Size of the file.
     std::uint64_t fileBytes() const;
 
-    /// Size of the page's crop box as a viewer shows it: the page's rotation is applied. Pages count from 1. A page
-    /// that cannot be read gives US Letter.
+    /// Returns the size of the crop box as displayed, with the page rotation applied. Pages are numbered from 1.
+    /// Returns US Letter for a page that cannot be read.
     PageSize pageSize(int page) const;
 
-    /// The page's rotation: 0, 90, 180 or 270 degrees clockwise.
+    /// Returns the page rotation: 0, 90, 180 or 270 degrees clockwise.
     int rotation(int page) const;
 
-    /// For the few sources that work with the library's own types.
+    /// For source files that work with the library's types.
     DocumentHandles &handles() { return *m_handles; }
     const DocumentHandles &handles() const { return *m_handles; }
 

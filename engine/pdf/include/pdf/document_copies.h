@@ -10,18 +10,19 @@
 
 namespace quorra {
 
-/// An opened file for several threads. One document serves one thread at a time, and opening a file takes
-/// time: what a thread gives back, the next one gets.
+/// A pool of documents of the same file, for several threads. A document is used by one thread at a time and is reused
+/// afterwards, because opening a file takes time.
 class DocumentCopies
 {
 public:
-    /// A document that goes back when the loan ends; the copies must outlive it.
+    /// A document that is returned to the pool by the destructor; the pool must outlive it.
     using Loan = std::unique_ptr<Document, std::function<void(Document *)>>;
 
-    /// This document is the first to be lent; meanwhile nobody else may use it. It must outlive the copies.
+    /// This document is the first one in the pool. It must outlive the pool, and must not be used otherwise in the
+    /// meantime.
     explicit DocumentCopies(Document &document);
 
-    /// Any thread may call it. Opens the file once more where no document is free; throws Failure as opening does.
+    /// Thread-safe. Opens the file again if no document is free; throws Failure like opening a document.
     Loan borrow();
 
 private:

@@ -8,11 +8,11 @@
 
 namespace quorra {
 
-/// How much of a page is worth looking at: plain text needs neither pictures nor links.
+/// What to collect from a page: plain text needs neither pictures nor links.
 enum class Collect { TextAndRules, Everything };
 
-/// Finds everything that pages hold, each in one pass. One object for many pages: what the PDF library learns about
-/// their colours serves them all. The document must outlive it.
+/// Reads the contents of pages, each in one pass. Use one object for many pages: the PDF library caches their colours.
+/// The document must outlive it.
 class PageCollector
 {
 public:
@@ -21,7 +21,7 @@ public:
     PageCollector(const PageCollector &) = delete;
     PageCollector &operator=(const PageCollector &) = delete;
 
-    /// Pages count from 1; a page that cannot be read gives an empty one of its size.
+    /// Pages are numbered from 1. Returns an empty page of the same size if a page cannot be read.
     model::RawPage collect(int pageNumber);
 
 private:

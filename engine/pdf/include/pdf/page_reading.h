@@ -9,8 +9,8 @@
 
 namespace quorra {
 
-/// The raw pages from firstPage (from 1) on, so many of them, in their order; all must be in the document. Many pages
-/// are read by several threads.
+/// Reads `pageCount` pages, starting with `firstPage` (numbered from 1); all must be in the document. If there are many
+/// pages, several threads read them.
 std::vector<model::RawPage> collectPages(DocumentCopies &copies, int firstPage, int pageCount, Collect what);
 
 } // namespace quorra

@@ -9,7 +9,7 @@
 
 namespace quorra {
 
-/// Draws pages as pixels. Several threads can draw at a time, each with a document and a renderer of its own.
+/// Renders pages. Several threads can render in parallel, each with its own document and renderer.
 class PageRenderer
 {
 public:
@@ -19,7 +19,7 @@ public:
     PageRenderer(const PageRenderer &) = delete;
     PageRenderer &operator=(const PageRenderer &) = delete;
 
-    /// Draws `rows` rows of the page's picture from row `top` on. A page that cannot be drawn is white.
+    /// Renders `rows` rows of the page, starting with row `top`. A page that cannot be rendered is white.
     Raster draw(int page, const PictureSize &size, int top, int rows);
 
 private:

@@ -11,12 +11,13 @@
 
 namespace quorra {
 
-/// The pictures of a document, drawn ahead by several threads; what was not drawn ahead comes from the other source.
+/// Provides the pictures of a document, rendered in advance by several threads; other pictures come from another
+/// source.
 class AheadPictures final : public model::PictureSource
 {
 public:
-    /// Draws the pictures of the document as it was built, before its pages are moved or scaled. Few pictures are left
-    /// to the other source, which must outlive this one.
+    /// Renders the pictures of the document before its pages are moved or scaled. If there are only a few pictures,
+    /// they are left to the other source, which must outlive this one.
     AheadPictures(
         const PictureQuality &quality, DocumentCopies &copies, const model::Document &document,
         model::PictureSource &source);
@@ -25,7 +26,7 @@ public:
     model::EncodedPicture background(int pageNumber) override { return m_source.background(pageNumber); }
 
 private:
-    /// Page and box in hundredths of a point: boxes may have been moved there and back.
+    /// Page and box in hundredths of a point: boxes may have rounding errors.
     using Key = std::tuple<int, long, long, long, long>;
 
     static Key keyOf(int pageNumber, const Box &box);

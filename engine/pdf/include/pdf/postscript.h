@@ -10,18 +10,18 @@ namespace quorra {
 
 class OutputFile;
 
-/// How pages are written as PostScript.
+/// Options for PostScript output.
 struct PostScriptForm
 {
-    bool colour = true;             ///< without it, in the first level of the language, which knows no colour
-    int rasterResolution = 300;     ///< dots per inch of what can only be drawn as a picture
-    std::optional<PaperSize> paper; ///< the page's own size without
+    bool colour = true;             ///< if false, PostScript Level 1, which has no colour
+    int rasterResolution = 300;     ///< dots per inch for content that has to be rasterised
+    std::optional<PaperSize> paper; ///< if empty, the size of the page
 };
 
-/// Writes the pages firstPage to lastPage, both included, as one PostScript file. Throws Failure.
+/// Writes pages `firstPage` to `lastPage`, inclusive, to a PostScript file. Throws Failure.
 void writePostScript(Document &document, int firstPage, int lastPage, const PostScriptForm &form, OutputFile &file);
 
-/// Writes one page as Encapsulated PostScript, scaled to the paper where the form names one. Throws Failure.
+/// Writes one page as Encapsulated PostScript, scaled to the paper if one is given. Throws Failure.
 void writeEps(Document &document, int page, const PostScriptForm &form, OutputFile &file);
 
 } // namespace quorra

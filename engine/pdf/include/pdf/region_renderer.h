@@ -14,11 +14,11 @@
 
 namespace quorra {
 
-/// What becomes of the words in a drawing: they are part of its picture, or the writer writes them as text over a
-/// picture that it asks for as an image.
+/// How words in a drawing are handled: as part of its picture, or as text that the writer puts over a picture requested
+/// as an image.
 enum class DrawingWords { InPicture, Apart };
 
-/// Colour depth and resolution, in dots per inch, of pictures inside documents.
+/// Colour depth and resolution, in dots per inch, of pictures in documents.
 struct PictureQuality
 {
     ColourDepth depth = ColourDepth::Colour;
@@ -26,8 +26,8 @@ struct PictureQuality
     double yres = 150;
 };
 
-/// Pictures of a PDF file, drawn at a resolution and colour depth: an image looks as on the page, whatever masks,
-/// turns and colour spaces the file uses for it. What was drawn of the last page is kept.
+/// Renders pictures of a PDF file at a given resolution and colour depth. An image looks as on the page, whatever
+/// masks, rotations and colour spaces the file uses. The renderings of the last page are cached.
 class PagePictureSource final : public model::PictureSource
 {
 public:
@@ -35,14 +35,14 @@ public:
     PagePictureSource(Document &document, ColourDepth depth, double xres, double yres);
     ~PagePictureSource() override;
 
-    /// Tells which pictures will be asked for, and how: those of one page are then drawn together. Others can be had as
-    /// well.
+    /// Announces which pictures will be requested, so that those of a page are rendered together. Other pictures can be
+    /// requested, too.
     void expect(const model::Document &document, DrawingWords words = DrawingWords::InPicture);
 
     model::EncodedPicture encode(int pageNumber, const Box &box, model::PictureKind kind) override;
     model::EncodedPicture background(int pageNumber) override;
 
-    /// How many times a page, or a part of one, was drawn so far.
+    /// Returns how many times a page or region has been rendered.
     int drawings() const { return m_drawings; }
 
 private:
@@ -60,17 +60,17 @@ private:
     ColourDepth m_depth;
     double m_xres;
     double m_yres;
-    std::map<std::pair<int, bool>, Box> m_expected; ///< by page, and whether its text is drawn
+    std::map<std::pair<int, bool>, Box> m_expected; ///< by page, and whether its text is rendered
     std::unique_ptr<Painters> m_painters;
     std::unique_ptr<std::array<Drawn, 2>> m_drawn; ///< without and with text, of one page
     int m_drawings = 0;
 };
 
-/// Bytes that a PagePictureSource takes at most while it draws pages of this size in points, at resolutions in dots per
-/// inch.
+/// Returns the peak memory in bytes of a PagePictureSource that renders pages of this size in points, at resolutions in
+/// dots per inch.
 std::uint64_t drawingMemory(const PageSize &size, ColourDepth depth, double xres, double yres);
 
-/// Dots per inch of pictures inside documents when the options name none.
+/// Default resolution of pictures in documents, in dots per inch.
 inline constexpr int embeddedResolution = 150;
 
 } // namespace quorra

@@ -8,7 +8,7 @@
 
 namespace quorra {
 
-/// A program to run to its end.
+/// A program to run until it exits.
 struct ChildCommand
 {
     std::string program;                  ///< full path; also its argument 0
@@ -28,9 +28,9 @@ struct ChildResult
     int status = 0; ///< exit status or signal number
 };
 
-/// Runs the command in a process group of its own with the standard streams at /dev/null and waits for its end. It dies
-/// with this process. Past the wall limit the whole group is killed. Call it from the main thread only: the death
-/// signal follows the thread that forked.
+/// Runs the command in its own process group, with the standard streams connected to /dev/null, and waits until it
+/// exits. It is killed when this process dies; the whole group is killed when the wall clock limit is exceeded. Call it
+/// from the main thread only: the parent death signal is sent when the thread that forked exits.
 ChildResult runChild(const ChildCommand &command);
 
 } // namespace quorra

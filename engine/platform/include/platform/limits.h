@@ -6,36 +6,36 @@
 
 namespace quorra::limits {
 
-// Enough for every honest file tried at 150 dpi; with twice as much, a file made to unpack without end runs for
+// Sufficient for every legitimate file that was tried, at 150 dpi; with twice as much, a decompression bomb runs for
 // minutes.
 inline constexpr std::uint64_t addressSpaceBytes = 1ULL << 30;
 inline constexpr unsigned cpuSeconds = 600;
 inline constexpr std::uint64_t helperAddressSpaceBytes = 4ULL << 30;
 inline constexpr unsigned helperCpuSeconds = 300;
-inline constexpr std::uint64_t outputBytes = 4ULL << 30; ///< largest single file the engine writes
+inline constexpr std::uint64_t outputBytes = 4ULL << 30; ///< largest file that the engine writes
 
-inline constexpr int largestSide = 20000;                ///< pixels of a picture's side
-inline constexpr std::int64_t largestArea = 250'000'000; ///< pixels of a picture
+inline constexpr int largestSide = 20000;                ///< pixels, for each side of a picture
+inline constexpr std::int64_t largestArea = 250'000'000; ///< pixels, for a whole picture
 
-/// Processor time for opening a file and finding its pages.
+/// Processor time for opening a file and finding its pages, in seconds.
 inline constexpr unsigned openingSeconds = 20;
 
-/// Limits this process's memory, time, file size and core files, and takes the network away from it and from every
-/// process it starts. Where the system has no such limit, that one is left out.
+/// Limits memory, processor time, file size and core files of this process, and blocks Internet sockets for it and its
+/// child processes. Limits that the system does not support are omitted.
 void apply();
 
-/// Sets the processor time that this process may take in all, counted from its start. The system counts whole seconds.
+/// Sets the total processor time of this process, counted from its start. The system rounds to seconds.
 void allowProcessorTime(std::chrono::milliseconds time);
 
-/// Processor time that this process has taken, in all its threads.
+/// Returns the processor time used by all threads of this process.
 std::chrono::milliseconds processorTimeTaken();
 
-/// Turns signals by which the PDF library dies (out of memory, processor time, a crash) into one line and an exit
-/// status. An abort is told as lack of memory only if an allocation failed before. `errorDescriptor` is where the line
-/// goes.
+/// Converts fatal signals in the PDF library (out of memory, processor time, crashes) to one line and an exit status.
+/// An abort is reported as lack of memory only if an allocation has failed before. The line is written to
+/// `errorDescriptor`.
 void catchFatalSignals(int errorDescriptor);
 
-/// Gives the calling thread a signal stack of its own, so that a stack overflow in it can still be told.
+/// Gives the calling thread its own signal stack, so that a stack overflow can be reported.
 void prepareThread();
 
 } // namespace quorra::limits

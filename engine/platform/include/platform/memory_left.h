@@ -5,8 +5,8 @@
 
 namespace quorra {
 
-/// Bytes that this process may still take before its memory limit; the engine's own limit counts where the system sets
-/// none. 0 when the limit is reached.
+/// Returns how many bytes of address space this process can still allocate within its memory limit; 0 when the limit is
+/// reached. If the system sets no limit, the engine's own limit applies.
 std::uint64_t memoryLeft();
 
 } // namespace quorra

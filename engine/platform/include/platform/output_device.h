@@ -7,7 +7,7 @@
 
 namespace quorra {
 
-/// Lets the XML writer write into an output file; failures are thrown as they are by the file.
+/// Device that lets the XML writer write to an output file. Throws what the file throws.
 class OutputDevice final : public QIODevice
 {
 public:

@@ -8,12 +8,12 @@
 
 namespace quorra {
 
-/// A file that appears under its name only when it is whole: a kill at any moment, or a failure, leaves whatever stood
-/// there before. All functions throw Failure(CannotWrite).
+/// A file that gets its name only when it is complete: if the process is killed or fails, an existing file of that name
+/// is unchanged. All functions throw Failure(CannotWrite).
 class OutputFile
 {
 public:
-    /// Begins a file that will be `path`; its folder must exist.
+    /// Starts a file that will be named `path`; its folder must exist.
     explicit OutputFile(std::string path);
     ~OutputFile();
     OutputFile(const OutputFile &) = delete;
@@ -22,18 +22,18 @@ public:
     /// Appends; buffered.
     void write(std::string_view bytes);
 
-    /// Writes at a place counted from the file's begin; what follows with write() is not moved by it.
+    /// Writes at an offset from the start of the file. Does not affect where write() appends.
     void writeAt(std::size_t position, std::string_view bytes);
 
-    /// Appends the whole content of another file.
+    /// Appends the contents of another file.
     void writeFile(const std::string &sourcePath);
 
-    /// For libraries that write by themselves: what was written so far is flushed first. The descriptor stays this
-    /// object's.
+    /// For libraries that write to a descriptor: flushes buffered data first. The descriptor remains owned by this
+    /// object.
     int descriptor();
 
-    /// Gives the file its name, replacing what stood there, once its content is on the disk. Nothing may be written
-    /// afterwards. The name itself is sure to outlast a power cut only after syncFolderOf().
+    /// Syncs the contents to disk and gives the file its name, replacing an existing file. Nothing can be written
+    /// afterwards. The name survives a power failure only after syncFolderOf().
     void commit();
 
     const std::string &path() const { return m_path; }
@@ -47,7 +47,7 @@ private:
     std::string m_buffer;
 };
 
-/// Puts the names in the folder of this path on the disk; to be called once after the last file of a run. Throws
+/// Syncs the names in the folder of this path to disk. Call it once, after the last file of a run. Throws
 /// Failure(CannotWrite).
 void syncFolderOf(const std::string &path);
 

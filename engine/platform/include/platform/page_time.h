@@ -7,16 +7,16 @@
 
 namespace quorra {
 
-/// Sets how much processor time a page may take from now on. Until then it is not limited.
+/// Sets the processor time limit per page for objects created from now on. Before this call there is no limit.
 void allowPageTime(std::chrono::nanoseconds allowance);
 
-/// The processor time of the calling thread is a page's while this object lives. Past what a page is allowed, in all
-/// objects of that page together, the process ends with one line that names the page. Where the system cannot
-/// watch over a thread's time, only the whole run's time is limited.
+/// Attributes the processor time of the calling thread to a page while the object exists. If all objects of a page
+/// together exceed the limit, the process exits with one line that names the page. If the system has no timers for the
+/// processor time of threads, only the limit of the whole run applies.
 class PageTime
 {
 public:
-    /// Pages count from 1.
+    /// Pages are numbered from 1.
     explicit PageTime(int page);
     ~PageTime();
     PageTime(const PageTime &) = delete;

@@ -7,19 +7,19 @@
 
 namespace quorra {
 
-/// A name for a file in the making, never given twice by living processes: it holds the process's number.
+/// Returns a new name for an incomplete file, unique among running processes: it contains the process ID.
 std::string newPartPath(const std::string &folder);
 
-/// Begins a file under a provisional name and locks it. -1 as its descriptor and errno tell a failure.
+/// Creates a file with a temporary name and locks it. On failure, the descriptor is -1 and errno is set.
 platform::UnnamedFile beginPartFile(const std::string &folder);
 
-/// Removes provisional files of dead processes from the folder. Never throws.
+/// Removes temporary files of processes that no longer run from the folder. Never throws.
 void sweepPartFiles(const std::string &folder);
 
-/// Removes the provisional files of this process, whoever holds them open. For the handler of a fatal signal.
+/// Removes the temporary files of this process, even if they are open. For the handler of a fatal signal.
 void removePartFilesNow();
 
-/// True when the process that wrote its number into this name, "PREFIX<pid>-...", no longer lives.
+/// Returns true if the process whose ID is in this name, "PREFIX<pid>-...", no longer runs.
 bool ownerIsGone(const std::string &name, const std::string &prefix);
 
 } // namespace quorra

@@ -6,30 +6,32 @@
 
 #include <sys/types.h>
 
-/// What differs from system to system. Linux has its own file; every other system takes the portable one.
+/// Functions that depend on the operating system. platform_linux.cpp implements them for Linux, platform_portable.cpp
+/// for all other systems.
 namespace quorra::platform {
 
-/// A file being written that has no final name yet. `partPath` is its provisional name, empty while it has none.
+/// A file being written that does not have its final name yet. `partPath` is its temporary name, or empty.
 struct UnnamedFile
 {
     int descriptor = -1;
     std::string partPath;
 };
 
-/// Begins a file in the folder. -1 as its descriptor and errno tell a failure.
+/// Creates a file in the folder. On failure, the descriptor is -1 and errno is set.
 UnnamedFile beginFile(const std::string &folder);
 
-/// Names the file, replacing what stood there, in one step that cannot be seen half done. False and errno on failure.
+/// Atomically gives the file its name, replacing an existing file. On failure, returns false and sets errno.
 bool nameFile(UnnamedFile &file, const std::string &path);
 
-/// Puts what a file holds on the disk; true also where the file system cannot do that. False and errno on failure.
+/// Syncs the contents of a file to disk. Also returns true if the file system does not support this. On failure,
+/// returns false and sets errno.
 bool syncFile(int descriptor);
 
-/// Makes the calling process, just forked, die by SIGKILL with its parent `parent`. Async-signal-safe.
+/// Makes the calling process, which was just forked, receive SIGKILL when its parent `parent` dies. Async-signal-safe.
 void dieWithParent(pid_t parent);
 
-/// As long as it lives, the end of this process also ends the process group, where dieWithParent() cannot do that. It
-/// must go before the group's leader is reaped, whose number may be another's afterwards.
+/// While the object exists, the process group is killed when this process dies, on systems where dieWithParent() has no
+/// effect. Destroy it before the group's leader is reaped, because its ID may be reused afterwards.
 class GroupGuard
 {
 public:
@@ -44,14 +46,14 @@ private:
     [[maybe_unused]] int m_pipe = -1;
 };
 
-/// Sends this process SIGXCPU once the thread that makes this object has used so much more processor time; 0 asks for
-/// nothing. The signal carries the number as its value, and SI_TIMER as its code. Where the system cannot, there is
-/// none.
+/// Sends SIGXCPU to this process when the thread that creates the object has used the given amount of additional
+/// processor time; 0 disables the alarm. The signal has the number as its value and SI_TIMER as its code. Does nothing
+/// on systems without timers for threads.
 class ThreadAlarm
 {
 public:
     ThreadAlarm(std::chrono::nanoseconds time, int number);
-    // NOLINTNEXTLINE(performance-trivially-destructible): where threads have timers it has work to do
+    // NOLINTNEXTLINE(performance-trivially-destructible): not trivial on systems with timers for threads
     ~ThreadAlarm();
     ThreadAlarm(const ThreadAlarm &) = delete;
     ThreadAlarm &operator=(const ThreadAlarm &) = delete;
@@ -61,11 +63,11 @@ private:
     bool m_isSet = false;
 };
 
-/// Removes a folder that holds nothing but files. Async-signal-safe. Where the system cannot list a folder from
-/// there, it stays.
+/// Removes a folder that contains only files. Async-signal-safe. Does nothing on systems that cannot list a folder in a
+/// signal handler.
 void removeFlatFolder(const char *path);
 
-/// Takes Internet sockets away from this process and all it starts.
+/// Blocks Internet sockets for this process and its child processes.
 void closeNetwork();
 
 } // namespace quorra::platform

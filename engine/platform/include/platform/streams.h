@@ -5,14 +5,14 @@
 
 namespace quorra {
 
-/// Standard error kept aside for the one line that a failure prints; the standard streams themselves lead nowhere from
-/// then on, so that no library's messages pile up in a pipe that nobody reads.
+/// Keeps a duplicate of standard error for the line that reports a failure, and redirects the standard streams to the
+/// null device, so that messages of libraries cannot fill a pipe that nobody reads.
 class ErrorLine
 {
 public:
     ErrorLine();
 
-    /// Prints "Qtminw: " and the text as one line: line breaks and other control characters become blanks.
+    /// Prints "Qtminw: " and the text as one line; control characters, line breaks included, are replaced by spaces.
     void print(const std::string &text) const;
 
     int descriptor() const { return m_descriptor; }

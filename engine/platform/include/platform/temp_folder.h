@@ -17,7 +17,7 @@ public:
     TempFolder(const TempFolder &) = delete;
     TempFolder &operator=(const TempFolder &) = delete;
 
-    /// Absolute path, no slash at its end.
+    /// Absolute path without a trailing slash.
     const std::string &path() const { return m_path; }
 
 private:
@@ -25,13 +25,13 @@ private:
     int m_lock = -1;
 };
 
-/// Paths of the temporary folders whose runs no longer live. Never throws.
+/// Returns the paths of temporary folders left by killed runs. Never throws.
 std::vector<std::string> abandonedTempFolders();
 
-/// Removes those. Never throws.
+/// Removes the temporary folders left by killed runs. Never throws.
 void sweepTempFolders();
 
-/// Removes this process's temporary folder if it has no folder in it. For the handler of a fatal signal.
+/// Removes this process's temporary folder if it contains no other folder. For the handler of a fatal signal.
 void removeTempFolderNow();
 
 } // namespace quorra

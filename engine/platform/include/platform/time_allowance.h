@@ -6,28 +6,28 @@
 
 namespace quorra {
 
-/// What a conversion has to do, as far as that is known before it begins.
+/// The size of a conversion, as far as it is known in advance.
 struct Workload
 {
     int pages = 1;           ///< pages to convert
-    std::uint64_t bytes = 0; ///< of the file that belong to them
-    double finer = 1;        ///< pixels asked for to one at the default resolution
+    std::uint64_t bytes = 0; ///< share of the file size that belongs to these pages
+    double finer = 1;        ///< number of pixels relative to the default resolution
 };
 
-/// Processor time that a conversion may take.
+/// Processor time limits of a conversion.
 struct TimeAllowance
 {
-    std::chrono::milliseconds page{};   ///< one page, however often it is drawn
-    std::chrono::milliseconds run{};    ///< everything in this process, from its start
-    std::chrono::milliseconds helper{}; ///< a helper that turns the pages into the output
+    std::chrono::milliseconds page{};   ///< one page, including all renderings of it
+    std::chrono::milliseconds run{};    ///< the whole process, from its start
+    std::chrono::milliseconds helper{}; ///< the helper process that exports the document
 };
 
-/// Works out what is allowed; docs/limits.md tells why. Both figures of a workload of no pages are those of one page.
-/// `factor` stretches the result: 1 is the usual speed.
+/// Computes the limits; docs/limits.md explains them. A workload without pages is treated like one page. `factor`
+/// scales the result; 1 is normal.
 TimeAllowance timeAllowance(const Workload &workload, double factor);
 
-/// The factor that a text names, such as the value of QUORRA_TIME_FACTOR. 1 for null and for what is no number
-/// from 0.01 to 100.
+/// Parses a factor, such as the value of QUORRA_TIME_FACTOR. Returns 1 for null and for anything but a number from 0.01
+/// to 100.
 double timeFactor(const char *text);
 
 } // namespace quorra

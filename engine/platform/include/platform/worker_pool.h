@@ -6,36 +6,36 @@
 
 namespace quorra {
 
-/// Gives the next position from 1 on to whichever thread asks; 0 when there is none left.
+/// Returns the next position, starting from 1; 0 when there is none left. Can be called by any thread.
 using PageSource = std::function<int()>;
 
-/// Memory in bytes, beyond the opened file, that work on pages needs at most.
+/// Peak memory in bytes for work on pages, in addition to the opened file.
 struct PoolMemory
 {
     std::uint64_t perThread = 0;
-    std::uint64_t shared = 0; ///< by all threads together, however many they are
+    std::uint64_t shared = 0; ///< by all threads together
 };
 
-/// How many threads so many pages (or pictures) get on a machine with `processors` processors, while the process may
-/// still take `bytesLeft` bytes of addresses. At least one.
+/// Returns how many threads to use for a number of pages (or pictures) on a machine with `processors` processors, if
+/// the process can still allocate `bytesLeft` bytes of address space. At least one.
 int threadsFor(int pageCount, int processors, std::uint64_t bytesLeft, const PoolMemory &memory);
 
-/// threadsFor() on this machine, in this process. Each thread needs an opened file of its own.
+/// threadsFor() for this machine and process. Each thread opens the file again.
 int poolSize(int pageCount, const PoolMemory &memory = {});
 
-/// Makes poolSize() reckon with so many processors instead of the machine's; 0 for the machine's again. For tests.
+/// Makes poolSize() assume a number of processors; 0 restores that of the machine. For tests.
 void assumeProcessors(int count);
 
-/// Gives 1 to `pageCount`; any number of threads may ask it.
+/// Returns the positions 1 to `pageCount`. Thread-safe.
 PageSource pagesOneByOne(int pageCount);
 
-/// Runs `work` in so many threads, the calling one among them, which share the pages. When the system starts fewer
-/// threads, these do all of the work. The first failure stops the giving of pages and is thrown here when all have
-/// ended.
+/// Runs `work` in a number of threads, including the calling one, which share the pages. If the system cannot start all
+/// threads, the others do the work. After the first failure no more pages are handed out; it is rethrown when all
+/// threads have finished.
 void runPool(int threads, int pageCount, const std::function<void(const PageSource &)> &work);
 
-/// Does the work for each page, numbered from 0, several pages at a time where there are many. The first failure is
-/// thrown here when all threads have ended.
+/// Calls `work` for each page, numbered from 0, for several pages in parallel if there are many. The first failure is
+/// rethrown when all threads have finished.
 void forEachPage(int pageCount, const std::function<void(int)> &work);
 
 } // namespace quorra
