@@ -3,7 +3,9 @@
 
 #include "document/page_walk.h"
 #include "document/rotation.h"
+#include "figures/figures.h"
 #include "page_builder.h"
+#include "semantics/captions.h"
 #include "semantics/page_headers.h"
 #include "semantics/roles.h"
 #include "sound_page.h"
@@ -64,7 +66,11 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
     assignRoles(document);
     markContinuations(document);
     for (std::size_t i = 0; i < rotations.size(); ++i) {
-        turnBack(document.pages[i], rotations[i]);
+        Page &page = document.pages[i];
+        turnBack(page, rotations[i]);
+        findFiguresBehindText(page);
+        registerFigures(page, document);
+        linkCaptions(page);
     }
     return document;
 }

@@ -32,12 +32,12 @@ bool isScan(const RawPage &raw)
     return raw.words.empty() && area > scanShare * raw.width * raw.height;
 }
 
-Page scannedPage(const RawPage &raw)
+Page scannedPage(const RawPage &raw, StyleTable &styles)
 {
     Page page;
     page.scanned = true;
     page.content = {0, 0, raw.width, raw.height};
-    page.sections.push_back({{page.content}, {{Picture{page.content, PictureKind::Page}, 0}}});
+    page.sections.push_back({{page.content}, figureBlocks({page.content, FigureKind::Page, {}}, styles)});
     return page;
 }
 
@@ -106,6 +106,9 @@ void addLeftovers(Page &page, const RawPage &raw, const Rulings &rulings)
     for (const Section &section : page.sections) {
         for (const Block &block : section.blocks) {
             page.content = united(page.content, block.box());
+            for (const Paragraph &label : block.figure() ? block.figure()->labels : std::vector<Paragraph>()) {
+                page.content = united(page.content, label.box);
+            }
             if (!block.paragraph()) {
                 owned.push_back(block.box());
             }
@@ -174,9 +177,9 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
             groups.push_back(&cell);
         }
     }
-    PagePictures pictures = findPictures(raw, tableBoxes, words);
-    for (DrawingLabels &drawing : pictures.labels) {
-        groups.push_back(&drawing.words);
+    PageFigures figures = findFigures(raw, tableBoxes, words);
+    for (FoundFigure &figure : figures.placed) {
+        groups.push_back(&figure.words);
     }
     keepFragmentsTogether(raw, groups);
     addPageHeaders(page, headWords, styles);
@@ -193,13 +196,13 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
     for (const Box &box : tableBoxes) {
         items.obstacles.emplace_back(box, items.obstacles.size());
     }
-    for (const Picture &picture : pictures.placed) {
-        items.obstacles.emplace_back(picture.box, items.obstacles.size());
+    for (const FoundFigure &figure : figures.placed) {
+        items.obstacles.emplace_back(figure.box, items.obstacles.size());
     }
-    for (const Picture &picture : pictures.backgrounds) {
-        page.sections.push_back({{picture.box}, {{picture, 0}}});
+    for (const FoundFigure &figure : figures.backgrounds) {
+        page.sections.push_back({{figure.box}, figureBlocks(figure, styles)});
     }
-    const ColumnBuilder builder(raw, rulings, std::move(tables), pictures, styles);
+    const ColumnBuilder builder(raw, rulings, std::move(tables), figures, styles);
     for (Section &section : sectionsOf(segmentPage(std::move(items)), builder)) {
         page.sections.push_back(std::move(section));
     }
@@ -212,7 +215,7 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
 
 Page buildPage(const RawPage &raw, const std::set<const RawWord *> &heads, StyleTable &styles)
 {
-    Page page = isScan(raw) ? scannedPage(raw) : builtPage(raw, heads, styles);
+    Page page = isScan(raw) ? scannedPage(raw, styles) : builtPage(raw, heads, styles);
     page.number = raw.number;
     page.width = raw.width;
     page.height = raw.height;

@@ -36,11 +36,9 @@ void convertToMarkup(const Job &job, bool xhtml)
     const PictureQuality quality{
         job.options.colourDepth, static_cast<double>(job.options.horizontalResolution(embeddedResolution)),
         static_cast<double>(job.options.verticalResolution(embeddedResolution))};
-    PagePictureSource drawn(job.document, quality.depth, quality.xres, quality.yres);
-    drawn.expect(document);
-    AheadPictures ahead(quality, copies, document, drawn);
-    office::MovedPictures pictures(ahead);
-    fitToOptions(document, job.options, pictures);
+    PagePictureSource drawn(job.document, document, quality, model::DrawingWords::InPicture);
+    PrefetchedPictures pictures(quality, copies, document, drawn);
+    fitToOptions(document, job.options);
     office::reduceColours(document, job.options.colourDepth);
     OutputDevice device(file);
     writeHtml(device, document, pictures, {xhtml, titleOf(job.options.inputPath)});

@@ -34,7 +34,8 @@ std::chrono::milliseconds helperTime(const Job &job)
 
 /// Reads and analyses the pages, has write(file, document, pictures) create a flat ODF file, and exports it.
 template <typename Writer>
-void convertThroughOffice(const Job &job, OdfKind kind, Component component, DrawingWords words, const Writer &write)
+void convertThroughOffice(
+    const Job &job, OdfKind kind, Component component, model::DrawingWords words, const Writer &write)
 {
     // First detect what fails at once: an output folder that is not writable, or missing LibreOffice.
     OutputFile output(job.options.outputPath);
@@ -48,12 +49,11 @@ void convertThroughOffice(const Job &job, OdfKind kind, Component component, Dra
         model::Document document = model::buildDocument(
             collectPages(copies, job.firstPage, job.pageCount(), Collect::Everything), forEachPage);
         const Options &options = job.options;
-        PagePictureSource pagePictures(
-            job.document, options.colourDepth, options.horizontalResolution(embeddedResolution),
-            options.verticalResolution(embeddedResolution));
-        pagePictures.expect(document, words);
-        MovedPictures pictures(pagePictures);
-        fitToOptions(document, options, pictures);
+        const PictureQuality quality{
+            options.colourDepth, static_cast<double>(options.horizontalResolution(embeddedResolution)),
+            static_cast<double>(options.verticalResolution(embeddedResolution))};
+        PagePictureSource pictures(job.document, document, quality, words);
+        fitToOptions(document, options);
         reduceColours(document, options.colourDepth);
         OdfFile file(kind, QString::fromStdString(source));
         write(file, document, pictures);
@@ -70,7 +70,7 @@ void convertToWord(const Job &job)
 {
     const WordMode mode = job.options.wordMode;
     const bool inFrames = mode == WordMode::FlowWithBoxes || mode == WordMode::Exact;
-    const DrawingWords words = inFrames ? DrawingWords::Apart : DrawingWords::InPicture;
+    const model::DrawingWords words = inFrames ? model::DrawingWords::Apart : model::DrawingWords::InPicture;
     const bool oldFormat = outputExtension(job.options.outputPath) == ".doc";
     convertThroughOffice(
         job, OdfKind::Text, Component::Writer, words,
@@ -103,18 +103,17 @@ void convertToWord(const Job &job)
 void convertToSlides(const Job &job)
 {
     convertThroughOffice(
-        job, OdfKind::Presentation, Component::Impress, DrawingWords::Apart,
+        job, OdfKind::Presentation, Component::Impress, model::DrawingWords::Apart,
         [](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
-            MovedPictures unified(pictures);
-            unifyPages(document, unified);
-            writeSlides(file, document, unified);
+            unifyPages(document);
+            writeSlides(file, document, pictures);
         });
 }
 
 void convertToSheets(const Job &job)
 {
     convertThroughOffice(
-        job, OdfKind::Spreadsheet, Component::Calc, DrawingWords::Apart,
+        job, OdfKind::Spreadsheet, Component::Calc, model::DrawingWords::Apart,
         [](OdfFile &file, const model::Document &document, model::PictureSource &pictures) {
             writeSheets(file, document, pictures);
         });

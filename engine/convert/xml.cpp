@@ -4,7 +4,6 @@
 #include "html.h"
 #include "page_size.h"
 #include "pdf/page_reading.h"
-#include "pdf/region_renderer.h"
 #include "platform/output_device.h"
 #include "platform/output_file.h"
 #include "platform/worker_pool.h"
@@ -22,9 +21,7 @@ void convertToXml(const Job &job)
     DocumentCopies copies(job.document);
     model::Document document =
         model::buildDocument(collectPages(copies, job.firstPage, job.pageCount(), Collect::Everything), forEachPage);
-    PagePictureSource drawn(job.document, job.options.colourDepth, embeddedResolution, embeddedResolution);
-    office::MovedPictures pictures(drawn);
-    fitToOptions(document, job.options, pictures);
+    fitToOptions(document, job.options);
     office::reduceColours(document, job.options.colourDepth);
     OutputDevice device(file);
     writeXml(device, document);

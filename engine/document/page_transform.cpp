@@ -63,8 +63,8 @@ public:
 
     void move(model::Block &block) const
     {
-        if (model::Picture *picture = block.picture()) {
-            move(picture->box);
+        if (model::Figure *figure = block.figure()) {
+            move(figure->box);
         } else if (model::Table *table = block.table()) {
             move(table->box);
             moveEdges(*table);
@@ -145,20 +145,6 @@ void transformPage(
     std::for_each(page.rules.begin(), page.rules.end(), [&](model::Rule &rule) { mover.move(rule); });
     std::for_each(page.fills.begin(), page.fills.end(), [&](model::Fill &fill) { mover.move(fill.box); });
     forEachParagraph(page, [&](model::Paragraph &paragraph) { mover.move(paragraph); });
-}
-
-model::EncodedPicture MovedPictures::encode(int pageNumber, const Box &box, model::PictureKind kind)
-{
-    const auto found = m_transforms.find(pageNumber);
-    if (found == m_transforms.end()) {
-        return m_source.encode(pageNumber, box, kind);
-    }
-    const Transform &t = found->second;
-    return m_source.encode(
-        pageNumber,
-        {(box.left - t.shiftX) / t.scaleX, (box.top - t.shiftY) / t.scaleY, (box.right - t.shiftX) / t.scaleX,
-         (box.bottom - t.shiftY) / t.scaleY},
-        kind);
 }
 
 void reduceColours(model::Document &document, ColourDepth depth)

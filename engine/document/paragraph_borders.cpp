@@ -13,7 +13,6 @@ constexpr double shortestSeparator = 36; // shorter ones underline a word or are
 constexpr double farthestRule = 30;      // points between a separator and the text that takes it
 constexpr double farthestHeadRule = 14;  // the same for running heads
 constexpr double touching = 2;
-constexpr std::size_t longText = 4;  // lines
 constexpr double mostBackground = 4; // times the text's height: a larger area is more than this text's background
 
 bool sharesWidth(const model::Rule &rule, const Box &box)
@@ -112,21 +111,6 @@ bool hasShortRule(const Decoration &decoration, const Box &column)
 {
     constexpr double mostOfColumn = 0.8;
     return decoration.above.width > 0 && decoration.aboveTo - decoration.aboveFrom < mostOfColumn * column.width();
-}
-
-bool isBehindText(const model::Page &page, const model::Picture &picture)
-{
-    bool behind = false;
-    forEachBlock(page, [&](const model::Block &block) {
-        const Box box = block.box();
-        // Short texts on a drawing belong to it, even those that reach over its edge.
-        const bool belongs = picture.kind == model::PictureKind::Drawing && block.paragraph() &&
-                             block.paragraph()->lines.size() < longText;
-        behind = behind || (!block.picture() && !belongs && !isLabelOf(block, picture) && !box.isEmpty() &&
-                            picture.box.contains(box.centreX(), box.centreY()) &&
-                            intersected(picture.box, box).width() > 0.5 * box.width());
-    });
-    return behind;
 }
 
 } // namespace quorra::office

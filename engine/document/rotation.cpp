@@ -69,8 +69,11 @@ void apply(const Turner &turn, Block &block)
 {
     if (Paragraph *paragraph = block.paragraph()) {
         apply(turn, *paragraph);
-    } else if (Picture *picture = block.picture()) {
-        picture->box = turn.box(picture->box);
+    } else if (Figure *figure = block.figure()) {
+        figure->box = turn.box(figure->box);
+        for (Paragraph &label : figure->labels) {
+            apply(turn, label);
+        }
     } else if (Table *table = block.table()) {
         apply(turn, *table);
     }

@@ -203,7 +203,7 @@ private:
         }
         box = intersected(box, clipBox(state));
         if (std::min(box.width(), box.height()) > thinnestFill) {
-            m_page.pictures.push_back({box, model::PictureKind::Image});
+            m_page.pictures.push_back({box});
         } else if (std::max(box.width(), box.height()) > thinnestFill) {
             addRule(box, box.width() >= box.height(), std::min(box.width(), box.height()), black);
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/region_renderer.h"
 
+#include "document/page_walk.h"
 #include "document_handles.h"
 #include "image/encode_picture.h"
 #include "platform/page_time.h"
@@ -19,12 +20,12 @@ constexpr double pointsPerInch = 72;
 constexpr int rowAlignment = 4;
 constexpr double mostPixels = 60e6;    // of one page; larger ones are drawn at a lower resolution
 constexpr double bitmapsInDrawing = 4; // two cached ones, a transparency group on the page and its mask
-constexpr Box everything{0, 0, 1e6, 1e6};
+constexpr Box everything{-1e6, -1e6, 1e6, 1e6};
 
-/// The labels of a drawing are part of its picture: without them a chart is useless.
-bool hasText(model::PictureKind kind)
+bool hasText(model::FigureKind kind, model::DrawingWords words)
 {
-    return kind != model::PictureKind::Image;
+    return kind == model::FigureKind::Page ||
+           (kind == model::FigureKind::Drawing && words == model::DrawingWords::InPicture);
 }
 
 SplashColorMode splashMode(ColourDepth depth)
@@ -34,17 +35,14 @@ SplashColorMode splashMode(ColourDepth depth)
                                         : splashModeMono1;
 }
 
-double pixelsOf(const PageSize &size, double xres, double yres)
+double pixelsOf(const PageSize &size, const PictureQuality &quality)
 {
-    return size.width * xres / pointsPerInch * size.height * yres / pointsPerInch;
+    return size.width * quality.xres / pointsPerInch * size.height * quality.yres / pointsPerInch;
 }
 
-/// Boxes that were transformed and restored have rounding errors.
 bool isInside(const Box &box, const Box &area)
 {
-    constexpr double tolerance = 0.02; // points
-    return box.left > area.left - tolerance && box.top > area.top - tolerance && box.right < area.right + tolerance &&
-           box.bottom < area.bottom + tolerance;
+    return box.left >= area.left && box.top >= area.top && box.right <= area.right && box.bottom <= area.bottom;
 }
 
 /// Renders a page, optionally without its text.
@@ -125,32 +123,26 @@ struct PagePictureSource::Painters
     std::unique_ptr<Painter> withoutText;
 };
 
-PagePictureSource::PagePictureSource(Document &document, ColourDepth depth, double xres, double yres)
-    : m_document(document)
-    , m_depth(depth)
-    , m_xres(xres)
-    , m_yres(yres)
+PagePictureSource::PagePictureSource(
+    Document &file, const model::Document &document, const PictureQuality &quality, model::DrawingWords words)
+    : m_document(file)
+    , m_figures(document.figures)
+    , m_quality(quality)
     , m_painters(std::make_unique<Painters>())
     , m_drawn(std::make_unique<std::array<Drawn, 2>>())
-{}
-
-PagePictureSource::~PagePictureSource() = default;
-
-void PagePictureSource::expect(const model::Document &document, DrawingWords words)
 {
-    m_expected.clear();
     for (const model::Page &page : document.pages) {
-        for (const model::Section &section : page.sections) {
-            for (const model::Block &block : section.blocks) {
-                if (const model::Picture *picture = block.picture()) {
-                    const bool asImage = words == DrawingWords::Apart && picture->kind == model::PictureKind::Drawing;
-                    Box &area = m_expected[{page.number, !asImage && hasText(picture->kind)}];
-                    area = united(area, picture->box);
-                }
+        office::forEachBlock(page, [&](const model::Block &block) {
+            if (const model::Figure *figure = block.figure()) {
+                const model::FigureRegion &region = m_figures.at(static_cast<std::size_t>(figure->id));
+                Box &area = m_expected[{region.page, hasText(figure->kind, words)}];
+                area = united(area, region.box);
             }
-        }
+        });
     }
 }
+
+PagePictureSource::~PagePictureSource() = default;
 
 PagePictureSource::Drawn &PagePictureSource::kept(bool withText) const
 {
@@ -192,14 +184,14 @@ void PagePictureSource::draw(int page, bool withText, const Box &area)
     auto &painter = withText ? m_painters->withText : m_painters->withoutText;
     PDFDoc *doc = m_document.handles().doc.get();
     if (!painter) {
-        painter = std::make_unique<Painter>(m_depth, withText);
+        painter = std::make_unique<Painter>(m_quality.depth, withText);
         painter->startDoc(doc);
     }
     const PageTime time(page);
     const PageSize size = m_document.pageSize(page);
-    const double pixels = pixelsOf(size, m_xres, m_yres);
+    const double pixels = pixelsOf(size, m_quality);
     const double shrink = pixels > mostPixels ? std::sqrt(mostPixels / pixels) : 1;
-    Drawn drawn{page, area, m_xres * shrink, m_yres * shrink, 0, 0, nullptr};
+    Drawn drawn{page, area, m_quality.xres * shrink, m_quality.yres * shrink, 0, 0, nullptr};
     ++m_drawings;
     if (area == everything) {
         makeRoom(page, withText, pixels * shrink * shrink);
@@ -235,22 +227,23 @@ model::EncodedPicture PagePictureSource::cut(bool withText, const Box &box) cons
     if (left >= right || top >= bottom) {
         return {};
     }
-    const Raster raster{
-        bitmap->getWidth(),
-        bitmap->getHeight(),
-        m_depth,
-        static_cast<std::size_t>(bitmap->getRowSize()),
-        bitmap->getDataPtr(),
-        nullptr};
+    const Raster raster{bitmap->getWidth(),   bitmap->getHeight(),
+                        m_quality.depth,      static_cast<std::size_t>(bitmap->getRowSize()),
+                        bitmap->getDataPtr(), nullptr};
     return encodePicture(raster, {left, top, right - left, bottom - top});
 }
 
-model::EncodedPicture PagePictureSource::encode(int pageNumber, const Box &box, model::PictureKind kind)
+model::EncodedPicture PagePictureSource::encode(const model::Figure &figure, model::DrawingWords words)
 {
-    const bool withText = hasText(kind);
-    if (!isDrawn(pageNumber, withText, box)) {
-        const bool whole = kind == model::PictureKind::Page;
-        draw(pageNumber, withText, whole ? everything : areaFor(pageNumber, withText, box));
+    const auto index = static_cast<std::size_t>(figure.id);
+    if (index >= m_figures.size()) {
+        return {};
+    }
+    const auto &[page, box] = m_figures[index];
+    const bool withText = hasText(figure.kind, words);
+    if (!isDrawn(page, withText, box)) {
+        const bool whole = figure.kind == model::FigureKind::Page;
+        draw(page, withText, whole ? everything : areaFor(page, withText, box));
     }
     return cut(withText, box);
 }
@@ -263,10 +256,10 @@ model::EncodedPicture PagePictureSource::background(int pageNumber)
     return cut(false, everything);
 }
 
-std::uint64_t drawingMemory(const PageSize &size, ColourDepth depth, double xres, double yres)
+std::uint64_t drawingMemory(const PageSize &size, const PictureQuality &quality)
 {
-    const double bytesPerPixel = static_cast<double>(rowBytes(depth, 8)) / 8;
-    const double pixels = std::min(pixelsOf(size, xres, yres), mostPixels);
+    const double bytesPerPixel = static_cast<double>(rowBytes(quality.depth, 8)) / 8;
+    const double pixels = std::min(pixelsOf(size, quality), mostPixels);
     return static_cast<std::uint64_t>(bitmapsInDrawing * pixels * bytesPerPixel);
 }
 

@@ -260,12 +260,12 @@ private Q_SLOTS:
     void scannedPageIsOnePicture()
     {
         PageMaker page;
-        page.raw().pictures.push_back({{0, 0, 600, 800}, PictureKind::Image});
+        page.raw().pictures.push_back({{0, 0, 600, 800}});
         const Document document = page.build();
         QVERIFY(document.pages.front().scanned);
-        const Picture *picture = document.pages.front().sections.front().blocks.front().picture();
-        QVERIFY(picture);
-        QCOMPARE(picture->kind, PictureKind::Page);
+        const Figure *figure = document.pages.front().sections.front().blocks.front().figure();
+        QVERIFY(figure);
+        QCOMPARE(figure->kind, FigureKind::Page);
     }
 
     void readsFontNames_data()

@@ -77,7 +77,7 @@ private Q_SLOTS:
         int pictures = 0;
         for (const Section &section : document.pages.front().sections) {
             for (const Block &block : section.blocks) {
-                pictures += block.picture() ? 1 : 0;
+                pictures += block.figure() ? 1 : 0;
             }
         }
         QCOMPARE(pictures, 1);

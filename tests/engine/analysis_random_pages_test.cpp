@@ -103,7 +103,7 @@ model::RawPage crowdedPage(const QString &kind, int count)
         } else if (kind.startsWith(QStringLiteral("ink"))) {
             page.ink.push_back({{x, y, x + 5, y + 5}, false});
         } else if (kind.startsWith(QStringLiteral("pictures"))) {
-            page.pictures.push_back({{x, y, x + 5, y + 5}, model::PictureKind::Image});
+            page.pictures.push_back({{x, y, x + 5, y + 5}});
         } else if (kind.endsWith(QStringLiteral("grid"))) {
             page.rules.push_back({x, y, x + step, y, 0.5, black});
             page.rules.push_back({x, y, x, y + step, 0.5, black});

@@ -63,7 +63,7 @@ private Q_SLOTS:
         page.lines(60, 100, prose(3));
         page.grid({60, 200, 400}, {200, 240, 280});
         page.raw().fills.push_back({{60, 200, 400, 220}, 0xc0c0c0});
-        page.raw().pictures.push_back({{60, 300, 160, 380}, PictureKind::Image});
+        page.raw().pictures.push_back({{60, 300, 160, 380}});
         page.raw().ink.push_back({{200, 300, 260, 360}, true});
         const RawPage &raw = page.raw();
         const RawPage sound = soundPage(raw);
@@ -197,7 +197,7 @@ private Q_SLOTS:
         RawPage page;
         for (const Box &box : {nowhere, endless, exchanged}) {
             page.fills.push_back({box, black});
-            page.pictures.push_back({box, PictureKind::Image});
+            page.pictures.push_back({box});
             page.ink.push_back({box, false});
         }
         page = soundPage(std::move(page));

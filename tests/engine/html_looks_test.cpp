@@ -113,7 +113,7 @@ private Q_SLOTS:
         style.colour = white;
         page.raw().fills.push_back({{50, 80, 400, 110}, 0x203040});
         page.styled(60, 100, QStringLiteral("on a bar"), style);
-        page.raw().pictures.push_back({{50, 200, 400, 400}, PictureKind::Image});
+        page.raw().pictures.push_back({{50, 200, 400, 400}});
         page.styled(60, 300, QStringLiteral("on a picture"), style);
         page.styled(60, 700, QStringLiteral("on nothing"), style);
         const QString text = html(page.build());

@@ -7,13 +7,13 @@
 
 #include <QBuffer>
 
-/// Pictures that name their page.
+/// Pictures that name their figure.
 class OnePixel : public quorra::model::PictureSource
 {
 public:
-    quorra::model::EncodedPicture encode(int page, const quorra::Box &, quorra::model::PictureKind) override
+    quorra::model::EncodedPicture encode(const quorra::model::Figure &figure, quorra::model::DrawingWords) override
     {
-        return {QByteArray::number(page), "image/png", 1, 1};
+        return {QByteArray::number(static_cast<int>(figure.id)), "image/png", 1, 1};
     }
     quorra::model::EncodedPicture background(int) override { return {}; }
 };

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/page_transform.h"
+#include "pdf/picture_prefetch.h"
 #include "pdf/region_renderer.h"
 
 #include <QTest>
@@ -9,33 +11,47 @@
 #include <vector>
 
 using namespace quorra;
-using model::PictureKind;
+using model::DrawingWords;
+using model::FigureKind;
 
 namespace {
 
-/// Four pictures on the first page of a sample, two of them drawings; it does not matter what is seen there.
-std::vector<model::Picture> fourPictures()
+/// Adds a figure to the document's last page.
+void addFigure(model::Document &document, const Box &box, FigureKind kind)
 {
-    return {
-        {{72, 72, 172, 172}, PictureKind::Drawing},
-        {{200, 80, 300, 150}, PictureKind::Image},
-        {{72, 300, 300, 420}, PictureKind::Drawing},
-        {{310, 300, 500, 420}, PictureKind::Image},
-    };
+    model::Figure figure;
+    figure.box = box;
+    figure.kind = kind;
+    figure.id = model::FigureId{document.figures.size()};
+    document.figures.push_back({document.pages.back().number, box});
+    document.pages.back().sections.back().blocks.push_back({figure});
 }
 
-model::Document documentOf(const std::vector<model::Picture> &pictures)
+void addPage(model::Document &document, int number)
 {
-    model::Page page;
-    page.number = 1;
-    page.sections.emplace_back();
-    for (const model::Picture &picture : pictures) {
-        page.sections.back().blocks.push_back({picture});
-    }
+    document.pages.emplace_back();
+    document.pages.back().number = number;
+    document.pages.back().sections.emplace_back();
+}
+
+/// Four figures on the first page of a sample, two of them drawings; it does not matter what is seen there.
+model::Document fourFigures()
+{
     model::Document document;
-    document.pages.push_back(page);
+    addPage(document, 1);
+    addFigure(document, {72, 72, 172, 172}, FigureKind::Drawing);
+    addFigure(document, {200, 80, 300, 150}, FigureKind::Image);
+    addFigure(document, {72, 300, 300, 420}, FigureKind::Drawing);
+    addFigure(document, {310, 300, 500, 420}, FigureKind::Image);
     return document;
 }
+
+const model::Figure &figureAt(const model::Document &document, std::size_t page, std::size_t block)
+{
+    return *document.pages[page].sections.back().blocks[block].figure();
+}
+
+constexpr PictureQuality coarse{ColourDepth::Colour, 72, 72};
 
 std::string sample()
 {
@@ -44,7 +60,7 @@ std::string sample()
 
 } // namespace
 
-Q_DECLARE_METATYPE(quorra::DrawingWords)
+Q_DECLARE_METATYPE(quorra::model::DrawingWords)
 
 class PdfPicturesTest : public QObject
 {
@@ -71,27 +87,74 @@ private Q_SLOTS:
     {
         QFETCH(DrawingWords, words);
         QFETCH(int, drawings);
-        Document document(sample(), {}, {});
-        PagePictureSource source(document, ColourDepth::Colour, 72, 72);
-        source.expect(documentOf(fourPictures()), words);
-        for (const model::Picture &picture : fourPictures()) {
-            const PictureKind kind = words == DrawingWords::Apart ? PictureKind::Image : picture.kind;
-            const model::EncodedPicture encoded = source.encode(1, picture.box, kind);
-            PagePictureSource alone(document, ColourDepth::Colour, 72, 72);
-            QCOMPARE(encoded.bytes, alone.encode(1, picture.box, kind).bytes);
+        Document file(sample(), {}, {});
+        const model::Document all = fourFigures();
+        PagePictureSource source(file, all, coarse, words);
+        for (const model::Block &block : all.pages[0].sections[0].blocks) {
+            const model::Figure &figure = *block.figure();
+            const model::EncodedPicture encoded = source.encode(figure, words);
+            model::Document one;
+            addPage(one, 1);
+            addFigure(one, figure.box, figure.kind);
+            PagePictureSource alone(file, one, coarse, words);
+            QCOMPARE(encoded.bytes, alone.encode(figureAt(one, 0, 0), words).bytes);
             QVERIFY(!encoded.bytes.isEmpty());
         }
         QCOMPARE(source.drawings(), drawings);
     }
 
+    // What a figure shows is a matter of its id, wherever its page was moved to meanwhile.
+    void drawsTheSameRegionAfterThePageWasScaled()
+    {
+        Document file(sample(), {}, {});
+        model::Document document = fourFigures();
+        PagePictureSource source(file, document, coarse, DrawingWords::InPicture);
+        const QByteArray before = source.encode(figureAt(document, 0, 2), DrawingWords::InPicture).bytes;
+        const QByteArray other = source.encode(figureAt(document, 0, 0), DrawingWords::InPicture).bytes;
+        office::transformPage(document.pages[0], document.styles, {0.5, 0.25, 7, 9}, 300, 200);
+        QCOMPARE(figureAt(document, 0, 2).box, (Box{43, 84, 157, 114}));
+        QCOMPARE(source.encode(figureAt(document, 0, 2), DrawingWords::InPicture).bytes, before);
+        QVERIFY(before != other);
+        PagePictureSource later(file, document, coarse, DrawingWords::InPicture);
+        QCOMPARE(later.encode(figureAt(document, 0, 2), DrawingWords::InPicture).bytes, before);
+    }
+
+    void hasNoBytesForAFigureOfNoDocument()
+    {
+        Document file(sample(), {}, {});
+        PagePictureSource source(file, fourFigures(), coarse, DrawingWords::InPicture);
+        model::Figure unknown;
+        unknown.id = model::FigureId{4};
+        QVERIFY(source.encode(unknown, DrawingWords::InPicture).bytes.isEmpty());
+    }
+
+    void prefetchesEveryFigureAsTheSourceDrawsIt()
+    {
+        Document file(sample(), {}, {});
+        DocumentCopies copies(file);
+        const model::Document document = fourFigures();
+        Document other(sample(), {}, {});
+        PagePictureSource source(other, document, coarse, DrawingWords::InPicture);
+        PrefetchedPictures pictures(coarse, copies, document, source);
+        for (const DrawingWords words : {DrawingWords::InPicture, DrawingWords::Apart}) {
+            for (std::size_t i = 0; i < document.figures.size(); ++i) {
+                const model::Figure &figure = figureAt(document, 0, i);
+                QCOMPARE(pictures.encode(figure, words).bytes, source.encode(figure, words).bytes);
+            }
+        }
+    }
+
     void drawsAPageAgainAfterAnother()
     {
-        Document document(QUORRA_SAMPLES "/report.pdf", {}, {});
-        PagePictureSource source(document, ColourDepth::Gray, 72, 72);
+        Document file(QUORRA_SAMPLES "/report.pdf", {}, {});
+        model::Document document;
+        addPage(document, 2);
+        addFigure(document, {72, 72, 172, 172}, FigureKind::Drawing);
+        PagePictureSource source(file, document, {ColourDepth::Gray, 72, 72}, DrawingWords::InPicture);
         source.background(1);
         source.background(1);
         QCOMPARE(source.drawings(), 1);
-        source.encode(2, {72, 72, 172, 172}, PictureKind::Drawing);
+        source.encode(figureAt(document, 0, 0), DrawingWords::InPicture);
         source.background(1);
         QCOMPARE(source.drawings(), 3);
     }

@@ -27,12 +27,12 @@ namespace {
 class FewPictures : public model::PictureSource
 {
 public:
-    model::EncodedPicture encode(int, const Box &, model::PictureKind) override
+    model::EncodedPicture encode(const model::Figure &, model::DrawingWords) override { return background(1); }
+    model::EncodedPicture background(int) override
     {
         return ++m_asked % 2 == 0 ? model::EncodedPicture{}
                                   : model::EncodedPicture{QByteArrayLiteral("x"), QByteArrayLiteral("image/png"), 1, 1};
     }
-    model::EncodedPicture background(int page) override { return encode(page, {}, model::PictureKind::Page); }
 
 private:
     int m_asked = 0;
@@ -43,6 +43,7 @@ model::Document copyOf(const model::Document &document)
 {
     model::Document copy;
     copy.pages = document.pages;
+    copy.figures = document.figures;
     for (model::Page &page : copy.pages) {
         office::forEachParagraph(page, [&copy](model::Paragraph &paragraph) {
             for (model::Line &line : paragraph.lines) {
@@ -136,9 +137,8 @@ void addOnOtherPaper(Outputs &outputs, model::Document document)
     Options options;
     options.width = 1000;
     options.height = 500;
-    FewPictures source;
-    office::MovedPictures pictures(source);
-    fitToOptions(document, options, pictures);
+    FewPictures pictures;
+    fitToOptions(document, options);
     office::reduceColours(document, ColourDepth::Gray);
     outputs.addXml("xml on other paper", [&](QIODevice &out) { writeXml(out, document); });
     outputs.addOffice("word on other paper", office::OdfKind::Text, [&](office::OdfFile &file) {
@@ -163,10 +163,9 @@ std::vector<Output> everyOutput(const model::Document &document, const QString &
     }
     addWordModes(outputs, document);
     model::Document slides = copyOf(document);
-    office::MovedPictures moved(pictures);
-    office::unifyPages(slides, moved);
+    office::unifyPages(slides);
     outputs.addOffice("slides", office::OdfKind::Presentation, [&](office::OdfFile &file) {
-        office::writeSlides(file, slides, moved);
+        office::writeSlides(file, slides, pictures);
     });
     outputs.addOffice("sheets", office::OdfKind::Spreadsheet, [&](office::OdfFile &file) {
         office::writeSheets(file, document, pictures);

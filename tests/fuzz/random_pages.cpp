@@ -134,7 +134,7 @@ private:
             add(page().fills, Fill{box(), static_cast<Colour>(byte() * 0x010203U)});
             break;
         case 7:
-            add(page().pictures, RawPicture{box(), PictureKind::Image});
+            add(page().pictures, RawPicture{box()});
             break;
         case 8:
             add(page().ink, Ink{box(), byte() % 4 == 0});

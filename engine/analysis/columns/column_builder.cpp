@@ -31,12 +31,12 @@ void insertByPlace(std::vector<Block> &blocks, std::vector<Block> more, const Bo
 } // namespace
 
 ColumnBuilder::ColumnBuilder(
-    const RawPage &raw, const Rulings &rulings, std::vector<TableWords> tables, const PagePictures &pictures,
+    const RawPage &raw, const Rulings &rulings, std::vector<TableWords> tables, const PageFigures &figures,
     StyleTable &styles)
     : m_raw(raw)
     , m_rulings(rulings)
     , m_tables(std::move(tables))
-    , m_pictures(pictures)
+    , m_figures(figures)
     , m_styles(styles)
 {}
 
@@ -99,20 +99,11 @@ std::vector<Block> ColumnBuilder::textBlocks(const std::vector<TextLine> &lines,
 
 std::vector<Block> ColumnBuilder::obstacleBlocks(std::size_t index) const
 {
+    if (index >= m_tables.size()) {
+        return figureBlocks(m_figures.placed[index - m_tables.size()], m_styles);
+    }
     std::vector<Block> blocks;
-    if (index < m_tables.size()) {
-        blocks.push_back({finishedTable(m_tables[index], m_raw.fills, m_styles), 0});
-        return blocks;
-    }
-    const std::size_t number = index - m_tables.size();
-    blocks.push_back({m_pictures.placed[number], 0});
-    for (const DrawingLabels &labels : m_pictures.labels) {
-        if (labels.picture == number) {
-            for (Paragraph &paragraph : labelParagraphs(labels, m_styles)) {
-                blocks.push_back({std::move(paragraph), 0});
-            }
-        }
-    }
+    blocks.push_back({finishedTable(m_tables[index], m_raw.fills, m_styles), 0});
     return blocks;
 }
 

@@ -24,10 +24,10 @@ inline constexpr Thresholds thresholds;
 class ColumnBuilder
 {
 public:
-    /// The index of an obstacle counts the tables first, then the placed pictures. raw, rulings, pictures and styles
+    /// The index of an obstacle counts the tables first, then the placed figures. raw, rulings, figures and styles
     /// must outlive the builder.
     ColumnBuilder(
-        const RawPage &raw, const Rulings &rulings, std::vector<TableWords> tables, const PagePictures &pictures,
+        const RawPage &raw, const Rulings &rulings, std::vector<TableWords> tables, const PageFigures &figures,
         StyleTable &styles);
 
     /// The paragraphs, tables and pictures of one column, in reading order. The items' obstacles must have the indexes
@@ -41,7 +41,7 @@ private:
     const RawPage &m_raw;
     const Rulings &m_rulings;
     std::vector<TableWords> m_tables;
-    const PagePictures &m_pictures;
+    const PageFigures &m_figures;
     StyleTable &m_styles;
 };
 

@@ -2,12 +2,14 @@
 #include "figures/figures.h"
 
 #include "columns/column_gaps.h"
+#include "document/page_walk.h"
 #include "figures/drawings.h"
 #include "paragraphs/dehyphenation.h"
 #include "paragraphs/paragraphs.h"
 #include "text_lines/superscripts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quorra::model {
 
@@ -59,11 +61,54 @@ bool isInside(const Box &inner, const Box &outer)
     return outer.contains(inner.centreX(), inner.centreY()) && inner.width() <= 1.05 * outer.width();
 }
 
+// A drawing's labels as text, one paragraph for all.
+Paragraph labelParagraph(const WordRefs &labels, StyleTable &styles)
+{
+    Paragraph all;
+    for (const TextLine &text : textLinesOf(labels)) {
+        Line line = lineOf(text, styles);
+        markSuperscripts(line);
+        if (!all.lines.empty()) {
+            Line &last = all.lines.back();
+            last.words.back().separator = lineEnd(last, line.words.front().text, true);
+        }
+        all.box = united(all.box, line.box);
+        all.lines.push_back(std::move(line));
+    }
+    all.role = Role::Caption;
+    all.preformatted = isPreformatted(all);
+    return all;
+}
+
+bool shows(const Box &picture, const Box &label)
+{
+    constexpr double leastShown = 0.9; // of the label's width
+    return picture.contains(label.centreX(), label.centreY()) &&
+           intersected(picture, label).width() > leastShown * label.width();
+}
+
+bool isBehindText(const Page &page, const Figure &figure)
+{
+    constexpr std::size_t longText = 4; // lines
+    constexpr double leastOver = 0.5;   // of the text's width
+    bool behind = false;
+    office::forEachBlock(page, [&](const Block &block) {
+        const Box box = block.box();
+        // Short texts on a drawing belong to it, even those that reach over its edge.
+        const bool belongs =
+            figure.kind == FigureKind::Drawing && block.paragraph() && block.paragraph()->lines.size() < longText;
+        behind = behind ||
+                 (!block.figure() && !belongs && !box.isEmpty() && figure.box.contains(box.centreX(), box.centreY()) &&
+                  intersected(figure.box, box).width() > leastOver * box.width());
+    });
+    return behind;
+}
+
 } // namespace
 
-PagePictures findPictures(const RawPage &raw, const std::vector<Box> &tables, const WordRefs &words)
+PageFigures findFigures(const RawPage &raw, const std::vector<Box> &tables, const WordRefs &words)
 {
-    PagePictures pictures;
+    PageFigures figures;
     WordRefs loose; // words of no table
     std::copy_if(words.begin(), words.end(), std::back_inserter(loose), [&tables](const RawWord *word) {
         return std::none_of(tables.begin(), tables.end(), [word](const Box &t) {
@@ -77,14 +122,13 @@ PagePictures findPictures(const RawPage &raw, const std::vector<Box> &tables, co
         if (labels.size() > fewWords && isRunningText(labels)) {
             continue; // ornaments around text
         }
-        pictures.labels.push_back({pictures.placed.size(), std::move(labels)});
-        pictures.placed.push_back({drawing, PictureKind::Drawing});
+        figures.placed.push_back({drawing, FigureKind::Drawing, std::move(labels)});
     }
-    const std::size_t drawn = pictures.placed.size();
+    const std::size_t drawn = figures.placed.size();
     for (const Box &image : wholeImages(raw.pictures)) {
         const bool inDrawing = std::any_of(
-            pictures.placed.begin(), pictures.placed.begin() + static_cast<std::ptrdiff_t>(drawn),
-            [&image](const Picture &p) { return isInside(image, p.box); });
+            figures.placed.begin(), figures.placed.begin() + static_cast<std::ptrdiff_t>(drawn),
+            [&image](const FoundFigure &p) { return isInside(image, p.box); });
         const bool inTable =
             std::any_of(tables.begin(), tables.end(), [&image](const Box &t) { return isInside(image, t); });
         if (inDrawing) {
@@ -92,27 +136,44 @@ PagePictures findPictures(const RawPage &raw, const std::vector<Box> &tables, co
         }
         const bool behind = image.width() * image.height() > backgroundShare * raw.width * raw.height ||
                             (!inTable && wordsIn(image, loose).size() > 60);
-        (behind ? pictures.backgrounds : pictures.placed).push_back({image, PictureKind::Image});
+        (behind ? figures.backgrounds : figures.placed).push_back({image, FigureKind::Image, {}});
     }
-    return pictures;
+    return figures;
 }
 
-std::vector<Paragraph> labelParagraphs(const DrawingLabels &labels, StyleTable &styles)
+std::vector<Block> figureBlocks(const FoundFigure &found, StyleTable &styles)
 {
-    Paragraph all;
-    for (const TextLine &row : textLinesOf(labels.words)) {
-        Line line = lineOf(row, styles);
-        markSuperscripts(line);
-        if (!all.lines.empty()) {
-            Line &last = all.lines.back();
-            last.words.back().separator = lineEnd(last, line.words.front().text, true);
-        }
-        all.box = united(all.box, line.box);
-        all.lines.push_back(std::move(line));
+    Figure figure;
+    figure.box = found.box;
+    figure.kind = found.kind;
+    Paragraph labels = labelParagraph(found.words, styles);
+    if (labels.lines.empty()) {
+        return {{std::move(figure), 0}};
     }
-    all.role = Role::Caption;
-    all.preformatted = isPreformatted(all);
-    return all.lines.empty() ? std::vector<Paragraph>() : std::vector<Paragraph>{std::move(all)};
+    if (shows(found.box, labels.box)) {
+        figure.labels.push_back(std::move(labels));
+        return {{std::move(figure), 0}};
+    }
+    return {{std::move(figure), 0}, {std::move(labels), 0}};
+}
+
+void findFiguresBehindText(Page &page)
+{
+    office::forEachBlock(page, [&page](Block &block) {
+        if (Figure *figure = block.figure()) {
+            figure->behindText = isBehindText(page, *figure);
+        }
+    });
+}
+
+void registerFigures(Page &page, Document &document)
+{
+    office::forEachBlock(page, [&](Block &block) {
+        if (Figure *figure = block.figure()) {
+            figure->id = FigureId{document.figures.size()};
+            document.figures.push_back({page.number, figure->box});
+        }
+    });
 }
 
 } // namespace quorra::model

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "semantics/roles.h"
 
+#include "document/page_walk.h"
 #include "document/text.h"
 #include "paragraphs/paragraphs.h"
 
@@ -78,11 +79,20 @@ bool isCaption(const QString &text)
 double bodySize(Document &document)
 {
     QMap<int, qsizetype> letters;
-    forEachParagraph(document, [&letters](const Page &, const Paragraph &paragraph) {
+    const auto count = [&letters](const Paragraph &paragraph) {
         for (const Run &run : runsOf(paragraph)) {
             letters[tenths(run.style.size)] += run.text.size();
         }
-    });
+    };
+    for (const Page &page : document.pages) {
+        office::forEachBlock(page, [&count](const Block &block) {
+            if (const Paragraph *paragraph = block.paragraph()) {
+                count(*paragraph);
+            } else if (const Figure *figure = block.figure()) {
+                std::for_each(figure->labels.begin(), figure->labels.end(), count);
+            }
+        });
+    }
     int best = 0;
     for (auto it = letters.cbegin(); it != letters.cend(); ++it) {
         best = best == 0 || it.value() > letters.value(best) ? it.key() : best;

@@ -78,10 +78,11 @@ void writeLabel(QXmlStreamWriter &xml, const Label &label, const Box &box)
 
 } // namespace
 
-void writeHtmlPicture(
-    QXmlStreamWriter &xml, const model::EncodedPicture &encoded, const Box &box, const model::Paragraph *labels,
-    const QString &alt, bool centred)
+void writeHtmlFigure(
+    QXmlStreamWriter &xml, const model::EncodedPicture &encoded, const model::Figure &figure, const QString &alt,
+    bool centred)
 {
+    const Box &box = figure.box;
     const XmlElement element = startBlock(xml, QStringLiteral("div"), centred ? "picture middle" : "picture");
     xml.writeEmptyElement(QStringLiteral("img"));
     xml.writeAttribute(QStringLiteral("alt"), alt);
@@ -92,9 +93,11 @@ void writeHtmlPicture(
         QStringLiteral("src"),
         QStringLiteral("data:%1;base64,%2")
             .arg(QString::fromLatin1(encoded.mimeType), QString::fromLatin1(encoded.bytes.toBase64())));
-    for (const Label &label : labels ? labelsOf(*labels) : std::vector<Label>()) {
-        xml.writeCharacters(QStringLiteral("\n"));
-        writeLabel(xml, label, box);
+    for (const model::Paragraph &paragraph : figure.labels) {
+        for (const Label &label : labelsOf(paragraph)) {
+            xml.writeCharacters(QStringLiteral("\n"));
+            writeLabel(xml, label, box);
+        }
     }
 }
 

@@ -8,11 +8,10 @@ class QXmlStreamWriter;
 
 namespace quorra {
 
-/// Writes a picture with its bytes. labels, which may be null, are the words that a drawing shows: they lie over it at
-/// their places, transparent, so that they are seen once, heard once, found and copied. alt is what is heard for it;
-/// centred puts it into the middle of its column.
-void writeHtmlPicture(
-    QXmlStreamWriter &xml, const model::EncodedPicture &encoded, const Box &box, const model::Paragraph *labels,
-    const QString &alt, bool centred);
+/// Writes a figure with the bytes of its picture. Its labels lie over it at their places, transparent, so that they are
+/// seen once, heard once, found and copied. alt is what is heard for it; centred puts it into the middle of its column.
+void writeHtmlFigure(
+    QXmlStreamWriter &xml, const model::EncodedPicture &encoded, const model::Figure &figure, const QString &alt,
+    bool centred);
 
 } // namespace quorra

@@ -23,9 +23,9 @@ namespace quorra {
 namespace {
 
 using model::Block;
+using model::Figure;
 using model::Page;
 using model::Paragraph;
-using model::Picture;
 using model::Style;
 using model::Table;
 
@@ -42,7 +42,7 @@ bool isOnSomething(const Page &page, const Paragraph &paragraph)
         return !isFaint(fill.colour) && !intersected(fill.box, text).isEmpty();
     });
     office::forEachBlock(page, [&](const Block &block) {
-        found = found || (block.picture() && !intersected(block.picture()->box, text).isEmpty());
+        found = found || (block.figure() && !intersected(block.figure()->box, text).isEmpty());
     });
     return found;
 }
@@ -141,8 +141,7 @@ private:
 
     void writeBlocks(const Page &page, const model::Section &section)
     {
-        for (std::size_t i = 0; i < section.blocks.size(); ++i) {
-            const Block &block = section.blocks[i];
+        for (const Block &block : section.blocks) {
             const Paragraph *paragraph = block.paragraph();
             const office::Decoration decoration =
                 paragraph ? office::decorationOf(page, paragraph->box) : office::Decoration();
@@ -152,13 +151,8 @@ private:
             setBackground(decoration.background);
             if (const Table *table = block.table()) {
                 writeHtmlTable(m_xml, *table, m_usual, isCentred(page, section, block));
-            } else if (const Picture *picture = block.picture()) {
-                const Block *next = i + 1 < section.blocks.size() ? &section.blocks[i + 1] : nullptr;
-                const bool labelled = next && office::isLabelOf(*next, *picture);
-                const bool centred = isCentred(page, section, block);
-                if (writePicture(page, *picture, labelled ? next->paragraph() : nullptr, centred) && labelled) {
-                    ++i;
-                }
+            } else if (const Figure *figure = block.figure()) {
+                writeFigure(page, *figure, isCentred(page, section, block));
             } else if (paragraph->listItem) {
                 writeListItem(page, *paragraph);
             } else {
@@ -216,16 +210,18 @@ private:
         return {m_usual, {}, !m_background && isOnSomething(page, paragraph)};
     }
 
-    // False when the picture cannot be had.
-    bool writePicture(const Page &page, const Picture &picture, const Paragraph *labels, bool centred)
+    // A figure whose picture cannot be had leaves its labels as text.
+    void writeFigure(const Page &page, const Figure &figure, bool centred)
     {
-        const model::EncodedPicture encoded = m_pictures.encode(page.number, picture.box, picture.kind);
-        if (encoded.bytes.isEmpty()) {
-            return false;
+        const model::EncodedPicture encoded = m_pictures.encode(figure, model::DrawingWords::InPicture);
+        if (!encoded.bytes.isEmpty()) {
+            const QString alt = page.scanned ? QStringLiteral("Page %1").arg(page.number) : QString();
+            writeHtmlFigure(m_xml, encoded, figure, alt, centred);
+            return;
         }
-        const QString alt = page.scanned ? QStringLiteral("Page %1").arg(page.number) : QString();
-        writeHtmlPicture(m_xml, encoded, picture.box, labels, alt, centred);
-        return true;
+        for (const Paragraph &label : figure.labels) {
+            writeHtmlParagraph(m_xml, label, groundOf(page, label));
+        }
     }
 
     QXmlStreamWriter m_xml;

@@ -117,10 +117,8 @@ void writePicture(const Sink &sink, const model::EncodedPicture &picture, const 
 void writePictures(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor)
 {
     forEachBlock(page, [&](const model::Block &block) {
-        if (const model::Picture *picture = block.picture()) {
-            const model::PictureKind kind =
-                picture->kind == model::PictureKind::Drawing ? model::PictureKind::Image : picture->kind;
-            writePicture(sink, pictures.encode(page.number, picture->box, kind), picture->box, anchor);
+        if (const model::Figure *figure = block.figure()) {
+            writePicture(sink, pictures.encode(*figure, model::DrawingWords::Apart), figure->box, anchor);
         }
     });
 }

@@ -82,11 +82,11 @@ std::vector<TextBlock> textBlocks(const model::Page &page, bool joined)
     for (const model::Section &section : page.sections) {
         const model::Block *before = nullptr;
         for (const model::Block &block : section.blocks) {
-            if (before && before->picture() && isLabelOf(block, *before->picture())) {
-                blocks.push_back({block.box(), {block.paragraph()}, true});
-                continue;
-            }
-            if (const model::Paragraph *paragraph = block.paragraph()) {
+            if (const model::Figure *figure = block.figure()) {
+                for (const model::Paragraph &label : figure->labels) {
+                    blocks.push_back({label.box, {&label}, true});
+                }
+            } else if (const model::Paragraph *paragraph = block.paragraph()) {
                 add(*paragraph, joined && before && before->paragraph() && before->column == block.column);
             }
             before = &block;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "slides/slides_writer.h"
 
+#include "document/page_transform.h"
 #include "document/page_walk.h"
 #include "odf/odf_frames.h"
 #include "odf/placed_page.h"
@@ -46,7 +47,7 @@ void writeSlide(const Sink &sink, const model::Page &page, model::PictureSource 
 
 } // namespace
 
-void unifyPages(model::Document &document, MovedPictures &pictures)
+void unifyPages(model::Document &document)
 {
     if (document.pages.empty()) {
         return;
@@ -61,7 +62,6 @@ void unifyPages(model::Document &document, MovedPictures &pictures)
         }
         const double scale = std::min(width / page.width, height / page.height);
         const Transform transform{scale, scale, (width - scale * page.width) / 2, (height - scale * page.height) / 2};
-        pictures.setTransform(page.number, transform);
         transformPage(page, document.styles, transform, width, height);
     }
 }

@@ -113,11 +113,15 @@ QString blockText(const Block &block)
     if (const Table *table = block.table()) {
         return tableAsText(*table);
     }
-    const Paragraph *paragraph = block.paragraph();
-    if (!paragraph || paragraph->lines.empty()) {
-        return {};
+    QStringList lines;
+    if (const Paragraph *paragraph = block.paragraph()) {
+        lines = paragraphLines(*paragraph);
+    } else if (const model::Figure *figure = block.figure()) {
+        for (const Paragraph &label : figure->labels) {
+            lines += paragraphLines(label);
+        }
     }
-    return paragraphLines(*paragraph).join(QLatin1Char('\n')) + QLatin1Char('\n');
+    return lines.isEmpty() ? QString() : lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 
 void append(QString &page, const QString &text, bool close)

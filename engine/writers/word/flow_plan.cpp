@@ -212,11 +212,6 @@ void PagePlanner::addItems(FlowSection &planned, std::vector<Area> &areas) const
     std::size_t before = 0;
     for (std::size_t i = 0; i < section.blocks.size(); ++i) {
         const model::Block &block = section.blocks[i];
-        const model::Picture *picture = planned.items.empty() ? nullptr : planned.items.back().block->picture();
-        if (picture && isLabelOf(block, *picture)) {
-            planned.items.back().labels.push_back(block.paragraph());
-            continue;
-        }
         const auto column = std::min(static_cast<std::size_t>(std::max(0, block.column)), areas.size() - 1);
         Area &area = areas[column];
         FlowItem item;
@@ -229,7 +224,7 @@ void PagePlanner::addItems(FlowSection &planned, std::vector<Area> &areas) const
         const bool full = areas[before].bottom > m_end - limits.roomForBreak;
         item.beginsColumn = planned.inColumns && column > before && !area.begun && !full;
         before = column;
-        item.behindText = m_form.pages && block.picture() && isBehindText(m_page, *block.picture());
+        item.behindText = m_form.pages && block.figure() && block.figure()->behindText;
         if (block.paragraph()) {
             planText(item, area, baselineAfter(section, i));
         } else if (!item.behindText) {

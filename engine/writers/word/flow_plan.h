@@ -27,7 +27,6 @@ struct FlowItem
     bool behindText = false;   ///< a picture that stands at its place on the page and takes up no room in the text
     Decoration borders;        ///< of text
     bool shortRule = false;    ///< the line above text reaches over a part of its column
-    std::vector<const model::Paragraph *> labels; ///< text that the picture shows, and that is in no item of its own
 };
 
 /// A band of a page.

@@ -37,13 +37,13 @@ private:
     void beginPage(const FlowPage &page);
     void writeScan(const model::Page &page);
     void writeSection(const FlowPage &page, const FlowSection &section);
-    void writeItem(const model::Page &page, const FlowItem &item);
+    void writeItem(const FlowItem &item);
     void writeText(const FlowItem &item);
     void writeShortRule(const FlowItem &item, ParagraphPlace place);
     void writeTableItem(const FlowItem &item);
-    void writePictureInText(const model::Page &page, const FlowItem &item);
-    void writePictureBehind(const model::Page &page, const FlowItem &item);
-    void writeLabels(const FlowItem &item);
+    void writeFigureInText(const FlowItem &item);
+    void writeFigureBehind(const model::Figure &figure);
+    void writeLabels(const model::Figure &figure);
 
     Sink m_sink;
     MasterPages m_masters;
@@ -74,7 +74,7 @@ void FlowWriter::writePage(const FlowPage &page)
     for (const FlowSection &section : page.sections) {
         for (const FlowItem &item : section.items) {
             if (item.behindText) {
-                writePictureBehind(*page.page, item);
+                writeFigureBehind(*item.block->figure());
             }
         }
     }
@@ -93,11 +93,10 @@ void FlowWriter::writeScan(const model::Page &page)
     m_breaks.afterColumns();
 }
 
-void FlowWriter::writePictureBehind(const model::Page &page, const FlowItem &item)
+void FlowWriter::writeFigureBehind(const model::Figure &figure)
 {
-    const model::Picture &picture = *item.block->picture();
     const XmlElement holder = beginAnchorParagraph(m_sink, m_breaks.take());
-    writePicture(m_sink, m_pictures.encode(page.number, picture.box, picture.kind), picture.box, FrameAnchor::Behind);
+    writePicture(m_sink, m_pictures.encode(figure, model::DrawingWords::InPicture), figure.box, FrameAnchor::Behind);
 }
 
 void FlowWriter::writeSection(const FlowPage &page, const FlowSection &section)
@@ -111,7 +110,7 @@ void FlowWriter::writeSection(const FlowPage &page, const FlowSection &section)
         if (item.beginsColumn) {
             m_breaks.addColumn();
         }
-        writeItem(*page.page, item);
+        writeItem(item);
     }
     if (section.inColumns) {
         columns.reset();
@@ -119,17 +118,17 @@ void FlowWriter::writeSection(const FlowPage &page, const FlowSection &section)
     }
 }
 
-void FlowWriter::writeItem(const model::Page &page, const FlowItem &item)
+void FlowWriter::writeItem(const FlowItem &item)
 {
     if (item.block->paragraph()) {
         writeText(item);
     } else if (item.block->table()) {
         writeTableItem(item);
     } else if (!item.behindText) {
-        writePictureInText(page, item);
-    } else if (!item.labels.empty()) { // the picture itself is there already
+        writeFigureInText(item);
+    } else if (!item.block->figure()->labels.empty()) { // the picture itself is there already
         const XmlElement holder = beginAnchorParagraph(m_sink, m_breaks.take());
-        writeLabels(item);
+        writeLabels(*item.block->figure());
     }
 }
 
@@ -181,40 +180,40 @@ void FlowWriter::writeText(const FlowItem &item)
 }
 
 // The picture shows its labels; hidden, they can still be found.
-void FlowWriter::writeLabels(const FlowItem &item)
+void FlowWriter::writeLabels(const model::Figure &figure)
 {
     const QString hidden = m_sink.styles.name(
         {"style:style"_L1,
          {{"style:family"_L1, u"text"_s}},
          {{"style:text-properties"_L1, {{"fo:font-size"_L1, u"1pt"_s}, {"text:display"_L1, u"none"_s}}}}});
-    for (const model::Paragraph *labels : item.labels) {
+    for (const model::Paragraph &label : figure.labels) {
         const XmlElement span(m_sink.xml, "text:span"_L1);
         m_sink.xml.writeAttribute("text:style-name"_L1, hidden);
-        for (const model::Run &run : model::runsOf(*labels)) {
+        for (const model::Run &run : model::runsOf(label)) {
             office::writeText(m_sink.xml, run.text);
         }
         office::writeText(m_sink.xml, u" "_s);
     }
 }
 
-void FlowWriter::writePictureInText(const model::Page &page, const FlowItem &item)
+void FlowWriter::writeFigureInText(const FlowItem &item)
 {
-    const model::Picture &picture = *item.block->picture();
+    const model::Figure &figure = *item.block->figure();
     model::Paragraph holder;
-    holder.indentLeft = std::max(0.0, picture.box.left - item.left);
+    holder.indentLeft = std::max(0.0, figure.box.left - item.left);
     holder.spaceBefore = item.spaceAbove;
     ParagraphPlace place = m_breaks.take();
     place.exactLeading = false; // the line must grow to the picture's height
     const XmlElement element(m_sink.xml, "text:p"_L1);
     m_sink.xml.writeAttribute("text:style-name"_L1, m_sink.styles.name(emptyParagraphStyle(holder, place)));
-    Box box = picture.box;
+    Box box = figure.box;
     const double widest = item.right - item.left - holder.indentLeft;
     if (box.width() > widest && widest > 0) {
         box.bottom = box.top + box.height() * widest / box.width();
         box.right = box.left + widest;
     }
-    writePicture(m_sink, m_pictures.encode(page.number, picture.box, picture.kind), box, FrameAnchor::Line);
-    writeLabels(item);
+    writePicture(m_sink, m_pictures.encode(figure, model::DrawingWords::InPicture), box, FrameAnchor::Line);
+    writeLabels(*item.block->figure());
 }
 
 } // namespace

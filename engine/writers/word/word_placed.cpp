@@ -15,7 +15,7 @@ namespace {
 bool hasBackground(const model::Page &page)
 {
     bool has = !page.rules.empty() || !page.fills.empty();
-    forEachBlock(page, [&](const model::Block &block) { has = has || block.picture() || block.table(); });
+    forEachBlock(page, [&](const model::Block &block) { has = has || block.figure() || block.table(); });
     return has;
 }
 

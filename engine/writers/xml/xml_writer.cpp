@@ -90,6 +90,9 @@ private:
         } else {
             m_xml.writeEmptyElement(QStringLiteral("picture"));
             box(block.box());
+            for (const Paragraph &label : block.figure()->labels) {
+                writeParagraph(label);
+            }
         }
     }
 

@@ -15,6 +15,12 @@ namespace {
 
 using namespace model;
 
+/// Figures count from 1 over the document.
+std::string number(FigureId figure)
+{
+    return std::to_string(static_cast<std::size_t>(figure) + 1);
+}
+
 std::string name(const Paragraph &paragraph)
 {
     switch (paragraph.role) {
@@ -26,7 +32,7 @@ std::string name(const Paragraph &paragraph)
                std::to_string(item.level + 1);
     }
     case Role::Caption:
-        return "caption";
+        return paragraph.captionOf ? "caption of figure " + number(*paragraph.captionOf) : "caption";
     case Role::Footnote:
         return "footnote";
     case Role::PageHeader:
@@ -51,14 +57,14 @@ std::string name(Alignment alignment)
     return {};
 }
 
-std::string name(PictureKind kind)
+std::string name(FigureKind kind)
 {
     switch (kind) {
-    case PictureKind::Drawing:
+    case FigureKind::Drawing:
         return "drawing";
-    case PictureKind::Page:
+    case FigureKind::Page:
         return "picture of the page";
-    case PictureKind::Image:
+    case FigureKind::Image:
         break;
     }
     return "picture";
@@ -282,8 +288,13 @@ void dumpBlock(const Block &block, Continuations &continuations, const std::stri
         dumpParagraph(*paragraph, name(*paragraph), continuations(*paragraph), out);
     } else if (const Table *table = block.table()) {
         dumpTable(*table, margin, out);
-    } else if (const Picture *picture = block.picture()) {
-        out << margin << name(picture->kind) << " [" << box(picture->box) << "]\n";
+    } else if (const Figure *figure = block.figure()) {
+        out << margin << name(figure->kind) << " " << number(figure->id) << " ["
+            << joined({box(figure->box), figure->behindText ? "behind text" : ""}, "; ") << "]\n";
+        for (const Paragraph &label : figure->labels) {
+            out << margin << "  ";
+            dumpParagraph(label, "labels", {}, out);
+        }
     }
 }
 

@@ -71,6 +71,15 @@ inline model::Block block(model::Paragraph content, int column = 0)
     return {std::move(content), column};
 }
 
+/// A figure at the box, without labels.
+inline model::Figure figure(const Box &box, model::FigureKind kind)
+{
+    model::Figure result;
+    result.box = box;
+    result.kind = kind;
+    return result;
+}
+
 /// A page of one section with these columns.
 inline model::Page page(std::vector<Box> columns = {{72, 72, 540, 720}})
 {
@@ -82,7 +91,7 @@ inline model::Page page(std::vector<Box> columns = {{72, 72, 540, 720}})
 
 inline model::Document document(std::vector<model::Page> pages)
 {
-    return {{}, std::move(pages)};
+    return {{}, std::move(pages), {}};
 }
 
 /// A ruled table with these texts, row by row, 100 x 20 points a cell.
@@ -116,10 +125,9 @@ inline model::Table table(int columns, const QStringList &texts)
 class Pictures : public model::PictureSource
 {
 public:
-    model::EncodedPicture encode(int, const Box &box, model::PictureKind) override
+    model::EncodedPicture encode(const model::Figure &, model::DrawingWords) override
     {
         ++encoded;
-        lastBox = box;
         return {QByteArrayLiteral("picture"), QByteArrayLiteral("image/png"), 1, 1};
     }
     model::EncodedPicture background(int) override
@@ -130,7 +138,6 @@ public:
 
     int encoded = 0;
     int backgrounds = 0;
-    Box lastBox;
 };
 
 /// Reads to the end; throws, naming what is wrong, when the text is no well-formed XML.

@@ -18,7 +18,6 @@ private Q_SLOTS:
     void itemsKnowTheirSpaceAndLines();
     void picturesTakeTheirHeight();
     void picturesBehindTextTakeNoRoom();
-    void labelsBelongToTheirPicture();
     void columnsBreakWhereTheyBegin();
     void continuousTextKeepsNoWideSpaces();
     void linesOfOtherSectionsFillNoColumn();
@@ -35,9 +34,11 @@ model::Block textAt(double top, double left = 72, int column = 0)
     return fixture::block(fixture::paragraph(QStringLiteral("text"), {left, top, left + 200, top + 12}), column);
 }
 
-model::Block pictureAt(const Box &box, model::PictureKind kind = model::PictureKind::Image)
+model::Block pictureAt(const Box &box, bool behindText = false)
 {
-    return {model::Picture{box, kind}, 0};
+    model::Figure figure = fixture::figure(box, model::FigureKind::Image);
+    figure.behindText = behindText;
+    return {figure, 0};
 }
 
 model::Page pageOf(std::vector<model::Block> blocks)
@@ -78,7 +79,7 @@ void OfficeFlowPlanTest::picturesTakeTheirHeight()
 
 void OfficeFlowPlanTest::picturesBehindTextTakeNoRoom()
 {
-    const model::Page page = pageOf({pictureAt({72, 72, 540, 400}), textAt(100), textAt(130)});
+    const model::Page page = pageOf({pictureAt({72, 72, 540, 400}, true), textAt(100), textAt(130)});
     const FlowPage plan = planPage(page, {}, flow_forms::inColumns);
     QVERIFY(itemsOf(plan)[0].behindText);
     QCOMPARE(itemsOf(plan)[0].height, 0.0);
@@ -87,16 +88,6 @@ void OfficeFlowPlanTest::picturesBehindTextTakeNoRoom()
     full.room = 60; // the text with its spaces, without the picture
     QCOMPARE(fitOf(full).lines, 1.0);
     QVERIFY(!itemsOf(planPage(page, {}, flow_forms::continuous))[0].behindText); // there is no page to stand on
-}
-
-void OfficeFlowPlanTest::labelsBelongToTheirPicture()
-{
-    const model::Page page =
-        pageOf({pictureAt({72, 100, 400, 200}, model::PictureKind::Drawing), textAt(110), textAt(220)});
-    const FlowPage plan = planPage(page, {}, flow_forms::inColumns);
-    QCOMPARE(itemsOf(plan).size(), std::size_t(2));
-    QCOMPARE(itemsOf(plan)[0].labels.size(), std::size_t(1));
-    QCOMPARE(itemsOf(plan)[1].block, &page.sections[0].blocks[2]);
 }
 
 void OfficeFlowPlanTest::columnsBreakWhereTheyBegin()

@@ -184,10 +184,12 @@ void OfficeFlowTest::keepsLinksThatAreSafe()
 void OfficeFlowTest::placesPictures()
 {
     model::Page page = fixture::page();
+    model::Figure behind = fixture::figure({72, 400, 540, 500}, model::FigureKind::Image);
+    behind.behindText = true;
     page.sections[0].blocks = {
-        {model::Picture{{72, 100, 172, 200}, model::PictureKind::Image}, 0},
+        {fixture::figure({72, 100, 172, 200}, model::FigureKind::Image), 0},
         fixture::block(fixture::paragraph(QStringLiteral("over"), {100, 410, 160, 422})),
-        {model::Picture{{72, 400, 540, 500}, model::PictureKind::Image}, 0}};
+        {behind, 0}};
     const QString text = flow(fixture::document({page}));
     QCOMPARE(text.count(QLatin1String("<office:binary-data>cGljdHVyZQ==")), 2);
     QCOMPARE(text.count(QLatin1String("text:anchor-type=\"as-char\"")), 1);
@@ -199,7 +201,7 @@ void OfficeFlowTest::writesScansAsPages()
 {
     model::Page page;
     page.scanned = true;
-    page.sections = {{{{0, 0, 612, 792}}, {{model::Picture{{0, 0, 612, 792}, model::PictureKind::Page}, 0}}}};
+    page.sections = {{{{0, 0, 612, 792}}, {{fixture::figure({0, 0, 612, 792}, model::FigureKind::Page), 0}}}};
     const QString text = flow(fixture::document({page}));
     QCOMPARE(text.count(QLatin1String("<draw:image>")), 1);
     QVERIFY(text.contains(QLatin1String("svg:width=\"612.00pt\" svg:height=\"792.00pt\"")));

@@ -251,10 +251,10 @@ void OfficeLayoutTest::runningHeadsKeepTheirLine()
 void OfficeLayoutTest::labelsGoWithTheirDrawing()
 {
     model::Page page = fixture::page();
+    model::Figure drawing = fixture::figure({72, 100, 272, 200}, model::FigureKind::Drawing);
+    drawing.labels = {fixture::paragraph(QStringLiteral("label"), {100, 110, 160, 122})};
     page.sections[0].blocks = {
-        {model::Picture{{72, 100, 272, 200}, model::PictureKind::Drawing}, 0},
-        fixture::block(fixture::paragraph(QStringLiteral("label"), {100, 110, 160, 122})),
-        fixture::block(fixture::paragraph(QStringLiteral("after"), {72, 220, 200, 232}))};
+        {drawing, 0}, fixture::block(fixture::paragraph(QStringLiteral("after"), {72, 220, 200, 232}))};
     const QString text = flow(page);
     QCOMPARE(text.count(QLatin1String(">label")), 1);
     const QStringList paragraphs = fixture::paragraphs(text);

@@ -174,28 +174,22 @@ void OfficePlacedTest::oneSlideForEachPage()
 
 void OfficePlacedTest::otherPageSizesAreCentred()
 {
-    fixture::Pictures source;
-    MovedPictures pictures(source);
     model::Page wide = pageOf({fixture::paragraph(QStringLiteral("x"), {0, 0, 100, 10})});
     wide.number = 2;
     wide.width = 1224;
     wide.height = 792;
     model::Document document = fixture::document({threeParagraphs(), wide});
-    unifyPages(document, pictures);
+    unifyPages(document);
     QCOMPARE(document.pages[1].width, 612.0);
     QCOMPARE(document.pages[1].sections[0].blocks[0].box(), (Box{0, 198, 50, 203}));
-    pictures.encode(2, {0, 198, 50, 203}, model::PictureKind::Image);
-    QCOMPARE(source.lastBox, (Box{0, 0, 100, 10}));
 }
 
 void OfficePlacedTest::pagesTakeTheSizeAskedFor()
 {
-    fixture::Pictures source;
-    MovedPictures pictures(source);
     model::Document document = fixture::document({threeParagraphs()});
     Options options;
     options.width = 408; // pixels, 96 to the inch: half of the page's 612 points
-    fitToOptions(document, options, pictures);
+    fitToOptions(document, options);
     QCOMPARE(document.pages[0].width, 306.0);
     QCOMPARE(document.pages[0].height, 396.0);
     QCOMPARE(document.pages[0].sections[0].blocks[0].paragraph()->lines[0].words[0].style->size, 5.0);
@@ -206,13 +200,11 @@ void OfficePlacedTest::pagesLargerThanPaperAreRefused()
 {
     constexpr int mostPixels = 19200; // 200 inches
     const auto fit = [](int width) {
-        fixture::Pictures source;
-        MovedPictures pictures(source);
         model::Document document = fixture::document({threeParagraphs()});
         document.pages[0].height = document.pages[0].width;
         Options options;
         options.width = width;
-        fitToOptions(document, options, pictures);
+        fitToOptions(document, options);
         return document.pages[0].height;
     };
     QCOMPARE(fit(mostPixels), 14400.0);

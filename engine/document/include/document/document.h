@@ -7,11 +7,11 @@
 #include <variant>
 #include <vector>
 
-// The document as a reader sees it: pages with sections of columns, and in them paragraphs, tables and pictures.
+// The document as a reader sees it: pages with sections of columns, and in them paragraphs, tables and figures.
 // All writers work from these types. Units and origin are those of raw_page.h.
 //
 // What every coordinate means, once buildDocument() is done:
-// - Boxes (of columns, blocks, cells, lines, words, pictures, fills), rules and baselines count on the page as shown,
+// - Boxes (of columns, blocks, cells, lines, words, figures, fills), rules and baselines count on the page as shown,
 //   whichever way the text runs. A cell lies inside its table, a paragraph's lines inside the paragraph unless it goes
 //   on in another column. transformPage() keeps this.
 // - A baseline is the y of a line of rotation 0 or 180, the x of one of rotation 90 or 270.
@@ -64,6 +64,9 @@ struct ListItem
     int level = 0;        ///< 0 for the outermost list
 };
 
+/// Names a figure of a document: its place in Document::figures, counted from 0.
+enum class FigureId : std::size_t {};
+
 struct Paragraph
 {
     /// The text, as it stands on the page. Between words stands what their separators say.
@@ -79,8 +82,9 @@ struct Paragraph
     double lineDistance = 0;    ///< baseline to baseline, 0 when there is one line only
     Box box;
     bool rightToLeft = false;
-    int rotation = 0;                 ///< as in Word
-    std::optional<ListItem> listItem; ///< set for entries of lists
+    int rotation = 0;                  ///< as in Word
+    std::optional<ListItem> listItem;  ///< set for entries of lists
+    std::optional<FigureId> captionOf; ///< set for captions whose figure is known
     /// The text goes on from the last body paragraph before it (a column or page break stands inside a sentence).
     bool continuesPrevious = false;
 };
@@ -125,24 +129,40 @@ struct Table
     int rows() const { return rowEdges.empty() ? 0 : static_cast<int>(rowEdges.size()) - 1; }
 };
 
-/// A picture; its pixels come from a PictureSource.
-struct Picture
+enum class FigureKind {
+    Image,   ///< a raster image of the file
+    Drawing, ///< a region full of lines, curves and fills that are no rules of a table
+    Page     ///< the whole page, for scans
+};
+
+/// A picture among the text. Its pixels come from a PictureSource.
+struct Figure
 {
-    Box box;
-    PictureKind kind = PictureKind::Image;
+    Box box; ///< where it stands; what is drawn there is the region that the document has for its id
+    FigureKind kind = FigureKind::Image;
+    FigureId id = {};
+    bool behindText = false;       ///< text stands on it that is no part of it
+    std::vector<Paragraph> labels; ///< the text inside a drawing, which its picture shows already
+};
+
+/// The part of a page of the file that a figure shows. It stays what it is when pages are moved or scaled.
+struct FigureRegion
+{
+    int page = 1; ///< counted from 1 in the file
+    Box box;      ///< on the page as shown
 };
 
 struct Block
 {
-    std::variant<Paragraph, Table, Picture> content;
+    std::variant<Paragraph, Table, Figure> content;
     int column = 0; ///< in which column of its section it stands
 
     const Paragraph *paragraph() const { return std::get_if<Paragraph>(&content); }
     const Table *table() const { return std::get_if<Table>(&content); }
-    const Picture *picture() const { return std::get_if<Picture>(&content); }
+    const Figure *figure() const { return std::get_if<Figure>(&content); }
     Paragraph *paragraph() { return std::get_if<Paragraph>(&content); }
     Table *table() { return std::get_if<Table>(&content); }
-    Picture *picture() { return std::get_if<Picture>(&content); }
+    Figure *figure() { return std::get_if<Figure>(&content); }
     Box box() const
     {
         return std::visit([](const auto &c) { return c.box; }, content);
@@ -174,6 +194,7 @@ struct Document
 {
     StyleTable styles;
     std::vector<Page> pages;
+    std::vector<FigureRegion> figures; ///< what each figure shows, by its id
 };
 
 } // namespace quorra::model

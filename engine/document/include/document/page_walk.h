@@ -17,16 +17,8 @@ void forEachBlock(PageType &page, const Visitor &visit)
     }
 }
 
-/// True when the paragraph holds the labels of this drawing: its picture shows them already.
-inline bool isLabelOf(const model::Block &block, const model::Picture &picture)
-{
-    const model::Paragraph *paragraph = block.paragraph();
-    return paragraph && picture.kind == model::PictureKind::Drawing &&
-           picture.box.contains(paragraph->box.centreX(), paragraph->box.centreY()) &&
-           intersected(picture.box, paragraph->box).width() > 0.9 * paragraph->box.width();
-}
-
-/// Calls visit(paragraph) for the paragraphs of the page, those in tables and the running heads (last) included.
+/// Calls visit(paragraph) for the paragraphs of the page, those in tables, the labels of figures and the running heads
+/// (last) included.
 template <typename PageType, typename Visitor>
 void forEachParagraph(PageType &page, const Visitor &visit)
 {
@@ -38,6 +30,10 @@ void forEachParagraph(PageType &page, const Visitor &visit)
                 for (auto &inside : cell.paragraphs) {
                     visit(inside);
                 }
+            }
+        } else if (auto *figure = block.figure()) {
+            for (auto &label : figure->labels) {
+                visit(label);
             }
         }
     };

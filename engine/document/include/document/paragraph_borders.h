@@ -30,7 +30,4 @@ bool hasShortRule(const Decoration &decoration, const Box &column);
 /// are no block's.
 Decoration headDecoration(const model::Page &page, const Box &line);
 
-/// True when the picture lies behind text rather than among it.
-bool isBehindText(const model::Page &page, const model::Picture &picture);
-
 } // namespace quorra::office

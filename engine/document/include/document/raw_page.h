@@ -59,17 +59,10 @@ struct Ink
     bool frame = false; ///< says nothing about what is inside its box: a frame with round corners, a pattern
 };
 
-enum class PictureKind {
-    Image,   ///< a raster image of the file
-    Drawing, ///< a region full of lines, curves and fills that are no rules of a table
-    Page     ///< the whole page, for scans
-};
-
-/// Where a picture stands. Its pixels come from a PictureSource, on request.
+/// Where a raster image stands.
 struct RawPicture
 {
     Box box; ///< the visible part
-    PictureKind kind = PictureKind::Image;
 };
 
 /// Everything one pass over a page finds.

@@ -7,32 +7,25 @@
 #include "pdf/region_renderer.h"
 
 #include <map>
-#include <tuple>
 
 namespace quorra {
 
-/// Provides the pictures of a document, rendered in advance by several threads; other pictures come from another
-/// source.
-class AheadPictures final : public model::PictureSource
+/// Provides the figures of a document, rendered in advance by several threads; other figures come from another source.
+class PrefetchedPictures final : public model::PictureSource
 {
 public:
-    /// Renders the pictures of the document before its pages are moved or scaled. If there are only a few pictures,
-    /// they are left to the other source, which must outlive this one.
-    AheadPictures(
+    /// Renders the figures of the document, with the words in drawings as part of them. If there are only a few, they
+    /// are left to the other source, which must outlive this one.
+    PrefetchedPictures(
         const PictureQuality &quality, DocumentCopies &copies, const model::Document &document,
         model::PictureSource &source);
 
-    model::EncodedPicture encode(int pageNumber, const Box &box, model::PictureKind kind) override;
+    model::EncodedPicture encode(const model::Figure &figure, model::DrawingWords words) override;
     model::EncodedPicture background(int pageNumber) override { return m_source.background(pageNumber); }
 
 private:
-    /// Page and box in hundredths of a point: boxes may have rounding errors.
-    using Key = std::tuple<int, long, long, long, long>;
-
-    static Key keyOf(int pageNumber, const Box &box);
-
     model::PictureSource &m_source;
-    std::map<Key, model::EncodedPicture> m_drawn;
+    std::map<model::FigureId, model::EncodedPicture> m_drawn; ///< with their words
 };
 
 } // namespace quorra

@@ -11,12 +11,9 @@
 #include <map>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace quorra {
-
-/// How words in a drawing are handled: as part of its picture, or as text that the writer puts over a picture requested
-/// as an image.
-enum class DrawingWords { InPicture, Apart };
 
 /// Colour depth and resolution, in dots per inch, of pictures in documents.
 struct PictureQuality
@@ -31,15 +28,14 @@ struct PictureQuality
 class PagePictureSource final : public model::PictureSource
 {
 public:
-    /// The document must outlive the source. Resolutions are dots per inch.
-    PagePictureSource(Document &document, ColourDepth depth, double xres, double yres);
+    /// Provides the figures of the document that was built from the file. The file must outlive the source, the
+    /// document may be changed. The figures of a page are rendered together if drawings are requested with `words` as
+    /// given here.
+    PagePictureSource(
+        Document &file, const model::Document &document, const PictureQuality &quality, model::DrawingWords words);
     ~PagePictureSource() override;
 
-    /// Announces which pictures will be requested, so that those of a page are rendered together. Other pictures can be
-    /// requested, too.
-    void expect(const model::Document &document, DrawingWords words = DrawingWords::InPicture);
-
-    model::EncodedPicture encode(int pageNumber, const Box &box, model::PictureKind kind) override;
+    model::EncodedPicture encode(const model::Figure &figure, model::DrawingWords words) override;
     model::EncodedPicture background(int pageNumber) override;
 
     /// Returns how many times a page or region has been rendered.
@@ -57,18 +53,16 @@ private:
     model::EncodedPicture cut(bool withText, const Box &box) const;
 
     Document &m_document;
-    ColourDepth m_depth;
-    double m_xres;
-    double m_yres;
+    std::vector<model::FigureRegion> m_figures;
+    PictureQuality m_quality;
     std::map<std::pair<int, bool>, Box> m_expected; ///< by page, and whether its text is rendered
     std::unique_ptr<Painters> m_painters;
     std::unique_ptr<std::array<Drawn, 2>> m_drawn; ///< without and with text, of one page
     int m_drawings = 0;
 };
 
-/// Returns the peak memory in bytes of a PagePictureSource that renders pages of this size in points, at resolutions in
-/// dots per inch.
-std::uint64_t drawingMemory(const PageSize &size, ColourDepth depth, double xres, double yres);
+/// Returns the peak memory in bytes of a PagePictureSource that renders pages of this size in points.
+std::uint64_t drawingMemory(const PageSize &size, const PictureQuality &quality);
 
 /// Default resolution of pictures in documents, in dots per inch.
 inline constexpr int embeddedResolution = 150;

@@ -2,13 +2,13 @@
 #pragma once
 
 #include "document/document.h"
-#include "document/page_transform.h"
+#include "document/picture_source.h"
 #include "odf/odf_file.h"
 
 namespace quorra::office {
 
 /// Puts every page into the size of the first one: scaled to fit where it differs, and centred.
-void unifyPages(model::Document &document, MovedPictures &pictures);
+void unifyPages(model::Document &document);
 
 /// Writes a slide for each page; all pages have the size of the first.
 void writeSlides(OdfFile &file, const model::Document &document, model::PictureSource &pictures);
