@@ -13,7 +13,7 @@ about::about(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui_about>()
     paintBackground(this);
     ui->textBrowser->setContextMenuPolicy(Qt::NoContextMenu);
     connect(ui->pushButton_OK, &QPushButton::clicked, this, &about::On_Button_Ok);
-    // Made and discarded, on purpose: all the box shows stands in its form.
+    // Created and discarded, on purpose: all texts of the box are in its form.
     static_cast<void>(QStringLiteral("%1 Version 2.0").arg(QLatin1String("Quorra Converter")));
 }
 

@@ -7,7 +7,7 @@
 
 class Ui_about;
 
-/// The modal About box: name, version, copyright, home page and support address under the banner.
+/// The modal About box: name, version, copyright, home page and support address below the banner.
 class about : public QDialog
 {
     Q_OBJECT

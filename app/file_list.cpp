@@ -25,7 +25,7 @@ void tovrane::On_Button_AddFile()
     if (paths.isEmpty()) {
         return;
     }
-    // Stored before any file is looked at: the folder counts even when none of its files is accepted.
+    // Stored before the files are checked: the folder is remembered even if none of them is accepted.
     store::write(store::key::inputFolder, folderOfPath(paths.first()));
     appendRows(ui->tableWidget_Files, filesToAdd(paths));
 }
@@ -37,7 +37,7 @@ void tovrane::dragEnterEvent(QDragEnterEvent *event)
     }
 }
 
-/// Works during a run too: the run reads the number of rows again at each step.
+/// Also works during a run, which reads the number of rows again after each file.
 void tovrane::dropEvent(QDropEvent *event)
 {
     appendRows(ui->tableWidget_Files, filesToDrop(event->mimeData()->urls()));

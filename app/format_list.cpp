@@ -1,5 +1,4 @@
-// SPDX-License-Identifier: GPL-3.0-or-later
-// The main window's choice of the kind of output and of the output folder.
+// SPDX-License-Identifier: GPL-3.0-or-later The main window's output kind and output folder.
 #include "app/images.h"
 #include "app/output_extensions.h"
 #include "app/output_kinds.h"
@@ -55,7 +54,7 @@ void tovrane::On_ListWidget_ItemClicked()
     m_strParameter = GetSetParameter();
 }
 
-/// The current row stands out by a taller hint and an icon of its own.
+/// The current row has a taller size hint and a different icon.
 void tovrane::showSelectedRow(int selected)
 {
     const QIcon icon(loadImage(image::row));
@@ -104,7 +103,7 @@ void tovrane::On_Button_Browse()
 
 void tovrane::warnAboutOutputFolder()
 {
-    // The only message the program shows. Its button is Yes, not OK, on purpose.
+    // The only message of the program. Its button is Yes instead of OK on purpose.
     QMessageBox::information(
         this, QStringLiteral("Warning"), QStringLiteral("Please select a correct output folder!"), QMessageBox::Yes);
 }

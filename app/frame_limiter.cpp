@@ -29,7 +29,7 @@ bool FrameLimiter::eventFilter(QObject *watched, QEvent *event)
     return m_hasHeldBack;
 }
 
-/// The toolkit keeps what has to be drawn, and asks once only: the request held back is made up for here.
+/// Qt keeps the region to be painted but requests an update only once: this replaces the request that was held back.
 void FrameLimiter::timerEvent(QTimerEvent *event)
 {
     if (event->timerId() != m_frame.timerId()) {
@@ -39,6 +39,6 @@ void FrameLimiter::timerEvent(QTimerEvent *event)
     m_frame.stop();
     if (m_hasHeldBack) {
         QEvent request(QEvent::UpdateRequest);
-        QCoreApplication::sendEvent(m_window, &request); // comes back through the filter above
+        QCoreApplication::sendEvent(m_window, &request); // passes through the event filter above
     }
 }

@@ -6,14 +6,15 @@
 
 class QWidget;
 
-/// Draws a window no more often than a screen shows it. A quick engine moves the list on a thousand times a second, and
-/// drawing each step would take longer than the step. What is not drawn at once is drawn when the frame ends.
+/// Limits how often a window is painted to the frame rate of a screen. With a fast engine the list changes a thousand
+/// times per second, and painting each step would take longer than the step. Updates that are held back are painted at
+/// the end of the frame.
 class FrameLimiter : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Watches `window`, a top-level one, which also owns the limiter.
+    /// Watches the top-level window `window`, which also becomes the parent.
     explicit FrameLimiter(QWidget *window);
 
 protected:
@@ -22,6 +23,6 @@ protected:
 
 private:
     QWidget *m_window;
-    QBasicTimer m_frame;        ///< runs from one drawing to the earliest time of the next
-    bool m_hasHeldBack = false; ///< something was to be drawn while the timer ran
+    QBasicTimer m_frame;        ///< runs from one update to the earliest time of the next
+    bool m_hasHeldBack = false; ///< an update was requested while the timer was running
 };

@@ -21,9 +21,10 @@ inline constexpr QLatin1String stop(":/MyImage/Image/stop.png");
 inline constexpr QLatin1String about(":/MyImage/Image/about.png");
 } // namespace image
 
-/// The pixmap kept under `key`; the first call makes it. Windows are made often, also ones that are never shown: what
-/// they share is drawn once and kept in the toolkit's cache, which goes away with the application.
+/// Returns the pixmap cached under `key`; the first call creates it with `make`. Windows are constructed often,
+/// including ones that are never shown, so that what they share is kept in Qt's cache, which is cleared when the
+/// application exits.
 [[nodiscard]] QPixmap cachedPixmap(const QString &key, const std::function<QPixmap()> &make);
 
-/// The image at its own size, read once; a null pixmap when there is none of that path.
+/// Returns the image in its original size; it is read only once. Returns a null pixmap if there is no such image.
 [[nodiscard]] QPixmap loadImage(QLatin1String path);

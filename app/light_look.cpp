@@ -18,7 +18,7 @@ struct RoleColor
     QRgb disabled;
 };
 
-/// Every role is named, so that nothing of the desktop's palette shines through.
+/// Lists all roles, so that no colour of the desktop's palette remains.
 constexpr std::array lightColors{
     RoleColor{QPalette::WindowText, 0xff000000, 0xff787878},
     RoleColor{QPalette::Button, 0xffefefef, 0xffefefef},
@@ -53,7 +53,7 @@ QPalette lightPalette()
     return light;
 }
 
-/// Puts the light palette back whenever a change of the desktop's colours or style has replaced it.
+/// Restores the light palette whenever a change of the desktop's colours or style has replaced it.
 class LightLook : public QObject
 {
 public:
@@ -62,8 +62,8 @@ public:
     void apply()
     {
         m_isApplying = true;
-        // The toolkit forgets the palettes of single classes, which the desktop may have given as well, when the
-        // application's changes: so it changes twice.
+        // Qt resets the palettes of individual classes, which the desktop may also have set, when the application's
+        // palette changes. Therefore it is changed twice.
         QApplication::setPalette(QPalette());
         QApplication::setPalette(lightPalette());
         m_isApplying = false;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-/// Gives the application a light palette, and gives it back after each change of the desktop's palette, theme or style:
-/// background and text colours of the windows are made for it. Call it once, when there is an application object.
+/// Sets a light palette for the application, and restores it whenever the palette, theme or style of the desktop
+/// changes: the background and text colours of the windows require it. Call it once, after the application object has
+/// been created.
 void keepLightLook();

@@ -7,13 +7,13 @@
 
 namespace {
 
-/// The text after the last "."; the whole path when it has none. Lower-cased.
+/// Returns the text after the last "." in lower case; the whole path if there is none.
 QString extensionAfterDot(const QString &path)
 {
     return path.mid(path.lastIndexOf(QLatin1Char('.')) + 1).toLower();
 }
 
-/// A path without any "." has no extension, not even when the whole of it reads "pdf".
+/// A path without a "." has no extension, not even if it is "pdf".
 bool isDroppablePdf(const QString &path)
 {
     return path.contains(QLatin1Char('.')) && extensionAfterDot(path) == QLatin1String("pdf");
@@ -50,8 +50,9 @@ QList<ListedFile> filesToDrop(const QList<QUrl> &urls, const PathProbe &probe)
     files.reserve(urls.size());
     for (const QUrl &url : urls) {
         const QString path = url.toLocalFile();
-        // A row's number counts every dropped entry, the table only the listed ones, and it refuses rows past its end:
-        // after one skipped entry no later row fits. So the first entry that is not listed ends the drop, on purpose.
+        // The row index counts all dropped entries, but the table only contains the listed ones and rejects rows beyond
+        // its end: after one skipped entry no later row is valid. The first entry that is not listed therefore ends the
+        // drop, on purpose.
         if (path.isEmpty() || !isDroppablePdf(path)) {
             break;
         }

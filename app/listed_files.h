@@ -8,9 +8,9 @@
 
 #include <functional>
 
-// Which files enter the list, and in which form.
+// Which files are added to the list, and how they are shown.
 
-/// One row of the file table: the path as it was given, and the text of the size column (empty: no size cell).
+/// A row of the file table: the path as given, and the text of the size column (empty if there is no size cell).
 struct ListedFile
 {
     QString path;
@@ -19,7 +19,7 @@ struct ListedFile
     friend bool operator==(const ListedFile &, const ListedFile &) = default;
 };
 
-/// What the list wants to know of a path. A path that does not exist is no folder and has size 0.
+/// What the list needs to know about a path. A path that does not exist is not a folder and has size 0.
 struct PathFacts
 {
     bool isFolder = false;
@@ -31,12 +31,12 @@ using PathProbe = std::function<PathFacts(const QString &path)>;
 /// Asks the file system.
 [[nodiscard]] PathFacts probeFileSystem(const QString &path);
 
-/// The folder part of a path: the text before its last "/". A path without "/" is returned whole.
+/// Returns the folder of a path: the text before its last "/". A path without "/" is returned unchanged.
 [[nodiscard]] QString folderOfPath(const QString &path);
 
-/// The rows for the paths that the file dialog returned: PDF files in the dialog's order, everything else left out.
+/// Returns the rows for paths selected in the file dialog: PDF files in their order, without other files.
 [[nodiscard]] QList<ListedFile> filesToAdd(const QStringList &paths, const PathProbe &probe = probeFileSystem);
 
-/// The rows for dropped URLs, in their order. The first entry that is not a listable file (no local file, a folder, no
-/// PDF) ends the list: nothing that follows it in the same drop is listed, on purpose.
+/// Returns the rows for dropped URLs, in their order. The first entry that cannot be listed (not a local file, a
+/// folder, not a PDF) ends the list: nothing after it in the same drop is listed, on purpose.
 [[nodiscard]] QList<ListedFile> filesToDrop(const QList<QUrl> &urls, const PathProbe &probe = probeFileSystem);

@@ -9,7 +9,7 @@
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
-    // Settings file and engine are found by relative names.
+    // The settings file and the engine are accessed by relative paths.
     QDir::setCurrent(workingFolder(QCoreApplication::applicationDirPath(), userWorkingFolder()));
     keepLightLook();
     auto *window = new tovrane; // deletes itself when it is closed

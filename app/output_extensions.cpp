@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The numbers stand in users' settings files: 19 is unassigned and ".pnm" stands twice, both on purpose.
+/// The indices are stored in users' settings files. 19 is unused and ".pnm" occurs twice, both on purpose.
 constexpr std::array extensions{
     QLatin1String(".doc"),  QLatin1String(".docx"), QLatin1String(".rtf"),  QLatin1String(".ppt"),  // 0
     QLatin1String(".pptx"), QLatin1String(".xls"),  QLatin1String(".xlsx"), QLatin1String(".txt"),  // 4
@@ -28,7 +28,7 @@ QString extensionOfIndex(int index)
 
 int indexOfExtension(const QString &extension)
 {
-    if (extension.isEmpty()) { // not the unassigned number
+    if (extension.isEmpty()) { // not the unused index
         return -1;
     }
     for (std::size_t index = 0; index < extensions.size(); ++index) {

@@ -3,10 +3,10 @@
 
 #include <QString>
 
-// Output extensions and the numbers they are stored under.
+// Output extensions and their indices in the settings file.
 
-/// The extension, with its dot, of an output extension index; empty text for an index that names none.
+/// Returns the extension, with its dot, for an output extension index; empty if the index is invalid.
 [[nodiscard]] QString extensionOfIndex(int index);
 
-/// The index of an extension by exact, case-sensitive comparison; the first match wins. -1 when nothing matches.
+/// Returns the first index of an extension, compared case-sensitively; -1 if there is none.
 [[nodiscard]] int indexOfExtension(const QString &extension);

@@ -92,7 +92,7 @@ std::span<const OutputKind> outputKinds()
 const OutputKind *outputKindOfStoredRow(const QString &row)
 {
     const int number = row.toInt();
-    // Only the number's own text counts, so that "abc" is not taken for row 0.
+    // Only the canonical text of the number is valid, so that "abc" is not row 0.
     const bool known = hasRow(number) && row == QString::number(number);
     return known ? &kinds.at(static_cast<std::size_t>(number)) : nullptr;
 }

@@ -6,15 +6,15 @@
 
 #include <span>
 
-/// The controls of the settings dialog that make no sense for a kind of output and are disabled when it opens.
+/// The controls of the settings dialog that have no effect for an output kind and are disabled when it opens.
 enum class DisabledControls { None, PageSize, PageSizeResolutionAndColor };
 
-/// One row of the main window's format list and what it means to the settings dialog.
+/// A row of the main window's format list, and how it affects the settings dialog.
 struct OutputKind
 {
     QLatin1String text; ///< not translated yet
     QLatin1String defaultExtension;
-    std::span<const QLatin1String> offeredExtensions; ///< the settings dialog's choice, in its order
+    std::span<const QLatin1String> offeredExtensions; ///< in the order of the settings dialog
     bool hasWordMode = false;
     bool hasImageTab = false;
     DisabledControls disabled = DisabledControls::None;
@@ -23,11 +23,11 @@ struct OutputKind
 /// All kinds, in the order of the format list.
 [[nodiscard]] std::span<const OutputKind> outputKinds();
 
-/// The kind whose row is stored as `row` (exactly its decimal text); null for every other text.
+/// Returns the kind whose row is stored as `row`, in canonical decimal form; null for all other texts.
 [[nodiscard]] const OutputKind *outputKindOfStoredRow(const QString &row);
 
-/// The extension that selecting `row` stores; a row outside the list takes the first kind's.
+/// Returns the extension stored when `row` is selected; for an invalid row, that of the first kind.
 [[nodiscard]] QString defaultExtensionOfRow(int row);
 
-/// The row to select for a saved row number: the number itself when the list has it, otherwise 0.
+/// Returns the row to select for a saved row number: the number itself if it is valid, otherwise 0.
 [[nodiscard]] int selectableRow(int saved);

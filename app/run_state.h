@@ -3,8 +3,8 @@
 
 #include <QString>
 
-// State of the batch run that belongs to the process, not to one window. It lies in app/, although conversion/ drives
-// the run, so that app/ needs nothing of conversion/.
+// State of the batch run that belongs to the process rather than to a window. It is in app/, although conversion/
+// controls the run, so that app/ does not depend on conversion/.
 
 extern bool g_bProcess;       ///< true while a run is active; each construction of a main window clears it
 extern bool g_bMainWindowRun; ///< cleared by each main window, never read; kept on purpose

@@ -10,9 +10,9 @@ namespace {
 
 constexpr double kilo = 1000.0;
 constexpr double mega = 1000000.0;
-constexpr qint32 megabytesFrom = 1048576; // the switch is binary, the divisors are decimal: on purpose
+constexpr qint32 megabytesFrom = 1048576; // this threshold is binary, the divisors are decimal: on purpose
 
-/// Three decimals, rounded like C's own formatting functions (ties to even), whatever the locale.
+/// Three decimals, rounded like printf (ties to even), independent of the locale.
 QString threeDecimals(double value)
 {
     std::array<char, 32> digits{};

@@ -4,14 +4,14 @@
 #include <QString>
 #include <QtGlobal>
 
-// The size column. Files added through the dialog and files dropped show different texts, on purpose. A size that is
-// not above 0 gives empty text. Neither text follows the locale.
+// The texts of the size column. They are different for files added with the dialog and for dropped files, on purpose.
+// The text is empty if the size is not above 0. Both are independent of the locale.
 
-/// The size as the list counts it: truncated to a signed 32-bit number.
+/// Returns the size as shown in the list: truncated to a signed 32-bit number.
 [[nodiscard]] qint32 listedSize(qint64 bytes);
 
-/// Left-aligned kilobytes with a point, whatever the size.
+/// Left-aligned, always in kilobytes, with a decimal point.
 [[nodiscard]] QString addedSizeText(qint32 bytes);
 
-/// Right-aligned kilobytes or, above 2^20 bytes, megabytes, with a comma.
+/// Right-aligned, in kilobytes or, above 2^20 bytes, in megabytes, with a decimal comma.
 [[nodiscard]] QString droppedSizeText(qint32 bytes);

@@ -9,8 +9,8 @@
 
 namespace {
 
-/// The cell of a path. Files stay in the order in which they were listed: no sorting changes it, except that those
-/// about to be removed come last.
+/// The cell of a path. Sorting keeps the order in which files were added, but moves those about to be removed to the
+/// end.
 class PathItem : public QTableWidgetItem
 {
 public:
@@ -18,13 +18,13 @@ public:
 
     bool operator<(const QTableWidgetItem &other) const override
     {
-        return !goes && static_cast<const PathItem &>(other).goes; // appendRows() makes all cells of this column
+        return !goes && static_cast<const PathItem &>(other).goes; // appendRows() creates all cells of this column
     }
 
     bool goes = false;
 };
 
-/// For each row of the table, whether it has a selected cell.
+/// Returns for each row of the table whether it has a selected cell.
 QList<bool> selectedRows(const QTableWidget *table)
 {
     QList<bool> selected(table->rowCount(), false);
@@ -34,14 +34,14 @@ QList<bool> selectedRows(const QTableWidget *table)
     return selected;
 }
 
-/// Without touching the selection; the view scrolls to the row. -1: no row.
+/// Keeps the selection; the view scrolls to the row. -1 means no row.
 void makeCurrent(QTableWidget *table, int row)
 {
     table->setCurrentCell(row, table->currentColumn(), QItemSelectionModel::NoUpdate);
 }
 
-/// Moves the rows that go behind all others, which keep their order. The view's own marks move with their rows: the
-/// current cell, and the one from which Shift extends the selection.
+/// Moves the rows to be removed to the end; the others keep their order. The current cell, and the one from which Shift
+/// extends the selection, move with their rows.
 void moveToTheEnd(QTableWidget *table, const QList<bool> &goes)
 {
     for (int row = 0; row < goes.size(); ++row) {
@@ -75,12 +75,12 @@ void removeCurrentAndSelectedRows(QTableWidget *table)
     }
     const CurrentRowMove move = moveOfCurrentRow(goes, table->currentRow());
     if (move.lowest >= 0) {
-        makeCurrent(table, move.lowest); // before any row moves: the view scrolls by where the rows are now
+        makeCurrent(table, move.lowest); // before any row is moved, because the view scrolls to its current position
     }
     table->clearSelection();
     moveToTheEnd(table, goes);
     if (move.last > move.lowest) {
-        makeCurrent(table, 0); // all rows up to it go
+        makeCurrent(table, 0); // all rows before it are removed
     }
     table->setRowCount(table->rowCount() - removed);
 }

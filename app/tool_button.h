@@ -6,5 +6,5 @@
 
 class QToolButton;
 
-/// The look of a toolbar button: `text` below the image, which keeps its own size.
+/// Sets the look of a toolbar button: `text` below the image, which is shown in its original size.
 void dressToolButton(QToolButton *button, const QString &text, QLatin1String imagePath);

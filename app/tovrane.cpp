@@ -55,15 +55,15 @@ tovrane::tovrane(QWidget *parent) : QMainWindow(parent), ui(std::make_unique<Ui_
     new FrameLimiter(this);
     connectWidgets();
     ui->tableWidget_Files->setContextMenuPolicy(Qt::ActionsContextMenu);
-    // The closing parenthesis is missing on purpose: the toolkit rejects the rule and the table keeps its own colours.
+    // The closing parenthesis is missing on purpose: Qt rejects the rule and the table keeps its colours.
     ui->tableWidget_Files->setStyleSheet(QStringLiteral("background-color:rgb(122,122,122"));
     addTableActions();
-    g_bProcess = false; // whatever window is made: this is how the settings dialog ends a run
+    g_bProcess = false; // for any new window: this is how the settings dialog ends a run
     g_bMainWindowRun = false;
     InitAllChoice();
 }
 
-/// An engine that still runs is not touched: it finishes its file without the window.
+/// An engine that is running finishes its file without the window.
 tovrane::~tovrane() = default;
 
 void tovrane::placeOnScreen()
@@ -71,7 +71,8 @@ void tovrane::placeOnScreen()
     setGeometry(0, 0, width(), height());
     const QRect screen = QGuiApplication::screens().at(0)->geometry();
     const QPoint centred = screen.center() - rect().center();
-    // A screen that is too small shows the top left, where everything but the banner and the bar is.
+    // On a screen that is too small, show the top left part, which contains everything except the banner and the
+    // progress bar.
     move(std::max(centred.x(), screen.x()), std::max(centred.y(), screen.y()));
     setFixedSize(width(), height());
 }
@@ -84,7 +85,7 @@ void tovrane::connectWidgets()
     connect(ui->toolButton_Clear, &QToolButton::clicked, this, &tovrane::On_Button_ClearFile);
     connect(ui->toolButton_Setting, &QToolButton::clicked, this, &tovrane::On_Button_Setting);
     connect(ui->toolButton_Start, &QToolButton::clicked, this, &tovrane::On_Button_Start);
-    // A click that changes the row runs the slot twice, and a double click opens through two slots: on purpose.
+    // A click that changes the row runs the slot twice, and a double click runs two slots: on purpose.
     connect(ui->listWidget_Format, &QListWidget::clicked, this, &tovrane::On_ListWidget_ItemClicked);
     connect(ui->listWidget_Format, &QListWidget::currentRowChanged, this, &tovrane::On_ListWidget_ItemClicked);
     connect(ui->toolButton_Change, &QPushButton::clicked, this, &tovrane::On_Button_OutputFolder);
@@ -139,7 +140,7 @@ void tovrane::On_Button_About()
     dialog.exec();
 }
 
-/// The base class's handler is left out on purpose.
+/// The handler of the base class is not called on purpose.
 void tovrane::resizeEvent(QResizeEvent * /*event*/)
 {
     QTableWidget *table = ui->tableWidget_Files;

@@ -13,30 +13,30 @@ class QProcess;
 class QResizeEvent;
 class Ui_tovrane;
 
-/// The main window: the list of files, the kind of output, the output folder and the batch run over the list.
-/// Its sources are split by subject: construction and toolbar, format list and output folder, file list (app/), option
-/// string and batch run (conversion/).
+/// The main window: the list of files, the output kind, the output folder and the batch run. Its source files are split
+/// by subject: construction and toolbar, format list and output folder, file list (app/), option string and batch run
+/// (conversion/).
 class tovrane : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    /// Builds the window in its initial state. Every construction, shown or not, ends a batch run after its current
-    /// file and re-selects the saved kind of output, which stores that kind's default extension.
+    /// Constructs the window in its initial state. Every construction, even if the window is never shown, ends a batch
+    /// run after its current file and selects the saved output kind, which stores the default extension of that kind.
     explicit tovrane(QWidget *parent = nullptr);
     ~tovrane() override;
 
-    /// Output extension index to extension and back, see extensionOfIndex() and indexOfExtension().
+    /// Convert between output extension index and extension, see extensionOfIndex() and indexOfExtension().
     [[nodiscard]] QString FormatNumbertoString(int index) const;
     [[nodiscard]] int FormatStringtoNumber(const QString &extension) const;
 
-    /// The extension, with its dot, that the settings name now; empty when their number names none.
+    /// Returns the extension, with its dot, from the current settings; empty if its index is invalid.
     [[nodiscard]] QString GetOutputFormat() const;
 
-    /// Builds the engine option string from the settings as they are now.
+    /// Builds the engine option string from the current settings.
     QString GetSetParameter();
 
-    /// Stops the engine, if one was ever started, and puts the window back into the idle state.
+    /// Stops the engine, if one has been started, and returns the window to the idle state.
     void KillProcess();
 
     void InitAllChoice();
@@ -51,23 +51,23 @@ public Q_SLOTS:
     void On_Button_Setting();
     void On_Button_OutputFolder();
     bool On_Button_Start();
-    void On_Button_Browse(); ///< no control is connected to it
+    void On_Button_Browse(); ///< not connected to any control
     void On_ListWidget_ItemClicked();
-    bool ExeCmd(); ///< false only when there is no engine to start
+    bool ExeCmd(); ///< false only if there is no engine
     void ExeEnd();
-    void ClearnInfo(); ///< nothing calls it
+    void ClearnInfo(); ///< never called
     void On_TableWidget_DoubleClicked();
-    void resizeEvent(QResizeEvent *event) override; ///< a slot as well as the handler, on purpose
+    void resizeEvent(QResizeEvent *event) override; ///< also a slot, on purpose
     void openFile();
 
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
-    QString m_strParameter;    ///< the engine option string last built
-    QString m_strOutputFormat; ///< the output extension last read
+    QString m_strParameter;    ///< the most recent engine option string
+    QString m_strOutputFormat; ///< the most recent output extension
     std::unique_ptr<Ui_tovrane> ui;
-    QPointer<QProcess> m_pProcess; ///< the engine's process for the newest file; null once it has been released
+    QPointer<QProcess> m_pProcess; ///< the engine process for the most recent file; null after it has been released
     qint32 m_nCurrentRow = 0;      ///< the row being converted
 
 private:

@@ -6,9 +6,10 @@
 
 class QWidget;
 
-/// The image at another size, ignoring its aspect ratio, smoothly: what QImage::scaled() gives. An image whose rows are
-/// of one colour each is stretched as a single column, which takes a fraction of the time; every start waits for it.
+/// Scales the image smoothly, ignoring its aspect ratio. The result is that of QImage::scaled(), but an image in which
+/// each row has a single colour is scaled as a single column, which takes a fraction of the time and shortens the start
+/// of the program.
 [[nodiscard]] QImage stretched(const QImage &image, QSize size);
 
-/// Lays the background image, stretched to the window's size, under everything the window shows.
+/// Sets the background image, scaled to the size of the window, as the window's background.
 void paintBackground(QWidget *window);

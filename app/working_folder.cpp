@@ -10,7 +10,8 @@ namespace {
 
 constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
-/// True if `folder` exists afterwards, can be written, and is closed to everybody but its owner (it holds passwords).
+/// Creates `folder` if necessary. Returns true if it is writable and accessible only to its owner (it contains
+/// passwords).
 bool makePrivateFolder(const QString &folder)
 {
     const QFileInfo info(folder);
@@ -21,8 +22,8 @@ bool makePrivateFolder(const QString &folder)
     return info.isWritable() && QFile::setPermissions(folder, ownerOnly);
 }
 
-/// Makes `link` lead to `target`. A link that leads elsewhere (the program has moved) is replaced; a file of the user's
-/// is left alone.
+/// Makes `link` a link to `target`. A link to another target (the program has been moved) is replaced; other files are
+/// kept.
 void linkTo(const QString &target, const QString &link)
 {
     const QFileInfo info(link);
@@ -36,7 +37,7 @@ void linkTo(const QString &target, const QString &link)
 
 QString userWorkingFolder()
 {
-    // Not the application's name, which follows the name the program was started under.
+    // Not the application name, which depends on the name under which the program was started.
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
            QStringLiteral("/quorra-converter");
 }

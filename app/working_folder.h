@@ -3,12 +3,11 @@
 
 #include <QString>
 
-/// The folder of the user's own that takes the place of a program folder that cannot be written. It need not exist.
+/// Returns the private folder of the user that is used if the program folder is not writable. It need not exist.
 QString userWorkingFolder();
 
-/// The folder to work in, where the settings file and the engine are found by relative names. This is
-/// `programFolder`, the executable's own, wherever it can be written. Where it cannot, as in a system-wide
-/// installation, settings would be lost and shared: then it is `userFolder`, which is made on demand, readable by its
-/// owner alone, and given a link to the engine in `programFolder`. If that fails too, `programFolder` again: the
-/// program works there and keeps no settings.
+/// Returns the working folder, which contains the settings file and the engine. This is `programFolder`, the folder of
+/// the executable, if it is writable. Otherwise, as in a system-wide installation, it is `userFolder`, which is created
+/// if necessary, with access for its owner only and a link to the engine in `programFolder`. If that fails, too, it is
+/// `programFolder`: the program then works, but does not save settings.
 QString workingFolder(const QString &programFolder, const QString &userFolder);

@@ -12,7 +12,7 @@
 #include <QFileInfo>
 #include <QProcess>
 
-/// Stop makes the checks of Start before it looks at the flag, on purpose.
+/// Stop performs the checks of Start before it reads the flag, on purpose.
 bool tovrane::On_Button_Start()
 {
     if (ui->tableWidget_Files->rowCount() < 1) {
@@ -49,7 +49,7 @@ bool tovrane::ExeCmd()
     }
     m_pProcess = makeEngineProcess();
     m_strOutputFormat = GetOutputFormat();
-    m_strParameter = GetSetParameter(); // the settings as they are now, for each file anew
+    m_strParameter = GetSetParameter(); // read the settings again for each file
     const QString input = inputPathOfRow(m_nCurrentRow);
     const QString folder = ui->lineEdit_OutputPath->text();
     strOutputFileExist1 = outputPathOf(folder, input, QString(), m_strOutputFormat);
@@ -59,7 +59,7 @@ bool tovrane::ExeCmd()
     return true;
 }
 
-/// Starts the newest process for the current row; without such a row there is nothing to start, and it is released.
+/// Starts the most recent process for the current row. If there is no such row, releases the process.
 void tovrane::startEngine(const QString &command)
 {
     const int rows = ui->tableWidget_Files->rowCount();
@@ -69,7 +69,7 @@ void tovrane::startEngine(const QString &command)
     }
     m_pProcess->startCommand(command, QIODevice::ReadWrite);
     ui->progressBar->setMaximum(rows);
-    ui->progressBar->setValue(m_nCurrentRow + 1); // the file being converted counts already
+    ui->progressBar->setValue(m_nCurrentRow + 1); // includes the file being converted
     ui->tableWidget_Files->setCurrentCell(m_nCurrentRow, 0);
     connect(m_pProcess, &QProcess::finished, this, &tovrane::ExeEnd);
 }
@@ -80,7 +80,7 @@ QString tovrane::inputPathOfRow(int row) const
     return item == nullptr ? QString() : item->text();
 }
 
-/// The engine's result is not looked at: whatever became of a file, the next one follows.
+/// The result of the engine is ignored: the run continues with the next file.
 void tovrane::ExeEnd()
 {
     ++m_nCurrentRow;
@@ -88,7 +88,7 @@ void tovrane::ExeEnd()
         return;
     }
     if (m_nCurrentRow < ui->tableWidget_Files->rowCount()) {
-        ExeCmd(); // without an engine the run stands still until Stop, on purpose
+        ExeCmd(); // without an engine the run is stalled until Stop, on purpose
     } else {
         KillProcess();
     }
@@ -96,8 +96,8 @@ void tovrane::ExeEnd()
 
 void tovrane::KillProcess()
 {
-    g_bProcess = !g_bProcess; // first, so that the finished() of the kill finds the run stopped
-    if (m_pProcess) {         // none was ever made, or the last one has been released
+    g_bProcess = !g_bProcess; // first, so that finished() sees that the run has been stopped
+    if (m_pProcess) {         // otherwise none was created, or the last one has been released
         m_pProcess->kill();
         m_pProcess->close();
         while (m_pProcess->waitForFinished(30000)) {
@@ -123,7 +123,7 @@ void tovrane::ClearnInfo()
 {
     constexpr int statusColumn = 2;
     QTableWidget *table = ui->tableWidget_Files;
-    // The table has no such column. Without this test the items would land on the next rows' paths.
+    // The table has no such column. Without this check the items would replace paths in the following rows.
     if (table->columnCount() <= statusColumn) {
         return;
     }

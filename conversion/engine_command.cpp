@@ -22,7 +22,7 @@ outputPathOf(const QString &outputFolder, const QString &inputPath, const QStrin
 
 QString optionsForExtension(const QString &options, const QString &extension)
 {
-    // The one token without quotes, on purpose.
+    // The only token without quotes, on purpose.
     return extension == QLatin1String(".xml") ? options + QLatin1String(" -htmlformat") : options;
 }
 

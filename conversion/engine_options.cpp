@@ -11,11 +11,11 @@
 
 namespace {
 
-/// Stored word mode to the engine's numbering; the last three are swapped on purpose.
+/// The engine's numbers of the stored word modes; the last three are swapped on purpose.
 constexpr std::array engineWordModes{0, 1, 3, 4, 2};
 
-/// Stored compression to the engine's code. The two Class F rows send no option, although the engine has codes for them
-/// (88882 and 88883): on purpose.
+/// The engine's codes of the stored compressions. The two Class F rows send no option, although the engine has codes
+/// for them (88882 and 88883), on purpose.
 constexpr std::array engineCompressions{
     QLatin1String("1"), QLatin1String("3"),     QLatin1String("88884"), QLatin1String("4"),
     QLatin1String("5"), QLatin1String("32773"), QLatin1String(),        QLatin1String(),
@@ -24,7 +24,7 @@ constexpr std::array engineCompressions{
 constexpr QLatin1String monochrome("-mono");
 constexpr QLatin1String grayscale("-gray");
 
-/// One token in its own pair of quotes. A quote inside the text is not escaped.
+/// Encloses a token in quotes. A quote in the text is not escaped.
 QString quoted(const QString &token)
 {
     return QLatin1Char('"') + token + QLatin1Char('"');
@@ -51,13 +51,13 @@ QString numberOption(bool wanted, QLatin1String name, const QString &stored)
     return optionIf(wanted && number > 0, name, QString::number(number));
 }
 
-/// The white space around a password decides whether it counts as one, but is passed on with it.
+/// A password that consists of white space is ignored; otherwise surrounding white space is passed on.
 QString passwordOption(QLatin1String name, const QString &password)
 {
     return optionIf(!password.trimmed().isEmpty(), name, password);
 }
 
-/// The three plain bitmap formats fix their own depth, whatever is stored.
+/// The three portable bitmap formats have a fixed depth, which overrides the stored one.
 QString colorOption(const QString &stored, const QString &extension)
 {
     if (extension == QLatin1String(".pbm")) {

@@ -5,12 +5,12 @@
 
 struct EngineSettings;
 
-/// The number the engine knows a stored word mode by; 0 for a mode that does not exist.
+/// Returns the engine's number of a stored word mode; 0 for an invalid mode.
 [[nodiscard]] int engineWordMode(int stored);
 
-/// The engine's code of a stored compression; empty for those that send no option.
+/// Returns the engine's code of a stored compression; empty if no option is sent for it.
 [[nodiscard]] QString engineCompression(int stored);
 
-/// The engine option string for an output extension (with its dot, case-sensitive): fourteen fragments joined by single
-/// spaces, empty ones included, every token in double quotes and nothing escaped.
+/// Returns the engine option string for an output extension (with its dot, case-sensitive): fourteen fragments joined
+/// by single spaces, including empty ones. Each token is enclosed in double quotes, and nothing is escaped.
 [[nodiscard]] QString engineOptions(const EngineSettings &settings, const QString &extension);

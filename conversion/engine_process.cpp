@@ -6,9 +6,9 @@
 
 namespace {
 
-/// Every process object that still exists. Never destroyed: a window may be closed while its engine works on a file,
-/// and the object must then outlive window and application, since its destructor would kill the engine. Held here it
-/// stays reachable.
+/// All existing process objects. Never destroyed: a window may be closed while its engine is running, and the process
+/// object must then outlive the window and the application, because its destructor would kill the engine. The set keeps
+/// it reachable.
 QSet<QProcess *> &existingProcesses()
 {
     static auto *const processes = new QSet<QProcess *>;
@@ -28,9 +28,9 @@ QProcess *makeEngineProcess()
         }
     });
     QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
-    // The channels are separate and the process is started for reading and writing, but nothing reads what the engine
-    // prints. A pipe that nobody reads would block the engine when it is full, and QProcess, which does read it, would
-    // keep all of it in memory: with the null device behind both channels neither happens.
+    // The channels are separate and the process is started for reading and writing, but nothing reads the engine's
+    // output. A full pipe that nobody reads would block the engine, and QProcess, which does read it, would keep
+    // everything in memory. Redirecting both channels to the null device avoids this.
     process->setProcessChannelMode(QProcess::SeparateChannels);
     process->setStandardOutputFile(QProcess::nullDevice());
     process->setStandardErrorFile(QProcess::nullDevice());

@@ -3,7 +3,7 @@
 
 class QProcess;
 
-/// A process object for one run of the engine, not yet started. Its output goes to the null device on two separate
-/// channels, so that it cannot pile up in memory. The object has no parent; it releases itself after the process has
-/// finished or has failed to start, and is never destroyed while the process runs: that would kill it.
+/// Creates a process object for one run of the engine, without starting it. Both output channels are redirected to the
+/// null device, so that output does not accumulate in memory. The object has no parent; it deletes itself after the
+/// process has finished or failed to start, and is never destroyed while the process is running, which would kill it.
 [[nodiscard]] QProcess *makeEngineProcess();

@@ -29,7 +29,7 @@ constexpr std::array compressions{
     QLatin1String(QT_TRANSLATE_NOOP("Setting", "204x196 G3 Class F TIFF")),
 };
 
-/// The list for JPEG is the general one without its first row.
+/// The list for JPEG is this list without the first row.
 constexpr std::array colorDepths{
     QLatin1String(QT_TRANSLATE_NOOP("Setting", "1 Bit")), QLatin1String(QT_TRANSLATE_NOOP("Setting", "8 Bits")),
     QLatin1String(QT_TRANSLATE_NOOP("Setting", "24 Bits"))};
@@ -89,14 +89,15 @@ int wordModeRow(int stored, int count)
 int colorDepthRow(const QString &stored, int count)
 {
     const int row = stored.toInt();
-    // The fallback is not clipped to the short JPEG list: a stored 2 leaves that list without a selection, on purpose.
+    // The fallback is not limited to the shorter JPEG list: a stored 2 leaves that list without a selection, on
+    // purpose.
     return row >= 0 && row < count ? row : storedFullColor;
 }
 
 int compressionRow(const QString &stored, int count)
 {
     const int row = stored.toInt();
-    // One looser than the colour depth on purpose: a row equal to the count passes and selects nothing.
+    // In contrast to the colour depth, a row equal to the count is accepted and selects nothing, on purpose.
     return row >= 0 && row <= count ? row : 0;
 }
 

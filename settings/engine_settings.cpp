@@ -5,7 +5,7 @@
 
 EngineSettings readEngineSettings(const QSettings &settings)
 {
-    EngineSettings result; // holds the values of missing keys
+    EngineSettings result; // contains the defaults for missing keys
     const auto read = [&settings](QLatin1String key, QString &text) { text = settings.value(key, text).toString(); };
     result.wordMode = settings.value(store::key::wordMode, result.wordMode).toInt();
     read(store::key::tempName, result.tempName);

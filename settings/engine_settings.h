@@ -5,7 +5,7 @@
 
 class QSettings;
 
-/// The settings that reach the engine, in their stored form; the initial values are those of a missing key.
+/// The settings that are passed to the engine, in stored form; the initial values are the defaults for missing keys.
 struct EngineSettings
 {
     int wordMode = 0;
@@ -13,7 +13,7 @@ struct EngineSettings
     QString singleTempName = QStringLiteral("0");
     QString firstPage = QStringLiteral("0");
     QString lastPage = QStringLiteral("0");
-    QString outputKindRow = QStringLiteral("0"); ///< read with the others, no option comes of it
+    QString outputKindRow = QStringLiteral("0"); ///< read with the others, but not passed as an option
     QString resizePage = QStringLiteral("0");
     QString width = QStringLiteral("0");
     QString height = QStringLiteral("0");
@@ -27,5 +27,5 @@ struct EngineSettings
     QString masterPassword;
 };
 
-/// Reads all of them from an open store.
+/// Reads all settings from an open store.
 [[nodiscard]] EngineSettings readEngineSettings(const QSettings &settings);

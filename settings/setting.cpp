@@ -45,7 +45,7 @@ Setting::Setting(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui_Sett
     setFixedSize(470, 422);
     paintBackground(this);
     Init();
-    connectWidgets(); // after Init(), so that the first filling of the format box leaves the colour depth alone
+    connectWidgets(); // after Init(), so that filling the format box does not change the colour depth
     LoadParaInfo();
     disableUselessControls();
 }
@@ -63,7 +63,7 @@ void Setting::connectWidgets()
     connect(ui->comboBox_Format, &QComboBox::currentIndexChanged, this, &Setting::setColorBit);
 }
 
-/// Leaves the passwords and the state of the TIFF controls alone, on purpose: Reset keeps them.
+/// Does not change the passwords and the state of the TIFF controls, on purpose: Reset keeps them.
 void Setting::Init()
 {
     ui->textEdit_Example->setContextMenuPolicy(Qt::NoContextMenu);
@@ -106,7 +106,7 @@ void Setting::applyOutputKind()
     }
 }
 
-/// Only when the dialog opens; Reset does not come here.
+/// Called when the dialog opens, but not by Reset.
 void Setting::disableUselessControls()
 {
     const OutputKind *kind = outputKindOfStoredRow(storedKindRow());
@@ -138,7 +138,7 @@ void Setting::On_Button_Cancle_Click()
 void Setting::On_Button_Reset_Click()
 {
     Init();
-    // No kind has this row, so the TIFF controls end up disabled for every kind, on purpose.
+    // No kind has this row, so that the TIFF controls are always disabled, on purpose.
     DynimicUpdateTIFFChoice(storedKindRow() == QLatin1String("9"));
 }
 

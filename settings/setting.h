@@ -7,8 +7,8 @@
 
 class Ui_Setting;
 
-/// The modal dialog in which the conversion options are edited. It learns the kind of output from the settings store,
-/// fills its controls from there and writes everything back on "Apply"; nothing else is kept between two openings.
+/// The modal dialog for the conversion options. It reads the output kind and the contents of its controls from the
+/// settings store and writes everything back on "Apply"; it has no other persistent state.
 class Setting : public QDialog
 {
     Q_OBJECT
@@ -17,17 +17,17 @@ public:
     explicit Setting(QWidget *parent = nullptr);
     ~Setting() override;
 
-    /// Puts every control but the passwords into its default state for the current kind of output.
+    /// Sets all controls except the passwords to the defaults for the current output kind.
     void Init();
 
-    /// Copies the store into the controls. False, with the controls left as Init() set them, when the stored extension
-    /// index names no extension.
+    /// Loads the controls from the store. Returns false and keeps the state set by Init() if the stored extension index
+    /// is invalid.
     bool LoadParaInfo();
 
-    /// Copies the controls into the store.
+    /// Saves the controls to the store.
     void SaveParaInfo();
 
-    /// Enables or disables the two controls that only TIFF output uses.
+    /// Enables or disables the two controls that only apply to TIFF output.
     void DynimicUpdateTIFFChoice(bool on);
 
 public Q_SLOTS:

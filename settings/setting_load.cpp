@@ -11,7 +11,8 @@
 
 namespace {
 
-/// A pair of fields and the box that switches them on. The box's own slot hears clicks only, so both are set here.
+/// Loads a pair of fields and the check box that enables them. The slot of the check box only reacts to clicks, so the
+/// fields are enabled here.
 void loadPair(
     QCheckBox *box, QLineEdit *first, QLineEdit *second, const QString &flag, const QString &firstValue,
     const QString &secondValue)
@@ -30,12 +31,12 @@ bool Setting::LoadParaInfo()
 {
     EngineSettings stored;
     QString formatIndex;
-    { // all keys are read before the window below resets the extension index in the store
+    { // read all keys before the window below resets the stored extension index
         const QSettings settings = store::open();
         stored = readEngineSettings(settings);
         formatIndex = store::text(settings, store::key::converterFormat, QLatin1String(""));
     }
-    // A whole main window for one conversion, on purpose: making it also ends a running batch run.
+    // Constructs a main window just for this conversion, on purpose: this also ends a batch run.
     const tovrane window;
     const QString extension = window.FormatNumbertoString(formatIndex.toInt());
     if (extension.isEmpty()) {

@@ -9,12 +9,13 @@
 #include <array>
 #include <utility>
 
-/// The values of disabled and hidden controls are saved like all others.
+/// Disabled and hidden controls are saved like all others.
 void Setting::SaveParaInfo()
 {
     store::Writer settings;
     const QString extension = ui->comboBox_Format->currentText();
-    // Made before anything is written: making it resets the extension index in the store, which is then overwritten.
+    // Constructed before anything is written, because this resets the stored extension index, which is then
+    // overwritten.
     const tovrane window;
     const auto flag = [](const QCheckBox *box) { return store::flagText(box->isChecked()); };
     const auto row = [](const QComboBox *box) { return QString::number(box->currentIndex()); };

@@ -12,13 +12,13 @@ namespace {
 
 constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
 
-/// Gives the settings file back to those who owned it before it was replaced.
+/// Restores the owner and group that the settings file had before it was replaced.
 void restoreOwners(const QFileInfo &before)
 {
     const QByteArray path = QFile::encodeName(fileName);
     constexpr auto sameOwner = static_cast<uid_t>(-1);
-    // Only root may give a file away, but everybody may give it to a group of theirs. If that fails as well, whoever
-    // saved last owns the file: the system allows no more.
+    // Only root can change the owner of a file, but every user can change its group to one of their own. If that fails,
+    // too, the file belongs to the user who saved last.
     [[maybe_unused]] const bool isRestored = ::chown(path.constData(), before.ownerId(), before.groupId()) == 0 ||
                                              ::chown(path.constData(), sameOwner, before.groupId()) == 0;
 }
@@ -36,7 +36,7 @@ Writer::~Writer()
 {
     QFileInfo before(fileName);
     const bool isNew = !before.exists();
-    before.stat(); // now, while it is the old file
+    before.stat(); // reads the attributes before the file is replaced
     m_settings.sync();
     if (isNew) {
         QFile::setPermissions(fileName, ownerOnly);

@@ -5,16 +5,16 @@
 #include <QSettings>
 #include <QString>
 
-// The one settings file: its name, its keys and the only way to open it. Nothing read from it is kept: each operation
-// opens the store, reads or writes, and closes it again, so that a value written anywhere is seen by the next reader.
-// The spellings are those of the files that users already have.
+// The settings file: its name, its keys and the only way to open it. Nothing is cached: each operation opens the store,
+// reads or writes, and closes it again, so that a new value is visible to the next reader. The spelling of the keys
+// must not change, because users have existing files.
 namespace store {
 
 inline constexpr QLatin1String fileName("settingquorra.ini");
 
 namespace key {
 inline constexpr QLatin1String converterFormat("/SettingInfo/ConverterFormat");
-inline constexpr QLatin1String outputKindRow("/SettingInfo/ListWidgetCurrtentItemRow"); ///< spelt so on purpose
+inline constexpr QLatin1String outputKindRow("/SettingInfo/ListWidgetCurrtentItemRow"); ///< misspelled on purpose
 inline constexpr QLatin1String wordMode("/SettingInfo/WordMode");
 inline constexpr QLatin1String firstPage("/SettingInfo/FirstPage");
 inline constexpr QLatin1String lastPage("/SettingInfo/LastPage");
@@ -38,10 +38,9 @@ inline constexpr QLatin1String inputFolder("/SettingInfo/InputFolder");
 /// Opens the settings file of the current directory for reading.
 [[nodiscard]] QSettings open();
 
-/// An open settings file to write to; it is written back and closed when the object is destroyed. A file that is made
-/// then is closed to everybody but its owner, since it may hold passwords. A file that is there already keeps its mode
-/// and, as far as the system lets us, its owner and group, although the toolkit replaces it by a new one: users may
-/// have opened it to each other on purpose.
+/// A settings file open for writing; the destructor saves and closes it. A new file is accessible only to its owner,
+/// because it may contain passwords. An existing file keeps its mode and, if the system permits, its owner and group,
+/// although Qt replaces it by a new one: users may have shared it on purpose.
 class Writer
 {
 public:
@@ -56,16 +55,16 @@ private:
     QSettings m_settings;
 };
 
-/// Reads one text from an open store; a missing key gives `fallback`.
+/// Reads a text from an open store; returns `fallback` if the key is missing.
 [[nodiscard]] QString text(const QSettings &settings, QLatin1String key, QLatin1String fallback);
 
-/// Writes one text in an access of its own.
+/// Opens the store, writes a text and closes the store.
 void write(QLatin1String key, const QString &value);
 
-/// A stored flag is on only when it is exactly "1".
+/// Returns true if a stored flag is exactly "1".
 [[nodiscard]] bool isOn(const QString &flag);
 
-/// The stored form of a flag: "1" or "0".
+/// Returns the stored form of a flag: "1" or "0".
 [[nodiscard]] QString flagText(bool on);
 
 } // namespace store
