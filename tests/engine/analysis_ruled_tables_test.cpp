@@ -206,7 +206,7 @@ private Q_SLOTS:
         table.columnEdges = {0, 100, 200};
         table.rowEdges = {0, 20, 40, 60, 80};
         const auto add = [&table](int row, int column, const QString &text, double left, double right) {
-            Paragraph paragraph = test_text::paragraphOf(text);
+            Paragraph paragraph = testText::paragraphOf(text);
             paragraph.box = {left, 20.0 * row, right, 20.0 * row + 10};
             paragraph.alignment = row % 2 == 0 ? Alignment::Centre : Alignment::Left;
             Cell cell;

@@ -17,7 +17,7 @@ Word word(double left, double right, double baseline, double size, int rotation 
     made.baseline = baseline;
     Style style;
     style.size = size;
-    made.style = test_text::styled(style);
+    made.style = testText::styled(style);
     made.rotation = rotation;
     return made;
 }

@@ -138,7 +138,7 @@ Word placed(double left, double right, double baseline, double size)
     made.baseline = baseline;
     Style style;
     style.size = size;
-    made.style = test_text::styled(style);
+    made.style = testText::styled(style);
     return made;
 }
 
@@ -380,8 +380,8 @@ std::vector<Edge> paragraphEdges()
                 typewriter.fixedPitch = true;
                 Paragraph paragraph;
                 paragraph.lines = {
-                    test_text::lineOf(QString(fixed, QLatin1Char('a')), typewriter),
-                    test_text::lineOf(QString(100 - fixed, QLatin1Char('a')))};
+                    testText::lineOf(QString(fixed, QLatin1Char('a')), typewriter),
+                    testText::lineOf(QString(100 - fixed, QLatin1Char('a')))};
                 paragraph.lines.front().words.back().separator = Separator::LineBreak;
                 return isPreformatted(paragraph);
             }),

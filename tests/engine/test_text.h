@@ -8,7 +8,7 @@
 #include <vector>
 
 /// Text made by hand, as the analysis delivers it.
-namespace test_text {
+namespace testText {
 
 /// The style as an entry of a table that lives as long as the test program.
 inline quorra::model::StyleRef styled(const quorra::model::Style &style)
@@ -48,4 +48,4 @@ paragraphOf(const QString &text, const quorra::model::Style &style = {}, const Q
     return paragraph;
 }
 
-} // namespace test_text
+} // namespace testText

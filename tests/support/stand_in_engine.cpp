@@ -36,7 +36,7 @@
 
 namespace {
 
-std::uint32_t g_run = 0;
+std::uint32_t thisRun = 0;
 
 /// The folder of the engine's own file; main() sets it.
 std::string &ownFolder()
@@ -105,7 +105,7 @@ std::uint32_t takeRunNumber()
 void record(char kind, const std::string &payload)
 {
     const EngineLogHeader header{
-        kind, g_run, static_cast<std::uint32_t>(getpid()), static_cast<std::uint32_t>(payload.size())};
+        kind, thisRun, static_cast<std::uint32_t>(getpid()), static_cast<std::uint32_t>(payload.size())};
     std::string bytes(reinterpret_cast<const char *>(&header), sizeof header);
     bytes += payload;
     const int fd = open(inFolder("engine.log").c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
@@ -120,7 +120,7 @@ std::vector<std::string> wordsOfRun(const std::string &plan)
 {
     std::string line = "write";
     std::size_t start = 0;
-    for (std::uint32_t number = 0; start < plan.size() && number <= g_run; ++number) {
+    for (std::uint32_t number = 0; start < plan.size() && number <= thisRun; ++number) {
         const std::size_t end = std::min(plan.find('\n', start), plan.size());
         line = plan.substr(start, end - start);
         start = end + 1;
@@ -153,7 +153,7 @@ void shortPause()
 
 void waitForRelease()
 {
-    const std::string mine = inFolder("engine.release-") + std::to_string(g_run);
+    const std::string mine = inFolder("engine.release-") + std::to_string(thisRun);
     const std::string all = inFolder("engine.release-all");
     while (!exists(mine) && !exists(all)) {
         if (!exists(ownFolder())) {
@@ -224,7 +224,7 @@ int main(int argc, char **argv)
     const std::string plan = readAll(inFolder("engine.plan"));
     const bool quiet = plan.compare(0, 5, "quiet") == 0;
     if (!quiet) {
-        g_run = takeRunNumber();
+        thisRun = takeRunNumber();
         std::string arguments;
         for (int i = 1; i < argc; ++i) {
             arguments.append(argv[i]).push_back('\0');

@@ -13,7 +13,7 @@ class StoreTest : public QObject
 private Q_SLOTS:
     void initTestCase() { QVERIFY(QDir::setCurrent(m_folder.path())); }
     void cleanupTestCase() { QDir::setCurrent(QDir::rootPath()); }
-    void cleanup() { QFile::remove(fileName); }
+    void cleanup() { QFile::remove(m_fileName); }
     void readingMakesNoFile();
     void writesOneSectionInTheCurrentFolder();
     void passwordsArePlainText();
@@ -23,21 +23,21 @@ private Q_SLOTS:
     void flags();
 
 private:
-    QString fileName = QStringLiteral("settingquorra.ini");
+    QString m_fileName = QStringLiteral("settingquorra.ini");
     QTemporaryDir m_folder;
 };
 
 void StoreTest::readingMakesNoFile()
 {
     QCOMPARE(store::text(store::open(), store::key::width, QLatin1String("0")), QStringLiteral("0"));
-    QVERIFY(!QFile::exists(fileName));
+    QVERIFY(!QFile::exists(m_fileName));
 }
 
 void StoreTest::writesOneSectionInTheCurrentFolder()
 {
     store::write(store::key::outputKindRow, QStringLiteral("8"));
     store::write(store::key::converterFormat, QStringLiteral("20"));
-    QFile file(fileName);
+    QFile file(m_fileName);
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
     QCOMPARE(file.readAll(), QByteArray("[SettingInfo]\nConverterFormat=20\nListWidgetCurrtentItemRow=8\n"));
 }
@@ -45,7 +45,7 @@ void StoreTest::writesOneSectionInTheCurrentFolder()
 void StoreTest::passwordsArePlainText()
 {
     store::write(store::key::userPassword, QStringLiteral("geheim"));
-    QFile file(fileName);
+    QFile file(m_fileName);
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
     QCOMPARE(file.readAll(), QByteArray("[SettingInfo]\nUserPassword=geheim\n"));
 }

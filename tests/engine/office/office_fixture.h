@@ -39,7 +39,7 @@ addWord(model::Paragraph &paragraph, const QString &text, const model::Style &lo
     word.text = text;
     word.box = {left, line.box.top, left + 5 * static_cast<double>(text.size()), line.box.bottom};
     word.baseline = line.baseline;
-    word.style = test_text::styled(look);
+    word.style = testText::styled(look);
     word.link = link;
     line.words.push_back(word);
 }

@@ -50,7 +50,7 @@ model::Paragraph linesOf(int count, double left = 72, double top = 100)
         for (int i = 0; i < 10; ++i) {
             model::Word word;
             word.text = QStringLiteral("wordword");
-            word.style = test_text::styled(fixture::style());
+            word.style = testText::styled(fixture::style());
             word.box = {left + 45 * i, y, left + 45 * i + 40, y + 10};
             word.baseline = y + 8;
             made.words.push_back(word);

@@ -89,7 +89,7 @@ void OfficeSlidesTest::linksKeepTheirText()
     model::Style linked = fixture::style();
     linked.colour = 0x0000ff;
     for (const std::size_t word : {std::size_t(1), std::size_t(2)}) {
-        paragraph.lines[0].words[word].style = test_text::styled(linked);
+        paragraph.lines[0].words[word].style = testText::styled(linked);
         paragraph.lines[0].words[word].link = QStringLiteral("https://example.org/");
     }
     const QString text = slides(documentOf({paragraph}));
