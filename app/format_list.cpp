@@ -1,4 +1,5 @@
-// SPDX-License-Identifier: GPL-3.0-or-later The main window's output kind and output folder.
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window's output kind and output folder.
 #include "app/images.h"
 #include "app/output_extensions.h"
 #include "app/output_kinds.h"

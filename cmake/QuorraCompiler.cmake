@@ -1,11 +1,11 @@
-# Compiler settings in two interface targets: `quorra_warnings` for every target of ours, `quorra_qt_strict`
-# for those that use Qt.
+# Compiler settings as two interface targets: `quorra_warnings` for all targets, `quorra_qt_strict` for those that use
+# Qt.
 
 add_library(quorra_warnings INTERFACE)
 target_compile_options(quorra_warnings INTERFACE -Wall -Wextra -Wpedantic $<$<BOOL:${QUORRA_WERROR}>:-Werror>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND (QUORRA_SANITIZE OR QUORRA_SANITIZE_THREADS))
-  # The checks that a sanitizer adds hide from GCC that a variant's member is initialised, so this warning has false
-  # positives there. The plain build keeps it.
+  # With the checks added by a sanitizer, GCC does not see that a member of a variant is initialised, so this warning
+  # has false positives. It is enabled in other builds.
   target_compile_options(quorra_warnings INTERFACE -Wno-maybe-uninitialized)
 endif()
 
@@ -21,7 +21,7 @@ target_compile_definitions(quorra_qt_strict INTERFACE
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
 if(QUORRA_SANITIZE)
-  # -fno-sanitize=vptr: the system's PDF library is built without run-time type information for its private classes.
+  # -fno-sanitize=vptr: the system's PDF library has no run-time type information for its private classes.
   add_compile_options(-fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=undefined
     -fno-omit-frame-pointer -g1)
   add_link_options(-fsanitize=address,undefined)
@@ -45,7 +45,7 @@ if(QUORRA_FUZZ)
 endif()
 
 if(QUORRA_COVERAGE)
-  # Atomic: the engine's pages are drawn by several threads, whose counts would be lost otherwise.
+  # Atomic, because several threads of the engine count at the same time.
   add_compile_options(--coverage -fprofile-update=atomic -O0 -g1)
   add_link_options(--coverage)
 endif()

@@ -1,8 +1,8 @@
 # quorra_engine_room(NAME FOLDER folder SOURCES file... [SEES room...] [LIBRARIES target...])
 #
-# Adds the static library engine_NAME. What other rooms may include lies in FOLDER/include/FOLDER's name; everything else
-# in the folder is the room's own. A room sees the public headers of the rooms that it names with SEES, and of the rooms
-# that those see: an include of any other room does not compile. LIBRARIES are for this room alone.
+# Adds the static library engine_NAME. Its public headers are in include/NAME/; all other headers in the folder are
+# private. A room can include the public headers of the rooms listed after SEES, and of those that they see in turn; any
+# other include fails to compile. LIBRARIES are linked to this room only.
 function(quorra_engine_room name)
   cmake_parse_arguments(arg "" "" "SOURCES;SEES;LIBRARIES" ${ARGN})
   add_library(engine_${name} STATIC ${arg_SOURCES})

@@ -1,8 +1,8 @@
 # quorra_add_test(NAME LABELS label... [SOURCES file...] [LIBRARIES target...] [TIMEOUT seconds]
 #                 [ENVIRONMENT NAME=value...])
 #
-# Adds one test program (default source: NAME.cpp) and its CTest entry. Widgets are drawn offscreen unless the
-# environment says otherwise. A program that exits with 77 counts as skipped.
+# Adds a test program (default source: NAME.cpp) and its CTest entry. Widgets are rendered offscreen unless the
+# environment says otherwise. A program that exits with 77 is skipped.
 function(quorra_add_test name)
   cmake_parse_arguments(arg "" "TIMEOUT" "LABELS;SOURCES;LIBRARIES;ENVIRONMENT" ${ARGN})
   if(NOT arg_SOURCES)
@@ -24,7 +24,7 @@ endfunction()
 
 # quorra_add_script_test(NAME LABELS label... COMMAND program argument... [TIMEOUT seconds] [ENVIRONMENT NAME=value...])
 #
-# Adds a CTest entry for a script; same conventions.
+# Adds a CTest entry for a script, with the same conventions.
 function(quorra_add_script_test name)
   cmake_parse_arguments(arg "" "TIMEOUT" "LABELS;COMMAND;ENVIRONMENT" ${ARGN})
   if(NOT arg_TIMEOUT)

@@ -1,4 +1,5 @@
-// SPDX-License-Identifier: GPL-3.0-or-later The engine option string, as a member of the main window.
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The engine option string, as a member of the main window.
 #include "app/tovrane.h"
 #include "conversion/engine_options.h"
 #include "settings/engine_settings.h"

@@ -1,5 +1,5 @@
-# Run between the installation into the packing folder and the packing: what the desktop looks for goes to /usr, and
-# what serves the portable folder alone goes away.
+# Runs between installation to the staging folder and packaging: moves desktop files to /usr and removes what is only
+# needed in the portable folder.
 set(root "${CPACK_TEMPORARY_DIRECTORY}")
 set(program "${root}/opt/quorra-converter")
 

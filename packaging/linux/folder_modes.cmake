@@ -1,4 +1,4 @@
-# Folders are made with the packer's umask; a package must not depend on it.
+# Folders are created with the umask of the user who builds the package, on which the package must not depend.
 file(GLOB_RECURSE entries LIST_DIRECTORIES true "${CPACK_TEMPORARY_DIRECTORY}/*")
 foreach(entry "${CPACK_TEMPORARY_DIRECTORY}" ${entries})
   if(IS_DIRECTORY "${entry}" AND NOT IS_SYMLINK "${entry}")

@@ -1,5 +1,5 @@
-# The program looks for its engine and keeps its settings beside its own executable, so both lie at the top of a folder
-# of their own instead of in bin/.
+# The engine and the settings are in the folder of the program's executable, so the executables are at the top of a
+# separate folder instead of in bin/.
 if(CMAKE_INSTALL_PREFIX_INITIALIZED_TO_DEFAULT)
   set_property(CACHE CMAKE_INSTALL_PREFIX PROPERTY VALUE /opt/quorra-converter)
 endif()
@@ -24,9 +24,9 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${PROJECT_HOMEPAGE_URL}")
-# The libraries are found by looking at the executables. Named here is what the engine opens or starts by name: the
-# tables of Asian character sets, the fonts that documents without their own are drawn with, and the office suite
-# that writes Word, Excel and PowerPoint files.
+# The libraries are detected from the executables. This lists what the engine opens or starts by name: the tables of
+# Asian character sets, fonts for documents without embedded fonts, and the office suite that writes Word, Excel and
+# PowerPoint files.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "poppler-data, fonts-liberation, fonts-dejavu-core, \
 libreoffice-writer-nogui | libreoffice-writer, libreoffice-calc-nogui | libreoffice-calc, \

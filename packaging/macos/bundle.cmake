@@ -1,4 +1,4 @@
-# The bundle "Quorra Converter" with its engine beside the executable, on a disk image to drag it from.
+# The bundle "Quorra Converter", with the engine in the folder of the executable, on a disk image.
 set(icon "${CMAKE_CURRENT_LIST_DIR}/quorra-converter.icns")
 target_sources(quorra-converter PRIVATE "${icon}")
 set_source_files_properties("${icon}" TARGET_DIRECTORY quorra-converter PROPERTIES MACOSX_PACKAGE_LOCATION Resources)

@@ -1,5 +1,5 @@
-# What the packages hold, and that what they hold works: unpacked or installed, started as an ordinary user on a virtual
-# desktop, with a file converted. Sanitized programs are not packed: what they link is for this machine alone.
+# Tests the contents of the packages and that they work: the program is unpacked or installed, started as an ordinary
+# user on a virtual desktop, and converts a file. Not with sanitizers, whose libraries are specific to this machine.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 set(tests "${CMAKE_CURRENT_LIST_DIR}")
 set(packages "${CMAKE_BINARY_DIR}/packages")
