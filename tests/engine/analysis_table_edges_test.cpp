@@ -271,7 +271,7 @@ bool isRightAligned(int agreeing, int all)
     for (int i = 0; i < all; ++i) {
         Cell cell;
         cell.row = i;
-        Paragraph paragraph = test_text::paragraphOf(text);
+        Paragraph paragraph = testText::paragraphOf(text);
         const double right = i < agreeing ? 180 : 100 + 7 * i;
         paragraph.box = {right - 20 - 5 * i, 20.0 * i, right, 20.0 * i + 10};
         cell.paragraphs = {paragraph};
