@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Loaded into a program by LD_PRELOAD: reports on descriptor 3 when the program's first window has been painted, and
-// ends the program there. With QUORRA_PROBE_SETTING set it then opens the settings dialog as a click on its button
-// does, and reports how long that took until the dialog had been painted. The program itself stays as it is.
+// Loaded into a program with LD_PRELOAD: reports on descriptor 3 when the first window of the program has been painted,
+// and exits. If QUORRA_PROBE_SETTING is set, it first opens the settings dialog like a click on its button, and reports
+// the time until the dialog has been painted. The program itself is not modified.
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEvent>
@@ -34,7 +34,7 @@ public:
         }
         const bool first = !m_painted;
         m_painted = widget;
-        // The paint event only begins the painting; what is queued here runs when all of it is done.
+        // The paint event only starts the painting; what is queued here runs when it is complete.
         const auto next = [this, first]() { first ? firstWindowPainted() : dialogPainted(); };
         QMetaObject::invokeMethod(this, next, Qt::QueuedConnection);
         return false;
@@ -48,7 +48,7 @@ private:
         if (!button || !qEnvironmentVariableIsSet("QUORRA_PROBE_SETTING")) {
             ::_exit(0);
         }
-        // Whatever the program does after its first paint is not part of opening the dialog.
+        // What the program does after its first paint is not part of opening the dialog.
         QCoreApplication::processEvents();
         m_opening.start();
         button->click();

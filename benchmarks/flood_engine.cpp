@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An engine that prints 400 MB on each of its two channels: nobody reads them, so they must not pile up anywhere.
+// An engine that prints 400 MB on each of its two channels. Nobody reads them, so they must not accumulate anywhere.
 #include <array>
 #include <cstddef>
 

@@ -44,7 +44,7 @@ void writeAll(int descriptor, const char *bytes, std::size_t count)
     }
 }
 
-/// The child's part: neither an exception nor a destructor may run the parent's clean-up here.
+/// Runs in the child: neither exceptions nor destructors may run the parent's cleanup.
 [[noreturn]] void measureAndExit(const std::function<std::vector<double>()> &work, int resultEnd)
 {
     try {

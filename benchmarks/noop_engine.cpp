@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An engine that exits at once: what remains of a run is the cost of starting processes and of the window itself.
+// An engine that exits at once, so that a run only consists of starting processes and of the window's work.
 
 int main()
 {

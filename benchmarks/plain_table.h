@@ -8,19 +8,19 @@
 
 namespace benchmark {
 
-/// The floor of the file list's figures: a shown table of the same shape, used in the plainest fast way.
+/// The baseline for the file list: a visible table of the same size, used in the simplest fast way.
 class PlainTable
 {
 public:
     PlainTable();
 
-    /// One setRowCount, then the path and the size text of each file; sizes are read as the window reads them.
+    /// One setRowCount, then the path and the size text of each file; sizes are read like in the window.
     void fill(const QStringList &paths);
 
-    /// Takes all rows away at once.
+    /// Removes all rows at once.
     void clear() { m_table.setRowCount(0); }
 
-    /// Keeps the rows 1, 3, 5, ... by filling the emptied table with their texts again.
+    /// Keeps rows 1, 3, 5, ... by clearing the table and adding their texts again.
     void refillWithEveryOther();
 
 private:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The floor of the program start: a main window with the widgets and texts of the converter's, written down plainly.
-// No images, no settings, no style sheets, no connections.
+// The baseline for the program start: a main window with the same widgets and texts, but without images, settings,
+// style sheets and connections.
 #include <QAction>
 #include <QApplication>
 #include <QFrame>

@@ -8,7 +8,7 @@
 
 namespace benchmark {
 
-/// One line of the table, as texts; `met` says whether the target was reached.
+/// A line of the table; `met` tells whether the target was reached.
 struct Row
 {
     std::string figure;
@@ -19,19 +19,19 @@ struct Row
     bool met = false;
 };
 
-/// A line whose ratio ours : floor may be at most `limit`. Sides of 0 (not measured) give a line that says so.
+/// A line whose ratio to the baseline may be at most `limit`. Measurements of 0 are shown as not measured.
 Row ratioRow(const std::string &figure, const std::string &unit, const Sides &sides, double limit);
 
-/// A line about memory in KiB: what was used before, and the highest use after; it may grow by less than `limitKib`.
+/// A line for memory in KiB: usage before, and peak usage after; it must grow by less than `limitKib`.
 Row memoryRow(const std::string &figure, double beforeKib, double peakKib, double limitKib);
 
 /// A line for a figure that could not be measured.
 Row failedRow(const std::string &figure);
 
-/// The machine, the day and the toolkit's version, one line each.
+/// The machine, the date and the Qt version, one line each.
 std::string machineText();
 
-/// The lines as a Markdown table, its columns padded so that it also reads well in a terminal.
+/// The lines as a Markdown table, with padded columns to be readable in a terminal.
 std::string tableText(const std::vector<Row> &rows);
 
 } // namespace benchmark

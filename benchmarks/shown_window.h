@@ -14,8 +14,8 @@ class tovrane;
 
 namespace benchmark {
 
-/// An application with the converter's main window shown, working in `folder`, which becomes the current directory
-/// (the window finds its settings and its engine there). One per process.
+/// An application that shows the main window. `folder` becomes the current directory, in which the window finds its
+/// settings and its engine. One per process.
 class ShownWindow
 {
 public:
@@ -23,19 +23,19 @@ public:
 
     QTableWidget *table() const { return m_table; }
 
-    /// Drops the files on the window as a drag from another program does.
+    /// Drops the files on the window like a drag from another program.
     void drop(const QList<QUrl> &urls);
 
-    /// Presses one of the toolbar's buttons, by object name.
+    /// Presses a toolbar button, given by its object name.
     void press(const char *buttonName);
 
-    /// Presses Start with `outputFolder` in its line and handles events until the run has ended.
+    /// Enters `outputFolder`, presses Start and processes events until the run has ended.
     void run(const QString &outputFolder);
 
-    /// Handles the events that wait, paint events among them.
+    /// Processes pending events, including paint events.
     static void handleEvents();
 
-    /// Handles events until the window is at rest and has drawn all, so that the next change is drawn at once.
+    /// Processes events until the window is idle and fully painted, so that the next change is painted at once.
     static void settle();
 
 private:
@@ -49,10 +49,10 @@ private:
     QTableWidget *m_table;
 };
 
-/// Makes `count` small files named like PDF files in `folder` and returns their addresses.
+/// Creates `count` small files with PDF names in `folder` and returns their URLs.
 QList<QUrl> makeFiles(const std::string &folder, int count);
 
-/// Copies an engine into `folder` under the name the window looks for.
+/// Copies an engine to `folder` under the name that the window expects.
 void placeEngine(const std::string &engine, const std::string &folder);
 
 } // namespace benchmark

@@ -8,7 +8,7 @@
 
 namespace benchmark {
 
-/// The programs that the figures start, as absolute paths.
+/// Absolute paths of the programs to start.
 struct Programs
 {
     std::string converter;
@@ -18,13 +18,13 @@ struct Programs
     std::string floodEngine;
 };
 
-// Each function measures one or two lines of the table. `folder` is an empty folder of the function's own in the
-// memory file system. All but startFigures() show the converter's window in a child process of this one.
+// Each function measures one or two lines of the table. `folder` is an empty folder in the memory file system. All
+// functions except startFigures() show the window in a child process.
 
-/// A run over 1,000 files against starting the same engine 1,000 times.
+/// A run over 1,000 files, compared with starting the same engine 1,000 times.
 Row runFigure(const Programs &programs, const std::string &folder);
 
-/// Program start to first paint, and the settings dialog's first opening.
+/// Time from program start to first paint, and for opening the settings dialog.
 std::vector<Row> startFigures(const Programs &programs, const std::string &folder);
 
 /// Dropping 20,000 files.

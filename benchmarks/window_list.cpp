@@ -12,8 +12,8 @@ namespace {
 
 using Side = std::function<double()>;
 
-/// Shows the window and a plain table with room for `count` files in one child process, and lets `sidesOf` make the
-/// two sides to be measured in turn.
+/// Shows the window and a plain table for `count` files in a child process, and measures the two functions returned by
+/// `sidesOf` alternately.
 Row listFigure(
     const std::string &figure, const std::string &folder, int count, int rounds, double limit,
     const std::function<Sides(ShownWindow &, PlainTable &, const QList<QUrl> &, int)> &measure)
@@ -21,7 +21,7 @@ Row listFigure(
     const std::vector<double> medians = inOwnProcess([&] {
         ShownWindow window(folder);
         PlainTable plain;
-        // Many rows may stand for the same few files: what is measured is the rows.
+        // Many rows may refer to the same few files: only rows are measured.
         const QList<QUrl> files = makeFiles(folder, std::min(count, 20'000));
         QList<QUrl> urls;
         while (urls.size() < count) {
@@ -33,7 +33,7 @@ Row listFigure(
     return medians.size() == 2 ? ratioRow(figure, "ms", {medians[0], medians[1]}, limit) : failedRow(figure);
 }
 
-/// Selects rows 0, 2, 4, ... with row 1 current, which is thus removed as well.
+/// Selects rows 0, 2, 4, ...; row 1 is current and therefore also removed.
 void selectEveryOther(QTableWidget *table)
 {
     QItemSelection rows;
@@ -44,7 +44,7 @@ void selectEveryOther(QTableWidget *table)
     table->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
 }
 
-/// A measurement counts only when it left the number of rows it should.
+/// A measurement is valid only if the number of rows is correct afterwards.
 double checked(double time, const QTableWidget *table, qsizetype rows)
 {
     return table->rowCount() == rows ? time : 0;

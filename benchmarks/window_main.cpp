@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Prints one table of what the converter's window costs, each figure beside the floor measured in the same run.
-// Figures may be picked by name: run start drop clear delete memory.
+// Prints a table of the window's speed and memory, compared with baselines measured in the same run. Figures can be
+// selected by name: run start drop clear delete memory.
 #include "window_figures.h"
 
 #include <algorithm>
@@ -40,7 +40,7 @@ int measureAll(const std::vector<std::string> &wanted)
     const MemoryFolder memory;
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     ::setenv("XDG_RUNTIME_DIR", memory.path().c_str(), 1); // else the toolkit complains at each start
-    // The file table has a style sheet that the toolkit warns about, at each start and rightly.
+    // Qt warns about the style sheet of the file table at each start, which is expected.
     ::setenv("QT_LOGGING_RULES", "default.warning=false", 1);
     std::vector<Row> rows;
     for (const Figure &figure : figures) {

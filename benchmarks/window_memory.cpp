@@ -8,7 +8,7 @@ namespace benchmark {
 
 namespace {
 
-/// The highest resident memory during a run over `count` files, against that just before Start was pressed.
+/// Peak resident memory during a run over `count` files, compared with that just before pressing Start.
 Row memoryOverRun(const std::string &figure, const std::string &engine, const std::string &folder, int count)
 {
     placeEngine(engine, folder);

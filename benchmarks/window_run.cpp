@@ -12,7 +12,7 @@ namespace benchmark {
 
 namespace {
 
-/// Starts the engine in the current directory with a converter's arguments and waits for its end, `count` times.
+/// Starts the engine in the current directory with the window's arguments and waits until it exits, `count` times.
 void spawnAndWait(int count)
 {
     char engine[] = "./Qtminw";

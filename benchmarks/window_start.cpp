@@ -13,7 +13,7 @@ namespace benchmark {
 
 namespace {
 
-/// What the probe inside a started program reported; a time of 0 was not reported.
+/// The report of the probe in a started program; a time of 0 was not reported.
 struct Start
 {
     double firstPaint = 0;
@@ -32,7 +32,7 @@ std::vector<std::string> probedEnvironment(const std::string &probe, bool openDi
     return variables;
 }
 
-/// Starts a program with the reporting pipe as its descriptor 3; -1 when it cannot be started.
+/// Starts a program with the pipe for reports as descriptor 3. Returns -1 if it cannot be started.
 pid_t spawn(const std::string &program, std::vector<std::string> environment, int reportEnd)
 {
     std::vector<char *> variables;
@@ -86,7 +86,7 @@ Start measureStart(const std::string &program, const std::string &probe, bool op
 std::vector<Row> startFigures(const Programs &programs, const std::string &folder)
 {
     constexpr int rounds = 31;
-    // The program writes its settings beside its own executable: into the memory file system with it.
+    // The program writes its settings to the folder of its executable, so copy it to the memory file system.
     const std::string converter = folder + "/quorra-converter";
     std::filesystem::copy_file(programs.converter, converter);
     std::vector<double> dialogs;

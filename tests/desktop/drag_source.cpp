@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A window to drag files out of: the files named on the command line, as a file manager offers them. It tells on
-// standard output how far the drag has come, so that the test that moves the pointer can wait for each step.
+// A window that acts as the source of a drag: it offers the files given on the command line like a file manager. It
+// reports each step of the drag on standard output, so that the test that moves the pointer can wait for it.
 #include <QApplication>
 #include <QDrag>
 #include <QLabel>

@@ -31,8 +31,8 @@ bool leaderWasThere = false;
 
 } // namespace
 
-/// Stands before the C library's function: sees whether the number of a killed group still belongs to its leader, also
-/// a dead one that was not waited for.
+/// Replaces the C library's function: checks whether the ID of a killed group still belongs to its leader, which may be
+/// a zombie.
 extern "C" int kill(pid_t target, int number) noexcept
 {
     if (target < 0 && number == SIGKILL) {
@@ -43,7 +43,7 @@ extern "C" int kill(pid_t target, int number) noexcept
 }
 #endif
 
-/// Runs the same with the platform's own functions and with the portable ones.
+/// Runs the same tests with the functions of the platform and with the portable ones.
 class ChildProcessTest : public QObject
 {
     Q_OBJECT
@@ -97,13 +97,13 @@ bool becomesTrue(const std::function<bool()> &condition)
     return condition();
 }
 
-/// Writes the shell's own number into the file so that nobody reads half of it.
+/// Atomically writes the shell's process ID to the file.
 std::string noteNumber(const std::string &name)
 {
     return "echo $$ > " + name + ".part; mv " + name + ".part " + name + "; ";
 }
 
-/// The process ended; its parent, dying itself, may have waited for it before this one could.
+/// The process has exited; its dying parent may have reaped it.
 bool isGone(pid_t process)
 {
     return becomesTrue([process] {
@@ -116,7 +116,7 @@ bool isGone(pid_t process)
 void ChildProcessTest::initTestCase()
 {
 #ifdef __linux__
-    // Processes whose parents ended become children of this one, which can then see how they end.
+    // Orphaned processes become children of this one, which can then see when they exit.
     QCOMPARE(prctl(PR_SET_CHILD_SUBREAPER, 1), 0);
 #else
     QSKIP("adopting processes is not possible here");
@@ -131,7 +131,7 @@ void ChildProcessTest::init()
 
 void ChildProcessTest::cleanup()
 {
-    // Killed ones may take a while to arrive here.
+    // Killed processes may take a while to be reparented.
     QVERIFY(becomesTrue([] { return waitpid(-1, nullptr, WNOHANG) < 0; }));
     m_folder.reset();
 }
@@ -188,7 +188,7 @@ void ChildProcessTest::tellsThatItCouldNotStart()
 
 void ChildProcessTest::endsAtTheWallLimit()
 {
-    // A child that ignores every polite signal.
+    // A child that ignores all signals that can be ignored.
     ChildCommand command = shell(m_folder->path(), "trap '' TERM INT HUP; while :; do sleep 1; done");
     command.wallLimit = 200ms;
     QElapsedTimer timer;
@@ -245,7 +245,7 @@ void ChildProcessTest::killsTheGroupBeforeItsNumberIsFree()
 void ChildProcessTest::leavesNoProcessOfItsOwn()
 {
     QCOMPARE(runChild(shell(m_folder->path(), "exit 0")).end, ChildEnd::Exited);
-    // Neither the command nor a helper that watched over it.
+    // Neither the command nor its watcher.
     QCOMPARE(waitpid(-1, nullptr, WNOHANG), -1);
     QCOMPARE(errno, ECHILD);
 }
@@ -254,7 +254,7 @@ void ChildProcessTest::diesWithItsParent()
 {
     const pid_t parent = fork();
     if (parent == 0) {
-        // Twice, as for a command that asks to be started again.
+        // Twice, like a command that requests a restart.
         runChild(shell(m_folder->path(), "exit 0"));
         runChild(shell(m_folder->path(), noteNumber("child") + "exec sleep 600"));
         _exit(0);

@@ -154,7 +154,7 @@ void CoreOptionsTest::refused()
 
 void CoreOptionsTest::failureShowsNoArgument()
 {
-    // A password with a quote in it arrives in pieces, which must not be printed.
+    // A password that contains a quote arrives in pieces, which must not be printed.
     try {
         parseOptions({"-upw", "first", "secret", "-call", "a", "b"});
         QFAIL("accepted");
@@ -208,7 +208,7 @@ void CoreOptionsTest::range_data()
     QTest::addColumn<int>("pages");
     QTest::addColumn<int>("expectedFirst");
     QTest::addColumn<int>("expectedLast");
-    // 0 stands for an absent option, an expected 0 for a refusal.
+    // 0 is an absent option; an expected 0 means that the value is rejected.
     QTest::newRow("all") << 0 << 0 << 9 << 1 << 9;
     QTest::newRow("from") << 4 << 0 << 9 << 4 << 9;
     QTest::newRow("to") << 0 << 4 << 9 << 1 << 4;

@@ -28,7 +28,7 @@ constexpr std::uint64_t megaByte = 1 << 20;
 constexpr int skipped = 77;
 constexpr uid_t userWithoutProcesses = 64321;
 
-/// Lets nobody past before so many threads have come.
+/// Blocks until a number of threads have arrived.
 class Meeting
 {
 public:
@@ -64,15 +64,15 @@ void shareHundredPages(const PageSource &next, Shared &shared)
     }
 }
 
-/// Runs as a process of its own, which may have so many threads, this one among them.
+/// Runs as a separate process with a limit on its threads, including this one.
 int runUnderLimit(int mostThreads)
 {
     const rlimit limit{static_cast<rlim_t>(mostThreads), static_cast<rlim_t>(mostThreads)};
-    // The limit counts all processes of a user, and does not bind root.
+    // The limit applies to all processes of a user, but not to root.
     if (setrlimit(RLIMIT_NPROC, &limit) != 0 || (geteuid() == 0 && setuid(userWithoutProcesses) != 0)) {
         return skipped;
     }
-    // The calling thread comes last. Until then the others stay, so that none takes the place of one that has ended.
+    // The calling thread is last. Until then the others wait, so that none replaces one that has exited.
     const std::thread::id caller = std::this_thread::get_id();
     std::atomic<bool> allStarted{false};
     Shared shared;
@@ -185,7 +185,7 @@ private Q_SLOTS:
             QCOMPARE(limited.exitCode(), 0);
             const QList<QByteArray> answer = limited.readAllStandardOutput().split(' ');
             QCOMPARE(answer.size(), 2);
-            // An ordinary user has other processes, a sanitizer threads of its own.
+            // An ordinary user has other processes, and sanitizers have additional threads.
             QVERIFY(answer[0].toInt() >= 1 && answer[0].toInt() <= most);
             QCOMPARE(answer[1].toInt(), 5050);
         }
@@ -227,7 +227,7 @@ private Q_SLOTS:
 
     void knowsHowMuchMemoryIsLeft()
     {
-        // The engine's own limit counts, as this process has none.
+        // The engine's limit applies, because this process has none.
         const std::uint64_t left = memoryLeft();
         QVERIFY(left > 0 && left < 1024 * megaByte);
 #ifdef Q_OS_LINUX

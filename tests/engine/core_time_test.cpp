@@ -13,7 +13,7 @@
 using namespace quorra;
 using namespace std::chrono_literals;
 
-/// How much processor time a conversion may take, and that a page which takes more is noticed.
+/// The processor time limits of a conversion, and the detection of pages that exceed them.
 class CoreTimeTest : public QObject
 {
     Q_OBJECT
@@ -40,7 +40,7 @@ void noteSlowPage(int, siginfo_t *info, void *)
     slowPage = info->si_code == SI_TIMER ? info->si_value.sival_int : -1;
 }
 
-/// Catches the signal in place of the engine's handler, which ends the process.
+/// Catches the signal instead of the engine's handler, which exits.
 class CaughtSignal
 {
 public:
@@ -75,7 +75,7 @@ std::chrono::nanoseconds threadTime()
     return std::chrono::seconds{time.tv_sec} + std::chrono::nanoseconds{time.tv_nsec};
 }
 
-/// Works for so much processor time of this thread, or until a slow page was noticed.
+/// Uses an amount of processor time in this thread, or until a slow page is detected.
 void work(std::chrono::milliseconds time)
 {
     const auto end = threadTime() + time;
@@ -198,7 +198,7 @@ void CoreTimeTest::watchesOverEachThread()
 #endif
     const CaughtSignal caught;
     allowPageTime(200ms);
-    // Together they take more, but neither does.
+    // Together they exceed the limit, but neither does alone.
     const auto drawPage = [](int page) {
         const PageTime time(page);
         work(120ms);

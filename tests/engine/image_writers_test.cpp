@@ -41,7 +41,7 @@ PictureInfo infoOf(int width, int height, ColourDepth depth)
     return info;
 }
 
-/// A picture whose neighbouring bytes differ, so that it packs badly and a sink is asked early and often.
+/// A picture whose adjacent bytes differ, so that it compresses badly and the sink is called early and often.
 struct Noise
 {
     std::vector<std::uint8_t> bytes;
@@ -71,7 +71,7 @@ void ownHandler(const char *, const char *, va_list)
     ++ownHandlerCalls;
 }
 
-/// The process's handlers of TIFF messages while this object lives.
+/// Sets the process-wide handlers of TIFF messages while the object exists.
 struct OwnHandlers
 {
     TIFFErrorHandler errors = TIFFSetErrorHandler(ownHandler);
@@ -128,7 +128,7 @@ private Q_SLOTS:
         QCOMPARE(calls, goodCalls + 1); // a sink that has failed is left alone
     }
 
-    // Under the leak sanitizer this also shows that a constructor that fails frees what the library allocated.
+    // With the leak sanitizer, this also checks that a failing constructor frees the library's memory.
     void refusesSizesThatTheFormatDoesNotKnow()
     {
         const ByteSink drop = [](std::string_view) {};
@@ -177,7 +177,7 @@ private Q_SLOTS:
         QCOMPARE(decoded(picture).size(), QSize(150, 80));
     }
 
-    // A document waits for its pictures in memory: they must not keep room for unpacked pixels.
+    // The pictures of a document are kept in memory: they must not have spare capacity.
     void keepsNoMoreMemoryThanTheBytes()
     {
         const std::vector<std::uint8_t> white(std::size_t{1000} * 1000, 0xff);
@@ -193,7 +193,7 @@ private Q_SLOTS:
         QVERIFY(encodePicture(wide.raster, {0, 0, 70000, 6}).bytes.isEmpty());
     }
 
-    // Files are written in several threads at a time: what belongs to the process must stay as it is.
+    // Files are written by several threads in parallel: process-wide handlers must not change.
     void leavesTheProcessItsTiffMessageHandlers()
     {
         const QTemporaryDir folder;

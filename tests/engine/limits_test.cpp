@@ -21,7 +21,7 @@
 
 using namespace quorra;
 
-/// How the engine says what the system ended it for. Each case ends a process of its own.
+/// How the engine reports fatal signals. Each case terminates a separate process.
 class LimitsTest : public QObject
 {
     Q_OBJECT
@@ -40,7 +40,7 @@ struct End
     QByteArray line;
 };
 
-/// Runs the action in a process that has the engine's handlers and little memory.
+/// Runs the action in a process with the engine's handlers and little memory.
 End endOf(const std::function<void()> &action)
 {
     std::array<int, 2> ends{};
@@ -73,7 +73,7 @@ End endOf(const std::function<void()> &action)
 
 constexpr std::size_t tooMuch = std::size_t{1} << 40;
 
-/// A failed request for memory that nothing catches, as in a destructor.
+/// A failed allocation that is not caught, as in a destructor.
 void requestTooMuch() noexcept
 {
     std::vector<char> memory(tooMuch);

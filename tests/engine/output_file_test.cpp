@@ -31,7 +31,7 @@ using namespace quorra;
 
 namespace {
 
-// What the functions below saw and do.
+// The state of the functions below.
 std::vector<std::string> &calls()
 {
     static std::vector<std::string> seen;
@@ -41,7 +41,7 @@ std::vector<std::string> &calls()
 int killAtCall = 0;           ///< counted from 1; 0: never
 const char *failingCall = ""; ///< the next call of this name fails with EIO
 
-/// True when the call shall fail.
+/// Returns true if the call should fail.
 [[maybe_unused]] bool noteCall(const char *name)
 {
     calls().emplace_back(name);
@@ -59,8 +59,8 @@ const char *failingCall = ""; ///< the next call of this name fails with EIO
 } // namespace
 
 #ifdef __linux__
-// These stand before the C library's functions. Each call is noted before and after it was done, so that a kill can hit
-// both moments.
+// These replace the C library's functions. Each call is recorded before and after it is executed, so that the process
+// can be killed at both moments.
 namespace {
 
 int duplicate = -1; ///< what dup() gave last
@@ -119,7 +119,7 @@ extern "C" int close(int descriptor)
 }
 #endif
 
-/// Runs the same with the platform's own functions and with the portable ones.
+/// Runs the same tests with the functions of the platform and with the portable ones.
 class OutputFileTest : public QObject
 {
     Q_OBJECT
@@ -159,7 +159,7 @@ private:
 
 namespace {
 
-/// The failure's line; empty when there was none. Every failure must be CannotWrite.
+/// The message of the failure; empty if there was none. All failures must be CannotWrite.
 std::string failureOf(const std::function<void()> &action)
 {
     try {
@@ -175,7 +175,7 @@ bool contains(const std::string &text, const std::string &part)
     return text.find(part) != std::string::npos;
 }
 
-/// Lets no file grow beyond so many bytes, as a full disk would.
+/// Limits the size of files, like a full disk.
 class SizeLimit
 {
 public:
@@ -347,7 +347,7 @@ void OutputFileTest::failsWhereItCannotBegin()
 void OutputFileTest::failsInAFolderThatIsReadOnly()
 {
     put("out", "old");
-    // Root may write everywhere: a process of another user looks.
+    // Root can write everywhere, so use a process of another user.
     const pid_t child = fork();
     if (child == 0) {
         constexpr uid_t nobody = 65534;
@@ -470,7 +470,7 @@ void OutputFileTest::syncsTheFolder()
     const std::string line = failureOf([&] { syncFolderOf(path()); });
     QVERIFY2(contains(line, std::strerror(EIO)), line.c_str());
 #endif
-    // A folder that cannot be opened cannot be synced, which is no failure of the output.
+    // A folder that cannot be opened cannot be synced, which is not an error.
     syncFolderOf("/nowhere/out");
 }
 

@@ -8,7 +8,7 @@
 
 #include <string>
 
-/// Pages made by hand, as the PDF room delivers them.
+/// Pages made by hand, as the PDF module delivers them.
 class PageMaker
 {
 public:
@@ -19,7 +19,8 @@ public:
         m_page.height = height;
     }
 
-    /// Writes the words of a text from x on, each letter half the size wide; returns where the text ends.
+    /// Adds the words of a text, starting at x, with characters half as wide as the font size; returns the end of the
+    /// text.
     double text(double x, double baseline, const QString &text, double size = 10)
     {
         quorra::model::Style style;
@@ -65,7 +66,7 @@ public:
 
     void rule(double x1, double y1, double x2, double y2) { m_page.rules.push_back({x1, y1, x2, y2, 0.5, 0}); }
 
-    /// All lines of a grid with these edges.
+    /// Adds all lines of a grid with these edges.
     void grid(const std::vector<double> &xs, const std::vector<double> &ys)
     {
         for (const double y : ys) {
@@ -84,7 +85,7 @@ private:
     quorra::model::RawPage m_page;
 };
 
-/// Prose of that many lines, none like another, all about as long as the column is wide.
+/// Adds different lines of prose, all about as wide as the column.
 inline QStringList prose(int lines, const QString &mark = QStringLiteral("alpha"))
 {
     QStringList texts;
@@ -108,7 +109,7 @@ inline QStringList paragraphTexts(const quorra::model::Document &document)
     return texts;
 }
 
-/// The first table of the first page; null without one.
+/// The first table of the first page; null if there is none.
 inline const quorra::model::Table *firstTable(const quorra::model::Document &document)
 {
     for (const auto &section : document.pages.front().sections) {
@@ -121,7 +122,7 @@ inline const quorra::model::Table *firstTable(const quorra::model::Document &doc
     return nullptr;
 }
 
-/// A cell's text by its place; "(none)" where no cell begins.
+/// The text of the cell at this position; "(none)" if no cell begins there.
 inline QString cellText(const quorra::model::Table &table, int row, int column)
 {
     for (const auto &cell : table.cells) {
@@ -136,7 +137,7 @@ inline QString cellText(const quorra::model::Table &table, int row, int column)
     return QStringLiteral("(none)");
 }
 
-/// The cell that begins at this place; null when none does.
+/// The cell that begins at this position; null if there is none.
 inline const quorra::model::Cell *cellAt(const quorra::model::Table &table, int row, int column)
 {
     for (const quorra::model::Cell &cell : table.cells) {
@@ -147,7 +148,7 @@ inline const quorra::model::Cell *cellAt(const quorra::model::Table &table, int 
     return nullptr;
 }
 
-/// Three columns of words and numbers without any line.
+/// Three columns of words and numbers without rules.
 inline PageMaker plainTable()
 {
     PageMaker page;

@@ -67,7 +67,7 @@ class PdfPicturesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // The library makes them with the first graphics state, without a lock: they must be there before threads draw.
+    // The library creates them with the first graphics state, without a lock: they must exist before threads draw.
     void makesTheColourProfilesWhenADocumentIsOpened()
     {
         QVERIFY(!GfxState::sRGBProfile);

@@ -7,10 +7,10 @@
 
 #include <vector>
 
-/// Text made by hand, as the analysis delivers it.
+/// Text made by hand, in the form that the analysis delivers.
 namespace testText {
 
-/// The style as an entry of a table that lives as long as the test program.
+/// The style as an entry of a table that exists until the test program exits.
 inline quorra::model::StyleRef styled(const quorra::model::Style &style)
 {
     static quorra::model::StyleTable styles;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The engine on a machine with as many processors as its first argument says, whatever this machine has. The other
-// arguments, the limits and the exit status are the engine's own.
+// The engine with a simulated number of processors, given as the first argument. The other arguments, the limits and
+// the exit status are those of the engine.
 #include "base/failure.h"
 #include "convert/convert.h"
 #include "platform/limits.h"

@@ -23,7 +23,7 @@ using namespace quorra;
 
 namespace {
 
-/// Every other picture cannot be had.
+/// Every second picture is unavailable.
 class FewPictures : public model::PictureSource
 {
 public:

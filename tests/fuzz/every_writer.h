@@ -11,7 +11,7 @@
 
 namespace fuzz {
 
-/// What one writer made of a document.
+/// The output of a writer.
 struct Output
 {
     std::string writer; ///< "text", "xml", "word mode 2" and so on
@@ -19,9 +19,9 @@ struct Output
     QString error; ///< where the output is no well-formed XML, why; empty for plain text
 };
 
-/// The document through every writer that needs no PDF library: text, HTML, XHTML, XML, the five modes of Word, slides
-/// and sheets; and once more, as XML and Word, in gray and fitted to another paper.
-/// \p folder is where the office writers put their files.
+/// Runs all writers that do not require the PDF library: text, HTML, XHTML, XML, the five modes of Word, slides and
+/// sheets; then XML and Word again, in gray and scaled to another paper size. \p folder is where the office writers put
+/// their files.
 std::vector<Output> everyOutput(const quorra::model::Document &document, const QString &folder);
 
 } // namespace fuzz

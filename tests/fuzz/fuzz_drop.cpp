@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The bytes of a list of addresses, as another program hands them over, dropped on the main window.
+// Drops a list of URLs, in the form passed by another program, on the main window.
 #include "fuzz_support.h"
 
 #include "app/tovrane.h"
@@ -20,7 +20,7 @@ public:
     using tovrane::dropEvent;
 };
 
-/// What the inputs can name: a PDF file, an empty one, a folder that looks like one, another file.
+/// The files that inputs can refer to: a PDF file, an empty one, a folder with a PDF name, another file.
 void makeFiles()
 {
     QDir().mkdir(QStringLiteral("folder.pdf"));
@@ -31,7 +31,7 @@ void makeFiles()
     }
 }
 
-/// The rows that a drop must give, entry by entry.
+/// The rows that a drop must add, entry by entry.
 QStringList expectedRows(const QList<QUrl> &urls)
 {
     QStringList rows;
@@ -41,7 +41,7 @@ QStringList expectedRows(const QList<QUrl> &urls)
             break;
         }
         const bool isPdf = path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
-        // The row to insert at counts every entry; past the end of the table nothing is inserted.
+        // The row index counts all entries; beyond the end of the table nothing is inserted.
         if (isPdf && !QDir(path).exists() && index == rows.size()) {
             rows.append(path);
         }

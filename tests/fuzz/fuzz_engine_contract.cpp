@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the window sends is what the engine understands: settings and paths through the option string, the command and
-// its splitting into the engine's reading of its arguments.
+// The engine understands what the window sends: settings and paths are converted to the option string and the command,
+// split into arguments, and parsed by the engine.
 #include "fuzz_support.h"
 
 #include "app/output_extensions.h"
@@ -27,7 +27,7 @@ struct Job
     QString outputFolder;
 };
 
-/// The fields of an input, in the order of a job; the settings' numbers and flags are texts, as they are stored.
+/// The fields of an input; numbers and flags of the settings are texts, as stored.
 Job jobOf(const std::uint8_t *data, std::size_t size)
 {
     Job job;
@@ -103,7 +103,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const EngineSettings &settings = job.settings;
     const QString values =
         settings.tempName + settings.userPassword + settings.masterPassword + job.input + job.outputFolder;
-    /// Nothing is escaped, so a double quote spoils the arguments; and an empty path is no argument at all.
+    /// Nothing is escaped, so a double quote breaks the arguments, and an empty path is not an argument.
     if (values.contains(QLatin1Char('"')) || job.input.isEmpty()) {
         return 0;
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pages with any marks through the engine's analysis and every one of its writers.
+// Runs the analysis and all writers on pages with random marks.
 #include "every_writer.h"
 #include "fuzz_support.h"
 #include "random_pages.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Arguments of the engine through its reading of options, page range, file names and passwords.
+// Runs the engine's parsing of options, page range, file names and passwords on random arguments.
 #include "fuzz_support.h"
 
 #include "base/failure.h"
@@ -57,7 +57,7 @@ void checkNames(const Options &options)
         const std::string &path = paths.back();
         fuzz::require(path.compare(0, folder.size(), folder) == 0, "every file lies in the output folder");
         fuzz::require(path.find('/', folder.size()) == std::string::npos, "no file lies in a folder below");
-        // An output path without one is refused before any file is named.
+        // An output path without one is rejected before any file is named.
         fuzz::require(extension.empty() || outputExtension(path) == extension, "the extension stays");
     }
     std::sort(paths.begin(), paths.end());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// File and folder names through output naming, the command string and its splitting into arguments.
+// Runs output naming, the command string and its splitting into arguments on random file and folder names.
 #include "fuzz_support.h"
 
 #include "app/output_extensions.h"
@@ -25,7 +25,7 @@ QString expectedBaseName(const QString &path)
     return name.section(QLatin1Char('.'), 0, 0);
 }
 
-/// A token between quotes is one argument; an empty one is none.
+/// A token in quotes is one argument; an empty token is none.
 void appendArgument(QStringList &arguments, const QString &token)
 {
     if (!token.isEmpty()) {

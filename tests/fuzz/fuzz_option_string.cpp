@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The bytes of a settings file, read as settings and turned into the engine's option string for every extension.
+// Reads random bytes as a settings file and builds the engine's option string for all extensions.
 #include "fuzz_support.h"
 
 #include "app/output_extensions.h"
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The options that take a value, and those that stand alone.
+/// The options with and without a value.
 bool takesValue(const QString &option)
 {
     static const QStringList options = {
@@ -37,7 +37,7 @@ bool isPositiveNumber(const QString &text)
     return isNumber && number > 0 && text == QString::number(number);
 }
 
-/// The options as the engine would receive them, each with its value (empty for those without one).
+/// The options as received by the engine, with their values (empty for those without).
 QHash<QString, QString> received(const QString &optionString)
 {
     QHash<QString, QString> options;
@@ -108,7 +108,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     fuzz::writeSettingsFile(fuzz::bytes(data, size));
     const EngineSettings settings = readEngineSettings(store::open());
-    /// Nothing is escaped: a double quote in a value spoils the splitting, as it must.
+    /// Nothing is escaped: a double quote in a value breaks the splitting, as specified.
     const bool splits =
         !(settings.tempName + settings.userPassword + settings.masterPassword).contains(QLatin1Char('"'));
     for (int index = 0; index <= 28; ++index) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The bytes of a settings file, loaded by the settings dialog and applied again: what is then stored is well-formed,
-// whatever stood there before.
+// Loads random bytes as a settings file in the settings dialog and applies them: what is stored then must be
+// well-formed.
 #include "fuzz_support.h"
 
 #include "settings/setting.h"
@@ -41,7 +41,7 @@ void checkStored()
     for (const QLatin1String size : {store::key::width, store::key::height, store::key::xRes, store::key::yRes}) {
         fuzz::require(storedNumber(size) >= 0, "a size is not below 0");
     }
-    // Lists may stand without a selection, which counts as -1.
+    // Lists may have no selection, which is stored as -1.
     checkRange(store::key::converterFormat, -1, 27);
     checkRange(store::key::colorDepth, -1, 2);
     checkRange(store::key::compression, -1, 7);

@@ -21,7 +21,7 @@ const QTemporaryDir &temporaryFolder()
     return folder;
 }
 
-/// Above the number of settings files that the toolkit keeps in memory after their last use.
+/// More than the number of settings files that Qt caches after their last use.
 constexpr int settingsFolders = 64;
 
 } // namespace

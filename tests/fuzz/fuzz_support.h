@@ -8,29 +8,29 @@
 #include <cstddef>
 #include <cstdint>
 
-// What the fuzz targets share. Each target defines LLVMFuzzerTestOneInput(), which is called either by the fuzzing
-// engine or by replay_main.cpp.
+// Shared by the fuzz targets. Each target defines LLVMFuzzerTestOneInput(), which is called by libFuzzer or
+// replay_main.cpp.
 
 namespace fuzz {
 
-/// Ends the program, naming the broken rule, when `holds` is false: a finding.
+/// If `holds` is false, reports the violated rule as a finding and aborts.
 void require(bool holds, const char *rule);
 
-/// Makes a new empty folder, one of its own per process and removed at the end, the current directory.
+/// Creates an empty folder for this process, removed at exit, and makes it the current directory.
 void workInTemporaryFolder();
 
-/// Makes the bytes the settings file of the current directory. The folder changes with each call, since the toolkit
-/// believes a file of the same size, changed within a tick of the clock, to be the one it has read before.
+/// Writes the bytes to the settings file of the current directory. Each call uses a new folder, because Qt does not
+/// detect that a file has changed if its size and time are the same.
 void writeSettingsFile(const QByteArray &bytes);
 
-/// A widget application that draws offscreen, made at the first call.
+/// Creates an application with offscreen rendering at the first call.
 void startApplication();
 
-/// The input cut at its NUL bytes, which no path and no argument can hold, into exactly `count` fields: missing ones
-/// are empty, the last one keeps the rest.
+/// Splits the input at NUL bytes, which paths and arguments cannot contain, into exactly `count` fields: missing ones
+/// are empty, the last one contains the rest.
 QByteArrayList fields(const std::uint8_t *data, std::size_t size, int count);
 
-/// All of the input as bytes.
+/// The whole input.
 QByteArray bytes(const std::uint8_t *data, std::size_t size);
 
 } // namespace fuzz

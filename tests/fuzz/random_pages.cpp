@@ -23,7 +23,7 @@ constexpr std::array wildLengths = {
     -1e100,   1e300,    -1e300, 1.7e308, infinity,     -infinity, std::numeric_limits<double>::quiet_NaN(),
     611.9999, 792.0001, 1e5};
 
-// Texts that rules of the analysis look for, and texts that no text should hold.
+// Texts that the analysis looks for, and texts that should not occur.
 const std::array<QString, 40> &texts()
 {
     static const std::array<QString, 40> all = {

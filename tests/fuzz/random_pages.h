@@ -14,8 +14,8 @@ enum class Marks {
     Wild  ///< as a hostile file could make them: huge, negative, infinite, empty, inside out
 };
 
-/// Reads the bytes as instructions that put marks on pages. Every input gives pages; the same input the same ones. Each
-/// instruction takes a few bytes, so that changing one byte changes one thing.
+/// Interprets the bytes as instructions that put marks on pages. Every input is valid and always gives the same pages.
+/// An instruction has a few bytes, so that changing a byte changes one thing.
 std::vector<quorra::model::RawPage> pagesOf(const std::uint8_t *data, std::size_t size, Marks marks);
 
 } // namespace fuzz

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Feeds a fuzz target the files of its corpus, in the order of their names: the seeds, and every input that was once a
-// finding. Built with any compiler, without the fuzzing engine.
+// Runs a fuzz target on the files of its corpus, in alphabetical order: the seeds and the inputs of all findings.
+// Requires no libFuzzer.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Layout of the stand-in engine's log, shared by the engine (which knows no Qt) and the tests that read it.
+// Layout of the fake engine's log, shared by the engine (which does not use Qt) and the tests that read it.
 #pragma once
 
 #include <cstdint>

@@ -45,7 +45,7 @@ ProgramFolder::ProgramFolder(Engine engine)
 
 ProgramFolder::~ProgramFolder()
 {
-    // A folder whose rights a test took away could not be deleted.
+    // A folder whose permissions were removed by a test could not be deleted.
     QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QDir::setCurrent(m_earlierCurrentDir);
 }
@@ -109,7 +109,7 @@ void ProgramFolder::removeEngine() const
 
 void ProgramFolder::plan(const QStringList &lines) const
 {
-    // Renamed into place: an engine that starts meanwhile reads the old plan or the new one, never half of it.
+    // Renamed atomically: an engine that is starting reads either the old plan or the new one.
     writeFile(filePath(QStringLiteral("engine.plan.new")), lines.join(QLatin1Char('\n')).toUtf8());
     if (std::rename(
             QFile::encodeName(filePath(QStringLiteral("engine.plan.new"))).constData(),

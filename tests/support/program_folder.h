@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// One run of the stand-in engine as its log tells it.
+/// A run of the fake engine, read from its log.
 struct EngineRun
 {
     int number = 0;
@@ -16,8 +16,8 @@ struct EngineRun
     bool ended = false;       ///< false while it runs, and for good when it crashed or was killed
 };
 
-/// A temporary folder that plays the folder of the program: it is the current directory for as long as the object
-/// lives, so that the settings file and the engine are found in it.
+/// A temporary folder that serves as the program's folder: it is the current directory while the object exists, so that
+/// the settings file and the engine are found in it.
 class ProgramFolder
 {
 public:
@@ -28,7 +28,7 @@ public:
     ProgramFolder(const ProgramFolder &) = delete;
     ProgramFolder &operator=(const ProgramFolder &) = delete;
 
-    /// The stand-in engine's bytes, read once; call it before giving up the right to read the build folder.
+    /// The contents of the fake engine, read once; call it before dropping the permission to read the build folder.
     static const QByteArray &engineBytes();
 
     QString path() const;                          ///< with symbolic links resolved, as getcwd() tells it
@@ -45,7 +45,7 @@ public:
     void release(int run) const;
     void releaseAll() const;
 
-    /// Starts the numbers of runs at 0 again; no engine may be running.
+    /// Resets the run counter to 0; no engine may be running.
     void forgetRuns() const;
 
     QList<EngineRun> runs() const;
@@ -53,7 +53,7 @@ public:
     int endedCount() const;
     /// The input file names (last path part) of all runs, in the order the engine was started.
     QStringList inputsOfRuns() const;
-    /// True when a process of that id exists and is not a zombie.
+    /// Returns true if a process with this ID exists and is not a zombie.
     static bool isAlive(qint64 pid);
 
 private:
@@ -62,7 +62,7 @@ private:
     QString m_earlierCurrentDir;
 };
 
-/// Whole content of a file; empty when it cannot be read.
+/// Returns the contents of a file; empty if it cannot be read.
 QByteArray fileContent(const QString &path);
-/// Writes a file; the test fails when that is not possible.
+/// Writes a file; on failure, the test fails.
 void writeFile(const QString &path, const QByteArray &content);

@@ -29,7 +29,7 @@ QString RandomSource::text(int longest)
     for (int count = below(longest + 1); count > 0; --count) {
         result += letters.at(below(int(letters.size())));
     }
-    // A lone half of a surrogate pair is no text that a user or a file could give.
+    // An unpaired surrogate cannot come from a user or a file.
     return QString::fromUtf8(result.toUtf8());
 }
 

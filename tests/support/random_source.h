@@ -5,8 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-/// Random numbers of one test run. The seed is printed, and taken from the environment variable QUORRA_SEED when that
-/// is set, so that a failure can be repeated.
+/// Random numbers of a test run. The seed is printed, and read from the environment variable QUORRA_SEED if it is set,
+/// to reproduce a failure.
 class RandomSource
 {
 public:

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The engine that the front-end's tests start in place of the real one: small, quick to start, and does what a plan
-// says.
+// The fake engine of the front-end's tests: small, quick to start, and controlled by a plan.
 //
 // It works in the folder that holds its own file (taken from argv[0]):
 //   engine.count  number of runs so far
@@ -38,7 +37,7 @@ namespace {
 
 std::uint32_t thisRun = 0;
 
-/// The folder of the engine's own file; main() sets it.
+/// The folder of the engine's executable; set by main().
 std::string &ownFolder()
 {
     static std::string folder;
@@ -81,7 +80,7 @@ std::string readAll(const std::string &path)
     return text;
 }
 
-/// The number of this run; the lock keeps two engines that start together apart.
+/// Returns the number of this run; the lock is for engines that start at the same time.
 std::uint32_t takeRunNumber()
 {
     const int fd = open(inFolder("engine.count").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
@@ -101,7 +100,7 @@ std::uint32_t takeRunNumber()
     return count;
 }
 
-/// One write per record: appended writes do not mix.
+/// One write per record, because appending is atomic.
 void record(char kind, const std::string &payload)
 {
     const EngineLogHeader header{

@@ -22,7 +22,7 @@
 
 namespace {
 
-/// The empty scheme stands for addresses without one.
+/// The empty scheme is for URLs without one.
 const QStringList &recordedSchemes()
 {
     static const QStringList schemes{
@@ -78,7 +78,7 @@ void ModalAnswer::look()
     m_timer.stop();
     const QPointer<QWidget> dialog(widget);
     m_answer(widget);
-    // A check that failed in the answer leaves it early; the dialog must not block the test for good.
+    // A failed check returns early; the dialog must not block the test forever.
     if (dialog && dialog->isVisible() && QTest::currentTestFailed()) {
         dialog->close();
     }
@@ -101,7 +101,7 @@ void answerFileDialog(QFileDialog &dialog, const QStringList &paths)
 bool sendDragEnter(QWidget &window, const QMimeData &data)
 {
     const bool accepted = dragInto(window, data);
-    // The toolkit remembers the widget that accepted until the drag leaves it.
+    // Qt remembers the widget that accepted the drag until the drag leaves it.
     QDragLeaveEvent leave;
     QApplication::sendEvent(&window, &leave);
     return accepted;
@@ -158,7 +158,7 @@ bool becomeOrdinaryUser()
         setresuid(nobody, nobody, nobody) != 0) {
         return false;
     }
-    // A change of user makes the process untraceable, and the leak checker traces its own process.
+    // Changing the user disables tracing, which the leak checker requires.
     prctl(PR_SET_DUMPABLE, 1);
     return setuid(0) != 0 && errno == EPERM;
 }

@@ -12,7 +12,7 @@ class QFileDialog;
 class QMimeData;
 class QWidget;
 
-/// Records what is handed to the desktop to open, and keeps it from being opened.
+/// Records what the desktop is asked to open, without opening it.
 class UrlRecorder : public QObject
 {
     Q_OBJECT
@@ -65,22 +65,22 @@ public:
     {}
 };
 
-/// Answers the open dialog as a user would who types the names (with their folder) and presses Open; an empty list
-/// cancels it. The same for the folder chooser.
+/// Answers the open dialog by typing the names (with their folder) and pressing Open; an empty list cancels it.
+/// Likewise for the folder dialog.
 void answerFileDialog(QFileDialog &dialog, const QStringList &paths);
 
-/// True when the drag was accepted.
+/// Returns true if the drag was accepted.
 bool sendDragEnter(QWidget &window, const QMimeData &data);
 void sendDrop(QWidget &window, const QList<QUrl> &urls);
 void sendDrop(QWidget &window, const QStringList &paths);
 
-/// Memory of this process that is really in use, in kB, after giving back to the system what can be given back.
+/// Memory in use by this process in kB, after returning free memory to the system.
 qint64 residentKilobytes();
 
-/// Call it in init(): any warning fails the test, but for the one that the table's style sheet is expected to give and
-/// those of the offscreen platform about what it cannot do.
+/// Call it in init(): warnings make the test fail, except the expected one about the table's style sheet and those of
+/// the offscreen platform about missing features.
 void failOnUnexpectedWarnings();
 
-/// Gives up root's rights for the rest of this process, so that file modes count; true when the process now runs as an
-/// ordinary user (also when it did before). Call it before the application object is made.
+/// Drops root privileges of this process, so that file modes apply. Returns true if the process is now run by an
+/// ordinary user (or was before). Call it before the application object is created.
 bool becomeOrdinaryUser();

@@ -79,7 +79,7 @@ void DialogValuesTest::numberFields_data()
     QTest::addColumn<QString>("storedPage");
     QTest::addColumn<QString>("storedSize");
     const auto row = [](const char *text, const char *pageField, const char *sizeField, const char *storedSize) {
-        // A page is stored in the form it is shown in.
+        // A page is stored as shown.
         QTest::addRow("'%s'", text) << QString::fromLatin1(text) << QString::fromLatin1(pageField)
                                     << QString::fromLatin1(sizeField) << QString::fromLatin1(pageField)
                                     << QString::fromLatin1(storedSize);

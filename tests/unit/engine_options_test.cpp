@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Places of the fourteen fragments.
+/// Indices of the fourteen fragments.
 enum Fragment {
     TempName,
     SingleTempName,
@@ -31,7 +31,7 @@ enum Fragment {
     FragmentCount
 };
 
-/// The option string with one fragment in its place and nothing else.
+/// The option string with only one fragment.
 QString only(Fragment place, const char *fragment)
 {
     QStringList fragments(FragmentCount, QString());

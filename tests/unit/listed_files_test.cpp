@@ -10,7 +10,7 @@ namespace {
 
 constexpr qint64 gibibyte = qint64(1) << 30;
 
-/// A file system of the test's own: a path says itself what it is.
+/// A fake file system: the path determines what it is.
 PathFacts pretend(const QString &path)
 {
     PathFacts facts;

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A whole decimal number that fits; 0 for everything else. White space around it does not count.
+/// A decimal integer within range; 0 for everything else. Surrounding white space is ignored.
 int whole(const QString &text)
 {
     static const QRegularExpression number(QStringLiteral("\\A\\s*([+-]?)0*([0-9]{1,10})\\s*\\z"));

@@ -6,10 +6,10 @@
 
 class RandomSource;
 
-// A second way to the engine option string, written as a list of steps over raw stored texts; it shares neither tables
-// nor code with the program.
+// A second implementation of the engine option string, as a list of steps for raw stored texts; it shares neither
+// tables nor code with the program.
 
-/// Stored texts by their key without the group; a missing key is not in the map.
+/// Stored texts by key without the group; missing keys are not in the map.
 using StoredTexts = QMap<QString, QString>;
 
 StoredTexts randomStoredTexts(RandomSource &random);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Who may read and write the settings file: its owner where the program made it, and whoever could before otherwise.
+// Permissions of the settings file: only its owner for a new file; an existing file keeps them.
 #include "settings/store.h"
 
 #include <QDir>
@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Numbers that no account of the system has.
+/// User IDs not used by any account of the system.
 constexpr uid_t firstUser = 54321;
 constexpr uid_t secondUser = 54322;
 constexpr gid_t firstGroup = 54331;
@@ -41,7 +41,7 @@ int modeOf(const char *path)
     return statusOf(path).st_mode & 07777;
 }
 
-/// Runs `work` in a process of its own as another user; true when that succeeded and `work` returned true.
+/// Runs `work` in a separate process as another user. Returns true if this succeeded and `work` returned true.
 template <class Work>
 bool asUser(uid_t user, gid_t group, Work work)
 {
@@ -144,7 +144,7 @@ void SettingsFileModeTest::readingChangesNoMode()
     QCOMPARE(modeOf(file), 0664);
 }
 
-/// Two users of one group save in turn. The toolkit gives the new file to the group of whoever saves.
+/// Two users of a group save alternately. Qt assigns the new file to the group of the user who saves.
 void SettingsFileModeTest::aSharedFileStaysShared()
 {
     if (::geteuid() != 0) {

@@ -62,7 +62,7 @@ void SizeTextTest::eachSize()
 void SizeTextTest::localeIsIgnored()
 {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    // Not every machine has the C library's German locale; the toolkit's own is always there.
+    // Not every machine has the German locale of the C library; Qt's always exists.
     if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr && std::setlocale(LC_ALL, "de_DE") == nullptr) {
         qInfo("no German locale in the C library");
     }
@@ -75,7 +75,7 @@ void SizeTextTest::matchesTheCFunctions()
     std::mt19937 random(20261121); // NOLINT(cert-msc51-cpp): the same sizes each time
     std::array<char, 64> text{};
     for (int i = 0; i < 20000; ++i) {
-        // Every other size lies half-way between two printed values in megabytes.
+        // Every second size is half-way between two displayed values in megabytes.
         const int size =
             i % 2 == 0 ? static_cast<int>(random() >> 1) : static_cast<int>(random() % 2000000) * 1000 + 500;
         if (size < 1) {

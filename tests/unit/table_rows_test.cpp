@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Changes to many rows at once leave a table as changes row by row do.
+// Changing many rows at once has the same result as changing them one by one.
 #include "app/table_rows.h"
 
 #include "random_source.h"
@@ -71,7 +71,7 @@ QStringList stateOf(const QTableWidget *table)
 
 using Pair = QList<QTableWidget *>; // the one changed at once and the one changed row by row
 
-/// A table as the window's, shown, with fewer rows in sight than it has.
+/// A visible table like that of the window, in which not all rows are visible.
 std::unique_ptr<QTableWidget> shownTable()
 {
     auto table = emptyTable();
@@ -82,7 +82,7 @@ std::unique_ptr<QTableWidget> shownTable()
     return table;
 }
 
-/// Lets both views lay themselves out.
+/// Updates the layout of both views.
 void settle()
 {
     QCoreApplication::sendPostedEvents();
@@ -226,7 +226,7 @@ void TableRowsTest::removalMatchesRowByRow()
     }
 }
 
-/// Clicks, clicks with Control and Shift, scrolling and keys, as a user would; many selected rows as well.
+/// Clicks, also with Control and Shift, scrolling, keys, and many selected rows.
 void TableRowsTest::removalByMouseMatchesRowByRow()
 {
     RandomSource random;
@@ -268,7 +268,7 @@ void TableRowsTest::removalByMouseMatchesRowByRow()
     }
 }
 
-/// The row clicked last before the removal is where Shift begins, wherever it has moved to.
+/// Shift extends the selection from the row clicked last before the removal, even if it has moved.
 void TableRowsTest::shiftExtendsFromTheSameRow()
 {
     const auto table = shownTable();
@@ -298,7 +298,7 @@ void TableRowsTest::shiftExtendsFromTheSameRow()
         QStringList({QStringLiteral("/in/70.pdf"), QStringLiteral("/in/71.pdf"), QStringLiteral("/in/72.pdf")}));
 }
 
-/// The current row moves up to the first row before it moves down: the view ends at the top.
+/// The current row moves up to the first row before it moves down: the view is scrolled to the top.
 void TableRowsTest::topIsShownWhenTheFirstRowsGo()
 {
     const auto table = shownTable();
@@ -314,7 +314,7 @@ void TableRowsTest::topIsShownWhenTheFirstRowsGo()
     QCOMPARE(table->verticalScrollBar()->value(), 0);
 }
 
-/// Of 50,000 rows in less than a tenth of the time that it takes row by row; a part of that is timed and scaled.
+/// 50,000 rows, in less than a tenth of the time for row by row, which is extrapolated from a part.
 void TableRowsTest::everyOtherRowGoesQuickly()
 {
     constexpr int count = 50000;

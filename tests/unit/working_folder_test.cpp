@@ -119,7 +119,7 @@ void WorkingFolderTest::unwritableFolderIsReplaced()
     QCOMPARE(QFileInfo(link()).symLinkTarget(), program() + QStringLiteral("/Qtminw"));
     QCOMPARE(QFileInfo(link()).size(), 6);
 
-    // A second start changes nothing and keeps what was saved.
+    // A second start keeps saved settings.
     writeFile(user() + QStringLiteral("/settingquorra.ini"), "kept");
     QCOMPARE(workingFolder(program(), user()), user());
     QCOMPARE(QFileInfo(user() + QStringLiteral("/settingquorra.ini")).size(), 4);

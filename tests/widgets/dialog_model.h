@@ -5,19 +5,19 @@
 #include <QString>
 #include <QStringList>
 
-/// A second, plain account of the settings dialog: what it must show for given stored values and what it must store.
-/// It shares no table and no function with the program, so that a mistake there is not repeated here.
+/// A second implementation of the settings dialog's rules: what it must show for given stored values and what it must
+/// store. It shares no tables or functions with the program, so that it does not repeat its mistakes.
 class DialogModel
 {
 public:
     using Values = QMap<QString, QString>;
 
-    /// Opens the dialog on what is stored; missing keys take their defaults.
+    /// Opens the dialog with stored values; missing keys have their defaults.
     explicit DialogModel(const Values &stored);
 
     void reset();
     void chooseFormat(int index);
-    /// What the file holds after "Apply"; keys the dialog does not write are kept.
+    /// The contents of the file after "Apply"; keys that the dialog does not write are kept.
     Values stored() const;
 
     bool loaded = false; ///< false when the stored extension index names none

@@ -3,8 +3,8 @@
 
 #include <QList>
 
-/// A small model of the batch run: what the window must show after each event, whatever came before. Engines are known
-/// by the number of their run. It covers the states idle, running, stalled, and running with an earlier engine alive.
+/// A small model of the batch run: what the window must show after each event, in any order. Engines are identified by
+/// the number of their run. It covers the states idle, running, stalled, and running with an earlier engine alive.
 struct RunModel
 {
     int rows = 0;
@@ -34,7 +34,7 @@ struct RunModel
         }
     }
 
-    /// Opening the dialog is enough, whatever closes it.
+    /// Opening the dialog is sufficient, however it is closed.
     void settings() { running = false; }
 
     void clickKind(int row)
@@ -73,7 +73,7 @@ private:
         bar = counter + 1;
     }
 
-    /// Only the newest engine is killed; one that has ended already is not there any more.
+    /// Only the most recent engine is killed, if it has not exited yet.
     void stop()
     {
         running = false;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Hundreds of runs in one process with random Stop, drops, settings dialogs and clicks on kinds. QUORRA_SEED repeats
-// one; QUORRA_ROUNDS changes the number of runs.
+// Hundreds of runs in one process with random Stop, drops, settings dialogs and clicks on output kinds. QUORRA_SEED
+// reproduces a test run; QUORRA_ROUNDS sets the number of runs.
 #include "random_source.h"
 #include "run_model.h"
 #include "window_fixture.h"
@@ -146,7 +146,7 @@ void SoakBatchRun::followsTheModel()
     }
 }
 
-/// The engine ends when it likes here, so the model cannot follow; but some things hold at every moment.
+/// The engine exits at random times, so the model cannot follow, but some conditions always hold.
 void SoakBatchRun::keepsItsRulesAtRandomMoments()
 {
     WindowFixture fixture;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Odd file names, files and folders that vanish, engines that misbehave: the window stays usable, keeps its list, and
-// can start again.
+// Unusual file names, files and folders that disappear, engines that misbehave: the window remains usable, keeps its
+// list, and can start again.
 #include "window_fixture.h"
 
 #include <QDir>
@@ -20,7 +20,7 @@ QString longPath(const ProgramFolder &folder, int length)
     return folder.makePdf(name + QStringLiteral(".pdf"));
 }
 
-/// After whatever has happened: the list is whole, and with a working engine a run converts all of it.
+/// Afterwards, the list is complete, and with a working engine a run converts all files.
 void expectUsable(const WindowFixture &fixture, const QStringList &paths)
 {
     QCOMPARE(fixture.pathsInTable(), paths);
@@ -107,7 +107,7 @@ void WidgetsBadInput::oddNamesReachTheEngine()
     expectUsable(fixture, {path});
 }
 
-/// Nothing is escaped: a quote in a name splits the command wrongly. The file is lost, the others are not.
+/// Nothing is escaped: a quote in a name splits the command in the wrong place. Only this file is not converted.
 void WidgetsBadInput::quotesSplitTheArguments()
 {
     WindowFixture fixture;
@@ -220,7 +220,7 @@ void WidgetsBadInput::outputFolderOfOddName()
     const QStringList paths = fixture.dropFiles(1);
     const QStringList names{QStringLiteral("-out"), QStringLiteral(" o u t"), QStringLiteral("Ausgabe ü\n2")};
     for (const QString &name : names) {
-        // A line of text shows a newline as a blank, so such a folder cannot be typed; it is then no existing folder.
+        // A line edit replaces a newline by a space, so such a folder cannot be typed; the result does not exist.
         const QString folder = fixture.folder.makeFolder(name);
         fixture.outputLine()->setText(folder);
         if (fixture.outputLine()->text() != folder) {
@@ -271,7 +271,7 @@ void WidgetsBadInput::engineNotExecutable_data()
     QTest::newRow("a folder") << QByteArray() << true;
 }
 
-/// The run stands still until Stop: an engine that cannot be started never finishes.
+/// The run is stalled until Stop: an engine that cannot be started never finishes.
 void WidgetsBadInput::engineNotExecutable()
 {
     QFETCH(QByteArray, content);
@@ -327,7 +327,7 @@ void WidgetsBadInput::engineHangs()
     expectUsable(fixture, paths);
 }
 
-/// The engine deletes itself while it converts the first file: the next start finds none, and the run stands still.
+/// The engine deletes itself while it converts the first file: the next start finds none, and the run is stalled.
 void WidgetsBadInput::engineVanishesMidRun()
 {
     WindowFixture fixture;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Settings files that are broken, binary, huge, or not files at all: the window opens, works and converts.
+// Settings files that are damaged, binary, huge, or not files at all: the window opens, works and converts.
 #include "settings/setting.h"
 #include "window_fixture.h"
 
@@ -29,7 +29,7 @@ QByteArray manyKeys(int bytes)
     return content;
 }
 
-/// Everything a user can do once, with what comes out of it.
+/// Performs all user actions once and checks their results.
 void useTheWindow(const WindowFixture &fixture)
 {
     fixture.visitSettings("pushButton_Apply");
@@ -111,7 +111,7 @@ void WidgetsBadSettingsFile::hugeValuesAreHandedOn()
     QCOMPARE(storedSetting(QStringLiteral("UserPassword")).size(), 32767); // what a line of text holds
 }
 
-/// Nothing can be stored: each kind is written as the default extension, and each start is on the first kind.
+/// Nothing can be stored: each kind uses the default extension, and each start selects the first kind.
 void WidgetsBadSettingsFile::folderInTheFilesPlaceKeepsNothing()
 {
     WindowFixture fixture;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The batch run off the straight path: stalled by the settings dialog, two engines at once, folder or list taken away,
-// the window closed.
+// Special cases of the batch run: stalled by the settings dialog, two engines at once, folder or list removed, window
+// closed.
 #include "window_fixture.h"
 
 #include <QApplication>
@@ -222,7 +222,7 @@ void WidgetsBatchEdge::stalledStartChecksTheFolderFirst()
 
 void WidgetsBatchEdge::rowsRemovedWhileStalled()
 {
-    // The earlier engine's end moves the counter of the new run past its only row: the run is over at once.
+    // The end of the earlier engine advances the counter of the new run beyond its only row: the run ends at once.
     WindowFixture fixture;
     fixture.beginRun(3);
     fixture.visitSettings();

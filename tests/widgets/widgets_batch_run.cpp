@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The batch run as it is meant to go: order, progress, the engine's arguments, stopping.
+// The normal batch run: order, progress, arguments of the engine, stopping.
 #include "window_fixture.h"
 
 #include <QDir>
@@ -316,7 +316,7 @@ void WidgetsBatchRun::exeCmdDoesNothingWhenIdle()
     g_bProcess = true;
     QVERIFY(!fixture.window->ExeCmd());
     fixture.folder.installEngine();
-    // A row past the end starts nothing and is no error.
+    // A row beyond the end starts nothing and is not an error.
     fixture.window->m_nCurrentRow = 5;
     QVERIFY(fixture.window->ExeCmd());
     QCOMPARE(fixture.bar()->value(), 0);

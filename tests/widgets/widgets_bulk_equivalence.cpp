@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Adding, removing and clearing many rows through the window leaves the table as the same work row by row does.
+// Adding, removing and clearing many rows in the window has the same result as doing it row by row.
 #include "random_source.h"
 #include "window_fixture.h"
 
@@ -35,7 +35,7 @@ TableState stateOf(const QTableWidget &table)
     return state;
 }
 
-/// The plain ways, as described: one row after another.
+/// The reference implementations: one row after another.
 void removeRowByRow(QTableWidget &table)
 {
     table.removeRow(table.currentRow());
@@ -67,7 +67,7 @@ void fillRowByRow(QTableWidget &table, const QTableWidget &like)
     }
 }
 
-/// A table of its own, set up as the window's.
+/// A separate table, configured like that of the window.
 void setUpAlike(QTableWidget &table)
 {
     table.setColumnCount(2);

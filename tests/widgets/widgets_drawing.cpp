@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Quick ways of drawing: the result is that of the plain ways.
+// Optimised drawing has the same result as simple drawing.
 #include "app/frame_limiter.h"
 #include "app/images.h"
 #include "app/window_background.h"
@@ -17,12 +17,12 @@
 
 namespace {
 
-/// How many more looks at the clock pass before the thread seems to sleep; below 0: it never does.
+/// How many clock readings remain before the thread appears to sleep; never if below 0.
 int looksBeforeSleep = -1;
 
 } // namespace
 
-/// Takes the place of the C library's own in this program and the libraries that it uses.
+/// Replaces the C library's function in this program and its libraries.
 extern "C" int clock_gettime(clockid_t clock, struct timespec *time) noexcept
 {
     const auto result = static_cast<int>(::syscall(SYS_clock_gettime, clock, time));
@@ -37,7 +37,7 @@ extern "C" int clock_gettime(clockid_t clock, struct timespec *time) noexcept
 
 namespace {
 
-/// Shows a number, and counts how often it is drawn.
+/// Shows a number, and counts how often it is painted.
 class NumberWidget : public QWidget
 {
 public:
@@ -72,7 +72,7 @@ QImage slopeOfRows(int width, int height)
     return image;
 }
 
-/// Longer than a frame: nothing is left over from showing.
+/// Longer than a frame, so that no update is pending from showing the window.
 void waitForTheNextFrame()
 {
     QElapsedTimer sinceShown;
@@ -162,7 +162,7 @@ void WidgetsDrawing::drawsAfterASleepInTheMiddle_data()
     }
 }
 
-/// The thread may be put to sleep anywhere, also between two looks at the clock.
+/// The thread may be suspended anywhere, also between two clock readings.
 void WidgetsDrawing::drawsAfterASleepInTheMiddle()
 {
 #ifdef __linux__

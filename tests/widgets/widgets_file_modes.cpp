@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files and folders without the rights to read or write them. The whole program gives up root's rights first, since
-// those ignore file modes.
+// Files and folders without permission to read or write. The test program drops root privileges first, because root
+// ignores file modes.
 #include "settings/setting.h"
 #include "window_fixture.h"
 
@@ -56,7 +56,7 @@ void WidgetsFileModes::initTestCase()
     QVERIFY(!file.open(QIODevice::ReadOnly));
 }
 
-/// Nothing is kept then, and every kind falls back to the defaults.
+/// Nothing is saved then, and all kinds use the defaults.
 void WidgetsFileModes::settingsInAnUnwritableFolder()
 {
     WindowFixture fixture;
@@ -127,7 +127,7 @@ void WidgetsFileModes::settingsKeepTheirMode_data()
     QTest::newRow("0660") << (owner | QFile::ReadGroup | QFile::WriteGroup);
 }
 
-/// Users may have opened the file to each other on purpose: neither a start nor any action closes it.
+/// Users may have shared the file on purpose: neither a start nor any action changes its mode.
 void WidgetsFileModes::settingsKeepTheirMode()
 {
     QFETCH(const QFile::Permissions, mode);

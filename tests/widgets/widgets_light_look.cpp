@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The windows are light on every desktop, and stay so when the desktop turns dark.
+// The windows are light on every desktop, and stay light when the desktop turns dark.
 #include "about/about.h"
 #include "app/light_look.h"
 #include "settings/setting.h"
@@ -28,7 +28,7 @@ QPalette darkPalette()
     return palette;
 }
 
-/// A style that is dark of its own accord.
+/// A style that is dark by itself.
 class DarkStyle : public QProxyStyle
 {
 public:
@@ -39,7 +39,7 @@ public:
     using QProxyStyle::polish;
 };
 
-/// What a desktop does when its user makes it dark, here or at the start of the program.
+/// What a dark desktop does, at run time or at the start of the program.
 const QList<std::pair<const char *, std::function<void()>>> &waysToTurnDark()
 {
     static const QList<std::pair<const char *, std::function<void()>>> ways{
@@ -81,7 +81,7 @@ const QList<std::pair<const char *, std::function<void()>>> &waysToTurnDark()
     return ways;
 }
 
-/// The first widget of the window, or role of it, that is not as on a light desktop; empty when all are.
+/// The first widget or role that differs from a light desktop; empty if there is none.
 QString darkPartOf(const QWidget &window)
 {
     QList<const QWidget *> widgets{&window};
@@ -146,7 +146,7 @@ void WidgetsLightLook::init()
 
 void WidgetsLightLook::cleanup()
 {
-    // What the program pins for good, each test pins anew.
+    // Each test sets again what the program sets once.
     const QObjectList pinned = qApp->children();
     for (QObject *child : pinned) {
         if (child->objectName() == QLatin1String("lightLook")) {

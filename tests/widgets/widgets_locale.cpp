@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Under a German locale, where numbers are written with a comma: texts and arguments stay as they are.
+// Texts and arguments do not change under a German locale, in which numbers have a decimal comma.
 #include "window_fixture.h"
 
 #include <QApplication>
@@ -82,7 +82,7 @@ void WidgetsLocale::argumentsOfTheEngine()
     QCOMPARE(fixture.folder.runs().value(0).arguments.mid(0, 4), QByteArrayList({"-l", "1234", "-width", "9999"}));
 }
 
-/// Builds the locale, which the system need not have, in a folder of its own and puts it in force.
+/// Builds the locale, which the system may not have, in a separate folder and activates it.
 static bool useGermanLocale(const QString &folder)
 {
     const QString name = QStringLiteral("de_DE.UTF-8");

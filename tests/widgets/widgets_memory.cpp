@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Memory stays flat over long runs and floods of output.
+// Memory does not grow in long runs or with large amounts of output.
 #include "window_fixture.h"
 
 #include <QtTest>
@@ -8,7 +8,7 @@ namespace {
 
 constexpr qint64 allowedGrowth = 2048; // kB
 
-/// The sanitizers keep freed memory and so tell nothing about growth; the run itself is still checked.
+/// The sanitizers keep freed memory, so that growth cannot be measured; the run itself is still checked.
 void expectFlat(qint64 before)
 {
     const qint64 growth = residentKilobytes() - before;

@@ -167,7 +167,7 @@ void WidgetsOutputFolder::browseWarnsAboutAMissingFolder()
 
 void WidgetsOutputFolder::browseStartsAViewerDetached()
 {
-    // A stand-in file browser first in the search path, so that the slot's command can be seen.
+    // A fake file browser, first in the search path, to record the slot's command.
     WindowFixture fixture;
     const QString bin = fixture.folder.makeFolder(QStringLiteral("bin"));
     const QString seen = fixture.folder.filePath(QStringLiteral("seen"));
@@ -186,7 +186,7 @@ void WidgetsOutputFolder::browseStartsAViewerDetached()
     QFile::remove(seen);
     fixture.call("On_Button_Browse");
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(seen), longWait);
-    // The folder is not quoted, so a blank in it separates arguments.
+    // The folder is not quoted, so a space in it separates arguments.
     QCOMPARE(fileContent(seen), QFile::encodeName(fixture.folder.filePath(QStringLiteral("two"))) + "|words|");
     qputenv("PATH", earlierPath);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the front-end sends, stores and shows, beside what was approved in recordings/. A change that is meant to alter
-// none of it must not; one that is meant to is approved with `scripts/approve window`, after a look at the difference.
+// Compares what the front-end sends, stores and shows with the approved recordings/. Intended changes are approved with
+// `scripts/approve window`, after reviewing the differences.
 #include "about/about.h"
 #include "app/light_look.h"
 #include "settings/setting.h"
@@ -36,7 +36,7 @@ bool isApproving()
     return qEnvironmentVariableIsSet("QUORRA_APPROVE");
 }
 
-/// Fails at the first line that is not as approved.
+/// Fails at the first line that differs from the approved one.
 void checkText(const char *name, const QStringList &lines)
 {
     const QString path = recordingPath(name);
@@ -56,7 +56,8 @@ void checkText(const char *name, const QStringList &lines)
     QCOMPARE(lines.size(), approved.size());
 }
 
-/// Fails when a pixel is not as approved. Processors round differently, so a few levels of 255 are allowed.
+/// Fails if a pixel differs from the approved one. Processors round differently, so a difference of a few levels of 255
+/// is allowed.
 void checkPicture(const char *name, const QImage &now)
 {
     constexpr int allowed = 4;
@@ -79,7 +80,7 @@ void checkPicture(const char *name, const QImage &now)
     }
 }
 
-/// Makes these the only settings, without a look at the program's own way of writing them.
+/// Makes these the only settings, without using the program's code for writing them.
 void storeOnly(const Values &values)
 {
     QSettings settings(QStringLiteral("settingquorra.ini"), QSettings::IniFormat);
@@ -89,7 +90,7 @@ void storeOnly(const Values &values)
     }
 }
 
-/// The options one at a time, with values at and beyond their bounds.
+/// Each option separately, with values at and beyond its bounds.
 QList<Values> singleOptions()
 {
     QList<Values> options;

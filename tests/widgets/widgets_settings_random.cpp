@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The settings dialog over random stored values, against a plain model of it.
+// The settings dialog with random stored values, compared with a simple model.
 #include "dialog_model.h"
 #include "program_folder.h"
 #include "random_source.h"

@@ -11,7 +11,7 @@ WindowFixture::WindowFixture(ProgramFolder::Engine engine)
 
 WindowFixture::~WindowFixture()
 {
-    // Engines that still wait or hang end by themselves once their folder is gone.
+    // Engines that still wait or hang exit when their folder is removed.
     if (window) {
         close();
     }

@@ -18,7 +18,7 @@
 
 constexpr int longWait = 60000; ///< ms; a bound for a loaded machine, never reached in a passing test
 
-/// The window with its state open to the tests.
+/// The window, with its state accessible to tests.
 class OpenWindow : public tovrane
 {
 public:
@@ -28,15 +28,15 @@ public:
     using tovrane::m_strParameter;
 };
 
-/// A main window in a program folder of its own. The widgets are found by their object names, as a user of the window
-/// would see them, not through the class's members.
+/// A main window in a separate program folder. Widgets are found by their object names rather than through members of
+/// the class.
 class WindowFixture
 {
 public:
     explicit WindowFixture(ProgramFolder::Engine engine = ProgramFolder::WithEngine);
     ~WindowFixture();
 
-    /// Makes and shows the window; what is in the settings file before counts.
+    /// Creates and shows the window, which reads the existing settings file.
     void open();
     /// Closes the window and waits until it is destroyed.
     void close();
@@ -60,9 +60,9 @@ public:
     void selectFormat(int row) const { formats()->setCurrentRow(row); }
     /// Adds the files by a drop, which works in every state.
     void drop(const QStringList &paths) const;
-    /// Makes that many PDF files (in/1.pdf ...) and drops them; returns their paths.
+    /// Creates PDF files (in/1.pdf ...) and drops them; returns their paths.
     QStringList dropFiles(int count) const;
-    /// Opens the window and starts a run over that many files; returns once the first engine is at work. The engines
+    /// Opens the window and starts a run over a number of files; returns when the first engine is running. The engines
     /// wait until they are released unless the plan says otherwise.
     QStringList beginRun(int files, const QString &plan = QStringLiteral("wait write"));
     /// Presses Start and waits until the window is idle again.
@@ -78,7 +78,7 @@ public:
     QStringList pathsInTable() const;
     QString sizeText(int row) const; ///< a null string without an item
 
-    /// What the window shows of the run's state.
+    /// The state of the run as shown by the window.
     bool showsIdle() const;
     bool showsRunning() const;
 

@@ -7,12 +7,12 @@
 
 namespace quorra::test {
 
-/// Prints what the analysis found, for people and for diff: one line for each paragraph, cell and figure, lengths in
-/// whole points, type sizes and line widths in tenths. The names are those of the printed page, not of the classes,
-/// so that the text stays the same when the classes change.
+/// Prints the result of the analysis, for readers and for diff: one line for each paragraph, cell and figure, with
+/// lengths in whole points, and font sizes and line widths in tenths. The names are those of printed pages rather than
+/// of classes, so that the text does not depend on the classes.
 ///
-/// A box is written as left,top-right,bottom. Characters that cannot be seen are written as \u{AD}; the sign ↵ is a
-/// line break inside a paragraph.
+/// A box is printed as left,top-right,bottom. Invisible characters are printed as \u{AD}; ↵ is a line break in a
+/// paragraph.
 void dump(const model::Document &document, std::ostream &out);
 
 } // namespace quorra::test

@@ -9,13 +9,13 @@
 #include <string_view>
 #include <vector>
 
-// The parts of lines that both dumps write.
+// Parts of lines used by both dumps.
 namespace quorra::test {
 
 /// A length in whole points.
 std::string whole(double value);
 
-/// A number with one decimal at most: "12", "10.5".
+/// A number with at most one decimal: "12", "10.5".
 std::string tenths(double value);
 
 /// left,top-right,bottom
@@ -24,13 +24,13 @@ std::string box(const Box &box);
 /// #rrggbb
 std::string colour(Colour colour);
 
-/// UTF-8 in which characters that cannot be seen are spelled out.
+/// UTF-8 with invisible characters as escapes.
 std::string visible(const QString &text);
 
 /// Family, size, and what is special about it: "Liberation Serif 10.5 bold #0000c0 link https://..."
 std::string look(const model::Style &style, const QString &link);
 
-/// The parts that are not empty, with the separator between them.
+/// Joins the parts that are not empty with the separator.
 std::string joined(const std::vector<std::string> &parts, std::string_view separator);
 
 } // namespace quorra::test

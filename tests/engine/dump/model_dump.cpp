@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Shows what the engine makes of a PDF file before any writer sees it. A developer's tool, not installed.
+// Prints the document that the engine builds from a PDF file. A developer tool, not installed.
 //
 //   model_dump FILE.pdf [-page N] [-upw PASSWORD] [--raw]
 //
-// --raw shows the pages as they were read instead of the document that was built from them.
+// --raw prints the pages as read instead of the document built from them.
 #include "document_dump.h"
 #include "raw_dump.h"
 

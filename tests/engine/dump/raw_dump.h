@@ -7,8 +7,8 @@
 
 namespace quorra::test {
 
-/// Prints what the reading of one page found, before any analysis: a line for each word, line, fill, picture and
-/// curve. Boxes in tenths of points, since this is for looking closely.
+/// Prints the contents of a page as read, before the analysis: a line for each word, rule, fill, picture and curve.
+/// Boxes are in tenths of points.
 void dumpRaw(const model::RawPage &page, std::ostream &out);
 
 } // namespace quorra::test

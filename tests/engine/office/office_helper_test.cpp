@@ -14,7 +14,7 @@
 using namespace quorra;
 using namespace quorra::office;
 
-/// Where LibreOffice is looked for, and what is said when it, or a part of it, is missing or does not do its work.
+/// Where LibreOffice is looked for, and what is reported if it, or one of its components, is missing or fails.
 class OfficeHelperTest : public QObject
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ void writeScript(const QString &path, const QByteArray &lines)
     script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
-// Finds the folder that the output goes to among the arguments, as $out.
+// Finds the output folder in the arguments, as $out.
 constexpr const char *findFolder = "while [ \"$1\" != --outdir ]; do shift; done\nout=$2\n";
 
 std::string failureOf(const std::function<void()> &action, ExitStatus &status)
@@ -141,7 +141,7 @@ void OfficeHelperTest::removesSocketsOfKilledRuns()
     const QString folder = temp.filePath(QStringLiteral("qtminw-%1-killed").arg(pid));
     QVERIFY(QDir().mkdir(folder));
     const QString name = QString::fromStdString(socketName("file://" + folder.toStdString() + "/profile"));
-    // Of a user with and of one without an entry in the password database, and of another profile.
+    // Of users with and without an entry in the password database, and of another profile.
     QFile known(QStringLiteral("/tmp/OSL_PIPE_4711_") + name);
     QFile unknown(QStringLiteral("/tmp/OSL_PIPE_") + name);
     QFile other(QStringLiteral("/tmp/OSL_PIPE_") + name + QStringLiteral("0"));
@@ -180,7 +180,7 @@ void OfficeHelperTest::avoidsFoldersThatLibreOfficeCannotName_data()
     QTest::newRow("vertical bar") << QStringLiteral("a|b");
 }
 
-/// LibreOffice takes the output folder from a list in which ; and | separate the items.
+/// LibreOffice reads the output folder from a list separated by ; and |.
 void OfficeHelperTest::avoidsFoldersThatLibreOfficeCannotName()
 {
     QFETCH(QString, name);

@@ -5,7 +5,7 @@
 
 using namespace quorra::office;
 
-/// Which texts of cells are numbers, what they are worth and how they are shown.
+/// Which texts of cells are numbers, their values and formats.
 class OfficeNumberTest : public QObject
 {
     Q_OBJECT
