@@ -11,13 +11,12 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double mostIndent = 0.6;  // of the cell's width: more is no indent
-constexpr double tightest = 0.95;   // of the size of type, from line to line
-constexpr double borderRoom = 0.75; // points of a row's height that its lines take
+constexpr double mostIndent = 0.6;  // share of the cell's width; more is no indent
+constexpr double borderRoom = 0.75; // points; height that the lines of a row take
 
 void indent(model::Paragraph &paragraph, const Box &cell)
 {
-    const auto inside = [&cell](double blank) { return std::clamp(blank, 0.0, mostIndent * cell.width()); };
+    const auto inside = [&cell](double space) { return std::clamp(space, 0.0, mostIndent * cell.width()); };
     paragraph.indentLeft = 0;
     paragraph.indentRight = 0;
     if (paragraph.alignment == model::Alignment::Left || paragraph.alignment == model::Alignment::Justify) {
@@ -30,8 +29,8 @@ void indent(model::Paragraph &paragraph, const Box &cell)
 
 double lineHeightIn(const model::Paragraph &paragraph, double room)
 {
-    const double usual = laidOut(paragraph).lineHeight;
-    return usual > room ? std::max(tightest * largestSize(paragraph), room) : usual;
+    const double usual = lineLayout(paragraph).lineHeight;
+    return usual > room ? std::max(leastLineHeight * largestSize(paragraph), room) : usual;
 }
 
 } // namespace

@@ -13,18 +13,27 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double usualHeight = 1.2; // of the size of type
-constexpr double leastHeight = 0.4;
-constexpr double spacingStep = 0.05;  // finer steps only multiply styles
-constexpr double spacingSlack = 0.15; // points by which a word may end off its place
-constexpr double sizeSteps = 2;       // Word's sizes of type are half points
-constexpr double spareWidth = 24;     // so that no line wraps
-constexpr double widestGap = 3;       // between words of one line, times the size of type
-constexpr double leastGap = 0.15;     // that counts as a space, times the size of type
-constexpr double leastRise = 0.08;    // of the size of type, for a word off the baseline
-constexpr double leastIndent = 0.1;   // slides give a line without any the indent of the line before
+struct Thresholds
+{
+    double minHeight = 0.4;        ///< em; of a line: word processors cut off characters in lower ones
+    double minDistance = 0.6;      ///< em; baselines closer than this are not those of lines that follow one another
+    double maxDistance = 4;        ///< em; neither are those farther apart
+    double maxGap = 3;             ///< em; words farther apart do not make one line
+    double maxBaselineShift = 0.7; ///< em; neither do words whose baselines differ more: labels of a drawing
+    double minSpace = 0.15;        ///< em; gaps narrower than this are none between words
+    double minShift = 0.08;        ///< em; a word closer to the baseline stands on it
+    double maxNarrowing = 1.0 / 3; ///< em; by which letters come closer together
+    double maxWidening = 0.5;      ///< em; by which letters of a word stand apart
+    double maxGapWidening = 40;    ///< em; the same for a single character: the space in a wide gap
+    double spacingStep = 0.05;     ///< points; finer steps only multiply styles
+    double spacingSlack = 0.15;    ///< points; by which a word may end off its place
+    double sizeStep = 0.5;         ///< points; Word's font sizes are multiples of it
+    double spareWidth = 24;        ///< points; that a frame is wider than its lines, so that none wraps
+    double minSlideIndent = 0.1;   ///< points; slides give a line without any the indent of the line before
+};
+constexpr Thresholds thresholds;
 
-// Lines that share a frame: turned alike, one below the other.
+// Lines that share a frame: rotated alike, one below the other.
 using LineGroup = std::vector<model::Line>;
 
 double sizeOf(const model::Line &line)
@@ -33,14 +42,15 @@ double sizeOf(const model::Line &line)
     for (const model::Word &word : line.words) {
         size = std::max(size, word.style->size);
     }
-    return size > 0 ? size : 10;
+    return size > 0 ? size : defaultFontSize;
 }
 
 // Words far apart, or on baselines of their own, do not make one line: the labels of a drawing.
 bool isApart(const model::Word &word, const model::Word &next)
 {
     const double size = std::max(word.style->size, next.style->size);
-    return next.box.left - word.box.right > widestGap * size || std::abs(next.baseline - word.baseline) > 0.7 * size;
+    return next.box.left - word.box.right > thresholds.maxGap * size ||
+           std::abs(next.baseline - word.baseline) > thresholds.maxBaselineShift * size;
 }
 
 std::vector<model::Line> piecesOf(const model::Line &line)
@@ -70,7 +80,8 @@ std::vector<LineGroup> lineGroups(const std::vector<model::Line> &lines)
         const model::Line *before = groups.empty() ? nullptr : &groups.back().back();
         const double leading = before ? line.baseline - before->baseline : 0;
         const bool follows = before && pieces.size() == 1 && line.rotation == 0 && before->rotation == 0 &&
-                             leading > 0.6 * sizeOf(line) && leading < 4 * sizeOf(line);
+                             leading > thresholds.minDistance * sizeOf(line) &&
+                             leading < thresholds.maxDistance * sizeOf(line);
         if (follows) {
             groups.back().push_back(std::move(pieces.front()));
             continue;
@@ -84,7 +95,7 @@ std::vector<LineGroup> lineGroups(const std::vector<model::Line> &lines)
 
 double stepped(double spacing)
 {
-    return std::round(spacing / spacingStep) * spacingStep;
+    return std::round(spacing / thresholds.spacingStep) * thresholds.spacingStep;
 }
 
 // Writes the words of one line so that each begins where it does on the page, as far as the widths are known.
@@ -103,7 +114,7 @@ public:
             }
             const model::Word &following = line.words[i + 1];
             const double next = following.box.left;
-            if (word.spaceAfter() || next > word.box.right + leastGap * word.style->size) {
+            if (word.spaceAfter() || next > word.box.right + thresholds.minSpace * word.style->size) {
                 const QString link = following.link == word.link ? word.link : QString();
                 writePiece(u" "_s, *word.style, link, std::max(next, word.box.right), 0);
             }
@@ -114,27 +125,29 @@ public:
 private:
     void writePiece(const QString &text, model::Style style, const QString &address, double end, double rise)
     {
-        style.size = std::round(style.size * sizeSteps) / sizeSteps;
+        style.size = std::round(style.size / thresholds.sizeStep) * thresholds.sizeStep;
         const std::optional<double> natural = textWidth(text, style);
         double spacing = 0;
         if (natural) {
             style.family = measuredFamily(style);
-            const auto signs = static_cast<double>(text.size());
-            const double largest = text.size() == 1 ? 40 * style.size : style.size / 2;
+            const auto characters = static_cast<double>(text.size());
+            const double largest = (text.size() == 1 ? thresholds.maxGapWidening : thresholds.maxWidening) * style.size;
             // Close enough with the spacing before: fewer changes make the file smaller and quicker to open.
-            const bool keeps = std::abs(m_at + *natural + signs * m_spacing - end) < spacingSlack;
-            spacing =
-                keeps ? m_spacing : std::clamp(stepped((end - m_at - *natural) / signs), -style.size / 3, largest);
+            const bool keeps = std::abs(m_at + *natural + characters * m_spacing - end) < thresholds.spacingSlack;
+            spacing = keeps ? m_spacing
+                            : std::clamp(
+                                  stepped((end - m_at - *natural) / characters), -thresholds.maxNarrowing * style.size,
+                                  largest);
             m_spacing = spacing;
-            m_at += *natural + signs * spacing;
+            m_at += *natural + characters * spacing;
         } else {
             m_at = end;
         }
-        const QString look = pieceStyle(style, spacing, rise);
+        const QString styleName = pieceStyle(style, spacing, rise);
         const QString link = linkTarget(address);
-        if (look != m_look || link != m_link) {
+        if (styleName != m_styleName || link != m_link) {
             flush();
-            m_look = look;
+            m_styleName = styleName;
             m_link = link;
         }
         m_pending += text;
@@ -150,7 +163,7 @@ private:
             link.emplace(beginLink(m_sink.xml, m_link));
         }
         const XmlElement span(m_sink.xml, "text:span"_L1);
-        m_sink.xml.writeAttribute("text:style-name"_L1, m_look);
+        m_sink.xml.writeAttribute("text:style-name"_L1, m_styleName);
         writeText(m_sink.xml, m_pending);
         m_pending.clear();
     }
@@ -158,23 +171,23 @@ private:
     QString pieceStyle(const model::Style &style, double spacing, double rise)
     {
         m_sink.styles.noteFont(style);
-        Attributes look = textAttributes(style);
-        look.emplace_back("fo:letter-spacing"_L1, pt(spacing));
-        look.emplace_back("style:letter-kerning"_L1, u"false"_s);
-        if (std::abs(rise) > leastRise * style.size) {
+        Attributes properties = textAttributes(style);
+        properties.emplace_back("fo:letter-spacing"_L1, pt(spacing));
+        properties.emplace_back("style:letter-kerning"_L1, u"false"_s);
+        if (std::abs(rise) > thresholds.minShift * style.size) {
             const long percent = std::clamp(std::lround(100 * rise / style.size), -100L, 100L);
-            look.emplace_back("style:text-position"_L1, QString::number(percent) + u"% 100%"_s);
+            properties.emplace_back("style:text-position"_L1, QString::number(percent) + u"% 100%"_s);
         }
         return m_sink.styles.name(
-            {"style:style"_L1, {{"style:family"_L1, u"text"_s}}, {{"style:text-properties"_L1, look}}});
+            {"style:style"_L1, {{"style:family"_L1, u"text"_s}}, {{"style:text-properties"_L1, properties}}});
     }
 
     const Sink &m_sink;
     double m_at;
     double m_spacing = 0;
-    QString m_look;    // the style of the text that is not written yet
-    QString m_link;    // where that text leads
-    QString m_pending; // that text
+    QString m_styleName; // the style of the text that is not written yet
+    QString m_link;      // where that text leads
+    QString m_pending;   // that text
 };
 
 void writeLine(const Sink &sink, const model::Line &line, const LinePlace &place, double indent, bool rightToLeft)
@@ -198,29 +211,29 @@ bool readsRightToLeft(const model::Line &line)
     return line.words.size() > 1 && line.words.front().box.left > line.words.back().box.left;
 }
 
-// A turned line as if it ran from left to right, beginning at 0 on a baseline at the rise of its type.
+// A rotated line as if it ran from left to right, beginning at 0 on a baseline at the height that its font rises.
 model::Line uprightLine(const model::Line &line, double size)
 {
-    model::Line upright{{0, 0, line.box.height(), usualHeight * size}, riseOf(size), 0, line.words};
+    model::Line upright{{0, 0, line.box.height(), usualLineHeight * size}, riseOf(size), 0, line.words};
     for (model::Word &word : upright.words) {
         const bool down = line.rotation == 90;
         const double from = down ? word.box.top - line.box.top : line.box.bottom - word.box.bottom;
         const double off = down ? line.baseline - word.baseline : word.baseline - line.baseline;
-        word.box = {from, 0, from + word.box.height(), usualHeight * size};
+        word.box = {from, 0, from + word.box.height(), usualLineHeight * size};
         word.baseline = upright.baseline + off;
     }
     return upright;
 }
 
 // Text that runs down or up the page: in a frame whose lines do so.
-void writeTurned(const Sink &sink, const model::Line &line, FrameAnchor anchor)
+void writeRotated(const Sink &sink, const model::Line &line, FrameAnchor anchor)
 {
     const double size = sizeOf(line);
     const bool down = line.rotation == 90;
-    const double height = usualHeight * size;
+    const double height = usualLineHeight * size;
     const double left = down ? line.baseline + riseOf(size) - height : line.baseline - riseOf(size);
     Box box{left, line.box.top, left + height, line.box.bottom};
-    (down ? box.bottom : box.top) += down ? spareWidth : -spareWidth;
+    (down ? box.bottom : box.top) += down ? thresholds.spareWidth : -thresholds.spareWidth;
     const TextFrame frame = beginTextFrame(sink, box, anchor, false, down ? FrameDirection::Down : FrameDirection::Up);
     writeLine(sink, uprightLine(line, size), {0, height}, 0, false);
 }
@@ -229,7 +242,7 @@ void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, Fram
 {
     const int rotation = group.front().rotation;
     if (rotation == 90 || rotation == 270) {
-        writeTurned(sink, group.front(), anchor);
+        writeRotated(sink, group.front(), anchor);
         return;
     }
     std::vector<double> baselines;
@@ -241,7 +254,7 @@ void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, Fram
         box = united(box, line.box);
     }
     box.top = baselines.front() - riseOf(sizes.front());
-    box.right = std::min(std::max(box.right, pageWidth - 1), box.right + spareWidth);
+    box.right = std::min(std::max(box.right, pageWidth - 1), box.right + thresholds.spareWidth);
     const std::vector<LinePlace> places = placeLines(box.top, baselines, sizes);
     double height = 0;
     for (const LinePlace &place : places) {
@@ -249,7 +262,7 @@ void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, Fram
     }
     box.bottom = box.top + height;
     const TextFrame frame = beginTextFrame(sink, box, anchor, anchor == FrameAnchor::Page);
-    const double least = anchor == FrameAnchor::Slide ? leastIndent : 0;
+    const double least = anchor == FrameAnchor::Slide ? thresholds.minSlideIndent : 0;
     for (std::size_t i = 0; i < group.size(); ++i) {
         const double indent = std::max(least, group[i].box.left - box.left);
         writeLine(sink, group[i], places[i], indent, readsRightToLeft(group[i]));
@@ -260,7 +273,7 @@ void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, Fram
 
 double riseOf(double size)
 {
-    return baselinePart * usualHeight * size;
+    return baselinePart * usualLineHeight * size;
 }
 
 std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselines, const std::vector<double> &sizes)
@@ -272,7 +285,7 @@ std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselin
         const double usual = riseOf(sizes[i]);
         LinePlace place;
         place.above = std::max(0.0, rise - usual);
-        place.height = std::max(leastHeight * sizes[i], (rise - place.above) / baselinePart);
+        place.height = std::max(thresholds.minHeight * sizes[i], (rise - place.above) / baselinePart);
         places.push_back(place);
         bottom += place.above + place.height;
     }

@@ -9,22 +9,18 @@ namespace quorra::office {
 
 namespace {
 
-// Lines closer than this times the type's size would touch; wider ones are blank space, not leading.
-constexpr double tightestLeading = 0.95;
-constexpr double widestLeading = 2.5;
-constexpr double usualLeading = 1.2;
 constexpr double rounding = 0.5; // points by which a line of the paragraph may leave its box
 
 double singleLineHeight(double size, double baseline, std::optional<double> before, std::optional<double> after)
 {
-    double height = usualLeading * size;
+    double height = usualLineHeight * size;
     if (before && *before < baseline) {
         height = std::min(height, baseline - *before);
     }
     if (after && *after > baseline) {
         height = std::min(height, *after - baseline);
     }
-    return std::max(height, tightestLeading * size);
+    return std::max(height, leastLineHeight * size);
 }
 
 } // namespace
@@ -46,19 +42,19 @@ std::optional<double> lastBaseline(const model::Paragraph &paragraph)
     return last ? last : firstBaseline(paragraph);
 }
 
-LaidOut
-laidOut(const model::Paragraph &paragraph, std::optional<double> baselineBefore, std::optional<double> baselineAfter)
+LineLayout
+lineLayout(const model::Paragraph &paragraph, std::optional<double> baselineBefore, std::optional<double> baselineAfter)
 {
     const std::optional<double> first = firstBaseline(paragraph);
     const std::optional<double> last = lastBaseline(paragraph);
     const double size = largestSize(paragraph);
     if (!first || paragraph.rotation != 0) {
-        return {paragraph.box.top, paragraph.box.bottom, usualLeading * size};
+        return {paragraph.box.top, paragraph.box.bottom, usualLineHeight * size};
     }
-    if (paragraph.lineDistance > widestLeading * size) {
+    if (paragraph.lineDistance > mostLineHeight * size) {
         return {paragraph.box.top, paragraph.box.bottom, 0};
     }
-    const double height = paragraph.lineDistance > 0 ? std::max(paragraph.lineDistance, tightestLeading * size)
+    const double height = paragraph.lineDistance > 0 ? std::max(paragraph.lineDistance, leastLineHeight * size)
                                                      : singleLineHeight(size, *first, baselineBefore, baselineAfter);
     return {*first - baselinePart * height, *last + (1 - baselinePart) * height, height};
 }

@@ -58,26 +58,26 @@ void writePlace(QXmlStreamWriter &xml, const Box &box, FrameAnchor anchor)
 TextFrame beginTextFrame(const Sink &sink, const Box &box, FrameAnchor anchor, bool grows, FrameDirection direction)
 {
     QXmlStreamWriter &xml = sink.xml;
-    Attributes look = {
+    Attributes properties = {
         {"fo:padding"_L1, u"0pt"_s},
         {"fo:border"_L1, u"none"_s},
         {"draw:fill"_L1, u"none"_s},
         {"draw:stroke"_L1, u"none"_s}};
     if (anchor == FrameAnchor::Slide) {
-        look.insert(
-            look.end(), {{"draw:auto-grow-height"_L1, u"false"_s},
-                         {"draw:auto-grow-width"_L1, u"false"_s},
-                         {"draw:textarea-vertical-align"_L1, u"top"_s}});
+        properties.insert(
+            properties.end(), {{"draw:auto-grow-height"_L1, u"false"_s},
+                               {"draw:auto-grow-width"_L1, u"false"_s},
+                               {"draw:textarea-vertical-align"_L1, u"top"_s}});
     } else {
-        look.emplace_back("style:background-transparency"_L1, u"100%"_s);
+        properties.emplace_back("style:background-transparency"_L1, u"100%"_s);
     }
     if (direction == FrameDirection::Down) {
-        look.emplace_back("style:writing-mode"_L1, u"tb-rl"_s);
+        properties.emplace_back("style:writing-mode"_L1, u"tb-rl"_s);
     } else if (direction == FrameDirection::Up) {
-        look.emplace_back("loext:writing-mode"_L1, u"bt-lr"_s);
+        properties.emplace_back("loext:writing-mode"_L1, u"bt-lr"_s);
     }
     XmlElement frame(xml, "draw:frame"_L1);
-    xml.writeAttribute("draw:style-name"_L1, frameStyle(sink, anchor, "Frame"_L1, look));
+    xml.writeAttribute("draw:style-name"_L1, frameStyle(sink, anchor, "Frame"_L1, properties));
     writeAnchor(xml, anchor);
     writePlace(xml, box, anchor);
     if (!grows) {
@@ -131,7 +131,7 @@ void writeRule(const Sink &sink, const model::Rule &rule, FrameAnchor anchor)
         "draw:style-name"_L1, frameStyle(
                                   sink, anchor, {},
                                   {{"draw:stroke"_L1, u"solid"_s},
-                                   {"svg:stroke-width"_L1, pt(std::max(rule.width, 0.25))},
+                                   {"svg:stroke-width"_L1, pt(std::max(rule.width, thinnestLine))},
                                    {"svg:stroke-color"_L1, colourName(rule.colour)}}));
     writeAnchor(xml, anchor);
     xml.writeAttribute("svg:x1"_L1, pt(rule.x1));

@@ -12,13 +12,12 @@ namespace quorra::office {
 
 namespace {
 
-// A ragged right edge says little about the indent meant: only a plain one is kept, and not all of it.
-constexpr double plainIndent = 36;
-constexpr double raggedReserve = 12;
+// A ragged right edge says little about the indent that is meant: only a wide one is kept, and not all of it.
+constexpr double minRaggedIndent = 36; // points
+constexpr double raggedReserve = 12;   // points
 
-constexpr double emptySize = 1;       // points: the type of a paragraph without text
-constexpr double thinnestLine = 0.25; // thinner ones vanish in word processors
-constexpr int deepestLevel = 9;       // of lists: word processors have no more
+constexpr double emptySize = 1; // points; font size of a paragraph without text
+constexpr int deepestLevel = 9; // of lists: word processors have no more
 
 QString parentStyle(const model::Paragraph &paragraph)
 {
@@ -61,8 +60,9 @@ double rightIndent(const model::Paragraph &paragraph)
     case model::Alignment::Justify:
         return paragraph.lines.size() > 1 ? paragraph.indentRight : 0;
     case model::Alignment::Left:
-        return paragraph.lines.size() > 2 && paragraph.indentRight > plainIndent ? paragraph.indentRight - raggedReserve
-                                                                                 : 0;
+        return paragraph.lines.size() > 2 && paragraph.indentRight > minRaggedIndent
+                   ? paragraph.indentRight - raggedReserve
+                   : 0;
     case model::Alignment::Centre:
         break;
     }
@@ -74,7 +74,7 @@ QString lineHeight(const model::Paragraph &paragraph, const ParagraphPlace &plac
     if (!place.exactLeading) {
         return u"100%"_s;
     }
-    const double height = place.lineHeight > 0 ? place.lineHeight : laidOut(paragraph).lineHeight;
+    const double height = place.lineHeight > 0 ? place.lineHeight : lineLayout(paragraph).lineHeight;
     return height > 0 ? pt(height) : u"100%"_s;
 }
 
@@ -182,7 +182,7 @@ QString listStyle(const Sink &sink, const model::Paragraph &paragraph, const Par
 }
 
 void writeInside(
-    const Sink &sink, const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &look)
+    const Sink &sink, const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &textStyle)
 {
     writeBookmark(sink.xml, place.bookmark);
     if (paragraph.listItem && !(place.withLists && isBullet(paragraph))) {
@@ -194,7 +194,7 @@ void writeInside(
             sink.xml.writeCharacters(u" "_s);
         }
     }
-    writeRuns(sink, model::runsOf(paragraph), look, place.withLinks);
+    writeRuns(sink, model::runsOf(paragraph), textStyle, place.withLinks);
 }
 
 // A list item of one line does not show where its second line would begin: where its text does.
@@ -235,13 +235,13 @@ Attributes ruleBorders(const ParagraphPlace &place)
     return borders;
 }
 
-Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &look)
+Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &textStyle)
 {
     Element style{
         "style:style"_L1,
         {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, parentStyle(paragraph)}},
         {{"style:paragraph-properties"_L1, paragraphProperties(paragraph, place)},
-         {"style:text-properties"_L1, textAttributes(look)}}};
+         {"style:text-properties"_L1, textAttributes(textStyle)}}};
     if (!place.masterPage.isEmpty()) {
         style.attributes.emplace_back("style:master-page-name"_L1, place.masterPage);
     }
@@ -250,11 +250,11 @@ Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &
 
 Element emptyParagraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
-    model::Style look;
-    look.size = emptySize;
+    model::Style textStyle;
+    textStyle.size = emptySize;
     ParagraphPlace low = place;
     low.lineHeight = emptyParagraphHeight;
-    return paragraphStyle(paragraph, low, look);
+    return paragraphStyle(paragraph, low, textStyle);
 }
 
 bool isBullet(const model::Paragraph &paragraph)
@@ -267,18 +267,18 @@ void writeParagraph(const Sink &sink, const model::Paragraph &whole, const Parag
 {
     QXmlStreamWriter &xml = sink.xml;
     const model::Paragraph paragraph = withHang(whole);
-    const model::Style look = mainStyle(paragraph);
-    sink.styles.noteFont(look);
+    const model::Style textStyle = mainStyle(paragraph);
+    sink.styles.noteFont(textStyle);
     const int heading = place.withHeadings ? paragraph.headingLevel : 0;
     const bool inList = place.withLists && heading == 0 && isBullet(paragraph);
     const QString list = inList ? listStyle(sink, paragraph, place) : QString();
     const ListPosition position(xml, list, inList ? listLevel(paragraph) : 0);
     const XmlElement element(xml, heading > 0 ? "text:h"_L1 : "text:p"_L1);
-    xml.writeAttribute("text:style-name"_L1, sink.styles.name(paragraphStyle(paragraph, place, look)));
+    xml.writeAttribute("text:style-name"_L1, sink.styles.name(paragraphStyle(paragraph, place, textStyle)));
     if (heading > 0) {
         xml.writeAttribute("text:outline-level"_L1, QString::number(heading));
     }
-    writeInside(sink, paragraph, place, look);
+    writeInside(sink, paragraph, place, textStyle);
 }
 
 XmlElement beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place)

@@ -13,6 +13,8 @@ namespace quorra::office {
 
 namespace {
 
+constexpr QLatin1String shiftedSize("58%"); // of superscripts and subscripts: what LibreOffice and Word use
+
 void flush(QXmlStreamWriter &xml, QString &pending)
 {
     if (!pending.isEmpty()) {
@@ -21,15 +23,16 @@ void flush(QXmlStreamWriter &xml, QString &pending)
     }
 }
 
-QString spanStyle(StyleTable &styles, const model::Style &look, model::BaselineShift shift)
+QString spanStyle(StyleTable &styles, const model::Style &style, model::BaselineShift shift)
 {
     if (shift == model::BaselineShift::None) {
-        return styles.text(look);
+        return styles.text(style);
     }
-    styles.noteFont(look);
-    Attributes attributes = textAttributes(look);
+    styles.noteFont(style);
+    Attributes attributes = textAttributes(style);
     attributes.emplace_back(
-        "style:text-position"_L1, shift == model::BaselineShift::Superscript ? u"super 58%"_s : u"sub 58%"_s);
+        "style:text-position"_L1,
+        shift == model::BaselineShift::Superscript ? "super "_L1 + shiftedSize : "sub "_L1 + shiftedSize);
     return styles.name(
         {"style:style"_L1, {{"style:family"_L1, u"text"_s}}, {{"style:text-properties"_L1, attributes}}});
 }
@@ -38,20 +41,20 @@ QString spanStyle(StyleTable &styles, const model::Style &look, model::BaselineS
 
 model::Style mainStyle(const std::vector<model::Run> &runs)
 {
-    std::vector<std::pair<model::Style, qsizetype>> looks;
+    std::vector<std::pair<model::Style, qsizetype>> lengths; // of the text in each style
     for (const model::Run &run : runs) {
         const model::Style &style = run.style;
         const auto known =
-            std::find_if(looks.begin(), looks.end(), [&](const auto &each) { return each.first == style; });
-        if (known == looks.end()) {
-            looks.emplace_back(style, run.text.size());
+            std::find_if(lengths.begin(), lengths.end(), [&](const auto &each) { return each.first == style; });
+        if (known == lengths.end()) {
+            lengths.emplace_back(style, run.text.size());
         } else {
             known->second += run.text.size();
         }
     }
-    const auto most =
-        std::max_element(looks.begin(), looks.end(), [](const auto &a, const auto &b) { return a.second < b.second; });
-    return most == looks.end() ? model::Style{} : most->first;
+    const auto most = std::max_element(
+        lengths.begin(), lengths.end(), [](const auto &a, const auto &b) { return a.second < b.second; });
+    return most == lengths.end() ? model::Style{} : most->first;
 }
 
 model::Style mainStyle(const model::Paragraph &paragraph)
@@ -65,7 +68,7 @@ double largestSize(const std::vector<model::Run> &runs)
     for (const model::Run &run : runs) {
         largest = std::max(largest, run.style.size);
     }
-    return largest > 0 ? largest : 10;
+    return largest > 0 ? largest : defaultFontSize;
 }
 
 double largestSize(const model::Paragraph &paragraph)
@@ -100,19 +103,19 @@ XmlElement beginLink(QXmlStreamWriter &xml, const QString &target)
 void writeText(QXmlStreamWriter &xml, const QString &text)
 {
     QString pending;
-    bool afterBlank = true; // blanks at the start of a paragraph or span would be dropped
+    bool afterSpace = true; // spaces at the start of a paragraph or span would be dropped
     const QString clean = xmlText(text);
     for (const QChar c : clean) {
         if (c == u'\n' || c == u'\t') {
             flush(xml, pending);
             xml.writeEmptyElement(c == u'\n' ? "text:line-break"_L1 : "text:tab"_L1);
-            afterBlank = true;
-        } else if (c == u' ' && afterBlank) {
+            afterSpace = true;
+        } else if (c == u' ' && afterSpace) {
             flush(xml, pending);
             xml.writeEmptyElement("text:s"_L1);
         } else {
             pending += c;
-            afterBlank = c == u' ';
+            afterSpace = c == u' ';
         }
     }
     flush(xml, pending);
@@ -125,11 +128,11 @@ void writeRuns(
     for (const model::Run &run : runs) {
         const QString target = withLinks ? linkTarget(run.link) : QString();
         const bool shifted = run.shift != model::BaselineShift::None;
-        model::Style look = run.style;
+        model::Style style = run.style;
         if (shifted) {
-            look.size = paragraphStyle.size; // made small by being raised
+            style.size = paragraphStyle.size; // the shift makes it small
         }
-        const bool needsSpan = shifted || !(look == paragraphStyle);
+        const bool needsSpan = shifted || !(style == paragraphStyle);
         std::optional<XmlElement> link;
         if (!target.isEmpty()) {
             link.emplace(beginLink(xml, target));
@@ -137,7 +140,7 @@ void writeRuns(
         std::optional<XmlElement> span;
         if (needsSpan) {
             span.emplace(xml, "text:span"_L1);
-            xml.writeAttribute("text:style-name"_L1, spanStyle(sink.styles, look, run.shift));
+            xml.writeAttribute("text:style-name"_L1, spanStyle(sink.styles, style, run.shift));
         }
         writeText(xml, run.text);
     }

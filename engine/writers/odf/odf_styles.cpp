@@ -92,7 +92,7 @@ QString officeFamily(const model::Style &style)
 
 Attributes textAttributes(const model::Style &style)
 {
-    const QString size = QString::number(style.size > 0 ? style.size : 10, 'f', 1) + "pt"_L1;
+    const QString size = QString::number(style.size > 0 ? style.size : defaultFontSize, 'f', 1) + "pt"_L1;
     const QString weight = style.bold ? u"bold"_s : u"normal"_s;
     const QString slant = style.italic ? u"italic"_s : u"normal"_s;
     Attributes attributes;

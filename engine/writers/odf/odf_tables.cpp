@@ -37,17 +37,17 @@ QString rowStyle(const Sink &sink, double height)
 
 QString cellStyle(const Sink &sink, const model::Cell &cell)
 {
-    Attributes look = {
+    Attributes properties = {
         {"fo:padding"_L1, u"0pt"_s},
         {"fo:border-left"_L1, borderText(cell.left)},
         {"fo:border-right"_L1, borderText(cell.right)},
         {"fo:border-top"_L1, borderText(cell.top)},
         {"fo:border-bottom"_L1, borderText(cell.bottom)}};
     if (cell.background) {
-        look.emplace_back("fo:background-color"_L1, colourName(*cell.background));
+        properties.emplace_back("fo:background-color"_L1, colourName(*cell.background));
     }
     return sink.styles.name(
-        {"style:style"_L1, {{"style:family"_L1, u"table-cell"_s}}, {{"style:table-cell-properties"_L1, look}}});
+        {"style:style"_L1, {{"style:family"_L1, u"table-cell"_s}}, {{"style:table-cell-properties"_L1, properties}}});
 }
 
 void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &place)

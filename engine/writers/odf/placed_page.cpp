@@ -3,6 +3,7 @@
 
 #include "document/page_walk.h"
 #include "odf/exact_lines.h"
+#include "odf/line_layout.h"
 #include "odf/odf_tables.h"
 
 #include <algorithm>
@@ -13,13 +14,19 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double widestGap = 1.8;   // lines between paragraphs of one text block
-constexpr double spareWidth = 0.06; // by which another font may run wider
-constexpr double leastSpare = 4;
+struct Thresholds
+{
+    double maxOverlap = 0.5;     ///< lines; by which paragraphs of one text block overlap
+    double maxGap = 1.8;         ///< lines; between paragraphs of one text block
+    double minSharedWidth = 0.5; ///< share of the narrower one's width that stands below the other
+    double spareWidth = 0.06;    ///< share of the width by which text may be wider in another font
+    double minSpare = 4;         ///< points; the least that it gets
+};
+constexpr Thresholds thresholds;
 
 double lineDistanceOf(const model::Paragraph &paragraph)
 {
-    return paragraph.lineDistance > 0 ? paragraph.lineDistance : 1.2 * largestSize(paragraph);
+    return paragraph.lineDistance > 0 ? paragraph.lineDistance : usualLineHeight * largestSize(paragraph);
 }
 
 bool belongsTo(const TextBlock &block, const model::Paragraph &paragraph)
@@ -27,9 +34,9 @@ bool belongsTo(const TextBlock &block, const model::Paragraph &paragraph)
     const model::Paragraph &last = *block.paragraphs.back();
     const double gap = paragraph.box.top - last.box.bottom;
     const double shared = std::min(block.box.right, paragraph.box.right) - std::max(block.box.left, paragraph.box.left);
-    return last.rotation == paragraph.rotation && gap > -lineDistanceOf(paragraph) / 2 &&
-           gap < widestGap * lineDistanceOf(paragraph) &&
-           shared > 0.5 * std::min(block.box.width(), paragraph.box.width());
+    return last.rotation == paragraph.rotation && gap > -thresholds.maxOverlap * lineDistanceOf(paragraph) &&
+           gap < thresholds.maxGap * lineDistanceOf(paragraph) &&
+           shared > thresholds.minSharedWidth * std::min(block.box.width(), paragraph.box.width());
 }
 
 void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &block, FrameAnchor anchor)
@@ -113,7 +120,8 @@ Box roomyBox(const model::Page &page, const Box &box)
     forEachBlock(page, keepOff);
     std::for_each(page.runningHeads.begin(), page.runningHeads.end(), keepOff);
     Box room = box;
-    room.right = std::max(box.right, std::min(farthest, box.right + leastSpare + spareWidth * box.width()));
+    room.right =
+        std::max(box.right, std::min(farthest, box.right + thresholds.minSpare + thresholds.spareWidth * box.width()));
     return room;
 }
 

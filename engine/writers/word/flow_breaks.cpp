@@ -8,7 +8,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double leastSpace = 2; // points of blank space that are worth a paragraph of their own
+constexpr double leastSpace = 2; // points; a space that is worth a paragraph of their own
 
 } // namespace
 

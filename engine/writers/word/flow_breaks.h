@@ -7,7 +7,7 @@
 
 namespace quorra::office {
 
-/// Which breaks, link targets and blank space are still to be carried by a paragraph of a flowing text, and whether an
+/// Which breaks, link targets and spaces are still to be carried by a paragraph of a flowing text, and whether an
 /// empty one has to carry them: columns and tables cannot, and a break right after columns is lost, one right after
 /// frames comes before them.
 class FlowBreaks

@@ -11,12 +11,12 @@ namespace {
 
 struct Thresholds
 {
-    double closestLines = 0.9; ///< of their distance on the page: closer ones are hard to read
-    double leastSpaces = 0.5;  ///< of the blank space on the page: less hides what it separates
-    double doubt = 0.05;       ///< of the lines' heights: how the text breaks is only estimated
-    double around = 3;         ///< points that a table or picture takes beyond its own height
+    double closestLines = 0.9; ///< share of their distance on the page; closer ones are hard to read
+    double leastSpaces = 0.5;  ///< share of the space on the page; less hides what it separates
+    double doubt = 0.05;       ///< share of the lines' heights; how the text breaks is only estimated
+    double around = 3;         ///< points; that a table or picture takes beyond its own height
 };
-constexpr Thresholds limits;
+constexpr Thresholds thresholds;
 
 // Heights on a page in points, by what can be done about them.
 struct Heights
@@ -39,7 +39,7 @@ Heights heightsOf(const FlowSection &section)
             heights.lines += item.lines * item.lineHeight;
             tallest = std::max(tallest, item.lineHeight);
         } else {
-            heights.fixed += item.height + limits.around;
+            heights.fixed += item.height + thresholds.around;
         }
     }
     if (section.inColumns) {
@@ -73,16 +73,16 @@ Fit fitOf(const FlowPage &page)
         all.fixed += heights.fixed + anchorsOf(section);
     }
     Fit fit;
-    double over = (1 + limits.doubt) * all.lines + all.spaces + all.fixed - page.room;
+    double over = (1 + thresholds.doubt) * all.lines + all.spaces + all.fixed - page.room;
     if (over <= 0) {
         return fit;
     }
     if (all.spaces > 0) {
-        fit.spaces = std::max(limits.leastSpaces, 1 - over / all.spaces);
+        fit.spaces = std::max(thresholds.leastSpaces, 1 - over / all.spaces);
         over -= (1 - fit.spaces) * all.spaces;
     }
     if (all.lines > 0 && over > 0) {
-        fit.lines = std::max(limits.closestLines, 1 - over / all.lines);
+        fit.lines = std::max(thresholds.closestLines, 1 - over / all.lines);
     }
     return fit;
 }

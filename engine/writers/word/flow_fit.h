@@ -5,7 +5,7 @@
 
 namespace quorra::office {
 
-/// By how much the lines and the blank space of a page come closer together, 1 for not at all.
+/// By how much the lines and the spaces of a page come closer together, 1 for not at all.
 struct Fit
 {
     double lines = 1;
@@ -16,7 +16,7 @@ struct Fit
 /// few lines more would begin a page of their own.
 Fit fitOf(const FlowPage &page);
 
-/// Brings the lines and the blank space of the plan closer together, so that the page keeps to its room.
+/// Brings the lines and the spaces of the plan closer together, so that the page keeps to its room.
 void fitToRoom(FlowPage &page);
 
 } // namespace quorra::office

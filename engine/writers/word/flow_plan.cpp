@@ -18,23 +18,23 @@ namespace quorra::office {
 
 namespace {
 
-/// Lengths in points; shares of the font size where "em" is said.
 struct Thresholds
 {
-    double usualSpace = 12;   ///< most between blocks that do not follow one another on the page
-    double roomForBreak = 90; ///< below a column that is certain not to run over: word processors set text longer
+    double usualSpace = 12; ///< points; most between blocks that do not follow one another on the page
+    double roomForBreak =
+        90; ///< points; below a column that is certain not to run over: word processors set text longer
     std::size_t longText = 4; ///< lines that make a paragraph running text
-    double wideFont = 1.1;    ///< by which the font that replaces an unknown one may be wider
-    double spaceWidth = 0.25; ///< em: of a space in most fonts
+    double wideFont = 1.1;    ///< times the width: by which the font that replaces an unknown one may be wider
+    double spaceWidth = 0.25; ///< em; of a space in most fonts
 };
-constexpr Thresholds limits;
+constexpr Thresholds thresholds;
 
 // The strip that blocks stand in and how far it is filled. In points.
 struct Area
 {
     double left = 0;
     double right = 0;
-    double bottom = 0;              // of what is planned so far, as it lies on the page
+    double bottom = 0;              // of what is planned so far, on the page
     std::optional<double> baseline; // the last one so far, where the last block has one
     bool begun = false;             // text of the document stands in it
     bool followsOther = false;      // what comes next did not follow on the page what came last
@@ -46,7 +46,7 @@ bool isRunningText(const model::Section &section)
 {
     return section.columns.size() > 1 &&
            std::any_of(section.blocks.begin(), section.blocks.end(), [](const model::Block &block) {
-               return block.paragraph() && block.paragraph()->lines.size() >= limits.longText;
+               return block.paragraph() && block.paragraph()->lines.size() >= thresholds.longText;
            });
 }
 
@@ -64,7 +64,7 @@ double topOf(const model::Section &section)
 {
     std::optional<double> top;
     for (const model::Block &block : section.blocks) {
-        const double own = block.paragraph() ? laidOut(*block.paragraph()).top : block.box().top;
+        const double own = block.paragraph() ? lineLayout(*block.paragraph()).top : block.box().top;
         top = std::min(top.value_or(own), own);
     }
     return top.value_or(0);
@@ -110,7 +110,7 @@ double likelyWidth(const model::Word &word)
     if (isCommon(*word.style)) {
         return drawn;
     }
-    return limits.wideFont * std::max(drawn, textWidth(word.text, *word.style).value_or(drawn));
+    return thresholds.wideFont * std::max(drawn, textWidth(word.text, *word.style).value_or(drawn));
 }
 
 class PagePlanner
@@ -190,19 +190,19 @@ std::vector<Area> PagePlanner::areasOf(const model::Section &section, bool inCol
 double PagePlanner::spaceAbove(const Area &area, double top) const
 {
     const double space = std::max(0.0, top - area.bottom);
-    return m_form.places && !area.followsOther ? space : std::min(space, limits.usualSpace);
+    return m_form.places && !area.followsOther ? space : std::min(space, thresholds.usualSpace);
 }
 
 void PagePlanner::planText(FlowItem &item, Area &area, std::optional<double> baselineAfter) const
 {
     const model::Paragraph &paragraph = *item.block->paragraph();
-    const LaidOut lies = laidOut(paragraph, area.baseline, baselineAfter);
-    item.spaceAbove = spaceAbove(area, lies.top);
-    item.lineHeight = lies.lineHeight;
+    const LineLayout layout = lineLayout(paragraph, area.baseline, baselineAfter);
+    item.spaceAbove = spaceAbove(area, layout.top);
+    item.lineHeight = layout.lineHeight;
     item.lines = likelyLines(paragraph, item.column.width() - paragraph.indentLeft - paragraph.indentRight);
     item.borders = decorationOf(m_page, paragraph.box);
     item.shortRule = hasShortRule(item.borders, item.column);
-    area.bottom = lies.bottom;
+    area.bottom = layout.bottom;
     area.baseline = lastBaseline(paragraph);
 }
 
@@ -221,7 +221,7 @@ void PagePlanner::addItems(FlowSection &planned, std::vector<Area> &areas) const
         item.right = area.right;
         // A column that begins with a paragraph of its own begins there in the text as well, unless the one before it
         // is full: a line too many in that one would leave a page with nothing else.
-        const bool full = areas[before].bottom > m_end - limits.roomForBreak;
+        const bool full = areas[before].bottom > m_end - thresholds.roomForBreak;
         item.beginsColumn = planned.inColumns && column > before && !area.begun && !full;
         before = column;
         item.behindText = m_form.pages && block.figure() && block.figure()->behindText;
@@ -249,7 +249,8 @@ int likelyLines(const model::Paragraph &paragraph, double width)
     if (paragraph.lines.size() < 2) {
         return 1;
     }
-    const TextMeasure measure{likelyWidth, [](const model::Style &style) { return limits.spaceWidth * style.size; }};
+    const TextMeasure measure{
+        likelyWidth, [](const model::Style &style) { return thresholds.spaceWidth * style.size; }};
     return countLines(unbreakableTexts(paragraph, measure), {.width = width, .firstIndent = paragraph.firstLineIndent});
 }
 

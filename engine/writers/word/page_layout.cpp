@@ -12,17 +12,23 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double sizeTolerance = 1;    // points by which pages of one size may differ
-constexpr double sameLine = 3;         // points by which baselines of one line of a running head may differ
-constexpr double narrowestMargin = 14; // printers and word processors object to less
-constexpr double leastBody = 72;       // margins never meet
-constexpr double usualMargin = 72;     // a page that is not full says nothing about the margin beyond its end
-constexpr double mostRoom = 48;        // points that text may run over the page's last line
-constexpr double headGap = 6;          // between the text and a running head
+struct Thresholds
+{
+    double sameSize = 1;     ///< points; by which the sides of pages of one size differ
+    double sameLine = 3;     ///< points; by which the middles of a header's parts on one line differ
+    double minMargin = 14;   ///< points; printers and word processors object to less
+    double minBody = 72;     ///< points; between two margins
+    double usualMargin = 72; ///< points; a page that is not full does not show the margin beyond its end
+    double usualSide = 0.5;  ///< quantile of the pages whose side margins the others take: the median
+    double usualTop = 0.1;   ///< quantile of the pages whose top margin they take: that of the full ones
+    double maxOverrun = 48;  ///< points; by which text may run over the page's last line
+    double footerGap = 6;    ///< points; between the text and a page footer
+};
+constexpr Thresholds thresholds;
 
 bool sameSize(const model::Page &a, const model::Page &b)
 {
-    return std::abs(a.width - b.width) < sizeTolerance && std::abs(a.height - b.height) < sizeTolerance;
+    return std::abs(a.width - b.width) < thresholds.sameSize && std::abs(a.height - b.height) < thresholds.sameSize;
 }
 
 double quantile(std::vector<double> values, double part)
@@ -52,15 +58,16 @@ Margins commonMargins(const model::Page &like, const model::Document &document)
         return {};
     }
     const auto inside = [](double margin, double side) {
-        return std::clamp(margin, narrowestMargin, std::max(narrowestMargin, (side - leastBody) / 2));
+        return std::clamp(
+            margin, thresholds.minMargin, std::max(thresholds.minMargin, (side - thresholds.minBody) / 2));
     };
-    const double left = quantile(lefts, 0.5);
-    const double right = quantile(rights, 0.5);
-    const double top = std::min(quantile(tops, 0.1), 2 * usualMargin);
+    const double left = quantile(lefts, thresholds.usualSide);
+    const double right = quantile(rights, thresholds.usualSide);
+    const double top = std::min(quantile(tops, thresholds.usualTop), 2 * thresholds.usualMargin);
     return {
-        inside(std::min(left, std::max(right, usualMargin)), like.width), inside(top, like.height),
-        inside(std::min(right, std::max(left, usualMargin)), like.width),
-        inside(std::min(quantile(bottoms, 0), std::max(top, usualMargin)), like.height)};
+        inside(std::min(left, std::max(right, thresholds.usualMargin)), like.width), inside(top, like.height),
+        inside(std::min(right, std::max(left, thresholds.usualMargin)), like.width),
+        inside(std::min(quantile(bottoms, 0), std::max(top, thresholds.usualMargin)), like.height)};
 }
 
 Box unitedBox(const std::vector<const model::Paragraph *> &paragraphs)
@@ -83,12 +90,12 @@ struct Strip
 Element tabStop(const Box &part, const Strip &strip)
 {
     const double middle = (strip.left + strip.right) / 2;
-    if (std::abs(part.centreX() - middle) < sameLine) {
+    if (std::abs(part.centreX() - middle) < thresholds.sameLine) {
         return {
             "style:tab-stop"_L1,
             {{"style:position"_L1, pt(part.centreX() - strip.left)}, {"style:type"_L1, u"center"_s}}};
     }
-    if (part.left > middle && part.right > strip.right - usualMargin) {
+    if (part.left > middle && part.right > strip.right - thresholds.usualMargin) {
         return {
             "style:tab-stop"_L1, {{"style:position"_L1, pt(part.right - strip.left)}, {"style:type"_L1, u"right"_s}}};
     }
@@ -101,9 +108,9 @@ void writeHeadLine(
     double above)
 {
     std::sort(parts.begin(), parts.end(), [](const auto *a, const auto *b) { return a->box.left < b->box.left; });
-    const model::Style look = mainStyle(*parts.front());
+    const model::Style textStyle = mainStyle(*parts.front());
     const Box line = unitedBox(parts);
-    sink.styles.noteFont(look);
+    sink.styles.noteFont(textStyle);
     Element stops{"style:tab-stops"_L1};
     for (const model::Paragraph *part : parts) {
         stops.children.push_back(tabStop(part->box, strip));
@@ -123,14 +130,15 @@ void writeHeadLine(
     const Element style{
         "style:style"_L1,
         {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Header"_s}},
-        {{"style:paragraph-properties"_L1, properties, {stops}}, {"style:text-properties"_L1, textAttributes(look)}}};
+        {{"style:paragraph-properties"_L1, properties, {stops}},
+         {"style:text-properties"_L1, textAttributes(textStyle)}}};
     const XmlElement element(sink.xml, "text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
     for (const model::Paragraph *part : parts) {
-        if (part->box.left > strip.left + sameLine) {
+        if (part->box.left > strip.left + thresholds.sameLine) {
             sink.xml.writeEmptyElement("text:tab"_L1);
         }
-        writeRuns(sink, model::runsOf(*part), look);
+        writeRuns(sink, model::runsOf(*part), textStyle);
     }
 }
 
@@ -143,8 +151,8 @@ void writeHeads(
     double bottom = top;
     for (auto first = heads.begin(); first != heads.end();) {
         const double middle = (*first)->box.centreY();
-        const auto last =
-            std::find_if(first, heads.end(), [&](const auto *each) { return each->box.centreY() > middle + sameLine; });
+        const auto last = std::find_if(
+            first, heads.end(), [&](const auto *each) { return each->box.centreY() > middle + thresholds.sameLine; });
         const std::vector<const model::Paragraph *> line(first, last);
         writeHeadLine(sink, page, line, strip, unitedBox(line).top - bottom);
         bottom = unitedBox(line).bottom;
@@ -186,11 +194,11 @@ Heads headsOf(const model::Page &page)
 double textEnd(const model::Page &page, const Margins &margins, const Heads &heads)
 {
     const double end = page.height - margins.bottom;
-    double farthest = page.height - std::min(margins.bottom, narrowestMargin);
+    double farthest = page.height - std::min(margins.bottom, thresholds.minMargin);
     if (!heads.below.empty()) {
-        farthest = std::max(end, std::min(farthest, unitedBox(heads.below).top - headGap));
+        farthest = std::max(end, std::min(farthest, unitedBox(heads.below).top - thresholds.footerGap));
     }
-    return std::min(farthest, end + std::min(mostRoom, margins.bottom / 2));
+    return std::min(farthest, end + std::min(thresholds.maxOverrun, margins.bottom / 2));
 }
 
 QString MasterPages::layout(const model::Page &page, const Margins &margins, const Heads &heads)

@@ -48,7 +48,7 @@ private:
     QString layout(const model::Page &page, const Margins &margins, const Heads &heads);
 
     Sink m_masters;
-    std::vector<std::pair<QString, QString>> m_known; // what it looks like, its name
+    std::vector<std::pair<QString, QString>> m_known; // its definition and its name
 };
 
 } // namespace quorra::office

@@ -8,6 +8,12 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace quorra::office {
 
+namespace {
+
+constexpr double unitsPerPoint = 20; // of relative column widths: whole numbers, so that fractions of points count
+
+} // namespace
+
 bool canStandInColumns(const model::Section &section)
 {
     return section.columns.size() > 1 && section.columns.front().left <= section.columns.back().left;
@@ -24,7 +30,7 @@ XmlElement beginColumns(
         const double to = isLast ? column.right : (column.right + section.columns[i + 1].left) / 2;
         columns.children.push_back(
             {"style:column"_L1,
-             {{"style:rel-width"_L1, QString::number(std::max(1L, std::lround(20 * (to - from)))) + u'*'},
+             {{"style:rel-width"_L1, QString::number(std::max(1L, std::lround(unitsPerPoint * (to - from)))) + u'*'},
               {"fo:start-indent"_L1, pt(column.left - from)},
               {"fo:end-indent"_L1, pt(to - column.right)}}});
         from = to;

@@ -39,7 +39,7 @@ void writePages(OdfFile &file, const model::Document &document, const PageWriter
             const XmlElement holder = beginAnchorParagraph(sink, place);
             writePage(sink, page);
         }
-        // The next page's break is written at the end of the paragraph before it, ahead of its frames: it gets one
+        // The next page's break is written at the end of the paragraph before it, before its frames: it gets one
         // without frames.
         writeAnchorParagraph(sink, {});
     }

@@ -73,22 +73,22 @@ QString flow(const model::Page &page, const FlowForm &form = flow_forms::inColum
 
 void OfficeLayoutTest::linesKeepTheirDistance()
 {
-    const LaidOut lies = laidOut(linesOf(3));
-    QCOMPARE(lies.lineHeight, 12.0);
-    QCOMPARE(lies.top, 108 - 0.8 * 12);
-    QCOMPARE(lies.bottom, 132 + 0.2 * 12);
+    const LineLayout layout = lineLayout(linesOf(3));
+    QCOMPARE(layout.lineHeight, 12.0);
+    QCOMPARE(layout.top, 108 - 0.8 * 12);
+    QCOMPARE(layout.bottom, 132 + 0.2 * 12);
     model::Paragraph wide = linesOf(2);
     wide.lineDistance = 40; // blank space rather than leading
-    QCOMPARE(laidOut(wide).lineHeight, 0.0);
+    QCOMPARE(lineLayout(wide).lineHeight, 0.0);
 }
 
 void OfficeLayoutTest::aSingleLineMakesRoomForItsNeighbours()
 {
     const model::Paragraph line = linesOf(1);
-    QCOMPARE(laidOut(line).lineHeight, 12.0);
-    QCOMPARE(laidOut(line, 97.0).lineHeight, 11.0);
-    QCOMPARE(laidOut(line, 97.0, 118.0).lineHeight, 10.0);
-    QCOMPARE(laidOut(line, {}, 109.0).lineHeight, 9.5); // never so close that lines touch
+    QCOMPARE(lineLayout(line).lineHeight, 12.0);
+    QCOMPARE(lineLayout(line, 97.0).lineHeight, 11.0);
+    QCOMPARE(lineLayout(line, 97.0, 118.0).lineHeight, 10.0);
+    QCOMPARE(lineLayout(line, {}, 109.0).lineHeight, 9.5); // never so close that lines touch
 }
 
 void OfficeLayoutTest::brokenWordsMoveOnAsAWhole()

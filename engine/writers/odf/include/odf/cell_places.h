@@ -7,7 +7,7 @@
 
 namespace quorra::office {
 
-/// A paragraph as it lies in its cell: its alignment, indents and space above are against the cell's edges.
+/// A paragraph at its place in its cell: its alignment, indents and space above are against the cell's edges.
 struct CellParagraph
 {
     model::Paragraph paragraph;

@@ -8,7 +8,7 @@
 
 namespace quorra::office {
 
-/// A line in a frame of lines: how much blank space stands above it and how high it is, in points, so that its baseline
+/// A line in a frame of lines: how much space is above it and how high it is, in points, so that its baseline
 /// comes to its place.
 struct LinePlace
 {
@@ -17,7 +17,7 @@ struct LinePlace
 };
 
 /// Places for lines with these baselines and sizes of type, in a frame that begins at the given y. The baseline of a
-/// line of fixed height lies at four fifths of it.
+/// line of fixed height is at four fifths of it.
 std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselines, const std::vector<double> &sizes);
 
 /// How far above the first baseline a frame of lines begins.

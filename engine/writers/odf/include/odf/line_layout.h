@@ -7,21 +7,26 @@
 
 namespace quorra::office {
 
-/// How a paragraph lies on the page once its lines have a fixed height: the baseline of such a line is at four fifths
-/// of it. All in points, from the page's top.
-struct LaidOut
+/// Where a paragraph is on the page when its lines have a fixed height. All in points, from the page's top.
+struct LineLayout
 {
     double top = 0;
     double bottom = 0;
     double lineHeight = 0; ///< 0 where the lines keep the font's own distance
 };
 
-/// The part of a line's fixed height that stands above the baseline.
-constexpr double baselinePart = 0.8;
+/// The part of a line's fixed height that stands above the baseline: that is where LibreOffice and Word put it.
+inline constexpr double baselinePart = 0.8;
 
-/// The paragraph's layout. The baselines of its neighbours, where there are any, keep a paragraph of one line, which
-/// shows no distance of its own, from pushing them away. A paragraph without lines lies at its box.
-LaidOut laidOut(
+/// Heights of lines in em. Lines closer than the least would touch; wider ones than the most are text with space in
+/// between rather than lines of one text.
+inline constexpr double leastLineHeight = 0.95;
+inline constexpr double usualLineHeight = 1.2;
+inline constexpr double mostLineHeight = 2.5;
+
+/// The layout of the paragraph. The baselines of its neighbours, where there are any, keep a paragraph of one line,
+/// which shows no distance of its own, from pushing them away. A paragraph without lines is where its box is.
+LineLayout lineLayout(
     const model::Paragraph &paragraph, std::optional<double> baselineBefore = {},
     std::optional<double> baselineAfter = {});
 

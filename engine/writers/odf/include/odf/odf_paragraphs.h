@@ -41,13 +41,13 @@ QString borderText(const model::Border &border);
 /// The attributes that draw the place's separator lines.
 Attributes ruleBorders(const ParagraphPlace &place);
 
-/// The definition of the paragraph's style; look is that of most of its text.
-Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &look);
+/// The definition of the paragraph's style; textStyle is that of most of its text.
+Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &textStyle);
 
 /// The same for a paragraph without text, whose line is to take no height of its own.
 Element emptyParagraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place);
 
-/// True when the list mark is a bullet that the document can number for itself: a single sign that does not count.
+/// True when the list mark is a bullet that the document can number for itself: a single character that does not count.
 bool isBullet(const model::Paragraph &paragraph);
 
 /// Writes the paragraph as a heading, a list item or plain paragraph.

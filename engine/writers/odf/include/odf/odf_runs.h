@@ -34,10 +34,10 @@ QString linkTarget(const QString &link);
 /// Begins a link to this target, as linkTarget() gives it.
 [[nodiscard]] XmlElement beginLink(QXmlStreamWriter &xml, const QString &target);
 
-/// Text inside a paragraph: runs of blanks, tabs and line breaks as the elements that keep them.
+/// Text inside a paragraph: runs of spaces, tabs and line breaks as the elements that keep them.
 void writeText(QXmlStreamWriter &xml, const QString &text);
 
-/// The runs as spans and links; runs that look like the paragraph itself need no span. Links stay off where the
+/// The runs as spans and links; runs in the style of the paragraph need no span. Links stay off where the
 /// document kind has none (withLinks false).
 void writeRuns(
     const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks = true);

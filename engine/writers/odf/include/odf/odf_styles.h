@@ -15,6 +15,12 @@
 // What the writers of flat ODF files share: elements as plain data, and the table of automatic styles.
 namespace quorra::office {
 
+/// The font size in points of text that has none.
+inline constexpr double defaultFontSize = 10;
+
+/// The width in points of the thinnest line; thinner ones vanish in word processors.
+inline constexpr double thinnestLine = 0.25;
+
 using Attributes = std::vector<std::pair<QLatin1String, QString>>;
 
 /// An XML element as plain data: the definition of a style or a part of one.
@@ -42,7 +48,7 @@ QString xmlText(const QString &text);
 /// files, give way to the common face of their kind.
 QString officeFamily(const model::Style &style);
 
-/// The attributes of style:text-properties for one look.
+/// The attributes of style:text-properties for text of this style.
 Attributes textAttributes(const model::Style &style);
 
 /// The automatic styles of one file. Equal definitions share one name.

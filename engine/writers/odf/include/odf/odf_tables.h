@@ -9,7 +9,7 @@ namespace quorra::office {
 struct TablePlace
 {
     double left = 0;  ///< from the left edge of what surrounds it
-    double above = 0; ///< blank space above
+    double above = 0; ///< space above
     bool exactLeading = true;
     /// The header rows come back on each page that the table reaches. Where a table stands on a page of its own they
     /// need not, and LibreOffice splits tables with such rows that have just room enough.
