@@ -17,7 +17,7 @@ namespace {
 using quorra::ExitStatus;
 using quorra::Failure;
 
-/// Blanks the passwords where every user of the machine can read them.
+/// Overwrites the passwords, because all users can see the command line.
 void hidePasswords(int count, char **arguments)
 {
     for (int i = 1; i + 1 < count; ++i) {
@@ -39,7 +39,7 @@ int main(int argc, char **argv)
 {
     const std::vector<std::string> arguments(argv + 1, argv + (argc > 0 ? argc : 1));
     hidePasswords(argc, argv);
-    // One file always gives the same output: nothing may hang on the order of a table that differs from run to run.
+    // The output must be reproducible, so it must not depend on random hash seeds.
     QHashSeed::setDeterministicGlobalSeed();
     const quorra::ErrorLine errorLine;
     quorra::limits::catchFatalSignals(errorLine.descriptor());

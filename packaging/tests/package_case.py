@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What the tests of packages have in common: an ordinary user of the package on a virtual desktop.
+"""Shared by the tests of packages: an ordinary user of the package on a virtual desktop.
 
 Environment: QUORRA_SOURCE this project's folder, QUORRA_VERSION its version, QUORRA_BUILD the build folder,
 QUORRA_PACKAGES the folder with the packages.

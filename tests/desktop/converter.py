@@ -14,7 +14,7 @@ ADD_TITLE = "Select one or more files to open"
 FOLDER_TITLE = "Open directory"
 WIDTH, HEIGHT = 720, 483
 
-# Centres of the controls in the window, whose size and layout are fixed.
+# Centres of the controls in the window, which has a fixed size and layout.
 PLACES = {
     "Add": (44, 46), "Delete": (120, 46), "Clear": (196, 46), "Setting": (272, 46), "Start": (348, 46),
     "About": (424, 46), "Output Folder": (280, 433), "Choose": (500, 433),
@@ -60,7 +60,7 @@ class Converter:
         return converter
 
     def _begin(self, command, environment):
-        # Started from elsewhere on purpose: the program finds its files beside itself.
+        # Started in another folder on purpose: the program finds its files in its own folder.
         self.process = self.desktop.start(command, environment, cwd="/")
         self.window = self.desktop.window(TITLE)
         self.desktop.park()
@@ -76,7 +76,7 @@ class Converter:
         self.desktop.click(self.window, *self.place(*PLACES[name]))
 
     def pick(self, kind):
-        """Picks an output kind by its text, and waits until the program has stored it."""
+        """Selects an output kind by its text, and waits until the program has stored it."""
         row = KINDS.index(kind)
         self.desktop.click(self.window, *self.place(KIND_PLACE[0], KIND_PLACE[1] + KIND_HEIGHT * row))
         wait_for(f"{kind} to be stored", lambda: self.settings().get("ListWidgetCurrtentItemRow") == str(row))
@@ -86,13 +86,13 @@ class Converter:
         self.desktop.click(self.window, *self.place(ROW_PLACE[0], ROW_PLACE[1] + ROW_HEIGHT * row), button, times)
 
     def settings(self):
-        """The settings file as it is now, without its section's name."""
+        """The current settings file, without the name of its section."""
         parser = configparser.RawConfigParser()
         parser.optionxform = str
         parser.read(self.folder / "settingquorra.ini", encoding="utf-8")
         return dict(parser["SettingInfo"]) if parser.has_section("SettingInfo") else {}
 
-    # What takes several steps
+    # Actions with several steps
 
     def add(self, folder, names):
         """Adds files of one folder through the open dialog."""
@@ -143,13 +143,13 @@ class Converter:
     # The run
 
     def look(self, button):
-        """What the button looks like at this moment."""
+        """The current look of the button."""
         x, y = self.place(*PLACES[button])
         half = 34 * self.scale
         return self.desktop.pixels(self.window, x - half, y - half, 2 * half, 2 * half)
 
     def sign(self):
-        """The middle of the Start button's icon, which tells start from stop however the button is highlighted."""
+        """The centre of the Start button's icon, which differs between start and stop even if the button is highlighted."""
         x, y = PLACES["Start"]
         x, y = self.place(x, y - 10)
         return self.desktop.pixels(self.window, x - 8, y - 8, 16, 16)
@@ -164,7 +164,7 @@ class Converter:
         self.desktop.park()
 
     def engines(self):
-        """Process numbers of the engines that run now as children of the program."""
+        """Process IDs of running engines that are children of the program."""
         try:
             children = Path(f"/proc/{self.process.pid}/task/{self.process.pid}/children").read_text().split()
         except OSError:
@@ -172,7 +172,7 @@ class Converter:
         return [int(number) for number in children if not is_zombie(number)]
 
     def start(self):
-        """Presses Start and waits until the program has acted on it; a short run may have ended by then."""
+        """Presses Start and waits until the program has reacted; a short run may have ended by then."""
         self.click("Start")
         self.settle()
 
@@ -182,7 +182,7 @@ class Converter:
                  and not self.engines(), limit)
 
     def close(self):
-        """Closes the window by the window manager's key and returns the program's exit status."""
+        """Closes the window with the window manager's key and returns the program's exit status."""
         self.desktop.window(TITLE)
         self.desktop.press_until("alt+F4", "end of the program", lambda: self.process.poll() is not None)
         return self.process.returncode

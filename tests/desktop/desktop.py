@@ -19,11 +19,11 @@ LIMIT = 60  # seconds for anything that normally takes milliseconds
 
 
 class TimeOut(AssertionError):
-    """A condition did not come true within its limit."""
+    """A condition was not met within its time limit."""
 
 
 def wait_for(what, condition, limit=LIMIT):
-    """Waits until condition() is true and returns its value; `what` names it when the limit (seconds) has passed."""
+    """Waits until condition() is true and returns its value; `what` describes it in the error after `limit` seconds."""
     end = time.monotonic() + limit
     while True:
         value = condition()
@@ -35,12 +35,12 @@ def wait_for(what, condition, limit=LIMIT):
 
 
 def die_with_parent():
-    """In a child process: ask for a signal when the parent ends, so that a killed test leaves no X server behind."""
+    """In a child process: requests a signal when the parent dies, so that a killed test leaves no X server behind."""
     ctypes.CDLL(None).prctl(1, signal.SIGTERM)
 
 
 class Desktop:
-    """An X server of its own with a window manager; use it as a context manager."""
+    """A separate X server with a window manager; use it as a context manager."""
 
     def __init__(self, size=(1024, 768)):
         self.size = size
@@ -48,7 +48,7 @@ class Desktop:
         self.folder = Path(tempfile.mkdtemp(prefix="quorra-desktop-"))
         self.environment = {name: value for name, value in os.environ.items()
                             if not name.startswith(("QT_", "XDG_", "KDE_", "WAYLAND_", "LC_", "DBUS_"))}
-        # A session bus or a desktop's own file dialog would make each machine behave differently.
+        # A session bus or a desktop's file dialog would make the behaviour depend on the machine.
         self.environment.update(HOME=str(self.folder), LANG="C.UTF-8", XDG_RUNTIME_DIR=str(self.folder),
                                 DBUS_SESSION_BUS_ADDRESS="unix:path=/nonexistent", QT_QPA_PLATFORM="xcb")
 
@@ -74,7 +74,7 @@ class Desktop:
 
     def _start_server(self):
         reading, writing = os.pipe()
-        # Without -noreset the server throws everybody out whenever its last client leaves.
+        # Without -noreset the server resets when its last client disconnects.
         self.start(["Xvfb", "-displayfd", str(writing), "-noreset", "-screen", "0", "%dx%dx24" % self.size,
                     "-nolisten", "tcp"], pass_fds=[writing])
         os.close(writing)
@@ -94,7 +94,7 @@ class Desktop:
         return self.folder / f"{Path(name).name}.log"
 
     def start(self, command, environment=None, **options):
-        """Starts a program on this desktop; what it prints goes to the log of its name."""
+        """Starts a program on this desktop; its output goes to a log file of that name."""
         with open(self.log(command[0]), "ab") as log:
             process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=log, stderr=subprocess.STDOUT,
                                        env={**self.environment, **(environment or {})}, preexec_fn=die_with_parent,
@@ -117,7 +117,7 @@ class Desktop:
                            check=False).split()
 
     def window(self, title, limit=LIMIT):
-        """Waits for a window with this title to be shown and to have the keyboard, and returns it."""
+        """Waits until a window with this title is shown and has the keyboard focus, and returns it."""
         wait_for(f'window "{title}"', lambda: self.windows(title), limit)
         window = self.windows(title)[-1]
         wait_for(f'keyboard at window "{title}"', lambda: self.active() == window, limit)
@@ -131,7 +131,7 @@ class Desktop:
         return self.output("xdotool", "getactivewindow", check=False).strip()
 
     def geometry(self, window):
-        """Place on the screen and size: x, y, width, height."""
+        """Position on the screen and size: x, y, width, height."""
         text = self.output("xwininfo", "-id", window)
         names = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
         return tuple(int(re.search(name + r": *(-?\d+)", text).group(1)) for name in names)
@@ -146,14 +146,14 @@ class Desktop:
         self.run("xdotool", "click", "--repeat", times, "--delay", 60, button)
 
     def park(self):
-        """Puts the pointer where it highlights nothing."""
+        """Moves the pointer to where it highlights nothing."""
         self.run("xdotool", "mousemove", self.size[0] - 1, self.size[1] - 1)
 
     def keys(self, *keys):
         self.run("xdotool", "key", "--delay", 30, *keys)
 
     def press_until(self, key, what, condition):
-        """Presses a key until condition() is true: one press may be lost while the window manager takes in a new window."""
+        """Presses a key until condition() is true: a key press may be lost while the window manager handles a new window."""
         again = 0
         end = time.monotonic() + LIMIT
         while not condition():
@@ -170,12 +170,12 @@ class Desktop:
     # Pictures
 
     def picture(self, path, window="root"):
-        """Saves what the window, or the whole screen, shows as a PNG file."""
+        """Saves a screenshot of the window, or of the whole screen, as a PNG file."""
         Path(path).parent.mkdir(parents=True, exist_ok=True)
         self.run("gm", "import", "-silent", "-window", window, path)
 
     def pixels(self, window, x, y, width, height):
-        """The colours of a part of a window: three bytes a pixel."""
+        """The colours of a part of a window, three bytes per pixel."""
         path = self.folder / "pixels.png"
         self.picture(path, window)
         return subprocess.run(["gm", "convert", path, "-crop", f"{width}x{height}+{x}+{y}", "+page", "-depth", "8",

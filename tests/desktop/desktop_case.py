@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What the tests on a virtual desktop have in common.
+"""Shared by the tests on a virtual desktop.
 
 Environment: QUORRA_BINARIES folder of quorra-converter and Qtminw, QUORRA_TOOLS folder of the tests' own programs,
 QUORRA_SAMPLES the sample documents, QUORRA_PICTURES where pictures of the windows go.
@@ -21,7 +21,7 @@ PICTURES = Path(os.environ["QUORRA_PICTURES"])
 
 
 class DesktopCase(unittest.TestCase):
-    """A test with a desktop and a temporary folder of its own."""
+    """A test with its own desktop and temporary folder."""
 
     screen = (1024, 768)
 
@@ -58,7 +58,7 @@ class DesktopCase(unittest.TestCase):
         return list(names)
 
     def empty_pdfs(self, *names):
-        """Files that only look like documents, for engines that do not read them; returns their names."""
+        """Creates fake documents, for engines that do not read them; returns their names."""
         for name in names:
             (self.inputs / name).write_bytes(b"%PDF-1.4\n" + b"%" * 2000)
         return list(names)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The window closed while a file is being converted, and while nothing happens."""
+"""The window is closed while a file is being converted, and while it is idle."""
 
 import os
 import unittest
@@ -8,7 +8,7 @@ from converter import script
 from desktop import wait_for
 from desktop_case import DesktopCase
 
-# Writes its process number, waits for the gate, then writes the output named by its last argument.
+# Writes its process ID, waits for the gate, then writes the output given by its last argument.
 SLOW = """for output in "$@"; do :; done
 echo $$ >>"${0%%/*}/started"
 while [ ! -e "%(gate)s" ]; do sleep 0.05; done

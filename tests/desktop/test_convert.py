@@ -5,7 +5,7 @@ import unittest
 
 from desktop_case import BINARIES, DesktopCase
 
-# Kind, file that must appear, how it begins.
+# Output kind, file that must appear, its first bytes.
 OUTPUTS = [
     ("PDF to Word", "report.doc", b"\xd0\xcf\x11\xe0"),
     ("PDF to Excel", "report.xls", b"\xd0\xcf\x11\xe0"),

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Files dragged with the pointer from another program's window into the list."""
+"""Files are dragged from another program's window to the list."""
 
 import unittest
 
@@ -7,7 +7,7 @@ from converter import script
 from desktop import wait_for
 from desktop_case import TOOLS, DesktopCase
 
-# An engine that writes down which inputs it was given, in the order of the rows.
+# An engine that records its inputs, in the order of the rows.
 RECORD = """for last in "$@"; do before=$name; name=$last; done
 echo "$before" >>"${0%/*}/inputs"
 """
@@ -15,11 +15,11 @@ echo "$before" >>"${0%/*}/inputs"
 
 class Drag(DesktopCase):
     def drag(self, converter, urls):
-        """Drags the addresses into the middle of the window; returns what the source told at the end."""
+        """Drags the URLs to the centre of the window; returns the last report of the source."""
         source = self.desktop.start([str(TOOLS / "drag_source"), *urls])
         told = self.desktop.log("drag_source")
         window = self.desktop.window("Drag source")
-        # The converter's window takes up the middle of the screen: the source goes to a corner beside it.
+        # The converter's window is in the centre of the screen: the source is placed in a corner.
         self.desktop.run("xdotool", "windowmove", window, 20, 20)
         wait_for("the source's new place", lambda: self.desktop.geometry(window)[0] < 100)
         self.desktop.move(window, 40, 60)
@@ -38,7 +38,7 @@ class Drag(DesktopCase):
         return told.read_text().split("\n")[-2]
 
     def converted(self, converter):
-        """The inputs that a run gives to the engine."""
+        """The inputs that a run passes to the engine."""
         converter.choose(self.output)
         converter.start()
         converter.wait_for_end()

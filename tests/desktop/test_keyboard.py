@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The whole program without a pointer: every control is reached by Tab and does its work by keys."""
+"""The whole program without a mouse: all controls can be reached with Tab and operated with keys."""
 
 import unittest
 
@@ -18,7 +18,7 @@ class Keyboard(DesktopCase):
         self.stop = STOPS[0]  # where the keyboard is in a fresh window
 
     def go(self, name):
-        """Presses Tab until the control has the keyboard, counted from the control that had it before."""
+        """Presses Tab until the control has the keyboard focus, counted from the control that had it before."""
         times = (STOPS.index(name) - STOPS.index(self.stop)) % len(STOPS)
         self.desktop.window(TITLE)
         if times:

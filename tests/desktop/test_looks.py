@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The windows on unusual desktops: twice the size, dark colours, right to left, a small screen.
+"""The windows on unusual desktops: high density, dark colours, right to left, a small screen.
 
 Each test saves pictures of the windows and checks what a program can tell: that the window is as large as it should be,
 light where it should be light, and that its controls can be clicked.
@@ -12,7 +12,7 @@ from desktop import wait_for
 from desktop_case import TOOLS, DesktopCase
 from test_drag import RECORD
 
-# What a dark desktop tells its programs, in the form in which one of the desktops stores it.
+# Settings of a dark desktop, in the format of one of the desktops.
 DARK_COLORS = {"Button": "49,54,59", "Selection": "61,174,233", "Tooltip": "49,54,59", "View": "35,38,41",
                "Window": "49,54,59"}
 DARK = "[General]\nColorScheme=Dark\n" + "".join(
@@ -79,7 +79,7 @@ class DarkPalette(Looks):
     def test_dark_desktop(self):
         (self.desktop.folder / ".config").mkdir()
         (self.desktop.folder / ".config" / "kdeglobals").write_text(DARK)
-        # A window without colours of its own shows that the desktop really is dark.
+        # A window without its own colours proves that the desktop is dark.
         self.desktop.start([str(TOOLS / "drag_source")], DARK_DESKTOP)
         plain = self.desktop.window("Drag source")
         wait_for("the plain window", lambda: brightness(self.desktop.pixels(plain, 5, 5, 20, 20)) < 90)
@@ -92,7 +92,7 @@ class DarkPalette(Looks):
 
 class RightToLeft(Looks):
     def test_right_to_left(self):
-        # The toolkit itself mirrors windows for its own option only; the locale sets digits and text direction.
+        # Qt mirrors windows only for its own option; the locale sets digits and text direction.
         converter = self.recording(environment={"LANG": "ar_EG.UTF-8", "LC_ALL": "ar_EG.UTF-8"},
                                    arguments=["-reverse"], mirrored=True)
         self.tour("right-to-left", converter)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A listed file opens in the desktop's viewer: once for one double click, once for the menu's entry."""
+"""A listed file opens in the desktop's viewer: once for a double click, once for the menu entry."""
 
 import os
 import unittest
@@ -15,12 +15,12 @@ class Viewer(DesktopCase):
         self.opened = self.folder / "opened"
         opener = self.folder / "opener"
         opener.mkdir()
-        # Stands where the desktop's own opener is looked for, and writes down what it is asked to open.
+        # Replaces the desktop's opener and records what it is asked to open.
         script(opener / "xdg-open", f'echo "$@" >>"{self.opened}"\n')
         self.environment = {"PATH": f"{opener}:{os.environ['PATH']}"}
 
     def settle(self, converter):
-        """A dialog opened and closed again: everything that the clicks before it set off has happened by then."""
+        """Opens and closes a dialog: afterwards all effects of earlier clicks have happened."""
         converter.click("About")
         self.desktop.window("About")
         self.desktop.keys("Return")
@@ -66,7 +66,7 @@ class Viewer(DesktopCase):
         dialog = self.desktop.window("About")
         self.desktop.park()
         self.picture("about", dialog)
-        # The text browser has the keyboard first: Tab goes from link to link.
+        # The text browser has the keyboard focus first: Tab moves from link to link.
         self.desktop.click(dialog, 10, 180)
         self.desktop.keys("Tab", "Return")
         wait_for("the home page", self.requests)

@@ -122,7 +122,7 @@ def sweeping(suite):
 
 
 def hidden_passwords(suite):
-    """A fifo as input keeps the engine waiting while its arguments are looked at."""
+    """A FIFO as input keeps the engine waiting while its arguments are inspected."""
     fifo = suite.folder / "fifo.pdf"
     os.mkfifo(fifo)
     process = subprocess.Popen([suite.engine, "-upw", "s3cret", "-opw", "s3cret", "-call", str(fifo), "x.txt"],
@@ -140,7 +140,7 @@ def hidden_passwords(suite):
 
 
 def hostile(suite):
-    """Only with the corpus: a file that unpacks without end must end by itself."""
+    """Only with the corpus: a decompression bomb must be stopped."""
     folder = pathlib.Path(os.environ.get("QUORRA_PDF_CORPUS", "/nowhere"))
     bomb = folder / "bomb_giant.pdf"
     if bomb.exists():

@@ -26,7 +26,7 @@ OFFICE_RUNS = 34  # each; a run takes a second or more
 
 
 def members(session):
-    """Living processes of the session."""
+    """Running processes of the session."""
     found = []
     for number in filter(str.isdigit, os.listdir("/proc")):
         try:

@@ -52,7 +52,7 @@ def report(text):
         return "own" if "/engine/" in error.group(1) else "library"
     if "LeakSanitizer" in text or "detected memory leaks" in text:
         return "own" if re.search(r"#[01] .* /\S*/engine/", text) else "library"
-    # The first frames of the stack that are not the sanitizer's own.
+    # The topmost stack frames outside the sanitizer.
     frames = [line for line in re.findall(r"^\s+#\d+ .*$", text, re.M) if "sanitizer" not in line and "libasan" not in line]
     return "own" if frames and "/engine/" in frames[0] else "library"
 

@@ -15,7 +15,7 @@ def ink(data):
 
 
 def drawn(path, folder, *options):
-    """Pages as Ghostscript draws them, gray."""
+    """The pages as rendered by Ghostscript, in gray."""
     tool("gs", "-q", "-dSAFER", "-dBATCH", "-dNOPAUSE", "-sDEVICE=pgmraw", "-r36", *options,
          f"-sOutputFile={folder}/{path.stem}{path.suffix[1:]}-%03d.pgm", str(path))
     return [each.read_bytes() for each in sorted(folder.glob(f"{path.stem}{path.suffix[1:]}-*.pgm"))]
@@ -32,7 +32,7 @@ def same_ink(suite, document):
     ours = drawn(path, folder)
     suite.check(len(ours) == pages, document.name, "pages drawn:", len(ours))
     peers = [each.read_bytes() for each in core_support.peer_pages(folder, document, "-r", "36", "-gray", "-l", "3")]
-    # The two programs draw thin text unlike; one of them must agree.
+    # The two programs render thin text differently; one of them must agree.
     direct = drawn(document, folder, "-dLastPage=3", f"-sPDFPassword={core_support.PASSWORDS.get(document.name, '')}")
     for number, our in enumerate(ours):
         others = [ink(each[number]) for each in (peers, direct) if number < len(each)]

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What the engine's script tests share: running it, finding documents, reading portable pixmaps.
+"""Shared by the engine's script tests: running it, finding documents, reading portable pixmaps.
 
 Every script takes the engine's path as its first argument and the folder of sample documents as its second. With a
 third argument "corpus" it works on the PDF files of the folder in the environment variable QUORRA_PDF_CORPUS instead,
@@ -22,14 +22,14 @@ PASSWORDS = {
     "libreoffice-writer-password.pdf": "openpassword",
     "password-example.pdf": "test",
 }
-# Made to harm or too broken to show a page; they have tests of their own.
+# Malicious, or too damaged to show a page; they have separate tests.
 NOT_READABLE = {"bomb_giant.pdf", "poppler-85140-0.pdf", "poppler-742-0-fuzzed.pdf"}
 
 Result = collections.namedtuple("Result", "status line seconds megabytes")
 
 
 class Suite:
-    """Collects failures, so that one run shows them all."""
+    """Collects failures, so that one run reports all of them."""
 
     def __init__(self):
         self.engine = os.path.abspath(sys.argv[1])
@@ -39,7 +39,7 @@ class Suite:
         self.checks = 0
         self._folder = tempfile.TemporaryDirectory(prefix="quorra-test-")
         self.folder = pathlib.Path(self._folder.name)
-        # Runs of other tests must not be swept or counted by this one.
+        # Separate from other tests, whose files must not be removed or counted.
         self.temp = self.folder / "tmp"
         self.temp.mkdir()
 
@@ -72,7 +72,7 @@ class Suite:
         return path
 
     def run(self, *arguments, environment=None):
-        """Runs the engine with the arguments, which may be text or bytes."""
+        """Runs the engine with the arguments, which can be text or bytes."""
         env = dict(os.environ, TMPDIR=str(self.temp))
         env.update(environment or {})
         begin = time.monotonic()
@@ -109,7 +109,7 @@ def password(document):
 
 
 def tool(*command, ok=(0,)):
-    """Output of another program; its messages are dropped. Programs of the tests must be installed."""
+    """Returns the output of another program without its messages. The program must be installed."""
     done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=WAIT, check=False)
     if done.returncode not in ok:
         raise RuntimeError(f"{command} ended with {done.returncode}")
@@ -122,7 +122,7 @@ def page_count(document):
 
 
 def peer_pages(folder, document, *options):
-    """Pages as pdftoppm draws them, in order."""
+    """The pages as rendered by pdftoppm, in order."""
     tool("pdftoppm", "-cropbox", *password(document), *options, str(document), str(folder / "peer"), ok=(0, 99))
     return sorted(folder.glob("peer*"))
 
@@ -137,7 +137,7 @@ def pixmap(data):
 
 
 def mean_difference(left, right):
-    """Mean absolute difference of two byte strings of one length."""
+    """Mean absolute difference of two byte strings of the same length."""
     total = sum(abs(a - b) for a, b in zip(left, right) if a != b)
     return total / max(1, len(left))
 

@@ -10,7 +10,7 @@ LEAST = 0.995
 
 
 def normal(text):
-    """Ligatures and presentation forms count as the letters that they stand for; soft hyphens not at all."""
+    """Replaces ligatures and presentation forms by plain letters, and removes soft hyphens."""
     return unicodedata.normalize("NFKC", text).replace("\u00ad", "")
 
 

@@ -26,7 +26,7 @@ ROUNDING = 2  # the system counts whole seconds, for the engine and for its help
 GIVEN_UP = 60  # seconds of processor time after which the system ends a run that the engine does not end
 OUTPUTS = ("txt", "html", "docx", "xlsx", "pptx", "png", "tiff", "ps")
 
-# Name, maker, outputs to try besides text and PNG.
+# Name, function that makes it, outputs to test in addition to text and PNG.
 HOSTILE = (
     ("flate-bomb", hostile_pdf.flate_bomb, ("docx",)),
     ("exponential-forms", hostile_pdf.exponential_forms, ("html", "xlsx", "pptx", "tiff", "ps")),
@@ -76,7 +76,7 @@ def check(suite, name, extension, factor, result, statuses):
         return
     good = printed.startswith("Qtminw: ") and printed.endswith("\n") and printed.count("\n") == 1
     suite.check(good and len(printed) > len("Qtminw: x"), label, "printed", repr(printed))
-    # Whole pages may be there, parts of pages not.
+    # There may be complete pages, but no incomplete ones.
     suite.check(not any(each.startswith(".") for each in names), label, "left", names)
     suite.check(not names or extension in ("png", "tiff"), label, "left", names)
 
@@ -95,7 +95,7 @@ def made(suite):
         path = suite.folder / f"{name}.pdf"
         path.write_bytes(make())
         runs += [(name, path, extension, SHARE) for extension in ("txt", "png", *further)]
-    # The allowance as it is.
+    # With the normal limits.
     forms = suite.folder / "exponential-forms.pdf"
     runs += [("exponential-forms", forms, "txt", 1), ("slow-pages", suite.folder / "slow-pages.pdf", "png", 1)]
     run_all(suite, runs, (DONE, LIMIT))

@@ -54,7 +54,7 @@ def flate_bomb():
 
 
 def exponential_forms(levels=40, calls=10, pages=1, leaf=b"0 0 1 1 re f"):
-    """Forms that each paint the next one ten times."""
+    """Forms, each of which paints the next one ten times."""
     entries = b"/Type/XObject/Subtype/Form/BBox[0 0 600 850]"
     forms = [stream(b"/F Do " * calls, entries + b"/Resources<</XObject<</F %d 0 R>>>>" % (6 + level))
              for level in range(levels)]
@@ -63,12 +63,12 @@ def exponential_forms(levels=40, calls=10, pages=1, leaf=b"0 0 1 1 re f"):
 
 
 def slow_pages(pages=12):
-    """Pages that each take some seconds and could each pass for an honest one."""
+    """Pages that each take some seconds and could be legitimate."""
     return exponential_forms(levels=5, pages=pages, leaf=b"q 1 0 0 RG 0 0 m 300 400 l S Q " * 10)
 
 
 def many_slow_pages():
-    """The same on more pages than anybody would wait for."""
+    """The same with an excessive number of pages."""
     return slow_pages(400)
 
 
@@ -114,7 +114,7 @@ def tiny_tiles():
 
 
 def many_words(count=300_000, seed=7):
-    """Words all over a page, more than any reader could tell apart."""
+    """A page covered with an unreadable number of words."""
     rng = random.Random(seed)
     words = b"".join(b"1 0 0 1 %d.%d %d.%d Tm (w%d) Tj\n" %
                      (rng.randrange(590), rng.randrange(10), rng.randrange(840), rng.randrange(10), i)
@@ -123,7 +123,7 @@ def many_words(count=300_000, seed=7):
 
 
 def dense_map(paths=3000, points=100, seed=5):
-    """An honest page of 300,000 segments in coloured lines and areas."""
+    """A legitimate page with 300,000 segments in coloured lines and areas."""
     rng = random.Random(seed)
     lines = []
     for path in range(paths):
@@ -138,7 +138,7 @@ def dense_map(paths=3000, points=100, seed=5):
 
 
 def scan(width=7016, height=9921, seed=3):
-    """An honest colour scan of A3 paper at 600 dots per inch: 70 million pixels."""
+    """A legitimate colour scan of A3 paper at 600 dots per inch: 70 million pixels."""
     rng = random.Random(seed)
     noise = bytes(rng.randrange(215, 235) for _ in range(3 * width + 1000))
     rows = [noise[start:start + 3 * width] for start in range(0, 1000, 125)]

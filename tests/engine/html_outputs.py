@@ -17,7 +17,7 @@ from core_support import password, tool
 LEAST = {"html": 0.995, "xhtml": 0.995, "xml": 0.98}
 MOST_MEGABYTES = 150
 LEAST_TABLES = 0.85
-# A text without blanks has no words to compare; its letters serve.
+# Text without spaces has no words to compare, so compare characters.
 IDEOGRAPH = "\u2e80-\ua4cf\uf900-\ufaff"
 
 
@@ -60,7 +60,7 @@ def check_markup(suite, document, kind):
     suite.check(not re.search(r"<(?:img|link|script|iframe)\b[^>]*\b(?:src|href)=\"(?!data:)", markup), document.name,
                 kind, "needs another file")
     if kind != "xml":
-        # HTML knows no short form of an empty element: what follows would come to lie inside it.
+        # HTML has no empty-element tags: the following content would become part of the element.
         short = re.findall(r"<(?!(?:meta|img|br)\b)\w+[^>]*/>", markup)
         suite.check(not short, document.name, kind, "short empty elements:", short[:3])
     compare_words(suite, document, kind, markup)

@@ -8,7 +8,7 @@ from core_support import tool
 
 FORMATS = {"png": "PNG", "jpeg": "JPEG", "jpe": "JPEG", "jpg": "JPEG", "tga": "TGA", "gif": "GIF", "bmp": "BMP",
            "ppm": "PPM", "pbm": "PBM", "pgm": "PGM", "pnm": "PPM", "tif": "TIFF", "tiff": "TIFF"}
-# What `file` says about depth, by our depth option.
+# The output of `file` for each depth option.
 FILE_DEPTH = {
     "png": {"": "8-bit/color RGB", "-gray": "8-bit grayscale", "-mono": "1-bit grayscale"},
     "bmp": {"": " x 24,", "-gray": " x 8,", "-mono": " x 1,"},

@@ -34,7 +34,7 @@ def same_pages(suite, document, options, extension, peer_options, resolution):
 
 
 def decoded(path, magic):
-    """The pixels that an independent program reads from the picture, as a portable pixmap."""
+    """The pixels of the picture as read by an independent program, as a portable pixmap."""
     form = {b"P4": "pbm", b"P5": "pgm", b"P6": "ppm"}[magic]
     extra = ["-depth", "8"] if magic != b"P4" else []
     return pixmap(tool("gm", "convert", str(path), *extra, f"{form}:-"))

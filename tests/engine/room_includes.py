@@ -13,7 +13,7 @@ import subprocess
 import sys
 import tempfile
 
-# What each room may include besides itself.
+# What each room can include besides itself.
 VISIBLE = {
     "base": [],
     "platform": ["base"],
@@ -36,7 +36,7 @@ VISIBLE = {
 
 
 def public_header(engine, room):
-    """A header that the room offers to others, as others include it."""
+    """A public header of the room, as included by others."""
     if room == "poppler":
         return "PDFDoc.h"
     include = engine / room / "include"
@@ -44,7 +44,7 @@ def public_header(engine, room):
 
 
 def preprocess(command, source, folder):
-    """Whether the preprocessor takes the source with the flags of this compile command."""
+    """Returns whether the source passes the preprocessor with the flags of this compile command."""
     words = shlex.split(command["command"])
     words = [word for word in words if "ccache" not in word]
     flags = [word for i, word in enumerate(words[1:], 1)
@@ -62,7 +62,8 @@ def main():
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
         for room, visible in VISIBLE.items():
-            # By the room's own target: tests and the program compile a few of its sources with their own includes.
+            # Only commands of the room's own target: tests and the program compile a few of its source files with their
+            # own include paths.
             own = [c for c in commands if pathlib.Path(c["file"]).is_relative_to(engine / room)
                    and f" -o engine/{room}/" in c["command"]]
             source = folder / "copy.cpp"

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The same input gives the same bytes: every kind of output is written twice and compared.
+"""The same input gives the same bytes: writes every output format twice and compares the results.
 
     same_bytes.py ENGINE SAMPLES DRAW kinds     what the engine writes itself
     same_bytes.py ENGINE SAMPLES DRAW office    what goes through LibreOffice
@@ -30,7 +30,7 @@ PACKAGES = {".docx", ".pptx", ".xlsx"}
 
 
 def contents(path):
-    """What has to be equal: (name, bytes) pairs."""
+    """The contents to compare, as (name, bytes) pairs."""
     if path.suffix not in PACKAGES:
         return [("", path.read_bytes())]
     with zipfile.ZipFile(path) as package:
@@ -38,7 +38,7 @@ def contents(path):
 
 
 def long_document(suite, draw):
-    """One document of all that is drawn."""
+    """Joins all drawn documents into one."""
     folder = suite.folder / "drawn"
     subprocess.run(["/usr/bin/python3", "-B", draw, str(folder)], check=True)
     path = suite.folder / "drawn.pdf"
@@ -47,7 +47,7 @@ def long_document(suite, draw):
 
 
 def convert(suite, document, kind, folder, processors):
-    """Begins to write the document into a new folder, on these processors (none: on all); gives the process."""
+    """Starts a conversion of the document to a new folder, on the given processors (by default all); returns the process."""
     extension, options = kind[0], list(kind[1:])
     if document.stem == "drawn" and extension in DRAWN_SLOWLY:
         options += SOME_PAGES

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Scores the tables of an HTML file against the cells a person marked.
+"""Compares the tables of an HTML file with manually marked cells.
 
 Usage: table_score.py TRUTH.xml OUTPUT.html [TRUTH.xml OUTPUT.html ...]
 Prints precision, recall and F1 for each pair and their means. What counts are neighbours: each pair of filled cells
@@ -57,7 +57,7 @@ def truth_tables(path):
 
 
 class TableReader(html.parser.HTMLParser):
-    """Collects each table's cells with the places that their spans give them."""
+    """Collects the cells of each table with their positions, taking spans into account."""
 
     def __init__(self):
         super().__init__()

@@ -45,7 +45,7 @@ def same_bytes(suite, document):
 
 
 def long_sample(suite):
-    """All pages of the samples, often enough for four threads."""
+    """All pages of the samples, repeated to be enough for four threads."""
     names = ("report.pdf", "pictures.pdf", "figures.pdf", "two-columns.pdf", "rotated.pdf", "ruled-table.pdf")
     path = suite.folder / "long.pdf"
     tool("qpdf", "--empty", "--pages", *(str(suite.samples / name) for name in names * 2), "--", str(path))
@@ -54,7 +54,7 @@ def long_sample(suite):
 
 
 def drawing(left, bottom, size):
-    """Curves that fill a square, as a page's content."""
+    """Page content with curves that fill a square."""
     lines = ["5 w"]
     for step in range(12):
         along = left + size * step // 12
@@ -64,7 +64,7 @@ def drawing(left, bottom, size):
 
 
 def large_pages(path):
-    """Writes a file of the largest pages that the format knows, each with drawings all over."""
+    """Writes a file with pages of the maximum size, covered with drawings."""
     side = LARGEST_SIDE
     size = side * 2 // 5
     content = "\n".join(drawing(side * (i % 2) // 2 + 300, side * (i // 2) // 2 + 300, size)

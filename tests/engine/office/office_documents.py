@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Converts documents to the seven office formats and reads the results back with other makers' libraries and tools.
+"""Converts documents to the seven office formats and reads the results with independent libraries and tools.
 
 Arguments as core_support.py says.
 """
@@ -19,8 +19,8 @@ WORD, SLIDES, SHEETS = (".docx", ".doc", ".rtf"), (".pptx", ".ppt"), (".xlsx", "
 LEAST_RECALL = {".docx": 0.98, ".doc": 0.98, ".pptx": 0.97}
 FEWEST_WORDS = 20
 FEWEST_FOR_ANTIWORD = 50  # it refuses files with less text
-# Kana and ideographs. Chinese and Japanese set no spaces between words, so that what looks like a word there depends on
-# where lines end: each character counts as a word.
+# Kana and ideographs. Chinese and Japanese have no spaces between words, so that a token depends on line ends: each
+# character counts as a word.
 WITHOUT_SPACES = "\u3040-\u30ff\u3400-\u9fff\uf900-\ufaff"
 
 
@@ -35,7 +35,7 @@ class Documents:
         self.out = suite.fresh("out")
 
     def convert(self, path, extension, *options, name=None):
-        """Converts; gives the output's path, or nothing after a failure (which counts)."""
+        """Converts; returns the output's path, or None after a failure, which is recorded."""
         target = self.out / ((name or path.stem) + extension)
         password = core_support.PASSWORDS.get(path.name)
         if password:
@@ -81,7 +81,7 @@ class Documents:
         body = self.out / (path.stem + "-0.docx")
         wanted = readers.tokens("\n".join(readers.WordFile(str(body)).paragraphs)) if body.exists() else []
         if doc and len(wanted) > FEWEST_FOR_ANTIWORD and "right-to-left" not in path.name:
-            # antiword leaves out running heads: what it finds is held against the other form's body.
+            # antiword omits page headers: compare its output with the body of the .docx file.
             found = readers.tokens(readers.run("antiword", "-m", "UTF-8.txt", "-w", "0", doc).decode("utf-8", "replace"))
             recall, _ = metrics.recall_precision(found, wanted)
             self.suite.check(recall >= LEAST_RECALL[".doc"], path.name, ".doc holds %.3f of the words" % recall)
@@ -138,7 +138,7 @@ def check_options(documents, samples):
         suite.check(all(c[:2] == c[2:4] == c[4:] for c in colours), "colours in gray", colours)
     made = documents.convert(samples / "rotated.pdf", ".docx", name="rotated-sizes")
     if made:
-        # The turned page lies across in the file and stands upright when shown.
+        # The rotated page is landscape in the file and portrait when displayed.
         suite.check(all(h > w for w, h in readers.WordFile(made).page_sizes), "turned page",
                     readers.WordFile(made).page_sizes)
     made = documents.convert(report, ".docx", name="links")

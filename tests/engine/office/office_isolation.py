@@ -47,7 +47,7 @@ def mount(*arguments):
 
 
 class Isolation(core_support.Suite):
-    """A namespace in which LibreOffice looks as it does when it was never started."""
+    """A namespace in which LibreOffice appears never to have been started."""
 
     def __init__(self):
         enter_private_namespace()
@@ -60,7 +60,7 @@ class Isolation(core_support.Suite):
                 self.cover(path)
         self.cache = (INSTALLATION / "share/uno_packages/cache").resolve()
         shutil.rmtree(self.cache / "uno_packages", ignore_errors=True)
-        # Other users must reach the engine and the document, wherever the build lies.
+        # Other users must have access to the engine and the document, wherever the build folder is.
         self.folder.chmod(0o711)
         self.engine = shutil.copy(self.engine, self.folder / "engine")
         self.document = pathlib.Path(shutil.copy(self.samples / "report.pdf", self.folder / "report.pdf"))
@@ -75,7 +75,7 @@ class Isolation(core_support.Suite):
         mount("-t", "overlay", "overlay", "-o", f"lowerdir={path},upperdir={layers}/upper,workdir={layers}/work", str(path))
 
     def start(self, user, output, temp):
-        """Starts a conversion as the user with this number."""
+        """Starts a conversion with this user ID."""
         return subprocess.Popen(
             ["setpriv", f"--reuid={user}", f"--regid={user}", "--clear-groups", str(self.engine), "-l", "1", "-call",
              str(self.document), str(output)], stderr=subprocess.PIPE, start_new_session=True, cwd="/",
@@ -107,7 +107,7 @@ def tree(root):
 
 
 def installation(suite):
-    """As root, who may write everywhere, starting with empty caches."""
+    """As root, who can write everywhere, starting with empty caches."""
     for path in FONT_CACHE.glob("*.cache-*"):
         path.unlink()
     before = tree(INSTALLATION)
@@ -123,7 +123,7 @@ def installation(suite):
 
 
 def closed_cache(suite):
-    """As an ordinary user where root's LibreOffice left folders that nobody else may enter."""
+    """As an ordinary user, after LibreOffice, run by root, has left inaccessible folders."""
     user = pwd.getpwnam("nobody").pw_uid
     folder = suite.owned_folder("out", user)
     temp = suite.owned_folder("user-temp", user)
