@@ -108,7 +108,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     fuzz::writeSettingsFile(fuzz::bytes(data, size));
     const EngineSettings settings = readEngineSettings(store::open());
-    /// Nothing is escaped: a double quote in a value breaks the splitting, as specified.
+    /// Nothing is escaped: a double quote in a value breaks the splitting, on purpose.
     const bool splits =
         !(settings.tempName + settings.userPassword + settings.masterPassword).contains(QLatin1Char('"'));
     for (int index = 0; index <= 28; ++index) {
