@@ -81,7 +81,7 @@ void convertToWord(const Job &job)
             switch (mode) {
             case WordMode::Combine:
                 model::joinContinuations(document, false);
-                flow(flow_forms::inColumns);
+                flow(flowForms::inColumns);
                 break;
             case WordMode::FlowWithBoxes:
                 writeFramed(file, document, pictures);
@@ -90,11 +90,11 @@ void convertToWord(const Job &job)
                 writeExact(file, document, pictures);
                 break;
             case WordMode::FlowWithoutBoxes:
-                flow(flow_forms::inOneColumn);
+                flow(flowForms::inOneColumn);
                 break;
             case WordMode::Continuous:
                 model::joinContinuations(document, true);
-                flow(flow_forms::continuous);
+                flow(flowForms::continuous);
                 break;
             }
         });

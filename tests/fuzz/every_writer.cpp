@@ -120,16 +120,16 @@ void addWordModes(Outputs &outputs, const model::Document &document)
             office::writeFlow(file, joined, pictures, form);
         });
     };
-    flow("word mode 0", office::flow_forms::inColumns, false);
-    flow("word mode 0, .doc", office::forOldWord(office::flow_forms::inColumns), false);
+    flow("word mode 0", office::flowForms::inColumns, false);
+    flow("word mode 0, .doc", office::forOldWord(office::flowForms::inColumns), false);
     outputs.addOffice("word mode 1", office::OdfKind::Text, [&](office::OdfFile &file) {
         office::writeFramed(file, document, pictures);
     });
     outputs.addOffice("word mode 2", office::OdfKind::Text, [&](office::OdfFile &file) {
         office::writeExact(file, document, pictures);
     });
-    flow("word mode 3", office::flow_forms::inOneColumn, {});
-    flow("word mode 4", office::flow_forms::continuous, true);
+    flow("word mode 3", office::flowForms::inOneColumn, {});
+    flow("word mode 4", office::flowForms::continuous, true);
 }
 
 void addOnOtherPaper(Outputs &outputs, model::Document document)

@@ -238,7 +238,7 @@ void PagePlanner::addItems(FlowSection &planned, std::vector<Area> &areas) const
         if (block.paragraph()) {
             noteLines(*block.paragraph(), section, areas, column);
         }
-        planned.items.push_back(std::move(item));
+        planned.items.push_back(item);
     }
 }
 

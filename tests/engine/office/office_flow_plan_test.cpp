@@ -58,7 +58,7 @@ const std::vector<FlowItem> &itemsOf(const FlowPage &plan)
 void OfficeFlowPlanTest::itemsKnowTheirSpaceAndLines()
 {
     const model::Page page = pageOf({textAt(72), textAt(100)});
-    const FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    const FlowPage plan = planPage(page, {}, flowForms::inColumns);
     QCOMPARE(itemsOf(plan).size(), std::size_t(2));
     const FlowItem &second = itemsOf(plan)[1];
     QCOMPARE(second.lineHeight, 12.0);
@@ -71,7 +71,7 @@ void OfficeFlowPlanTest::itemsKnowTheirSpaceAndLines()
 void OfficeFlowPlanTest::picturesTakeTheirHeight()
 {
     const model::Page page = pageOf({textAt(72), pictureAt({72, 100, 272, 150}), textAt(160)});
-    const FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    const FlowPage plan = planPage(page, {}, flowForms::inColumns);
     QCOMPARE(itemsOf(plan)[1].height, 50.0);
     QCOMPARE(itemsOf(plan)[1].spaceAbove, 100 - 84.4);
     QCOMPARE(itemsOf(plan)[2].spaceAbove, 160.4 - 150);
@@ -80,26 +80,26 @@ void OfficeFlowPlanTest::picturesTakeTheirHeight()
 void OfficeFlowPlanTest::picturesBehindTextTakeNoRoom()
 {
     const model::Page page = pageOf({pictureAt({72, 72, 540, 400}, true), textAt(100), textAt(130)});
-    const FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    const FlowPage plan = planPage(page, {}, flowForms::inColumns);
     QVERIFY(itemsOf(plan)[0].behindText);
     QCOMPARE(itemsOf(plan)[0].height, 0.0);
     QCOMPARE(itemsOf(plan)[1].spaceAbove, 100.4 - 72); // from the page's top
     FlowPage full = plan;
     full.room = 60; // the text with its spaces, without the picture
     QCOMPARE(fitOf(full).lines, 1.0);
-    QVERIFY(!itemsOf(planPage(page, {}, flow_forms::continuous))[0].behindText); // there is no page to stand on
+    QVERIFY(!itemsOf(planPage(page, {}, flowForms::continuous))[0].behindText); // there is no page to stand on
 }
 
 void OfficeFlowPlanTest::columnsBreakWhereTheyBegin()
 {
     model::Page page = fixture::page({{72, 72, 300, 720}, {312, 72, 540, 720}});
     page.sections[0].blocks = {textAt(72), textAt(72, 312, 1), textAt(100, 312, 1)};
-    const FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    const FlowPage plan = planPage(page, {}, flowForms::inColumns);
     QVERIFY(plan.sections[0].inColumns);
     QVERIFY(!itemsOf(plan)[0].beginsColumn);
     QVERIFY(itemsOf(plan)[1].beginsColumn);
     QVERIFY(!itemsOf(plan)[2].beginsColumn);
-    const FlowPage below = planPage(page, {}, flow_forms::inOneColumn);
+    const FlowPage below = planPage(page, {}, flowForms::inOneColumn);
     QVERIFY(!below.sections[0].inColumns);
     QVERIFY(!itemsOf(below)[1].beginsColumn);
 }
@@ -107,8 +107,8 @@ void OfficeFlowPlanTest::columnsBreakWhereTheyBegin()
 void OfficeFlowPlanTest::continuousTextKeepsNoWideSpaces()
 {
     const model::Page page = pageOf({textAt(72), textAt(400)});
-    QCOMPARE(itemsOf(planPage(page, {}, flow_forms::inOneColumn))[1].spaceAbove, 316.0);
-    QCOMPARE(itemsOf(planPage(page, {}, flow_forms::continuous))[1].spaceAbove, 12.0);
+    QCOMPARE(itemsOf(planPage(page, {}, flowForms::inOneColumn))[1].spaceAbove, 316.0);
+    QCOMPARE(itemsOf(planPage(page, {}, flowForms::continuous))[1].spaceAbove, 12.0);
 }
 
 // A paragraph that goes on in the section below leaves the space between the sections as it is.
@@ -119,7 +119,7 @@ void OfficeFlowPlanTest::linesOfOtherSectionsFillNoColumn()
     first.lines.push_back(fixture::paragraph(QStringLiteral("ends"), {312, 300, 512, 312}).lines[0]);
     page.sections[0].blocks = {fixture::block(first)};
     page.sections.push_back({{{72, 110, 540, 320}}, {textAt(130)}});
-    const FlowPage plan = planPage(page, {}, flow_forms::inOneColumn);
+    const FlowPage plan = planPage(page, {}, flowForms::inOneColumn);
     QCOMPARE(plan.sections[1].items[0].spaceAbove, 130.4 - 84.4);
 }
 
@@ -136,15 +136,15 @@ void OfficeFlowPlanTest::pagesBeginWhereTheFormSays()
         }
         return begins;
     };
-    QCOMPARE(newPages(flow_forms::inColumns), (QList<bool>{true, true, true, true}));
-    QCOMPARE(newPages(flow_forms::continuous), (QList<bool>{true, false, true, true}));
-    QVERIFY(planFlow(document, flow_forms::inColumns)[2].sections.empty());
+    QCOMPARE(newPages(flowForms::inColumns), (QList<bool>{true, true, true, true}));
+    QCOMPARE(newPages(flowForms::continuous), (QList<bool>{true, false, true, true}));
+    QVERIFY(planFlow(document, flowForms::inColumns)[2].sections.empty());
 }
 
 void OfficeFlowPlanTest::spacesGiveWayBeforeLines()
 {
     const model::Page page = pageOf({textAt(72), textAt(100), textAt(128)});
-    FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    FlowPage plan = planPage(page, {}, flowForms::inColumns);
     // 0.4 + 16 + 16 points of space, three lines of 12 and a twentieth of them in doubt.
     plan.room = 32.4 + 37.8 - 8.1;
     QCOMPARE(fitOf(plan).lines, 1.0);
@@ -152,7 +152,7 @@ void OfficeFlowPlanTest::spacesGiveWayBeforeLines()
     fitToRoom(plan);
     QCOMPARE(itemsOf(plan)[1].spaceAbove, 12.0);
     QCOMPARE(itemsOf(plan)[1].lineHeight, 12.0);
-    FlowPage tight = planPage(page, {}, flow_forms::inColumns);
+    FlowPage tight = planPage(page, {}, flowForms::inColumns);
     tight.room = 32.4 / 2 + 37.8 - 1.8;
     QCOMPARE(fitOf(tight).spaces, 0.5); // no less
     QCOMPARE(fitOf(tight).lines, 0.95);
@@ -167,10 +167,10 @@ void OfficeFlowPlanTest::columnsShareTheirText()
     for (int i = 0; i < 20; ++i) {
         page.sections[0].blocks.push_back(textAt(72 + 12 * i, 312, 1));
     }
-    FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    FlowPage plan = planPage(page, {}, flowForms::inColumns);
     plan.room = 300; // 20 lines of 12 points fit, 40 do not
     QCOMPARE(fitOf(plan).lines, 1.0);
-    FlowPage below = planPage(page, {}, flow_forms::inOneColumn);
+    FlowPage below = planPage(page, {}, flowForms::inOneColumn);
     below.room = 300;
     QVERIFY(fitOf(below).lines < 1.0);
 }

@@ -32,7 +32,7 @@ private Q_SLOTS:
 
 namespace {
 
-QString flow(const model::Document &document, const FlowForm &form = flow_forms::inColumns)
+QString flow(const model::Document &document, const FlowForm &form = flowForms::inColumns)
 {
     fixture::Pictures pictures;
     return fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeFlow(file, document, pictures, form); });
@@ -97,11 +97,11 @@ void OfficeFlowTest::keepsColumnsOnlyWhereAsked()
         fixture::block(fixture::paragraph(QStringLiteral("right"), {312, 72, 540, 84}), 1)};
     const QString columns = flow(fixture::document({page}));
     QVERIFY(columns.contains(QLatin1String("fo:column-count=\"2\"")));
-    const QString without = flow(fixture::document({page}), flow_forms::inOneColumn);
+    const QString without = flow(fixture::document({page}), flowForms::inOneColumn);
     QVERIFY(!without.contains(QLatin1String("fo:column-count")));
     QVERIFY(without.contains(QLatin1String("fo:margin-left=\"240.00pt\""))); // the second column's place
-    QVERIFY(!flow(fixture::document({page}), flow_forms::continuous)
-                 .contains(QLatin1String("fo:margin-left=\"240.00pt\"")));
+    QVERIFY(
+        !flow(fixture::document({page}), flowForms::continuous).contains(QLatin1String("fo:margin-left=\"240.00pt\"")));
 }
 
 void OfficeFlowTest::keepsPageBreaksAndSizes()
@@ -119,7 +119,7 @@ void OfficeFlowTest::keepsPageBreaksAndSizes()
     QCOMPARE(text.count(QLatin1String("<style:master-page ")), 2);
     QVERIFY(text.contains(QLatin1String("style:print-orientation=\"landscape\"")));
     QVERIFY(
-        !flow(fixture::document({first, second}), flow_forms::continuous).contains(QLatin1String("fo:break-before")));
+        !flow(fixture::document({first, second}), flowForms::continuous).contains(QLatin1String("fo:break-before")));
 }
 
 void OfficeFlowTest::putsRunningHeadsIntoThePage()
@@ -147,7 +147,7 @@ void OfficeFlowTest::dropsRunningHeadsInContinuousText()
     page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("body"), {72, 72, 300, 84}))};
     page.runningHeads = {fixture::block(fixture::paragraph(QStringLiteral("Report"), {72, 30, 120, 42}))};
     QCOMPARE(
-        fixture::paragraphs(flow(fixture::document({page}), flow_forms::continuous)),
+        fixture::paragraphs(flow(fixture::document({page}), flowForms::continuous)),
         QStringList{QStringLiteral("body")});
 }
 

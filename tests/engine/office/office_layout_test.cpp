@@ -62,7 +62,7 @@ model::Paragraph linesOf(int count, double left = 72, double top = 100)
     return paragraph;
 }
 
-QString flow(const model::Page &page, const FlowForm &form = flow_forms::inColumns)
+QString flow(const model::Page &page, const FlowForm &form = flowForms::inColumns)
 {
     fixture::Pictures pictures;
     const model::Document document = fixture::document({page});
@@ -108,7 +108,7 @@ void OfficeLayoutTest::fullPagesComeCloserTogether()
 {
     model::Page page = fixture::page({{72, 72, 522, 720}});
     page.sections[0].blocks = {fixture::block(linesOf(50, 72, 72))};
-    FlowPage plan = planPage(page, {}, flow_forms::inColumns);
+    FlowPage plan = planPage(page, {}, flowForms::inColumns);
     plan.room = 688;
     QCOMPARE(fitOf(plan).lines, 1.0);
     plan.room = 588;
@@ -201,7 +201,7 @@ void OfficeLayoutTest::breaksStandApartWhereAsked()
     fixture::Pictures pictures;
     const model::Document document = fixture::document({page, page});
     const auto paragraphs = [&](bool apart) {
-        const FlowForm form = apart ? flow_forms::inColumns : forOldWord(flow_forms::inColumns);
+        const FlowForm form = apart ? flowForms::inColumns : forOldWord(flowForms::inColumns);
         return fixture::paragraphs(
             fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeFlow(file, document, pictures, form); }));
     };

@@ -15,7 +15,7 @@ struct FlowForm
 };
 
 /// The forms that exist. Each is for Word's newer formats; see forOldWord().
-namespace flow_forms {
+namespace flowForms {
 
 /// Pages with their columns.
 inline constexpr FlowForm inColumns{.columns = true, .pages = true, .places = true, .breaksApart = true};
@@ -26,7 +26,7 @@ inline constexpr FlowForm inOneColumn{.columns = false, .pages = true, .places =
 /// One text from the first page to the last.
 inline constexpr FlowForm continuous{.columns = false, .pages = false, .places = false, .breaksApart = true};
 
-} // namespace flow_forms
+} // namespace flowForms
 
 /// The form as Word's older format (.doc) needs it.
 constexpr FlowForm forOldWord(FlowForm form)
