@@ -5,28 +5,27 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace quorra::model {
 
 namespace {
 
-constexpr double edgeShare = 0.13;       // of the page's height: where heads and feet are looked for
-constexpr std::size_t outermostRows = 3; // at each end
-constexpr std::size_t fewestPages = 3;
+using page_headers::thresholds;
 
-struct EdgeRow
+struct EdgeLine
 {
-    TextLine row;
+    TextLine line;
     QString key;            ///< its text with every number replaced
-    double gap = 0;         ///< font sizes from its baseline to that of the next row towards the page's middle
+    double gap = 0;         ///< em, from its baseline to that of the next line towards the page's middle
     bool outermost = false; ///< nothing stands between it and the edge of the page
 };
 
-QString keyOf(const TextLine &row)
+QString keyOf(const TextLine &line)
 {
     QString key;
     bool inNumber = false;
-    for (const RawWord *word : row.words) {
+    for (const RawWord *word : line.words) {
         for (const QChar c : word->text) {
             if (c.isDigit()) {
                 key += inNumber ? QString() : QStringLiteral("#");
@@ -55,45 +54,46 @@ std::pair<double, double> textExtent(const RawPage &page)
     return {top, bottom};
 }
 
-std::vector<EdgeRow> edgeRows(const RawPage &page)
+std::vector<EdgeLine> edgeLines(const RawPage &page)
 {
-    std::vector<EdgeRow> found;
+    std::vector<EdgeLine> found;
     const auto [first, last] = textExtent(page);
-    const double reach = edgeShare * page.height;
+    const double reach = thresholds.zone * page.height;
     for (const bool top : {true, false}) {
         const auto inZone = [&, first = first, last = last](double y, double depth) {
             return top ? y < std::max(first + depth / 2, depth) : y > std::min(last - depth / 2, page.height - depth);
         };
-        WordRefs words; // from further in than looked for, to see how far the next row is
+        WordRefs words; // from further in than looked for, to see how far the next line is
         for (const RawWord &word : page.words) {
             if (word.rotation == 0 && inZone(word.box.centreY(), 2 * reach)) {
                 words.push_back(&word);
             }
         }
-        std::vector<TextLine> rows = textLinesOf(std::move(words));
+        std::vector<TextLine> lines = textLinesOf(std::move(words));
         if (!top) {
-            std::reverse(rows.begin(), rows.end());
+            std::reverse(lines.begin(), lines.end());
         }
-        for (std::size_t i = 0; i < std::min(rows.size(), outermostRows) && inZone(rows[i].box.centreY(), reach); ++i) {
-            constexpr double farAway = 99;
-            const double gap = i + 1 < rows.size() ? std::abs(rows[i + 1].baseline - rows[i].baseline) /
-                                                         std::max(rows[i].size, rows[i + 1].size)
-                                                   : farAway;
-            found.push_back({rows[i], keyOf(rows[i]), gap, i == 0});
+        for (std::size_t i = 0;
+             i < std::min(lines.size(), thresholds.maxLines) && inZone(lines[i].box.centreY(), reach); ++i) {
+            constexpr double farAway = std::numeric_limits<double>::max();
+            const double gap = i + 1 < lines.size() ? std::abs(lines[i + 1].baseline - lines[i].baseline) /
+                                                          std::max(lines[i].size, lines[i + 1].size)
+                                                    : farAway;
+            found.push_back({lines[i], keyOf(lines[i]), gap, i == 0});
         }
     }
     return found;
 }
 
 // Stamps in the margin: words in another direction that stand at the same place on other pages.
-void addTurnedStamps(
+void addRotatedStamps(
     const std::vector<RawPage> &pages, std::size_t needed, std::vector<std::set<const RawWord *>> &heads)
 {
     const auto keyOfWord = [](const RawWord &word) {
         return QStringLiteral("%1 %2 %3")
             .arg(
-                word.text, QString::number(std::lround(word.box.left / 4)),
-                QString::number(std::lround(word.box.top / 4)));
+                word.text, QString::number(std::lround(word.box.left / thresholds.stampGrid)),
+                QString::number(std::lround(word.box.top / thresholds.stampGrid)));
     };
     QHash<QString, std::size_t> count;
     for (const RawPage &page : pages) {
@@ -117,37 +117,35 @@ void addTurnedStamps(
 std::vector<std::set<const RawWord *>> findRunningHeads(const std::vector<RawPage> &pages)
 {
     std::vector<std::set<const RawWord *>> heads(pages.size());
-    if (pages.size() < fewestPages) {
+    if (pages.size() < thresholds.minPages) {
         return heads;
     }
-    std::vector<std::vector<EdgeRow>> rows;
+    std::vector<std::vector<EdgeLine>> lines;
     QHash<QString, QList<double>> places; // the heights at which each text stands
     for (const RawPage &page : pages) {
-        rows.push_back(edgeRows(page));
-        for (const EdgeRow &row : rows.back()) {
-            places[row.key].append(row.row.baseline);
+        lines.push_back(edgeLines(page));
+        for (const EdgeLine &line : lines.back()) {
+            places[line.key].append(line.line.baseline);
         }
     }
-    constexpr double sameHeight = 6; // points
-    const std::size_t needed = std::max(fewestPages, pages.size() / 12);
-    addTurnedStamps(pages, needed, heads);
+    const std::size_t needed = std::max(thresholds.minPages, pages.size() / thresholds.pagesPerHeader);
+    addRotatedStamps(pages, needed, heads);
     for (std::size_t i = 0; i < pages.size(); ++i) {
-        // From the text outwards: a line that the text follows at its usual distance is part of it, such as the head
-        // of a table that comes back on each page.
+        // From the text outwards: a line that the text follows at its usual distance is part of it, such as a table's
+        // header row that is repeated on each page.
         bool apart = false;
-        for (auto row = rows[i].rbegin(); row != rows[i].rend(); ++row) {
-            const QList<double> &heights = places[row->key];
-            const auto alike = std::count_if(heights.begin(), heights.end(), [row](double y) {
-                return std::abs(y - row->row.baseline) <= sameHeight;
+        for (auto line = lines[i].rbegin(); line != lines[i].rend(); ++line) {
+            const QList<double> &heights = places[line->key];
+            const auto alike = std::count_if(heights.begin(), heights.end(), [line](double y) {
+                return std::abs(y - line->line.baseline) <= thresholds.sameHeight;
             });
-            constexpr double usualGap = 1.5;
             const bool repeated = static_cast<std::size_t>(alike) >= needed;
-            const bool isNumber = row->key == QLatin1String("# ");
-            apart = apart || row->gap > usualGap;
+            const bool isNumber = line->key == QLatin1String("# ");
+            apart = apart || line->gap > thresholds.minGap;
             if (repeated && (apart || isNumber)) {
-                heads[i].insert(row->row.words.begin(), row->row.words.end());
+                heads[i].insert(line->line.words.begin(), line->line.words.end());
             }
-            apart = apart && !row->outermost; // the other end of the page begins anew
+            apart = apart && !line->outermost; // the other end of the page begins anew
         }
     }
     return heads;

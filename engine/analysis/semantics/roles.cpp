@@ -15,14 +15,14 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double largerThanBody = 1.12;
-constexpr double smallerThanBody = 0.93;
-constexpr int longestHeading = 180; // letters
+using roles::thresholds;
 
-// The font size of most letters, in tenths of a point so that it can be counted.
+// Font sizes are counted in tenths of a point.
+constexpr int perPoint = 10;
+
 int tenths(double size)
 {
-    return static_cast<int>(std::lround(size * 10));
+    return static_cast<int>(std::lround(size * perPoint));
 }
 
 template <typename Use>
@@ -60,10 +60,11 @@ bool isBold(const Paragraph &paragraph)
 
 bool isHeadingLike(const Paragraph &paragraph, const QString &text)
 {
-    const bool listing = text.contains(QLatin1Char('\n'));
+    const bool preformatted = text.contains(QLatin1Char('\n'));
     const bool letters = std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); });
-    return letters && !listing && text.size() <= longestHeading && paragraph.lines.size() <= 3 &&
-           paragraph.rotation == 0 && !text.endsWith(QLatin1Char(',')) && !text.endsWith(QLatin1Char(';'));
+    return letters && !preformatted && text.size() <= thresholds.maxHeadingLength &&
+           paragraph.lines.size() <= thresholds.maxHeadingLines && paragraph.rotation == 0 &&
+           !text.endsWith(QLatin1Char(',')) && !text.endsWith(QLatin1Char(';'));
 }
 
 bool isCaption(const QString &text)
@@ -72,10 +73,10 @@ bool isCaption(const QString &text)
         QStringLiteral("^(?:Figure|Fig\\.|Table|Tab\\.|Abbildung|Abb\\.|Tabelle|Tableau|Tabla|Figura|Listing|図|表)\\s*"
                        "[A-Z]?\\.?\\d+[a-z]?(?:\\.\\d+)*\\s*([.:–—|)])?"));
     const QRegularExpressionMatch match = caption.match(text);
-    constexpr qsizetype shortCaption = 150; // longer ones are sentences that begin with a figure's name
-    return match.hasMatch() && (text.size() < shortCaption || !match.captured(1).isEmpty());
+    return match.hasMatch() && (text.size() < thresholds.maxCaption || !match.captured(1).isEmpty());
 }
 
+// The font size of most letters of the document.
 double bodySize(Document &document)
 {
     QMap<int, qsizetype> letters;
@@ -97,16 +98,16 @@ double bodySize(Document &document)
     for (auto it = letters.cbegin(); it != letters.cend(); ++it) {
         best = best == 0 || it.value() > letters.value(best) ? it.key() : best;
     }
-    return best / 10.0;
+    return static_cast<double>(best) / perPoint;
 }
 
-// Heading sizes from the largest down; sizes that differ by less than 6 % are one.
+// The font sizes of the heading levels, from the largest down.
 std::vector<double> headingSizes(Document &document, double body)
 {
     std::vector<double> sizes;
     forEachParagraph(document, [&](const Page &, const Paragraph &paragraph) {
         const double size = sizeOf(paragraph);
-        if (paragraph.role == Role::Body && size > largerThanBody * body &&
+        if (paragraph.role == Role::Body && size > thresholds.minHeadingSize * body &&
             isHeadingLike(paragraph, plainText(paragraph))) {
             sizes.push_back(size);
         }
@@ -114,7 +115,7 @@ std::vector<double> headingSizes(Document &document, double body)
     std::sort(sizes.rbegin(), sizes.rend());
     std::vector<double> ranks;
     for (const double size : sizes) {
-        if (ranks.empty() || size < 0.94 * ranks.back()) {
+        if (ranks.empty() || size < thresholds.sameHeadingSize * ranks.back()) {
             ranks.push_back(size);
         }
     }
@@ -123,9 +124,8 @@ std::vector<double> headingSizes(Document &document, double body)
 
 void setHeading(Paragraph &paragraph, std::size_t rank)
 {
-    constexpr std::size_t lowestRank = 2;
     paragraph.role = Role::Heading;
-    paragraph.headingLevel = static_cast<int>(std::min(rank, lowestRank)) + 1;
+    paragraph.headingLevel = static_cast<int>(std::min(rank + 1, thresholds.maxHeadingLevel));
 }
 
 void assignRole(const Page &page, Paragraph &paragraph, double body, const std::vector<double> &ranks)
@@ -137,20 +137,22 @@ void assignRole(const Page &page, Paragraph &paragraph, double body, const std::
         return;
     }
     if (isHeadingLike(paragraph, text)) {
-        if (size > largerThanBody * body) {
-            const auto rank = std::find_if(ranks.begin(), ranks.end(), [size](double r) { return size >= 0.94 * r; });
+        if (size > thresholds.minHeadingSize * body) {
+            const auto rank = std::find_if(
+                ranks.begin(), ranks.end(), [size](double r) { return size >= thresholds.sameHeadingSize * r; });
             setHeading(paragraph, static_cast<std::size_t>(rank - ranks.begin()));
             return;
         }
-        constexpr int longestBoldHeading = 100;
-        if (isBold(paragraph) && size >= 0.98 * body && paragraph.lines.size() <= 2 &&
-            text.size() <= longestBoldHeading && !text.endsWith(QLatin1Char('.')) && !text.endsWith(QLatin1Char(':'))) {
+        if (isBold(paragraph) && size >= thresholds.minBoldHeadingSize * body &&
+            paragraph.lines.size() <= thresholds.maxBoldHeadingLines &&
+            text.size() <= thresholds.maxBoldHeadingLength && !text.endsWith(QLatin1Char('.')) &&
+            !text.endsWith(QLatin1Char(':'))) {
             setHeading(paragraph, ranks.size());
             return;
         }
     }
-    if (size < smallerThanBody * body && paragraph.box.top > 0.6 * page.height && !text.isEmpty() &&
-        (text.front().isDigit() || QStringLiteral("*†‡∗§¹²³").contains(text.front()))) {
+    if (size < thresholds.maxFootnoteSize * body && paragraph.box.top > thresholds.minFootnoteTop * page.height &&
+        !text.isEmpty() && (text.front().isDigit() || QStringLiteral("*†‡∗§¹²³").contains(text.front()))) {
         paragraph.role = Role::Footnote;
     }
 }
@@ -163,17 +165,16 @@ void assignListLevels(Document &document)
             for (Block &block : section.blocks) {
                 Paragraph *paragraph = block.paragraph();
                 if (!paragraph || !paragraph->listItem) {
-                    if (!paragraph || paragraph->indentLeft < 2) {
+                    if (!paragraph || paragraph->indentLeft < thresholds.minIndent) {
                         lefts.clear();
                     }
                     continue;
                 }
-                constexpr double deeper = 5; // points
                 const double left = paragraph->lines.front().box.left;
-                while (!lefts.empty() && left < lefts.back() - deeper) {
+                while (!lefts.empty() && left < lefts.back() - thresholds.listLevelIndent) {
                     lefts.pop_back();
                 }
-                if (lefts.empty() || left > lefts.back() + deeper) {
+                if (lefts.empty() || left > lefts.back() + thresholds.listLevelIndent) {
                     lefts.push_back(left);
                 }
                 paragraph->listItem->level = static_cast<int>(lefts.size()) - 1;
