@@ -431,7 +431,7 @@ std::vector<Edge> unruledTableEdges()
                 return !isUnruledTable(std::move(words));
             }),
         maximum(
-            "length of the rule under a heading", thresholds.maxHeadingRule,
+            "length of the rule under a heading", grids.minFullRule,
             [](double share) {
                 Words words{word(text, 80, 40, 86)};
                 for (const RawWord &each : rowsWithNumbers(usualRows)) {

@@ -10,13 +10,22 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double sameEdge = 1;      // points
-constexpr double sameThickness = 1; // points
-constexpr std::size_t fewestBars = 3;
-constexpr std::size_t mostWords = 2; // in a bar: its value
-constexpr double reach = 1.5;        // font sizes from the line to the labels below it
+struct Thresholds
+{
+    double minThickness = 3;       ///< points; thinner fills are rules
+    double sameEdge = 1;           ///< points; bars whose ends differ by less stand on one line
+    double sameThickness = 1;      ///< points; bars of one chart differ by less
+    std::size_t minBars = 3;       ///< of one thickness on one line
+    double minLengthRatio = 1.1;   ///< of the longest bar's length to the shortest; equal bars are rows of a table
+    std::size_t maxWords = 2;      ///< in a bar, its value; more text makes the fill a background
+    double maxLabelDistance = 1.5; ///< em from the line to the labels below it
+    double labelDescent = 0.25;    ///< em from the labels' baseline to the chart's lower edge
+    double minLabelGap = 1;        ///< em between the labels of two bars
+};
 
-// A bar seen along its length: from the line it stands on to its free end.
+constexpr Thresholds thresholds;
+
+// A bar seen along its length, from the line on which it stands to its free end.
 struct Bar
 {
     Box box;
@@ -36,7 +45,7 @@ bool holdsText(const RawPage &page, const Box &box)
     const auto words = std::count_if(page.words.begin(), page.words.end(), [&box](const RawWord &word) {
         return box.contains(word.box.centreX(), word.box.centreY());
     });
-    return static_cast<std::size_t>(words) > mostWords;
+    return static_cast<std::size_t>(words) > thresholds.maxWords;
 }
 
 std::vector<Bar> barsOf(const std::vector<Box> &boxes, bool upright)
@@ -54,17 +63,16 @@ bool haveUnequalLengths(const std::vector<Bar> &bars)
 {
     const auto [least, most] =
         std::minmax_element(bars.begin(), bars.end(), [](const Bar &a, const Bar &b) { return a.length < b.length; });
-    constexpr double clearly = 1.1;
-    return most->length > clearly * least->length + sameEdge;
+    return most->length > thresholds.minLengthRatio * least->length + thresholds.sameEdge;
 }
 
-// Bars that lie on one another are shadows and frames, no chart.
+// Whether no bars overlap; those that do are shadows and frames.
 bool areApart(const std::vector<Bar> &bars)
 {
     for (std::size_t i = 0; i < bars.size(); ++i) {
         for (std::size_t k = i + 1; k < bars.size(); ++k) {
             const Box common = intersected(bars[i].box, bars[k].box);
-            if (common.width() > sameEdge && common.height() > sameEdge) {
+            if (common.width() > thresholds.sameEdge && common.height() > thresholds.sameEdge) {
                 return false;
             }
         }
@@ -79,15 +87,16 @@ Box withLabels(const RawPage &page, const Box &chart)
     for (const RawWord &word : page.words) {
         const Box body = bodyOf(word);
         if (word.rotation == 0 && chart.left < body.centreX() && body.centreX() < chart.right &&
-            body.centreY() > chart.bottom && body.bottom - chart.bottom < reach * word.style.size) {
+            body.centreY() > chart.bottom &&
+            body.bottom - chart.bottom < thresholds.maxLabelDistance * word.style.size) {
             below.push_back(&word);
         }
     }
     Box all = chart;
-    for (const TextLine &row : textLinesOf(std::move(below))) {
-        if (segmentsOf(row, 1).size() >= 2) {
-            all = united(all, row.box);
-            all.bottom = std::max(all.bottom, row.baseline + 0.25 * row.size); // descenders
+    for (const TextLine &line : textLinesOf(std::move(below))) {
+        if (segmentsOf(line, thresholds.minLabelGap).size() >= 2) {
+            all = united(all, line.box);
+            all.bottom = std::max(all.bottom, line.baseline + thresholds.labelDescent * line.size); // descenders
         }
     }
     return all;
@@ -99,13 +108,13 @@ void addCharts(std::vector<Box> &charts, const RawPage &page, const std::vector<
     for (std::size_t i = 0; i < bars.size(); ++i) {
         std::vector<Bar> group;
         for (std::size_t k = i; k < bars.size() && !used[i]; ++k) {
-            if (!used[k] && std::abs(bars[k].foot - bars[i].foot) <= sameEdge &&
-                std::abs(bars[k].thickness - bars[i].thickness) <= sameThickness) {
+            if (!used[k] && std::abs(bars[k].foot - bars[i].foot) <= thresholds.sameEdge &&
+                std::abs(bars[k].thickness - bars[i].thickness) <= thresholds.sameThickness) {
                 group.push_back(bars[k]);
                 used[k] = k != i;
             }
         }
-        if (group.size() < fewestBars || !haveUnequalLengths(group) || !areApart(group)) {
+        if (group.size() < thresholds.minBars || !haveUnequalLengths(group) || !areApart(group)) {
             continue;
         }
         Box chart;
@@ -120,16 +129,15 @@ void addCharts(std::vector<Box> &charts, const RawPage &page, const std::vector<
 
 std::vector<Box> findBarCharts(const RawPage &page, const std::vector<Box> &taken)
 {
-    constexpr double thinnest = 3; // points: thinner ones are rules
     std::vector<Box> boxes;
     for (const Fill &fill : page.fills) {
-        if (fill.colour != white && fill.box.width() >= thinnest && fill.box.height() >= thinnest &&
-            !isTaken(fill.box, taken) && !holdsText(page, fill.box)) {
+        if (fill.colour != white && fill.box.width() >= thresholds.minThickness &&
+            fill.box.height() >= thresholds.minThickness && !isTaken(fill.box, taken) && !holdsText(page, fill.box)) {
             boxes.push_back(fill.box);
         }
     }
     std::vector<Box> charts;
-    if (boxes.size() >= fewestBars) {
+    if (boxes.size() >= thresholds.minBars) {
         addCharts(charts, page, barsOf(boxes, true), true);
         addCharts(charts, page, barsOf(boxes, false), false);
     }

@@ -9,11 +9,21 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double near = 9;      // points between parts of one drawing
-constexpr double smallest = 28; // points: a smaller region is a bullet or an ornament
-constexpr double mostOfPage = 0.8;
-constexpr double lineWidth = 1; // points: half of it lies outside of a line's box
-constexpr int fewestMarks = 3;  // curves and slanted lines
+struct Thresholds
+{
+    double maxGap = 9;            ///< points between parts of one drawing
+    double minSide = 28;          ///< points; a smaller region is a bullet or an ornament
+    double maxArea = 0.8;         ///< share of the page; larger marks are its background
+    double lineMargin = 1;        ///< points added around a drawing; half a line's width is outside of its box
+    int minMarks = 3;             ///< curves and slanted lines in a drawing
+    double seam = 1;              ///< points; rules whose ends are closer touch
+    std::size_t maxRules = 1000;  ///< more are a plan or a map, whose parts are close to one another anyway
+    double maxRuleLength = 0.6;   ///< share of the page's longer side; longer rules divide the page
+    std::ptrdiff_t maxWords = 30; ///< in a drawing of few marks; more make it framed text
+    double minDrawn = 0.25;       ///< share of a region with much text that its marks cover
+};
+
+constexpr Thresholds thresholds;
 
 struct Region
 {
@@ -23,11 +33,12 @@ struct Region
 
 bool close(const Box &a, const Box &b)
 {
-    return a.left - near <= b.right && b.left - near <= a.right && a.top - near <= b.bottom && b.top - near <= a.bottom;
+    return a.left - thresholds.maxGap <= b.right && b.left - thresholds.maxGap <= a.right &&
+           a.top - thresholds.maxGap <= b.bottom && b.top - thresholds.maxGap <= a.bottom;
 }
 
-// Joins regions that are close to one another until none are. Regions are few after the first pass, so that the
-// repeated passes stay cheap; parts usually come next to one another.
+// Joins regions until no two are close to each other. Neighbouring parts usually follow one another, so that few
+// regions remain after the first pass.
 std::vector<Region> joined(const std::vector<Region> &parts)
 {
     std::vector<Region> regions;
@@ -47,23 +58,22 @@ std::vector<Region> joined(const std::vector<Region> &parts)
 
 bool touch(const Box &a, const Box &b)
 {
-    constexpr double seam = 1; // points
-    return a.left - seam <= b.right && b.left - seam <= a.right && a.top - seam <= b.bottom && b.top - seam <= a.bottom;
+    return a.left - thresholds.seam <= b.right && b.left - thresholds.seam <= a.right &&
+           a.top - thresholds.seam <= b.bottom && b.top - thresholds.seam <= a.bottom;
 }
 
-// The boxes around rules that touch one another: a frame is near a stroke with all its sides or not at all. Rules about
-// as long as the page are the page's own; where rules reach that far together, each counts for itself.
+// The boxes around rules that touch one another, so that a frame belongs to a drawing as a whole or not at all. Very
+// long rules are left out; where connected rules extend as far together, each counts by itself.
 std::vector<Box> connectedRules(const RawPage &page)
 {
-    constexpr std::size_t most = 1000; // beyond that it is a plan or a map, whose parts are close to one another anyway
-    const double longest = 0.6 * std::max(page.width, page.height);
+    const double longest = thresholds.maxRuleLength * std::max(page.width, page.height);
     std::vector<Box> rules;
     for (const Rule &rule : page.rules) {
         if (rule.length() < longest) {
             rules.push_back({rule.x1, rule.y1, rule.x2, rule.y2});
         }
     }
-    if (rules.size() > most) {
+    if (rules.size() > thresholds.maxRules) {
         return rules;
     }
     std::vector<Box> found;
@@ -104,11 +114,9 @@ double area(const Box &box)
     return box.width() * box.height();
 }
 
-// Much text, and lines and fills that reach far beyond what is really drawn.
+// Whether the region has much text and few marks: its rules and fills extend far beyond what is drawn.
 bool isFramedText(const RawPage &page, const Box &region, const std::vector<Region> &strokes)
 {
-    constexpr int fewWords = 30;
-    constexpr double mostlyDrawn = 0.25;
     double drawn = 0;
     for (const Region &stroke : strokes) {
         drawn += area(intersected(stroke.box, region));
@@ -116,7 +124,7 @@ bool isFramedText(const RawPage &page, const Box &region, const std::vector<Regi
     const auto words = std::count_if(page.words.begin(), page.words.end(), [&region](const RawWord &word) {
         return region.contains(word.box.centreX(), word.box.centreY());
     });
-    return words > fewWords && drawn < mostlyDrawn * area(region);
+    return words > thresholds.maxWords && drawn < thresholds.minDrawn * area(region);
 }
 
 } // namespace
@@ -129,7 +137,7 @@ std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken
     }
     const double pageArea = page.width * page.height;
     const auto isBackground = [&](const Box &b) {
-        return b.width() * b.height() > mostOfPage * pageArea || isTaken(b, taken);
+        return b.width() * b.height() > thresholds.maxArea * pageArea || isTaken(b, taken);
     };
     std::vector<Region> strokes;
     for (const Ink &ink : page.ink) {
@@ -139,7 +147,7 @@ std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken
     }
     for (const Box &chart : charts) {
         if (!isBackground(chart)) {
-            strokes.push_back({chart, fewestMarks});
+            strokes.push_back({chart, thresholds.minMarks});
         }
     }
     strokes = joined(strokes);
@@ -158,12 +166,13 @@ std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken
     }
     std::vector<Box> drawings;
     const auto keep = [&](const Region &region) {
-        const bool large = region.box.width() >= smallest && region.box.height() >= smallest;
-        if (large && region.ink >= fewestMarks && !isBackground(region.box)) {
+        const bool large = region.box.width() >= thresholds.minSide && region.box.height() >= thresholds.minSide;
+        if (large && region.ink >= thresholds.minMarks && !isBackground(region.box)) {
             drawings.push_back(
-                {std::max(0.0, region.box.left - lineWidth), std::max(0.0, region.box.top - lineWidth),
-                 std::min(page.width, region.box.right + lineWidth),
-                 std::min(page.height, region.box.bottom + lineWidth)});
+                {std::max(0.0, region.box.left - thresholds.lineMargin),
+                 std::max(0.0, region.box.top - thresholds.lineMargin),
+                 std::min(page.width, region.box.right + thresholds.lineMargin),
+                 std::min(page.height, region.box.bottom + thresholds.lineMargin)});
         }
     };
     for (const Region &region : joined(parts)) {

@@ -8,17 +8,25 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double near = 2.5;       // points
-constexpr double leastDrawn = 0.1; // of the grid's area
+struct Thresholds
+{
+    double sameEdge = 2.5; ///< points; a mark this close to an edge of the grid ends at it
+    double minDrawn = 0.1; ///< share of the grid's area that the marks across its edges extend over
+};
+
+constexpr Thresholds thresholds;
 
 bool isNearEdge(double at, const std::vector<double> &edges)
 {
-    return std::any_of(edges.begin(), edges.end(), [at](double edge) { return std::abs(edge - at) <= near; });
+    return std::any_of(
+        edges.begin(), edges.end(), [at](double edge) { return std::abs(edge - at) <= thresholds.sameEdge; });
 }
 
 bool crosses(double from, double to, const std::vector<double> &edges)
 {
-    return std::any_of(edges.begin(), edges.end(), [&](double edge) { return edge > from + near && edge < to - near; });
+    return std::any_of(edges.begin(), edges.end(), [&](double edge) {
+        return edge > from + thresholds.sameEdge && edge < to - thresholds.sameEdge;
+    });
 }
 
 } // namespace
@@ -38,7 +46,7 @@ bool isPlot(const Table &grid, const std::vector<Ink> &ink)
             drawn = united(drawn, inside);
         }
     }
-    return drawn.width() * drawn.height() >= leastDrawn * grid.box.width() * grid.box.height();
+    return drawn.width() * drawn.height() >= thresholds.minDrawn * grid.box.width() * grid.box.height();
 }
 
 } // namespace quorra::model

@@ -17,9 +17,7 @@ namespace {
 
 struct Thresholds
 {
-    double maxSizeRatio = 1.1; ///< of the font sizes of two parts of a paragraph; those of notes and captions differ
-    double minSizeRatio = 0.9; ///< the same the other way round
-    qsizetype minLength = 20;  ///< characters; a shorter paragraph is a heading or a label, which does not continue
+    qsizetype minLength = 20; ///< characters; a shorter paragraph is a heading or a label, which does not continue
 };
 
 constexpr Thresholds thresholds;
@@ -57,8 +55,8 @@ bool continues(const Paragraph &before, const Paragraph &after)
     const double ratio = runsBefore.back().style.size / size;
     const QString end = plainText(runsBefore).trimmed();
     const QString begin = plainText(runsAfter).trimmed();
-    if (ratio < thresholds.minSizeRatio || ratio > thresholds.maxSizeRatio || end.size() < thresholds.minLength ||
-        begin.isEmpty() || endsSentence(end)) {
+    if (ratio < paragraph_breaks::thresholds.minSizeRatio || ratio > paragraph_breaks::thresholds.maxSizeRatio ||
+        end.size() < thresholds.minLength || begin.isEmpty() || endsSentence(end)) {
         return false;
     }
     const bool indented = after.firstLineIndent > paragraph_breaks::thresholds.minIndent * size;

@@ -46,7 +46,7 @@ bool agree(const std::vector<Line> &lines, std::size_t from, std::size_t to, Get
 // Whether every line is in the middle of the column, and only the widest reaches its left edge.
 bool isCentred(const std::vector<Line> &lines, const Box &column)
 {
-    const double tolerance = std::max(thresholds.minCentreTolerance, thresholds.centredTolerance * column.width());
+    const double tolerance = std::max(thresholds.minCentredTolerance, thresholds.centredTolerance * column.width());
     const auto inMiddle = std::all_of(lines.begin(), lines.end(), [&](const Line &line) {
         return std::abs(line.box.centreX() - column.centreX()) <= tolerance;
     });
@@ -63,7 +63,7 @@ Alignment alignmentOf(const std::vector<Line> &lines, const Box &column)
         const double left = box.left - column.left;
         const double right = column.right - box.right;
         const bool inset = left > thresholds.minInset * column.width();
-        const double tolerance = std::max(thresholds.minLineTolerance, thresholds.centredTolerance * column.width());
+        const double tolerance = std::max(thresholds.minCentredTolerance, thresholds.centredTolerance * column.width());
         if (inset && std::abs(left - right) < tolerance) {
             return Alignment::Centre;
         }

@@ -17,8 +17,7 @@ struct Thresholds
 
     // Alignment.
     double centredTolerance = 0.02; ///< share of the column's width; between centres of lines, or spaces beside one
-    double minCentreTolerance = 3;  ///< points; the same for several lines in narrow columns
-    double minLineTolerance = 4;    ///< points; the same for a single line, of which two spaces are compared
+    double minCentredTolerance = 3; ///< points; the same in narrow columns
     double minInset = 0.06;         ///< share of the column's width; a single line farther left is not centred
     double minRightInset = 0.4;     ///< share of the column's width; a right-aligned single line is a short one
 

@@ -39,7 +39,6 @@ struct Thresholds
     double sameBaseline = 2.5; ///< points; lines of neighbouring cells whose baselines differ by less are one row
     double minFilled = 0.6;    ///< share of cells times baselines that hold a text
     double minDescent = 0.1;   ///< em; from a baseline to the edge of its row at least
-    double capHeight = 0.7;    ///< em; from a row's edge down to the next baseline at least
 };
 
 inline constexpr Thresholds thresholds;

@@ -71,7 +71,8 @@ void splitBand(TableWords &found, int row, const std::vector<BandCell> &band, co
     const double size = band.front().lines.front().size;
     for (std::size_t i = 1; i < baselines.size(); ++i) {
         const double above = baselines[i - 1] + thresholds.minDescent * size;
-        edges.push_back(std::max(above, (baselines[i - 1] + baselines[i] - thresholds.capHeight * size) / 2));
+        edges.push_back(
+            std::max(above, (baselines[i - 1] + baselines[i] - text_lines::thresholds.capHeight * size) / 2));
     }
     edges.insert(edges.end(), table.rowEdges.begin() + row + 1, table.rowEdges.end());
     std::vector<Cell> cells;

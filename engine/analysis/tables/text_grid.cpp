@@ -168,7 +168,7 @@ void TextGrid::spanHeadings()
             for (const Rule &rule : m_rules) {
                 const bool under = rule.y1 > row.box.bottom - thresholds.ruleTolerance &&
                                    rule.y1 < row.box.bottom + thresholds.maxRuleGap * row.size;
-                if (!under || rule.length() > thresholds.maxHeadingRule * whole || rule.x1 > piece.box.centreX() ||
+                if (!under || rule.length() > thresholds.maxSpanningRule * whole || rule.x1 > piece.box.centreX() ||
                     rule.x2 < piece.box.centreX()) {
                     continue;
                 }
@@ -192,7 +192,7 @@ void TextGrid::joinTitle()
     std::size_t lines = 0;
     std::size_t words = 0;
     const auto opens = [&](const Rule &rule, const GridRow &row) {
-        return rule.length() > thresholds.minTitleRule * whole && rule.y1 > row.box.centreY();
+        return rule.length() > thresholds.minFullRule * whole && rule.y1 > row.box.centreY();
     };
     const auto isAbove = [&](const GridRow &row) {
         return std::any_of(m_rules.begin(), m_rules.end(), [&](const Rule &rule) {

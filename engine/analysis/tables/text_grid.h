@@ -27,9 +27,9 @@ struct Thresholds
     // Headings and titles, by the rules at them.
     double ruleTolerance = 1;       ///< points by which a rule may lie above the baseline of the heading it underlines
     double maxRuleGap = 1.2;        ///< em; from a heading's baseline to the rule under it
-    double maxHeadingRule = 0.9;    ///< share of the table's width; longer rules underline the whole row
     double maxRuleOverhang = 3;     ///< points by which the rule of a heading may reach into the next column
-    double minTitleRule = 0.8;      ///< share of the table's width; longer rules open the table under its title
+    double maxSpanningRule = 0.9;   ///< share of the table's width; a heading spans the columns over a shorter rule
+    double minFullRule = 0.8;       ///< share of the table's width; longer rules open the table under its title
     std::size_t maxTitleLines = 4;  ///< longer texts above a table are paragraphs
     std::size_t maxTitlePieces = 2; ///< in one line of a title, such as "Table 1" and its text
     std::size_t minTitleWords = 5;  ///< fewer words are headings of columns

@@ -60,7 +60,7 @@ bool isHeadingOver(const TextLine &upper, const TextLine &lower, const std::vect
     return lower.baseline - upper.baseline < thresholds.maxHeadingStep * lower.size &&
            std::any_of(horizontal.begin(), horizontal.end(), [&](const Rule &rule) {
                return rule.y1 > upper.box.centreY() && rule.y1 < lower.box.centreY() && rule.x1 < upper.box.centreX() &&
-                      rule.x2 > upper.box.centreX() && rule.length() < thresholds.maxHeadingRule * whole;
+                      rule.x2 > upper.box.centreX() && rule.length() < text_grid::thresholds.minFullRule * whole;
            });
 }
 

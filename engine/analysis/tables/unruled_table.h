@@ -19,7 +19,6 @@ struct Thresholds
     std::size_t minLines = 2;        ///< of a table
     std::size_t minLinesOfPart = 3;  ///< of a table that is found only between rules across the text
     double maxHeadingStep = 2;       ///< em; from a heading over several columns to the next line
-    double maxHeadingRule = 0.8;     ///< share of the table's width; longer rules underline the whole row
     double minPartRule = 0.9;        ///< share of the text's width; such rules divide it into parts
     double maxWrapStep = 1.3;        ///< em; between the lines of a wrapped cell
     double maxWrapShift = 1;         ///< em; between the left edges of the lines of a wrapped cell
