@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/characters.h"
 
-#include <algorithm>
-
 namespace quorra {
 
 int letterCount(const QString &text)
@@ -13,22 +11,6 @@ int letterCount(const QString &text)
         count += ideograph ? 2 : c.isLetterOrNumber() ? 1 : 0;
     }
     return count;
-}
-
-bool looksNumeric(const QString &text)
-{
-    int digits = 0;
-    int letters = 0;
-    for (const QChar c : text) {
-        digits += c.isDigit() ? 1 : 0;
-        letters += c.isLetter() ? 1 : 0;
-    }
-    if (digits > 0) {
-        return letters == 0 || (letters <= 2 && digits > letters);
-    }
-    static const QString stand = QStringLiteral("-–—†‡*….#");
-    return letters == 0 &&
-           std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace() || stand.contains(c); });
 }
 
 } // namespace quorra

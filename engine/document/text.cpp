@@ -11,6 +11,8 @@ namespace quorra::model {
 
 namespace {
 
+constexpr double usualSize = 10; // points, where no text tells
+
 class RunBuilder
 {
 public:
@@ -158,6 +160,57 @@ QString plainText(const Line &line)
         }
     }
     return text;
+}
+
+void StyleCount::add(const std::vector<Run> &runs)
+{
+    for (const Run &run : runs) {
+        if (run.shift != BaselineShift::None) {
+            continue;
+        }
+        auto known = std::find_if(
+            m_counts.begin(), m_counts.end(), [&run](const auto &count) { return count.second == run.style; });
+        if (known == m_counts.end()) {
+            known = m_counts.insert(known, {0, run.style});
+        }
+        // A table of contents has more dots than letters.
+        known->first += std::count_if(run.text.begin(), run.text.end(), [](QChar c) { return c.isLetterOrNumber(); });
+    }
+}
+
+Style StyleCount::dominant(const Style &fallback) const
+{
+    const auto most = std::max_element(
+        m_counts.begin(), m_counts.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
+    return most == m_counts.end() ? fallback : most->second;
+}
+
+Style dominantStyle(const std::vector<Run> &runs)
+{
+    StyleCount count;
+    count.add(runs);
+    return count.dominant(runs.empty() ? Style{} : runs.front().style);
+}
+
+double largestSize(const Line &line)
+{
+    double largest = 0;
+    for (const Word &word : line.words) {
+        largest = std::max(largest, word.style->size);
+    }
+    return largest > 0 ? largest : usualSize;
+}
+
+double largestSize(const Paragraph &paragraph)
+{
+    double largest = 0;
+    bool isMark = paragraph.listItem.has_value();
+    for (const Line &line : paragraph.lines) {
+        for (const Word &word : line.words) {
+            largest = std::exchange(isMark, false) ? largest : std::max(largest, word.style->size);
+        }
+    }
+    return largest > 0 ? largest : usualSize;
 }
 
 std::vector<std::vector<Run>> preformattedLines(const Paragraph &paragraph)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "document/font_family.h"
+
 #include <QString>
 
 namespace quorra::model {
@@ -11,9 +13,7 @@ struct FontName
     QString family;
     bool bold = false;
     bool italic = false;
-    bool fixedPitch = false;
-    bool sansSerif = false;
-    bool serif = false; ///< never together with sansSerif
+    FontKind kind = FontKind::Unknown;
 };
 
 /// Parses a PostScript font name such as "ABCDEF+TimesNewRomanPS-BoldItalicMT". Many fonts have no flags, so that the

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page_links.h"
 
+#include "document/link.h"
+
 #include <Annot.h>
 #include <Link.h>
 #include <PDFDoc.h>
@@ -29,18 +31,6 @@ int pageOf(PDFDoc &doc, const LinkGoTo &action)
     return target->isPageRef() ? doc.findPage(target->getPageRef()) : target->getPageNum();
 }
 
-/// Only URLs that are safe to follow; everything else (programs to start, scripts) is omitted.
-QString addressOf(const std::string &uri)
-{
-    QString address = QString::fromUtf8(uri.c_str()).trimmed();
-    for (const char *scheme : {"http://", "https://", "mailto:", "ftp://"}) {
-        if (address.startsWith(QLatin1String(scheme), Qt::CaseInsensitive)) {
-            return address;
-        }
-    }
-    return {};
-}
-
 QString targetOf(PDFDoc &doc, const AnnotLink &link)
 {
     const LinkAction *action = link.getAction();
@@ -48,11 +38,12 @@ QString targetOf(PDFDoc &doc, const AnnotLink &link)
         return {};
     }
     if (action->getKind() == actionURI) {
-        return addressOf(static_cast<const LinkURI *>(action)->getURI());
+        QString address = QString::fromUtf8(static_cast<const LinkURI *>(action)->getURI().c_str()).trimmed();
+        return model::isSafeAddress(address) ? address : QString();
     }
     if (action->getKind() == actionGoTo) {
         const int number = pageOf(doc, *static_cast<const LinkGoTo *>(action));
-        return number > 0 ? QStringLiteral("#page=%1").arg(number) : QString();
+        return number > 0 ? model::pageLink(number) : QString();
     }
     return {};
 }

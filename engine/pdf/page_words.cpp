@@ -61,8 +61,11 @@ private:
             style.family = parsed.family;
             style.bold = parsed.bold || info->isBold();
             style.italic = parsed.italic || info->isItalic();
-            style.fixedPitch = parsed.fixedPitch || info->isFixedWidth();
-            style.serif = (info->isSerif() || parsed.serif) && !parsed.sansSerif && !style.fixedPitch;
+            // The name tells more than the flags, which many fonts lack.
+            style.fixedPitch = parsed.kind == model::FontKind::FixedPitch || info->isFixedWidth();
+            style.serif =
+                !style.fixedPitch &&
+                (parsed.kind == model::FontKind::Unknown ? info->isSerif() : parsed.kind == model::FontKind::Serif);
             m_styles.insert(info, style);
             known = m_styles.constFind(info);
         }

@@ -301,30 +301,6 @@ private Q_SLOTS:
         QTEST(parsed.italic, "italic");
     }
 
-    void tellsSerifsByTheName()
-    {
-        for (const char *serif : {"CMR10", "ABCDEF+SFRM1095", "CMBX12", "TimesNewRomanPSMT", "DejaVuSerif-Bold"}) {
-            const FontName parsed = parseFontName(QLatin1String(serif));
-            QVERIFY2(parsed.serif && !parsed.sansSerif, serif);
-        }
-        for (const char *sans : {"CMSS10", "SFSS1000", "MSSansSerif", "TeXGyreHeros-Regular"}) {
-            const FontName parsed = parseFontName(QLatin1String(sans));
-            QVERIFY2(parsed.sansSerif && !parsed.serif, sans);
-        }
-        const FontName unknown = parseFontName(QStringLiteral("Frobnicate"));
-        QVERIFY(!unknown.serif && !unknown.sansSerif);
-    }
-
-    void recognisesNumbers()
-    {
-        for (const char *number : {"12", "-3.5%", "1,505", "$ 7", "–", "...", "12a"}) {
-            QVERIFY2(looksNumeric(QString::fromUtf8(number)), number);
-        }
-        for (const char *word : {"Year", "PK-12 schools", "A1B"}) {
-            QVERIFY2(!looksNumeric(QString::fromUtf8(word)), word);
-        }
-    }
-
     void recognisesListMarks()
     {
         for (const char *mark : {"•", "1.", "12)", "(a)", "iv.", "[3]"}) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "columns/column_gaps.h"
 
+#include "base/number.h"
+
 #include <algorithm>
 #include <bitset>
 #include <cmath>

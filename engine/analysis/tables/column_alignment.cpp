@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tables/column_alignment.h"
 
+#include "base/number.h"
 #include "document/text.h"
 #include "text_lines/text_lines.h"
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tables/ruled_table.h"
 
+#include "base/number.h"
+
 #include <algorithm>
 #include <cmath>
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tables/table_content.h"
 
+#include "base/number.h"
 #include "document/text.h"
 #include "paragraphs/paragraphs.h"
 #include "tables/cell_columns.h"

@@ -2,6 +2,8 @@
 #include "tables/rulings.h"
 #include "tables/text_grid.h"
 
+#include "base/number.h"
+
 #include <algorithm>
 #include <cmath>
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "html_leaders.h"
 
+#include "document/line_pieces.h"
 #include "document/text.h"
 
 #include <QRegularExpression>
@@ -69,14 +70,12 @@ std::vector<LeaderLine> cutAtLeaders(const std::vector<Run> &runs)
 // Whether a page number stands at the line's end, apart from the text.
 bool endsInPage(const Line &line)
 {
-    constexpr double wideGap = 1.5; // font sizes
     if (line.words.size() < 2 || !pageNumber().match(line.words.back().text).hasMatch()) {
         return false;
     }
     const model::Word &before = line.words[line.words.size() - 2];
     const model::Word &number = line.words.back();
-    const double gap = std::max(number.box.left - before.box.right, before.box.left - number.box.right);
-    return gap > wideGap * number.style->size || before.text.endsWith(QLatin1Char('.'));
+    return isApart(before, number, model::contentsLimits) || before.text.endsWith(QLatin1Char('.'));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "html_paragraph.h"
 
 #include "base/xml_text.h"
+#include "document/line_pieces.h"
 #include "document/text.h"
 #include "html_leaders.h"
 #include "html_style.h"
@@ -35,22 +36,11 @@ QString tagOf(const Paragraph &paragraph)
 // The words of a running head as its parts: a page number at one end and a title at the other are not one text.
 Lines headParts(const Paragraph &head)
 {
-    constexpr double wideGap = 2.5; // font sizes
     Lines parts;
     for (const model::Line &line : head.lines) {
-        model::Line part{line.box, line.baseline, line.rotation, {}};
-        for (const model::Word &word : line.words) {
-            if (!part.words.empty()) {
-                const Box &before = part.words.back().box;
-                const double gap = std::max(word.box.left - before.right, before.left - word.box.right);
-                if (gap > wideGap * word.style->size) {
-                    parts.push_back(model::runsOf(part));
-                    part.words.clear();
-                }
-            }
-            part.words.push_back(word);
+        for (const model::Line &part : linePieces(line, model::pageHeaderLimits)) {
+            parts.push_back(model::runsOf(part));
         }
-        parts.push_back(model::runsOf(part));
     }
     return parts;
 }
@@ -109,7 +99,7 @@ void writeLeaders(QXmlStreamWriter &xml, const std::vector<LeaderLine> &lines, c
 TextGround textGround(const Paragraph &paragraph, const ParagraphGround &ground)
 {
     TextGround text{
-        mainLook(model::runsOf(paragraph), ground.usual, isHeading(paragraph)), isHeading(paragraph), false,
+        elementStyle(model::runsOf(paragraph), ground.usual, isHeading(paragraph)), isHeading(paragraph), false,
         ground.lostBackground};
     if (ground.lostBackground && isFaint(text.look.colour)) {
         text.look.colour = black;

@@ -2,6 +2,8 @@
 #include "html_style.h"
 
 #include "base/xml_text.h"
+#include "document/font_family.h"
+#include "document/page_walk.h"
 
 #include <QStringList>
 
@@ -22,15 +24,25 @@ QString points(double value)
     return QString::number(std::round(value * 10) / 10) + QStringLiteral("pt");
 }
 
+QString genericFamily(const Style &style)
+{
+    switch (fontKind(style)) {
+    case model::FontKind::FixedPitch:
+        return QStringLiteral("monospace");
+    case model::FontKind::Serif:
+        return QStringLiteral("serif");
+    default:
+        return QStringLiteral("sans-serif");
+    }
+}
+
 QString family(const Style &style)
 {
-    const QString generic = style.fixedPitch ? QStringLiteral("monospace")
-                            : style.serif    ? QStringLiteral("serif")
-                                             : QStringLiteral("sans-serif");
+    const QString generic = genericFamily(style);
     // A style sheet knows no XML escapes, and a style attribute no quotes inside its own.
     QString name = xmlText(style.family);
-    for (const char sign : {'\'', '"', '<', '&', '\\', '\n'}) {
-        name.remove(QLatin1Char(sign));
+    for (const char c : {'\'', '"', '<', '&', '\\', '\n'}) {
+        name.remove(QLatin1Char(c));
     }
     return name.isEmpty() ? generic : QStringLiteral("'%1',%2").arg(name, generic);
 }
@@ -68,41 +80,6 @@ QString heightAlignment(const model::Cell &cell)
                                           : QStringLiteral("vertical-align:middle");
 }
 
-// A document has few looks: a search from the first on is quicker than a hash of their names.
-using LetterCounts = std::vector<std::pair<qsizetype, Style>>;
-
-bool isSameLook(const Style &a, const Style &b)
-{
-    return a.bold == b.bold && a.colour == b.colour && std::lround(a.size * 2) == std::lround(b.size * 2) &&
-           a.family == b.family;
-}
-
-void count(LetterCounts &letters, const std::vector<model::Run> &runs)
-{
-    for (const model::Run &run : runs) {
-        if (run.shift != model::BaselineShift::None) {
-            continue;
-        }
-        auto entry = std::find_if(
-            letters.begin(), letters.end(), [&run](const auto &known) { return isSameLook(known.second, run.style); });
-        if (entry == letters.end()) {
-            entry = letters.insert(entry, {0, run.style});
-        }
-        entry->first += std::count_if( // a table of contents has more dots than letters
-            run.text.begin(), run.text.end(), [](QChar c) { return c.isLetterOrNumber(); });
-    }
-}
-
-// Of looks with equally many letters the one that comes first.
-Style most(const LetterCounts &letters, const Style &fallback)
-{
-    const auto best = std::max_element(
-        letters.begin(), letters.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
-    Style style = best == letters.end() ? fallback : best->second;
-    style.italic = false;
-    return style;
-}
-
 // What differs between two looks apart from bold and italic.
 QStringList differences(const Style &style, const Style &around)
 {
@@ -119,46 +96,55 @@ QStringList differences(const Style &style, const Style &around)
     return parts;
 }
 
+// Italic text has an element of its own, whatever the style around it.
+void count(model::StyleCount &counts, std::vector<model::Run> runs)
+{
+    for (model::Run &run : runs) {
+        run.style.italic = false;
+    }
+    counts.add(runs);
+}
+
 } // namespace
 
 Style usualStyle(const model::Document &document)
 {
-    LetterCounts letters;
+    model::StyleCount counts;
     for (const model::Page &page : document.pages) {
-        for (const model::Section &section : page.sections) {
-            for (const model::Block &block : section.blocks) {
-                if (const model::Paragraph *paragraph = block.paragraph()) {
-                    count(letters, model::runsOf(*paragraph));
-                }
+        office::forEachBlock(page, [&counts](const model::Block &block) {
+            if (const model::Paragraph *paragraph = block.paragraph()) {
+                count(counts, model::runsOf(*paragraph));
             }
-        }
+        });
     }
-    Style usual = most(letters, {});
+    Style usual = counts.dominant();
     usual.bold = false;
     usual.colour = black;
     return usual;
 }
 
-Style mainLook(const std::vector<model::Run> &runs, const Style &fallback, bool heading)
+Style elementStyle(const std::vector<model::Run> &runs, const Style &fallback, bool heading)
 {
-    LetterCounts letters;
-    count(letters, runs);
-    Style look = most(letters, fallback);
-    look.bold = look.bold && heading;
-    return look;
+    model::StyleCount counts;
+    count(counts, runs);
+    Style style = counts.dominant(fallback);
+    style.italic = false;
+    style.bold = style.bold && heading;
+    return style;
 }
 
-Style mainLook(const model::Table &table, const Style &fallback)
+Style elementStyle(const model::Table &table, const Style &fallback)
 {
-    LetterCounts letters;
+    model::StyleCount counts;
     for (const model::Cell &cell : table.cells) {
         for (const model::Paragraph &paragraph : cell.paragraphs) {
-            count(letters, model::runsOf(paragraph));
+            count(counts, model::runsOf(paragraph));
         }
     }
-    Style look = most(letters, fallback);
-    look.bold = false;
-    return look;
+    Style style = counts.dominant(fallback);
+    style.italic = false;
+    style.bold = false;
+    return style;
 }
 
 QString styleSheet(const model::Document &document, const Style &usual)
@@ -268,23 +254,12 @@ QString cellStyle(const model::Cell &cell)
     return joinedStyle(parts);
 }
 
-QString linkAddress(const QString &link)
-{
-    const QString page = QStringLiteral("#page=");
-    return link.startsWith(page) ? QStringLiteral("#page-") + link.mid(page.size()) : link;
-}
-
 QString borderStyle(const char *name, const model::Border &border)
 {
     return border.width <= 0
                ? QString()
                : QStringLiteral("%1:%2 solid %3")
                      .arg(QLatin1String(name), points(std::max(0.5, border.width)), colourName(border.colour));
-}
-
-QString colourName(Colour colour)
-{
-    return QStringLiteral("#%1").arg(colour, 6, 16, QLatin1Char('0'));
 }
 
 QString joinedStyle(QStringList parts)

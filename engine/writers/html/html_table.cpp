@@ -57,7 +57,7 @@ void writeCell(QXmlStreamWriter &xml, const Cell &cell, bool header, const Style
         const std::vector<model::Run> runs = model::runsOf(paragraph);
         all.insert(all.end(), runs.begin(), runs.end());
     }
-    const Style look = mainLook(all, around, false);
+    const Style look = elementStyle(all, around, false);
     const QString style = joinedStyle({runStyle(look, around, false), cellStyle(cell)});
     writeStyle(xml, style);
     const bool rightToLeft = !cell.paragraphs.empty() && cell.paragraphs.front().rightToLeft;
@@ -76,7 +76,7 @@ void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Styl
     }
     const XmlElement container = startBlock(xml, QStringLiteral("div"), "wide");
     const XmlElement element = startElement(xml, QStringLiteral("table"), centred ? "middle" : nullptr);
-    const Style look = mainLook(table, around);
+    const Style look = elementStyle(table, around);
     const QString style = runStyle(look, around, false);
     writeStyle(xml, style);
     int row = -1;

@@ -2,6 +2,7 @@
 #include "html_text.h"
 
 #include "base/xml_text.h"
+#include "document/link.h"
 #include "html_style.h"
 
 #include <QXmlStreamWriter>
@@ -15,6 +16,8 @@ namespace {
 
 using model::BaselineShift;
 using model::Run;
+
+constexpr QLatin1String pagePrefix("#page-"); // of the id of a page's element
 
 // Cuts the blanks at the end off the text and returns them.
 QString takeBlanks(QString &text)
@@ -51,10 +54,11 @@ public:
                 m_blanks += blanks;
                 continue;
             }
-            if (run.link != m_link) {
+            const QString link = model::linkAddress(run.link, pagePrefix);
+            if (link != m_link) {
                 closeLink();
                 writeText(m_blanks);
-                openLink(run.link);
+                openLink(link);
             } else {
                 writeText(m_blanks);
             }
@@ -70,7 +74,7 @@ private:
         m_link = link;
         if (!link.isEmpty()) {
             m_linkElement.emplace(startElement(m_xml, QStringLiteral("a")));
-            m_xml.writeAttribute(QStringLiteral("href"), xmlText(linkAddress(link)));
+            m_xml.writeAttribute(QStringLiteral("href"), link);
         }
     }
 
@@ -87,7 +91,7 @@ private:
             style.colour = black;
         }
         model::Style around = m_ground.look;
-        if (!run.link.isEmpty()) { // a link takes no colour from around it
+        if (!m_link.isEmpty()) { // a link takes no colour from around it
             around.colour = black;
         }
         std::optional<XmlElement> outer;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "odf/exact_lines.h"
 
+#include "document/line_pieces.h"
 #include "odf/font_widths.h"
 #include "odf/line_layout.h"
 
@@ -18,8 +19,6 @@ struct Thresholds
     double minHeight = 0.4;        ///< em; of a line: word processors cut off characters in lower ones
     double minDistance = 0.6;      ///< em; baselines closer than this are not those of lines that follow one another
     double maxDistance = 4;        ///< em; neither are those farther apart
-    double maxGap = 3;             ///< em; words farther apart do not make one line
-    double maxBaselineShift = 0.7; ///< em; neither do words whose baselines differ more: labels of a drawing
     double minSpace = 0.15;        ///< em; gaps narrower than this are none between words
     double minShift = 0.08;        ///< em; a word closer to the baseline stands on it
     double maxNarrowing = 1.0 / 3; ///< em; by which letters come closer together
@@ -36,52 +35,16 @@ constexpr Thresholds thresholds;
 // Lines that share a frame: rotated alike, one below the other.
 using LineGroup = std::vector<model::Line>;
 
-double sizeOf(const model::Line &line)
-{
-    double size = 0;
-    for (const model::Word &word : line.words) {
-        size = std::max(size, word.style->size);
-    }
-    return size > 0 ? size : defaultFontSize;
-}
-
-// Words far apart, or on baselines of their own, do not make one line: the labels of a drawing.
-bool isApart(const model::Word &word, const model::Word &next)
-{
-    const double size = std::max(word.style->size, next.style->size);
-    return next.box.left - word.box.right > thresholds.maxGap * size ||
-           std::abs(next.baseline - word.baseline) > thresholds.maxBaselineShift * size;
-}
-
-std::vector<model::Line> piecesOf(const model::Line &line)
-{
-    if (line.rotation != 0) {
-        return {line};
-    }
-    std::vector<model::Line> pieces;
-    for (const model::Word &word : line.words) {
-        if (pieces.empty() || isApart(pieces.back().words.back(), word)) {
-            pieces.push_back({word.box, word.baseline, line.rotation, {}});
-        }
-        pieces.back().words.push_back(word);
-        pieces.back().box = united(pieces.back().box, word.box);
-    }
-    if (pieces.size() == 1) {
-        pieces.front().baseline = line.baseline;
-    }
-    return pieces;
-}
-
 std::vector<LineGroup> lineGroups(const std::vector<model::Line> &lines)
 {
     std::vector<LineGroup> groups;
     for (const model::Line &line : lines) {
-        std::vector<model::Line> pieces = piecesOf(line);
+        std::vector<model::Line> pieces = linePieces(line, model::textLimits);
         const model::Line *before = groups.empty() ? nullptr : &groups.back().back();
         const double leading = before ? line.baseline - before->baseline : 0;
         const bool follows = before && pieces.size() == 1 && line.rotation == 0 && before->rotation == 0 &&
-                             leading > thresholds.minDistance * sizeOf(line) &&
-                             leading < thresholds.maxDistance * sizeOf(line);
+                             leading > thresholds.minDistance * largestSize(line) &&
+                             leading < thresholds.maxDistance * largestSize(line);
         if (follows) {
             groups.back().push_back(std::move(pieces.front()));
             continue;
@@ -144,7 +107,7 @@ private:
             m_at = end;
         }
         const QString styleName = pieceStyle(style, spacing, rise);
-        const QString link = linkTarget(address);
+        const QString link = bookmarkAddress(address);
         if (styleName != m_styleName || link != m_link) {
             flush();
             m_styleName = styleName;
@@ -228,7 +191,7 @@ model::Line uprightLine(const model::Line &line, double size)
 // Text that runs down or up the page: in a frame whose lines do so.
 void writeRotated(const Sink &sink, const model::Line &line, FrameAnchor anchor)
 {
-    const double size = sizeOf(line);
+    const double size = largestSize(line);
     const bool down = line.rotation == 90;
     const double height = usualLineHeight * size;
     const double left = down ? line.baseline + riseOf(size) - height : line.baseline - riseOf(size);
@@ -250,7 +213,7 @@ void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, Fram
     Box box;
     for (const model::Line &line : group) {
         baselines.push_back(line.rotation == 0 ? line.baseline : line.box.bottom);
-        sizes.push_back(sizeOf(line));
+        sizes.push_back(largestSize(line));
         box = united(box, line.box);
     }
     box.top = baselines.front() - riseOf(sizes.front());

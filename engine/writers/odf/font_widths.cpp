@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "odf/font_widths.h"
 
+#include "document/font_family.h"
 #include "font_width_table.h"
-
-#include <QRegularExpression>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -13,18 +12,9 @@ namespace {
 
 constexpr double fixedPitchWidth = 0.6; // of every character, times the font size: as in Courier New
 
-// Many fonts carry no flags; the names of the commonest ones tell.
-bool hasSerifs(const model::Style &style)
-{
-    static const QRegularExpression names(
-        QStringLiteral("Times|Roman|Georgia|Garamond|Palatino|Bookman|Century|Cambria|Minion|Melior|Caslon|Baskerville|"
-                       "Bodoni|Serif|Song|Ming|^CM(?!SS|TT|MI|SY|EX)|^SF(?!SS|SX|TT)|^LM(?!Sans|Mono)"));
-    return style.serif || (!style.family.contains("Sans"_L1) && names.match(style.family).hasMatch());
-}
-
 Face faceOf(const model::Style &style)
 {
-    if (!hasSerifs(style)) {
+    if (fontKind(style) != model::FontKind::Serif) {
         return style.bold ? SansBold : SansRegular;
     }
     if (style.bold) {
@@ -50,7 +40,14 @@ std::optional<std::size_t> indexOf(char16_t character)
 
 QString measuredFamily(const model::Style &style)
 {
-    return style.fixedPitch ? u"Courier New"_s : hasSerifs(style) ? u"Times New Roman"_s : u"Arial"_s;
+    switch (fontKind(style)) {
+    case model::FontKind::FixedPitch:
+        return u"Courier New"_s;
+    case model::FontKind::Serif:
+        return u"Times New Roman"_s;
+    default:
+        return u"Arial"_s;
+    }
 }
 
 std::optional<double> textWidth(const QString &text, const model::Style &style)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "odf/odf_paragraphs.h"
 
+#include "base/xml_text.h"
 #include "odf/line_layout.h"
 
 #include <algorithm>
@@ -267,7 +268,7 @@ void writeParagraph(const Sink &sink, const model::Paragraph &whole, const Parag
 {
     QXmlStreamWriter &xml = sink.xml;
     const model::Paragraph paragraph = withHang(whole);
-    const model::Style textStyle = mainStyle(paragraph);
+    const model::Style textStyle = dominantStyle(model::runsOf(paragraph));
     sink.styles.noteFont(textStyle);
     const int heading = place.withHeadings ? paragraph.headingLevel : 0;
     const bool inList = place.withLists && heading == 0 && isBullet(paragraph);

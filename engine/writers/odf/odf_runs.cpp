@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "odf/odf_runs.h"
 
+#include "base/xml_text.h"
+#include "document/link.h"
+
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -39,57 +41,9 @@ QString spanStyle(StyleTable &styles, const model::Style &style, model::Baseline
 
 } // namespace
 
-model::Style mainStyle(const std::vector<model::Run> &runs)
+QString bookmarkAddress(const QString &link)
 {
-    std::vector<std::pair<model::Style, qsizetype>> lengths; // of the text in each style
-    for (const model::Run &run : runs) {
-        const model::Style &style = run.style;
-        const auto known =
-            std::find_if(lengths.begin(), lengths.end(), [&](const auto &each) { return each.first == style; });
-        if (known == lengths.end()) {
-            lengths.emplace_back(style, run.text.size());
-        } else {
-            known->second += run.text.size();
-        }
-    }
-    const auto most = std::max_element(
-        lengths.begin(), lengths.end(), [](const auto &a, const auto &b) { return a.second < b.second; });
-    return most == lengths.end() ? model::Style{} : most->first;
-}
-
-model::Style mainStyle(const model::Paragraph &paragraph)
-{
-    return mainStyle(model::runsOf(paragraph));
-}
-
-double largestSize(const std::vector<model::Run> &runs)
-{
-    double largest = 0;
-    for (const model::Run &run : runs) {
-        largest = std::max(largest, run.style.size);
-    }
-    return largest > 0 ? largest : defaultFontSize;
-}
-
-double largestSize(const model::Paragraph &paragraph)
-{
-    return largestSize(model::runsOf(paragraph));
-}
-
-QString linkTarget(const QString &link)
-{
-    constexpr QLatin1String pagePrefix("#page=");
-    if (link.startsWith(pagePrefix)) {
-        bool isNumber = false;
-        const int page = QStringView(link).mid(pagePrefix.size()).toInt(&isNumber);
-        return isNumber && page > 0 ? u"#page%1"_s.arg(page) : QString();
-    }
-    static constexpr std::array<QLatin1String, 4> schemes = {
-        QLatin1String("http://"), QLatin1String("https://"), QLatin1String("ftp://"), QLatin1String("mailto:")};
-    const bool safe = std::any_of(schemes.begin(), schemes.end(), [&](QLatin1String scheme) {
-        return link.startsWith(scheme, Qt::CaseInsensitive);
-    });
-    return safe ? xmlText(link) : QString();
+    return model::linkAddress(link, "#page"_L1);
 }
 
 XmlElement beginLink(QXmlStreamWriter &xml, const QString &target)
@@ -126,7 +80,7 @@ void writeRuns(
 {
     QXmlStreamWriter &xml = sink.xml;
     for (const model::Run &run : runs) {
-        const QString target = withLinks ? linkTarget(run.link) : QString();
+        const QString target = withLinks ? bookmarkAddress(run.link) : QString();
         const bool shifted = run.shift != model::BaselineShift::None;
         model::Style style = run.style;
         if (shifted) {

@@ -2,9 +2,9 @@
 #include "odf/odf_styles.h"
 
 #include "base/xml_element.h"
+#include "base/xml_text.h"
+#include "document/font_family.h"
 #include "odf/font_widths.h"
-
-#include <QRegularExpression>
 
 #include <cmath>
 
@@ -34,17 +34,7 @@ QString pt(double points)
     return QString::number(points, 'f', 2) + "pt"_L1;
 }
 
-QString colourName(Colour colour)
-{
-    return u"#%1"_s.arg(colour & 0xffffffU, 6, 16, QLatin1Char('0'));
-}
-
 namespace {
-
-bool isXmlCharacter(QChar c)
-{
-    return c.unicode() >= 0x20 ? c.unicode() < 0xfffe : c == u'\t' || c == u'\n' || c == u'\r';
-}
 
 // The serialised definition is the key: two styles are one when they would be written alike.
 QByteArray keyOf(const Element &element)
@@ -67,27 +57,9 @@ QByteArray keyOf(const Element &element)
 
 } // namespace
 
-QString xmlText(const QString &text)
-{
-    QString clean;
-    clean.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
-            clean += c;
-            clean += text[++i];
-        } else if (!c.isSurrogate() && isXmlCharacter(c)) {
-            clean += c;
-        }
-    }
-    return clean;
-}
-
 QString officeFamily(const model::Style &style)
 {
-    // "CMR10", "SFBX1095", "MSBM10": capital letters and a size
-    static const QRegularExpression numberedFace(QStringLiteral("^[A-Z]{2,8}[0-9]{1,4}$"));
-    return numberedFace.match(style.family).hasMatch() ? measuredFamily(style) : xmlText(style.family);
+    return model::isTypesettingFace(style.family) ? measuredFamily(style) : xmlText(style.family);
 }
 
 Attributes textAttributes(const model::Style &style)
@@ -158,8 +130,10 @@ void StyleTable::noteFont(const model::Style &style)
     QString quoted = family;
     quoted.replace(u'\'', u' ');
     // The kind of the face lets a word processor without this font choose one that looks alike.
-    const QString like = measuredFamily(style);
-    const QString generic = style.fixedPitch ? u"modern"_s : like == "Arial"_L1 ? u"swiss"_s : u"roman"_s;
+    const model::FontKind kind = fontKind(style);
+    const QString generic = kind == model::FontKind::FixedPitch ? u"modern"_s
+                            : kind == model::FontKind::Serif    ? u"roman"_s
+                                                                : u"swiss"_s;
     m_fonts.push_back(
         {"style:font-face"_L1,
          {{"style:name"_L1, family},

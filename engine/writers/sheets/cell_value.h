@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/number.h"
 #include "document/document.h"
-#include "number.h"
 
 #include <QString>
 

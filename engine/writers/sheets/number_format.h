@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "number.h"
+#include "base/number.h"
 #include "odf/odf_styles.h"
 
 namespace quorra::office {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheets/sheets_writer.h"
 
+#include "base/xml_text.h"
 #include "cell_value.h"
 #include "document/page_walk.h"
 #include "document/rotation.h"
@@ -134,7 +135,7 @@ QString SheetWriter::cellStyle(const model::Cell &cell, const QString &dataStyle
     if (!dataStyle.isEmpty()) {
         style.attributes.emplace_back("style:data-style-name"_L1, dataStyle);
     }
-    const model::Style main = mainStyle(allRuns(cell));
+    const model::Style main = dominantStyle(allRuns(cell));
     m_sink.styles.noteFont(main);
     style.children = {
         {"style:table-cell-properties"_L1, look},
@@ -170,7 +171,7 @@ void SheetWriter::writeCell(const model::Cell &cell, double indent)
         xml.writeTextElement("text:p"_L1, xmlText(text));
     } else if (!text.isEmpty()) {
         xml.writeAttribute("office:value-type"_L1, "string"_L1);
-        const model::Style main = mainStyle(allRuns(cell));
+        const model::Style main = dominantStyle(allRuns(cell));
         for (const model::Paragraph &paragraph : cell.paragraphs) {
             const XmlElement line(xml, "text:p"_L1);
             if (paragraph.listItem) {

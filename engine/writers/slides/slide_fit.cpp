@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "slide_fit.h"
 
+#include "document/font_family.h"
+#include "document/line_pieces.h"
 #include "document/page_walk.h"
 #include "odf/font_widths.h"
 #include "odf/line_breaking.h"
 #include "odf/odf_runs.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <map>
 #include <optional>
@@ -18,13 +19,9 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double headGap = 1.8;         // the same in running heads, whose parts have nothing to do with one another
-constexpr double apartGap = 3;          // between words that are no neighbours, times the size of type
-constexpr double labelGap = 1;          // the same in drawings
 constexpr int mostBlanks = 80;          // between two words
 constexpr int mostIndent = 200;         // blanks before the first word of a line of code
 constexpr double wideGap = .65;         // more than a blank, but no more than belongs to one line
-constexpr double offBaseline = 0.5;     // times the size of type
 constexpr double tightestSpacing = -.1; // times the size of type
 constexpr double widestSpacing = .15;
 constexpr double spacingStep = .0283465; // points: a hundredth of a millimetre, which slide programs round to
@@ -32,39 +29,16 @@ constexpr double mostSqueezing = .04;    // times the size of type, below the pa
 constexpr double fixedPitchAdvance = .6; // width of a sign, times the size of type
 constexpr std::size_t mostKeptLines = 6;
 
-// Families that most machines have; the lists are of their beginnings, without blanks.
-constexpr std::array<QLatin1String, 32> widespread = {
-    QLatin1String("calibri"),       QLatin1String("cambria"),    QLatin1String("candara"),
-    QLatin1String("consolas"),      QLatin1String("constantia"), QLatin1String("corbel"),
-    QLatin1String("georgia"),       QLatin1String("verdana"),    QLatin1String("tahoma"),
-    QLatin1String("trebuchet"),     QLatin1String("segoe"),      QLatin1String("comicsans"),
-    QLatin1String("impact"),        QLatin1String("garamond"),   QLatin1String("bookantiqua"),
-    QLatin1String("palatino"),      QLatin1String("gillsans"),   QLatin1String("centuryschoolbook"),
-    QLatin1String("franklin"),      QLatin1String("lucida"),     QLatin1String("dejavu"),
-    QLatin1String("carlito"),       QLatin1String("caladea"),    QLatin1String("aptos"),
-    QLatin1String("arialnarrow"),   QLatin1String("arialblack"), QLatin1String("bookmanoldstyle"),
-    QLatin1String("centurygothic"), QLatin1String("noto"),       QLatin1String("msgothic"),
-    QLatin1String("msmincho"),      QLatin1String("simsun")};
-constexpr std::array<QLatin1String, 6> measured = {QLatin1String("timesnewroman"),  QLatin1String("arial"),
-                                                   QLatin1String("couriernew"),     QLatin1String("liberationserif"),
-                                                   QLatin1String("liberationsans"), QLatin1String("liberationmono")};
-
-template <typename Names>
-bool beginsLike(const Names &names, const QString &family)
-{
-    QString plain = family.toLower();
-    plain.remove(u' ').remove(u'-');
-    return std::any_of(names.begin(), names.end(), [&](QLatin1String name) { return plain.startsWith(name); });
-}
-
 bool isWidespread(const QString &family)
 {
-    return beginsLike(widespread, family);
+    const model::FontFamily *known = model::findFontFamily(family);
+    return known && known->widespread;
 }
 
 bool isMeasured(const QString &family)
 {
-    return beginsLike(measured, family) && !isWidespread(family);
+    const model::FontFamily *known = model::findFontFamily(family);
+    return known && known->widths == model::FontWidths::Measured;
 }
 
 std::optional<double> knownWidth(const model::Word &word)
@@ -104,27 +78,6 @@ double widthOf(const model::Word &word)
 double spaceWidth(const model::Style &style)
 {
     return textWidth(u" "_s, style).value_or(0);
-}
-
-bool isApart(const model::Word &word, const model::Word &next, double gap, bool everyLine)
-{
-    const double size = std::max(word.style->size, next.style->size);
-    const double between = std::max(next.box.left - word.box.right, word.box.left - next.box.right);
-    return between > gap * size || (everyLine && std::abs(next.baseline - word.baseline) > offBaseline * size);
-}
-
-std::vector<model::Line> cutLine(const model::Line &line, double gap, bool everyLine)
-{
-    std::vector<model::Line> pieces;
-    for (const model::Word &word : line.words) {
-        if (pieces.empty() || isApart(pieces.back().words.back(), word, gap, everyLine)) {
-            pieces.push_back({{}, line.baseline, line.rotation, {}});
-        }
-        pieces.back().words.push_back(word);
-        pieces.back().box = united(pieces.back().box, word.box);
-        pieces.back().baseline = everyLine ? word.baseline : line.baseline;
-    }
-    return pieces;
 }
 
 void addWord(std::vector<model::Run> &runs, const QString &text, const model::Word &word)
@@ -169,7 +122,7 @@ void useCommonFonts(model::Document &document)
             }
             std::map<const model::Style *, model::StyleRef> exchanged;
             for (const auto &[style, text] : texts) {
-                if (!isWidespread(style->family) && !isMeasured(style->family) && textWidth(text, *style)) {
+                if (!isWidespread(style->family) && textWidth(text, *style)) {
                     model::Style common = *style;
                     common.family = measuredFamily(*style);
                     exchanged.emplace(style, document.styles.add(common));
@@ -220,10 +173,12 @@ bool hasKnownWidths(const model::Paragraph &paragraph)
 std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, bool everyLine)
 {
     const bool head = paragraph.role == model::Role::PageHeader;
-    const double gap = everyLine ? labelGap : head ? headGap : apartGap;
+    const model::PieceLimits &limits = everyLine ? model::labelLimits
+                                       : head    ? model::pageHeaderLimits
+                                                 : model::textLimits;
     std::vector<model::Line> pieces;
     for (const model::Line &line : paragraph.lines) {
-        for (model::Line &piece : cutLine(line, gap, everyLine)) {
+        for (model::Line &piece : linePieces(line, limits)) {
             pieces.push_back(std::move(piece));
         }
     }

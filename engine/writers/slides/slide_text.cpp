@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "slide_text.h"
 
+#include "base/xml_text.h"
+#include "document/link.h"
 #include "document/page_walk.h"
 #include "odf/placed_page.h"
 #include "slide_fit.h"
@@ -24,7 +26,6 @@ constexpr double spareWidth = .08; // the same, of its width
 constexpr double flowSpare = 3;    // points beside text whose widths are known
 constexpr double rounding = 1;     // points that letter spacing may add to a line by being rounded
 constexpr double leastIndent = .1; // a slide forgets the first line's indent where there is no other
-constexpr QLatin1String pageLink("#page=");
 
 bool isPlain(const QString &text)
 {
@@ -125,17 +126,14 @@ void writePiece(const Sink &sink, const model::Page &page, model::Paragraph piec
 
 QString slideTarget(const QString &link)
 {
-    if (link.startsWith(pageLink)) {
-        return linkTarget(link).isEmpty() ? QString() : "#Page "_L1 + link.mid(pageLink.size());
-    }
-    return linkTarget(link);
+    return model::linkAddress(link, "#Page "_L1);
 }
 
 void dropDeadLinks(model::Document &document)
 {
     std::set<QString> pages;
     for (const model::Page &page : document.pages) {
-        pages.insert(pageLink + QString::number(page.number));
+        pages.insert(model::pageLink(page.number));
     }
     for (model::Page &page : document.pages) {
         forEachParagraph(page, [&](model::Paragraph &paragraph) {
@@ -168,7 +166,7 @@ void writeSlideParagraph(
 {
     model::Paragraph leaded = paragraph;
     leaded.lineDistance = slideLeading(paragraph);
-    const model::Style look = mainStyle(runs);
+    const model::Style look = dominantStyle(runs);
     sink.styles.noteFont(look);
     Element style = paragraphStyle(leaded, {}, look);
     if (paragraph.alignment == model::Alignment::Right) {

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "flow_plan.h"
 
+#include "document/font_family.h"
 #include "document/page_walk.h"
 #include "odf/font_widths.h"
 #include "odf/line_breaking.h"
 #include "odf/line_layout.h"
 #include "word_columns.h"
-
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <optional>
@@ -96,18 +95,17 @@ std::optional<double> baselineAfter(const model::Section &section, std::size_t b
     return next ? firstBaseline(*next) : std::nullopt;
 }
 
-// A family that most machines have, or for which they have one of the same widths.
-bool isCommon(const model::Style &style)
+// Whether the text comes out about as wide as it is on the page.
+bool keepsWidth(const model::Style &style)
 {
-    static const QRegularExpression names(
-        u"^(Times|Arial|Helvetica|Courier|Liberation|Nimbus|DejaVu|Calibri|Carlito|Cambria|Caladea|[A-Z]{2,8}[0-9])"_s);
-    return names.match(style.family).hasMatch();
+    const model::FontFamily *known = model::findFontFamily(style.family);
+    return model::isTypesettingFace(style.family) || (known && known->widths != model::FontWidths::Unknown);
 }
 
 double likelyWidth(const model::Word &word)
 {
     const double drawn = word.box.width();
-    if (isCommon(*word.style)) {
+    if (keepsWidth(*word.style)) {
         return drawn;
     }
     return thresholds.wideFont * std::max(drawn, textWidth(word.text, *word.style).value_or(drawn));

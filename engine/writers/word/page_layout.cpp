@@ -108,7 +108,7 @@ void writeHeadLine(
     double above)
 {
     std::sort(parts.begin(), parts.end(), [](const auto *a, const auto *b) { return a->box.left < b->box.left; });
-    const model::Style textStyle = mainStyle(*parts.front());
+    const model::Style textStyle = dominantStyle(model::runsOf(*parts.front()));
     const Box line = unitedBox(parts);
     sink.styles.noteFont(textStyle);
     Element stops{"style:tab-stops"_L1};

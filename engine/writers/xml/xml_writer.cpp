@@ -157,7 +157,7 @@ private:
         flag("bold", style.bold);
         flag("italic", style.italic);
         if (style.colour != black) {
-            attribute("colour", QStringLiteral("#%1").arg(style.colour, 6, 16, QLatin1Char('0')));
+            attribute("colour", colourName(style.colour));
         }
         if (!word.link.isEmpty()) {
             attribute("link", xmlText(word.link));

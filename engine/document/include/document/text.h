@@ -3,6 +3,7 @@
 
 #include "document/document.h"
 
+#include <utility>
 #include <vector>
 
 namespace quorra::model {
@@ -27,6 +28,26 @@ std::vector<Run> runsOf(const Line &line);
 QString plainText(const std::vector<Run> &runs);
 QString plainText(const Paragraph &paragraph);
 QString plainText(const Line &line);
+
+/// Counts the letters and digits of text by their style. Super- and subscripts do not count: they are small.
+class StyleCount
+{
+public:
+    void add(const std::vector<Run> &runs);
+
+    /// The style of most letters and digits, of several the first; the fallback where no text was added.
+    Style dominant(const Style &fallback = {}) const;
+
+private:
+    std::vector<std::pair<qsizetype, Style>> m_counts; // text has few styles: a search is quicker than a hash
+};
+
+/// The style that most letters and digits of the text have; the default style without any text.
+Style dominantStyle(const std::vector<Run> &runs);
+
+/// The largest size of type in the text, in points; 10 without any text. The mark of a list item does not count.
+double largestSize(const Line &line);
+double largestSize(const Paragraph &paragraph);
 
 /// The lines of preformatted text, each with the spaces that put every word into the column in which it stands on the
 /// page. The leftmost line begins in the first column. Empty for other text.

@@ -19,19 +19,10 @@ struct Sink
     StyleTable &styles;
 };
 
-/// The style that most of the characters have; the default style without any.
-model::Style mainStyle(const std::vector<model::Run> &runs);
-model::Style mainStyle(const model::Paragraph &paragraph);
+/// model::linkAddress() for a text document, in which bookmarks "pageN" stand at the pages' starts.
+QString bookmarkAddress(const QString &link);
 
-/// The largest size of type in the text, in points; 10 without any text.
-double largestSize(const std::vector<model::Run> &runs);
-double largestSize(const model::Paragraph &paragraph);
-
-/// The address as it may stand in an office document: web and mail addresses as they are, "#page=N" as the bookmark
-/// "#pageN"; empty for anything else, which might start programs or open files.
-QString linkTarget(const QString &link);
-
-/// Begins a link to this target, as linkTarget() gives it.
+/// Begins a link to this target, as bookmarkAddress() gives it.
 [[nodiscard]] XmlElement beginLink(QXmlStreamWriter &xml, const QString &target);
 
 /// Text inside a paragraph: runs of spaces, tabs and line breaks as the elements that keep them.

@@ -38,12 +38,6 @@ void writeElement(QXmlStreamWriter &xml, const Element &element);
 /// Points as an ODF length: "12.35pt". Anything that is no finite number gives "0pt".
 QString pt(double points);
 
-/// "#rrggbb"
-QString colourName(Colour colour);
-
-/// The text without the characters that XML 1.0 cannot hold (control characters, unpaired surrogates).
-QString xmlText(const QString &text);
-
 /// The family as a word processor may know it: the numbered faces of typesetting systems, which exist only inside PDF
 /// files, give way to the common face of their kind.
 QString officeFamily(const model::Style &style);

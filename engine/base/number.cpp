@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "number.h"
+#include "base/number.h"
 
 #include <QRegularExpression>
 
@@ -7,19 +7,66 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace quorra::office {
+namespace quorra {
 
 namespace {
 
 constexpr qsizetype mostDigits = 15; // that a spreadsheet's numbers hold exactly
 
+// Patterns of currency marks: a sign, with letters that tell the country ("US$"), or a code.
+QString currencySign()
+{
+    return u"(?:[$€£¥])"_s;
+}
+
+QString currencyCode()
+{
+    return u"(?:EUR|USD|GBP|CHF)"_s;
+}
+
+QString country()
+{
+    return u"(?:[A-Z]{0,3})"_s;
+}
+
 const QRegularExpression &outerPattern()
 {
-    // sign or parenthesis, currency, digits with separators, currency or percent sign
-    static const QRegularExpression pattern(QStringLiteral(
-        R"(^(?<open>\()?(?<sign>[-+\x{2212}\x{2013}] ?)?(?<prefix>(?:[A-Z]{0,3}[$€£¥]|EUR|USD|GBP|CHF) ?)?(?<sign2>[-\x{2212}])?)"
-        R"((?<digits>[0-9.,](?:[0-9.,'’ \x{a0}\x{2009}\x{202f}]*[0-9])?)(?<suffix> ?(?:%|[$€£¥]|EUR|USD|GBP|CHF))?(?<close>\))?(?<percent2> ?%)?$)"));
+    static const QRegularExpression pattern(
+        uR"(^(?<open>\()?(?<sign>[-+\x{2212}\x{2013}] ?)?)"_s + u"(?<prefix>(?:"_s + country() + currencySign() + u'|' +
+        currencyCode() + u") ?)?"_s +
+        uR"((?<sign2>[-\x{2212}])?(?<digits>[0-9.,](?:[0-9.,'’ \x{a0}\x{2009}\x{202f}]*[0-9])?))"_s +
+        u"(?<suffix> ?(?:%|"_s + currencySign() + u'|' + currencyCode() + u"))?"_s +
+        uR"((?<close>\))?(?<percent2> ?%)?$)"_s);
     return pattern;
+}
+
+QString withoutCurrency(QString text)
+{
+    static const QRegularExpression mark(
+        u"(?<![A-Za-z])(?:"_s + country() + u"(?="_s + currencySign() + u")|"_s + currencyCode() + u"(?![A-Za-z]))"_s);
+    return text.remove(mark);
+}
+
+struct Count
+{
+    int digits = 0;
+    int letters = 0;
+};
+
+Count countOf(const QString &text)
+{
+    Count count;
+    for (const QChar c : text) {
+        count.digits += c.isDigit() ? 1 : 0;
+        count.letters += c.isLetter() ? 1 : 0;
+    }
+    return count;
+}
+
+bool isMostlyDigits(const Count &count)
+{
+    constexpr int mostLetters = 2; // a unit, or the letter of a note
+    return count.letters == 0 || (count.letters <= mostLetters && count.digits > count.letters);
 }
 
 struct Digits
@@ -55,6 +102,17 @@ bool hasLeadingZero(const QString &whole)
 }
 
 } // namespace
+
+bool looksNumeric(const QString &text)
+{
+    const Count count = countOf(text);
+    if (count.digits > 0) {
+        return isMostlyDigits(count) || isMostlyDigits(countOf(withoutCurrency(text)));
+    }
+    static const QString standIns = u"-–—†‡*….#"_s; // for a missing number
+    return count.letters == 0 &&
+           std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace() || standIns.contains(c); });
+}
 
 NumberStyle numberStyleOf(const QStringList &texts)
 {
@@ -113,4 +171,4 @@ std::optional<Number> readNumber(const QString &text, NumberStyle style)
     return number;
 }
 
-} // namespace quorra::office
+} // namespace quorra

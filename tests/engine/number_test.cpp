@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "writers/sheets/number.h"
+#include "base/number.h"
 
 #include <QTest>
 
-using namespace quorra::office;
+using namespace quorra;
 
 /// Which texts of cells are numbers, their values and formats.
-class OfficeNumberTest : public QObject
+class NumberTest : public QObject
 {
     Q_OBJECT
 
@@ -15,11 +15,13 @@ private Q_SLOTS:
     void readsNumbers();
     void leavesTextsAlone_data();
     void leavesTextsAlone();
+    void recognisesNumbersOfTables();
+    void recognisesAllThatItReads();
     void findsTheDocumentsStyle_data();
     void findsTheDocumentsStyle();
 };
 
-void OfficeNumberTest::readsNumbers_data()
+void NumberTest::readsNumbers_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("comma");
@@ -74,7 +76,7 @@ void OfficeNumberTest::readsNumbers_data()
                                    << none;
 }
 
-void OfficeNumberTest::readsNumbers()
+void NumberTest::readsNumbers()
 {
     QFETCH(QString, text);
     QFETCH(bool, comma);
@@ -90,7 +92,7 @@ void OfficeNumberTest::readsNumbers()
     QTEST(number->suffix, "suffix");
 }
 
-void OfficeNumberTest::leavesTextsAlone_data()
+void NumberTest::leavesTextsAlone_data()
 {
     QTest::addColumn<QString>("text");
     for (const char *text : {"",           " ",     "-",     "n/a",      "00123", "-007", "12-34", "1/2",
@@ -101,14 +103,42 @@ void OfficeNumberTest::leavesTextsAlone_data()
     }
 }
 
-void OfficeNumberTest::leavesTextsAlone()
+void NumberTest::leavesTextsAlone()
 {
     QFETCH(QString, text);
     QVERIFY(!readNumber(text, NumberStyle::Point));
     QVERIFY(!readNumber(text, NumberStyle::Comma));
 }
 
-void OfficeNumberTest::findsTheDocumentsStyle_data()
+void NumberTest::recognisesNumbersOfTables()
+{
+    for (const char *number : {"12", "-3.5%", "1,505", "$ 7", "–", "...", "12a", "31.12.2015", "2003-04", "EUR 2 "}) {
+        QVERIFY2(looksNumeric(QString::fromUtf8(number)), number);
+    }
+    for (const char *word : {"Year", "PK-12 schools", "A1B", "EURO12", "USD", "NYSE$"}) {
+        QVERIFY2(!looksNumeric(QString::fromUtf8(word)), word);
+    }
+}
+
+// The detectors must not take a column of words for what the spreadsheet then writes as numbers.
+void NumberTest::recognisesAllThatItReads()
+{
+    int read = 0;
+    for (const char *before : {"", "-", "+", "(", "$", "US$", "AUD$ ", "EUR ", "CHF", "-£"}) {
+        for (const char *digits : {"5", "0.5", "1,234", "12 345", "1.234,5"}) {
+            for (const char *behind : {"", "%", " %", ")", " EUR", "USD", " €"}) {
+                const QString text = QString::fromUtf8(before) + QString::fromUtf8(digits) + QString::fromUtf8(behind);
+                if (readNumber(text, NumberStyle::Point) || readNumber(text, NumberStyle::Comma)) {
+                    ++read;
+                    QVERIFY2(looksNumeric(text), qPrintable(text));
+                }
+            }
+        }
+    }
+    QVERIFY(read > 100);
+}
+
+void NumberTest::findsTheDocumentsStyle_data()
 {
     QTest::addColumn<QStringList>("texts");
     QTest::addColumn<bool>("comma");
@@ -125,12 +155,12 @@ void OfficeNumberTest::findsTheDocumentsStyle_data()
     row("words do not count", {QStringLiteral("a1,5"), QStringLiteral("2.5")}, false);
 }
 
-void OfficeNumberTest::findsTheDocumentsStyle()
+void NumberTest::findsTheDocumentsStyle()
 {
     QFETCH(QStringList, texts);
     QFETCH(bool, comma);
     QCOMPARE(numberStyleOf(texts) == NumberStyle::Comma, comma);
 }
 
-QTEST_APPLESS_MAIN(OfficeNumberTest)
-#include "office_number_test.moc"
+QTEST_APPLESS_MAIN(NumberTest)
+#include "number_test.moc"

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/font_family.h"
+#include "document/line_pieces.h"
+#include "document/link.h"
+#include "html_pages.h"
+#include "pdf/font_name.h"
+#include "test_text.h"
+
+#include <QTest>
+
+using namespace quorra;
+using namespace quorra::model;
+
+/// Facts about text that have one place below the writers.
+class DocumentFactsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keepsSafeAddresses_data()
+    {
+        QTest::addColumn<QString>("link");
+        QTest::addColumn<QString>("address");
+        const auto row = [](const char *link, const char *address) {
+            QTest::newRow(link) << QString::fromUtf8(link) << QString::fromUtf8(address);
+        };
+        row("http://example.org/", "http://example.org/");
+        row("HTTPS://example.org/a?b=1&c=2", "HTTPS://example.org/a?b=1&c=2");
+        row("ftp://example.org/file", "ftp://example.org/file");
+        row("mailto:someone@example.org", "mailto:someone@example.org");
+        row("http://example.org/\x01", "http://example.org/");
+        row("file:///etc/passwd", "");
+        row("javascript:alert(1)", "");
+        row("macro:run", "");
+        row("httpx://example.org/", "");
+        row(" http://example.org/", "");
+        row("#page=12", "#at-12");
+        row("#page=0", "");
+        row("#page=-3", "");
+        row("#page=3x", "");
+        row("#page=99999999999", "");
+        row("#chapter", "");
+        row("", "");
+    }
+
+    void keepsSafeAddresses()
+    {
+        QFETCH(QString, link);
+        QTEST(linkAddress(link, QLatin1String("#at-")), "address");
+    }
+
+    void namesPages() { QCOMPARE(linkAddress(pageLink(7), QLatin1String("#")), QStringLiteral("#7")); }
+
+    void htmlLeavesUnsafeLinksOut()
+    {
+        PageMaker page;
+        page.text(60, 100, QStringLiteral("safe unsafe plain"));
+        page.raw().words[0].link = QStringLiteral("https://example.org/");
+        page.raw().words[1].link = QStringLiteral("javascript:alert(1)");
+        const QString text = html(page.build());
+        QVERIFY2(
+            text.contains(QStringLiteral("<a href=\"https://example.org/\">safe</a> unsafe plain")),
+            qPrintable(bodyOf(text)));
+    }
+
+    void tellsFontKindsByName()
+    {
+        for (const char *name :
+             {"CMR10", "SFRM1095", "CMBX12", "TimesNewRomanPSMT", "DejaVuSerif-Bold", "ITC Garamond",
+              "NewCenturySchlbk"}) {
+            QVERIFY2(fontKindByName(QLatin1String(name)) == FontKind::Serif, name);
+        }
+        for (const char *name :
+             {"CMSS10", "SFSS1000", "MSSansSerif", "TeXGyreHeros-Regular", "Century Gothic", "SFProText"}) {
+            QVERIFY2(fontKindByName(QLatin1String(name)) != FontKind::Serif, name);
+        }
+        for (const char *name : {"CMTT10", "DejaVuSansMono", "Courier", "Lucida Sans Typewriter"}) {
+            QVERIFY2(fontKindByName(QLatin1String(name)) == FontKind::FixedPitch, name);
+        }
+        QVERIFY(fontKindByName(QStringLiteral("Frobnicate")) == FontKind::Unknown);
+        QVERIFY(parseFontName(QStringLiteral("ABCDEF+SFRM1095")).kind == FontKind::Serif);
+    }
+
+    void findsFamiliesByTheLongestBeginning()
+    {
+        const auto nameOf = [](const char *name) { return findFontFamily(QLatin1String(name))->name; };
+        QCOMPARE(nameOf("Arial"), QLatin1String("Arial"));
+        QCOMPARE(nameOf("ArialNarrow-Bold"), QLatin1String("Arial Narrow"));
+        QCOMPARE(nameOf("DejaVuSansMono-Bold"), QLatin1String("DejaVu Sans Mono"));
+        QVERIFY(!findFontFamily(QStringLiteral("MyArial")));
+        QVERIFY(!findFontFamily(QString()));
+    }
+
+    // A family whose widths are measured is set in the widths of the common family of its kind.
+    void measuredFamiliesHaveAKind()
+    {
+        for (const char *name : {"Times New Roman", "Arial", "Courier New", "Helvetica", "Liberation Mono"}) {
+            const FontFamily *family = findFontFamily(QLatin1String(name));
+            QVERIFY2(family && family->widths == FontWidths::Measured && family->kind != FontKind::Unknown, name);
+        }
+        QVERIFY(findFontFamily(QStringLiteral("Calibri"))->widths == FontWidths::Substituted);
+        QVERIFY(findFontFamily(QStringLiteral("Verdana"))->widths == FontWidths::Unknown);
+        QVERIFY(findFontFamily(QStringLiteral("Verdana"))->widespread);
+        QVERIFY(!findFontFamily(QStringLiteral("Helvetica"))->widespread);
+    }
+
+    void knowsTypesettingFaces()
+    {
+        for (const char *name : {"CMR10", "SFBX1095", "MSBM10"}) {
+            QVERIFY2(isTypesettingFace(QLatin1String(name)), name);
+        }
+        for (const char *name : {"Arial", "Univers55", "C10", "CMR", "CMR10 Bold"}) {
+            QVERIFY2(!isTypesettingFace(QLatin1String(name)), name);
+        }
+    }
+
+    void countsLettersForTheDominantStyle()
+    {
+        Style small;
+        small.size = 8;
+        Style large;
+        large.size = 12;
+        const auto run = [](const char *text, const Style &style, BaselineShift shift = BaselineShift::None) {
+            return Run{QLatin1String(text), style, shift, {}};
+        };
+        QVERIFY(dominantStyle({run("ab", small), run("abc", large)}) == large);
+        QVERIFY(dominantStyle({run("abc", small), run("abc", large)}) == small);          // the first of equals
+        QVERIFY(dominantStyle({run("ab ........ ", small), run("abc", large)}) == large); // dots are no letters
+        QVERIFY(dominantStyle({run("ab", large), run("12345", small, BaselineShift::Superscript)}) == large);
+        QVERIFY(dominantStyle({run("1", small, BaselineShift::Superscript)}) == small);
+        QVERIFY(dominantStyle({}) == Style{});
+        StyleCount none;
+        QVERIFY(none.dominant(large) == large);
+    }
+
+    void theLargestSizeLeavesListMarksOut()
+    {
+        Style large;
+        large.size = 20;
+        Paragraph paragraph = test_text::paragraphOf(QStringLiteral("* some text"));
+        paragraph.lines[0].words[0].style = test_text::styled(large);
+        QCOMPARE(largestSize(paragraph), 20.0);
+        paragraph.listItem = ListItem{QStringLiteral("*"), false, 0};
+        QCOMPARE(largestSize(paragraph), 10.0);
+        QCOMPARE(largestSize(Line()), 10.0);
+    }
+
+    // Two words, the gap between them in em of the larger one.
+    static Line twoWords(double gap, double rise = 0)
+    {
+        Line line = test_text::lineOf(QStringLiteral("first second"));
+        Word &next = line.words[1];
+        const double left = line.words[0].box.right + gap * next.style->size;
+        next.box = {left, 0, left + 30, 10};
+        next.baseline -= rise * next.style->size;
+        return line;
+    }
+
+    void cutsLinesWhereWordsStandApart()
+    {
+        for (const PieceLimits &limits : {textLimits, pageHeaderLimits, labelLimits}) {
+            QCOMPARE(linePieces(twoWords(limits.gap - 0.01), limits).size(), std::size_t{1});
+            QCOMPARE(linePieces(twoWords(limits.gap + 0.01), limits).size(), std::size_t{2});
+        }
+        Line turned = twoWords(10);
+        turned.rotation = 90;
+        QCOMPARE(linePieces(turned, textLimits).size(), std::size_t{1});
+        Line backwards = twoWords(10);
+        std::swap(backwards.words[0], backwards.words[1]);
+        QCOMPARE(linePieces(backwards, textLimits).size(), std::size_t{2});
+    }
+
+    void cutsLinesWhereBaselinesDiffer()
+    {
+        QCOMPARE(linePieces(twoWords(0.3, 0.69), textLimits).size(), std::size_t{1});
+        const std::vector<Line> pieces = linePieces(twoWords(0.3, 0.71), textLimits);
+        QCOMPARE(pieces.size(), std::size_t{2});
+        QCOMPARE(pieces[0].baseline, 10.0);
+        QCOMPARE(pieces[1].baseline, 10.0 - 7.1);
+        QCOMPARE(linePieces(twoWords(9, 0.2), textLimits)[1].baseline, 10.0 - 2);
+        QCOMPARE(linePieces(twoWords(1, 0.2), textLimits)[0].baseline, 10.0);
+        Line note = twoWords(9, 0.2); // begins with the small, raised mark of a note
+        note.words.push_back(note.words[1]);
+        note.words[1].style = test_text::styled({{}, 6});
+        note.words[2].baseline = 10;
+        QCOMPARE(linePieces(note, textLimits)[1].baseline, 10.0);
+    }
+};
+
+QTEST_APPLESS_MAIN(DocumentFactsTest)
+#include "document_facts_test.moc"
