@@ -80,10 +80,10 @@ bool endsInPage(const Line &line)
 
 } // namespace
 
-std::vector<LeaderLine> leaderLines(const model::Paragraph &paragraph)
+std::vector<LeaderLine> leaderLines(const model::Paragraph &paragraph, const std::vector<Run> &runs)
 {
     std::vector<LeaderLine> lines;
-    const std::vector<LeaderLine> cut = cutAtLeaders(model::runsOf(paragraph));
+    const std::vector<LeaderLine> cut = cutAtLeaders(runs);
     if (std::none_of(cut.begin(), cut.end(), [](const LeaderLine &line) { return !line.dots.isEmpty(); })) {
         return lines;
     }

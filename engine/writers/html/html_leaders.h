@@ -17,8 +17,9 @@ struct LeaderLine
     std::vector<model::Run> page;
 };
 
-/// The lines of a paragraph that is part of a table of contents: one with leading dots that a page number follows. An
-/// entry of several lines is one; an entry without dots ends where its page number stands apart. Empty for other text.
-std::vector<LeaderLine> leaderLines(const model::Paragraph &paragraph);
+/// The lines of a paragraph with these runs that is part of a table of contents: one with leading dots that a page
+/// number follows. An entry of several lines is one; an entry without dots ends where its page number stands apart.
+/// Empty for other text.
+std::vector<LeaderLine> leaderLines(const model::Paragraph &paragraph, const std::vector<model::Run> &runs);
 
 } // namespace quorra

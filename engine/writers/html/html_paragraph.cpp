@@ -59,9 +59,9 @@ QString headPlace(const Page &page, const Box &head)
     return left > right ? QStringLiteral("text-align:right") : QString();
 }
 
-void writeListing(QXmlStreamWriter &xml, const Lines &lines, TextGround ground)
+void writePreformatted(QXmlStreamWriter &xml, const Lines &lines, TextContext context)
 {
-    ground.preformatted = true;
+    context.preformatted = true;
     std::vector<Run> all;
     for (const std::vector<Run> &line : lines) {
         if (!all.empty()) {
@@ -69,78 +69,80 @@ void writeListing(QXmlStreamWriter &xml, const Lines &lines, TextGround ground)
         }
         all.insert(all.end(), line.begin(), line.end());
     }
-    writeInline(xml, all, ground);
+    writeInline(xml, all, context);
 }
 
-void writeSpan(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextGround &ground)
+void writeSpan(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextContext &context)
 {
     const XmlElement element(xml, QStringLiteral("span"));
     xml.writeCharacters(QString()); // an empty one must not become a self-closing element
-    writeInline(xml, runs, ground);
+    writeInline(xml, runs, context);
 }
 
-void writeLeaders(QXmlStreamWriter &xml, const std::vector<LeaderLine> &lines, const TextGround &ground)
+void writeLeaders(QXmlStreamWriter &xml, const std::vector<LeaderLine> &lines, const TextContext &context)
 {
     for (const LeaderLine &line : lines) {
         const XmlElement entry = startBlock(xml, QStringLiteral("span"), "entry");
-        writeSpan(xml, line.entry, ground);
+        writeSpan(xml, line.entry, context);
         {
             const XmlElement gap = startElement(xml, QStringLiteral("span"), line.dots.isEmpty() ? "gap" : "dots");
             xml.writeAttribute(QStringLiteral("aria-hidden"), QStringLiteral("true")); // nothing to be read aloud
             xml.writeCharacters(line.dots.isEmpty() ? QStringLiteral(" ") : xmlText(line.dots));
         }
         if (!line.page.empty()) {
-            writeSpan(xml, line.page, ground);
+            writeSpan(xml, line.page, context);
         }
     }
 }
 
-// The look of the element and what its text is written against.
-TextGround textGround(const Paragraph &paragraph, const ParagraphGround &ground)
+// The style of the element and what its text is written into.
+TextContext textContext(const Paragraph &paragraph, const std::vector<Run> &runs, const ParagraphContext &context)
 {
-    TextGround text{
-        elementStyle(model::runsOf(paragraph), ground.usual, isHeading(paragraph)), isHeading(paragraph), false,
-        ground.lostBackground};
-    if (ground.lostBackground && isFaint(text.look.colour)) {
-        text.look.colour = black;
+    TextContext text{
+        elementStyle(runs, context.usual, isHeading(paragraph)), isHeading(paragraph), false, context.lostBackground};
+    if (context.lostBackground && isFaint(text.style.colour)) {
+        text.style.colour = black;
     }
     return text;
 }
 
 } // namespace
 
-void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const ParagraphGround &ground)
+void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const ParagraphContext &context)
 {
-    const Lines listing = model::preformattedLines(paragraph);
-    const std::vector<LeaderLine> leaders = listing.empty() ? leaderLines(paragraph) : std::vector<LeaderLine>();
-    const TextGround text = textGround(paragraph, ground);
+    const Lines preformatted = model::preformattedLines(paragraph);
+    const std::vector<Run> runs = model::runsOf(paragraph);
+    const std::vector<LeaderLine> leaders =
+        preformatted.empty() ? leaderLines(paragraph, runs) : std::vector<LeaderLine>();
+    const TextContext text = textContext(paragraph, runs, context);
     Paragraph place = paragraph;
-    if (!leaders.empty() || !listing.empty()) { // every line is a paragraph of its own
+    if (!leaders.empty() || !preformatted.empty()) { // every line is a paragraph of its own
         place.alignment = model::Alignment::Left;
         place.firstLineIndent = 0;
     }
     const XmlElement element = startBlock(
-        xml, listing.empty() ? tagOf(paragraph) : QStringLiteral("pre"),
+        xml, preformatted.empty() ? tagOf(paragraph) : QStringLiteral("pre"),
         paragraph.role == Role::Caption ? "caption" : nullptr);
     writeStyle(
         xml, joinedStyle(
-                 {paragraphStyle(place, text.look, ground.usual), borderStyle("border-top", ground.decoration.above),
-                  borderStyle("border-bottom", ground.decoration.below)}));
+                 {paragraphStyle(place, text.style, context.usual), borderStyle("border-top", context.decoration.above),
+                  borderStyle("border-bottom", context.decoration.below)}));
     writeDirection(xml, paragraph.rightToLeft);
     xml.writeCharacters(QString());
-    if (!listing.empty()) {
-        writeListing(xml, listing, text);
+    if (!preformatted.empty()) {
+        writePreformatted(xml, preformatted, text);
     } else if (!leaders.empty()) {
         writeLeaders(xml, leaders, text);
     } else {
-        writeInline(xml, model::runsOf(paragraph), text);
+        writeInline(xml, runs, text);
     }
 }
 
-void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const ParagraphGround &ground)
+void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const ParagraphContext &context)
 {
-    const TextGround text = textGround(item, ground);
-    writeStyle(xml, runStyle(text.look, ground.usual, false));
+    const std::vector<Run> runs = model::runsOf(item);
+    const TextContext text = textContext(item, runs, context);
+    writeStyle(xml, runStyle(text.style, context.usual, false));
     writeDirection(xml, item.rightToLeft);
     xml.writeCharacters(QString());
     if (item.listItem->ordered) { // the mark as it stands: a list that goes on after other text keeps its number
@@ -150,26 +152,28 @@ void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const Parag
         }
         xml.writeCharacters(QStringLiteral(" "));
     }
-    writeInline(xml, model::runsOf(item), text);
+    writeInline(xml, runs, text);
 }
 
-void writeHtmlRunningHead(QXmlStreamWriter &xml, const Page &page, const Paragraph &head, const ParagraphGround &ground)
+void writeHtmlRunningHead(
+    QXmlStreamWriter &xml, const Page &page, const Paragraph &head, const ParagraphContext &context)
 {
     const Lines parts = headParts(head);
-    const TextGround text = textGround(head, ground);
+    const std::vector<Run> runs = model::runsOf(head);
+    const TextContext text = textContext(head, runs, context);
     const bool turned = head.rotation != 0;
     const bool spread = parts.size() > 1 && !turned;
     const XmlElement element = startBlock(
         xml, head.box.centreY() < page.height / 2 ? QStringLiteral("header") : QStringLiteral("footer"),
         spread ? "parts" : nullptr);
     writeStyle(
-        xml,
-        joinedStyle(
-            {paragraphStyle(head, text.look, ground.usual), spread || turned ? QString() : headPlace(page, head.box)}));
+        xml, joinedStyle(
+                 {paragraphStyle(head, text.style, context.usual),
+                  spread || turned ? QString() : headPlace(page, head.box)}));
     writeDirection(xml, head.rightToLeft);
     xml.writeCharacters(QString());
     if (!spread) {
-        writeInline(xml, model::runsOf(head), text);
+        writeInline(xml, runs, text);
     }
     for (std::size_t i = 0; spread && i < parts.size(); ++i) {
         xml.writeCharacters(i > 0 ? QStringLiteral("\n") : QString());

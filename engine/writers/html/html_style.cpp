@@ -19,6 +19,23 @@ namespace {
 using model::Alignment;
 using model::Style;
 
+/// Lengths in points unless another unit is named.
+struct Thresholds
+{
+    double lineHeight = 1.2;     ///< em: text lower than its cell by less than a line needs no vertical alignment
+    double nearEdge = 0.25;      ///< of the space above and below: text so near to one edge is aligned with it
+    double sameSize = 0.25;      ///< difference of font sizes that nobody sees
+    double faint = 0.85;         ///< of white: lighter text cannot be read on white paper
+    double usualMargin = 36;     ///< of a document without text
+    double leastMargin = 12;     ///< text at the window's edge is hard to read
+    double mostMargin = 90;      ///< wider ones waste the width of the window
+    double narrowestText = 288;  ///< a column that can be read
+    double leastIndent = 4;      ///< smaller ones are inaccuracies of the page
+    double mostIndent = 108;     ///< narrow windows show the text, too
+    double thinnestBorder = 0.5; ///< thinner ones are not drawn by all browsers
+};
+constexpr Thresholds limits;
+
 QString points(double value)
 {
     return QString::number(std::round(value * 10) / 10) + QStringLiteral("pt");
@@ -39,7 +56,7 @@ QString genericFamily(const Style &style)
 QString family(const Style &style)
 {
     const QString generic = genericFamily(style);
-    // A style sheet knows no XML escapes, and a style attribute no quotes inside its own.
+    // Style sheets have no XML escapes, and a style attribute must not hold the quotes that enclose it.
     QString name = xmlText(style.family);
     for (const char c : {'\'', '"', '<', '&', '\\', '\n'}) {
         name.remove(QLatin1Char(c));
@@ -62,7 +79,7 @@ QString alignment(Alignment a)
     return {};
 }
 
-// Where the text stands in a cell that is higher than its text by a line; at the top it needs no word.
+// The vertical alignment of text in a cell that is higher than its text by a line or more; nothing for the top.
 QString heightAlignment(const model::Cell &cell)
 {
     Box text;
@@ -72,22 +89,22 @@ QString heightAlignment(const model::Cell &cell)
     const double above = text.top - cell.box.top;
     const double below = cell.box.bottom - text.bottom;
     const std::vector<model::Run> runs = model::runsOf(cell.paragraphs.front());
-    const double line = 1.2 * (runs.empty() ? 0.0 : runs.front().style.size);
-    if (above + below <= line || above < 0.25 * (above + below)) {
+    const double line = limits.lineHeight * (runs.empty() ? 0.0 : runs.front().style.size);
+    if (above + below <= line || above < limits.nearEdge * (above + below)) {
         return {};
     }
-    return below < 0.25 * (above + below) ? QStringLiteral("vertical-align:bottom")
-                                          : QStringLiteral("vertical-align:middle");
+    return below < limits.nearEdge * (above + below) ? QStringLiteral("vertical-align:bottom")
+                                                     : QStringLiteral("vertical-align:middle");
 }
 
-// What differs between two looks apart from bold and italic.
+// The differences between two styles except bold and italic.
 QStringList differences(const Style &style, const Style &around)
 {
     QStringList parts;
     if (style.family != around.family) {
         parts += QStringLiteral("font-family:") + family(style);
     }
-    if (std::abs(style.size - around.size) > 0.25) {
+    if (std::abs(style.size - around.size) > limits.sameSize) {
         parts += QStringLiteral("font-size:") + points(style.size);
     }
     if (style.colour != around.colour) {
@@ -150,15 +167,14 @@ Style elementStyle(const model::Table &table, const Style &fallback)
 QString styleSheet(const model::Document &document, const Style &usual)
 {
     double width = 0;
-    double margin = 36;
+    double margin = limits.usualMargin;
     for (const model::Page &page : document.pages) {
         width = std::max(width, page.width);
         if (!page.content.isEmpty()) {
-            margin = std::clamp(page.content.left, 12.0, 90.0);
+            margin = std::clamp(page.content.left, limits.leastMargin, limits.mostMargin);
         }
     }
-    constexpr double narrowest = 288; // points: a column that can be read
-    const double column = std::max(width - 2 * margin, narrowest);
+    const double column = std::max(width - 2 * margin, limits.narrowestText);
     return QStringLiteral(
                "\nbody{font:%1/1.3 %2;color:#000;background:#fff;max-width:%3;margin:0 auto;padding:0 min(%4,6vw)}\n"
                ".page{padding:1.5em 0;overflow-wrap:break-word}\n"
@@ -199,29 +215,27 @@ QString runStyle(const Style &style, const Style &around, bool heading)
     return joinedStyle(parts);
 }
 
-QString paragraphStyle(const model::Paragraph &paragraph, const Style &look, const Style &around)
+QString paragraphStyle(const model::Paragraph &paragraph, const Style &style, const Style &around)
 {
     const bool heading = paragraph.role == model::Role::Heading;
-    QStringList parts = differences(look, around);
-    if (heading && std::abs(look.size - around.size) <= 0.25) { // the browser's own size is another
-        parts += QStringLiteral("font-size:") + points(look.size);
+    QStringList parts = differences(style, around);
+    if (heading && std::abs(style.size - around.size) <= limits.sameSize) { // the browser's own size is another
+        parts += QStringLiteral("font-size:") + points(style.size);
     }
-    if (heading && !look.bold) {
+    if (heading && !style.bold) {
         parts += QStringLiteral("font-weight:normal");
     }
     if (paragraph.role == model::Role::PageHeader) {
-        return joinedStyle(parts); // its place is its parts'
+        return joinedStyle(parts); // its parts have places of their own
     }
     parts += alignment(paragraph.alignment);
-    constexpr double least = 4; // points
-    constexpr double most = 108;
-    const double indent = std::min(paragraph.indentLeft, most); // a narrow window shows it, too
-    if (indent > least && paragraph.role != model::Role::ListItem) {
+    const double indent = std::min(paragraph.indentLeft, limits.mostIndent);
+    if (indent > limits.leastIndent && paragraph.role != model::Role::ListItem) {
         parts += QStringLiteral("margin-left:") + points(indent);
     }
-    const double hang = std::max(paragraph.firstLineIndent, -most);
-    if (std::abs(hang) > least && paragraph.lines.size() > 1 && paragraph.role != model::Role::ListItem) {
-        parts += QStringLiteral("text-indent:") + points(std::min(hang, most));
+    const double hang = std::max(paragraph.firstLineIndent, -limits.mostIndent);
+    if (std::abs(hang) > limits.leastIndent && paragraph.lines.size() > 1 && paragraph.role != model::Role::ListItem) {
+        parts += QStringLiteral("text-indent:") + points(std::min(hang, limits.mostIndent));
         if (hang < 0 && indent < -hang) { // nothing may hang out of the window
             parts += QStringLiteral("padding-left:") + points(-hang - std::max(0.0, indent));
         }
@@ -256,10 +270,11 @@ QString cellStyle(const model::Cell &cell)
 
 QString borderStyle(const char *name, const model::Border &border)
 {
-    return border.width <= 0
-               ? QString()
-               : QStringLiteral("%1:%2 solid %3")
-                     .arg(QLatin1String(name), points(std::max(0.5, border.width)), colourName(border.colour));
+    return border.width <= 0 ? QString()
+                             : QStringLiteral("%1:%2 solid %3")
+                                   .arg(
+                                       QLatin1String(name), points(std::max(limits.thinnestBorder, border.width)),
+                                       colourName(border.colour));
 }
 
 QString joinedStyle(QStringList parts)
@@ -270,9 +285,8 @@ QString joinedStyle(QStringList parts)
 
 bool isFaint(Colour colour)
 {
-    constexpr double faint = 0.85; // of white
     const double light = 0.299 * (colour >> 16 & 0xff) + 0.587 * (colour >> 8 & 0xff) + 0.114 * (colour & 0xff);
-    return light > faint * 0xff;
+    return light > limits.faint * 0xff;
 }
 
 } // namespace quorra

@@ -8,7 +8,7 @@
 
 namespace quorra {
 
-/// The look of most of the document's text.
+/// The style of most of the document's text.
 model::Style usualStyle(const model::Document &document);
 
 /// The style sheet of the whole file.
@@ -21,12 +21,12 @@ model::Style elementStyle(const std::vector<model::Run> &runs, const model::Styl
 /// The same for all cells of a table.
 model::Style elementStyle(const model::Table &table, const model::Style &fallback);
 
-/// What differs in a run from the look around it, as style declarations; empty for nothing. Bold and italic are
-/// elements, except that a heading's text is bold unless it says otherwise.
+/// How the style of a run differs from the style around it, as style declarations; empty for no difference. Bold and
+/// italic are elements, except that a heading's text is bold unless it says otherwise.
 QString runStyle(const model::Style &style, const model::Style &around, bool heading);
 
-/// The declarations of a paragraph's element: places, and its look where that is not the look around it.
-QString paragraphStyle(const model::Paragraph &paragraph, const model::Style &look, const model::Style &around);
+/// The declarations of a paragraph's element: indents, and its style as far as it differs from the one around it.
+QString paragraphStyle(const model::Paragraph &paragraph, const model::Style &style, const model::Style &around);
 QString cellStyle(const model::Cell &cell);
 
 /// "name:width solid colour", empty without a line.
@@ -35,7 +35,7 @@ QString borderStyle(const char *name, const model::Border &border);
 /// Style declarations in one text; empty ones are left out.
 QString joinedStyle(QStringList parts);
 
-/// Whether text of that colour is next to invisible on white paper.
+/// Whether text of that colour is hardly visible on white paper.
 bool isFaint(Colour colour);
 
 } // namespace quorra

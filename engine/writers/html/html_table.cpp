@@ -26,7 +26,7 @@ void writeSpan(QXmlStreamWriter &xml, const char *name, int span)
     }
 }
 
-void writeCellText(QXmlStreamWriter &xml, const Cell &cell, bool cellRightToLeft, const TextGround &ground)
+void writeCellText(QXmlStreamWriter &xml, const Cell &cell, bool cellRightToLeft, const TextContext &context)
 {
     bool first = true;
     for (const Paragraph &paragraph : cell.paragraphs) {
@@ -34,16 +34,16 @@ void writeCellText(QXmlStreamWriter &xml, const Cell &cell, bool cellRightToLeft
             xml.writeEmptyElement(QStringLiteral("br"));
         }
         first = false;
-        std::optional<XmlElement> turned;
+        std::optional<XmlElement> otherDirection;
         if (paragraph.rightToLeft != cellRightToLeft) {
-            turned.emplace(xml, QStringLiteral("span"));
+            otherDirection.emplace(xml, QStringLiteral("span"));
             xml.writeAttribute(
                 QStringLiteral("dir"), paragraph.rightToLeft ? QStringLiteral("rtl") : QStringLiteral("ltr"));
         }
         if (paragraph.listItem) {
             xml.writeCharacters(xmlText(paragraph.listItem->mark) + QLatin1Char(' '));
         }
-        writeInline(xml, model::runsOf(paragraph), ground);
+        writeInline(xml, model::runsOf(paragraph), context);
     }
 }
 
@@ -57,13 +57,13 @@ void writeCell(QXmlStreamWriter &xml, const Cell &cell, bool header, const Style
         const std::vector<model::Run> runs = model::runsOf(paragraph);
         all.insert(all.end(), runs.begin(), runs.end());
     }
-    const Style look = elementStyle(all, around, false);
-    const QString style = joinedStyle({runStyle(look, around, false), cellStyle(cell)});
+    const Style textStyle = elementStyle(all, around, false);
+    const QString style = joinedStyle({runStyle(textStyle, around, false), cellStyle(cell)});
     writeStyle(xml, style);
     const bool rightToLeft = !cell.paragraphs.empty() && cell.paragraphs.front().rightToLeft;
     writeDirection(xml, rightToLeft);
     xml.writeCharacters(QString()); // an empty cell must not become a self-closing element
-    writeCellText(xml, cell, rightToLeft, {look, false, false, false});
+    writeCellText(xml, cell, rightToLeft, {textStyle, false, false, false});
 }
 
 } // namespace
@@ -76,8 +76,8 @@ void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Styl
     }
     const XmlElement container = startBlock(xml, QStringLiteral("div"), "wide");
     const XmlElement element = startElement(xml, QStringLiteral("table"), centred ? "middle" : nullptr);
-    const Style look = elementStyle(table, around);
-    const QString style = runStyle(look, around, false);
+    const Style textStyle = elementStyle(table, around);
+    const QString style = runStyle(textStyle, around, false);
     writeStyle(xml, style);
     int row = -1;
     std::optional<XmlElement> line;
@@ -94,7 +94,7 @@ void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Styl
         while (row < cell.row) {
             openRow();
         }
-        writeCell(xml, cell, cell.row < table.headerRows, look);
+        writeCell(xml, cell, cell.row < table.headerRows, textStyle);
     }
     while (row + 1 < table.rows() && row >= 0) { // rows that cells from above fill
         openRow();

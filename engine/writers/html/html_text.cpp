@@ -17,18 +17,18 @@ namespace {
 using model::BaselineShift;
 using model::Run;
 
-constexpr QLatin1String pagePrefix("#page-"); // of the id of a page's element
+constexpr QLatin1String pagePrefix("#page-"); // of the ids of the pages' elements
 
-// Cuts the blanks at the end off the text and returns them.
-QString takeBlanks(QString &text)
+// Removes the spaces at the end of the text and returns them.
+QString takeTrailingSpaces(QString &text)
 {
     auto end = text.size();
     while (end > 0 && text.at(end - 1).isSpace()) {
         --end;
     }
-    QString blanks = text.mid(end);
+    QString spaces = text.mid(end);
     text.truncate(end);
-    return blanks;
+    return spaces;
 }
 
 XmlElement openElement(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass, const QString &after)
@@ -43,27 +43,27 @@ XmlElement openElement(QXmlStreamWriter &xml, const QString &tag, const char *ht
 class InlineWriter
 {
 public:
-    InlineWriter(QXmlStreamWriter &xml, const TextGround &ground) : m_xml(xml), m_ground(ground) {}
+    InlineWriter(QXmlStreamWriter &xml, const TextContext &context) : m_xml(xml), m_context(context) {}
 
     void write(const std::vector<Run> &runs)
     {
         for (const Run &run : runs) {
             QString text = run.text;
-            QString blanks = takeBlanks(text);
-            if (text.isEmpty()) { // no link around nothing
-                m_blanks += blanks;
+            QString spaces = takeTrailingSpaces(text);
+            if (text.isEmpty()) { // a link needs text
+                m_spaces += spaces;
                 continue;
             }
             const QString link = model::linkAddress(run.link, pagePrefix);
             if (link != m_link) {
                 closeLink();
-                writeText(m_blanks);
+                writeText(m_spaces);
                 openLink(link);
             } else {
-                writeText(m_blanks);
+                writeText(m_spaces);
             }
             writeRun(run, text);
-            m_blanks = std::move(blanks);
+            m_spaces = std::move(spaces);
         }
         closeLink();
     }
@@ -87,20 +87,20 @@ private:
     void writeRun(const Run &run, const QString &text)
     {
         model::Style style = run.style;
-        if (m_ground.lostBackground && isFaint(style.colour)) {
+        if (m_context.lostBackground && isFaint(style.colour)) {
             style.colour = black;
         }
-        model::Style around = m_ground.look;
-        if (!m_link.isEmpty()) { // a link takes no colour from around it
+        model::Style around = m_context.style;
+        if (!m_link.isEmpty()) { // browsers give links a colour of their own
             around.colour = black;
         }
         std::optional<XmlElement> outer;
         if (run.shift != BaselineShift::None) { // the element makes it small
             outer.emplace(
                 m_xml, run.shift == BaselineShift::Superscript ? QStringLiteral("sup") : QStringLiteral("sub"));
-            style.size = m_ground.look.size;
+            style.size = m_context.style.size;
         }
-        const QString declarations = runStyle(style, around, m_ground.heading);
+        const QString declarations = runStyle(style, around, m_context.heading);
         if (!declarations.isEmpty()) {
             if (!outer) {
                 outer.emplace(m_xml, QStringLiteral("span"));
@@ -108,7 +108,7 @@ private:
             m_xml.writeAttribute(QStringLiteral("style"), declarations);
         }
         std::optional<XmlElement> bold;
-        if (style.bold && !(m_ground.heading && m_ground.look.bold)) {
+        if (style.bold && !(m_context.heading && m_context.style.bold)) {
             bold.emplace(m_xml, QStringLiteral("b"));
         }
         std::optional<XmlElement> italic;
@@ -120,7 +120,7 @@ private:
 
     void writeText(const QString &text)
     {
-        if (m_ground.preformatted || !text.contains(QLatin1Char('\n'))) {
+        if (m_context.preformatted || !text.contains(QLatin1Char('\n'))) {
             m_xml.writeCharacters(xmlText(text));
             return;
         }
@@ -134,10 +134,10 @@ private:
     }
 
     QXmlStreamWriter &m_xml;
-    const TextGround &m_ground;
+    const TextContext &m_context;
     QString m_link;
     std::optional<XmlElement> m_linkElement;
-    QString m_blanks;
+    QString m_spaces;
 };
 
 } // namespace
@@ -152,9 +152,9 @@ XmlElement startBlock(QXmlStreamWriter &xml, const QString &tag, const char *htm
     return openElement(xml, tag, htmlClass, QStringLiteral("\n"));
 }
 
-void writeInline(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextGround &ground)
+void writeInline(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextContext &context)
 {
-    InlineWriter(xml, ground).write(runs);
+    InlineWriter(xml, context).write(runs);
 }
 
 void writeStyle(QXmlStreamWriter &xml, const QString &style)

@@ -17,21 +17,21 @@ namespace quorra {
 /// words of two.
 [[nodiscard]] XmlElement startBlock(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass = nullptr);
 
-/// What text is written against: its surroundings' look, and how it is broken.
-struct TextGround
+/// What the text of an element is written into.
+struct TextContext
 {
-    model::Style look;         ///< what the element around the text says already
-    bool heading = false;      ///< bold is the look's, not an element
-    bool preformatted = false; ///< '\n' stays what it is; otherwise it becomes a line break element
-    /// The text stood on something that is not behind it here: a colour that cannot be seen on white becomes black.
+    model::Style style;        ///< of the element around the text
+    bool heading = false;      ///< bold is part of the style, not an element
+    bool preformatted = false; ///< '\n' stays as it is; otherwise it becomes a line break element
+    /// The background that the text has on the page is missing: colours too light for white paper become black.
     bool lostBackground = false;
 };
 
-/// Writes runs as inline elements: one link around all runs that share it, bold, italic, raised and lowered text, the
-/// rest as styles. Blanks at a run's end stand outside its elements, blanks at the end are dropped.
-void writeInline(QXmlStreamWriter &xml, const std::vector<model::Run> &runs, const TextGround &ground);
+/// Writes runs as inline elements: one link around all runs that share it, bold, italic, super- and subscript; the rest
+/// as style attributes. Spaces at the end of a run stand after its elements, those at the end of the text are dropped.
+void writeInline(QXmlStreamWriter &xml, const std::vector<model::Run> &runs, const TextContext &context);
 
-/// Writes the attribute unless there is nothing to say.
+/// Writes the attribute unless it is empty.
 void writeStyle(QXmlStreamWriter &xml, const QString &style);
 void writeDirection(QXmlStreamWriter &xml, bool rightToLeft);
 

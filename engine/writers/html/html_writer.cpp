@@ -134,7 +134,7 @@ private:
     {
         for (const Block &head : page.runningHeads) {
             if ((head.box().centreY() < page.height / 2) == top && head.paragraph()) {
-                writeHtmlRunningHead(m_xml, page, *head.paragraph(), groundOf(page, *head.paragraph()));
+                writeHtmlRunningHead(m_xml, page, *head.paragraph(), contextOf(page, *head.paragraph()));
             }
         }
     }
@@ -156,9 +156,9 @@ private:
             } else if (paragraph->listItem) {
                 writeListItem(page, *paragraph);
             } else {
-                ParagraphGround ground = groundOf(page, *paragraph);
-                ground.decoration = decoration;
-                writeHtmlParagraph(m_xml, *paragraph, ground);
+                ParagraphContext context = contextOf(page, *paragraph);
+                context.decoration = decoration;
+                writeHtmlParagraph(m_xml, *paragraph, context);
             }
         }
         closeLists(0);
@@ -202,10 +202,10 @@ private:
             m_openLists.push_back({startBlock(m_xml, tag, ordered ? "counted" : nullptr), {}});
         }
         m_openLists.back().item.emplace(m_xml, QStringLiteral("li"));
-        writeHtmlListText(m_xml, item, groundOf(page, item));
+        writeHtmlListText(m_xml, item, contextOf(page, item));
     }
 
-    ParagraphGround groundOf(const Page &page, const Paragraph &paragraph) const
+    ParagraphContext contextOf(const Page &page, const Paragraph &paragraph) const
     {
         return {m_usual, {}, !m_background && isOnSomething(page, paragraph)};
     }
@@ -220,7 +220,7 @@ private:
             return;
         }
         for (const Paragraph &label : figure.labels) {
-            writeHtmlParagraph(m_xml, label, groundOf(page, label));
+            writeHtmlParagraph(m_xml, label, contextOf(page, label));
         }
     }
 

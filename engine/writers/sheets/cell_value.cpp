@@ -13,14 +13,14 @@ namespace {
 
 constexpr qsizetype longestMark = 4;
 
-QString smallSigns(const QString &mark)
+QString superscriptCharacters(const QString &mark)
 {
     static const QString plain = u"0123456789abcdefghijklmnoprstuvwxyz+-()"_s;
     static const QString small = u"⁰¹²³⁴⁵⁶⁷⁸⁹ᵃᵇᶜᵈᵉᶠᵍʰⁱʲᵏˡᵐⁿᵒᵖʳˢᵗᵘᵛʷˣʸᶻ⁺⁻⁽⁾"_s;
     QString result;
-    for (const QChar sign : mark) {
-        const qsizetype at = plain.indexOf(sign);
-        result += at < 0 ? sign : small[at];
+    for (const QChar character : mark) {
+        const qsizetype at = plain.indexOf(character);
+        result += at < 0 ? character : small[at];
     }
     return result;
 }
@@ -60,7 +60,7 @@ std::optional<Number> cellNumber(const model::Cell &cell, NumberStyle style)
     }
     std::optional<Number> number = readNumber(before, style);
     if (number) {
-        number->suffix += smallSigns(mark);
+        number->suffix += superscriptCharacters(mark);
     }
     return number;
 }

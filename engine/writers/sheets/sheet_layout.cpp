@@ -12,24 +12,30 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double narrowestColumn = 20;
-constexpr double widestColumn = 400;
-constexpr double sidePadding = 7;     // of a cell in points, both sides together
-constexpr double fontReserve = 1.08;  // by which another font may be wider
-constexpr double lineHeight = 1.22;   // times the size of type
-constexpr double rowPadding = 2;      // points
-constexpr double leastRow = 12.8;     // the height of an empty row
-constexpr double middleTolerance = 3; // points by which text may stand off the middle of its cell
-constexpr double leastIndent = 4;     // smaller ones are uneven setting
-constexpr double widestIndent = 100;
-constexpr double commonShare = 0.08; // of a column's texts
+/// Lengths in points unless another unit is named.
+struct Thresholds
+{
+    double narrowestColumn = 20; ///< narrower ones show no text
+    double widestColumn = 400;   ///< wider ones fill the window
+    double sidePadding = 7;      ///< left and right of the text in a cell together
+    double fontReserve = 1.08;   ///< factor by which another font may be wider
+    double lineHeight = 1.22;    ///< em
+    double rowPadding = 2;       ///< above and below the text of a cell together
+    double leastRow = 12.8;      ///< height of an empty row
+    double middleTolerance = 3;  ///< by which text may be off the middle of its cell
+    double leastIndent = 4;      ///< smaller ones are inaccuracies of the page
+    double widestIndent = 100;   ///< wider ones leave no room for the text
+    double commonShare = 0.08;   ///< of the texts of a column that begin at one place
+    double samePlace = 1;        ///< between the beginnings of those texts
+};
+constexpr Thresholds limits;
 
 double textHeight(const model::Cell &cell)
 {
-    double height = rowPadding;
+    double height = limits.rowPadding;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         const auto lines = static_cast<double>(std::max<std::size_t>(1, paragraph.lines.size()));
-        height += lines * lineHeight * largestSize(paragraph);
+        height += lines * limits.lineHeight * largestSize(paragraph);
     }
     return height;
 }
@@ -37,17 +43,17 @@ double textHeight(const model::Cell &cell)
 // What a cell of one line needs so that nothing of it is cut off.
 double textWidthOf(const model::Cell &cell)
 {
-    return cell.paragraphs.front().box.width() * fontReserve + sidePadding;
+    return cell.paragraphs.front().box.width() * limits.fontReserve + limits.sidePadding;
 }
 
 // The leftmost place at which several texts of a column begin; a single one may stick out.
 double commonStart(std::vector<double> &lefts)
 {
     std::sort(lefts.begin(), lefts.end());
-    const auto several =
-        std::max<std::size_t>(2, static_cast<std::size_t>(std::ceil(commonShare * static_cast<double>(lefts.size()))));
+    const auto several = std::max<std::size_t>(
+        2, static_cast<std::size_t>(std::ceil(limits.commonShare * static_cast<double>(lefts.size()))));
     for (std::size_t i = 0; i + several <= lefts.size(); ++i) {
-        if (lefts[i + several - 1] - lefts[i] <= 1) {
+        if (lefts[i + several - 1] - lefts[i] <= limits.samePlace) {
             return lefts[i];
         }
     }
@@ -73,7 +79,7 @@ std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables
     for (const model::Table *table : tables) {
         widths.resize(std::max(widths.size(), static_cast<std::size_t>(table->columns())));
         for (std::size_t i = 0; i + 1 < table->columnEdges.size(); ++i) {
-            widths[i] = std::max(widths[i], table->columnEdges[i + 1] - table->columnEdges[i] + sidePadding / 2);
+            widths[i] = std::max(widths[i], table->columnEdges[i + 1] - table->columnEdges[i] + limits.sidePadding / 2);
         }
         for (const model::Cell &cell : table->cells) {
             const auto column = static_cast<std::size_t>(cell.column);
@@ -84,7 +90,7 @@ std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables
         }
     }
     for (double &width : widths) {
-        width = std::clamp(width, narrowestColumn, widestColumn);
+        width = std::clamp(width, limits.narrowestColumn, limits.widestColumn);
     }
     return widths;
 }
@@ -93,7 +99,7 @@ std::vector<double> sheetRows(const model::Table &table)
 {
     std::vector<double> heights;
     for (std::size_t i = 0; i + 1 < table.rowEdges.size(); ++i) {
-        heights.push_back(std::max(leastRow, table.rowEdges[i + 1] - table.rowEdges[i]));
+        heights.push_back(std::max(limits.leastRow, table.rowEdges[i + 1] - table.rowEdges[i]));
     }
     for (const model::Cell &cell : table.cells) {
         const auto row = static_cast<std::size_t>(cell.row);
@@ -112,11 +118,7 @@ std::vector<double> sheetRows(const model::Table &table)
 
 double sheetLineHeight(const model::Line &line)
 {
-    double size = 0;
-    for (const model::Word &word : line.words) {
-        size = std::max(size, word.style->size);
-    }
-    return std::max(leastRow, lineHeight * size + rowPadding);
+    return std::max(limits.leastRow, limits.lineHeight * largestSize(line) + limits.rowPadding);
 }
 
 QString verticalPlace(const model::Cell &cell)
@@ -129,7 +131,7 @@ QString verticalPlace(const model::Cell &cell)
     }
     const double above = cell.paragraphs.front().box.top - cell.box.top;
     const double below = cell.box.bottom - cell.paragraphs.back().box.bottom;
-    return std::abs(above - below) <= 2 * middleTolerance ? u"middle"_s : above < below ? u"top"_s : u"bottom"_s;
+    return std::abs(above - below) <= 2 * limits.middleTolerance ? u"middle"_s : above < below ? u"top"_s : u"bottom"_s;
 }
 
 std::vector<double> sheetIndents(const model::Table &table)
@@ -151,7 +153,7 @@ std::vector<double> sheetIndents(const model::Table &table)
         const auto column = static_cast<std::size_t>(cell.column);
         const bool counts = isIndentable(cell) && column < starts.size();
         const double indent = counts ? cell.paragraphs.front().box.left - starts[column] : 0;
-        indents.push_back(indent < leastIndent ? 0 : std::min(indent, widestIndent));
+        indents.push_back(indent < limits.leastIndent ? 0 : std::min(indent, limits.widestIndent));
     }
     return indents;
 }

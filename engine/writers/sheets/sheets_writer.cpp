@@ -107,17 +107,17 @@ void SheetWriter::writeEmptyRow()
 
 QString SheetWriter::cellStyle(const model::Cell &cell, const QString &dataStyle, double indent)
 {
-    Attributes look = {
+    Attributes cellProperties = {
         {"fo:border-left"_L1, borderText(cell.left)},
         {"fo:border-right"_L1, borderText(cell.right)},
         {"fo:border-top"_L1, borderText(cell.top)},
         {"fo:border-bottom"_L1, borderText(cell.bottom)},
         {"style:vertical-align"_L1, verticalPlace(cell)}};
     if (cell.background) {
-        look.emplace_back("fo:background-color"_L1, colourName(*cell.background));
+        cellProperties.emplace_back("fo:background-color"_L1, colourName(*cell.background));
     }
     if (wrapsInSheet(cell)) {
-        look.emplace_back("fo:wrap-option"_L1, u"wrap"_s);
+        cellProperties.emplace_back("fo:wrap-option"_L1, u"wrap"_s);
     }
     Attributes align;
     if (!cell.paragraphs.empty()) {
@@ -125,7 +125,7 @@ QString SheetWriter::cellStyle(const model::Cell &cell, const QString &dataStyle
         align = {
             {"fo:text-align"_L1, sideName(first)},
             {"style:writing-mode"_L1, first.rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}};
-        look.emplace_back("style:text-align-source"_L1, u"fix"_s);
+        cellProperties.emplace_back("style:text-align-source"_L1, u"fix"_s);
         if (indent > 0) {
             align.emplace_back("fo:margin-left"_L1, pt(indent));
         }
@@ -138,7 +138,7 @@ QString SheetWriter::cellStyle(const model::Cell &cell, const QString &dataStyle
     const model::Style main = dominantStyle(allRuns(cell));
     m_sink.styles.noteFont(main);
     style.children = {
-        {"style:table-cell-properties"_L1, look},
+        {"style:table-cell-properties"_L1, cellProperties},
         {"style:paragraph-properties"_L1, align},
         {"style:text-properties"_L1, textAttributes(main)}};
     return m_sink.styles.name(style);

@@ -19,15 +19,21 @@ namespace quorra::office {
 
 namespace {
 
-constexpr int mostBlanks = 80;          // between two words
-constexpr int mostIndent = 200;         // blanks before the first word of a line of code
-constexpr double wideGap = .65;         // more than a blank, but no more than belongs to one line
-constexpr double tightestSpacing = -.1; // times the size of type
-constexpr double widestSpacing = .15;
-constexpr double spacingStep = .0283465; // points: a hundredth of a millimetre, which slide programs round to
-constexpr double mostSqueezing = .04;    // times the size of type, below the page's own width, to keep lines together
-constexpr double fixedPitchAdvance = .6; // width of a sign, times the size of type
-constexpr std::size_t mostKeptLines = 6;
+/// Lengths in em unless another unit is named.
+struct Thresholds
+{
+    int mostSpaces = 80;            ///< characters between two words: a wrong width must not fill the memory
+    int mostIndent = 200;           ///< characters before the first word of a line of code, likewise
+    double wideGap = 0.65;          ///< between words that several spaces separate, as after a heading's number
+    double spaceWidth = 0.25;       ///< of a space whose width is not known
+    double tightestSpacing = -0.1;  ///< letter spacing: closer letters touch
+    double widestSpacing = 0.15;    ///< letter spacing: wider text reads as single letters
+    double spacingStep = 0.0283465; ///< points: 0.01 mm, to which presentation programs round
+    double mostSqueezing = 0.04;    ///< letter spacing below the page's own, to keep lines together
+    double fixedPitchWidth = 0.6;   ///< of a character of a fixed-pitch font
+    std::size_t mostKeptLines = 6;  ///< lines of a paragraph that is not flush left and keeps its line ends
+};
+constexpr Thresholds limits;
 
 bool isWidespread(const QString &family)
 {
@@ -50,7 +56,7 @@ struct Widths
 {
     double onPage = 0;
     double natural = 0;
-    double signs = 0;
+    double characters = 0;
 };
 
 std::optional<Widths> widthsOf(const model::Paragraph &paragraph)
@@ -64,10 +70,10 @@ std::optional<Widths> widthsOf(const model::Paragraph &paragraph)
             }
             widths.onPage += word.box.width();
             widths.natural += *natural;
-            widths.signs += static_cast<double>(word.text.size());
+            widths.characters += static_cast<double>(word.text.size());
         }
     }
-    return widths.signs > 0 ? std::optional(widths) : std::nullopt;
+    return widths.characters > 0 ? std::optional(widths) : std::nullopt;
 }
 
 double widthOf(const model::Word &word)
@@ -90,22 +96,22 @@ void addWord(std::vector<model::Run> &runs, const QString &text, const model::Wo
     }
 }
 
-// That many blanks, within the limits.
-QString blanks(double count, int least, int most)
+// That many spaces, within the limits.
+QString spaces(double count, int least, int most)
 {
     return QString(std::lround(std::clamp<double>(count, least, most)), u' ');
 }
 
-QString blanksBetween(const model::Word &word, const model::Word &next)
+QString spacesBetween(const model::Word &word, const model::Word &next)
 {
     const double gap = next.box.left - word.box.right;
     if (!word.style->fixedPitch) {
-        // Behind the number of a heading stands more than one blank.
-        const double blank = textWidth(u" "_s, *word.style).value_or(word.style->size / 4);
-        const bool wide = word.spaceAfter() && gap > wideGap * word.style->size;
-        return blanks(wide ? gap / blank : 0, word.spaceAfter() ? 1 : 0, mostBlanks);
+        // The number of a heading is followed by more than one space.
+        const double space = textWidth(u" "_s, *word.style).value_or(limits.spaceWidth * word.style->size);
+        const bool wide = word.spaceAfter() && gap > limits.wideGap * word.style->size;
+        return spaces(wide ? gap / space : 0, word.spaceAfter() ? 1 : 0, limits.mostSpaces);
     }
-    return blanks(gap / (fixedPitchAdvance * word.style->size), word.spaceAfter() ? 1 : 0, mostBlanks);
+    return spaces(gap / (limits.fixedPitchWidth * word.style->size), word.spaceAfter() ? 1 : 0, limits.mostSpaces);
 }
 
 } // namespace
@@ -145,9 +151,10 @@ double fittingSpacing(const model::Paragraph &paragraph, double width)
         return 0;
     }
     const double size = largestSize(paragraph);
-    const double exact = (widths->onPage - widths->natural) / widths->signs;
-    const double spacing =
-        std::clamp(std::floor(exact / spacingStep) * spacingStep, tightestSpacing * size, widestSpacing * size);
+    const double exact = (widths->onPage - widths->natural) / widths->characters;
+    const double spacing = std::clamp(
+        std::floor(exact / limits.spacingStep) * limits.spacingStep, limits.tightestSpacing * size,
+        limits.widestSpacing * size);
     if (keepsLines(paragraph)) {
         return spacing;
     }
@@ -158,9 +165,9 @@ double fittingSpacing(const model::Paragraph &paragraph, double width)
         .firstIndent = std::max(0.0, paragraph.firstLineIndent),
         .otherIndent = std::max(0.0, -paragraph.firstLineIndent),
         .letterSpacing = spacing};
-    const double least = spacing - mostSqueezing * size;
+    const double least = spacing - limits.mostSqueezing * size;
     while (strip.letterSpacing > least && countLines(texts, strip) > onPage) {
-        strip.letterSpacing -= spacingStep;
+        strip.letterSpacing -= limits.spacingStep;
     }
     return strip.letterSpacing > least ? strip.letterSpacing : spacing;
 }
@@ -182,7 +189,7 @@ std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, boo
             pieces.push_back(std::move(piece));
         }
     }
-    // One wide space in many lines is an accident of their setting.
+    // A wide space in one of many lines comes from justification.
     const bool whole = pieces.size() < 2 || (!everyLine && 2 * pieces.size() < 3 * paragraph.lines.size());
     if (whole || (paragraph.listItem && !everyLine)) {
         return {paragraph};
@@ -207,7 +214,7 @@ bool keepsLines(const model::Paragraph &paragraph)
     breaks += static_cast<std::size_t>(model::plainText(paragraph).count(u'\n'));
     const bool flush = paragraph.alignment == model::Alignment::Left ||
                        paragraph.alignment == model::Alignment::Justify || paragraph.listItem;
-    return breaks >= paragraph.lines.size() || (!flush && paragraph.lines.size() <= mostKeptLines);
+    return breaks >= paragraph.lines.size() || (!flush && paragraph.lines.size() <= limits.mostKeptLines);
 }
 
 std::vector<model::Run> runsByLine(const model::Paragraph &paragraph)
@@ -221,11 +228,12 @@ std::vector<model::Run> runsByLine(const model::Paragraph &paragraph)
             const model::Word &word = line.words[i];
             QString text = word.text;
             if (i == 0 && word.style->fixedPitch && paragraph.lines.size() > 1) {
-                const double indent = (word.box.left - paragraph.box.left) / (fixedPitchAdvance * word.style->size);
-                text.prepend(blanks(indent, 0, mostIndent));
+                const double indent =
+                    (word.box.left - paragraph.box.left) / (limits.fixedPitchWidth * word.style->size);
+                text.prepend(spaces(indent, 0, limits.mostIndent));
             }
             if (i + 1 < line.words.size()) {
-                text += blanksBetween(word, line.words[i + 1]);
+                text += spacesBetween(word, line.words[i + 1]);
             } else if (&line != &paragraph.lines.back()) {
                 text += u'\n';
             }

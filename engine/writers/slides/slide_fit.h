@@ -20,7 +20,7 @@ double fittingSpacing(const model::Paragraph &paragraph, double width);
 /// Whether the widths of all its words are known in the fonts they are set in.
 bool hasKnownWidths(const model::Paragraph &paragraph);
 
-/// The paragraph's lines cut where wide blank spaces stand in them, each piece a paragraph of its own; the paragraph
+/// The paragraph's lines cut at wide gaps between words, each piece a paragraph of its own; the paragraph
 /// itself where its lines hold together. With everyLine each line is a piece too, and words that stand off the line's
 /// baseline: the labels of a drawing.
 std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, bool everyLine);
@@ -29,7 +29,7 @@ std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, boo
 /// those that are not flush left.
 bool keepsLines(const model::Paragraph &paragraph);
 
-/// The runs with '\n' between the lines and, in text of fixed pitch, the blanks by which it is set out. Without any
+/// The runs with '\n' between the lines and, in text of fixed pitch, the spaces that keep its columns. Without any
 /// lines, and for list items, the paragraph's own runs.
 std::vector<model::Run> runsByLine(const model::Paragraph &paragraph);
 

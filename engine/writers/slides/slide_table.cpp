@@ -15,12 +15,17 @@ namespace quorra::office {
 
 namespace {
 
-constexpr std::size_t mostCells = 200;
-constexpr double rowPadding = 7.2;      // above and below a cell's text: slide programs take no less
-constexpr double sidePadding = .3;      // none at all would be taken for the usual one
-constexpr double tightestLeading = .95; // times the size of type
-constexpr double middleTolerance = 3;   // points by which text may stand off the middle of its cell
-constexpr double clearance = 2;         // points between the table and what follows
+/// Lengths in points unless another unit is named.
+struct Thresholds
+{
+    std::size_t mostCells = 200;   ///< larger tables take presentation programs too long
+    double rowPadding = 7.2;       ///< above and below the text of a cell together: presentation programs add it
+    double sidePadding = 0.3;      ///< 0 would be taken for the usual padding
+    double tightestLeading = 0.95; ///< em: closer lines touch
+    double middleTolerance = 3;    ///< by which text may be off the middle of its cell
+    double clearance = 2;          ///< between the table and what follows
+};
+constexpr Thresholds limits;
 
 std::size_t lineCount(const model::Cell &cell)
 {
@@ -42,7 +47,7 @@ double sizeOf(const model::Cell &cell)
 
 double leastHeight(const model::Cell &cell)
 {
-    return rowPadding + static_cast<double>(lineCount(cell)) * tightestLeading * sizeOf(cell);
+    return limits.rowPadding + static_cast<double>(lineCount(cell)) * limits.tightestLeading * sizeOf(cell);
 }
 
 // By how much the table gets higher than on the page.
@@ -62,23 +67,23 @@ double growth(const model::Table &table)
     return sum;
 }
 
-double blankBelow(const model::Page &page, const Box &box)
+double spaceBelow(const model::Page &page, const Box &box)
 {
     double next = page.height;
     const auto look = [&](const model::Block &block) {
         const Box other = block.box();
-        if (other.top >= box.bottom - clearance && other.left < box.right && other.right > box.left) {
+        if (other.top >= box.bottom - limits.clearance && other.left < box.right && other.right > box.left) {
             next = std::min(next, other.top);
         }
     };
     forEachBlock(page, look);
     std::for_each(page.runningHeads.begin(), page.runningHeads.end(), look);
     for (const model::Rule &rule : page.rules) {
-        if (rule.y1 > box.bottom + clearance && rule.x1 < box.right && rule.x2 > box.left) {
+        if (rule.y1 > box.bottom + limits.clearance && rule.x1 < box.right && rule.x2 > box.left) {
             next = std::min(next, rule.y1);
         }
     }
-    return next - box.bottom - clearance;
+    return next - box.bottom - limits.clearance;
 }
 
 bool isTurned(const model::Table &table)
@@ -96,10 +101,10 @@ QString verticalPlace(const model::Cell &cell)
     }
     const double above = cell.paragraphs.front().box.top - cell.box.top;
     const double below = cell.box.bottom - cell.paragraphs.back().box.bottom;
-    return std::abs(above - below) <= 2 * middleTolerance ? u"middle"_s : above < below ? u"top"_s : u"bottom"_s;
+    return std::abs(above - below) <= 2 * limits.middleTolerance ? u"middle"_s : above < below ? u"top"_s : u"bottom"_s;
 }
 
-// The blank space on the right that all text of the cell keeps, as far as it stands there.
+// The space on the right that all text of the cell keeps, as far as it stands there.
 double paddingRight(const model::Cell &cell)
 {
     double padding = cell.box.width() / 2;
@@ -107,7 +112,7 @@ double paddingRight(const model::Cell &cell)
         const bool right = paragraph.alignment == model::Alignment::Right;
         padding = std::min(padding, right ? cell.box.right - paragraph.box.right : 0);
     }
-    return cell.paragraphs.empty() ? sidePadding : std::max(sidePadding, padding);
+    return cell.paragraphs.empty() ? limits.sidePadding : std::max(limits.sidePadding, padding);
 }
 
 QString cellStyle(const Sink &sink, const model::Cell &cell)
@@ -118,7 +123,7 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
          {{"style:graphic-properties"_L1,
            {{"draw:fill"_L1, cell.background ? u"solid"_s : u"none"_s},
             {"draw:fill-color"_L1, colourName(cell.background.value_or(white))},
-            {"fo:padding-left"_L1, pt(sidePadding)},
+            {"fo:padding-left"_L1, pt(limits.sidePadding)},
             {"fo:padding-right"_L1, pt(paddingRight(cell))},
             {"fo:padding-top"_L1, u"0pt"_s},
             {"fo:padding-bottom"_L1, u"0pt"_s},
@@ -134,14 +139,14 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
 model::Paragraph inCell(const model::Paragraph &paragraph, const model::Cell &cell)
 {
     model::Paragraph placed = paragraph;
-    const double left = std::max(0.0, paragraph.box.left - cell.box.left - sidePadding);
+    const double left = std::max(0.0, paragraph.box.left - cell.box.left - limits.sidePadding);
     placed.indentLeft = paragraph.alignment == model::Alignment::Left ? left : 0;
     placed.indentRight = 0;
     placed.firstLineIndent = 0;
     const double size = largestSize(paragraph);
-    const double room = (cell.box.height() - rowPadding) / static_cast<double>(lineCount(cell));
-    placed.lineDistance =
-        std::clamp(slideLeading(paragraph), tightestLeading * size, std::max(room, tightestLeading * size));
+    const double room = (cell.box.height() - limits.rowPadding) / static_cast<double>(lineCount(cell));
+    placed.lineDistance = std::clamp(
+        slideLeading(paragraph), limits.tightestLeading * size, std::max(room, limits.tightestLeading * size));
     placed.spaceBefore = std::max(0.0, paragraph.spaceBefore);
     return placed;
 }
@@ -152,14 +157,14 @@ void writeCell(const Sink &sink, const model::Cell &cell)
     const XmlElement element(xml, "table:table-cell"_L1);
     xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell));
     writeSpans(xml, cell);
-    const double width = cell.box.width() - sidePadding - paddingRight(cell);
+    const double width = cell.box.width() - limits.sidePadding - paddingRight(cell);
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         const model::Paragraph placed = inCell(paragraph, cell);
         writeSlideParagraph(
             sink, placed, model::runsOf(placed), fittingSpacing(placed, width - placed.indentLeft), false);
     }
     if (cell.paragraphs.empty()) {
-        // The sign at the end of a cell without text takes the usual large size, and the row grows with it.
+        // The paragraph mark of a cell without text takes the usual large size, and the row grows with it.
         model::Paragraph empty;
         empty.lineDistance = 1;
         writeEmptySlideParagraph(sink, empty);
@@ -170,8 +175,8 @@ void writeCell(const Sink &sink, const model::Cell &cell)
 
 bool fitsAsTable(const model::Page &page, const model::Table &table)
 {
-    return table.rows() > 0 && table.columns() > 0 && table.cells.size() <= mostCells && !isTurned(table) &&
-           growth(table) <= std::max(0.0, blankBelow(page, table.box));
+    return table.rows() > 0 && table.columns() > 0 && table.cells.size() <= limits.mostCells && !isTurned(table) &&
+           growth(table) <= std::max(0.0, spaceBelow(page, table.box));
 }
 
 void writeSlideTable(const Sink &sink, const model::Table &table)

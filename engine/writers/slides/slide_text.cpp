@@ -17,62 +17,66 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double usualLeading = 1.2;  // times the size of type
-constexpr double widestLeading = 2.5; // wider ones are blank space
-constexpr double tightestLeading = .95;
-constexpr double descent = .21;    // of a line of fixed height below its baseline, times the size of type
-constexpr double leastSpare = 6;   // points that a line of text may get wider in another font
-constexpr double spareWidth = .08; // the same, of its width
-constexpr double flowSpare = 3;    // points beside text whose widths are known
-constexpr double rounding = 1;     // points that letter spacing may add to a line by being rounded
-constexpr double leastIndent = .1; // a slide forgets the first line's indent where there is no other
+struct Thresholds
+{
+    double usualLeading = 1.2;     ///< em: of text of one line
+    double widestLeading = 2.5;    ///< em: lines further apart have space between them
+    double tightestLeading = 0.95; ///< em: closer lines touch
+    double descent = 0.21;         ///< em: part of a line of fixed height below its baseline
+    double leastSpare = 6;         ///< points by which a line of text may be wider in another font
+    double spareWidth = 0.08;      ///< the same, of its width
+    double flowSpare = 3;          ///< points beside text whose widths are known
+    double rounding = 1;           ///< points that rounded letter spacing may add to a line
+    double leastIndent = 0.1;      ///< points: without any indent slides drop that of the first line
+    double spaceWidth = 0.25;      ///< em: of a space in most fonts
+    qsizetype mostSpaces = 20;     ///< characters between the mark of a list item and its text
+};
+constexpr Thresholds limits;
 
 bool isPlain(const QString &text)
 {
     return !text.contains(u'\n') && !text.contains(u'\t');
 }
 
-// A link on a slide is a field: it takes its look from around it, holds nothing but signs and does not break. So each
-// word is one.
+// A link on a slide is a field: it takes the style around it, holds nothing but characters and does not break. So each
+// word becomes a link.
 void writeLink(const Sink &sink, const model::Run &run, const model::Style &look, const QString &target)
 {
     const model::Style &style = run.style;
     qsizetype at = 0;
     while (at < run.text.size()) {
-        const qsizetype blank = run.text.indexOf(u' ', at);
-        const qsizetype end = blank < 0 ? run.text.size() : blank;
+        const qsizetype space = run.text.indexOf(u' ', at);
+        const qsizetype end = space < 0 ? run.text.size() : space;
         if (end > at) {
             const XmlElement span(sink.xml, "text:span"_L1);
             sink.xml.writeAttribute("text:style-name"_L1, sink.styles.text(style));
             const XmlElement link = beginLink(sink.xml, target);
             sink.xml.writeCharacters(xmlText(run.text.mid(at, end - at)));
         }
-        if (blank >= 0) {
+        if (space >= 0) {
             writeRuns(sink, {{u" "_s, style, model::BaselineShift::None, {}}}, look, false);
         }
         at = end + 1;
     }
 }
 
-// As many blanks as stand between the mark and the text on the page.
-QString blanksAfterMark(const model::Paragraph &paragraph)
+// The number of spaces that fit between the mark and the text on the page.
+QString spacesAfterMark(const model::Paragraph &paragraph)
 {
-    constexpr double blank = 0.25; // times the size of type
-    constexpr qsizetype most = 20;
     if (paragraph.lines.empty() || paragraph.lines.front().words.size() < 2) {
         return u" "_s;
     }
     const std::vector<model::Word> &words = paragraph.lines.front().words;
     const double gap = words[1].box.left - words[0].box.right;
     const bool isMark = paragraph.listItem && words[0].text == paragraph.listItem->mark;
-    const qsizetype blanks = isMark ? std::lround(gap / (blank * words[1].style->size)) : 1;
-    return QString(std::clamp<qsizetype>(blanks, 1, most), u' ');
+    const qsizetype spaces = isMark ? std::lround(gap / (limits.spaceWidth * words[1].style->size)) : 1;
+    return QString(std::clamp<qsizetype>(spaces, 1, limits.mostSpaces), u' ');
 }
 
 // The frame of lines that do not wrap: with room on the side to which they grow, where another font is wider.
 Box roomOfLines(const Box &box, model::Alignment alignment)
 {
-    const double spare = leastSpare + spareWidth * box.width();
+    const double spare = limits.leastSpare + limits.spareWidth * box.width();
     Box room = box;
     room.left -= alignment == model::Alignment::Left ? 0 : spare;
     room.right += alignment == model::Alignment::Right ? 0 : spare;
@@ -89,8 +93,8 @@ Box roomOfFlow(const model::Page &page, const model::Paragraph &paragraph, const
         return turn.rotation == 0 && !paragraph.rightToLeft ? roomyBox(page, paragraph.box) : paragraph.box;
     }
     Box room = paragraph.box;
-    room.left -= paragraph.rightToLeft ? flowSpare : 0;
-    room.right += paragraph.rightToLeft ? 0 : flowSpare;
+    room.left -= paragraph.rightToLeft ? limits.flowSpare : 0;
+    room.right += paragraph.rightToLeft ? 0 : limits.flowSpare;
     return room;
 }
 
@@ -106,14 +110,14 @@ void writePiece(const Sink &sink, const model::Page &page, model::Paragraph piec
         }
     }
     const Box room = lines ? roomOfLines(piece.box, piece.alignment) : roomOfFlow(page, piece, turn);
-    const double spacing = fittingSpacing(piece, room.width() - rounding);
+    const double spacing = fittingSpacing(piece, room.width() - limits.rounding);
     const auto count = static_cast<double>(std::max<std::size_t>(1, piece.lines.size()));
     const double baseline = piece.lines.empty() ? piece.box.top + slideRise(piece) : piece.lines.front().baseline;
     Box frame = room;
     frame.top = baseline - slideRise(piece);
     frame.bottom = frame.top + count * slideLeading(piece);
     const TextFrame open = beginSlideFrame(sink, frame, turn, !lines, piece.alignment);
-    piece.indentLeft = std::max(leastIndent, piece.box.left - room.left + std::max(0.0, -piece.firstLineIndent));
+    piece.indentLeft = std::max(limits.leastIndent, piece.box.left - room.left + std::max(0.0, -piece.firstLineIndent));
     piece.indentRight = 0;
     piece.spaceBefore = 0;
     if (piece.lines.size() < 2) {
@@ -151,13 +155,13 @@ void dropDeadLinks(model::Document &document)
 double slideLeading(const model::Paragraph &paragraph)
 {
     const double size = largestSize(paragraph);
-    const bool isLeading = paragraph.lineDistance > 0 && paragraph.lineDistance <= widestLeading * size;
-    return isLeading ? std::max(paragraph.lineDistance, tightestLeading * size) : usualLeading * size;
+    const bool isLeading = paragraph.lineDistance > 0 && paragraph.lineDistance <= limits.widestLeading * size;
+    return isLeading ? std::max(paragraph.lineDistance, limits.tightestLeading * size) : limits.usualLeading * size;
 }
 
 double slideRise(const model::Paragraph &paragraph)
 {
-    return slideLeading(paragraph) - descent * largestSize(paragraph);
+    return slideLeading(paragraph) - limits.descent * largestSize(paragraph);
 }
 
 void writeSlideParagraph(
@@ -186,7 +190,7 @@ void writeSlideParagraph(
         if (paragraph.firstLineIndent < 0) {
             sink.xml.writeEmptyElement("text:tab"_L1);
         } else {
-            writeText(sink.xml, blanksAfterMark(paragraph));
+            writeText(sink.xml, spacesAfterMark(paragraph));
         }
     }
     for (const model::Run &run : runs) {

@@ -17,7 +17,8 @@ using model::Line;
 using model::Paragraph;
 using model::Table;
 
-constexpr int columnGap = 2;
+constexpr int columnGap = 2;         // characters between the columns of a table
+constexpr double paragraphGap = 0.5; // em: more space above an entry of a list ends the list
 
 // The lines of a paragraph; a word cut at a line's end is completed on that line.
 QStringList paragraphLines(const Paragraph &paragraph)
@@ -33,10 +34,10 @@ QStringList paragraphLines(const Paragraph &paragraph)
     for (const Line &line : paragraph.lines) {
         QString text = model::plainText(line);
         if (hyphen && !lines.isEmpty()) {
-            const auto blank = text.indexOf(QLatin1Char(' '));
+            const auto space = text.indexOf(QLatin1Char(' '));
             lines.back().chop(1);
-            lines.back() += blank < 0 ? text : text.left(blank);
-            text = blank < 0 ? QString() : text.mid(blank + 1);
+            lines.back() += space < 0 ? text : text.left(space);
+            text = space < 0 ? QString() : text.mid(space + 1);
         }
         if (!text.isEmpty()) {
             lines.append(text);
@@ -134,7 +135,7 @@ void append(QString &page, const QString &text, bool close)
     }
 }
 
-// Entries of a list stand below one another, unless the page has blank space between them.
+// Entries of a list stand below one another, unless there is space between them on the page.
 bool isSameList(const Block *before, const Block &block)
 {
     const Paragraph *entry = block.paragraph();
@@ -143,7 +144,7 @@ bool isSameList(const Block *before, const Block &block)
         return false;
     }
     const std::vector<model::Run> runs = model::runsOf(*entry);
-    return !runs.empty() && entry->spaceBefore < 0.5 * runs.front().style.size;
+    return !runs.empty() && entry->spaceBefore < paragraphGap * runs.front().style.size;
 }
 
 } // namespace
