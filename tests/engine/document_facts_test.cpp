@@ -137,8 +137,8 @@ private Q_SLOTS:
     {
         Style large;
         large.size = 20;
-        Paragraph paragraph = test_text::paragraphOf(QStringLiteral("* some text"));
-        paragraph.lines[0].words[0].style = test_text::styled(large);
+        Paragraph paragraph = testText::paragraphOf(QStringLiteral("* some text"));
+        paragraph.lines[0].words[0].style = testText::styled(large);
         QCOMPARE(largestSize(paragraph), 20.0);
         paragraph.listItem = ListItem{QStringLiteral("*"), false, 0};
         QCOMPARE(largestSize(paragraph), 10.0);
@@ -148,7 +148,7 @@ private Q_SLOTS:
     // Two words, the gap between them in em of the larger one.
     static Line twoWords(double gap, double rise = 0)
     {
-        Line line = test_text::lineOf(QStringLiteral("first second"));
+        Line line = testText::lineOf(QStringLiteral("first second"));
         Word &next = line.words[1];
         const double left = line.words[0].box.right + gap * next.style->size;
         next.box = {left, 0, left + 30, 10};
@@ -181,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(linePieces(twoWords(1, 0.2), textLimits)[0].baseline, 10.0);
         Line note = twoWords(9, 0.2); // begins with the small, raised mark of a note
         note.words.push_back(note.words[1]);
-        note.words[1].style = test_text::styled({{}, 6});
+        note.words[1].style = testText::styled({{}, 6});
         note.words[2].baseline = 10;
         QCOMPARE(linePieces(note, textLimits)[1].baseline, 10.0);
     }
