@@ -7,7 +7,7 @@
 
 using namespace quorra;
 using namespace quorra::model;
-using namespace threshold_edges;
+using namespace thresholdEdges;
 
 namespace {
 
@@ -123,7 +123,7 @@ bool hasHeader(const std::vector<double> &baselines, double gap)
 
 std::vector<Edge> headerEdges()
 {
-    using page_headers::thresholds;
+    using pageHeaders::thresholds;
     return {
         minimum(
             "gap below a header", thresholds.minGap,

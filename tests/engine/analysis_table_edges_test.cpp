@@ -13,7 +13,7 @@
 
 using namespace quorra;
 using namespace quorra::model;
-using namespace threshold_edges;
+using namespace thresholdEdges;
 
 namespace {
 
@@ -108,7 +108,7 @@ bool isTableWithTexts(int count)
 
 std::vector<Edge> ruledTableEdges()
 {
-    using ruled_tables::thresholds;
+    using ruledTables::thresholds;
     const auto &grids = lattice::thresholds;
     return {
         maximum(
@@ -200,7 +200,7 @@ std::vector<double> baselines(long count)
 
 std::vector<Edge> splitEdges()
 {
-    using split_rows::thresholds;
+    using splitRows::thresholds;
     return {
         fewest(
             "lines of the fullest cell", thresholds.minLines,
@@ -285,9 +285,9 @@ bool isRightAligned(int agreeing, int all)
 
 std::vector<Edge> contentEdges()
 {
-    using table_content::thresholds;
-    const auto &columns = cell_columns::thresholds;
-    const auto &alignment = column_alignment::thresholds;
+    using tableContent::thresholds;
+    const auto &columns = marginNotes::thresholds;
+    const auto &alignment = columnAlignment::thresholds;
     return {
         maximum(
             "text off the middle of its cell", thresholds.centredTolerance,
@@ -365,8 +365,8 @@ bool isTableOfTexts(int rows, int wordsInCell)
 
 std::vector<Edge> unruledTableEdges()
 {
-    using unruled_tables::thresholds;
-    const auto &grids = text_grid::thresholds;
+    using unruledTables::thresholds;
+    const auto &grids = textGrid::thresholds;
     return {
         minimum(
             "gap between cells", grids.minCellGap,

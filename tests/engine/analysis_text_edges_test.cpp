@@ -11,7 +11,7 @@
 
 using namespace quorra;
 using namespace quorra::model;
-using namespace threshold_edges;
+using namespace thresholdEdges;
 
 namespace {
 
@@ -32,13 +32,13 @@ bool isOneLine(Words words)
 // A small word drawn so high above the end of a letter that their bodies do not overlap.
 RawWord raised(double gap, double size, double aboveBody)
 {
-    const double top = 100 - text_lines::thresholds.capHeight * em;
+    const double top = 100 - textLines::thresholds.capHeight * em;
     return word(QStringLiteral("2"), 5 + gap, 4, top - aboveBody, size);
 }
 
 std::vector<Edge> textLineEdges()
 {
-    using text_lines::thresholds;
+    using textLines::thresholds;
     const double body = thresholds.capHeight * em;
     const auto letter = [] { return word(QStringLiteral("x"), 0, 5, 100); };
     return {
@@ -112,8 +112,8 @@ bool isFraction(double gap, double drop, double size)
 
 std::vector<Edge> fragmentEdges()
 {
-    using word_fragments::thresholds;
-    const auto &lines = text_lines::thresholds;
+    using wordFragments::thresholds;
+    const auto &lines = textLines::thresholds;
     return {
         maximum("gap in a word", lines.maxShiftedGap, [](double gap) { return continues(gap * em, 0); }),
         maximum(
@@ -154,7 +154,7 @@ BaselineShift shiftOf(double gap, double raise, double size)
 std::vector<Edge> superscriptEdges()
 {
     using superscripts::thresholds;
-    const auto &lines = text_lines::thresholds;
+    const auto &lines = textLines::thresholds;
     const auto isSuperscript = [](double gap, double raise, double size) {
         return shiftOf(gap, raise, size) == BaselineShift::Superscript;
     };
@@ -211,7 +211,7 @@ bool isTextWithNumbers(double share)
 
 std::vector<Edge> columnEdges()
 {
-    using column_gaps::thresholds;
+    using columnGaps::thresholds;
     const auto letters = [](double count) { return static_cast<std::size_t>(count); };
     return {
         {"width of a column gap", 0.85 * thresholds.minWidth, 1.15 * thresholds.minWidth, false, isColumnGap},
@@ -265,7 +265,7 @@ RawWord centred(double wide, double baseline, double shift = 0)
 
 std::vector<Edge> breakEdges()
 {
-    using paragraph_breaks::thresholds;
+    using paragraphBreaks::thresholds;
     return {
         maximum(
             "gap between paragraphs", thresholds.minGap,

@@ -11,7 +11,7 @@
 #include <vector>
 
 /// Tests at the edges of thresholds: what the analysis finds changes between a value just below and one just above.
-namespace threshold_edges {
+namespace thresholdEdges {
 
 struct Edge
 {
@@ -84,4 +84,4 @@ inline std::vector<const quorra::model::RawWord *> refs(std::vector<quorra::mode
     return result;
 }
 
-} // namespace threshold_edges
+} // namespace thresholdEdges

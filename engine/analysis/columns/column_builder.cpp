@@ -12,7 +12,7 @@ namespace quorra::model {
 
 namespace {
 
-using column_builder::thresholds;
+using columnBuilder::thresholds;
 
 // Whether a table or picture lies between two text lines, so that they cannot be one paragraph.
 bool separates(const Box &obstacle, const TextLine &upper, const TextLine &lower)

@@ -9,7 +9,7 @@
 
 namespace quorra::model {
 
-namespace column_builder {
+namespace columnBuilder {
 
 struct Thresholds
 {
@@ -18,7 +18,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace column_builder
+} // namespace columnBuilder
 
 /// Turns the words and obstacles of one column into blocks in reading order.
 class ColumnBuilder

@@ -11,7 +11,7 @@ namespace quorra::model {
 
 namespace {
 
-using column_gaps::thresholds;
+using columnGaps::thresholds;
 
 /// Which parts of a region words and obstacles cover, as a bitmap of bins (across) and slices (down).
 class Coverage

@@ -8,7 +8,7 @@
 
 namespace quorra::model {
 
-namespace column_gaps {
+namespace columnGaps {
 
 /// What makes an empty strip a gap between columns. Lengths in em are multiples of the region's usual font size.
 struct Thresholds
@@ -32,7 +32,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace column_gaps
+} // namespace columnGaps
 
 /// An empty vertical strip between two columns of text.
 struct ColumnGap

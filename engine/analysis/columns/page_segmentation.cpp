@@ -10,7 +10,7 @@ namespace quorra::model {
 
 namespace {
 
-using page_segmentation::thresholds;
+using pageSegmentation::thresholds;
 
 Box boxOf(const RegionItems &items)
 {

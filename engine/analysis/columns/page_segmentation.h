@@ -7,7 +7,7 @@
 
 namespace quorra::model {
 
-namespace page_segmentation {
+namespace pageSegmentation {
 
 struct Thresholds
 {
@@ -16,7 +16,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace page_segmentation
+} // namespace pageSegmentation
 
 /// The content of a region in which columns are looked for: its words, and the obstacles (ruled tables, pictures) that
 /// no text runs through, each a box with an index that the caller gives it.

@@ -55,11 +55,11 @@ bool continues(const Paragraph &before, const Paragraph &after)
     const double ratio = runsBefore.back().style.size / size;
     const QString end = plainText(runsBefore).trimmed();
     const QString begin = plainText(runsAfter).trimmed();
-    if (ratio < paragraph_breaks::thresholds.minSizeRatio || ratio > paragraph_breaks::thresholds.maxSizeRatio ||
+    if (ratio < paragraphBreaks::thresholds.minSizeRatio || ratio > paragraphBreaks::thresholds.maxSizeRatio ||
         end.size() < thresholds.minLength || begin.isEmpty() || endsSentence(end)) {
         return false;
     }
-    const bool indented = after.firstLineIndent > paragraph_breaks::thresholds.minIndent * size;
+    const bool indented = after.firstLineIndent > paragraphBreaks::thresholds.minIndent * size;
     return begin.front().isLower() || endsInHyphen(end, begin) || (!indented && end.endsWith(QLatin1Char(','))) ||
            (!indented && before.lines.size() > 1 && before.alignment == Alignment::Justify);
 }

@@ -19,7 +19,7 @@ bool isDashBullet(const QString &text)
 
 bool isOrdinalMark(const QString &text)
 {
-    using list_marks::thresholds;
+    using listMarks::thresholds;
     if (text.size() < thresholds.minOrdinalLength || text.size() > thresholds.maxOrdinalLength) {
         return false;
     }

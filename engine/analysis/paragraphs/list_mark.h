@@ -5,7 +5,7 @@
 
 namespace quorra::model {
 
-namespace list_marks {
+namespace listMarks {
 
 struct Thresholds
 {
@@ -15,7 +15,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace list_marks
+} // namespace listMarks
 
 /// Whether the text is a bullet such as "•".
 bool isBullet(const QString &text);

@@ -13,7 +13,7 @@ namespace quorra::model {
 
 namespace {
 
-using paragraph_breaks::thresholds;
+using paragraphBreaks::thresholds;
 
 } // namespace
 

@@ -7,7 +7,7 @@
 
 namespace quorra::model {
 
-namespace paragraph_breaks {
+namespace paragraphBreaks {
 
 /// Baseline distances and lengths in em are multiples of the text's font size.
 struct Thresholds
@@ -39,7 +39,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace paragraph_breaks
+} // namespace paragraphBreaks
 
 /// Decides between which text lines of a column one paragraph ends and the next begins. The lines must outlive it.
 class ParagraphBreaks

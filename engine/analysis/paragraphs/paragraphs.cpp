@@ -16,7 +16,7 @@ namespace quorra::model {
 namespace {
 
 using paragraphs::thresholds;
-constexpr const text_lines::Thresholds &lineThresholds = text_lines::thresholds;
+constexpr const textLines::Thresholds &lineThresholds = textLines::thresholds;
 
 // Whether most words have fixed pitch. The line ends of such text are kept.
 bool isFixedPitch(const std::vector<Line> &lines)

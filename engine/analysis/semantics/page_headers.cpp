@@ -11,7 +11,7 @@ namespace quorra::model {
 
 namespace {
 
-using page_headers::thresholds;
+using pageHeaders::thresholds;
 
 struct EdgeLine
 {

@@ -9,7 +9,7 @@
 
 namespace quorra::model {
 
-namespace page_headers {
+namespace pageHeaders {
 
 /// Lengths in em are multiples of the text's font size.
 struct Thresholds
@@ -25,7 +25,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace page_headers
+} // namespace pageHeaders
 
 /// For each page, the words of headers, footers and page numbers: lines at the top or bottom that are repeated on
 /// other pages with nothing but their numbers changed. A document of fewer than three pages has none.

@@ -8,7 +8,7 @@ namespace quorra::model {
 
 namespace {
 
-using cell_columns::thresholds;
+using marginNotes::thresholds;
 
 // The empty strips over the whole height, from left to right. There is at least one word.
 std::vector<std::pair<double, double>> emptyStrips(const WordRefs &words, double minWidth)

@@ -7,7 +7,7 @@
 
 namespace quorra::model {
 
-namespace cell_columns {
+namespace marginNotes {
 
 /// Lengths in em are multiples of the cell's usual font size.
 struct Thresholds
@@ -20,7 +20,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace cell_columns
+} // namespace marginNotes
 
 /// A part of a cell that is read by itself.
 struct CellColumn

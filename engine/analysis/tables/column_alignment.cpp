@@ -13,8 +13,8 @@ namespace quorra::model {
 
 namespace {
 
-using column_alignment::thresholds;
-constexpr double sameEdge = text_lines::thresholds.sameEdge;
+using columnAlignment::thresholds;
+constexpr double sameEdge = textLines::thresholds.sameEdge;
 
 // The largest share of values that are close together, and the middle of those.
 struct Cluster

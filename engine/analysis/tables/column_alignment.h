@@ -5,7 +5,7 @@
 
 namespace quorra::model {
 
-namespace column_alignment {
+namespace columnAlignment {
 
 struct Thresholds
 {
@@ -16,7 +16,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace column_alignment
+} // namespace columnAlignment
 
 /// Gives the cells of each column the alignment that their texts share: numbers of unequal length agree in their right
 /// edges, however much space a single cell has on its sides. Texts that are placed otherwise follow the others of their

@@ -10,7 +10,7 @@ namespace quorra::model {
 
 namespace {
 
-using ruled_tables::thresholds;
+using ruledTables::thresholds;
 
 /// Groups of rules that touch one another.
 class Groups

@@ -9,7 +9,7 @@
 
 namespace quorra::model {
 
-namespace ruled_tables {
+namespace ruledTables {
 
 /// Lengths in em are multiples of the text's font size.
 struct Thresholds
@@ -25,9 +25,9 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace ruled_tables
+} // namespace ruledTables
 
-namespace split_rows {
+namespace splitRows {
 
 /// Lengths in em are multiples of the text's font size.
 struct Thresholds
@@ -43,7 +43,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace split_rows
+} // namespace splitRows
 
 /// A table whose cells are known, while their words do not form paragraphs yet.
 struct TableWords

@@ -10,7 +10,7 @@ namespace quorra::model {
 
 namespace {
 
-using split_rows::thresholds;
+using splitRows::thresholds;
 
 struct BandCell
 {
@@ -74,7 +74,7 @@ void splitBand(TableWords &found, int row, const std::vector<BandCell> &band, co
     for (std::size_t i = 1; i < baselines.size(); ++i) {
         const double above = baselines[i - 1] + thresholds.minDescent * size;
         edges.push_back(
-            std::max(above, (baselines[i - 1] + baselines[i] - text_lines::thresholds.capHeight * size) / 2));
+            std::max(above, (baselines[i - 1] + baselines[i] - textLines::thresholds.capHeight * size) / 2));
     }
     edges.insert(edges.end(), table.rowEdges.begin() + row + 1, table.rowEdges.end());
     std::vector<Cell> cells;

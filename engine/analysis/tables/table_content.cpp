@@ -14,7 +14,7 @@ namespace quorra::model {
 
 namespace {
 
-using table_content::thresholds;
+using tableContent::thresholds;
 
 // The colour of the fill that was drawn last under the centre of the cell; none for white and for fills of the page.
 std::optional<Colour> backgroundOf(const Cell &cell, const Table &table, const std::vector<Fill> &fills)

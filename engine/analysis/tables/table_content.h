@@ -5,7 +5,7 @@
 
 namespace quorra::model {
 
-namespace table_content {
+namespace tableContent {
 
 struct Thresholds
 {
@@ -19,7 +19,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace table_content
+} // namespace tableContent
 
 /// Turns the words of each cell into paragraphs, with their alignment, sets the cells' backgrounds, and counts the
 /// header rows. The paragraphs' styles are added to `styles`.

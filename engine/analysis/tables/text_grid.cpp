@@ -10,14 +10,14 @@ namespace quorra::model {
 
 namespace {
 
-using text_grid::thresholds;
+using textGrid::thresholds;
 
 // The share of values close to their median.
 double alignedShare(const std::vector<double> &values)
 {
     const double middle = median(values);
     const auto near = std::count_if(values.begin(), values.end(), [middle](double value) {
-        return std::abs(value - middle) <= text_lines::thresholds.sameEdge;
+        return std::abs(value - middle) <= textLines::thresholds.sameEdge;
     });
     return static_cast<double>(near) / static_cast<double>(std::max<std::size_t>(1, values.size()));
 }

@@ -7,7 +7,7 @@
 
 namespace quorra::model {
 
-namespace text_grid {
+namespace textGrid {
 
 /// Lengths in em are multiples of the text's font size.
 struct Thresholds
@@ -55,7 +55,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace text_grid
+} // namespace textGrid
 
 /// Text lines divided into columns by the empty strips that run through them.
 class TextGrid

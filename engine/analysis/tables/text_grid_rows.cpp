@@ -11,7 +11,7 @@ namespace quorra::model {
 
 namespace {
 
-using text_grid::thresholds;
+using textGrid::thresholds;
 
 bool startsInLowerCase(const WordRefs &words)
 {

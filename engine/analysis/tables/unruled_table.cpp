@@ -11,8 +11,8 @@ namespace quorra::model {
 
 namespace {
 
-using unruled_tables::thresholds;
-constexpr double minCellGap = text_grid::thresholds.minCellGap;
+using unruledTables::thresholds;
+constexpr double minCellGap = textGrid::thresholds.minCellGap;
 
 struct LineRange
 {
@@ -60,7 +60,7 @@ bool isHeadingOver(const TextLine &upper, const TextLine &lower, const std::vect
     return lower.baseline - upper.baseline < thresholds.maxHeadingStep * lower.size &&
            std::any_of(horizontal.begin(), horizontal.end(), [&](const Rule &rule) {
                return rule.y1 > upper.box.centreY() && rule.y1 < lower.box.centreY() && rule.x1 < upper.box.centreX() &&
-                      rule.x2 > upper.box.centreX() && rule.length() < text_grid::thresholds.minFullRule * whole;
+                      rule.x2 > upper.box.centreX() && rule.length() < textGrid::thresholds.minFullRule * whole;
            });
 }
 

@@ -8,7 +8,7 @@
 
 namespace quorra::model {
 
-namespace unruled_tables {
+namespace unruledTables {
 
 /// Lengths in em are multiples of the text's font size; see also the thresholds of text_grid.h.
 struct Thresholds
@@ -28,7 +28,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace unruled_tables
+} // namespace unruledTables
 
 /// A table found among text lines: it replaces the lines [firstLine, lastLine].
 struct UnruledTable

@@ -11,7 +11,7 @@ namespace quorra::model {
 namespace {
 
 using superscripts::thresholds;
-constexpr const text_lines::Thresholds &lineThresholds = text_lines::thresholds;
+constexpr const textLines::Thresholds &lineThresholds = textLines::thresholds;
 
 using Words = std::vector<Word>;
 

@@ -11,7 +11,7 @@ namespace quorra::model {
 
 namespace {
 
-using text_lines::thresholds;
+using textLines::thresholds;
 
 double sharedHeight(const Box &a, const Box &b)
 {

@@ -10,7 +10,7 @@
 
 namespace quorra::model {
 
-namespace text_lines {
+namespace textLines {
 
 /// Lengths in em are multiples of the font size of the text that is looked at.
 struct Thresholds
@@ -36,7 +36,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace text_lines
+} // namespace textLines
 
 /// Words of a raw page, which must outlive the list.
 using WordRefs = std::vector<const RawWord *>;

@@ -7,8 +7,8 @@ namespace quorra::model {
 
 namespace {
 
-using word_fragments::thresholds;
-constexpr const text_lines::Thresholds &lineThresholds = text_lines::thresholds;
+using wordFragments::thresholds;
+constexpr const textLines::Thresholds &lineThresholds = textLines::thresholds;
 
 } // namespace
 

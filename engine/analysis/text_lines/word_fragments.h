@@ -7,7 +7,7 @@
 
 namespace quorra::model {
 
-namespace word_fragments {
+namespace wordFragments {
 
 /// Lengths in em of the word before; see also the thresholds of superscripts and subscripts in text_lines.h.
 struct Thresholds
@@ -18,7 +18,7 @@ struct Thresholds
 
 inline constexpr Thresholds thresholds;
 
-} // namespace word_fragments
+} // namespace wordFragments
 
 /// Whether `next`, which follows `word` in the raw page's order, is a fragment of the same word. The PDF library knows
 /// from the file which fragments are one word, subscripts of subscripts included; this only rejects what is too far
