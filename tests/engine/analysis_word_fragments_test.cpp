@@ -105,7 +105,7 @@ private Q_SLOTS:
         page.raw().words.push_back(fragment(QStringLiteral("2"), 215, 4, 305, 8));
         page.raw().words.back().spaceAfter = true;
         const Document document = page.build();
-        const QString all = paragraphTexts(document).join(QLatin1Char('\n'));
+        const QString all = (labelTexts(document) + paragraphTexts(document)).join(QLatin1Char('\n'));
         QVERIFY2(all.contains(QStringLiteral("g2")), qPrintable(all));
     }
 

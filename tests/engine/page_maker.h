@@ -109,6 +109,22 @@ inline QStringList paragraphTexts(const quorra::model::Document &document)
     return texts;
 }
 
+/// The texts of all labels of figures on the first page, in reading order.
+inline QStringList labelTexts(const quorra::model::Document &document)
+{
+    QStringList texts;
+    for (const auto &section : document.pages.front().sections) {
+        for (const auto &block : section.blocks) {
+            if (const auto *figure = block.figure()) {
+                for (const auto &label : figure->labels) {
+                    texts += quorra::model::plainText(label);
+                }
+            }
+        }
+    }
+    return texts;
+}
+
 /// The first table of the first page; null if there is none.
 inline const quorra::model::Table *firstTable(const quorra::model::Document &document)
 {
