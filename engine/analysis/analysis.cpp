@@ -5,6 +5,7 @@
 #include "document/rotation.h"
 #include "figures/figures.h"
 #include "page_builder.h"
+#include "paragraphs/paragraph_borders.h"
 #include "semantics/captions.h"
 #include "semantics/page_headers.h"
 #include "semantics/roles.h"
@@ -27,7 +28,7 @@ namespace {
 void takeStyles(Page &page, StyleTable &styles)
 {
     std::unordered_map<const Style *, StyleRef> known;
-    office::forEachParagraph(page, [&](Paragraph &paragraph) {
+    model::forEachParagraph(page, [&](Paragraph &paragraph) {
         for (Line &line : paragraph.lines) {
             for (Word &word : line.words) {
                 const Style *own = &*word.style;
@@ -51,7 +52,7 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
         rotations.push_back(mainRotation(page));
         page = turnedUpright(std::move(page), rotations.back());
     }
-    const auto heads = findRunningHeads(pages);
+    const auto heads = findPageHeaders(pages);
     Document document;
     document.pages.resize(pages.size());
     std::vector<StyleTable> styles(pages.size());
@@ -67,7 +68,9 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
     markContinuations(document);
     for (std::size_t i = 0; i < rotations.size(); ++i) {
         Page &page = document.pages[i];
+        findParagraphBorders(page);
         turnBack(page, rotations[i]);
+        separateFooter(page);
         findFiguresBehindText(page);
         registerFigures(page, document);
         linkCaptions(page);

@@ -50,7 +50,7 @@ void addPageHeaders(Page &page, const WordRefs &heads, StyleTable &styles)
     for (const TextLine &row : textLinesOf(std::move(upright))) {
         for (Paragraph &paragraph : paragraphsOf({row}, whole, styles)) {
             paragraph.role = Role::PageHeader;
-            page.runningHeads.push_back({std::move(paragraph), 0});
+            page.header.push_back(std::move(paragraph));
         }
     }
 }
@@ -95,7 +95,7 @@ void addTurnedText(
         for (Paragraph &paragraph : turnedParagraphs(
                  raw, rotation, [&](const RawWord *w) { return heads.count(w) > 0; }, styles)) {
             paragraph.role = Role::PageHeader;
-            page.runningHeads.push_back({std::move(paragraph), 0});
+            page.header.push_back(std::move(paragraph));
         }
     }
 }

@@ -8,7 +8,8 @@
 
 namespace quorra::model {
 
-/// Builds one page whose text runs upright (see turnedUpright). `heads` are the words of its running heads.
+/// Builds one page whose text runs upright (see turnedUpright). `heads` are the words of its header and footer; what
+/// they make is all in Page::header.
 Page buildPage(const RawPage &raw, const std::set<const RawWord *> &heads, StyleTable &styles);
 
 } // namespace quorra::model

@@ -39,7 +39,7 @@ void convertToMarkup(const Job &job, bool xhtml)
     PagePictureSource drawn(job.document, document, quality, model::DrawingWords::InPicture);
     PrefetchedPictures pictures(quality, copies, document, drawn);
     fitToOptions(document, job.options);
-    office::reduceColours(document, job.options.colourDepth);
+    model::reduceColours(document, job.options.colourDepth);
     OutputDevice device(file);
     writeHtml(device, document, pictures, {xhtml, titleOf(job.options.inputPath)});
     file.commit();

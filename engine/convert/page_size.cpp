@@ -10,8 +10,8 @@ void fitToOptions(model::Document &document, const Options &options)
 {
     for (model::Page &page : document.pages) {
         if (const std::optional<PaperSize> paper = paperSize(options, page.width, page.height)) {
-            const office::Transform transform{paper->width / page.width, paper->height / page.height, 0, 0};
-            office::transformPage(page, document.styles, transform, paper->width, paper->height);
+            const model::Transform transform{paper->width / page.width, paper->height / page.height, 0, 0};
+            model::transformPage(page, document.styles, transform, paper->width, paper->height);
         }
     }
 }

@@ -22,7 +22,7 @@ void convertToXml(const Job &job)
     model::Document document =
         model::buildDocument(collectPages(copies, job.firstPage, job.pageCount(), Collect::Everything), forEachPage);
     fitToOptions(document, job.options);
-    office::reduceColours(document, job.options.colourDepth);
+    model::reduceColours(document, job.options.colourDepth);
     OutputDevice device(file);
     writeXml(device, document);
     file.commit();

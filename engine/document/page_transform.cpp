@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace quorra::office {
+namespace quorra::model {
 
 namespace {
 
@@ -15,7 +15,7 @@ class Mover
 {
 public:
     /// From `page`, as it is before, to the size given; sizes of type are added to the styles.
-    Mover(const Transform &transform, const model::Page &page, double width, double height, model::StyleTable &styles)
+    Mover(const Transform &transform, const Page &page, double width, double height, StyleTable &styles)
         : m_t(transform)
         , m_size(std::min(transform.scaleX, transform.scaleY))
         , m_widthBefore(page.width)
@@ -28,9 +28,9 @@ public:
     double x(double value) const { return value * m_t.scaleX + m_t.shiftX; }
     double y(double value) const { return value * m_t.scaleY + m_t.shiftY; }
     void move(Box &box) const { box = {x(box.left), y(box.top), x(box.right), y(box.bottom)}; }
-    void move(model::Border &border) const { border.width *= m_size; }
+    void move(Border &border) const { border.width *= m_size; }
 
-    void move(model::Rule &rule) const
+    void move(Rule &rule) const
     {
         rule.x1 = x(rule.x1);
         rule.x2 = x(rule.x2);
@@ -39,7 +39,7 @@ public:
         rule.width *= m_size;
     }
 
-    void move(model::Paragraph &paragraph) const
+    void move(Paragraph &paragraph) const
     {
         const bool turned = paragraph.rotation % 180 != 0;
         const double alongLines = turned ? m_t.scaleY : m_t.scaleX;
@@ -49,11 +49,17 @@ public:
         }
         paragraph.spaceBefore *= acrossLines;
         paragraph.lineDistance *= acrossLines;
+        for (ParagraphBorder *border : {&paragraph.borderAbove, &paragraph.borderBelow}) {
+            move(border->line);
+            border->gap *= acrossLines;
+            border->start *= alongLines;
+            border->length *= alongLines;
+        }
         move(paragraph.box);
-        for (model::Line &line : paragraph.lines) {
+        for (Line &line : paragraph.lines) {
             move(line.box);
             line.baseline = baseline(line.baseline, line.rotation);
-            for (model::Word &word : line.words) {
+            for (Word &word : line.words) {
                 move(word.box);
                 word.baseline = baseline(word.baseline, word.rotation);
                 word.style = scaled(word.style);
@@ -61,16 +67,16 @@ public:
         }
     }
 
-    void move(model::Block &block) const
+    void move(Block &block) const
     {
-        if (model::Figure *figure = block.figure()) {
+        if (Figure *figure = block.figure()) {
             move(figure->box);
-        } else if (model::Table *table = block.table()) {
+        } else if (Table *table = block.table()) {
             move(table->box);
             moveEdges(*table);
-            for (model::Cell &cell : table->cells) {
+            for (Cell &cell : table->cells) {
                 move(cell.box);
-                for (model::Border *border : {&cell.left, &cell.top, &cell.right, &cell.bottom}) {
+                for (Border *border : {&cell.left, &cell.top, &cell.right, &cell.bottom}) {
                     move(*border);
                 }
             }
@@ -79,10 +85,10 @@ public:
 
 private:
     // A table's edges count where it stands upright: over the page as shown to where they lie, and back.
-    void moveEdges(model::Table &table) const
+    void moveEdges(Table &table) const
     {
-        const model::Turn before = model::turnToPage(table.rotation, m_widthBefore, m_heightBefore);
-        const model::Turn after = model::turnToPage(table.rotation, m_width, m_height).back();
+        const Turn before = turnToPage(table.rotation, m_widthBefore, m_heightBefore);
+        const Turn after = turnToPage(table.rotation, m_width, m_height).back();
         const auto moved = [&](double uprightX, double uprightY) {
             const auto [pageX, pageY] = before.point(uprightX, uprightY);
             return after.point(x(pageX), y(pageY));
@@ -97,9 +103,9 @@ private:
 
     double baseline(double value, int rotation) const { return rotation % 180 == 0 ? y(value) : x(value); }
 
-    model::StyleRef scaled(model::StyleRef style) const
+    StyleRef scaled(StyleRef style) const
     {
-        model::Style own = *style;
+        Style own = *style;
         own.size *= m_size;
         return m_styles.add(own);
     }
@@ -110,7 +116,7 @@ private:
     double m_heightBefore;
     double m_width;
     double m_height;
-    model::StyleTable &m_styles;
+    StyleTable &m_styles;
 };
 
 Colour reduced(Colour colour, ColourDepth depth, Colour inMono)
@@ -130,39 +136,47 @@ Colour reduced(Colour colour, ColourDepth depth, Colour inMono)
 
 } // namespace
 
-void transformPage(
-    model::Page &page, model::StyleTable &styles, const Transform &transform, double width, double height)
+void transformPage(Page &page, StyleTable &styles, const Transform &transform, double width, double height)
 {
     const Mover mover(transform, page, width, height, styles);
     page.width = width;
     page.height = height;
     mover.move(page.content);
-    for (model::Section &section : page.sections) {
+    for (Section &section : page.sections) {
         std::for_each(section.columns.begin(), section.columns.end(), [&](Box &box) { mover.move(box); });
     }
-    forEachBlock(page, [&](model::Block &block) { mover.move(block); });
-    std::for_each(page.runningHeads.begin(), page.runningHeads.end(), [&](model::Block &block) { mover.move(block); });
-    std::for_each(page.rules.begin(), page.rules.end(), [&](model::Rule &rule) { mover.move(rule); });
-    std::for_each(page.fills.begin(), page.fills.end(), [&](model::Fill &fill) { mover.move(fill.box); });
-    forEachParagraph(page, [&](model::Paragraph &paragraph) { mover.move(paragraph); });
+    forEachBlock(page, [&](Block &block) { mover.move(block); });
+    std::for_each(page.rules.begin(), page.rules.end(), [&](Rule &rule) { mover.move(rule); });
+    std::for_each(page.fills.begin(), page.fills.end(), [&](Fill &fill) { mover.move(fill.box); });
+    forEachParagraph(page, [&](Paragraph &paragraph) { mover.move(paragraph); });
 }
 
-void reduceColours(model::Document &document, ColourDepth depth)
+void reduceColours(Document &document, ColourDepth depth)
 {
     if (depth == ColourDepth::Colour) {
         return;
     }
     const auto dark = [depth](Colour &colour) { colour = reduced(colour, depth, black); };
     const auto light = [depth](Colour &colour) { colour = reduced(colour, depth, white); };
-    document.styles.edit([&](model::Style &style) { dark(style.colour); });
-    for (model::Page &page : document.pages) {
-        std::for_each(page.rules.begin(), page.rules.end(), [&](model::Rule &rule) { dark(rule.colour); });
+    document.styles.edit([&](Style &style) { dark(style.colour); });
+    for (Page &page : document.pages) {
+        std::for_each(page.rules.begin(), page.rules.end(), [&](Rule &rule) { dark(rule.colour); });
         // Black text must stay readable: backgrounds vanish in black and white.
-        std::for_each(page.fills.begin(), page.fills.end(), [&](model::Fill &fill) { light(fill.colour); });
-        forEachBlock(page, [&](model::Block &block) {
-            if (model::Table *table = block.table()) {
-                for (model::Cell &cell : table->cells) {
-                    for (model::Border *border : {&cell.left, &cell.top, &cell.right, &cell.bottom}) {
+        std::for_each(page.fills.begin(), page.fills.end(), [&](Fill &fill) { light(fill.colour); });
+        forEachParagraph(page, [&](Paragraph &paragraph) {
+            dark(paragraph.borderAbove.line.colour);
+            dark(paragraph.borderBelow.line.colour);
+            if (paragraph.shading) {
+                light(*paragraph.shading);
+            }
+            if (paragraph.shading == white) {
+                paragraph.shading.reset();
+            }
+        });
+        forEachBlock(page, [&](Block &block) {
+            if (Table *table = block.table()) {
+                for (Cell &cell : table->cells) {
+                    for (Border *border : {&cell.left, &cell.top, &cell.right, &cell.bottom}) {
                         dark(border->colour);
                     }
                     if (cell.background) {
@@ -174,4 +188,4 @@ void reduceColours(model::Document &document, ColourDepth depth)
     }
 }
 
-} // namespace quorra::office
+} // namespace quorra::model

@@ -171,8 +171,10 @@ void turnBack(Page &page, int rotation)
             apply(turn, block);
         }
     }
-    for (Block &block : page.runningHeads) {
-        apply(turn, block);
+    for (auto *edge : {&page.header, &page.footer}) {
+        for (Paragraph &paragraph : *edge) {
+            apply(turn, paragraph);
+        }
     }
     for (Rule &rule : page.rules) {
         turn.apply(rule);

@@ -213,6 +213,19 @@ double largestSize(const Paragraph &paragraph)
     return largest > 0 ? largest : usualSize;
 }
 
+double meanFontSize(const Paragraph &paragraph)
+{
+    double sum = 0;
+    double letters = 0;
+    for (const Line &line : paragraph.lines) {
+        for (const Word &word : line.words) {
+            sum += word.style->size * static_cast<double>(word.text.size());
+            letters += static_cast<double>(word.text.size());
+        }
+    }
+    return sum / std::max(1.0, letters);
+}
+
 std::vector<std::vector<Run>> preformattedLines(const Paragraph &paragraph)
 {
     std::vector<std::vector<Run>> lines;

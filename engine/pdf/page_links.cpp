@@ -2,6 +2,7 @@
 #include "page_links.h"
 
 #include "document/link.h"
+#include "document/rotation.h"
 
 #include <Annot.h>
 #include <Link.h>
@@ -56,16 +57,7 @@ Box shownBox(const Page &page, double x1, double y1, double x2, double y2)
     const double width = crop->x2 - crop->x1;
     const double height = crop->y2 - crop->y1;
     const Box flat{x1 - crop->x1, crop->y2 - y2, x2 - crop->x1, crop->y2 - y1};
-    switch (page.getRotate()) {
-    case 90:
-        return {height - flat.bottom, flat.left, height - flat.top, flat.right};
-    case 180:
-        return {width - flat.right, height - flat.bottom, width - flat.left, height - flat.top};
-    case 270:
-        return {flat.top, width - flat.right, flat.bottom, width - flat.left};
-    default:
-        return flat;
-    }
+    return model::Turn{page.getRotate() / 90, width, height}.box(flat);
 }
 
 } // namespace

@@ -25,7 +25,7 @@ std::vector<PageOfFigures> pagesWithFigures(const model::Document &document)
     std::vector<PageOfFigures> pages;
     for (const model::Page &page : document.pages) {
         std::vector<const model::Figure *> figures;
-        office::forEachBlock(page, [&figures](const model::Block &block) {
+        model::forEachBlock(page, [&figures](const model::Block &block) {
             if (const model::Figure *figure = block.figure()) {
                 figures.push_back(figure);
             }

@@ -132,7 +132,7 @@ PagePictureSource::PagePictureSource(
     , m_drawn(std::make_unique<std::array<Drawn, 2>>())
 {
     for (const model::Page &page : document.pages) {
-        office::forEachBlock(page, [&](const model::Block &block) {
+        model::forEachBlock(page, [&](const model::Block &block) {
             if (const model::Figure *figure = block.figure()) {
                 const model::FigureRegion &region = m_figures.at(static_cast<std::size_t>(figure->id));
                 Box &area = m_expected[{region.page, hasText(figure->kind, words)}];

@@ -16,7 +16,7 @@ std::vector<const Figure *> figuresOf(const Document &document)
 {
     std::vector<const Figure *> figures;
     for (const Page &page : document.pages) {
-        office::forEachBlock(page, [&figures](const Block &block) {
+        model::forEachBlock(page, [&figures](const Block &block) {
             if (block.figure()) {
                 figures.push_back(block.figure());
             }

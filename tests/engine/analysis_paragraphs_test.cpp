@@ -157,7 +157,7 @@ private Q_SLOTS:
         QCOMPARE(counted->listItem->mark, QStringLiteral("2."));
     }
 
-    void findsRunningHeads()
+    void findsHeadersAndFooters()
     {
         std::vector<RawPage> pages;
         for (int number = 1; number <= 4; ++number) {
@@ -169,7 +169,8 @@ private Q_SLOTS:
         }
         const Document document = buildDocument(pages);
         for (const Page &page : document.pages) {
-            QCOMPARE(page.runningHeads.size(), std::size_t(2));
+            QCOMPARE(page.header.size(), std::size_t(1));
+            QCOMPARE(page.footer.size(), std::size_t(1));
         }
         QVERIFY(!paragraphWith(document, QStringLiteral("report")));
     }

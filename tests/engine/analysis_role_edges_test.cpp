@@ -118,7 +118,7 @@ bool hasHeader(const std::vector<double> &baselines, double gap)
         page.lines(60, baseline + gap * em, prose(40, letters(static_cast<double>(pages.size()) + 3)));
         pages.push_back(page.raw());
     }
-    return !findRunningHeads(pages).front().empty();
+    return !findPageHeaders(pages).front().empty();
 }
 
 std::vector<Edge> headerEdges()

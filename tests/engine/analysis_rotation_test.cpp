@@ -115,7 +115,7 @@ QStringList cellStyles(const QString &html)
 Document scaled(Document document, double scaleX, double scaleY)
 {
     for (Page &page : document.pages) {
-        office::transformPage(
+        model::transformPage(
             page, document.styles, {scaleX, scaleY, 7, 11}, page.width * scaleX + 14, page.height * scaleY + 22);
     }
     return document;

@@ -139,7 +139,7 @@ private Q_SLOTS:
         QCOMPARE(text.count(QStringLiteral("vertical-align:middle")), 1);
     }
 
-    void setsPartsOfRunningHeadsApart()
+    void setsPartsOfPageHeadersApart()
     {
         std::vector<RawPage> pages;
         for (int number = 1; number <= 3; ++number) {

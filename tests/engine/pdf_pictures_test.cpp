@@ -111,7 +111,7 @@ private Q_SLOTS:
         PagePictureSource source(file, document, coarse, DrawingWords::InPicture);
         const QByteArray before = source.encode(figureAt(document, 0, 2), DrawingWords::InPicture).bytes;
         const QByteArray other = source.encode(figureAt(document, 0, 0), DrawingWords::InPicture).bytes;
-        office::transformPage(document.pages[0], document.styles, {0.5, 0.25, 7, 9}, 300, 200);
+        model::transformPage(document.pages[0], document.styles, {0.5, 0.25, 7, 9}, 300, 200);
         QCOMPARE(figureAt(document, 0, 2).box, (Box{43, 84, 157, 114}));
         QCOMPARE(source.encode(figureAt(document, 0, 2), DrawingWords::InPicture).bytes, before);
         QVERIFY(before != other);

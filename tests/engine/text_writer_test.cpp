@@ -63,7 +63,7 @@ private Q_SLOTS:
         QVERIFY(pageAsText(page.build().pages.front()).endsWith(QStringLiteral("and\n\n• an entry\n• an entry\n")));
     }
 
-    void putsRunningHeadsAtTheirEnds()
+    void putsHeaderAndFooterAtTheirEnds()
     {
         std::vector<RawPage> pages;
         for (int number = 1; number <= 3; ++number) {

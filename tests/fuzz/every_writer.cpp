@@ -45,7 +45,7 @@ model::Document copyOf(const model::Document &document)
     copy.pages = document.pages;
     copy.figures = document.figures;
     for (model::Page &page : copy.pages) {
-        office::forEachParagraph(page, [&copy](model::Paragraph &paragraph) {
+        model::forEachParagraph(page, [&copy](model::Paragraph &paragraph) {
             for (model::Line &line : paragraph.lines) {
                 for (model::Word &word : line.words) {
                     word.style = copy.styles.add(*word.style);
@@ -139,7 +139,7 @@ void addOnOtherPaper(Outputs &outputs, model::Document document)
     options.height = 500;
     FewPictures pictures;
     fitToOptions(document, options);
-    office::reduceColours(document, ColourDepth::Gray);
+    model::reduceColours(document, ColourDepth::Gray);
     outputs.addXml("xml on other paper", [&](QIODevice &out) { writeXml(out, document); });
     outputs.addOffice("word on other paper", office::OdfKind::Text, [&](office::OdfFile &file) {
         office::writeFramed(file, document, pictures);

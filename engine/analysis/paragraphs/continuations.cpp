@@ -30,15 +30,7 @@ bool flows(const Paragraph &paragraph)
 // The mean font size in whole points. A paragraph continues in one of its size; notes and captions stand in between.
 int sizeClass(const Paragraph &paragraph)
 {
-    double sum = 0;
-    double letters = 0;
-    for (const Line &line : paragraph.lines) {
-        for (const Word &word : line.words) {
-            sum += word.style->size * static_cast<double>(word.text.size());
-            letters += static_cast<double>(word.text.size());
-        }
-    }
-    return static_cast<int>(std::lround(sum / std::max(1.0, letters)));
+    return static_cast<int>(std::lround(meanFontSize(paragraph)));
 }
 
 using LastOfSize = std::map<int, Paragraph *>;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace quorra::model {
@@ -114,7 +115,7 @@ void addRotatedStamps(
 
 } // namespace
 
-std::vector<std::set<const RawWord *>> findRunningHeads(const std::vector<RawPage> &pages)
+std::vector<std::set<const RawWord *>> findPageHeaders(const std::vector<RawPage> &pages)
 {
     std::vector<std::set<const RawWord *>> heads(pages.size());
     if (pages.size() < thresholds.minPages) {
@@ -149,6 +150,15 @@ std::vector<std::set<const RawWord *>> findRunningHeads(const std::vector<RawPag
         }
     }
     return heads;
+}
+
+void separateFooter(Page &page)
+{
+    const auto lower = std::stable_partition(page.header.begin(), page.header.end(), [&page](const Paragraph &each) {
+        return each.box.centreY() < page.height / 2;
+    });
+    page.footer.insert(page.footer.end(), std::make_move_iterator(lower), std::make_move_iterator(page.header.end()));
+    page.header.erase(lower, page.header.end());
 }
 
 } // namespace quorra::model

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "document/document.h"
 #include "text_lines/text_lines.h"
 
 #include <cstddef>
@@ -29,6 +30,9 @@ inline constexpr Thresholds thresholds;
 
 /// For each page, the words of headers, footers and page numbers: lines at the top or bottom that are repeated on
 /// other pages with nothing but their numbers changed. A document of fewer than three pages has none.
-std::vector<std::set<const RawWord *>> findRunningHeads(const std::vector<RawPage> &pages);
+std::vector<std::set<const RawWord *>> findPageHeaders(const std::vector<RawPage> &pages);
+
+/// Moves what stands in the lower half of the page, as it is shown, from its header to its footer.
+void separateFooter(Page &page);
 
 } // namespace quorra::model

@@ -26,7 +26,7 @@ int tenths(double size)
 }
 
 template <typename Use>
-void forEachParagraph(Document &document, Use use)
+void forEachBodyParagraph(Document &document, Use use)
 {
     for (Page &page : document.pages) {
         for (Section &section : page.sections) {
@@ -86,7 +86,7 @@ double bodySize(Document &document)
         }
     };
     for (const Page &page : document.pages) {
-        office::forEachBlock(page, [&count](const Block &block) {
+        model::forEachBlock(page, [&count](const Block &block) {
             if (const Paragraph *paragraph = block.paragraph()) {
                 count(*paragraph);
             } else if (const Figure *figure = block.figure()) {
@@ -105,7 +105,7 @@ double bodySize(Document &document)
 std::vector<double> headingSizes(Document &document, double body)
 {
     std::vector<double> sizes;
-    forEachParagraph(document, [&](const Page &, const Paragraph &paragraph) {
+    forEachBodyParagraph(document, [&](const Page &, const Paragraph &paragraph) {
         const double size = sizeOf(paragraph);
         if (paragraph.role == Role::Body && size > thresholds.minHeadingSize * body &&
             isHeadingLike(paragraph, plainText(paragraph))) {
@@ -189,7 +189,7 @@ void assignRoles(Document &document)
 {
     const double body = bodySize(document);
     const std::vector<double> ranks = headingSizes(document, body);
-    forEachParagraph(document, [&](const Page &page, Paragraph &paragraph) {
+    forEachBodyParagraph(document, [&](const Page &page, Paragraph &paragraph) {
         if (paragraph.role == Role::Body) {
             assignRole(page, paragraph, body, ranks);
         }

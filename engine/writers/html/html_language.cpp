@@ -58,7 +58,7 @@ QString languageOf(const model::Document &document)
 {
     LetterCount letters;
     for (const model::Page &page : document.pages) {
-        office::forEachParagraph(page, [&letters](const model::Paragraph &paragraph) {
+        model::forEachParagraph(page, [&letters](const model::Paragraph &paragraph) {
             const QString text = model::plainText(paragraph);
             for (const QChar c : text) {
                 count(letters, c);

@@ -33,7 +33,7 @@ QString tagOf(const Paragraph &paragraph)
     return isHeading(paragraph) ? QStringLiteral("h%1").arg(paragraph.headingLevel) : QStringLiteral("p");
 }
 
-// The words of a running head as its parts: a page number at one end and a title at the other are not one text.
+// The words of a page header as its parts: a page number at one end and a title at the other are not one text.
 Lines headParts(const Paragraph &head)
 {
     Lines parts;
@@ -124,9 +124,10 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
         xml, preformatted.empty() ? tagOf(paragraph) : QStringLiteral("pre"),
         paragraph.role == Role::Caption ? "caption" : nullptr);
     writeStyle(
-        xml, joinedStyle(
-                 {paragraphStyle(place, text.style, context.usual), borderStyle("border-top", context.decoration.above),
-                  borderStyle("border-bottom", context.decoration.below)}));
+        xml,
+        joinedStyle(
+            {paragraphStyle(place, text.style, context.usual), borderStyle("border-top", paragraph.borderAbove.line),
+             borderStyle("border-bottom", paragraph.borderBelow.line)}));
     writeDirection(xml, paragraph.rightToLeft);
     xml.writeCharacters(QString());
     if (!preformatted.empty()) {
@@ -155,17 +156,16 @@ void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const Parag
     writeInline(xml, runs, text);
 }
 
-void writeHtmlRunningHead(
-    QXmlStreamWriter &xml, const Page &page, const Paragraph &head, const ParagraphContext &context)
+void writeHtmlPageHeader(
+    QXmlStreamWriter &xml, const QString &element, const Page &page, const Paragraph &head,
+    const ParagraphContext &context)
 {
     const Lines parts = headParts(head);
     const std::vector<Run> runs = model::runsOf(head);
     const TextContext text = textContext(head, runs, context);
     const bool turned = head.rotation != 0;
     const bool spread = parts.size() > 1 && !turned;
-    const XmlElement element = startBlock(
-        xml, head.box.centreY() < page.height / 2 ? QStringLiteral("header") : QStringLiteral("footer"),
-        spread ? "parts" : nullptr);
+    const XmlElement block = startBlock(xml, element, spread ? "parts" : nullptr);
     writeStyle(
         xml, joinedStyle(
                  {paragraphStyle(head, text.style, context.usual),

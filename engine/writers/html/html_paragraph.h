@@ -2,7 +2,6 @@
 #pragma once
 
 #include "document/document.h"
-#include "document/paragraph_borders.h"
 
 class QXmlStreamWriter;
 
@@ -11,8 +10,7 @@ namespace quorra {
 /// What surrounds a paragraph.
 struct ParagraphContext
 {
-    model::Style usual;            ///< the style of the text around it
-    office::Decoration decoration; ///< separator lines; its background is the surrounding element's
+    model::Style usual; ///< the style of the text around it
     /// The background that it has on the page is missing: text too light for white paper becomes black.
     bool lostBackground = false;
 };
@@ -24,8 +22,10 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const model::Paragraph &paragraph
 /// Writes the text of a list's entry, into the element that is open, with its mark when the mark counts.
 void writeHtmlListText(QXmlStreamWriter &xml, const model::Paragraph &item, const ParagraphContext &context);
 
-/// Writes a running head of the page at the side where it stands; parts with wide gaps between them lie apart.
-void writeHtmlRunningHead(
-    QXmlStreamWriter &xml, const model::Page &page, const model::Paragraph &head, const ParagraphContext &context);
+/// Writes a paragraph of the header or footer of the page, as the element of that name, at the side where it stands;
+/// parts with wide gaps between them lie apart.
+void writeHtmlPageHeader(
+    QXmlStreamWriter &xml, const QString &element, const model::Page &page, const model::Paragraph &head,
+    const ParagraphContext &context);
 
 } // namespace quorra

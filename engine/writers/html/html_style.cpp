@@ -128,7 +128,7 @@ Style usualStyle(const model::Document &document)
 {
     model::StyleCount counts;
     for (const model::Page &page : document.pages) {
-        office::forEachBlock(page, [&counts](const model::Block &block) {
+        model::forEachBlock(page, [&counts](const model::Block &block) {
             if (const model::Paragraph *paragraph = block.paragraph()) {
                 count(counts, model::runsOf(*paragraph));
             }

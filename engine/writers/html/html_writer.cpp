@@ -3,7 +3,6 @@
 
 #include "base/xml_text.h"
 #include "document/page_walk.h"
-#include "document/paragraph_borders.h"
 #include "html_language.h"
 #include "html_paragraph.h"
 #include "html_picture.h"
@@ -41,7 +40,7 @@ bool isOnSomething(const Page &page, const Paragraph &paragraph)
     bool found = std::any_of(page.fills.begin(), page.fills.end(), [&text](const model::Fill &fill) {
         return !isFaint(fill.colour) && !intersected(fill.box, text).isEmpty();
     });
-    office::forEachBlock(page, [&](const Block &block) {
+    model::forEachBlock(page, [&](const Block &block) {
         found = found || (block.figure() && !intersected(block.figure()->box, text).isEmpty());
     });
     return found;
@@ -123,19 +122,17 @@ private:
         const XmlElement element = startBlock(m_xml, QStringLiteral("section"), page.scanned ? "page scan" : "page");
         m_xml.writeAttribute(QStringLiteral("id"), QStringLiteral("page-%1").arg(page.number));
         m_xml.writeCharacters(QString()); // an empty page must not become a self-closing element
-        writeHeads(page, true);
+        writePageHeaders(QStringLiteral("header"), page, page.header);
         for (const model::Section &section : page.sections) {
             writeBlocks(page, section);
         }
-        writeHeads(page, false);
+        writePageHeaders(QStringLiteral("footer"), page, page.footer);
     }
 
-    void writeHeads(const Page &page, bool top)
+    void writePageHeaders(const QString &element, const Page &page, const std::vector<Paragraph> &paragraphs)
     {
-        for (const Block &head : page.runningHeads) {
-            if ((head.box().centreY() < page.height / 2) == top && head.paragraph()) {
-                writeHtmlRunningHead(m_xml, page, *head.paragraph(), contextOf(page, *head.paragraph()));
-            }
+        for (const Paragraph &paragraph : paragraphs) {
+            writeHtmlPageHeader(m_xml, element, page, paragraph, contextOf(page, paragraph));
         }
     }
 
@@ -143,12 +140,10 @@ private:
     {
         for (const Block &block : section.blocks) {
             const Paragraph *paragraph = block.paragraph();
-            const office::Decoration decoration =
-                paragraph ? office::decorationOf(page, paragraph->box) : office::Decoration();
             if (!paragraph || !paragraph->listItem) {
                 closeLists(0);
             }
-            setBackground(decoration.background);
+            setBackground(paragraph ? paragraph->shading : std::nullopt);
             if (const Table *table = block.table()) {
                 writeHtmlTable(m_xml, *table, m_usual, isCentred(page, section, block));
             } else if (const Figure *figure = block.figure()) {
@@ -156,9 +151,7 @@ private:
             } else if (paragraph->listItem) {
                 writeListItem(page, *paragraph);
             } else {
-                ParagraphContext context = contextOf(page, *paragraph);
-                context.decoration = decoration;
-                writeHtmlParagraph(m_xml, *paragraph, context);
+                writeHtmlParagraph(m_xml, *paragraph, contextOf(page, *paragraph));
             }
         }
         closeLists(0);
@@ -207,7 +200,7 @@ private:
 
     ParagraphContext contextOf(const Page &page, const Paragraph &paragraph) const
     {
-        return {m_usual, {}, !m_background && isOnSomething(page, paragraph)};
+        return {m_usual, !m_background && isOnSomething(page, paragraph)};
     }
 
     // A figure whose picture cannot be had leaves its labels as text.

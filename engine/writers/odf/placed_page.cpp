@@ -99,9 +99,9 @@ std::vector<TextBlock> textBlocks(const model::Page &page, bool joined)
             before = &block;
         }
     }
-    for (const model::Block &block : page.runningHeads) {
-        if (const model::Paragraph *paragraph = block.paragraph()) {
-            add(*paragraph, false);
+    for (const auto *edge : {&page.header, &page.footer}) {
+        for (const model::Paragraph &paragraph : *edge) {
+            add(paragraph, false);
         }
     }
     return blocks;
@@ -110,15 +110,18 @@ std::vector<TextBlock> textBlocks(const model::Page &page, bool joined)
 Box roomyBox(const model::Page &page, const Box &box)
 {
     double farthest = page.width;
-    const auto keepOff = [&](const model::Block &other) {
-        const Box near = other.box();
+    const auto keepOff = [&](const Box &near) {
         const bool beside = near.top < box.bottom && near.bottom > box.top;
         if (beside && near.left >= box.right) {
             farthest = std::min(farthest, near.left);
         }
     };
-    forEachBlock(page, keepOff);
-    std::for_each(page.runningHeads.begin(), page.runningHeads.end(), keepOff);
+    forEachBlock(page, [&](const model::Block &other) { keepOff(other.box()); });
+    for (const auto *edge : {&page.header, &page.footer}) {
+        for (const model::Paragraph &paragraph : *edge) {
+            keepOff(paragraph.box);
+        }
+    }
     Box room = box;
     room.right =
         std::max(box.right, std::min(farthest, box.right + thresholds.minSpare + thresholds.spareWidth * box.width()));

@@ -70,14 +70,17 @@ double growth(const model::Table &table)
 double spaceBelow(const model::Page &page, const Box &box)
 {
     double next = page.height;
-    const auto look = [&](const model::Block &block) {
-        const Box other = block.box();
+    const auto look = [&](const Box &other) {
         if (other.top >= box.bottom - limits.clearance && other.left < box.right && other.right > box.left) {
             next = std::min(next, other.top);
         }
     };
-    forEachBlock(page, look);
-    std::for_each(page.runningHeads.begin(), page.runningHeads.end(), look);
+    forEachBlock(page, [&](const model::Block &block) { look(block.box()); });
+    for (const auto *edge : {&page.header, &page.footer}) {
+        for (const model::Paragraph &paragraph : *edge) {
+            look(paragraph.box);
+        }
+    }
     for (const model::Rule &rule : page.rules) {
         if (rule.y1 > box.bottom + limits.clearance && rule.x1 < box.right && rule.x2 > box.left) {
             next = std::min(next, rule.y1);

@@ -61,7 +61,8 @@ void unifyPages(model::Document &document)
             continue;
         }
         const double scale = std::min(width / page.width, height / page.height);
-        const Transform transform{scale, scale, (width - scale * page.width) / 2, (height - scale * page.height) / 2};
+        const model::Transform transform{
+            scale, scale, (width - scale * page.width) / 2, (height - scale * page.height) / 2};
         transformPage(page, document.styles, transform, width, height);
     }
 }

@@ -180,14 +180,12 @@ QString tableAsText(const Table &table)
 QString pageAsText(const model::Page &page)
 {
     QString text;
-    const auto addHeads = [&](bool top) {
-        for (const Block &head : page.runningHeads) {
-            if ((head.box().centreY() < page.height / 2) == top) {
-                append(text, blockText(head), false);
-            }
+    const auto addPageHeaders = [&text](const std::vector<Paragraph> &paragraphs) {
+        for (const Paragraph &paragraph : paragraphs) {
+            append(text, blockText({paragraph, 0}), false);
         }
     };
-    addHeads(true);
+    addPageHeaders(page.header);
     const Block *before = nullptr;
     for (const model::Section &section : page.sections) {
         for (const Block &block : section.blocks) {
@@ -195,7 +193,7 @@ QString pageAsText(const model::Page &page)
             before = &block;
         }
     }
-    addHeads(false);
+    addPageHeaders(page.footer);
     return text;
 }
 

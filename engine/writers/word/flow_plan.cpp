@@ -198,8 +198,6 @@ void PagePlanner::planText(FlowItem &item, Area &area, std::optional<double> bas
     item.spaceAbove = spaceAbove(area, layout.top);
     item.lineHeight = layout.lineHeight;
     item.lines = likelyLines(paragraph, item.column.width() - paragraph.indentLeft - paragraph.indentRight);
-    item.borders = decorationOf(m_page, paragraph.box);
-    item.shortRule = hasShortRule(item.borders, item.column);
     area.bottom = layout.bottom;
     area.baseline = lastBaseline(paragraph);
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "document/document.h"
-#include "document/paragraph_borders.h"
 #include "page_layout.h"
 #include "word/flow_form.h"
 
@@ -25,8 +24,6 @@ struct FlowItem
     int lines = 0;             ///< of text: how many it is likely to fill
     double height = 0;         ///< of a table or picture
     bool behindText = false;   ///< a picture that stands at its place on the page and takes up no room in the text
-    Decoration borders;        ///< of text
-    bool shortRule = false;    ///< the line above text reaches over a part of its column
 };
 
 /// A band of a page.

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page_layout.h"
 
-#include "document/paragraph_borders.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -79,7 +77,7 @@ Box unitedBox(const std::vector<const model::Paragraph *> &paragraphs)
     return all;
 }
 
-// The strip that running heads stand in.
+// The strip that header and footer stand in.
 struct Strip
 {
     double left = 0;
@@ -102,10 +100,25 @@ Element tabStop(const Box &part, const Strip &strip)
     return {"style:tab-stop"_L1, {{"style:position"_L1, pt(part.left - strip.left)}}};
 }
 
-// One paragraph for each line of the head, its parts at tab stops.
-void writeHeadLine(
-    const Sink &sink, const model::Page &page, std::vector<const model::Paragraph *> parts, const Strip &strip,
-    double above)
+// The parts of one line share the lines drawn along it: the widest of these, at the part nearest to it.
+model::ParagraphBorder
+sharedBorder(const std::vector<const model::Paragraph *> &parts, model::ParagraphBorder model::Paragraph::*side)
+{
+    model::ParagraphBorder shared;
+    double gap = 0;
+    for (const model::Paragraph *part : parts) {
+        const model::ParagraphBorder &own = part->*side;
+        if (own.line.width > 0) {
+            gap = shared.line.width > 0 ? std::min(gap, own.gap) : own.gap;
+            shared = own.line.width >= shared.line.width ? own : shared;
+        }
+    }
+    shared.gap = gap;
+    return shared;
+}
+
+// One paragraph for each line of the header, its parts at tab stops.
+void writeHeadLine(const Sink &sink, std::vector<const model::Paragraph *> parts, const Strip &strip, double above)
 {
     std::sort(parts.begin(), parts.end(), [](const auto *a, const auto *b) { return a->box.left < b->box.left; });
     const model::Style textStyle = dominantStyle(model::runsOf(*parts.front()));
@@ -116,12 +129,13 @@ void writeHeadLine(
         stops.children.push_back(tabStop(part->box, strip));
     }
     ParagraphPlace place;
-    const Decoration rules = headDecoration(page, line);
-    place.ruleAbove = rules.above;
-    place.ruleBelow = rules.below;
-    place.gapAbove = rules.gapAbove;
-    place.gapBelow = rules.gapBelow;
-    const double ruleSpace = rules.above.width > 0 ? rules.gapAbove + rules.above.width : 0;
+    const model::ParagraphBorder ruleAbove = sharedBorder(parts, &model::Paragraph::borderAbove);
+    const model::ParagraphBorder ruleBelow = sharedBorder(parts, &model::Paragraph::borderBelow);
+    place.ruleAbove = ruleAbove.line;
+    place.ruleBelow = ruleBelow.line;
+    place.gapAbove = ruleAbove.gap;
+    place.gapBelow = ruleBelow.gap;
+    const double ruleSpace = ruleAbove.line.width > 0 ? ruleAbove.gap + ruleAbove.line.width : 0;
     Attributes properties = {
         {"fo:margin-top"_L1, pt(std::max(0.0, above - ruleSpace))},
         {"fo:margin-right"_L1, pt(std::min(0.0, strip.right - line.right))}};
@@ -142,9 +156,7 @@ void writeHeadLine(
     }
 }
 
-void writeHeads(
-    const Sink &sink, const model::Page &page, std::vector<const model::Paragraph *> heads, const Strip &strip,
-    double top)
+void writeHeads(const Sink &sink, std::vector<const model::Paragraph *> heads, const Strip &strip, double top)
 {
     std::stable_sort(
         heads.begin(), heads.end(), [](const auto *a, const auto *b) { return a->box.centreY() < b->box.centreY(); });
@@ -154,7 +166,7 @@ void writeHeads(
         const auto last = std::find_if(
             first, heads.end(), [&](const auto *each) { return each->box.centreY() > middle + thresholds.sameLine; });
         const std::vector<const model::Paragraph *> line(first, last);
-        writeHeadLine(sink, page, line, strip, unitedBox(line).top - bottom);
+        writeHeadLine(sink, line, strip, unitedBox(line).top - bottom);
         bottom = unitedBox(line).bottom;
         first = last;
     }
@@ -183,10 +195,11 @@ std::vector<Margins> pageMargins(const model::Document &document)
 Heads headsOf(const model::Page &page)
 {
     Heads heads;
-    for (const model::Block &block : page.runningHeads) {
-        if (const model::Paragraph *paragraph = block.paragraph()) {
-            (paragraph->box.centreY() < page.height / 2 ? heads.above : heads.below).push_back(paragraph);
-        }
+    for (const model::Paragraph &paragraph : page.header) {
+        heads.above.push_back(&paragraph);
+    }
+    for (const model::Paragraph &paragraph : page.footer) {
+        heads.below.push_back(&paragraph);
     }
     return heads;
 }
@@ -238,11 +251,11 @@ QString MasterPages::name(const model::Page &page, const Margins &margins, bool 
     const Strip strip{margins.left, page.width - margins.right};
     if (!heads.above.empty()) {
         const XmlElement header(xml, "style:header"_L1);
-        writeHeads(sink, page, heads.above, strip, unitedBox(heads.above).top);
+        writeHeads(sink, heads.above, strip, unitedBox(heads.above).top);
     }
     if (!heads.below.empty()) {
         const XmlElement footer(xml, "style:footer"_L1);
-        writeHeads(sink, page, heads.below, strip, textEnd(page, margins, heads));
+        writeHeads(sink, heads.below, strip, textEnd(page, margins, heads));
     }
     const QString pageLayout = layout(page, margins, heads);
     const QString key = pageLayout + u'\n' + inside;

@@ -24,7 +24,7 @@ struct Margins
 /// to page; scanned pages have none.
 std::vector<Margins> pageMargins(const model::Document &document);
 
-/// Which running heads of a page stand above its text, and which below.
+/// The paragraphs of a page's header and footer; none where they are left out.
 struct Heads
 {
     std::vector<const model::Paragraph *> above;
@@ -32,10 +32,10 @@ struct Heads
 };
 Heads headsOf(const model::Page &page);
 
-/// Where the text of a page may end: beyond its last line, because other fonts run wider, but not in a running head.
+/// Where the text of a page may end: beyond its last line, because other fonts run wider, but not in the footer.
 double textEnd(const model::Page &page, const Margins &margins, const Heads &heads);
 
-/// The master pages of a text document: each combination of size, margins and running heads once.
+/// The master pages of a text document: each combination of size, margins, header and footer once.
 class MasterPages
 {
 public:

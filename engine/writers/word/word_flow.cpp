@@ -39,7 +39,7 @@ private:
     void writeSection(const FlowPage &page, const FlowSection &section);
     void writeItem(const FlowItem &item);
     void writeText(const FlowItem &item);
-    void writeShortRule(const FlowItem &item, ParagraphPlace place);
+    void writePartialBorder(const FlowItem &item, ParagraphPlace place);
     void writeTableItem(const FlowItem &item);
     void writeFigureInText(const FlowItem &item);
     void writeFigureBehind(const model::Figure &figure);
@@ -145,12 +145,14 @@ void FlowWriter::writeTableItem(const FlowItem &item)
 }
 
 // A paragraph's line reaches over its whole width: a shorter one gets an empty paragraph of its own.
-void FlowWriter::writeShortRule(const FlowItem &item, ParagraphPlace place)
+void FlowWriter::writePartialBorder(const FlowItem &item, ParagraphPlace place)
 {
-    place.ruleBelow = item.borders.above;
+    const model::Paragraph &paragraph = *item.block->paragraph();
+    const double start = paragraph.box.left + paragraph.borderAbove.start;
+    place.ruleBelow = paragraph.borderAbove.line;
     place.gapBelow = 0;
-    place.left = item.borders.aboveFrom - item.left;
-    place.right = item.right - item.borders.aboveTo;
+    place.left = start - item.left;
+    place.right = item.right - (start + paragraph.borderAbove.length);
     writeAnchorParagraph(m_sink, place);
 }
 
@@ -159,19 +161,20 @@ void FlowWriter::writeText(const FlowItem &item)
     ParagraphPlace place = m_breaks.take();
     model::Paragraph placed = *item.block->paragraph();
     placed.spaceBefore = item.spaceAbove;
-    if (item.borders.above.width > 0) { // stands in that space
-        placed.spaceBefore = std::max(0.0, item.spaceAbove - item.borders.gapAbove - item.borders.above.width);
+    const model::ParagraphBorder &above = placed.borderAbove;
+    if (above.line.width > 0) { // stands in that space
+        placed.spaceBefore = std::max(0.0, item.spaceAbove - above.gap - above.line.width);
     }
-    if (item.shortRule) {
-        place.above = std::exchange(placed.spaceBefore, item.borders.gapAbove);
-        writeShortRule(item, std::exchange(place, {}));
+    if (above.partial) {
+        place.above = std::exchange(placed.spaceBefore, above.gap);
+        writePartialBorder(item, std::exchange(place, {}));
     } else {
-        place.ruleAbove = item.borders.above;
+        place.ruleAbove = above.line;
     }
-    place.background = item.borders.background;
-    place.ruleBelow = item.borders.below;
-    place.gapAbove = item.borders.gapAbove;
-    place.gapBelow = item.borders.gapBelow;
+    place.background = placed.shading;
+    place.ruleBelow = placed.borderBelow.line;
+    place.gapAbove = above.gap;
+    place.gapBelow = placed.borderBelow.gap;
     place.left = item.column.left - item.left;
     place.right = item.right - item.column.right;
     place.exactLeading = m_form.places;

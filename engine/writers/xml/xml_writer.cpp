@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace quorra {
@@ -64,9 +65,8 @@ private:
         number("number", page.number);
         number("width", page.width);
         number("height", page.height);
-        for (const model::Block &head : page.runningHeads) {
-            writeBlock(head);
-        }
+        std::for_each(page.header.begin(), page.header.end(), [this](const Paragraph &each) { writeParagraph(each); });
+        std::for_each(page.footer.begin(), page.footer.end(), [this](const Paragraph &each) { writeParagraph(each); });
         for (const model::Section &section : page.sections) {
             const XmlElement part = start("section");
             number("columns", static_cast<double>(section.columns.size()));

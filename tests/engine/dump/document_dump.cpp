@@ -171,13 +171,13 @@ bool endsInsideWord(const Paragraph &paragraph)
 class Continuations
 {
 public:
-    /// To be asked for every paragraph outside of tables and running heads, in reading order.
+    /// To be asked for every paragraph outside of tables, headers and footers, in reading order.
     std::string operator()(const Paragraph &paragraph)
     {
         if (paragraph.role != Role::Body && paragraph.role != Role::ListItem) {
             return {};
         }
-        bool &insideWord = m_insideWord[meanSize(paragraph)];
+        bool &insideWord = m_insideWord[std::lround(meanFontSize(paragraph))]; // text goes on in text of its size
         std::string text = !paragraph.continuesPrevious ? ""
                            : insideWord                 ? "goes on inside a word"
                                                         : "goes on inside a sentence";
@@ -186,27 +186,34 @@ public:
     }
 
 private:
-    /// In whole points: text goes on in text of its size.
-    static long meanSize(const Paragraph &paragraph)
-    {
-        double sum = 0;
-        double letters = 0;
-        for (const Line &line : paragraph.lines) {
-            for (const Word &word : line.words) {
-                sum += word.style->size * static_cast<double>(word.text.size());
-                letters += static_cast<double>(word.text.size());
-            }
-        }
-        return std::lround(sum / std::max(1.0, letters));
-    }
-
     std::map<long, bool> m_insideWord; ///< whether the last text of a size ends inside a word
 };
 
+std::string borderOf(const std::string &side, const ParagraphBorder &border)
+{
+    if (border.line.width <= 0) {
+        return {};
+    }
+    return joined(
+        {"line " + side + " " + tenths(border.line.width), colour(border.line.colour), "gap " + whole(border.gap),
+         "from " + whole(border.start), "length " + whole(border.length), border.partial ? "partial" : ""},
+        " ");
+}
+
+/// What is drawn around the paragraph and behind it.
+std::string decorationOf(const Paragraph &paragraph)
+{
+    return joined(
+        {borderOf("above", paragraph.borderAbove), borderOf("below", paragraph.borderBelow),
+         paragraph.shading ? "shading " + colour(*paragraph.shading) : ""},
+        "; ");
+}
+
 void dumpParagraph(const Paragraph &paragraph, const std::string &what, const std::string &joins, std::ostream &out)
 {
-    out << what << " [" << joined({traitsOf(paragraph), box(paragraph.box), spacingOf(paragraph), joins}, "; ") << "] "
-        << textOf(paragraph) << '\n';
+    out << what << " ["
+        << joined({traitsOf(paragraph), box(paragraph.box), spacingOf(paragraph), decorationOf(paragraph), joins}, "; ")
+        << "] " << textOf(paragraph) << '\n';
 }
 
 std::string edge(char side, const Border &border)
@@ -316,15 +323,11 @@ void dumpSection(const Section &section, Continuations &continuations, std::ostr
     }
 }
 
-/// Headers or footers: those in the upper or the lower half of the page.
-void dumpMargin(const Page &page, bool upper, std::ostream &out)
+void dumpAll(const std::vector<Paragraph> &paragraphs, const std::string &what, std::ostream &out)
 {
-    for (const Block &block : page.runningHeads) {
-        const Paragraph *paragraph = block.paragraph();
-        if (paragraph && (paragraph->box.centreY() < page.height / 2) == upper) {
-            out << "  ";
-            dumpParagraph(*paragraph, upper ? "header" : "footer", {}, out);
-        }
+    for (const Paragraph &paragraph : paragraphs) {
+        out << "  ";
+        dumpParagraph(paragraph, what, {}, out);
     }
 }
 
@@ -336,11 +339,11 @@ void dumpPage(const Page &page, Continuations &continuations, std::ostream &out)
                 page.content.isEmpty() ? "empty" : "content " + box(page.content)},
                "; ")
         << "]\n";
-    dumpMargin(page, true, out);
+    dumpAll(page.header, "header", out);
     for (const Section &section : page.sections) {
         dumpSection(section, continuations, out);
     }
-    dumpMargin(page, false, out);
+    dumpAll(page.footer, "footer", out);
     for (const Fill &fill : page.fills) {
         out << "  fill [" << box(fill.box) << "; " << colour(fill.colour) << "]\n";
     }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "office_fixture.h"
 
-#include "document/paragraph_borders.h"
 #include "word/word_flow.h"
 
 #include <QTest>
@@ -19,14 +18,13 @@ private Q_SLOTS:
     void writesHeadingsBulletsAndNumbers();
     void keepsColumnsOnlyWhereAsked();
     void keepsPageBreaksAndSizes();
-    void putsRunningHeadsIntoThePage();
-    void dropsRunningHeadsInContinuousText();
+    void putsHeaderAndFooterIntoThePage();
+    void dropsPageHeadersInContinuousText();
     void writesTablesWithSpans();
     void keepsLinksThatAreSafe();
     void placesPictures();
     void writesScansAsPages();
     void dropsCharactersThatXmlCannotHold();
-    void takesSeparatorsAndBackgrounds();
     void malformedOutputIsNoticed();
 };
 
@@ -122,7 +120,7 @@ void OfficeFlowTest::keepsPageBreaksAndSizes()
         !flow(fixture::document({first, second}), flowForms::continuous).contains(QLatin1String("fo:break-before")));
 }
 
-void OfficeFlowTest::putsRunningHeadsIntoThePage()
+void OfficeFlowTest::putsHeaderAndFooterIntoThePage()
 {
     model::Page page = fixture::page();
     page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("body"), {72, 72, 300, 84}))};
@@ -132,7 +130,8 @@ void OfficeFlowTest::putsRunningHeadsIntoThePage()
     right.role = model::Role::PageHeader;
     model::Paragraph foot = fixture::paragraph(QStringLiteral("foot"), {72, 750, 120, 762});
     foot.role = model::Role::PageHeader;
-    page.runningHeads = {fixture::block(right), fixture::block(left), fixture::block(foot)};
+    page.header = {right, left};
+    page.footer = {foot};
     const QString text = flow(fixture::document({page}));
     QCOMPARE(
         fixture::paragraphs(text),
@@ -141,11 +140,11 @@ void OfficeFlowTest::putsRunningHeadsIntoThePage()
     QVERIFY(text.indexOf(QLatin1String("<style:footer>")) > text.indexOf(QLatin1String("<style:header>")));
 }
 
-void OfficeFlowTest::dropsRunningHeadsInContinuousText()
+void OfficeFlowTest::dropsPageHeadersInContinuousText()
 {
     model::Page page = fixture::page();
     page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("body"), {72, 72, 300, 84}))};
-    page.runningHeads = {fixture::block(fixture::paragraph(QStringLiteral("Report"), {72, 30, 120, 42}))};
+    page.header = {fixture::paragraph(QStringLiteral("Report"), {72, 30, 120, 42})};
     QCOMPARE(
         fixture::paragraphs(flow(fixture::document({page}), flowForms::continuous)),
         QStringList{QStringLiteral("body")});
@@ -218,24 +217,6 @@ void OfficeFlowTest::dropsCharactersThatXmlCannotHold()
     fixture::addWord(paragraph, odd);
     const QString text = flow(oneBlock(paragraph));
     QCOMPARE(fixture::paragraphs(text), QStringList{QStringLiteral("ab  c")});
-}
-
-void OfficeFlowTest::takesSeparatorsAndBackgrounds()
-{
-    model::Page page = fixture::page();
-    const Box upper{72, 100, 300, 112};
-    const Box lower{72, 130, 300, 142};
-    page.sections[0].blocks = {
-        fixture::block(fixture::paragraph(QStringLiteral("upper"), upper)),
-        fixture::block(fixture::paragraph(QStringLiteral("lower"), lower))};
-    page.rules = {{72, 120, 540, 120, 1, black}, {72, 150, 540, 150, 2, 0xff0000}, {72, 60, 80, 60, 1, 0}};
-    page.fills = {{{60, 125, 400, 145}, 0xcccccc}};
-    QCOMPARE(decorationOf(page, upper).below.width, 0.0);
-    QCOMPARE(decorationOf(page, upper).above.width, 0.0);
-    QCOMPARE(decorationOf(page, lower).above.width, 1.0);
-    QCOMPARE(decorationOf(page, lower).below.colour, Colour(0xff0000));
-    QCOMPARE(decorationOf(page, lower).background.value_or(0), Colour(0xcccccc));
-    QVERIFY(!decorationOf(page, upper).background);
 }
 
 // The helpers of these tests themselves: a check on an empty text would pass.

@@ -33,7 +33,7 @@ private Q_SLOTS:
     void textFromTheRightStandsAtTheRight();
     void shortItemsHang();
     void pageNumbersStayAtTheRight();
-    void runningHeadsKeepTheirLine();
+    void pageHeadersKeepTheirLine();
     void labelsGoWithTheirDrawing();
 };
 
@@ -233,16 +233,16 @@ void OfficeLayoutTest::pageNumbersStayAtTheRight()
 {
     model::Page page = fixture::page();
     page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("body"), {72, 72, 300, 84}))};
-    page.runningHeads = {fixture::block(fixture::paragraph(QStringLiteral("7"), {535, 750, 540, 762}))};
+    page.footer = {fixture::paragraph(QStringLiteral("7"), {535, 750, 540, 762})};
     QVERIFY(flow(page).contains(QLatin1String("style:position=\"468.00pt\" style:type=\"right\"")));
 }
 
-void OfficeLayoutTest::runningHeadsKeepTheirLine()
+void OfficeLayoutTest::pageHeadersKeepTheirLine()
 {
     model::Page page = fixture::page();
     page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("body"), {72, 72, 300, 84}))};
-    page.runningHeads = {fixture::block(fixture::paragraph(QStringLiteral("head"), {72, 30, 540, 42}))};
-    page.rules = {{72, 47, 540, 47, 1, 0xff0000}};
+    page.header = {fixture::paragraph(QStringLiteral("head"), {72, 30, 540, 42})};
+    page.header[0].borderBelow = {{1, 0xff0000}, 5, 0, 468, false};
     const QString text = flow(page);
     QCOMPARE(text.count(QLatin1String("1.00pt solid #ff0000")), 1);
     QVERIFY(text.contains(QLatin1String("fo:padding-bottom=\"5.00pt\"")));

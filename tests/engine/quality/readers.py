@@ -102,7 +102,7 @@ class WordFile:
                 sections.append(open_section)
                 open_section = []
         for number, (section, elements) in enumerate(zip(document.sections, sections)):
-            # A running head stands on every page that begins in its section.
+            # A header or footer stands on every page that begins in its section.
             for part in (section.header, section.footer):
                 texts = [_own_text(each) for each in part._element.iter(W + "p")]
                 self.heads += texts * _pages_begun(section, number, elements)

@@ -67,6 +67,23 @@ struct ListItem
 /// Names a figure of a document: its place in Document::figures, counted from 0.
 enum class FigureId : std::size_t {};
 
+/// A line around a cell or along a paragraph; width 0 means no line.
+struct Border
+{
+    double width = 0;
+    Colour colour = black;
+};
+
+/// A line drawn above or below a paragraph. Lengths are in points along and across the paragraph's lines of text.
+struct ParagraphBorder
+{
+    Border line;          ///< of width 0 where there is none
+    double gap = 0;       ///< between the line and the text
+    double start = 0;     ///< where it begins, from the left edge of the paragraph's box
+    double length = 0;    ///< from where it begins to where it ends
+    bool partial = false; ///< it reaches over a part of the column only
+};
+
 struct Paragraph
 {
     /// The text, as it stands on the page. Between words stands what their separators say.
@@ -85,15 +102,11 @@ struct Paragraph
     int rotation = 0;                  ///< as in Word
     std::optional<ListItem> listItem;  ///< set for entries of lists
     std::optional<FigureId> captionOf; ///< set for captions whose figure is known
+    ParagraphBorder borderAbove;
+    ParagraphBorder borderBelow;
+    std::optional<Colour> shading; ///< the colour of the area that it stands on
     /// The text goes on from the last body paragraph before it (a column or page break stands inside a sentence).
     bool continuesPrevious = false;
-};
-
-/// A line around a cell; width 0 means no line.
-struct Border
-{
-    double width = 0;
-    Colour colour = black;
 };
 
 struct Cell
@@ -181,13 +194,14 @@ struct Page
     int number = 1; ///< in the file
     double width = 612;
     double height = 792;
-    Box content;                     ///< around everything but the running heads: the page inside its margins
-    std::vector<Section> sections;   ///< from top to bottom, in reading order
-    std::vector<Block> runningHeads; ///< headers, footers and page numbers; paragraphs of that role
-    std::vector<Rule> rules;         ///< lines that belong to no table
-    std::vector<Fill> fills;         ///< backgrounds that belong to no table
-    std::size_t marks = 0;           ///< how many lines and shapes are drawn on it: tells how long drawing it takes
-    bool scanned = false;            ///< nothing but a picture of the page (then the only block is that picture)
+    Box content;                   ///< around everything but header and footer: the page inside its margins
+    std::vector<Section> sections; ///< from top to bottom, in reading order
+    std::vector<Paragraph> header; ///< with the page number, where it stands there
+    std::vector<Paragraph> footer; ///< likewise
+    std::vector<Rule> rules;       ///< lines that belong to no table
+    std::vector<Fill> fills;       ///< backgrounds that belong to no table
+    std::size_t marks = 0;         ///< how many lines and shapes are drawn on it: tells how long drawing it takes
+    bool scanned = false;          ///< nothing but a picture of the page (then the only block is that picture)
 };
 
 struct Document

@@ -3,7 +3,7 @@
 
 #include "document/document.h"
 
-namespace quorra::office {
+namespace quorra::model {
 
 /// Moves and stretches a page: x becomes x * scaleX + shiftX. Sizes of type follow the smaller of the two scales, so
 /// that lines still fit.
@@ -17,10 +17,9 @@ struct Transform
 
 /// The page with all in it moved, its text in styles of that table; its own width and height become those given. The
 /// regions of the file that its figures show stay the same.
-void transformPage(
-    model::Page &page, model::StyleTable &styles, const Transform &transform, double width, double height);
+void transformPage(Page &page, StyleTable &styles, const Transform &transform, double width, double height);
 
 /// Turns all colours of text, lines and backgrounds to gray, or to black and white.
-void reduceColours(model::Document &document, ColourDepth depth);
+void reduceColours(Document &document, ColourDepth depth);
 
-} // namespace quorra::office
+} // namespace quorra::model

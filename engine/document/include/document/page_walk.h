@@ -3,9 +3,9 @@
 
 #include "document/document.h"
 
-namespace quorra::office {
+namespace quorra::model {
 
-/// Calls visit(block) for the blocks of the page in reading order, running heads left out. The page may be const or
+/// Calls visit(block) for the blocks of the page in reading order, header and footer left out. The page may be const or
 /// not; so are the blocks.
 template <typename PageType, typename Visitor>
 void forEachBlock(PageType &page, const Visitor &visit)
@@ -17,8 +17,8 @@ void forEachBlock(PageType &page, const Visitor &visit)
     }
 }
 
-/// Calls visit(paragraph) for the paragraphs of the page, those in tables, the labels of figures and the running heads
-/// (last) included.
+/// Calls visit(paragraph) for the paragraphs of the page, those in tables, the labels of figures, and last the
+/// header and the footer included.
 template <typename PageType, typename Visitor>
 void forEachParagraph(PageType &page, const Visitor &visit)
 {
@@ -38,9 +38,11 @@ void forEachParagraph(PageType &page, const Visitor &visit)
         }
     };
     forEachBlock(page, visitBlock);
-    for (auto &block : page.runningHeads) {
-        visitBlock(block);
+    for (auto *edge : {&page.header, &page.footer}) {
+        for (auto &paragraph : *edge) {
+            visit(paragraph);
+        }
     }
 }
 
-} // namespace quorra::office
+} // namespace quorra::model

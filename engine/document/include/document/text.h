@@ -49,6 +49,9 @@ Style dominantStyle(const std::vector<Run> &runs);
 double largestSize(const Line &line);
 double largestSize(const Paragraph &paragraph);
 
+/// The mean size of the paragraph's letters in points; 0 without any.
+double meanFontSize(const Paragraph &paragraph);
+
 /// The lines of preformatted text, each with the spaces that put every word into the column in which it stands on the
 /// page. The leftmost line begins in the first column. Empty for other text.
 std::vector<std::vector<Run>> preformattedLines(const Paragraph &paragraph);

@@ -17,8 +17,8 @@ struct TextBlock
     bool labels = false; ///< of a drawing: each line at its own place
 };
 
-/// The text blocks of a page, running heads included, in reading order. With joined, close paragraphs of a column come
-/// together; otherwise each is a block of its own.
+/// The text blocks of a page, header and footer included, in reading order. With joined, close paragraphs of a column
+/// come together; otherwise each is a block of its own.
 std::vector<TextBlock> textBlocks(const model::Page &page, bool joined);
 
 /// The frame for a text of this box: somewhat wider, because other fonts run wider, but not over its neighbours or the

@@ -7,7 +7,7 @@ namespace quorra::office {
 struct FlowForm
 {
     bool columns = false; ///< columns stay columns; otherwise they follow one another
-    bool pages = true;    ///< page breaks and running heads stay
+    bool pages = true;    ///< page breaks, headers and footers stay
     bool places = true;   ///< indents and spacing as on the page
     /// Breaks beside columns get empty paragraphs of their own. Word's newer formats lose them otherwise; in the older
     /// one such a paragraph fills a page.
