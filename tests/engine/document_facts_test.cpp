@@ -11,6 +11,21 @@
 using namespace quorra;
 using namespace quorra::model;
 
+namespace {
+
+/// Two words, the gap between them in em of the larger one.
+Line twoWords(double gap, double rise = 0)
+{
+    Line line = testText::lineOf(QStringLiteral("first second"));
+    Word &next = line.words[1];
+    const double left = line.words[0].box.right + gap * next.style->size;
+    next.box = {left, 0, left + 30, 10};
+    next.baseline -= rise * next.style->size;
+    return line;
+}
+
+} // namespace
+
 /// Facts about text that have one place below the writers.
 class DocumentFactsTest : public QObject
 {
@@ -143,17 +158,6 @@ private Q_SLOTS:
         paragraph.listItem = ListItem{QStringLiteral("*"), false, 0};
         QCOMPARE(largestSize(paragraph), 10.0);
         QCOMPARE(largestSize(Line()), 10.0);
-    }
-
-    // Two words, the gap between them in em of the larger one.
-    static Line twoWords(double gap, double rise = 0)
-    {
-        Line line = testText::lineOf(QStringLiteral("first second"));
-        Word &next = line.words[1];
-        const double left = line.words[0].box.right + gap * next.style->size;
-        next.box = {left, 0, left + 30, 10};
-        next.baseline -= rise * next.style->size;
-        return line;
     }
 
     void cutsLinesWhereWordsStandApart()
