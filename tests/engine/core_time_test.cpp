@@ -80,7 +80,6 @@ void work(std::chrono::milliseconds time)
 {
     const auto end = threadTime() + time;
     while (threadTime() < end && slowPage == noPage) {
-        continue;
     }
 }
 
