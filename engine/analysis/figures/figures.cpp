@@ -92,7 +92,7 @@ bool isBehindText(const Page &page, const Figure &figure)
     constexpr std::size_t longText = 4; // lines
     constexpr double leastOver = 0.5;   // of the text's width
     bool behind = false;
-    model::forEachBlock(page, [&](const Block &block) {
+    forEachBlock(page, [&](const Block &block) {
         const Box box = block.box();
         // Short texts on a drawing belong to it, even those that reach over its edge.
         const bool belongs =
@@ -159,7 +159,7 @@ std::vector<Block> figureBlocks(const FoundFigure &found, StyleTable &styles)
 
 void findFiguresBehindText(Page &page)
 {
-    model::forEachBlock(page, [&page](Block &block) {
+    forEachBlock(page, [&page](Block &block) {
         if (Figure *figure = block.figure()) {
             figure->behindText = isBehindText(page, *figure);
         }
@@ -168,7 +168,7 @@ void findFiguresBehindText(Page &page)
 
 void registerFigures(Page &page, Document &document)
 {
-    model::forEachBlock(page, [&](Block &block) {
+    forEachBlock(page, [&](Block &block) {
         if (Figure *figure = block.figure()) {
             figure->id = FigureId{document.figures.size()};
             document.figures.push_back({page.number, figure->box});

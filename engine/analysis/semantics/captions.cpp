@@ -27,7 +27,7 @@ double gapBetween(const Box &a, const Box &b)
 void linkCaptions(Page &page)
 {
     std::vector<Block *> blocks;
-    model::forEachBlock(page, [&blocks](Block &block) { blocks.push_back(&block); });
+    forEachBlock(page, [&blocks](Block &block) { blocks.push_back(&block); });
     std::set<const Figure *> taken;
     for (std::size_t i = 0; i < blocks.size(); ++i) {
         Paragraph *caption = blocks[i]->paragraph();

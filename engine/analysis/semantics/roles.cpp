@@ -86,7 +86,7 @@ double bodySize(Document &document)
         }
     };
     for (const Page &page : document.pages) {
-        model::forEachBlock(page, [&count](const Block &block) {
+        forEachBlock(page, [&count](const Block &block) {
             if (const Paragraph *paragraph = block.paragraph()) {
                 count(*paragraph);
             } else if (const Figure *figure = block.figure()) {
