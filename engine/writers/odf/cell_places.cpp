@@ -7,12 +7,15 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace quorra::office {
 
 namespace {
 
-constexpr double mostIndent = 0.6;  // share of the cell's width; more is no indent
-constexpr double borderRoom = 0.75; // points; height that the lines of a row take
+constexpr double mostIndent = 0.6;    // share of the cell's width; more is no indent
+constexpr double borderRoom = 0.75;   // points; height that the lines of a row take
+constexpr double middleTolerance = 3; // points by which text may be off the middle of its cell
 
 void indent(model::Paragraph &paragraph, const Box &cell)
 {
@@ -68,6 +71,13 @@ std::vector<CellParagraph> placedInCell(const model::Cell &cell)
         placed.push_back(std::move(next));
     }
     return placed;
+}
+
+QString verticalAlignment(const model::Cell &cell)
+{
+    const double above = cell.paragraphs.front().box.top - cell.box.top;
+    const double below = cell.box.bottom - cell.paragraphs.back().box.bottom;
+    return std::abs(above - below) <= 2 * middleTolerance ? u"middle"_s : above < below ? u"top"_s : u"bottom"_s;
 }
 
 } // namespace quorra::office

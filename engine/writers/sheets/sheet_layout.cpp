@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet_layout.h"
 
+#include "odf/cell_places.h"
 #include "odf/odf_runs.h"
 
 #include <algorithm>
@@ -22,7 +23,6 @@ struct Thresholds
     double lineHeight = 1.22;    ///< em
     double rowPadding = 2;       ///< above and below the text of a cell together
     double leastRow = 12.8;      ///< height of an empty row
-    double middleTolerance = 3;  ///< by which text may be off the middle of its cell
     double leastIndent = 4;      ///< smaller ones are inaccuracies of the page
     double widestIndent = 100;   ///< wider ones leave no room for the text
     double commonShare = 0.08;   ///< of the texts of a column that begin at one place
@@ -129,9 +129,7 @@ QString verticalPlace(const model::Cell &cell)
     if (cell.paragraphs.front().rotation != 0) {
         return u"middle"_s; // turned inside its table, and upright on the sheet: places do not compare
     }
-    const double above = cell.paragraphs.front().box.top - cell.box.top;
-    const double below = cell.box.bottom - cell.paragraphs.back().box.bottom;
-    return std::abs(above - below) <= 2 * limits.middleTolerance ? u"middle"_s : above < below ? u"top"_s : u"bottom"_s;
+    return verticalAlignment(cell);
 }
 
 std::vector<double> sheetIndents(const model::Table &table)

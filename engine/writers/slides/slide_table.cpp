@@ -2,6 +2,7 @@
 #include "slide_table.h"
 
 #include "document/page_walk.h"
+#include "odf/cell_places.h"
 #include "odf/odf_frames.h"
 #include "odf/odf_tables.h"
 #include "slide_fit.h"
@@ -22,7 +23,6 @@ struct Thresholds
     double rowPadding = 7.2;       ///< above and below the text of a cell together: presentation programs add it
     double sidePadding = 0.3;      ///< 0 would be taken for the usual padding
     double tightestLeading = 0.95; ///< em: closer lines touch
-    double middleTolerance = 3;    ///< by which text may be off the middle of its cell
     double clearance = 2;          ///< between the table and what follows
 };
 constexpr Thresholds limits;
@@ -97,16 +97,6 @@ bool isTurned(const model::Table &table)
            });
 }
 
-QString verticalPlace(const model::Cell &cell)
-{
-    if (cell.paragraphs.empty()) {
-        return u"middle"_s;
-    }
-    const double above = cell.paragraphs.front().box.top - cell.box.top;
-    const double below = cell.box.bottom - cell.paragraphs.back().box.bottom;
-    return std::abs(above - below) <= 2 * limits.middleTolerance ? u"middle"_s : above < below ? u"top"_s : u"bottom"_s;
-}
-
 // The space on the right that all text of the cell keeps, as far as it stands there.
 double paddingRight(const model::Cell &cell)
 {
@@ -130,7 +120,7 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
             {"fo:padding-right"_L1, pt(paddingRight(cell))},
             {"fo:padding-top"_L1, u"0pt"_s},
             {"fo:padding-bottom"_L1, u"0pt"_s},
-            {"draw:textarea-vertical-align"_L1, verticalPlace(cell)}}},
+            {"draw:textarea-vertical-align"_L1, cell.paragraphs.empty() ? u"middle"_s : verticalAlignment(cell)}}},
           {"style:paragraph-properties"_L1,
            {{"fo:border-left"_L1, borderText(cell.left)},
             {"fo:border-right"_L1, borderText(cell.right)},

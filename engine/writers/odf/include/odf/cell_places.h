@@ -18,4 +18,8 @@ struct CellParagraph
 /// rows keep their heights. A cell without a box gives its paragraphs as they are.
 std::vector<CellParagraph> placedInCell(const model::Cell &cell);
 
+/// Where the cell's text stands between its upper and lower side: "top", "middle" or "bottom", as ODF names it. The
+/// cell must hold text.
+QString verticalAlignment(const model::Cell &cell);
+
 } // namespace quorra::office
