@@ -43,8 +43,12 @@ void takeStyles(Page &page, StyleTable &styles)
 
 Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
 {
+    Document document;
+    document.pages.resize(pages.size());
     std::vector<int> rotations;
+    std::vector<std::vector<Comment>> comments;
     for (RawPage &page : pages) {
+        comments.push_back(std::move(page.comments));
         page = soundPage(std::move(page));
         for (std::size_t i = 0; i < page.words.size(); ++i) {
             page.words[i].index = i;
@@ -53,8 +57,6 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
         page = turnedUpright(std::move(page), rotations.back());
     }
     const auto heads = findPageHeaders(pages);
-    Document document;
-    document.pages.resize(pages.size());
     std::vector<StyleTable> styles(pages.size());
     forEach(static_cast<int>(pages.size()), [&](int page) {
         const auto i = static_cast<std::size_t>(page);
@@ -74,6 +76,7 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
         findFiguresBehindText(page);
         registerFigures(page, document);
         linkCaptions(page);
+        page.comments = std::move(comments[i]);
     }
     return document;
 }

@@ -217,6 +217,7 @@ Page buildPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
 {
     Page page = isScan(raw) ? scannedPage(raw, styles) : builtPage(raw, heads, styles);
     page.number = raw.number;
+    page.label = raw.label;
     page.width = raw.width;
     page.height = raw.height;
     page.marks = raw.rules.size() + raw.fills.size() + raw.ink.size();

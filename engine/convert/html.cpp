@@ -5,12 +5,11 @@
 #include "document/page_transform.h"
 #include "html/html_writer.h"
 #include "page_size.h"
-#include "pdf/page_reading.h"
 #include "pdf/picture_prefetch.h"
 #include "pdf/region_renderer.h"
 #include "platform/output_device.h"
 #include "platform/output_file.h"
-#include "platform/worker_pool.h"
+#include "read_document.h"
 
 namespace quorra {
 
@@ -30,8 +29,7 @@ void convertToMarkup(const Job &job, bool xhtml)
 {
     OutputFile file(job.options.outputPath);
     DocumentCopies copies(job.document);
-    model::Document document =
-        model::buildDocument(collectPages(copies, job.firstPage, job.pageCount(), Collect::Everything), forEachPage);
+    model::Document document = readDocument(job, copies, Collect::Everything);
     model::joinContinuations(document, true);
     const PictureQuality quality{
         job.options.colourDepth, static_cast<double>(job.options.horizontalResolution(embeddedResolution)),

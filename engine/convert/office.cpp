@@ -4,12 +4,11 @@
 #include "document/page_transform.h"
 #include "libreoffice/libreoffice.h"
 #include "page_size.h"
-#include "pdf/page_reading.h"
 #include "pdf/region_renderer.h"
 #include "platform/limits.h"
 #include "platform/output_file.h"
 #include "platform/temp_folder.h"
-#include "platform/worker_pool.h"
+#include "read_document.h"
 #include "sheets/sheets_writer.h"
 #include "slides/slides_writer.h"
 #include "word/word_flow.h"
@@ -46,8 +45,7 @@ void convertThroughOffice(
     const std::string source = folder.path() + "/document.xml";
     {
         DocumentCopies copies(job.document);
-        model::Document document = model::buildDocument(
-            collectPages(copies, job.firstPage, job.pageCount(), Collect::Everything), forEachPage);
+        model::Document document = readDocument(job, copies, Collect::Everything);
         const Options &options = job.options;
         const PictureQuality quality{
             options.colourDepth, static_cast<double>(options.horizontalResolution(embeddedResolution)),

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "analysis/analysis.h"
 #include "document/page_transform.h"
 #include "html.h"
 #include "page_size.h"
-#include "pdf/page_reading.h"
 #include "platform/output_device.h"
 #include "platform/output_file.h"
-#include "platform/worker_pool.h"
+#include "read_document.h"
 #include "xml/xml_writer.h"
 
 namespace quorra {
@@ -19,8 +17,7 @@ void convertToXml(const Job &job)
     }
     OutputFile file(job.options.outputPath);
     DocumentCopies copies(job.document);
-    model::Document document =
-        model::buildDocument(collectPages(copies, job.firstPage, job.pageCount(), Collect::Everything), forEachPage);
+    model::Document document = readDocument(job, copies, Collect::Everything);
     fitToOptions(document, job.options);
     model::reduceColours(document, job.options.colourDepth);
     OutputDevice device(file);

@@ -148,6 +148,7 @@ void transformPage(Page &page, StyleTable &styles, const Transform &transform, d
     forEachBlock(page, [&](Block &block) { mover.move(block); });
     std::for_each(page.rules.begin(), page.rules.end(), [&](Rule &rule) { mover.move(rule); });
     std::for_each(page.fills.begin(), page.fills.end(), [&](Fill &fill) { mover.move(fill.box); });
+    std::for_each(page.comments.begin(), page.comments.end(), [&](Comment &comment) { mover.move(comment.box); });
     forEachParagraph(page, [&](Paragraph &paragraph) { mover.move(paragraph); });
 }
 

@@ -2,7 +2,7 @@
 #include "page_links.h"
 
 #include "document/link.h"
-#include "document/rotation.h"
+#include "link_target.h"
 
 #include <Annot.h>
 #include <Link.h>
@@ -11,28 +11,13 @@
 
 #include <QString>
 
-#include <algorithm>
 #include <memory>
 
 namespace quorra {
 
 namespace {
 
-int pageOf(PDFDoc &doc, const LinkGoTo &action)
-{
-    std::unique_ptr<LinkDest> named;
-    const LinkDest *target = action.getDest();
-    if (!target && action.getNamedDest()) {
-        named = doc.findDest(action.getNamedDest());
-        target = named.get();
-    }
-    if (!target || !target->isOk()) {
-        return 0;
-    }
-    return target->isPageRef() ? doc.findPage(target->getPageRef()) : target->getPageNum();
-}
-
-QString targetOf(PDFDoc &doc, const AnnotLink &link)
+QString addressOf(PDFDoc &doc, const AnnotLink &link)
 {
     const LinkAction *action = link.getAction();
     if (!action) {
@@ -43,21 +28,10 @@ QString targetOf(PDFDoc &doc, const AnnotLink &link)
         return model::isSafeAddress(address) ? address : QString();
     }
     if (action->getKind() == actionGoTo) {
-        const int number = pageOf(doc, *static_cast<const LinkGoTo *>(action));
-        return number > 0 ? model::pageLink(number) : QString();
+        const LinkTarget target = targetOf(doc, action);
+        return target.page > 0 ? model::pageLink(target.page) : QString();
     }
     return {};
-}
-
-/// Converts PDF page coordinates to those of RawPage: the origin is the corner of the crop box, and the page rotation
-/// is applied.
-Box shownBox(const Page &page, double x1, double y1, double x2, double y2)
-{
-    const PDFRectangle *crop = page.getCropBox();
-    const double width = crop->x2 - crop->x1;
-    const double height = crop->y2 - crop->y1;
-    const Box flat{x1 - crop->x1, crop->y2 - y2, x2 - crop->x1, crop->y2 - y1};
-    return model::Turn{page.getRotate() / 90, width, height}.box(flat);
 }
 
 } // namespace
@@ -70,7 +44,7 @@ void applyLinks(PDFDoc &doc, int pageNumber, model::RawPage &page)
         return;
     }
     for (AnnotLink *link : links->getLinks()) {
-        const QString target = targetOf(doc, *link);
+        const QString target = addressOf(doc, *link);
         if (target.isEmpty()) {
             continue;
         }

@@ -2,7 +2,9 @@
 #include "pdf/page_reader.h"
 
 #include "document_handles.h"
+#include "marked_content.h"
 #include "page_links.h"
+#include "page_notes.h"
 #include "page_words.h"
 #include "paths.h"
 #include "platform/page_time.h"
@@ -38,12 +40,18 @@ Box clipBox(const GfxState *state)
 class Collector final : public TextOutputDev
 {
 public:
-    explicit Collector(bool withPictures) : TextOutputDev(nullptr, false, 0, false, false), m_withPictures(withPictures)
+    Collector(bool withPictures, const Structure *structure)
+        : TextOutputDev(nullptr, false, 0, false, false)
+        , m_withPictures(withPictures)
+        , m_contents(structure)
     {}
 
+    const MarkedContent &contents() const { return m_contents; }
+
     /// Clears the results before the next page.
-    model::RawPage &newPage()
+    model::RawPage &newPage(int pageNumber)
     {
+        m_contents.beginPage(pageNumber);
         m_marks = 0;
         m_page = {};
         return m_page;
@@ -52,6 +60,25 @@ public:
     bool needNonText() override { return m_withPictures; }
     bool useTilingPatternFill() override { return true; }
     bool useShadedFills(int /*type*/) override { return true; }
+
+    void beginMarkedContent(const char *name, Dict *properties) override { m_contents.begin(name, properties); }
+    void endMarkedContent(GfxState * /*state*/) override { m_contents.end(); }
+    void beginForm(Ref id) override { m_contents.beginForm(id.num); }
+    void endForm(Ref /*id*/) override { m_contents.endForm(); }
+
+    void drawChar(
+        GfxState *state, double x, double y, double dx, double dy, double originX, double originY, CharCode code,
+        int nBytes, const Unicode *u, int uLen) override
+    {
+        m_contents.addText(nBytes);
+        TextOutputDev::drawChar(state, x, y, dx, dy, originX, originY, code, nBytes, u, uLen);
+    }
+
+    void incCharCount(int nChars) override
+    {
+        m_contents.addText(nChars);
+        TextOutputDev::incCharCount(nChars);
+    }
 
     void stroke(GfxState *state) override
     {
@@ -211,6 +238,7 @@ private:
 
     model::RawPage m_page;
     bool m_withPictures;
+    MarkedContent m_contents;
     std::size_t m_marks = 0;
 };
 
@@ -223,8 +251,8 @@ struct PageCollector::State
     Collector device;
 };
 
-PageCollector::PageCollector(Document &document, Collect what)
-    : m_state(new State{document, what, Collector(what == Collect::Everything)})
+PageCollector::PageCollector(Document &document, Collect what, const Structure *structure)
+    : m_state(new State{document, what, Collector(what == Collect::Everything, structure)})
 {}
 
 PageCollector::~PageCollector() = default;
@@ -233,7 +261,7 @@ model::RawPage PageCollector::collect(int pageNumber)
 {
     auto &[document, what, device] = *m_state;
     const PageSize size = document.pageSize(pageNumber);
-    model::RawPage &page = device.newPage();
+    model::RawPage &page = device.newPage(pageNumber);
     page.number = pageNumber;
     page.width = size.width;
     page.height = size.height;
@@ -241,9 +269,10 @@ model::RawPage PageCollector::collect(int pageNumber)
     const PageTime time(pageNumber);
     constexpr double pointsPerInch = 72;
     doc.displayPage(&device, pageNumber, pointsPerInch, pointsPerInch, 0, false, true, false);
-    readWords(device, page);
+    readWords(device, device.contents(), page);
     if (what == Collect::Everything) {
         applyLinks(doc, pageNumber, page);
+        readPageNotes(doc, pageNumber, page);
     }
     return std::move(page);
 }

@@ -3,6 +3,7 @@
 
 #include "document/direction.h"
 #include "font_name.h"
+#include "marked_content.h"
 
 #include <TextOutputDev.h>
 
@@ -25,7 +26,7 @@ Colour colourOf(double r, double g, double b)
 class WordReader
 {
 public:
-    explicit WordReader(model::RawPage &page) : m_page(page) {}
+    WordReader(model::RawPage &page, const MarkedContent &contents) : m_page(page), m_contents(contents) {}
 
     void read(const TextWord *word)
     {
@@ -45,6 +46,11 @@ public:
         own.spaceAfter = word->getSpaceAfter() || own.endsLine; // a word fragment never ends a line
         own.style = styleOf(word);
         own.index = m_page.words.size();
+        if (m_contents.isUsed()) {
+            const int content = m_contents.ofText(word->getCharPos());
+            own.artifact = content == MarkedContent::artifact;
+            own.content = std::max(content, MarkedContent::none);
+        }
         m_page.words.push_back(std::move(own));
     }
 
@@ -80,14 +86,15 @@ private:
     }
 
     model::RawPage &m_page;
+    const MarkedContent &m_contents;
     QHash<const TextFontInfo *, model::Style> m_styles;
 };
 
 } // namespace
 
-void readWords(const TextOutputDev &device, model::RawPage &page)
+void readWords(const TextOutputDev &device, const MarkedContent &contents, model::RawPage &page)
 {
-    WordReader reader(page);
+    WordReader reader(page, contents);
     for (const TextFlow *flow = device.getFlows(); flow; flow = flow->getNext()) {
         for (const TextBlock *block = flow->getBlocks(); block; block = block->getNext()) {
             for (const TextLine *line = block->getLines(); line; line = line->getNext()) {

@@ -7,7 +7,9 @@ class TextOutputDev;
 
 namespace quorra {
 
-/// Appends the words that the device found on its last page, in the library's reading order.
-void readWords(const TextOutputDev &device, model::RawPage &page);
+class MarkedContent;
+
+/// Appends the words that the device found on its last page, in the library's reading order, with what they belong to.
+void readWords(const TextOutputDev &device, const MarkedContent &contents, model::RawPage &page);
 
 } // namespace quorra

@@ -52,9 +52,8 @@ void count(LetterCount &letters, QChar c)
     }
 }
 
-} // namespace
-
-QString languageOf(const model::Document &document)
+// The language that the script tells; empty when it is that of many languages.
+QString languageByScript(const model::Document &document)
 {
     LetterCount letters;
     for (const model::Page &page : document.pages) {
@@ -77,6 +76,15 @@ QString languageOf(const model::Document &document)
            : rules(letters.greek) ? QStringLiteral("el")
            : rules(letters.thai)  ? QStringLiteral("th")
                                   : QString();
+}
+
+} // namespace
+
+QString languageOf(const model::Document &document)
+{
+    const QString byScript = languageByScript(document);
+    const QString &told = document.facts.language;
+    return byScript.isEmpty() || told.section(QLatin1Char('-'), 0, 0) == byScript ? told : byScript;
 }
 
 } // namespace quorra

@@ -7,8 +7,8 @@
 
 namespace quorra {
 
-/// The language tag of a document whose script tells its language: browsers choose the shapes of ideographs, and
-/// readers the voice, by it. Empty when the script is that of many languages.
+/// The language tag of a document: browsers choose the shapes of ideographs, and readers the voice, by it. It is what
+/// the file says, unless most letters belong to a script that tells another language. Empty when nothing tells.
 QString languageOf(const model::Document &document);
 
 } // namespace quorra

@@ -112,9 +112,22 @@ private:
         m_xml.writeEmptyElement(QStringLiteral("meta"));
         m_xml.writeAttribute(QStringLiteral("name"), QStringLiteral("viewport"));
         m_xml.writeAttribute(QStringLiteral("content"), QStringLiteral("width=device-width, initial-scale=1"));
-        m_xml.writeTextElement(
-            QStringLiteral("title"), options.title.isEmpty() ? QStringLiteral("Document") : xmlText(options.title));
+        const model::FileFacts &facts = m_document.facts;
+        const QString title = facts.title.isEmpty() ? options.title : facts.title;
+        m_xml.writeTextElement(QStringLiteral("title"), title.isEmpty() ? QStringLiteral("Document") : xmlText(title));
+        writeMeta("author", facts.author);
+        writeMeta("description", facts.subject);
+        writeMeta("keywords", facts.keywords);
         m_xml.writeTextElement(QStringLiteral("style"), styleSheet(m_document, m_usual));
+    }
+
+    void writeMeta(const char *name, const QString &content)
+    {
+        if (!content.isEmpty()) {
+            m_xml.writeEmptyElement(QStringLiteral("meta"));
+            m_xml.writeAttribute(QStringLiteral("name"), QLatin1String(name));
+            m_xml.writeAttribute(QStringLiteral("content"), xmlText(content));
+        }
     }
 
     void writePage(const Page &page)
@@ -126,7 +139,19 @@ private:
         for (const model::Section &section : page.sections) {
             writeBlocks(page, section);
         }
+        std::for_each(page.comments.begin(), page.comments.end(), [this](const auto &each) { writeComment(each); });
         writePageHeaders(QStringLiteral("footer"), page, page.footer);
+    }
+
+    void writeComment(const model::Comment &comment)
+    {
+        const XmlElement element = startBlock(m_xml, QStringLiteral("aside"), "comment");
+        writeStyle(m_xml, QStringLiteral("border-left:2px solid;padding-left:.6em"));
+        if (!comment.author.isEmpty()) {
+            m_xml.writeTextElement(QStringLiteral("cite"), xmlText(comment.author));
+            m_xml.writeCharacters(QStringLiteral(": "));
+        }
+        m_xml.writeCharacters(xmlText(comment.text));
     }
 
     void writePageHeaders(const QString &element, const Page &page, const std::vector<Paragraph> &paragraphs)

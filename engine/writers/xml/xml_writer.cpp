@@ -51,6 +51,7 @@ public:
         m_xml.writeStartDocument();
         {
             const XmlElement document = start("document");
+            writeFacts();
             for (const model::Page &page : m_document.pages) {
                 writePage(page);
             }
@@ -59,10 +60,45 @@ public:
     }
 
 private:
+    void writeFacts()
+    {
+        const model::FileFacts &facts = m_document.facts;
+        text("title", facts.title);
+        text("author", facts.author);
+        text("subject", facts.subject);
+        text("keywords", facts.keywords);
+        text("language", facts.language);
+        if (facts.outline.empty()) {
+            return;
+        }
+        const XmlElement outline = start("outline");
+        for (const model::OutlineEntry &entry : facts.outline) {
+            m_xml.writeEmptyElement(QStringLiteral("entry"));
+            number("level", entry.level + 1);
+            text("title", entry.title);
+            if (entry.page > 0) {
+                number("page", entry.page);
+            }
+            writeTop(entry);
+        }
+    }
+
+    // The height at which the target of the entry stands, if its page is part of the document.
+    void writeTop(const model::OutlineEntry &entry)
+    {
+        const auto page = std::find_if(m_document.pages.begin(), m_document.pages.end(), [&entry](const auto &each) {
+            return each.number == entry.page;
+        });
+        if (page != m_document.pages.end() && entry.top > 0) {
+            number("top", entry.top * page->height);
+        }
+    }
+
     void writePage(const model::Page &page)
     {
         const XmlElement element = start("page");
         number("number", page.number);
+        text("label", page.label);
         number("width", page.width);
         number("height", page.height);
         std::for_each(page.header.begin(), page.header.end(), [this](const Paragraph &each) { writeParagraph(each); });
@@ -78,6 +114,12 @@ private:
             m_xml.writeEmptyElement(QStringLiteral("rule"));
             box({rule.x1, rule.y1, rule.x2, rule.y2});
             number("thickness", rule.width);
+        }
+        for (const model::Comment &comment : page.comments) {
+            m_xml.writeEmptyElement(QStringLiteral("comment"));
+            box(comment.box);
+            text("author", comment.author);
+            text("text", comment.text);
         }
     }
 
@@ -193,6 +235,12 @@ private:
 
     [[nodiscard]] XmlElement start(const char *name) { return {m_xml, QLatin1String(name)}; }
     void attribute(const char *name, const QString &value) { m_xml.writeAttribute(QLatin1String(name), value); }
+    void text(const char *name, const QString &value)
+    {
+        if (!value.isEmpty()) {
+            attribute(name, xmlText(value));
+        }
+    }
     void number(const char *name, double value)
     {
         attribute(name, QString::number(std::round(value * 100) / 100, 'g', 10));

@@ -336,6 +336,7 @@ void dumpPage(const Page &page, Continuations &continuations, std::ostream &out)
     out << "page " << page.number << " ["
         << joined(
                {whole(page.width) + " x " + whole(page.height), page.scanned ? "scanned" : "",
+                page.label.isEmpty() ? "" : "label " + visible(page.label),
                 page.content.isEmpty() ? "empty" : "content " + box(page.content)},
                "; ")
         << "]\n";
@@ -351,12 +352,39 @@ void dumpPage(const Page &page, Continuations &continuations, std::ostream &out)
         out << "  line [" << box({rule.x1, rule.y1, rule.x2, rule.y2}) << "; " << tenths(rule.width) << " "
             << colour(rule.colour) << "]\n";
     }
+    for (const Comment &comment : page.comments) {
+        out << "  comment [" << joined({box(comment.box), visible(comment.author)}, "; ") << "] "
+            << visible(comment.text) << '\n';
+    }
+}
+
+/// Without the title: that of drawn documents is their name.
+void dumpFacts(const FileFacts &facts, std::ostream &out)
+{
+    const auto line = [&out](const char *name, const QString &value) {
+        if (!value.isEmpty()) {
+            out << name << ": " << visible(value) << '\n';
+        }
+    };
+    line("author", facts.author);
+    line("subject", facts.subject);
+    line("keywords", facts.keywords);
+    line("language", facts.language);
+    for (const OutlineEntry &entry : facts.outline) {
+        constexpr double percent = 100;
+        const std::string place =
+            entry.page == 0 ? "nowhere"
+            : entry.top > 0 ? "page " + std::to_string(entry.page) + " at " + whole(percent * entry.top) + " %"
+                            : "page " + std::to_string(entry.page);
+        out << "outline " << entry.level + 1 << " [" << place << "] " << visible(entry.title) << '\n';
+    }
 }
 
 } // namespace
 
 void dump(const Document &document, std::ostream &out)
 {
+    dumpFacts(document.facts, out);
     Continuations continuations;
     for (const Page &page : document.pages) {
         dumpPage(page, continuations, out);

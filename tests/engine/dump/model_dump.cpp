@@ -10,6 +10,7 @@
 #include "analysis/analysis.h"
 #include "base/failure.h"
 #include "cli/options.h"
+#include "pdf/file_facts.h"
 #include "pdf/page_reading.h"
 #include "platform/limits.h"
 #include "platform/worker_pool.h"
@@ -77,7 +78,9 @@ void show(const Request &request)
         }
         return;
     }
-    test::dump(model::buildDocument(std::move(pages), forEachPage), std::cout);
+    model::Document found = model::buildDocument(std::move(pages), forEachPage);
+    found.facts = readFileFacts(document);
+    test::dump(found, std::cout);
 }
 
 } // namespace

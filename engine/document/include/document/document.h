@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "document/file_facts.h"
 #include "document/raw_page.h"
 
 #include <optional>
@@ -202,11 +203,14 @@ struct Page
     std::vector<Fill> fills;       ///< backgrounds that belong to no table
     std::size_t marks = 0;         ///< how many lines and shapes are drawn on it: tells how long drawing it takes
     bool scanned = false;          ///< nothing but a picture of the page (then the only block is that picture)
+    QString label;                 ///< as in RawPage
+    std::vector<Comment> comments; ///< of readers of the file
 };
 
 struct Document
 {
     StyleTable styles;
+    FileFacts facts;
     std::vector<Page> pages;
     std::vector<FigureRegion> figures; ///< what each figure shows, by its id
 };

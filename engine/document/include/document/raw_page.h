@@ -3,6 +3,7 @@
 
 #include "base/colour.h"
 #include "base/geometry.h"
+#include "document/file_facts.h"
 #include "document/text_style.h"
 
 #include <QString>
@@ -28,7 +29,9 @@ struct RawWord
     bool endsLine = true;  ///< the last word of what the PDF library takes for a line: a hint only
     std::size_t index = 0; ///< its place in RawPage::words
     Style style;
-    QString link; ///< an address, or "#page=N" for a place in the same document; empty for none
+    QString link;          ///< an address, or "#page=N" for a place in the same document; empty for none
+    int content = -1;      ///< the piece of tagged content it is part of: a place in TagTree::contents; -1 for none
+    bool artifact = false; ///< the file says that it is no content of the document: a page number, a running title
 };
 
 /// A straight horizontal or vertical line, drawn as a stroke or as a thin filled rectangle.
@@ -76,6 +79,8 @@ struct RawPage
     std::vector<Fill> fills;
     std::vector<RawPicture> pictures; ///< raster images; drawings are found later, from the ink
     std::vector<Ink> ink;
+    QString label; ///< as printed on the page ("iv"), where the file says so and it is not the number; may be empty
+    std::vector<Comment> comments;
 };
 
 } // namespace quorra::model

@@ -10,7 +10,8 @@
 namespace quorra {
 
 /// Reads `pageCount` pages, starting with `firstPage` (numbered from 1); all must be in the document. If there are many
-/// pages, several threads read them.
-std::vector<model::RawPage> collectPages(DocumentCopies &copies, int firstPage, int pageCount, Collect what);
+/// pages, several threads read them. The structure, if there is one, tells what the text belongs to.
+std::vector<model::RawPage>
+collectPages(DocumentCopies &copies, int firstPage, int pageCount, Collect what, const Structure *structure = nullptr);
 
 } // namespace quorra

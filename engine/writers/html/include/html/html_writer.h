@@ -12,7 +12,7 @@ namespace quorra {
 struct HtmlOptions
 {
     bool xhtml = false; ///< an XML document instead of HTML5
-    QString title;
+    QString title; ///< of a document whose file names none
 };
 
 /// Writes the document as one file without outside parts: paragraphs, headings, lists and tables, pictures inside the

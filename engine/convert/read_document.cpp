@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "read_document.h"
+
+#include "analysis/analysis.h"
+#include "pdf/file_facts.h"
+#include "pdf/page_reading.h"
+#include "platform/worker_pool.h"
+
+namespace quorra {
+
+model::Document readDocument(const Job &job, DocumentCopies &copies, Collect what)
+{
+    model::Document document =
+        model::buildDocument(collectPages(copies, job.firstPage, job.pageCount(), what), forEachPage);
+    if (what == Collect::Everything) {
+        document.facts = readFileFacts(*copies.borrow());
+    }
+    return document;
+}
+
+} // namespace quorra

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "document/file_facts.h"
+#include "pdf/document.h"
+
+namespace quorra {
+
+/// Reads what the file says about itself. What is broken or has no end is left out.
+model::FileFacts readFileFacts(Document &document);
+
+} // namespace quorra
