@@ -2,6 +2,7 @@
 #include "html_picture.h"
 
 #include "base/xml_text.h"
+#include "document/line_pieces.h"
 #include "document/text.h"
 #include "html_style.h"
 #include "html_text.h"
@@ -23,38 +24,31 @@ struct Label
     QString text;
     double left = 0;
     double top = 0;
-    double right = 0;
     double size = 0;
 };
 
-// Words of a line far from one another belong to different parts of the drawing.
-void addLabels(std::vector<Label> &labels, const Line &line, std::size_t firstWord)
-{
-    constexpr double wideGap = 0.8; // font sizes
-    for (std::size_t i = firstWord; i < line.words.size(); ++i) {
-        const Word &word = line.words[i];
-        const bool joined = i > firstWord && std::abs(word.box.left - labels.back().right) < wideGap * word.style->size;
-        if (joined) {
-            labels.back().text += (line.words[i - 1].spaceAfter() ? QStringLiteral(" ") : QString()) + word.text;
-            labels.back().right = word.box.right;
-        } else {
-            labels.push_back({word.text, word.box.left, word.box.top, word.box.right, word.style->size});
-        }
-    }
-}
-
-// A word cut at a line's end is whole in the label that begins it.
+/// Words of a line that are far apart belong to different parts of the drawing. A word hyphenated at a line end is
+/// completed in the label where it begins.
 std::vector<Label> labelsOf(const model::Paragraph &paragraph)
 {
     std::vector<Label> labels;
-    bool cut = false;
-    for (const Line &line : paragraph.lines) {
-        if (cut && !line.words.empty()) {
+    bool hyphenated = false;
+    for (Line line : paragraph.lines) {
+        if (hyphenated && !line.words.empty()) {
             labels.back().text.chop(1);
             labels.back().text += line.words.front().text;
         }
-        addLabels(labels, line, cut ? 1 : 0);
-        cut = !labels.empty() && !line.words.empty() && line.words.back().separator == model::Separator::Hyphen;
+        const bool continues = !line.words.empty() && line.words.back().separator == model::Separator::Hyphen;
+        if (hyphenated && !line.words.empty()) {
+            line.words.erase(line.words.begin());
+        }
+        for (const Line &piece : linePieces(line, model::labelLimits)) {
+            if (!piece.words.empty()) {
+                const Word &first = piece.words.front();
+                labels.push_back({model::plainText(piece), first.box.left, first.box.top, first.style->size});
+            }
+        }
+        hyphenated = continues && !labels.empty();
     }
     return labels;
 }
