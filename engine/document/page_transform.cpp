@@ -152,6 +152,12 @@ void transformPage(Page &page, StyleTable &styles, const Transform &transform, d
     forEachParagraph(page, [&](Paragraph &paragraph) { mover.move(paragraph); });
 }
 
+bool haveSameSize(const Page &a, const Page &b)
+{
+    constexpr double maxDifference = 1; // points
+    return std::abs(a.width - b.width) < maxDifference && std::abs(a.height - b.height) < maxDifference;
+}
+
 void reduceColours(Document &document, ColourDepth depth)
 {
     if (depth == ColourDepth::Colour) {

@@ -113,6 +113,12 @@ Turn turnToPage(int rotation, double pageWidth, double pageHeight)
     return Turn{(4 - rotation / 90 % 4) % 4, pageWidth, pageHeight}.back();
 }
 
+Paragraph uprightParagraph(Paragraph paragraph, double pageWidth, double pageHeight)
+{
+    apply(Turner{{(4 - paragraph.rotation / 90 % 4) % 4, pageWidth, pageHeight}}, paragraph);
+    return paragraph;
+}
+
 Table uprightTable(Table table)
 {
     apply(Turner{{(4 - table.rotation / 90 % 4) % 4, 0, 0}}, table);

@@ -124,6 +124,16 @@ std::vector<Run> runsOf(const Paragraph &paragraph)
     return builder.take();
 }
 
+std::vector<Run> runsOf(const Cell &cell)
+{
+    std::vector<Run> runs;
+    for (const Paragraph &paragraph : cell.paragraphs) {
+        const std::vector<Run> own = runsOf(paragraph);
+        runs.insert(runs.end(), own.begin(), own.end());
+    }
+    return runs;
+}
+
 std::vector<Run> runsOf(const Line &line)
 {
     RunBuilder builder;

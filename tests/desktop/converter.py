@@ -64,9 +64,9 @@ class Converter:
         self.process = self.desktop.start(command, environment, cwd="/")
         self.window = self.desktop.window(TITLE)
         self.desktop.park()
-        wait_for("the window's drawing", lambda: len(set(self.sign())) > 2)
-        self.idle_sign = self.sign()
-        self.plain_look = self.look("About")
+        wait_for("the window's drawing", lambda: len(set(self.start_icon())) > 2)
+        self.idle_icon = self.start_icon()
+        self.plain_button = self.button_pixels("About")
 
     def place(self, x, y):
         return (self.scale * (WIDTH - x if self.mirrored else x), self.scale * y)
@@ -142,13 +142,13 @@ class Converter:
 
     # The run
 
-    def look(self, button):
-        """The current look of the button."""
+    def button_pixels(self, button):
+        """The pixels of the button."""
         x, y = self.place(*PLACES[button])
         half = 34 * self.scale
         return self.desktop.pixels(self.window, x - half, y - half, 2 * half, 2 * half)
 
-    def sign(self):
+    def start_icon(self):
         """The centre of the Start button's icon, which differs between start and stop even if the button is highlighted."""
         x, y = PLACES["Start"]
         x, y = self.place(x, y - 10)
@@ -158,9 +158,9 @@ class Converter:
         """Waits until the program has dealt with all pointer events so far: until a button that the pointer is then
         moved to is drawn highlighted."""
         self.desktop.park()
-        wait_for("the plain button", lambda: self.look("About") == self.plain_look)
+        wait_for("the plain button", lambda: self.button_pixels("About") == self.plain_button)
         self.desktop.move(self.window, *self.place(*PLACES["About"]))
-        wait_for("the highlighted button", lambda: self.look("About") != self.plain_look)
+        wait_for("the highlighted button", lambda: self.button_pixels("About") != self.plain_button)
         self.desktop.park()
 
     def engines(self):
@@ -178,7 +178,7 @@ class Converter:
 
     def wait_for_end(self, limit=10 * LIMIT):
         """Waits until the Start button looks idle again and no engine runs."""
-        wait_for("the end of the run", lambda: not self.engines() and self.sign() == self.idle_sign
+        wait_for("the end of the run", lambda: not self.engines() and self.start_icon() == self.idle_icon
                  and not self.engines(), limit)
 
     def close(self):

@@ -70,9 +70,9 @@ void NumberTest::readsNumbers_data()
         << QStringLiteral("1,234") << false << 1234.0 << 0 << true << false << false << none << none;
     QTest::newRow("comma read as decimals")
         << QStringLiteral("1,234") << true << 1.234 << 3 << false << false << false << none << none;
-    QTest::newRow("blanks between thousands")
+    QTest::newRow("spaces between thousands")
         << QStringLiteral("12 345 678") << false << 12345678.0 << 0 << true << false << false << none << none;
-    QTest::newRow("blanks around") << QStringLiteral("  42 ") << false << 42.0 << 0 << false << false << false << none
+    QTest::newRow("spaces around") << QStringLiteral("  42 ") << false << 42.0 << 0 << false << false << false << none
                                    << none;
 }
 

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-/// Tests at the edges of thresholds: what the analysis finds changes between a value just below and one just above.
+/// Tests of thresholds: the result changes between a value just below and a value just above.
 namespace thresholdEdges {
 
 struct Edge
@@ -18,11 +18,11 @@ struct Edge
     const char *name;
     double below;
     double above;
-    bool foundBelow;                     ///< whether it is found for the value below; the opposite holds above
-    std::function<bool(double)> isFound; ///< draws text with that value and looks for what the threshold decides
+    bool foundBelow;                     ///< result for the value below; the opposite holds above
+    std::function<bool(double)> isFound; ///< returns the result for a value
 };
 
-/// A threshold below which something is found, and one above which it is. The values lie 2 % to both sides.
+/// A threshold below or above which something is found. The values are 2 % below and above.
 inline Edge maximum(const char *name, double threshold, std::function<bool(double)> isFound)
 {
     return {name, 0.98 * threshold, 1.02 * threshold, true, std::move(isFound)};
@@ -44,7 +44,7 @@ inline Edge fewest(const char *name, std::size_t threshold, std::function<bool(d
     return {name, first - 1, first, false, std::move(isFound)};
 }
 
-/// The rows of a data-driven test: a number into the edges each.
+/// Adds a row to a data-driven test for each edge: its index.
 inline void addRows(const std::vector<Edge> &edges)
 {
     QTest::addColumn<std::size_t>("number");

@@ -76,7 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     for (int row = 0; row < table->rowCount(); ++row) {
         fuzz::require(table->item(row, 0) && table->item(row, 0)->text() == expected[row], "a row holds the path");
         const auto bytes = static_cast<qint32>(QFileInfo(expected[row]).size());
-        fuzz::require((table->item(row, 1) != nullptr) == (bytes > 0), "a size stands where it is above 0");
+        fuzz::require((table->item(row, 1) != nullptr) == (bytes > 0), "a size is shown if it is above 0");
     }
     return 0;
 }

@@ -55,8 +55,8 @@ void checkNames(const Options &options)
     for (int page = 1; page <= 12; ++page) {
         paths.push_back(pageFilePath(options, page, 12));
         const std::string &path = paths.back();
-        fuzz::require(path.compare(0, folder.size(), folder) == 0, "every file lies in the output folder");
-        fuzz::require(path.find('/', folder.size()) == std::string::npos, "no file lies in a folder below");
+        fuzz::require(path.compare(0, folder.size(), folder) == 0, "every file is in the output folder");
+        fuzz::require(path.find('/', folder.size()) == std::string::npos, "no file is in a subfolder");
         // An output path without one is rejected before any file is named.
         fuzz::require(extension.empty() || outputExtension(path) == extension, "the extension stays");
     }

@@ -71,7 +71,7 @@ void checkSeparators(const QString &optionString, const QHash<QString, QString> 
     for (auto option = options.begin(); option != options.end(); ++option) {
         expected += takesValue(option.key()) ? 1 : 0;
     }
-    fuzz::require(spaces == expected, "thirteen spaces separate the fragments, one stands inside each pair");
+    fuzz::require(spaces == expected, "thirteen spaces separate the fragments, and one separates each pair");
 }
 
 void checkOptions(const EngineSettings &settings, const QString &extension, const QHash<QString, QString> &options)

@@ -47,8 +47,7 @@ void checkStored()
     checkRange(store::key::compression, -1, 7);
     checkRange(store::key::wordMode, 0, 4);
     for (const QLatin1String password : {store::key::userPassword, store::key::masterPassword}) {
-        fuzz::require(
-            stored(password).isEmpty() || !stored(password).trimmed().isEmpty(), "blanks alone are no password");
+        fuzz::require(stored(password).isEmpty() || !stored(password).trimmed().isEmpty(), "spaces are no password");
     }
 }
 

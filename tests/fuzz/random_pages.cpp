@@ -191,9 +191,9 @@ private:
         word.link = m_link;
         word.rotation = m_rotation;
         const double along = 0.5 * m_style.size * static_cast<double>(word.text.size());
-        const bool lies = m_rotation % 180 == 0;
-        word.box = {x, y, x + (lies ? along : m_style.size), y + (lies ? m_style.size : along)};
-        word.baseline = lies ? y + 0.8 * m_style.size : x + 0.8 * m_style.size;
+        const bool horizontal = m_rotation % 180 == 0;
+        word.box = {x, y, x + (horizontal ? along : m_style.size), y + (horizontal ? m_style.size : along)};
+        word.baseline = horizontal ? y + 0.8 * m_style.size : x + 0.8 * m_style.size;
         if (m_wild && chosen >= 240) {
             word.box = box();
             word.baseline = length(height);
@@ -256,7 +256,7 @@ private:
         const int times = m_wild ? byte() * 4 : byte() % 16;
         double x = (byte() - 128) / 4.0;
         double y = (byte() - 128) / 4.0;
-        if (!m_wild) { // beside or below one another, as text stands
+        if (!m_wild) { // beside or below one another, like text
             x = x < 0 ? 0 : 6 * m_style.size;
             y = x > 0 ? 0 : 1.2 * m_style.size;
         }
@@ -292,17 +292,17 @@ private:
             QStringLiteral("CMR10"),
             QString(),
             QStringLiteral("a\"'<\\&") + QChar(0xd800)};
-        const std::uint8_t look = byte();
-        m_style.family = families.at(look % (m_wild ? 6 : 4));
-        m_style.fixedPitch = look % 6 == 2;
-        m_style.bold = look & 64;
-        m_style.italic = look & 128;
+        const std::uint8_t random = byte();
+        m_style.family = families.at(random % (m_wild ? 6 : 4));
+        m_style.fixedPitch = random % 6 == 2;
+        m_style.bold = random & 64;
+        m_style.italic = random & 128;
         m_style.size = m_wild ? length(40) : 6 + byte() % 24;
         static const std::array<QString, 4> links = {
             QString(), QStringLiteral("https://example.org/?a=1&b=\"2\""), QStringLiteral("#page=2"),
             QStringLiteral("#page=99999999999")};
-        m_link = links.at(look / 6 % 4);
-        m_style.colour = look * 0x010307U;
+        m_link = links.at(random / 6 % 4);
+        m_style.colour = random * 0x010307U;
     }
 
     void addPage()

@@ -16,7 +16,7 @@ public:
     int below(int bound) { return m_generator.bounded(bound); } // 0 ... bound - 1
     bool oneIn(int chances) { return below(chances) == 0; }
     QString pick(const QStringList &texts) { return texts.at(below(int(texts.size()))); }
-    /// Up to `longest` characters: letters, digits, blanks, quotes, INI and path characters, non-ASCII.
+    /// Up to `longest` characters: letters, digits, spaces, quotes, INI and path characters, non-ASCII.
     QString text(int longest);
 
 private:

@@ -64,11 +64,11 @@ ModalAnswer::ModalAnswer(std::function<bool(QWidget *)> accepts, std::function<v
     : m_accepts(std::move(accepts))
     , m_answer(std::move(answer))
 {
-    connect(&m_timer, &QTimer::timeout, this, &ModalAnswer::look);
+    connect(&m_timer, &QTimer::timeout, this, &ModalAnswer::check);
     m_timer.start(1);
 }
 
-void ModalAnswer::look()
+void ModalAnswer::check()
 {
     QWidget *widget = QApplication::activeModalWidget();
     if (m_seen || !widget || !widget->isVisible() || !m_accepts(widget)) {

@@ -47,7 +47,7 @@ public:
     bool seen() const { return m_seen; }
 
 private:
-    void look();
+    void check();
 
     std::function<bool(QWidget *)> m_accepts;
     std::function<void(QWidget *)> m_answer;

@@ -115,8 +115,8 @@ void DialogValuesTest::passwords_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("kept");
     QTest::addRow("nothing") << QString() << QString();
-    QTest::addRow("blanks") << QStringLiteral("   \t") << QString();
-    QTest::addRow("blanks around") << QStringLiteral(" ab ") << QStringLiteral(" ab ");
+    QTest::addRow("spaces") << QStringLiteral("   \t") << QString();
+    QTest::addRow("spaces around") << QStringLiteral(" ab ") << QStringLiteral(" ab ");
     QTest::addRow("quotes") << QStringLiteral("a\"b") << QStringLiteral("a\"b");
 }
 

@@ -94,7 +94,7 @@ void EngineCommandTest::splitsIntoTheMeantArguments_data()
     row("no options", "             ", "/in/a.pdf", {call, plain});
     row("options", "  \"-f\" \"7\"  ", "/in/a.pdf", {QStringLiteral("-f"), QStringLiteral("7"), call, plain});
     row("bare switch", "    -htmlformat", "/in/a.pdf", {QStringLiteral("-htmlformat"), call, plain});
-    row("blanks and line breaks", "", "/in/a b\tc\nd.pdf", {call, QStringLiteral("/in/a b\tc\nd.pdf")});
+    row("spaces and line breaks", "", "/in/a b\tc\nd.pdf", {call, QStringLiteral("/in/a b\tc\nd.pdf")});
     row("not ASCII", "", "/in/ä文.pdf", {call, QStringLiteral("/in/ä文.pdf")});
     row("one quote splits wrongly", "", "/in/a\"b.pdf", {call, QStringLiteral("/in/ab.pdf /out/x.doc")});
     row("two quotes vanish", "", "/in/\"a\".pdf", {call, QStringLiteral("/in/a.pdf")});

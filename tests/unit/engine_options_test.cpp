@@ -112,12 +112,12 @@ void EngineOptionsTest::oneSettingAtATime_data()
     row("vertical", {{resample, "1"}, {&EngineSettings::yRes, "300"}}, YRes, R"("-yres" "300")");
     row("resize does not switch resolution", {{resize, "1"}, {&EngineSettings::xRes, "72"}}, XRes, "");
     row("template", {{&EngineSettings::tempName, " a%03d "}}, TempName, R"("-tempname" " a%03d ")");
-    row("template of blanks", {{&EngineSettings::tempName, " "}}, TempName, R"("-tempname" " ")");
+    row("template of spaces", {{&EngineSettings::tempName, " "}}, TempName, R"("-tempname" " ")");
     row("template with a quote", {{&EngineSettings::tempName, "a\"b"}}, TempName, R"("-tempname" "a"b")");
     row("single template", {{&EngineSettings::singleTempName, "1"}}, SingleTempName, R"("-tempname1")");
     row("single template 2", {{&EngineSettings::singleTempName, "2"}}, SingleTempName, "");
     row("user password", {{&EngineSettings::userPassword, " ab "}}, UserPassword, R"("-upw" " ab ")");
-    row("user password of blanks", {{&EngineSettings::userPassword, "   "}}, UserPassword, "");
+    row("user password of spaces", {{&EngineSettings::userPassword, "   "}}, UserPassword, "");
     row("owner password", {{&EngineSettings::masterPassword, "ä\"x"}}, OwnerPassword, R"("-opw" "ä"x")");
     row("kind of output", {{&EngineSettings::outputKindRow, "8"}}, OwnerPassword, "");
     row("multi-page but no TIFF", {{&EngineSettings::multiPageTiff, "1"}}, MultiPage, "");

@@ -80,7 +80,7 @@ void ListedFilesTest::addedFiles_data()
     row("dot in the folder only", "/in.pdf/a|/in.x/a.pdf", "/in.x/a.pdf");
     row("name is the extension", "/in/.pdf", "/in/.pdf");
     row("trailing dot", "/in/a.pdf.", "");
-    row("trailing blank", "/in/a.pdf ", "");
+    row("trailing space", "/in/a.pdf ", "");
     row("not ASCII", "/in/ä ö\"文.pdf", "/in/ä ö\"文.pdf");
 }
 

@@ -42,7 +42,7 @@ QString positive(const char *name, int value)
     return value >= 1 ? two(name, QString::number(value)) : QString();
 }
 
-bool blank(const QString &text)
+bool onlySpaces(const QString &text)
 {
     for (const QChar c : text) {
         if (!c.isSpace()) {
@@ -148,8 +148,8 @@ QString modelOptions(const StoredTexts &stored, const QString &extension)
     parts[9] = compression(number("Compression", "0"));
     parts[10] = on("MultiPageTIFF") ? one("-multipage") : QString();
     parts[11] = two("-wordmode", wordMode(number("WordMode", "0")));
-    parts[12] = blank(text("UserPassword", "")) ? QString() : two("-upw", text("UserPassword", ""));
-    parts[13] = blank(text("MasterPassword", "")) ? QString() : two("-opw", text("MasterPassword", ""));
+    parts[12] = onlySpaces(text("UserPassword", "")) ? QString() : two("-upw", text("UserPassword", ""));
+    parts[13] = onlySpaces(text("MasterPassword", "")) ? QString() : two("-opw", text("MasterPassword", ""));
 
     if (!QStringList{QStringLiteral(".tif"), QStringLiteral(".tiff")}.contains(extension)) {
         parts[9].clear();

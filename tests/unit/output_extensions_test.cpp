@@ -52,7 +52,7 @@ void OutputExtensionsTest::indexOfEachExtension_data()
     row(".txt", 7);
     row(".tiff", 13);
     row(".tif", 14);
-    row(".pnm", 21); // stands at 27 as well
+    row(".pnm", 21); // also at 27
     row(".pgm", 26);
     row("", -1); // not the unassigned 19
     row(".PDF", -1);

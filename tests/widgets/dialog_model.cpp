@@ -27,7 +27,7 @@ QStringList depthsFor(const QString &extension)
     return depths;
 }
 
-QString blankAsEmpty(const QString &text)
+QString spacesAsEmpty(const QString &text)
 {
     return text.trimmed().isEmpty() ? QString() : text;
 }
@@ -148,8 +148,8 @@ void DialogModel::load()
     }
     multiPage = value("MultiPageTIFF", "0") == QLatin1String("1");
     tiffEnabled = m_kind == QLatin1String("8");
-    userPassword = blankAsEmpty(value("UserPassword", ""));
-    masterPassword = blankAsEmpty(value("MasterPassword", ""));
+    userPassword = spacesAsEmpty(value("UserPassword", ""));
+    masterPassword = spacesAsEmpty(value("MasterPassword", ""));
 }
 
 void DialogModel::reset()
@@ -200,7 +200,7 @@ DialogModel::Values DialogModel::stored() const
     put("ColorDepth", QString::number(depth + (isJpeg(formatText()) ? 1 : 0)));
     put("Compression", QString::number(compression));
     put("MultiPageTIFF", flag(multiPage));
-    put("UserPassword", blankAsEmpty(userPassword));
-    put("MasterPassword", blankAsEmpty(masterPassword));
+    put("UserPassword", spacesAsEmpty(userPassword));
+    put("MasterPassword", spacesAsEmpty(masterPassword));
     return values;
 }

@@ -75,7 +75,7 @@ void WidgetsBadInput::oddNamesReachTheEngine_data()
     const auto row = [](const char *tag, const char *base) {
         QTest::newRow(tag) << QString::fromUtf8(base) + QStringLiteral(".pdf") << QString::fromUtf8(base);
     };
-    row("blanks", " two  words ");
+    row("spaces", " two  words ");
     row("non-ASCII", "Übersicht 漢字 😀");
     row("apostrophe", "it's");
     row("newline", "two\nlines");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window as it stands after start-up: geometry, widgets, texts, wiring.
+// The main window after start-up: geometry, widgets, texts, wiring.
 #include "window_fixture.h"
 
 #include <QAction>

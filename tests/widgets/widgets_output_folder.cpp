@@ -45,7 +45,7 @@ void WidgetsOutputFolder::savedFolderIsShownAtStart_data()
     QTest::addColumn<QString>("folder");
     QTest::newRow("none") << QString();
     QTest::newRow("that no longer exists") << QStringLiteral("/no/such/folder");
-    QTest::newRow("blanks, accents, comma") << QStringLiteral("/tmp/Büro, Akten und \"mehr\"");
+    QTest::newRow("spaces, accents, comma") << QStringLiteral("/tmp/Büro, Akten und \"mehr\"");
     QTest::newRow("relative") << QStringLiteral("out");
 }
 

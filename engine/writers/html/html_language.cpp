@@ -10,6 +10,13 @@ namespace quorra {
 
 namespace {
 
+struct Thresholds
+{
+    int minShare = 40; ///< percent of the letters; names, addresses and commands are Latin in any document
+    int minKana = 5;   ///< percent of ideographs and kana; Japanese text without kana does not exist
+};
+constexpr Thresholds thresholds;
+
 struct LetterCount
 {
     int all = 0;
@@ -64,18 +71,18 @@ QString languageByScript(const model::Document &document)
             }
         });
     }
-    // Names, addresses and commands stand in Latin letters among any script.
-    const auto rules = [&letters](int some) { return 5 * some > 2 * letters.all; };
-    if (rules(letters.hangul)) {
+    const auto isMain = [&letters](int some) { return 100 * some > thresholds.minShare * letters.all; };
+    if (isMain(letters.hangul)) {
         return QStringLiteral("ko");
     }
-    if (rules(letters.han + letters.kana)) { // no Japanese text does without kana
-        return 20 * letters.kana > letters.han + letters.kana ? QStringLiteral("ja") : QStringLiteral("zh");
+    const int ideographs = letters.han + letters.kana;
+    if (isMain(ideographs)) {
+        return 100 * letters.kana > thresholds.minKana * ideographs ? QStringLiteral("ja") : QStringLiteral("zh");
     }
-    return rules(letters.hebrew)  ? QStringLiteral("he")
-           : rules(letters.greek) ? QStringLiteral("el")
-           : rules(letters.thai)  ? QStringLiteral("th")
-                                  : QString();
+    return isMain(letters.hebrew)  ? QStringLiteral("he")
+           : isMain(letters.greek) ? QStringLiteral("el")
+           : isMain(letters.thai)  ? QStringLiteral("th")
+                                   : QString();
 }
 
 } // namespace

@@ -7,8 +7,8 @@
 
 namespace quorra {
 
-/// The language tag of a document: browsers choose the shapes of ideographs, and readers the voice, by it. It is what
-/// the file says, unless most letters belong to a script that tells another language. Empty when nothing tells.
+/// Returns the language tag of the document, by which browsers choose the glyphs of ideographs, and screen readers the
+/// voice: that of the file, unless the script of most letters belongs to another language. Empty if neither is known.
 QString languageOf(const model::Document &document);
 
 } // namespace quorra

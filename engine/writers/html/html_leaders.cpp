@@ -45,7 +45,7 @@ std::vector<Run> slice(const std::vector<Run> &runs, qsizetype from, qsizetype t
     return part;
 }
 
-// Cuts joined text at its leaders.
+/// Divides text into entries after leader dots with a page number.
 std::vector<LeaderLine> cutAtLeaders(const std::vector<Run> &runs)
 {
     std::vector<LeaderLine> lines;
@@ -67,7 +67,7 @@ std::vector<LeaderLine> cutAtLeaders(const std::vector<Run> &runs)
     return lines;
 }
 
-// Whether a page number stands at the line's end, apart from the text.
+/// Returns whether the line ends with a page number that is apart from the text.
 bool endsInPage(const Line &line)
 {
     if (line.words.size() < 2 || !pageNumber().match(line.words.back().text).hasMatch()) {

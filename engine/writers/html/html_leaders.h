@@ -9,7 +9,7 @@
 
 namespace quorra {
 
-/// A line of a table of contents: its text, the leading dots, its page number. What it lacks is empty.
+/// A line of a table of contents: its text, the leader dots, and its page number. Missing parts are empty.
 struct LeaderLine
 {
     std::vector<model::Run> entry;
@@ -17,9 +17,9 @@ struct LeaderLine
     std::vector<model::Run> page;
 };
 
-/// The lines of a paragraph with these runs that is part of a table of contents: one with leading dots that a page
-/// number follows. An entry of several lines is one; an entry without dots ends where its page number stands apart.
-/// Empty for other text.
+/// Returns the entries of a paragraph with these runs that is part of a table of contents, which has leader dots
+/// followed by a page number. An entry can have several lines; an entry without dots ends at a page number with a wide
+/// gap before it. Empty for other text.
 std::vector<LeaderLine> leaderLines(const model::Paragraph &paragraph, const std::vector<model::Run> &runs);
 
 } // namespace quorra

@@ -23,6 +23,13 @@ using model::Role;
 using model::Run;
 using Lines = std::vector<std::vector<Run>>;
 
+struct Thresholds
+{
+    double maxOffCentre = 0.1; ///< share of the page's width; by which the distances of a centred header from the
+                               ///< margins differ
+};
+constexpr Thresholds thresholds;
+
 bool isHeading(const Paragraph &paragraph)
 {
     return paragraph.role == Role::Heading;
@@ -33,11 +40,11 @@ QString tagOf(const Paragraph &paragraph)
     return isHeading(paragraph) ? QStringLiteral("h%1").arg(paragraph.headingLevel) : QStringLiteral("p");
 }
 
-// The words of a page header as its parts: a page number at one end and a title at the other are not one text.
-Lines headParts(const Paragraph &head)
+/// Returns the parts of a page header that are separate texts, such as a title and a page number.
+Lines headerParts(const Paragraph &header)
 {
     Lines parts;
-    for (const model::Line &line : head.lines) {
+    for (const model::Line &line : header.lines) {
         for (const model::Line &part : linePieces(line, model::pageHeaderLimits)) {
             parts.push_back(model::runsOf(part));
         }
@@ -45,15 +52,16 @@ Lines headParts(const Paragraph &head)
     return parts;
 }
 
-QString headPlace(const Page &page, const Box &head)
+/// Returns the alignment of a page header by its distances from the margins; nothing for left.
+QString headerAlignment(const Page &page, const Box &header)
 {
-    const double left = head.left - page.content.left;
-    const double right = page.content.right - head.right;
-    constexpr double middle = 0.1; // of the page's width
-    if (page.content.isEmpty() || std::max(left, right) < middle * page.width) {
+    const double left = header.left - page.content.left;
+    const double right = page.content.right - header.right;
+    const double tolerance = thresholds.maxOffCentre * page.width;
+    if (page.content.isEmpty() || std::max(left, right) < tolerance) {
         return {};
     }
-    if (std::abs(left - right) < middle * page.width) {
+    if (std::abs(left - right) < tolerance) {
         return QStringLiteral("text-align:center");
     }
     return left > right ? QStringLiteral("text-align:right") : QString();
@@ -75,7 +83,7 @@ void writePreformatted(QXmlStreamWriter &xml, const Lines &lines, TextContext co
 void writeSpan(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextContext &context)
 {
     const XmlElement element(xml, QStringLiteral("span"));
-    xml.writeCharacters(QString()); // an empty one must not become a self-closing element
+    xml.writeCharacters(QString()); // prevents a self-closing element
     writeInline(xml, runs, context);
 }
 
@@ -86,7 +94,7 @@ void writeLeaders(QXmlStreamWriter &xml, const std::vector<LeaderLine> &lines, c
         writeSpan(xml, line.entry, context);
         {
             const XmlElement gap = startElement(xml, QStringLiteral("span"), line.dots.isEmpty() ? "gap" : "dots");
-            xml.writeAttribute(QStringLiteral("aria-hidden"), QStringLiteral("true")); // nothing to be read aloud
+            xml.writeAttribute(QStringLiteral("aria-hidden"), QStringLiteral("true")); // not to be read aloud
             xml.writeCharacters(line.dots.isEmpty() ? QStringLiteral(" ") : xmlText(line.dots));
         }
         if (!line.page.empty()) {
@@ -95,7 +103,7 @@ void writeLeaders(QXmlStreamWriter &xml, const std::vector<LeaderLine> &lines, c
     }
 }
 
-// The style of the element and what its text is written into.
+/// Returns the style of the paragraph's element and the context of its text.
 TextContext textContext(const Paragraph &paragraph, const std::vector<Run> &runs, const ParagraphContext &context)
 {
     TextContext text{
@@ -116,7 +124,7 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
         preformatted.empty() ? leaderLines(paragraph, runs) : std::vector<LeaderLine>();
     const TextContext text = textContext(paragraph, runs, context);
     Paragraph place = paragraph;
-    if (!leaders.empty() || !preformatted.empty()) { // every line is a paragraph of its own
+    if (!leaders.empty() || !preformatted.empty()) { // every line begins at the left
         place.alignment = model::Alignment::Left;
         place.firstLineIndent = 0;
     }
@@ -146,7 +154,8 @@ void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const Parag
     writeStyle(xml, runStyle(text.style, context.usual, false));
     writeDirection(xml, item.rightToLeft);
     xml.writeCharacters(QString());
-    if (item.listItem->ordered) { // the mark as it stands: a list that goes on after other text keeps its number
+    if (item.listItem->ordered) { // the mark is written as text, so that a list that continues after other text keeps
+                                  // its numbers
         {
             const XmlElement mark = startElement(xml, QStringLiteral("span"), "mark");
             xml.writeCharacters(xmlText(item.listItem->mark));
@@ -157,20 +166,20 @@ void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const Parag
 }
 
 void writeHtmlPageHeader(
-    QXmlStreamWriter &xml, const QString &element, const Page &page, const Paragraph &head,
+    QXmlStreamWriter &xml, const QString &element, const Page &page, const Paragraph &header,
     const ParagraphContext &context)
 {
-    const Lines parts = headParts(head);
-    const std::vector<Run> runs = model::runsOf(head);
-    const TextContext text = textContext(head, runs, context);
-    const bool turned = head.rotation != 0;
-    const bool spread = parts.size() > 1 && !turned;
+    const Lines parts = headerParts(header);
+    const std::vector<Run> runs = model::runsOf(header);
+    const TextContext text = textContext(header, runs, context);
+    const bool rotated = header.rotation != 0;
+    const bool spread = parts.size() > 1 && !rotated;
     const XmlElement block = startBlock(xml, element, spread ? "parts" : nullptr);
     writeStyle(
         xml, joinedStyle(
-                 {paragraphStyle(head, text.style, context.usual),
-                  spread || turned ? QString() : headPlace(page, head.box)}));
-    writeDirection(xml, head.rightToLeft);
+                 {paragraphStyle(header, text.style, context.usual),
+                  spread || rotated ? QString() : headerAlignment(page, header.box)}));
+    writeDirection(xml, header.rightToLeft);
     xml.writeCharacters(QString());
     if (!spread) {
         writeInline(xml, runs, text);

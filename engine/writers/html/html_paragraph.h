@@ -7,25 +7,25 @@ class QXmlStreamWriter;
 
 namespace quorra {
 
-/// What surrounds a paragraph.
+/// The context of a paragraph.
 struct ParagraphContext
 {
     model::Style usual; ///< the style of the text around it
-    /// The background that it has on the page is missing: text too light for white paper becomes black.
+    /// Its background on the page is not output: text too light for white paper becomes black.
     bool lostBackground = false;
 };
 
-/// Writes a paragraph or heading as an element of its own. Preformatted text keeps its columns; lines of a table of
-/// contents have their page numbers at the right edge.
+/// Writes a paragraph or heading as an element. Preformatted text keeps its columns; the page numbers of a table of
+/// contents are at the right edge.
 void writeHtmlParagraph(QXmlStreamWriter &xml, const model::Paragraph &paragraph, const ParagraphContext &context);
 
-/// Writes the text of a list's entry, into the element that is open, with its mark when the mark counts.
+/// Writes the text of a list item into the open element, with its mark if the list is ordered.
 void writeHtmlListText(QXmlStreamWriter &xml, const model::Paragraph &item, const ParagraphContext &context);
 
-/// Writes a paragraph of the header or footer of the page, as the element of that name, at the side where it stands;
-/// parts with wide gaps between them lie apart.
+/// Writes a paragraph of the page header or footer as an element of this name, aligned as on the page. Parts with wide
+/// gaps between them remain apart.
 void writeHtmlPageHeader(
-    QXmlStreamWriter &xml, const QString &element, const model::Page &page, const model::Paragraph &head,
+    QXmlStreamWriter &xml, const QString &element, const model::Page &page, const model::Paragraph &header,
     const ParagraphContext &context);
 
 } // namespace quorra

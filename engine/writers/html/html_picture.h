@@ -8,8 +8,8 @@ class QXmlStreamWriter;
 
 namespace quorra {
 
-/// Writes a figure with the bytes of its picture. Its labels lie over it at their places, transparent, so that they are
-/// seen once, heard once, found and copied. alt is what is heard for it; centred puts it into the middle of its column.
+/// Writes a figure with the bytes of its picture. Its labels are transparent text at their positions over the picture,
+/// for searching, copying and screen readers. `alt` is its alternative text; `centred` centres it in its column.
 void writeHtmlFigure(
     QXmlStreamWriter &xml, const model::EncodedPicture &encoded, const model::Figure &figure, const QString &alt,
     bool centred);

@@ -19,22 +19,21 @@ namespace {
 using model::Alignment;
 using model::Style;
 
-/// Lengths in points unless another unit is named.
 struct Thresholds
 {
-    double lineHeight = 1.2;     ///< em: text lower than its cell by less than a line needs no vertical alignment
-    double nearEdge = 0.25;      ///< of the space above and below: text so near to one edge is aligned with it
-    double sameSize = 0.25;      ///< difference of font sizes that nobody sees
-    double faint = 0.85;         ///< of white: lighter text cannot be read on white paper
-    double usualMargin = 36;     ///< of a document without text
-    double leastMargin = 12;     ///< text at the window's edge is hard to read
-    double mostMargin = 90;      ///< wider ones waste the width of the window
-    double narrowestText = 288;  ///< a column that can be read
-    double leastIndent = 4;      ///< smaller ones are inaccuracies of the page
-    double mostIndent = 108;     ///< narrow windows show the text, too
-    double thinnestBorder = 0.5; ///< thinner ones are not drawn by all browsers
+    double lineHeight = 1.2;   ///< em; text in a cell that is higher by less than a line needs no vertical alignment
+    double nearEdge = 0.25;    ///< share of the space above and below; text nearer to an edge is aligned with it
+    double sameSize = 0.25;    ///< points; smaller differences of font sizes are not visible
+    double faint = 0.85;       ///< share of white; lighter text cannot be read on white paper
+    double defaultMargin = 36; ///< points; of a document without text
+    double minMargin = 12;     ///< points; text at the edge of the window is hard to read
+    double maxMargin = 90;     ///< points; wider ones waste the width of the window
+    double minTextWidth = 288; ///< points; narrower columns are hard to read
+    double minIndent = 4;      ///< points; smaller ones are inaccuracies of the page
+    double maxIndent = 108;    ///< points; wider ones leave no room for the text in narrow windows
+    double minBorder = 0.5;    ///< points; not all browsers draw thinner ones
 };
-constexpr Thresholds limits;
+constexpr Thresholds thresholds;
 
 QString points(double value)
 {
@@ -56,7 +55,7 @@ QString genericFamily(const Style &style)
 QString family(const Style &style)
 {
     const QString generic = genericFamily(style);
-    // Style sheets have no XML escapes, and a style attribute must not hold the quotes that enclose it.
+    // Style sheets have no XML escapes, and a style attribute cannot contain the quotes that enclose it.
     QString name = xmlText(style.family);
     for (const char c : {'\'', '"', '<', '&', '\\', '\n'}) {
         name.remove(QLatin1Char(c));
@@ -79,7 +78,8 @@ QString alignment(Alignment a)
     return {};
 }
 
-// The vertical alignment of text in a cell that is higher than its text by a line or more; nothing for the top.
+/// Returns the vertical alignment of text in a cell that is higher than the text by at least a line; nothing for the
+/// top.
 QString heightAlignment(const model::Cell &cell)
 {
     Box text;
@@ -89,22 +89,22 @@ QString heightAlignment(const model::Cell &cell)
     const double above = text.top - cell.box.top;
     const double below = cell.box.bottom - text.bottom;
     const std::vector<model::Run> runs = model::runsOf(cell.paragraphs.front());
-    const double line = limits.lineHeight * (runs.empty() ? 0.0 : runs.front().style.size);
-    if (above + below <= line || above < limits.nearEdge * (above + below)) {
+    const double line = thresholds.lineHeight * (runs.empty() ? 0.0 : runs.front().style.size);
+    if (above + below <= line || above < thresholds.nearEdge * (above + below)) {
         return {};
     }
-    return below < limits.nearEdge * (above + below) ? QStringLiteral("vertical-align:bottom")
-                                                     : QStringLiteral("vertical-align:middle");
+    return below < thresholds.nearEdge * (above + below) ? QStringLiteral("vertical-align:bottom")
+                                                         : QStringLiteral("vertical-align:middle");
 }
 
-// The differences between two styles except bold and italic.
+/// The differences between two styles except bold and italic.
 QStringList differences(const Style &style, const Style &around)
 {
     QStringList parts;
     if (style.family != around.family) {
         parts += QStringLiteral("font-family:") + family(style);
     }
-    if (std::abs(style.size - around.size) > limits.sameSize) {
+    if (std::abs(style.size - around.size) > thresholds.sameSize) {
         parts += QStringLiteral("font-size:") + points(style.size);
     }
     if (style.colour != around.colour) {
@@ -113,7 +113,7 @@ QStringList differences(const Style &style, const Style &around)
     return parts;
 }
 
-// Italic text has an element of its own, whatever the style around it.
+/// Counts italic text like upright text: it gets an element of its own.
 void count(model::StyleCount &counts, std::vector<model::Run> runs)
 {
     for (model::Run &run : runs) {
@@ -154,9 +154,7 @@ Style elementStyle(const model::Table &table, const Style &fallback)
 {
     model::StyleCount counts;
     for (const model::Cell &cell : table.cells) {
-        for (const model::Paragraph &paragraph : cell.paragraphs) {
-            count(counts, model::runsOf(paragraph));
-        }
+        count(counts, model::runsOf(cell));
     }
     Style style = counts.dominant(fallback);
     style.italic = false;
@@ -167,14 +165,14 @@ Style elementStyle(const model::Table &table, const Style &fallback)
 QString styleSheet(const model::Document &document, const Style &usual)
 {
     double width = 0;
-    double margin = limits.usualMargin;
+    double margin = thresholds.defaultMargin;
     for (const model::Page &page : document.pages) {
         width = std::max(width, page.width);
         if (!page.content.isEmpty()) {
-            margin = std::clamp(page.content.left, limits.leastMargin, limits.mostMargin);
+            margin = std::clamp(page.content.left, thresholds.minMargin, thresholds.maxMargin);
         }
     }
-    const double column = std::max(width - 2 * margin, limits.narrowestText);
+    const double column = std::max(width - 2 * margin, thresholds.minTextWidth);
     return QStringLiteral(
                "\nbody{font:%1/1.3 %2;color:#000;background:#fff;max-width:%3;margin:0 auto;padding:0 min(%4,6vw)}\n"
                ".page{padding:1.5em 0;overflow-wrap:break-word}\n"
@@ -219,24 +217,25 @@ QString paragraphStyle(const model::Paragraph &paragraph, const Style &style, co
 {
     const bool heading = paragraph.role == model::Role::Heading;
     QStringList parts = differences(style, around);
-    if (heading && std::abs(style.size - around.size) <= limits.sameSize) { // the browser's own size is another
+    if (heading && std::abs(style.size - around.size) <= thresholds.sameSize) { // browsers have another default
         parts += QStringLiteral("font-size:") + points(style.size);
     }
     if (heading && !style.bold) {
         parts += QStringLiteral("font-weight:normal");
     }
     if (paragraph.role == model::Role::PageHeader) {
-        return joinedStyle(parts); // its parts have places of their own
+        return joinedStyle(parts); // the writer of page headers aligns the parts
     }
     parts += alignment(paragraph.alignment);
-    const double indent = std::min(paragraph.indentLeft, limits.mostIndent);
-    if (indent > limits.leastIndent && paragraph.role != model::Role::ListItem) {
+    const double indent = std::min(paragraph.indentLeft, thresholds.maxIndent);
+    if (indent > thresholds.minIndent && paragraph.role != model::Role::ListItem) {
         parts += QStringLiteral("margin-left:") + points(indent);
     }
-    const double hang = std::max(paragraph.firstLineIndent, -limits.mostIndent);
-    if (std::abs(hang) > limits.leastIndent && paragraph.lines.size() > 1 && paragraph.role != model::Role::ListItem) {
-        parts += QStringLiteral("text-indent:") + points(std::min(hang, limits.mostIndent));
-        if (hang < 0 && indent < -hang) { // nothing may hang out of the window
+    const double hang = std::max(paragraph.firstLineIndent, -thresholds.maxIndent);
+    if (std::abs(hang) > thresholds.minIndent && paragraph.lines.size() > 1 &&
+        paragraph.role != model::Role::ListItem) {
+        parts += QStringLiteral("text-indent:") + points(std::min(hang, thresholds.maxIndent));
+        if (hang < 0 && indent < -hang) { // otherwise text would be outside the window
             parts += QStringLiteral("padding-left:") + points(-hang - std::max(0.0, indent));
         }
     }
@@ -273,7 +272,7 @@ QString borderStyle(const char *name, const model::Border &border)
     return border.width <= 0 ? QString()
                              : QStringLiteral("%1:%2 solid %3")
                                    .arg(
-                                       QLatin1String(name), points(std::max(limits.thinnestBorder, border.width)),
+                                       QLatin1String(name), points(std::max(thresholds.minBorder, border.width)),
                                        colourName(border.colour));
 }
 
@@ -286,7 +285,7 @@ QString joinedStyle(QStringList parts)
 bool isFaint(Colour colour)
 {
     const double light = 0.299 * (colour >> 16 & 0xff) + 0.587 * (colour >> 8 & 0xff) + 0.114 * (colour & 0xff);
-    return light > limits.faint * 0xff;
+    return light > thresholds.faint * 0xff;
 }
 
 } // namespace quorra

@@ -8,34 +8,35 @@
 
 namespace quorra {
 
-/// The style of most of the document's text.
+/// Returns the style of most of the document's text.
 model::Style usualStyle(const model::Document &document);
 
-/// The style sheet of the whole file.
+/// Returns the style sheet of the file.
 QString styleSheet(const model::Document &document, const model::Style &usual);
 
-/// The style of the element around the runs: that of most of them, or the fallback without letters. Bold and italic
-/// are elements of their own inside it; a heading keeps bold.
+/// Returns the style of the element around the runs: that of most of the text, or the fallback if there are no letters.
+/// It is neither italic nor, except in headings, bold: these are elements inside it.
 model::Style elementStyle(const std::vector<model::Run> &runs, const model::Style &fallback, bool heading);
 
-/// The same for all cells of a table.
+/// Returns the same for all cells of a table.
 model::Style elementStyle(const model::Table &table, const model::Style &fallback);
 
-/// How the style of a run differs from the style around it, as style declarations; empty for no difference. Bold and
-/// italic are elements, except that a heading's text is bold unless it says otherwise.
+/// Returns the style declarations for the differences between a run and the element around it; empty if there are none.
+/// Bold and italic are elements, but text in a heading is bold unless declared otherwise.
 QString runStyle(const model::Style &style, const model::Style &around, bool heading);
 
-/// The declarations of a paragraph's element: indents, and its style as far as it differs from the one around it.
+/// Return the declarations of a paragraph (its indents, and the differences between its style and the one around it)
+/// and of a cell.
 QString paragraphStyle(const model::Paragraph &paragraph, const model::Style &style, const model::Style &around);
 QString cellStyle(const model::Cell &cell);
 
-/// "name:width solid colour", empty without a line.
+/// Returns "name:width solid colour"; empty for a border of width 0.
 QString borderStyle(const char *name, const model::Border &border);
 
-/// Style declarations in one text; empty ones are left out.
+/// Joins style declarations, leaving out empty ones.
 QString joinedStyle(QStringList parts);
 
-/// Whether text of that colour is hardly visible on white paper.
+/// Returns whether text of this colour is hardly visible on white paper.
 bool isFaint(Colour colour);
 
 } // namespace quorra

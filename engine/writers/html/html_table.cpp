@@ -52,12 +52,7 @@ void writeCell(QXmlStreamWriter &xml, const Cell &cell, bool header, const Style
     const XmlElement element(xml, header ? QStringLiteral("th") : QStringLiteral("td"));
     writeSpan(xml, "rowspan", cell.rowSpan);
     writeSpan(xml, "colspan", cell.columnSpan);
-    std::vector<model::Run> all;
-    for (const Paragraph &paragraph : cell.paragraphs) {
-        const std::vector<model::Run> runs = model::runsOf(paragraph);
-        all.insert(all.end(), runs.begin(), runs.end());
-    }
-    const Style textStyle = elementStyle(all, around, false);
+    const Style textStyle = elementStyle(model::runsOf(cell), around, false);
     const QString style = joinedStyle({runStyle(textStyle, around, false), cellStyle(cell)});
     writeStyle(xml, style);
     const bool rightToLeft = !cell.paragraphs.empty() && cell.paragraphs.front().rightToLeft;
@@ -96,7 +91,7 @@ void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const Styl
         }
         writeCell(xml, cell, cell.row < table.headerRows, textStyle);
     }
-    while (row + 1 < table.rows() && row >= 0) { // rows that cells from above fill
+    while (row + 1 < table.rows() && row >= 0) { // rows covered by cells above
         openRow();
     }
 }

@@ -7,8 +7,8 @@ class QXmlStreamWriter;
 
 namespace quorra {
 
-/// Writes a table with its merged cells, lines and backgrounds. around is the look of the text around it; centred puts
-/// it into the middle of its column. A table wider than the window scrolls by itself.
+/// Writes a table with its merged cells, borders and backgrounds. `around` is the style of the text around it;
+/// `centred` centres it in its column. A table wider than the window can be scrolled separately.
 void writeHtmlTable(QXmlStreamWriter &xml, const model::Table &table, const model::Style &around, bool centred);
 
 } // namespace quorra

@@ -19,7 +19,7 @@ using model::Run;
 
 constexpr QLatin1String pagePrefix("#page-"); // of the ids of the pages' elements
 
-// Removes the spaces at the end of the text and returns them.
+/// Removes the spaces at the end of the text and returns them.
 QString takeTrailingSpaces(QString &text)
 {
     auto end = text.size();
@@ -95,7 +95,7 @@ private:
             around.colour = black;
         }
         std::optional<XmlElement> outer;
-        if (run.shift != BaselineShift::None) { // the element makes it small
+        if (run.shift != BaselineShift::None) { // the element reduces the size
             outer.emplace(
                 m_xml, run.shift == BaselineShift::Superscript ? QStringLiteral("sup") : QStringLiteral("sub"));
             style.size = m_context.style.size;

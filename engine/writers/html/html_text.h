@@ -10,28 +10,29 @@
 
 namespace quorra {
 
-/// Starts an element; the class may be null.
+/// Starts an element; the class can be null.
 [[nodiscard]] XmlElement startElement(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass = nullptr);
 
-/// Starts an element whose end also ends its line of the file, so that programs that know no blocks do not join the
-/// words of two.
+/// Starts an element that is followed by a line break in the file, so that programs that ignore the layout do not join
+/// the words of two blocks.
 [[nodiscard]] XmlElement startBlock(QXmlStreamWriter &xml, const QString &tag, const char *htmlClass = nullptr);
 
-/// What the text of an element is written into.
+/// The context of the text in an element.
 struct TextContext
 {
-    model::Style style;        ///< of the element around the text
+    model::Style style;        ///< of the element
     bool heading = false;      ///< bold is part of the style, not an element
     bool preformatted = false; ///< '\n' stays as it is; otherwise it becomes a line break element
-    /// The background that the text has on the page is missing: colours too light for white paper become black.
+    /// The background of the text on the page is not output: colours too light for white paper become black.
     bool lostBackground = false;
 };
 
-/// Writes runs as inline elements: one link around all runs that share it, bold, italic, super- and subscript; the rest
-/// as style attributes. Spaces at the end of a run stand after its elements, those at the end of the text are dropped.
+/// Writes runs as inline elements: links (one for all consecutive runs with the same target), bold, italic, superscript
+/// and subscript; other styles as attributes. Spaces at the end of a run follow its elements; those at the end of the
+/// text are removed.
 void writeInline(QXmlStreamWriter &xml, const std::vector<model::Run> &runs, const TextContext &context);
 
-/// Writes the attribute unless it is empty.
+/// Write the attribute style or dir unless it would be empty.
 void writeStyle(QXmlStreamWriter &xml, const QString &style);
 void writeDirection(QXmlStreamWriter &xml, bool rightToLeft);
 

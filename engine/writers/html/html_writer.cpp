@@ -28,8 +28,15 @@ using model::Paragraph;
 using model::Style;
 using model::Table;
 
-// Whether faint text stands on something that is no background of all of it: a picture, a bar.
-bool isOnSomething(const Page &page, const Paragraph &paragraph)
+struct Thresholds
+{
+    double minCentredIndent = 12; ///< points; on the left of something centred: a full-width block is not centred
+    double maxOffCentre = 0.1;    ///< share of the column's width; by which the spaces on both sides differ
+};
+constexpr Thresholds thresholds;
+
+/// Returns whether the text is faint and has a picture or a dark area behind it, which is not output as its background.
+bool losesBackground(const Page &page, const Paragraph &paragraph)
 {
     const auto isPale = [](const model::Run &run) { return isFaint(run.style.colour); };
     const std::vector<model::Run> runs = model::runsOf(paragraph);
@@ -46,7 +53,7 @@ bool isOnSomething(const Page &page, const Paragraph &paragraph)
     return found;
 }
 
-// Whether a table or picture stands in the middle of its column, or of the page where that has one column.
+/// Returns whether a table or picture is centred in its column, or on the page if there is a single column.
 bool isCentred(const Page &page, const model::Section &section, const Block &block)
 {
     const auto at = static_cast<std::size_t>(block.column);
@@ -55,9 +62,9 @@ bool isCentred(const Page &page, const model::Section &section, const Block &blo
     }
     const Box around = section.columns.size() == 1 ? page.content : section.columns[at];
     const Box box = block.box();
-    constexpr double least = 12; // points
-    return box.left - around.left > least &&
-           std::abs(box.left - around.left - (around.right - box.right)) < 0.1 * around.width();
+    const double left = box.left - around.left;
+    const double right = around.right - box.right;
+    return left > thresholds.minCentredIndent && std::abs(left - right) < thresholds.maxOffCentre * around.width();
 }
 
 class HtmlWriter
@@ -81,7 +88,7 @@ public:
     }
 
 private:
-    // The elements of a list that is open, and of its last item.
+    /// The elements of an open list and of its last item.
     struct OpenList
     {
         XmlElement list;
@@ -134,7 +141,7 @@ private:
     {
         const XmlElement element = startBlock(m_xml, QStringLiteral("section"), page.scanned ? "page scan" : "page");
         m_xml.writeAttribute(QStringLiteral("id"), QStringLiteral("page-%1").arg(page.number));
-        m_xml.writeCharacters(QString()); // an empty page must not become a self-closing element
+        m_xml.writeCharacters(QString()); // prevents a self-closing element
         writePageHeaders(QStringLiteral("header"), page, page.header);
         for (const model::Section &section : page.sections) {
             writeBlocks(page, section);
@@ -183,7 +190,7 @@ private:
         setBackground({});
     }
 
-    // Blocks that follow one another on one background share one element with it.
+    /// Consecutive blocks with the same background share an element with this background.
     void setBackground(std::optional<Colour> background)
     {
         if (background == m_background) {
@@ -205,7 +212,7 @@ private:
         }
     }
 
-    // Leaves the item open for a list inside it.
+    /// Leaves the item open for a nested list.
     void writeListItem(const Page &page, const Paragraph &item)
     {
         const auto level = static_cast<std::size_t>(std::max(0, item.listItem->level));
@@ -225,10 +232,10 @@ private:
 
     ParagraphContext contextOf(const Page &page, const Paragraph &paragraph) const
     {
-        return {m_usual, !m_background && isOnSomething(page, paragraph)};
+        return {m_usual, !m_background && losesBackground(page, paragraph)};
     }
 
-    // A figure whose picture cannot be had leaves its labels as text.
+    /// Writes the labels as text if there is no picture.
     void writeFigure(const Page &page, const Figure &figure, bool centred)
     {
         const model::EncodedPicture encoded = m_pictures.encode(figure, model::DrawingWords::InPicture);

@@ -13,13 +13,17 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double mostIndent = 0.6;    // share of the cell's width; more is no indent
-constexpr double borderRoom = 0.75;   // points; height that the lines of a row take
-constexpr double middleTolerance = 3; // points by which text may be off the middle of its cell
+struct Thresholds
+{
+    double maxIndent = 0.6;     ///< share of the cell's width; a larger distance from the edge is no indent
+    double borderHeight = 0.75; ///< points; of the lines above and below a row together
+    double maxOffCentre = 3;    ///< points; by which the middle of text can be off the middle of its cell
+};
+constexpr Thresholds thresholds;
 
 void indent(model::Paragraph &paragraph, const Box &cell)
 {
-    const auto inside = [&cell](double space) { return std::clamp(space, 0.0, mostIndent * cell.width()); };
+    const auto inside = [&cell](double space) { return std::clamp(space, 0.0, thresholds.maxIndent * cell.width()); };
     paragraph.indentLeft = 0;
     paragraph.indentRight = 0;
     if (paragraph.alignment == model::Alignment::Left || paragraph.alignment == model::Alignment::Justify) {
@@ -33,7 +37,7 @@ void indent(model::Paragraph &paragraph, const Box &cell)
 double lineHeightIn(const model::Paragraph &paragraph, double room)
 {
     const double usual = lineLayout(paragraph).lineHeight;
-    return usual > room ? std::max(leastLineHeight * largestSize(paragraph), room) : usual;
+    return usual > room ? std::max(lineHeights.min * largestSize(paragraph), room) : usual;
 }
 
 } // namespace
@@ -41,18 +45,18 @@ double lineHeightIn(const model::Paragraph &paragraph, double room)
 std::vector<CellParagraph> placedInCell(const model::Cell &cell)
 {
     if (cell.box.isEmpty()) {
-        std::vector<CellParagraph> asTheyAre;
+        std::vector<CellParagraph> unplaced;
         for (const model::Paragraph &paragraph : cell.paragraphs) {
-            asTheyAre.push_back({paragraph});
+            unplaced.push_back({paragraph});
         }
-        return asTheyAre;
+        return unplaced;
     }
     double lines = 0;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         lines += static_cast<double>(paragraph.lines.size());
     }
-    const double room = (cell.box.height() - borderRoom) / std::max(1.0, lines);
-    double spare = cell.box.height() - borderRoom;
+    const double room = (cell.box.height() - thresholds.borderHeight) / std::max(1.0, lines);
+    double spare = cell.box.height() - thresholds.borderHeight;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         spare -= lineHeightIn(paragraph, room) * static_cast<double>(paragraph.lines.size());
     }
@@ -62,8 +66,8 @@ std::vector<CellParagraph> placedInCell(const model::Cell &cell)
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         CellParagraph next{paragraph, lineHeightIn(paragraph, room)};
         const std::optional<double> first = firstBaseline(paragraph);
-        const double top = first ? *first - baselinePart * next.lineHeight : paragraph.box.top;
-        next.paragraph.spaceBefore = std::max(0.0, top - bottom - (placed.empty() ? borderRoom : 0));
+        const double top = first ? *first - baselineShare * next.lineHeight : paragraph.box.top;
+        next.paragraph.spaceBefore = std::max(0.0, top - bottom - (placed.empty() ? thresholds.borderHeight : 0));
         next.paragraph.spaceBefore = std::min(next.paragraph.spaceBefore, spare);
         spare -= next.paragraph.spaceBefore;
         indent(next.paragraph, cell.box);
@@ -77,7 +81,9 @@ QString verticalAlignment(const model::Cell &cell)
 {
     const double above = cell.paragraphs.front().box.top - cell.box.top;
     const double below = cell.box.bottom - cell.paragraphs.back().box.bottom;
-    return std::abs(above - below) <= 2 * middleTolerance ? u"middle"_s : above < below ? u"top"_s : u"bottom"_s;
+    return std::abs(above - below) <= 2 * thresholds.maxOffCentre ? u"middle"_s
+           : above < below                                        ? u"top"_s
+                                                                  : u"bottom"_s;
 }
 
 } // namespace quorra::office

@@ -2,6 +2,7 @@
 #include "odf/exact_lines.h"
 
 #include "document/line_pieces.h"
+#include "document/rotation.h"
 #include "odf/font_widths.h"
 #include "odf/line_layout.h"
 
@@ -16,13 +17,13 @@ namespace {
 
 struct Thresholds
 {
-    double minHeight = 0.4;        ///< em; of a line: word processors cut off characters in lower ones
+    double minHeight = 0.4;        ///< em; word processors cut off characters in lower lines
     double minDistance = 0.6;      ///< em; baselines closer than this are not those of lines that follow one another
     double maxDistance = 4;        ///< em; neither are those farther apart
     double minSpace = 0.15;        ///< em; gaps narrower than this are none between words
     double minShift = 0.08;        ///< em; a word closer to the baseline stands on it
-    double maxNarrowing = 1.0 / 3; ///< em; by which letters come closer together
-    double maxWidening = 0.5;      ///< em; by which letters of a word stand apart
+    double maxNarrowing = 1.0 / 3; ///< em; of letter spacing: characters overlap beyond it
+    double maxWidening = 0.5;      ///< em; of letter spacing within a word: wider ones read as separate letters
     double maxGapWidening = 40;    ///< em; the same for a single character: the space in a wide gap
     double spacingStep = 0.05;     ///< points; finer steps only multiply styles
     double spacingSlack = 0.15;    ///< points; by which a word may end off its place
@@ -32,7 +33,7 @@ struct Thresholds
 };
 constexpr Thresholds thresholds;
 
-// Lines that share a frame: rotated alike, one below the other.
+/// Lines in the same frame: of the same rotation, one below the other.
 using LineGroup = std::vector<model::Line>;
 
 std::vector<LineGroup> lineGroups(const std::vector<model::Line> &lines)
@@ -61,7 +62,7 @@ double stepped(double spacing)
     return std::round(spacing / thresholds.spacingStep) * thresholds.spacingStep;
 }
 
-// Writes the words of one line so that each begins where it does on the page, as far as the widths are known.
+/// Writes the words of a line such that each begins where it does on the page, provided that the widths are known.
 class LineWriter
 {
 public:
@@ -95,7 +96,7 @@ private:
             style.family = measuredFamily(style);
             const auto characters = static_cast<double>(text.size());
             const double largest = (text.size() == 1 ? thresholds.maxGapWidening : thresholds.maxWidening) * style.size;
-            // Close enough with the spacing before: fewer changes make the file smaller and quicker to open.
+            // Keeping the previous spacing makes the file smaller and faster to open.
             const bool keeps = std::abs(m_at + *natural + characters * m_spacing - end) < thresholds.spacingSlack;
             spacing = keeps ? m_spacing
                             : std::clamp(
@@ -148,9 +149,9 @@ private:
     const Sink &m_sink;
     double m_at;
     double m_spacing = 0;
-    QString m_styleName; // the style of the text that is not written yet
-    QString m_link;      // where that text leads
-    QString m_pending;   // that text
+    QString m_styleName; // style of m_pending
+    QString m_link;      // target of m_pending; empty for none
+    QString m_pending;   // text that is not written yet
 };
 
 void writeLine(const Sink &sink, const model::Line &line, const LinePlace &place, double indent, bool rightToLeft)
@@ -174,31 +175,27 @@ bool readsRightToLeft(const model::Line &line)
     return line.words.size() > 1 && line.words.front().box.left > line.words.back().box.left;
 }
 
-// A rotated line as if it ran from left to right, beginning at 0 on a baseline at the height that its font rises.
-model::Line uprightLine(const model::Line &line, double size)
+/// Returns the line as if it ran from left to right; coordinates refer to the page rotated about its origin.
+model::Line uprightLine(const model::Line &line)
 {
-    model::Line upright{{0, 0, line.box.height(), usualLineHeight * size}, riseOf(size), 0, line.words};
-    for (model::Word &word : upright.words) {
-        const bool down = line.rotation == 90;
-        const double from = down ? word.box.top - line.box.top : line.box.bottom - word.box.bottom;
-        const double off = down ? line.baseline - word.baseline : word.baseline - line.baseline;
-        word.box = {from, 0, from + word.box.height(), usualLineHeight * size};
-        word.baseline = upright.baseline + off;
-    }
-    return upright;
+    model::Paragraph paragraph;
+    paragraph.rotation = line.rotation;
+    paragraph.lines = {line};
+    return model::uprightParagraph(std::move(paragraph), 0, 0).lines.front();
 }
 
-// Text that runs down or up the page: in a frame whose lines do so.
+/// Writes text that runs down or up the page into a frame of this direction.
 void writeRotated(const Sink &sink, const model::Line &line, FrameAnchor anchor)
 {
     const double size = largestSize(line);
-    const bool down = line.rotation == 90;
-    const double height = usualLineHeight * size;
-    const double left = down ? line.baseline + riseOf(size) - height : line.baseline - riseOf(size);
-    Box box{left, line.box.top, left + height, line.box.bottom};
-    (down ? box.bottom : box.top) += down ? thresholds.spareWidth : -thresholds.spareWidth;
-    const TextFrame frame = beginTextFrame(sink, box, anchor, false, down ? FrameDirection::Down : FrameDirection::Up);
-    writeLine(sink, uprightLine(line, size), {0, height}, 0, false);
+    const double height = lineHeights.usual * size;
+    const model::Line upright = uprightLine(line);
+    const double top = upright.baseline - riseOf(size);
+    const Box box = model::turnToPage(line.rotation, 0, 0)
+                        .box({upright.box.left, top, upright.box.right + thresholds.spareWidth, top + height});
+    const FrameDirection direction = line.rotation == 90 ? FrameDirection::Down : FrameDirection::Up;
+    const TextFrame frame = beginTextFrame(sink, box, anchor, false, direction);
+    writeLine(sink, upright, {0, height}, 0, false);
 }
 
 void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, FrameAnchor anchor)
@@ -236,7 +233,7 @@ void writeGroup(const Sink &sink, const LineGroup &group, double pageWidth, Fram
 
 double riseOf(double size)
 {
-    return baselinePart * usualLineHeight * size;
+    return baselineShare * lineHeights.usual * size;
 }
 
 std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselines, const std::vector<double> &sizes)
@@ -248,7 +245,7 @@ std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselin
         const double usual = riseOf(sizes[i]);
         LinePlace place;
         place.above = std::max(0.0, rise - usual);
-        place.height = std::max(thresholds.minHeight * sizes[i], (rise - place.above) / baselinePart);
+        place.height = std::max(thresholds.minHeight * sizes[i], (rise - place.above) / baselineShare);
         places.push_back(place);
         bottom += place.above + place.height;
     }

@@ -10,8 +10,6 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double fixedPitchWidth = 0.6; // of every character, times the font size: as in Courier New
-
 Face faceOf(const model::Style &style)
 {
     if (fontKind(style) != model::FontKind::Serif) {
@@ -23,10 +21,10 @@ Face faceOf(const model::Style &style)
     return style.italic ? SerifItalic : SerifRegular;
 }
 
-// The place of the character in the table; nothing for one that is not in it.
+/// Returns the index of the character in the table; nothing if it is not there.
 std::optional<std::size_t> indexOf(char16_t character)
 {
-    std::size_t before = 0; // in the ranges so far
+    std::size_t before = 0; // characters in the ranges so far
     for (const CharacterRange &range : measuredCharacters) {
         if (character >= range.first && character <= range.last) {
             return before + (character - range.first);

@@ -6,7 +6,7 @@ namespace quorra::office {
 std::vector<UnbreakableText> unbreakableTexts(const model::Paragraph &paragraph, const TextMeasure &measure)
 {
     std::vector<UnbreakableText> texts;
-    bool joins = false; // the word before
+    bool joins = false; // whether the previous word continues without a space
     for (const model::Line &line : paragraph.lines) {
         for (std::size_t i = 0; i < line.words.size(); ++i) {
             const model::Word &word = line.words[i];
@@ -26,7 +26,7 @@ int countLines(const std::vector<UnbreakableText> &texts, const LineStrip &strip
 {
     int lines = 1;
     double at = strip.firstIndent;
-    bool empty = true; // the line
+    bool empty = true; // whether the line is empty
     for (const UnbreakableText &text : texts) {
         const double width = text.width + text.characters * strip.letterSpacing;
         const double end = at + (empty ? 0 : text.spaceBefore + strip.letterSpacing) + width;

@@ -9,18 +9,22 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double rounding = 0.5; // points by which a line of the paragraph may leave its box
+struct Thresholds
+{
+    double rounding = 0.5; ///< points; by which a line of the paragraph may extend below its box
+};
+constexpr Thresholds thresholds;
 
 double singleLineHeight(double size, double baseline, std::optional<double> before, std::optional<double> after)
 {
-    double height = usualLineHeight * size;
+    double height = lineHeights.usual * size;
     if (before && *before < baseline) {
         height = std::min(height, baseline - *before);
     }
     if (after && *after > baseline) {
         height = std::min(height, *after - baseline);
     }
-    return std::max(height, leastLineHeight * size);
+    return std::max(height, lineHeights.min * size);
 }
 
 } // namespace
@@ -34,7 +38,8 @@ std::optional<double> lastBaseline(const model::Paragraph &paragraph)
 {
     std::optional<double> last;
     for (const model::Line &line : paragraph.lines) {
-        const bool inside = line.box.bottom <= paragraph.box.bottom + rounding && (!last || line.baseline >= *last);
+        const bool inside =
+            line.box.bottom <= paragraph.box.bottom + thresholds.rounding && (!last || line.baseline >= *last);
         if (inside) {
             last = line.baseline;
         }
@@ -49,14 +54,14 @@ lineLayout(const model::Paragraph &paragraph, std::optional<double> baselineBefo
     const std::optional<double> last = lastBaseline(paragraph);
     const double size = largestSize(paragraph);
     if (!first || paragraph.rotation != 0) {
-        return {paragraph.box.top, paragraph.box.bottom, usualLineHeight * size};
+        return {paragraph.box.top, paragraph.box.bottom, lineHeights.usual * size};
     }
-    if (paragraph.lineDistance > mostLineHeight * size) {
+    if (paragraph.lineDistance > lineHeights.max * size) {
         return {paragraph.box.top, paragraph.box.bottom, 0};
     }
-    const double height = paragraph.lineDistance > 0 ? std::max(paragraph.lineDistance, leastLineHeight * size)
+    const double height = paragraph.lineDistance > 0 ? std::max(paragraph.lineDistance, lineHeights.min * size)
                                                      : singleLineHeight(size, *first, baselineBefore, baselineAfter);
-    return {*first - baselinePart * height, *last + (1 - baselinePart) * height, height};
+    return {*first - baselineShare * height, *last + (1 - baselineShare) * height, height};
 }
 
 } // namespace quorra::office

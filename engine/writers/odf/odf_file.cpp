@@ -65,8 +65,8 @@ Element headingStyle(int level)
         {}};
 }
 
-// The fixed styles that automatic ones are based on. Without "Frame" and "Graphics" a word processor takes frames
-// and pictures for drawing shapes; without "standard" a slide's size is ignored.
+/// Returns the fixed styles that automatic ones are based on. Without "Frame" and "Graphics", word processors treat
+/// frames and pictures as drawing shapes; without "standard", the size of a slide is ignored.
 std::vector<Element> fixedStyles(OdfKind kind)
 {
     const Element plainParagraph{
@@ -154,7 +154,7 @@ void OdfFile::writeDocument(QXmlStreamWriter &xml, QFile &file)
     xml.writeAttribute("office:version"_L1, u"1.3"_s);
     xml.writeAttribute("office:mimetype"_L1, rowOf(m_kind).mimeType);
     writeHead(xml);
-    // An empty text closes the start tag, after which the parts written earlier can be put in as they are.
+    // An empty text closes the start tag, so that the parts written earlier can be appended.
     {
         const XmlElement masters(xml, "office:master-styles"_L1);
         xml.writeCharacters(QString());
@@ -168,7 +168,7 @@ void OdfFile::writeDocument(QXmlStreamWriter &xml, QFile &file)
 
 void OdfFile::finish()
 {
-    // An empty element at the end of a part is closed only by what follows.
+    // An empty text closes the tag of an empty element at the end of a part.
     m_body.writeCharacters(QString());
     m_masters.writeCharacters(QString());
     QFile file(m_path);

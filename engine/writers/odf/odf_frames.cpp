@@ -131,7 +131,7 @@ void writeRule(const Sink &sink, const model::Rule &rule, FrameAnchor anchor)
         "draw:style-name"_L1, frameStyle(
                                   sink, anchor, {},
                                   {{"draw:stroke"_L1, u"solid"_s},
-                                   {"svg:stroke-width"_L1, pt(std::max(rule.width, thinnestLine))},
+                                   {"svg:stroke-width"_L1, pt(std::max(rule.width, minLineWidth))},
                                    {"svg:stroke-color"_L1, colourName(rule.colour)}}));
     writeAnchor(xml, anchor);
     xml.writeAttribute("svg:x1"_L1, pt(rule.x1));

@@ -13,12 +13,15 @@ namespace quorra::office {
 
 namespace {
 
-// A ragged right edge says little about the indent that is meant: only a wide one is kept, and not all of it.
-constexpr double minRaggedIndent = 36; // points
-constexpr double raggedReserve = 12;   // points
-
-constexpr double emptySize = 1; // points; font size of a paragraph without text
-constexpr int deepestLevel = 9; // of lists: word processors have no more
+struct Thresholds
+{
+    double minRaggedIndent = 36;    ///< points; a smaller right indent of left-aligned text may be chance
+    double raggedReserve = 12;      ///< points; by which such an indent is reduced, for words in wider fonts
+    std::size_t minRaggedLines = 3; ///< lines; fewer show no right indent
+    double emptyFontSize = 1;       ///< points; of a paragraph without text
+    int maxListLevel = 9;           ///< levels; word processors have no more
+};
+constexpr Thresholds thresholds;
 
 QString parentStyle(const model::Paragraph &paragraph)
 {
@@ -36,9 +39,9 @@ QString parentStyle(const model::Paragraph &paragraph)
 
 QString alignmentName(const model::Paragraph &paragraph)
 {
-    // Word processors take "start" for the left side of the page and "end" for its right, whichever way the text runs.
+    // Word processors treat "start" as left and "end" as right, whatever the direction of the text.
     if (paragraph.listItem && paragraph.alignment != model::Alignment::Justify) {
-        return paragraph.rightToLeft ? u"end"_s : u"start"_s; // marks stand one below the other
+        return paragraph.rightToLeft ? u"end"_s : u"start"_s; // so that the marks are aligned
     }
     switch (paragraph.alignment) {
     case model::Alignment::Left:
@@ -61,8 +64,8 @@ double rightIndent(const model::Paragraph &paragraph)
     case model::Alignment::Justify:
         return paragraph.lines.size() > 1 ? paragraph.indentRight : 0;
     case model::Alignment::Left:
-        return paragraph.lines.size() > 2 && paragraph.indentRight > minRaggedIndent
-                   ? paragraph.indentRight - raggedReserve
+        return paragraph.lines.size() >= thresholds.minRaggedLines && paragraph.indentRight > thresholds.minRaggedIndent
+                   ? paragraph.indentRight - thresholds.raggedReserve
                    : 0;
     case model::Alignment::Centre:
         break;
@@ -79,15 +82,14 @@ QString lineHeight(const model::Paragraph &paragraph, const ParagraphPlace &plac
     return height > 0 ? pt(height) : u"100%"_s;
 }
 
-// The sides at which a paragraph's lines begin and end, where there are two of them; text that runs from right to left
-// begins at the right.
+/// Indents of the edges at which lines are aligned. Right-to-left text begins at the right.
 Attributes indents(const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
     const bool centred = paragraph.alignment == model::Alignment::Centre;
     const bool inList = paragraph.listItem.has_value();
     const bool keepsLeft = inList || (!centred && paragraph.alignment != model::Alignment::Right);
     const double left = place.left + (keepsLeft ? paragraph.indentLeft : 0);
-    // One line at the left may go on to the margin: in a wider font it would break.
+    // A single left-aligned line can extend to the margin; otherwise it would wrap in a wider font.
     const bool ragged = paragraph.alignment == model::Alignment::Left && paragraph.lines.size() == 1;
     const double right = (ragged ? std::min(0.0, place.right) : place.right) + std::max(0.0, rightIndent(paragraph));
     return {
@@ -130,13 +132,14 @@ void writeBookmark(QXmlStreamWriter &xml, const QString &name)
     }
 }
 
-// The level of a list item as ODF counts: from 1 to 9.
+/// Returns the level of a list item in ODF: 1 to 9.
 int listLevel(const model::Paragraph &paragraph)
 {
-    return std::clamp(paragraph.listItem->level, 0, deepestLevel - 1) + 1;
+    return std::clamp(paragraph.listItem->level, 0, thresholds.maxListLevel - 1) + 1;
 }
 
-// The lists and items around a paragraph at this level, the outermost list with a style; none at level 0.
+/// The list and list-item elements around a paragraph of this level; none for level 0. The outermost list has the
+/// style.
 class ListPosition
 {
 public:
@@ -182,12 +185,13 @@ QString listStyle(const Sink &sink, const model::Paragraph &paragraph, const Par
                {}}}}}}}});
 }
 
-void writeInside(
-    const Sink &sink, const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &textStyle)
+void writeContent(
+    const Sink &sink, const model::Paragraph &paragraph, const std::vector<model::Run> &runs,
+    const ParagraphPlace &place, const model::Style &textStyle)
 {
     writeBookmark(sink.xml, place.bookmark);
     if (paragraph.listItem && !(place.withLists && isBullet(paragraph))) {
-        // Numbers stay the text they are on the page: a counter would renumber what the page numbers in its own way.
+        // Numbers remain text, because automatic numbering might count in another way than the page.
         sink.xml.writeCharacters(xmlText(paragraph.listItem->mark));
         if (paragraph.firstLineIndent < 0) {
             sink.xml.writeEmptyElement("text:tab"_L1);
@@ -195,10 +199,10 @@ void writeInside(
             sink.xml.writeCharacters(u" "_s);
         }
     }
-    writeRuns(sink, model::runsOf(paragraph), textStyle, place.withLinks);
+    writeRuns(sink, runs, textStyle, place.withLinks);
 }
 
-// A list item of one line does not show where its second line would begin: where its text does.
+/// Adds a hanging indent to a list item of one line: a second line would begin below the text, not below the mark.
 model::Paragraph withHang(const model::Paragraph &paragraph)
 {
     model::Paragraph item = paragraph;
@@ -219,7 +223,7 @@ QString borderText(const model::Border &border)
     if (border.width <= 0) {
         return u"none"_s;
     }
-    return pt(std::max(border.width, thinnestLine)) + " solid "_L1 + colourName(border.colour);
+    return pt(std::max(border.width, minLineWidth)) + " solid "_L1 + colourName(border.colour);
 }
 
 Attributes ruleBorders(const ParagraphPlace &place)
@@ -252,7 +256,7 @@ Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &
 Element emptyParagraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
     model::Style textStyle;
-    textStyle.size = emptySize;
+    textStyle.size = thresholds.emptyFontSize;
     ParagraphPlace low = place;
     low.lineHeight = emptyParagraphHeight;
     return paragraphStyle(paragraph, low, textStyle);
@@ -268,7 +272,8 @@ void writeParagraph(const Sink &sink, const model::Paragraph &whole, const Parag
 {
     QXmlStreamWriter &xml = sink.xml;
     const model::Paragraph paragraph = withHang(whole);
-    const model::Style textStyle = dominantStyle(model::runsOf(paragraph));
+    const std::vector<model::Run> runs = model::runsOf(paragraph);
+    const model::Style textStyle = dominantStyle(runs);
     sink.styles.noteFont(textStyle);
     const int heading = place.withHeadings ? paragraph.headingLevel : 0;
     const bool inList = place.withLists && heading == 0 && isBullet(paragraph);
@@ -279,7 +284,7 @@ void writeParagraph(const Sink &sink, const model::Paragraph &whole, const Parag
     if (heading > 0) {
         xml.writeAttribute("text:outline-level"_L1, QString::number(heading));
     }
-    writeInside(sink, paragraph, place, textStyle);
+    writeContent(sink, paragraph, runs, place, textStyle);
 }
 
 XmlElement beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place)

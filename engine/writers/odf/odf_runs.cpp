@@ -15,7 +15,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr QLatin1String shiftedSize("58%"); // of superscripts and subscripts: what LibreOffice and Word use
+constexpr QLatin1String shiftedSize("58%"); // of superscripts and subscripts in LibreOffice and Word
 
 void flush(QXmlStreamWriter &xml, QString &pending)
 {
@@ -57,7 +57,7 @@ XmlElement beginLink(QXmlStreamWriter &xml, const QString &target)
 void writeText(QXmlStreamWriter &xml, const QString &text)
 {
     QString pending;
-    bool afterSpace = true; // spaces at the start of a paragraph or span would be dropped
+    bool afterSpace = true; // spaces at the beginning of a paragraph or span would be ignored
     const QString clean = xmlText(text);
     for (const QChar c : clean) {
         if (c == u'\n' || c == u'\t') {
@@ -84,7 +84,7 @@ void writeRuns(
         const bool shifted = run.shift != model::BaselineShift::None;
         model::Style style = run.style;
         if (shifted) {
-            style.size = paragraphStyle.size; // the shift makes it small
+            style.size = paragraphStyle.size; // the shift reduces the size
         }
         const bool needsSpan = shifted || !(style == paragraphStyle);
         std::optional<XmlElement> link;

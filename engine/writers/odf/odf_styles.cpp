@@ -36,7 +36,7 @@ QString pt(double points)
 
 namespace {
 
-// The serialised definition is the key: two styles are one when they would be written alike.
+/// Returns the serialised definition, the key of the table.
 QByteArray keyOf(const Element &element)
 {
     QByteArray key(element.name.data(), element.name.size());
@@ -129,7 +129,7 @@ void StyleTable::noteFont(const model::Style &style)
     m_families.insert(family);
     QString quoted = family;
     quoted.replace(u'\'', u' ');
-    // The kind of the face lets a word processor without this font choose one that looks alike.
+    // The kind of the font lets word processors that lack it choose a similar one.
     const model::FontKind kind = fontKind(style);
     const QString generic = kind == model::FontKind::FixedPitch ? u"modern"_s
                             : kind == model::FontKind::Serif    ? u"roman"_s

@@ -13,6 +13,19 @@ namespace quorra::office {
 
 namespace {
 
+/// Returns the cell that begins at each position of the grid, row by row; null if another cell covers the position.
+std::vector<const model::Cell *> cellGrid(const model::Table &table)
+{
+    std::vector<const model::Cell *> grid(
+        static_cast<std::size_t>(table.rows()) * static_cast<std::size_t>(table.columns()), nullptr);
+    for (const model::Cell &cell : table.cells) {
+        if (cell.row >= 0 && cell.row < table.rows() && cell.column >= 0 && cell.column < table.columns()) {
+            *(grid.begin() + cell.row * table.columns() + cell.column) = &cell;
+        }
+    }
+    return grid;
+}
+
 QString tableStyle(const Sink &sink, const model::Table &table, const TablePlace &place)
 {
     return sink.styles.name(
@@ -90,16 +103,22 @@ void writeSpans(QXmlStreamWriter &xml, const model::Cell &cell)
     }
 }
 
-std::vector<const model::Cell *> cellGrid(const model::Table &table)
+void writeRows(
+    QXmlStreamWriter &xml, const model::Table &table, const std::function<XmlElement(int)> &beginRow,
+    const std::function<void(const model::Cell &)> &writeCell)
 {
-    std::vector<const model::Cell *> grid(
-        static_cast<std::size_t>(table.rows()) * static_cast<std::size_t>(table.columns()), nullptr);
-    for (const model::Cell &cell : table.cells) {
-        if (cell.row >= 0 && cell.row < table.rows() && cell.column >= 0 && cell.column < table.columns()) {
-            *(grid.begin() + cell.row * table.columns() + cell.column) = &cell;
+    const std::vector<const model::Cell *> grid = cellGrid(table);
+    auto cell = grid.begin();
+    for (int row = 0; row < table.rows(); ++row) {
+        const XmlElement element = beginRow(row);
+        for (int column = 0; column < table.columns(); ++column, ++cell) {
+            if (*cell) {
+                writeCell(**cell);
+            } else {
+                xml.writeEmptyElement("table:covered-table-cell"_L1);
+            }
         }
     }
-    return grid;
 }
 
 void writeTable(const Sink &sink, const model::Table &table, const TablePlace &place)
@@ -118,26 +137,20 @@ void writeTable(const Sink &sink, const model::Table &table, const TablePlace &p
         const auto at = table.columnEdges.begin() + column;
         writeColumn(sink, at[1] - at[0]);
     }
-    const std::vector<const model::Cell *> grid = cellGrid(table);
-    const int headerRows = place.repeatsHead ? std::min(table.headerRows, table.rows() - 1) : 0;
+    const int headerRows = place.repeatsHeader ? std::min(table.headerRows, table.rows() - 1) : 0;
     std::optional<XmlElement> header;
-    for (int row = 0; row < table.rows(); ++row) {
+    const auto beginRow = [&](int row) {
         if (row == 0 && headerRows > 0) {
             header.emplace(xml, "table:table-header-rows"_L1);
         } else if (row == headerRows) {
             header.reset();
         }
         const auto at = table.rowEdges.begin() + row;
-        const XmlElement line(xml, "table:table-row"_L1);
+        XmlElement element(xml, "table:table-row"_L1);
         xml.writeAttribute("table:style-name"_L1, rowStyle(sink, at[1] - at[0]));
-        for (int column = 0; column < table.columns(); ++column) {
-            if (const model::Cell *cell = *(grid.begin() + row * table.columns() + column)) {
-                writeCell(sink, *cell, place);
-            } else {
-                xml.writeEmptyElement("table:covered-table-cell"_L1);
-            }
-        }
-    }
+        return element;
+    };
+    writeRows(xml, table, beginRow, [&](const model::Cell &cell) { writeCell(sink, cell, place); });
 }
 
 } // namespace quorra::office

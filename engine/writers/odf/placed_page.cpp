@@ -16,17 +16,17 @@ namespace {
 
 struct Thresholds
 {
-    double maxOverlap = 0.5;     ///< lines; by which paragraphs of one text block overlap
-    double maxGap = 1.8;         ///< lines; between paragraphs of one text block
-    double minSharedWidth = 0.5; ///< share of the narrower one's width that stands below the other
-    double spareWidth = 0.06;    ///< share of the width by which text may be wider in another font
-    double minSpare = 4;         ///< points; the least that it gets
+    double maxOverlap = 0.5;     ///< line distances; by which paragraphs of a text block overlap
+    double maxGap = 1.8;         ///< line distances; between paragraphs of a text block
+    double minSharedWidth = 0.5; ///< share of the narrower one's width; that is below the other
+    double spareWidth = 0.06;    ///< share of the width; by which text may be wider in another font
+    double minSpare = 4;         ///< points; added to that for narrow text
 };
 constexpr Thresholds thresholds;
 
 double lineDistanceOf(const model::Paragraph &paragraph)
 {
-    return paragraph.lineDistance > 0 ? paragraph.lineDistance : usualLineHeight * largestSize(paragraph);
+    return paragraph.lineDistance > 0 ? paragraph.lineDistance : lineHeights.usual * largestSize(paragraph);
 }
 
 bool belongsTo(const TextBlock &block, const model::Paragraph &paragraph)
@@ -44,12 +44,12 @@ void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &
     const bool justified = std::any_of(block.paragraphs.begin(), block.paragraphs.end(), [](const auto *each) {
         return each->alignment == model::Alignment::Justify && each->lines.size() > 1;
     });
-    // Justified lines show the width that is meant; a wider frame would break them elsewhere.
+    // Justified lines have the full width of the text; in a wider frame they would wrap at other words.
     const Box room = justified ? block.box : roomyBox(page, block.box);
     const TextFrame frame = beginTextFrame(sink, room, anchor, anchor == FrameAnchor::Page);
     double bottom = block.box.top;
     for (const model::Paragraph *paragraph : block.paragraphs) {
-        // Indents count from the frame here, not from the column.
+        // Indents refer to the frame, not to the column.
         model::Paragraph framed = *paragraph;
         framed.indentLeft = paragraph->box.left - room.left + std::max(0.0, -paragraph->firstLineIndent);
         framed.indentRight = 0;

@@ -11,7 +11,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr qsizetype longestMark = 4;
+constexpr qsizetype maxMarkLength = 4; // characters; a longer superscript is no mark of a note
 
 QString superscriptCharacters(const QString &mark)
 {
@@ -55,7 +55,7 @@ std::optional<Number> cellNumber(const model::Cell &cell, NumberStyle style)
         }
     }
     mark = mark.trimmed();
-    if (mark.isEmpty() || mark.size() > longestMark || paragraph.listItem) {
+    if (mark.isEmpty() || mark.size() > maxMarkLength || paragraph.listItem) {
         return readNumber(cellText(cell), style);
     }
     std::optional<Number> number = readNumber(before, style);

@@ -10,11 +10,11 @@
 
 namespace quorra::office {
 
-/// All text of the cell, its paragraphs separated by '\n', list marks included.
+/// Returns the text of the cell including list marks, its paragraphs separated by '\n'.
 QString cellText(const model::Cell &cell);
 
-/// The cell's number. The superscript mark of a note after it is no part of the number: "8,935" with a superscript 3 is
-/// not 89353. The mark goes to the number's suffix, in superscript characters. Nothing for a cell of other text.
+/// Returns the number in the cell; nothing if the cell contains other text. A superscript mark of a note is not part of
+/// the number ("8,935" with a superscript 3 is not 89353); it becomes part of its suffix, in superscript characters.
 std::optional<Number> cellNumber(const model::Cell &cell, NumberStyle style);
 
 } // namespace quorra::office

@@ -6,7 +6,7 @@
 
 namespace quorra::office {
 
-/// The name of a number format that shows the number as its table does.
+/// Returns the name of a number format that shows the number as its table does.
 QString numberFormat(StyleTable &styles, const Number &number);
 
 } // namespace quorra::office

@@ -9,7 +9,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr int monthsOfYear = 12;
+constexpr int monthsPerYear = 12;
 
 const QRegularExpression &yearLast()
 {
@@ -37,8 +37,8 @@ DateOrder dateOrderOf(const QStringList &texts)
     for (const QString &text : texts) {
         const QRegularExpressionMatch match = yearLast().match(text.trimmed());
         if (match.hasMatch() && match.captured(2) != "."_L1) {
-            dayFirst = dayFirst || match.captured(1).toInt() > monthsOfYear;
-            monthFirst = monthFirst || match.captured(3).toInt() > monthsOfYear;
+            dayFirst = dayFirst || match.captured(1).toInt() > monthsPerYear;
+            monthFirst = monthFirst || match.captured(3).toInt() > monthsPerYear;
         }
     }
     return dayFirst == monthFirst ? DateOrder::Unknown : dayFirst ? DateOrder::DayFirst : DateOrder::MonthFirst;
@@ -54,7 +54,7 @@ std::optional<SheetDate> readDate(const QString &text, DateOrder order)
         date.padded = isPadded(match.captured(3), match.captured(4));
     } else {
         match = yearLast().match(text.trimmed());
-        const bool points = match.captured(2) == "."_L1; // only ever written with the day first
+        const bool points = match.captured(2) == "."_L1; // always written with the day first
         if (!match.hasMatch() || (order == DateOrder::Unknown && !points)) {
             return std::nullopt;
         }
@@ -65,7 +65,7 @@ std::optional<SheetDate> readDate(const QString &text, DateOrder order)
         date.day = QDate(match.captured(4).toInt(), dayFirst ? second : first, dayFirst ? first : second);
         date.padded = isPadded(match.captured(1), match.captured(3));
     }
-    constexpr int firstYear = 1900; // spreadsheets count days from there
+    constexpr int firstYear = 1900; // spreadsheets count days from its beginning
     date.separator = match.captured(2);
     return date.day.isValid() && date.day.year() > firstYear ? std::optional(date) : std::nullopt;
 }

@@ -11,10 +11,10 @@
 
 namespace quorra::office {
 
-/// How a document writes its days: what can be read in two ways stays text.
+/// The order of day and month in a document. Ambiguous dates remain text.
 enum class DateOrder { Unknown, DayFirst, MonthFirst };
 
-/// A day as a table shows it.
+/// A date as a table shows it.
 struct SheetDate
 {
     QDate day;
@@ -25,13 +25,14 @@ struct SheetDate
     bool operator==(const SheetDate &) const = default;
 };
 
-/// The order for which the texts speak: one with "13/5/2012" writes the day first. Unknown where none or both speak.
+/// Returns the order that the texts show: "13/5/2012" has the day first. Unknown if there is no such date, or both
+/// orders occur.
 DateOrder dateOrderOf(const QStringList &texts);
 
-/// Reads a cell's text as a day with a year of four digits. Nothing for any other text and for days that do not exist.
+/// Parses the text of a cell as a date with a year of four digits. Nothing for other text and for invalid dates.
 std::optional<SheetDate> readDate(const QString &text, DateOrder order);
 
-/// The name of the data style that shows such days as the page does.
+/// Returns the name of the data style that formats dates in this way.
 QString dateFormat(StyleTable &styles, const SheetDate &date);
 
 } // namespace quorra::office

@@ -13,47 +13,47 @@ namespace quorra::office {
 
 namespace {
 
-/// Lengths in points unless another unit is named.
 struct Thresholds
 {
-    double narrowestColumn = 20; ///< narrower ones show no text
-    double widestColumn = 400;   ///< wider ones fill the window
-    double sidePadding = 7;      ///< left and right of the text in a cell together
-    double fontReserve = 1.08;   ///< factor by which another font may be wider
-    double lineHeight = 1.22;    ///< em
-    double rowPadding = 2;       ///< above and below the text of a cell together
-    double leastRow = 12.8;      ///< height of an empty row
-    double leastIndent = 4;      ///< smaller ones are inaccuracies of the page
-    double widestIndent = 100;   ///< wider ones leave no room for the text
-    double commonShare = 0.08;   ///< of the texts of a column that begin at one place
-    double samePlace = 1;        ///< between the beginnings of those texts
+    double minColumnWidth = 20;  ///< points; narrower columns show no text
+    double maxColumnWidth = 400; ///< points; wider columns fill the window
+    double sidePadding = 7;      ///< points; on the left and right of the text in a cell together
+    double fontReserve = 1.08;   ///< factor; by which another font may be wider
+    double lineHeight =
+        1.22;              ///< em; of the fonts that spreadsheets use, rounded up: cells cut off text that does not fit
+    double rowPadding = 2; ///< points; above and below the text of a cell together
+    double minRowHeight = 12.8;   ///< points; of an empty row
+    double minIndent = 4;         ///< points; smaller ones are inaccuracies of the page
+    double maxIndent = 100;       ///< points; wider ones leave no room for the text
+    double minCommonShare = 0.08; ///< share of the texts of a column that begin at the same place
+    double maxOffset = 1;         ///< points; between the beginnings of those texts
 };
-constexpr Thresholds limits;
+constexpr Thresholds thresholds;
 
 double textHeight(const model::Cell &cell)
 {
-    double height = limits.rowPadding;
+    double height = thresholds.rowPadding;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         const auto lines = static_cast<double>(std::max<std::size_t>(1, paragraph.lines.size()));
-        height += lines * limits.lineHeight * largestSize(paragraph);
+        height += lines * thresholds.lineHeight * largestSize(paragraph);
     }
     return height;
 }
 
-// What a cell of one line needs so that nothing of it is cut off.
+/// Returns the width at which a cell of one line is not cut off.
 double textWidthOf(const model::Cell &cell)
 {
-    return cell.paragraphs.front().box.width() * limits.fontReserve + limits.sidePadding;
+    return cell.paragraphs.front().box.width() * thresholds.fontReserve + thresholds.sidePadding;
 }
 
-// The leftmost place at which several texts of a column begin; a single one may stick out.
+/// Returns the leftmost x coordinate at which several texts of a column begin: a single text can begin further left.
 double commonStart(std::vector<double> &lefts)
 {
     std::sort(lefts.begin(), lefts.end());
     const auto several = std::max<std::size_t>(
-        2, static_cast<std::size_t>(std::ceil(limits.commonShare * static_cast<double>(lefts.size()))));
+        2, static_cast<std::size_t>(std::ceil(thresholds.minCommonShare * static_cast<double>(lefts.size()))));
     for (std::size_t i = 0; i + several <= lefts.size(); ++i) {
-        if (lefts[i + several - 1] - lefts[i] <= limits.samePlace) {
+        if (lefts[i + several - 1] - lefts[i] <= thresholds.maxOffset) {
             return lefts[i];
         }
     }
@@ -79,7 +79,8 @@ std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables
     for (const model::Table *table : tables) {
         widths.resize(std::max(widths.size(), static_cast<std::size_t>(table->columns())));
         for (std::size_t i = 0; i + 1 < table->columnEdges.size(); ++i) {
-            widths[i] = std::max(widths[i], table->columnEdges[i + 1] - table->columnEdges[i] + limits.sidePadding / 2);
+            widths[i] =
+                std::max(widths[i], table->columnEdges[i + 1] - table->columnEdges[i] + thresholds.sidePadding / 2);
         }
         for (const model::Cell &cell : table->cells) {
             const auto column = static_cast<std::size_t>(cell.column);
@@ -90,7 +91,7 @@ std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables
         }
     }
     for (double &width : widths) {
-        width = std::clamp(width, limits.narrowestColumn, limits.widestColumn);
+        width = std::clamp(width, thresholds.minColumnWidth, thresholds.maxColumnWidth);
     }
     return widths;
 }
@@ -99,7 +100,7 @@ std::vector<double> sheetRows(const model::Table &table)
 {
     std::vector<double> heights;
     for (std::size_t i = 0; i + 1 < table.rowEdges.size(); ++i) {
-        heights.push_back(std::max(limits.leastRow, table.rowEdges[i + 1] - table.rowEdges[i]));
+        heights.push_back(std::max(thresholds.minRowHeight, table.rowEdges[i + 1] - table.rowEdges[i]));
     }
     for (const model::Cell &cell : table.cells) {
         const auto row = static_cast<std::size_t>(cell.row);
@@ -107,7 +108,7 @@ std::vector<double> sheetRows(const model::Table &table)
         if (cell.paragraphs.empty() || last >= heights.size()) {
             continue;
         }
-        double others = 0; // of the rows that the cell spans, but the last
+        double others = 0; // height of the rows that the cell spans, except the last
         for (std::size_t i = row; i < last; ++i) {
             others += heights[i];
         }
@@ -118,16 +119,16 @@ std::vector<double> sheetRows(const model::Table &table)
 
 double sheetLineHeight(const model::Line &line)
 {
-    return std::max(limits.leastRow, limits.lineHeight * largestSize(line) + limits.rowPadding);
+    return std::max(thresholds.minRowHeight, thresholds.lineHeight * largestSize(line) + thresholds.rowPadding);
 }
 
-QString verticalPlace(const model::Cell &cell)
+QString sheetVerticalAlignment(const model::Cell &cell)
 {
     if (cell.paragraphs.empty()) {
         return u"bottom"_s;
     }
     if (cell.paragraphs.front().rotation != 0) {
-        return u"middle"_s; // turned inside its table, and upright on the sheet: places do not compare
+        return u"middle"_s; // rotated in the table, but upright on the sheet
     }
     return verticalAlignment(cell);
 }
@@ -151,7 +152,7 @@ std::vector<double> sheetIndents(const model::Table &table)
         const auto column = static_cast<std::size_t>(cell.column);
         const bool counts = isIndentable(cell) && column < starts.size();
         const double indent = counts ? cell.paragraphs.front().box.left - starts[column] : 0;
-        indents.push_back(indent < limits.leastIndent ? 0 : std::min(indent, limits.widestIndent));
+        indents.push_back(indent < thresholds.minIndent ? 0 : std::min(indent, thresholds.maxIndent));
     }
     return indents;
 }

@@ -7,26 +7,26 @@
 
 #include <vector>
 
-// How tables stand in the cells of a sheet: a sheet has its own paddings and cuts what does not fit, so its columns and
-// rows are somewhat larger than the page's. Pure functions over the page model; lengths in points.
+// The layout of tables on a sheet. Spreadsheets add padding to cells and cut off what does not fit; therefore columns
+// and rows are slightly larger than on the page. Pure functions on the document model; lengths in points.
 namespace quorra::office {
 
-/// The widths of the columns that these tables, one below the other, share.
+/// Returns the widths of the columns of a sheet with these tables, one below the other.
 std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables);
 
-/// The heights of the table's rows, each high enough for its lines of text.
+/// Returns the heights of the table's rows, each high enough for its lines of text.
 std::vector<double> sheetRows(const model::Table &table);
 
-/// The height of a row that holds one line of text.
+/// Returns the height of a row that contains one line of text.
 double sheetLineHeight(const model::Line &line);
 
-/// Whether the cell's text stands on several lines.
+/// Returns whether the text of the cell has several lines.
 bool wrapsInSheet(const model::Cell &cell);
 
-/// Where the text stands between the cell's top and bottom: "top", "middle" or "bottom".
-QString verticalPlace(const model::Cell &cell);
+/// Returns the vertical alignment of the cell on a sheet: "top", "middle" or "bottom".
+QString sheetVerticalAlignment(const model::Cell &cell);
 
-/// By how much the text of each of the table's cells is indented against the other text of its column, 0 for most.
+/// Returns the indent of each cell of the table against the other text of its column; 0 for most.
 std::vector<double> sheetIndents(const model::Table &table);
 
 } // namespace quorra::office

@@ -10,16 +10,16 @@
 
 namespace quorra::office {
 
-/// How sheets are printed: upright or across as their page is, and no wider than the paper. Without that the last
-/// columns would come out on sheets of paper of their own.
+/// The print settings of sheets: portrait or landscape like their page, and scaled to the width of the paper, so that
+/// the last columns are not printed on separate pages.
 class SheetPrinting
 {
 public:
-    /// Masters takes the master pages (the inside of office:master-styles).
+    /// `masters` writes the content of office:master-styles.
     explicit SheetPrinting(QXmlStreamWriter &masters) : m_masters(masters) {}
 
-    /// The name of the style for the sheet of a page of this size in points. The paper is the usual one of the two
-    /// that the page's shorter side is nearer to.
+    /// Returns the name of the style for the sheet of a page of this size in points. The paper is A4 or Letter,
+    /// whichever has the more similar width.
     QString sheetStyle(StyleTable &styles, double width, double height);
 
 private:

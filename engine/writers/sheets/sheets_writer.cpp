@@ -21,19 +21,9 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double lineWidth = 480; // of the column for a document's lines of text
+constexpr double lineColumnWidth = 480; // points; of the column for the lines of a document without tables
 
-std::vector<model::Run> allRuns(const model::Cell &cell)
-{
-    std::vector<model::Run> runs;
-    for (const model::Paragraph &paragraph : cell.paragraphs) {
-        const std::vector<model::Run> own = model::runsOf(paragraph);
-        runs.insert(runs.end(), own.begin(), own.end());
-    }
-    return runs;
-}
-
-QString sideName(const model::Paragraph &paragraph)
+QString alignmentName(const model::Paragraph &paragraph)
 {
     switch (paragraph.alignment) {
     case model::Alignment::Centre:
@@ -45,7 +35,7 @@ QString sideName(const model::Paragraph &paragraph)
     }
 }
 
-// The sheets of one document.
+/// Writes the sheets of a document.
 class SheetWriter
 {
 public:
@@ -67,7 +57,7 @@ private:
     void writeEmptyRow();
     void writeCell(const model::Cell &cell, double indent);
     void writeValue(const Number &number);
-    QString cellStyle(const model::Cell &cell, const QString &dataStyle, double indent);
+    QString cellStyle(const model::Cell &cell, const model::Style &textStyle, const QString &dataStyle, double indent);
 
     Sink m_sink;
     SheetPrinting m_printing;
@@ -105,14 +95,15 @@ void SheetWriter::writeEmptyRow()
     m_sink.xml.writeEmptyElement("table:table-cell"_L1);
 }
 
-QString SheetWriter::cellStyle(const model::Cell &cell, const QString &dataStyle, double indent)
+QString
+SheetWriter::cellStyle(const model::Cell &cell, const model::Style &textStyle, const QString &dataStyle, double indent)
 {
     Attributes cellProperties = {
         {"fo:border-left"_L1, borderText(cell.left)},
         {"fo:border-right"_L1, borderText(cell.right)},
         {"fo:border-top"_L1, borderText(cell.top)},
         {"fo:border-bottom"_L1, borderText(cell.bottom)},
-        {"style:vertical-align"_L1, verticalPlace(cell)}};
+        {"style:vertical-align"_L1, sheetVerticalAlignment(cell)}};
     if (cell.background) {
         cellProperties.emplace_back("fo:background-color"_L1, colourName(*cell.background));
     }
@@ -123,7 +114,7 @@ QString SheetWriter::cellStyle(const model::Cell &cell, const QString &dataStyle
     if (!cell.paragraphs.empty()) {
         const model::Paragraph &first = cell.paragraphs.front();
         align = {
-            {"fo:text-align"_L1, sideName(first)},
+            {"fo:text-align"_L1, alignmentName(first)},
             {"style:writing-mode"_L1, first.rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}};
         cellProperties.emplace_back("style:text-align-source"_L1, u"fix"_s);
         if (indent > 0) {
@@ -135,12 +126,11 @@ QString SheetWriter::cellStyle(const model::Cell &cell, const QString &dataStyle
     if (!dataStyle.isEmpty()) {
         style.attributes.emplace_back("style:data-style-name"_L1, dataStyle);
     }
-    const model::Style main = dominantStyle(allRuns(cell));
-    m_sink.styles.noteFont(main);
+    m_sink.styles.noteFont(textStyle);
     style.children = {
         {"style:table-cell-properties"_L1, cellProperties},
         {"style:paragraph-properties"_L1, align},
-        {"style:text-properties"_L1, textAttributes(main)}};
+        {"style:text-properties"_L1, textAttributes(textStyle)}};
     return m_sink.styles.name(style);
 }
 
@@ -159,8 +149,9 @@ void SheetWriter::writeCell(const model::Cell &cell, double indent)
     const QString dataStyle = number ? numberFormat(m_sink.styles, *number)
                               : date ? dateFormat(m_sink.styles, *date)
                                      : QString();
+    const model::Style textStyle = dominantStyle(model::runsOf(cell));
     const XmlElement element(xml, "table:table-cell"_L1);
-    xml.writeAttribute("table:style-name"_L1, cellStyle(cell, dataStyle, indent));
+    xml.writeAttribute("table:style-name"_L1, cellStyle(cell, textStyle, dataStyle, indent));
     writeSpans(xml, cell);
     if (number) {
         writeValue(*number);
@@ -171,20 +162,19 @@ void SheetWriter::writeCell(const model::Cell &cell, double indent)
         xml.writeTextElement("text:p"_L1, xmlText(text));
     } else if (!text.isEmpty()) {
         xml.writeAttribute("office:value-type"_L1, "string"_L1);
-        const model::Style main = dominantStyle(allRuns(cell));
         for (const model::Paragraph &paragraph : cell.paragraphs) {
             const XmlElement line(xml, "text:p"_L1);
             if (paragraph.listItem) {
                 xml.writeCharacters(xmlText(paragraph.listItem->mark) + u' ');
             }
-            writeRuns(m_sink, model::runsOf(paragraph), main);
+            writeRuns(m_sink, model::runsOf(paragraph), textStyle);
         }
     }
 }
 
 void SheetWriter::writeTables(const model::Page &page, std::vector<const model::Table *> tables)
 {
-    std::deque<model::Table> upright; // keeps the addresses of what it holds
+    std::deque<model::Table> upright; // does not move its elements
     for (const model::Table *&table : tables) {
         if (table->rotation != 0) {
             table = &upright.emplace_back(model::uprightTable(*table));
@@ -197,19 +187,11 @@ void SheetWriter::writeTables(const model::Page &page, std::vector<const model::
         if (table != tables.front()) {
             writeEmptyRow();
         }
-        const std::vector<const model::Cell *> grid = cellGrid(*table);
         const std::vector<double> heights = sheetRows(*table);
         const std::vector<double> indents = sheetIndents(*table);
-        for (int row = 0; row < table->rows(); ++row) {
-            const XmlElement line = beginRow(*(heights.begin() + row));
-            for (int column = 0; column < table->columns(); ++column) {
-                if (const model::Cell *cell = *(grid.begin() + row * table->columns() + column)) {
-                    writeCell(*cell, *(indents.begin() + (cell - table->cells.data())));
-                } else {
-                    m_sink.xml.writeEmptyElement("table:covered-table-cell"_L1);
-                }
-            }
-        }
+        writeRows(
+            m_sink.xml, *table, [&](int row) { return beginRow(*(heights.begin() + row)); },
+            [&](const model::Cell &cell) { writeCell(cell, *(indents.begin() + (&cell - table->cells.data()))); });
     }
 }
 
@@ -236,7 +218,7 @@ model::Cell cellOf(const model::Line &line)
 void SheetWriter::writeLines(const model::Document &document)
 {
     const XmlElement sheet = beginSheet(u"Text"_s, document.pages.empty() ? model::Page{} : document.pages.front());
-    writeColumn(m_sink, lineWidth);
+    writeColumn(m_sink, lineColumnWidth);
     for (const model::Page &page : document.pages) {
         forEachParagraph(page, [this](const model::Paragraph &paragraph) {
             for (const model::Line &line : paragraph.lines) {

@@ -19,21 +19,18 @@ namespace quorra::office {
 
 namespace {
 
-/// Lengths in em unless another unit is named.
 struct Thresholds
 {
-    int mostSpaces = 80;            ///< characters between two words: a wrong width must not fill the memory
-    int mostIndent = 200;           ///< characters before the first word of a line of code, likewise
-    double wideGap = 0.65;          ///< between words that several spaces separate, as after a heading's number
-    double spaceWidth = 0.25;       ///< of a space whose width is not known
-    double tightestSpacing = -0.1;  ///< letter spacing: closer letters touch
-    double widestSpacing = 0.15;    ///< letter spacing: wider text reads as single letters
-    double spacingStep = 0.0283465; ///< points: 0.01 mm, to which presentation programs round
-    double mostSqueezing = 0.04;    ///< letter spacing below the page's own, to keep lines together
-    double fixedPitchWidth = 0.6;   ///< of a character of a fixed-pitch font
-    std::size_t mostKeptLines = 6;  ///< lines of a paragraph that is not flush left and keeps its line ends
+    int maxSpaces = 80;             ///< characters; between two words: a wrong width must not exhaust memory
+    int maxIndent = 200;            ///< characters; before the first word of a line of code, likewise
+    double minWideGap = 0.65;       ///< em; between words separated by several spaces, as after a heading's number
+    double minSpacing = -0.1;       ///< em; of letter spacing: closer letters touch
+    double maxSpacing = 0.15;       ///< em; of letter spacing: wider words read as separate letters
+    double spacingStep = 0.0283465; ///< points; 0.01 mm, to which presentation programs round
+    double maxSqueezing = 0.04;     ///< em; by which letter spacing is reduced so that text needs no more lines
+    std::size_t maxKeptLines = 6;   ///< lines; of a paragraph that is not aligned left and keeps its line ends
 };
-constexpr Thresholds limits;
+constexpr Thresholds thresholds;
 
 bool isWidespread(const QString &family)
 {
@@ -96,7 +93,7 @@ void addWord(std::vector<model::Run> &runs, const QString &text, const model::Wo
     }
 }
 
-// That many spaces, within the limits.
+/// That many spaces, within the thresholds.
 QString spaces(double count, int least, int most)
 {
     return QString(std::lround(std::clamp<double>(count, least, most)), u' ');
@@ -106,12 +103,12 @@ QString spacesBetween(const model::Word &word, const model::Word &next)
 {
     const double gap = next.box.left - word.box.right;
     if (!word.style->fixedPitch) {
-        // The number of a heading is followed by more than one space.
-        const double space = textWidth(u" "_s, *word.style).value_or(limits.spaceWidth * word.style->size);
-        const bool wide = word.spaceAfter() && gap > limits.wideGap * word.style->size;
-        return spaces(wide ? gap / space : 0, word.spaceAfter() ? 1 : 0, limits.mostSpaces);
+        // More than one space follows the number of a heading.
+        const double space = textWidth(u" "_s, *word.style).value_or(usualSpaceWidth * word.style->size);
+        const bool wide = word.spaceAfter() && gap > thresholds.minWideGap * word.style->size;
+        return spaces(wide ? gap / space : 0, word.spaceAfter() ? 1 : 0, thresholds.maxSpaces);
     }
-    return spaces(gap / (limits.fixedPitchWidth * word.style->size), word.spaceAfter() ? 1 : 0, limits.mostSpaces);
+    return spaces(gap / (fixedPitchWidth * word.style->size), word.spaceAfter() ? 1 : 0, thresholds.maxSpaces);
 }
 
 } // namespace
@@ -153,8 +150,8 @@ double fittingSpacing(const model::Paragraph &paragraph, double width)
     const double size = largestSize(paragraph);
     const double exact = (widths->onPage - widths->natural) / widths->characters;
     const double spacing = std::clamp(
-        std::floor(exact / limits.spacingStep) * limits.spacingStep, limits.tightestSpacing * size,
-        limits.widestSpacing * size);
+        std::floor(exact / thresholds.spacingStep) * thresholds.spacingStep, thresholds.minSpacing * size,
+        thresholds.maxSpacing * size);
     if (keepsLines(paragraph)) {
         return spacing;
     }
@@ -165,9 +162,9 @@ double fittingSpacing(const model::Paragraph &paragraph, double width)
         .firstIndent = std::max(0.0, paragraph.firstLineIndent),
         .otherIndent = std::max(0.0, -paragraph.firstLineIndent),
         .letterSpacing = spacing};
-    const double least = spacing - limits.mostSqueezing * size;
+    const double least = spacing - thresholds.maxSqueezing * size;
     while (strip.letterSpacing > least && countLines(texts, strip) > onPage) {
-        strip.letterSpacing -= limits.spacingStep;
+        strip.letterSpacing -= thresholds.spacingStep;
     }
     return strip.letterSpacing > least ? strip.letterSpacing : spacing;
 }
@@ -177,11 +174,11 @@ bool hasKnownWidths(const model::Paragraph &paragraph)
     return widthsOf(paragraph).has_value();
 }
 
-std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, bool everyLine)
+std::vector<model::Paragraph> paragraphPieces(const model::Paragraph &paragraph, bool everyLine)
 {
-    const bool head = paragraph.role == model::Role::PageHeader;
+    const bool header = paragraph.role == model::Role::PageHeader;
     const model::PieceLimits &limits = everyLine ? model::labelLimits
-                                       : head    ? model::pageHeaderLimits
+                                       : header  ? model::pageHeaderLimits
                                                  : model::textLimits;
     std::vector<model::Line> pieces;
     for (const model::Line &line : paragraph.lines) {
@@ -189,7 +186,7 @@ std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, boo
             pieces.push_back(std::move(piece));
         }
     }
-    // A wide space in one of many lines comes from justification.
+    // A wide space in one of many lines is due to justification.
     const bool whole = pieces.size() < 2 || (!everyLine && 2 * pieces.size() < 3 * paragraph.lines.size());
     if (whole || (paragraph.listItem && !everyLine)) {
         return {paragraph};
@@ -214,7 +211,7 @@ bool keepsLines(const model::Paragraph &paragraph)
     breaks += static_cast<std::size_t>(model::plainText(paragraph).count(u'\n'));
     const bool flush = paragraph.alignment == model::Alignment::Left ||
                        paragraph.alignment == model::Alignment::Justify || paragraph.listItem;
-    return breaks >= paragraph.lines.size() || (!flush && paragraph.lines.size() <= limits.mostKeptLines);
+    return breaks >= paragraph.lines.size() || (!flush && paragraph.lines.size() <= thresholds.maxKeptLines);
 }
 
 std::vector<model::Run> runsByLine(const model::Paragraph &paragraph)
@@ -228,9 +225,8 @@ std::vector<model::Run> runsByLine(const model::Paragraph &paragraph)
             const model::Word &word = line.words[i];
             QString text = word.text;
             if (i == 0 && word.style->fixedPitch && paragraph.lines.size() > 1) {
-                const double indent =
-                    (word.box.left - paragraph.box.left) / (limits.fixedPitchWidth * word.style->size);
-                text.prepend(spaces(indent, 0, limits.mostIndent));
+                const double indent = (word.box.left - paragraph.box.left) / (fixedPitchWidth * word.style->size);
+                text.prepend(spaces(indent, 0, thresholds.maxIndent));
             }
             if (i + 1 < line.words.size()) {
                 text += spacesBetween(word, line.words[i + 1]);

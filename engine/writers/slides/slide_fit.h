@@ -5,32 +5,31 @@
 
 #include <vector>
 
-// How text keeps its place when it is set in another font than the page's. Pure functions over paragraphs that stand
-// upright.
+// Keeping text in place in other fonts than those of the page. Pure functions on upright paragraphs.
 namespace quorra::office {
 
-/// Exchanges families that only the file holds for the common one of their kind, as far as the widths of their
-/// characters are known.
+/// Replaces font families that are not widespread by the common one of their kind if the widths of all their characters
+/// are known.
 void useCommonFonts(model::Document &document);
 
-/// The letter spacing in points at which the words are as wide as on the page and, set into this width, break into no
-/// more lines than there. 0 where the widths are not known or the font is not the one they are known for.
+/// Returns the letter spacing in points at which the words are as wide as on the page and, wrapped at this width, do
+/// not need more lines than there. 0 if the widths of the characters are not known.
 double fittingSpacing(const model::Paragraph &paragraph, double width);
 
-/// Whether the widths of all its words are known in the fonts they are set in.
+/// Returns whether the widths of all words are known in their fonts.
 bool hasKnownWidths(const model::Paragraph &paragraph);
 
-/// The paragraph's lines cut at wide gaps between words, each piece a paragraph of its own; the paragraph
-/// itself where its lines hold together. With everyLine each line is a piece too, and words that stand off the line's
-/// baseline: the labels of a drawing.
-std::vector<model::Paragraph> piecesApart(const model::Paragraph &paragraph, bool everyLine);
+/// Returns the paragraph's lines divided at wide gaps between words, each piece as a paragraph; the paragraph itself if
+/// there are no such gaps. With everyLine, for the labels of a drawing, each line is a piece too, and so are words off
+/// the line's baseline.
+std::vector<model::Paragraph> paragraphPieces(const model::Paragraph &paragraph, bool everyLine);
 
-/// Whether the lines are to stay as they are on the page: single ones, those that end where the page means it, and
-/// those that are not flush left.
+/// Returns whether line ends are kept: those of single lines, of lines that end on purpose, and of short paragraphs
+/// that are not aligned left.
 bool keepsLines(const model::Paragraph &paragraph);
 
-/// The runs with '\n' between the lines and, in text of fixed pitch, the spaces that keep its columns. Without any
-/// lines, and for list items, the paragraph's own runs.
+/// Returns the runs with '\n' between the lines and, in fixed-pitch text, the spaces that preserve its columns. For a
+/// paragraph without lines, and for a list item, these are the paragraph's own runs.
 std::vector<model::Run> runsByLine(const model::Paragraph &paragraph);
 
 } // namespace quorra::office

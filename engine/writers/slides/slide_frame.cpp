@@ -11,7 +11,7 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double quarterTurn = 1.5707963268; // in radians, as ODF counts angles
+constexpr double quarterTurn = 1.5707963268; // radians, the unit of angles in ODF
 
 model::Turn toSlide(const SlideTurn &turn)
 {
@@ -31,14 +31,6 @@ QString sideName(model::Alignment alignment)
 }
 
 } // namespace
-
-model::Paragraph uprightParagraph(model::Paragraph paragraph, const SlideTurn &turn)
-{
-    if (turn.rotation != 0) {
-        model::turnBack(paragraph, 360 - turn.rotation, turn.width, turn.height);
-    }
-    return paragraph;
-}
 
 Box onSlide(const Box &box, const SlideTurn &turn)
 {

@@ -14,16 +14,16 @@ namespace quorra::office {
 
 namespace {
 
-// Puts a piece behind the line that it goes on with, or keeps it as a new one. Pieces come in growing order.
+/// Appends a border to the line that it continues, or adds it as a new line. Borders are in ascending order.
 void addPiece(std::vector<model::Rule> &rules, const model::Rule &piece)
 {
-    const auto goesOn = std::find_if(rules.begin(), rules.end(), [&](const model::Rule &rule) {
+    const auto continued = std::find_if(rules.begin(), rules.end(), [&](const model::Rule &rule) {
         return rule.x2 == piece.x1 && rule.y2 == piece.y1 && rule.isHorizontal() == piece.isHorizontal() &&
                rule.colour == piece.colour && rule.width == piece.width;
     });
-    if (goesOn != rules.end()) {
-        goesOn->x2 = piece.x2;
-        goesOn->y2 = piece.y2;
+    if (continued != rules.end()) {
+        continued->x2 = piece.x2;
+        continued->y2 = piece.y2;
     } else {
         rules.push_back(piece);
     }
@@ -33,7 +33,7 @@ void addPiece(std::vector<model::Rule> &rules, const model::Rule &piece)
 
 std::vector<model::Rule> gridLines(const model::Table &table)
 {
-    // Cells come row by row, so pieces of each line come in growing order; a line between two cells is both's.
+    // The key puts the borders in ascending order and makes a border between two cells one.
     std::map<std::tuple<double, double, double, double>, model::Border> pieces;
     for (const model::Cell &cell : table.cells) {
         const double left = *(table.columnEdges.begin() + cell.column);

@@ -8,11 +8,11 @@
 
 namespace quorra::office {
 
-/// Lines of the table's cells, pieces of one line put together.
+/// Returns the borders of the table's cells; collinear borders of the same width and colour are joined.
 std::vector<model::Rule> gridLines(const model::Table &table);
 
-/// Draws a table on a slide where it cannot stand as one: its lines and backgrounds, and the text of each column in one
-/// frame; turned text in a box for each cell.
+/// Draws a table that cannot be written as a table: its borders and backgrounds, the text of each column in a frame,
+/// and rotated text in a frame for each cell.
 void writeSlideGrid(const Sink &sink, const model::Page &page, const model::Table &table);
 
 } // namespace quorra::office

@@ -3,6 +3,7 @@
 
 #include "document/page_walk.h"
 #include "odf/cell_places.h"
+#include "odf/line_layout.h"
 #include "odf/odf_frames.h"
 #include "odf/odf_tables.h"
 #include "slide_fit.h"
@@ -16,16 +17,14 @@ namespace quorra::office {
 
 namespace {
 
-/// Lengths in points unless another unit is named.
 struct Thresholds
 {
-    std::size_t mostCells = 200;   ///< larger tables take presentation programs too long
-    double rowPadding = 7.2;       ///< above and below the text of a cell together: presentation programs add it
-    double sidePadding = 0.3;      ///< 0 would be taken for the usual padding
-    double tightestLeading = 0.95; ///< em: closer lines touch
-    double clearance = 2;          ///< between the table and what follows
+    std::size_t maxCells = 200; ///< cells; larger tables take presentation programs too long
+    double rowPadding = 7.2;    ///< points; that presentation programs add above and below the text of a cell together
+    double sidePadding = 0.3;   ///< points; 0 is replaced by the default padding
+    double clearance = 2;       ///< points; between the table and what follows
 };
-constexpr Thresholds limits;
+constexpr Thresholds thresholds;
 
 std::size_t lineCount(const model::Cell &cell)
 {
@@ -47,10 +46,10 @@ double sizeOf(const model::Cell &cell)
 
 double leastHeight(const model::Cell &cell)
 {
-    return limits.rowPadding + static_cast<double>(lineCount(cell)) * limits.tightestLeading * sizeOf(cell);
+    return thresholds.rowPadding + static_cast<double>(lineCount(cell)) * lineHeights.min * sizeOf(cell);
 }
 
-// By how much the table gets higher than on the page.
+/// Returns by how much the table is higher than on the page.
 double growth(const model::Table &table)
 {
     double sum = 0;
@@ -70,23 +69,23 @@ double growth(const model::Table &table)
 double spaceBelow(const model::Page &page, const Box &box)
 {
     double next = page.height;
-    const auto look = [&](const Box &other) {
-        if (other.top >= box.bottom - limits.clearance && other.left < box.right && other.right > box.left) {
+    const auto limitBy = [&](const Box &other) {
+        if (other.top >= box.bottom - thresholds.clearance && other.left < box.right && other.right > box.left) {
             next = std::min(next, other.top);
         }
     };
-    forEachBlock(page, [&](const model::Block &block) { look(block.box()); });
+    forEachBlock(page, [&](const model::Block &block) { limitBy(block.box()); });
     for (const auto *edge : {&page.header, &page.footer}) {
         for (const model::Paragraph &paragraph : *edge) {
-            look(paragraph.box);
+            limitBy(paragraph.box);
         }
     }
     for (const model::Rule &rule : page.rules) {
-        if (rule.y1 > box.bottom + limits.clearance && rule.x1 < box.right && rule.x2 > box.left) {
+        if (rule.y1 > box.bottom + thresholds.clearance && rule.x1 < box.right && rule.x2 > box.left) {
             next = std::min(next, rule.y1);
         }
     }
-    return next - box.bottom - limits.clearance;
+    return next - box.bottom - thresholds.clearance;
 }
 
 bool isTurned(const model::Table &table)
@@ -97,7 +96,7 @@ bool isTurned(const model::Table &table)
            });
 }
 
-// The space on the right that all text of the cell keeps, as far as it stands there.
+/// Returns the padding on the right: the smallest distance of right-aligned text from the edge.
 double paddingRight(const model::Cell &cell)
 {
     double padding = cell.box.width() / 2;
@@ -105,7 +104,7 @@ double paddingRight(const model::Cell &cell)
         const bool right = paragraph.alignment == model::Alignment::Right;
         padding = std::min(padding, right ? cell.box.right - paragraph.box.right : 0);
     }
-    return cell.paragraphs.empty() ? limits.sidePadding : std::max(limits.sidePadding, padding);
+    return cell.paragraphs.empty() ? thresholds.sidePadding : std::max(thresholds.sidePadding, padding);
 }
 
 QString cellStyle(const Sink &sink, const model::Cell &cell)
@@ -116,7 +115,7 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
          {{"style:graphic-properties"_L1,
            {{"draw:fill"_L1, cell.background ? u"solid"_s : u"none"_s},
             {"draw:fill-color"_L1, colourName(cell.background.value_or(white))},
-            {"fo:padding-left"_L1, pt(limits.sidePadding)},
+            {"fo:padding-left"_L1, pt(thresholds.sidePadding)},
             {"fo:padding-right"_L1, pt(paddingRight(cell))},
             {"fo:padding-top"_L1, u"0pt"_s},
             {"fo:padding-bottom"_L1, u"0pt"_s},
@@ -128,18 +127,18 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
             {"fo:border-bottom"_L1, borderText(cell.bottom)}}}}});
 }
 
-// The paragraph as it stands in its cell: indents by its place, lines close enough for the row.
+/// Returns the paragraph with its indents in the cell and with lines that fit the row.
 model::Paragraph inCell(const model::Paragraph &paragraph, const model::Cell &cell)
 {
     model::Paragraph placed = paragraph;
-    const double left = std::max(0.0, paragraph.box.left - cell.box.left - limits.sidePadding);
+    const double left = std::max(0.0, paragraph.box.left - cell.box.left - thresholds.sidePadding);
     placed.indentLeft = paragraph.alignment == model::Alignment::Left ? left : 0;
     placed.indentRight = 0;
     placed.firstLineIndent = 0;
     const double size = largestSize(paragraph);
-    const double room = (cell.box.height() - limits.rowPadding) / static_cast<double>(lineCount(cell));
-    placed.lineDistance = std::clamp(
-        slideLeading(paragraph), limits.tightestLeading * size, std::max(room, limits.tightestLeading * size));
+    const double room = (cell.box.height() - thresholds.rowPadding) / static_cast<double>(lineCount(cell));
+    placed.lineDistance =
+        std::clamp(slideLeading(paragraph), lineHeights.min * size, std::max(room, lineHeights.min * size));
     placed.spaceBefore = std::max(0.0, paragraph.spaceBefore);
     return placed;
 }
@@ -150,7 +149,7 @@ void writeCell(const Sink &sink, const model::Cell &cell)
     const XmlElement element(xml, "table:table-cell"_L1);
     xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell));
     writeSpans(xml, cell);
-    const double width = cell.box.width() - limits.sidePadding - paddingRight(cell);
+    const double width = cell.box.width() - thresholds.sidePadding - paddingRight(cell);
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         const model::Paragraph placed = inCell(paragraph, cell);
         writeSlideParagraph(
@@ -168,7 +167,7 @@ void writeCell(const Sink &sink, const model::Cell &cell)
 
 bool fitsAsTable(const model::Page &page, const model::Table &table)
 {
-    return table.rows() > 0 && table.columns() > 0 && table.cells.size() <= limits.mostCells && !isTurned(table) &&
+    return table.rows() > 0 && table.columns() > 0 && table.cells.size() <= thresholds.maxCells && !isTurned(table) &&
            growth(table) <= std::max(0.0, spaceBelow(page, table.box));
 }
 
@@ -181,24 +180,18 @@ void writeSlideTable(const Sink &sink, const model::Table &table)
         const auto at = table.columnEdges.begin() + column;
         writeColumn(sink, at[1] - at[0]);
     }
-    const std::vector<const model::Cell *> grid = cellGrid(table);
-    for (int row = 0; row < table.rows(); ++row) {
+    const auto beginRow = [&](int row) {
         const auto at = table.rowEdges.begin() + row;
-        const XmlElement line(xml, "table:table-row"_L1);
+        XmlElement line(xml, "table:table-row"_L1);
         xml.writeAttribute(
             "table:style-name"_L1,
             sink.styles.name(
                 {"style:style"_L1,
                  {{"style:family"_L1, u"table-row"_s}},
                  {{"style:table-row-properties"_L1, {{"style:row-height"_L1, pt(at[1] - at[0])}}}}}));
-        for (int column = 0; column < table.columns(); ++column) {
-            if (const model::Cell *cell = *(grid.begin() + row * table.columns() + column)) {
-                writeCell(sink, *cell);
-            } else {
-                xml.writeEmptyElement("table:covered-table-cell"_L1);
-            }
-        }
-    }
+        return line;
+    };
+    writeRows(xml, table, beginRow, [&](const model::Cell &cell) { writeCell(sink, cell); });
 }
 
 } // namespace quorra::office

@@ -6,11 +6,11 @@
 
 namespace quorra::office {
 
-/// Whether the table can stand on the slide as a table: upright, not larger than a slide program handles well, and
-/// with room below it for what its rows must grow. Otherwise it is to be drawn, see slide_grid.h.
+/// Returns whether the table can be written as a table: it is upright, not too large for presentation programs, and
+/// there is room below it for the height that its rows gain. Other tables are drawn, see slide_grid.h.
 bool fitsAsTable(const model::Page &page, const model::Table &table);
 
-/// Writes the table in a frame of its own at its place.
+/// Writes the table into a frame at its position.
 void writeSlideTable(const Sink &sink, const model::Table &table);
 
 } // namespace quorra::office

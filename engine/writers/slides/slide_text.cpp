@@ -4,6 +4,9 @@
 #include "base/xml_text.h"
 #include "document/link.h"
 #include "document/page_walk.h"
+#include "document/rotation.h"
+#include "odf/font_widths.h"
+#include "odf/line_layout.h"
 #include "odf/placed_page.h"
 #include "slide_fit.h"
 
@@ -19,28 +22,24 @@ namespace {
 
 struct Thresholds
 {
-    double usualLeading = 1.2;     ///< em: of text of one line
-    double widestLeading = 2.5;    ///< em: lines further apart have space between them
-    double tightestLeading = 0.95; ///< em: closer lines touch
-    double descent = 0.21;         ///< em: part of a line of fixed height below its baseline
-    double leastSpare = 6;         ///< points by which a line of text may be wider in another font
-    double spareWidth = 0.08;      ///< the same, of its width
-    double flowSpare = 3;          ///< points beside text whose widths are known
-    double rounding = 1;           ///< points that rounded letter spacing may add to a line
-    double leastIndent = 0.1;      ///< points: without any indent slides drop that of the first line
-    double spaceWidth = 0.25;      ///< em: of a space in most fonts
-    qsizetype mostSpaces = 20;     ///< characters between the mark of a list item and its text
+    double descent = 0.21;    ///< em; of a line of fixed height below its baseline
+    double minSpare = 6;      ///< points; by which a line may be wider in another font
+    double spareWidth = 0.08; ///< likewise, share of its width
+    double flowSpare = 3;     ///< points; beside text with known widths
+    double rounding = 1;      ///< points; by which rounded letter spacing may widen a line
+    double minIndent = 0.1;   ///< points; without any indent, slides ignore that of the first line
+    qsizetype maxSpaces = 20; ///< characters; between the mark of a list item and its text
 };
-constexpr Thresholds limits;
+constexpr Thresholds thresholds;
 
 bool isPlain(const QString &text)
 {
     return !text.contains(u'\n') && !text.contains(u'\t');
 }
 
-// A link on a slide is a field: it takes the style around it, holds nothing but characters and does not break. So each
-// word becomes a link.
-void writeLink(const Sink &sink, const model::Run &run, const model::Style &look, const QString &target)
+/// A link on a slide is a field: it has the style around it, contains only characters, and does not break. Therefore
+/// each word becomes a link.
+void writeLink(const Sink &sink, const model::Run &run, const model::Style &paragraphStyle, const QString &target)
 {
     const model::Style &style = run.style;
     qsizetype at = 0;
@@ -54,13 +53,13 @@ void writeLink(const Sink &sink, const model::Run &run, const model::Style &look
             sink.xml.writeCharacters(xmlText(run.text.mid(at, end - at)));
         }
         if (space >= 0) {
-            writeRuns(sink, {{u" "_s, style, model::BaselineShift::None, {}}}, look, false);
+            writeRuns(sink, {{u" "_s, style, model::BaselineShift::None, {}}}, paragraphStyle, false);
         }
         at = end + 1;
     }
 }
 
-// The number of spaces that fit between the mark and the text on the page.
+/// As many spaces as fit between the mark and the text on the page.
 QString spacesAfterMark(const model::Paragraph &paragraph)
 {
     if (paragraph.lines.empty() || paragraph.lines.front().words.size() < 2) {
@@ -69,21 +68,21 @@ QString spacesAfterMark(const model::Paragraph &paragraph)
     const std::vector<model::Word> &words = paragraph.lines.front().words;
     const double gap = words[1].box.left - words[0].box.right;
     const bool isMark = paragraph.listItem && words[0].text == paragraph.listItem->mark;
-    const qsizetype spaces = isMark ? std::lround(gap / (limits.spaceWidth * words[1].style->size)) : 1;
-    return QString(std::clamp<qsizetype>(spaces, 1, limits.mostSpaces), u' ');
+    const qsizetype spaces = isMark ? std::lround(gap / (usualSpaceWidth * words[1].style->size)) : 1;
+    return QString(std::clamp<qsizetype>(spaces, 1, thresholds.maxSpaces), u' ');
 }
 
-// The frame of lines that do not wrap: with room on the side to which they grow, where another font is wider.
+/// Returns the frame for lines that do not wrap, with room on the side to which they extend in a wider font.
 Box roomOfLines(const Box &box, model::Alignment alignment)
 {
-    const double spare = limits.leastSpare + limits.spareWidth * box.width();
+    const double spare = thresholds.minSpare + thresholds.spareWidth * box.width();
     Box room = box;
     room.left -= alignment == model::Alignment::Left ? 0 : spare;
     room.right += alignment == model::Alignment::Right ? 0 : spare;
     return room;
 }
 
-// Text that flows keeps the page's width; only where its own width is not known it gets what room there is.
+/// Returns the frame for text that wraps: as wide as on the page; wider if there is room and the widths are not known.
 Box roomOfFlow(const model::Page &page, const model::Paragraph &paragraph, const SlideTurn &turn)
 {
     if (paragraph.alignment == model::Alignment::Justify) {
@@ -93,8 +92,8 @@ Box roomOfFlow(const model::Page &page, const model::Paragraph &paragraph, const
         return turn.rotation == 0 && !paragraph.rightToLeft ? roomyBox(page, paragraph.box) : paragraph.box;
     }
     Box room = paragraph.box;
-    room.left -= paragraph.rightToLeft ? limits.flowSpare : 0;
-    room.right += paragraph.rightToLeft ? 0 : limits.flowSpare;
+    room.left -= paragraph.rightToLeft ? thresholds.flowSpare : 0;
+    room.right += paragraph.rightToLeft ? 0 : thresholds.flowSpare;
     return room;
 }
 
@@ -110,14 +109,15 @@ void writePiece(const Sink &sink, const model::Page &page, model::Paragraph piec
         }
     }
     const Box room = lines ? roomOfLines(piece.box, piece.alignment) : roomOfFlow(page, piece, turn);
-    const double spacing = fittingSpacing(piece, room.width() - limits.rounding);
+    const double spacing = fittingSpacing(piece, room.width() - thresholds.rounding);
     const auto count = static_cast<double>(std::max<std::size_t>(1, piece.lines.size()));
     const double baseline = piece.lines.empty() ? piece.box.top + slideRise(piece) : piece.lines.front().baseline;
     Box frame = room;
     frame.top = baseline - slideRise(piece);
     frame.bottom = frame.top + count * slideLeading(piece);
     const TextFrame open = beginSlideFrame(sink, frame, turn, !lines, piece.alignment);
-    piece.indentLeft = std::max(limits.leastIndent, piece.box.left - room.left + std::max(0.0, -piece.firstLineIndent));
+    piece.indentLeft =
+        std::max(thresholds.minIndent, piece.box.left - room.left + std::max(0.0, -piece.firstLineIndent));
     piece.indentRight = 0;
     piece.spaceBefore = 0;
     if (piece.lines.size() < 2) {
@@ -155,13 +155,13 @@ void dropDeadLinks(model::Document &document)
 double slideLeading(const model::Paragraph &paragraph)
 {
     const double size = largestSize(paragraph);
-    const bool isLeading = paragraph.lineDistance > 0 && paragraph.lineDistance <= limits.widestLeading * size;
-    return isLeading ? std::max(paragraph.lineDistance, limits.tightestLeading * size) : limits.usualLeading * size;
+    const bool isLeading = paragraph.lineDistance > 0 && paragraph.lineDistance <= lineHeights.max * size;
+    return isLeading ? std::max(paragraph.lineDistance, lineHeights.min * size) : lineHeights.usual * size;
 }
 
 double slideRise(const model::Paragraph &paragraph)
 {
-    return slideLeading(paragraph) - limits.descent * largestSize(paragraph);
+    return slideLeading(paragraph) - thresholds.descent * largestSize(paragraph);
 }
 
 void writeSlideParagraph(
@@ -170,13 +170,13 @@ void writeSlideParagraph(
 {
     model::Paragraph leaded = paragraph;
     leaded.lineDistance = slideLeading(paragraph);
-    const model::Style look = dominantStyle(runs);
-    sink.styles.noteFont(look);
-    Element style = paragraphStyle(leaded, {}, look);
+    const model::Style textStyle = dominantStyle(runs);
+    sink.styles.noteFont(textStyle);
+    Element style = paragraphStyle(leaded, {}, textStyle);
     if (paragraph.alignment == model::Alignment::Right) {
         for (auto &[name, value] : style.children.front().attributes) {
             if (name == "fo:text-align"_L1) {
-                value = u"end"_s; // on slides the right side, whatever way the text runs
+                value = u"end"_s; // on slides this is right, whatever the direction of the text
             }
         }
     }
@@ -196,9 +196,9 @@ void writeSlideParagraph(
     for (const model::Run &run : runs) {
         const QString target = withLinks && isPlain(run.text) ? slideTarget(run.link) : QString();
         if (target.isEmpty() || run.text.trimmed().isEmpty()) {
-            writeRuns(sink, {run}, look, false);
+            writeRuns(sink, {run}, textStyle, false);
         } else {
-            writeLink(sink, run, look, target);
+            writeLink(sink, run, textStyle, target);
         }
     }
 }
@@ -214,7 +214,8 @@ void writeEmptySlideParagraph(const Sink &sink, const model::Paragraph &paragrap
 void writeSlideText(const Sink &sink, const model::Page &page, const model::Paragraph &paragraph, bool labels)
 {
     const SlideTurn turn{paragraph.rotation, page.width, page.height};
-    for (model::Paragraph &piece : piecesApart(uprightParagraph(paragraph, turn), labels)) {
+    for (model::Paragraph &piece :
+         paragraphPieces(model::uprightParagraph(paragraph, page.width, page.height), labels)) {
         writePiece(sink, page, std::move(piece), turn);
     }
 }

@@ -10,28 +10,29 @@
 
 namespace quorra::office {
 
-/// Where a link of a slide leads: web and mail addresses as they are, "#page=N" as the slide of that name.
+/// Returns the target of a link on a slide: safe addresses unchanged, "#page=N" as the name of the slide. Empty for an
+/// unsafe address.
 QString slideTarget(const QString &link);
 
-/// Drops the links to pages that are not in the document: there is no slide for them.
+/// Removes the links to pages that are not in the document.
 void dropDeadLinks(model::Document &document);
 
-/// The distance of the paragraph's lines on a slide, and how far above the first baseline the first line begins, in
-/// points.
+/// Return the distance of the paragraph's lines on a slide, and the distance from the top of the first line to its
+/// baseline, in points.
 double slideLeading(const model::Paragraph &paragraph);
 double slideRise(const model::Paragraph &paragraph);
 
-/// Writes the paragraph, whose text the runs hold, into an open frame or cell. Its indents count from there. Spacing is
-/// added after each letter.
+/// Writes the paragraph with these runs as its text into an open frame or cell, to whose edges its indents refer.
+/// `spacing` is the letter spacing in points.
 void writeSlideParagraph(
     const Sink &sink, const model::Paragraph &paragraph, const std::vector<model::Run> &runs, double spacing,
     bool withLinks);
 
-/// Writes a paragraph without text that takes next to no height.
+/// Writes a paragraph without text, of almost no height.
 void writeEmptySlideParagraph(const Sink &sink, const model::Paragraph &paragraph);
 
-/// Writes the paragraph in a text box of its own at its place, turned as it is on the page. As labels, each word group
-/// gets its own box.
+/// Writes the paragraph into a text box of its own at its position and with its rotation. With `labels`, each group of
+/// words gets a text box.
 void writeSlideText(const Sink &sink, const model::Page &page, const model::Paragraph &paragraph, bool labels);
 
 } // namespace quorra::office

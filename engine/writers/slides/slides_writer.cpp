@@ -19,8 +19,6 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double sizeTolerance = 1; // points by which pages of one size may differ
-
 void writeSlide(const Sink &sink, const model::Page &page, model::PictureSource &pictures)
 {
     for (const model::Fill &fill : page.fills) {
@@ -54,10 +52,11 @@ void unifyPages(model::Document &document)
     }
     dropDeadLinks(document);
     useCommonFonts(document);
-    const double width = document.pages.front().width;
-    const double height = document.pages.front().height;
+    const model::Page &first = document.pages.front();
+    const double width = first.width;
+    const double height = first.height;
     for (model::Page &page : document.pages) {
-        if (std::abs(page.width - width) < sizeTolerance && std::abs(page.height - height) < sizeTolerance) {
+        if (model::haveSameSize(page, first)) {
             continue;
         }
         const double scale = std::min(width / page.width, height / page.height);

@@ -17,10 +17,14 @@ using model::Line;
 using model::Paragraph;
 using model::Table;
 
-constexpr int columnGap = 2;         // characters between the columns of a table
-constexpr double paragraphGap = 0.5; // em: more space above an entry of a list ends the list
+struct Thresholds
+{
+    int columnGap = 2;         ///< characters; between the columns of a table
+    double maxListSpace = 0.5; ///< em; more space above a list item separates it from the previous one
+};
+constexpr Thresholds thresholds;
 
-// The lines of a paragraph; a word cut at a line's end is completed on that line.
+/// Returns the lines of a paragraph; a word hyphenated at a line end is completed on that line.
 QStringList paragraphLines(const Paragraph &paragraph)
 {
     QStringList lines;
@@ -74,7 +78,8 @@ std::vector<CellText> cellTexts(const Table &table)
     return texts;
 }
 
-// Columns are as wide as their widest cell; a spanning cell widens the last of its columns where it must.
+/// Returns the start of each column. Columns are as wide as their widest cell; a cell that spans several columns widens
+/// the last of them if necessary.
 std::vector<qsizetype> columnStarts(const std::vector<CellText> &texts, int columns)
 {
     std::vector<qsizetype> widths(static_cast<std::size_t>(columns), 0);
@@ -87,7 +92,7 @@ std::vector<qsizetype> columnStarts(const std::vector<CellText> &texts, int colu
     for (const CellText &text : texts) {
         const int last = text.column + text.columnSpan - 1;
         if (text.columnSpan > 1 && last + 1 < columns) {
-            qsizetype sum = columnGap * (text.columnSpan - 1);
+            qsizetype sum = thresholds.columnGap * (text.columnSpan - 1);
             for (int c = text.column; c <= last; ++c) {
                 sum += widths[static_cast<std::size_t>(c)];
             }
@@ -96,7 +101,7 @@ std::vector<qsizetype> columnStarts(const std::vector<CellText> &texts, int colu
     }
     std::vector<qsizetype> starts{0};
     for (const qsizetype width : widths) {
-        starts.push_back(starts.back() + (width > 0 ? width + columnGap : 0));
+        starts.push_back(starts.back() + (width > 0 ? width + thresholds.columnGap : 0));
     }
     return starts;
 }
@@ -135,7 +140,7 @@ void append(QString &page, const QString &text, bool close)
     }
 }
 
-// Entries of a list stand below one another, unless there is space between them on the page.
+/// Returns whether both are items of a list without space in between, which get no empty line.
 bool isSameList(const Block *before, const Block &block)
 {
     const Paragraph *entry = block.paragraph();
@@ -144,7 +149,7 @@ bool isSameList(const Block *before, const Block &block)
         return false;
     }
     const std::vector<model::Run> runs = model::runsOf(*entry);
-    return !runs.empty() && entry->spaceBefore < paragraphGap * runs.front().style.size;
+    return !runs.empty() && entry->spaceBefore < thresholds.maxListSpace * runs.front().style.size;
 }
 
 } // namespace
@@ -167,7 +172,7 @@ QString tableAsText(const Table &table)
                 }
                 const int behind = text.column + text.columnSpan;
                 const auto afterLast = static_cast<std::size_t>(behind);
-                const qsizetype end = starts[afterLast] - columnGap;
+                const qsizetype end = starts[afterLast] - thresholds.columnGap;
                 const qsizetype start = starts[static_cast<std::size_t>(text.column)];
                 put(line, text.lines[i], text.right ? std::max(start, end - text.lines[i].size()) : start);
             }

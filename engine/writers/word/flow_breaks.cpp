@@ -8,7 +8,11 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double leastSpace = 2; // points; a space that is worth a paragraph of their own
+struct Thresholds
+{
+    double minSpace = 2; ///< points; a smaller space needs no paragraph of its own
+};
+constexpr Thresholds thresholds;
 
 } // namespace
 
@@ -20,7 +24,7 @@ void FlowBreaks::addBookmark(const QString &name)
 
 void FlowBreaks::addPage(const QString &masterPage, bool breaks)
 {
-    close();
+    separateFromColumns();
     m_pending.breakBefore = breaks;
     m_pending.masterPage = masterPage;
     m_hasPending = true;
@@ -34,7 +38,7 @@ void FlowBreaks::addColumn()
 
 ParagraphPlace FlowBreaks::take()
 {
-    close();
+    separateFromColumns();
     m_hasPending = false;
     m_afterTable = false;
     return std::exchange(m_pending, {});
@@ -42,9 +46,10 @@ ParagraphPlace FlowBreaks::take()
 
 void FlowBreaks::writeSpace(double height)
 {
-    const bool needed = (m_hasPending && m_apart) || (m_afterColumns && m_apart) || m_afterTable || height > leastSpace;
+    const bool needed =
+        (m_hasPending && m_separate) || (m_afterColumns && m_separate) || m_afterTable || height > thresholds.minSpace;
     if (!m_hasPending) {
-        m_afterColumns = false; // the paragraph for the space closes them as well
+        m_afterColumns = false; // the paragraph that makes the space follows the columns
     }
     if (needed) {
         ParagraphPlace place = take();
@@ -66,9 +71,9 @@ void FlowBreaks::afterColumns()
     m_afterTable = false;
 }
 
-void FlowBreaks::close()
+void FlowBreaks::separateFromColumns()
 {
-    if (std::exchange(m_afterColumns, false) && m_apart) {
+    if (std::exchange(m_afterColumns, false) && m_separate) {
         writeAnchorParagraph(m_sink, {});
         m_afterTable = false;
     }

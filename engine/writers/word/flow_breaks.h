@@ -7,44 +7,44 @@
 
 namespace quorra::office {
 
-/// Which breaks, link targets and spaces are still to be carried by a paragraph of a flowing text, and whether an
-/// empty one has to carry them: columns and tables cannot, and a break right after columns is lost, one right after
-/// frames comes before them.
+/// Collects the breaks and link targets that the next paragraph of flowing text has to carry, and writes an empty
+/// paragraph for them where necessary: columns and tables cannot carry them, a break directly after columns is lost,
+/// and a break directly after frames takes effect before the frames.
 class FlowBreaks
 {
 public:
-    /// Without apart, columns and what they hold carry breaks themselves.
-    FlowBreaks(const Sink &sink, bool apart) : m_sink(sink), m_apart(apart) {}
+    /// Without `separate`, breaks before and after columns get no empty paragraphs (see FlowForm::separateBreaks).
+    FlowBreaks(const Sink &sink, bool separate) : m_sink(sink), m_separate(separate) {}
 
-    /// The next paragraph is a link target of this name.
+    /// Makes the next paragraph a link target of this name.
     void addBookmark(const QString &name);
 
-    /// The next paragraph begins a page, with this master page unless the name is empty.
+    /// Makes the next paragraph begin a page: by a page break if `breaks`, by this master page unless it is empty.
     void addPage(const QString &masterPage, bool breaks);
 
-    /// The next paragraph begins a column.
+    /// Makes the next paragraph begin a column.
     void addColumn();
 
-    /// What the paragraph that is written next has to carry.
+    /// Returns what the next paragraph has to carry; the caller writes that paragraph.
     ParagraphPlace take();
 
-    /// Blank space of this height (points) above columns or a table, and all that is still to be carried.
+    /// Writes a blank space of this height (points) above columns or a table, with all that has been collected.
     void writeSpace(double height);
 
-    /// Writes what is still to be carried, if there is anything.
+    /// Writes an empty paragraph for what has been collected, if there is anything.
     void flush();
 
-    /// Columns, or frames of a whole page, have been written.
+    /// To be called when columns, or the frames of a whole page, have been written.
     void afterColumns();
 
-    /// A table has been written: another one right below it would become one with it.
+    /// To be called when a table has been written: LibreOffice would join another one directly below it.
     void afterTable() { m_afterTable = true; }
 
 private:
-    void close();
+    void separateFromColumns();
 
     const Sink &m_sink;
-    bool m_apart;
+    bool m_separate;
     ParagraphPlace m_pending;
     bool m_hasPending = false;
     bool m_afterColumns = false;

@@ -18,7 +18,7 @@ struct Thresholds
 };
 constexpr Thresholds thresholds;
 
-// Heights on a page in points, by what can be done about them.
+/// Heights on a page in points, by what can be done about them.
 struct Heights
 {
     double lines = 0;
@@ -53,7 +53,7 @@ Heights heightsOf(const FlowSection &section)
     return heights;
 }
 
-// The height of the empty paragraphs that the section needs: before and after columns, and for pictures behind text.
+/// The height of the empty paragraphs that the section needs: before and after columns, and for pictures behind text.
 double anchorsOf(const FlowSection &section)
 {
     const auto behind =

@@ -24,11 +24,10 @@ struct Thresholds
         90; ///< points; below a column that is certain not to run over: word processors set text longer
     std::size_t longText = 4; ///< lines that make a paragraph running text
     double wideFont = 1.1;    ///< times the width: by which the font that replaces an unknown one may be wider
-    double spaceWidth = 0.25; ///< em; of a space in most fonts
 };
 constexpr Thresholds thresholds;
 
-// The strip that blocks stand in and how far it is filled. In points.
+/// The strip that blocks stand in and how far it is filled. In points.
 struct Area
 {
     double left = 0;
@@ -39,8 +38,8 @@ struct Area
     bool followsOther = false;      // what comes next did not follow on the page what came last
 };
 
-// Columns of running text, as opposed to words put beside one another: below one another, in strips of their width,
-// they would fill twice the pages.
+/// Columns of running text, as opposed to words put beside one another: below one another, in strips of their width,
+/// they would fill twice the pages.
 bool isRunningText(const model::Section &section)
 {
     return section.columns.size() > 1 &&
@@ -49,7 +48,7 @@ bool isRunningText(const model::Section &section)
            });
 }
 
-// The column in which the line stands; the number of columns for a line outside the section.
+/// The column in which the line stands; the number of columns for a line outside the section.
 std::size_t columnAt(const model::Section &section, const Box &line)
 {
     const auto at = std::find_if(section.columns.begin(), section.columns.end(), [&](const Box &column) {
@@ -58,7 +57,7 @@ std::size_t columnAt(const model::Section &section, const Box &line)
     return static_cast<std::size_t>(at - section.columns.begin());
 }
 
-// Where the first line, table or picture of the section begins.
+/// Where the first line, table or picture of the section begins.
 double topOf(const model::Section &section)
 {
     std::optional<double> top;
@@ -69,7 +68,7 @@ double topOf(const model::Section &section)
     return top.value_or(0);
 }
 
-// Notes that the paragraph, which stands in areas[own], took over lines from further columns: these have begun then.
+/// Notes that the paragraph, which stands in areas[own], took over lines from further columns: these have begun then.
 void noteLines(
     const model::Paragraph &paragraph, const model::Section &section, std::vector<Area> &areas, std::size_t own)
 {
@@ -85,7 +84,7 @@ void noteLines(
     }
 }
 
-// The first baseline of the block that follows this one in its column; nothing when that is no paragraph.
+/// The first baseline of the block that follows this one in its column; nothing when that is no paragraph.
 std::optional<double> baselineAfter(const model::Section &section, std::size_t block)
 {
     if (block + 1 >= section.blocks.size() || section.blocks[block + 1].column != section.blocks[block].column) {
@@ -95,7 +94,7 @@ std::optional<double> baselineAfter(const model::Section &section, std::size_t b
     return next ? firstBaseline(*next) : std::nullopt;
 }
 
-// Whether the text comes out about as wide as it is on the page.
+/// Whether the text comes out about as wide as it is on the page.
 bool keepsWidth(const model::Style &style)
 {
     const model::FontFamily *known = model::findFontFamily(style.family);
@@ -118,7 +117,7 @@ public:
         : m_page(page)
         , m_margins(margins)
         , m_form(form)
-        , m_end(textEnd(page, margins, headsOf(page)))
+        , m_end(textEnd(page, margins, page.footer))
         , m_bottom(form.places ? margins.top : page.content.top)
     {}
 
@@ -156,7 +155,7 @@ FlowSection PagePlanner::planSection(const model::Section &section)
 {
     FlowSection planned;
     planned.section = &section;
-    planned.inColumns = m_form.columns && canStandInColumns(section);
+    planned.inColumns = m_form.columns && canHaveColumns(section);
     if (planned.inColumns && m_form.places) {
         planned.spaceAbove = std::max(0.0, topOf(section) - m_bottom);
     }
@@ -168,7 +167,7 @@ FlowSection PagePlanner::planSection(const model::Section &section)
     return planned;
 }
 
-// The areas of a section's columns, before anything stands in them.
+/// The areas of a section's columns, before anything stands in them.
 std::vector<Area> PagePlanner::areasOf(const model::Section &section, bool inColumns) const
 {
     const bool ownStrip = inColumns || !m_form.places || isRunningText(section);
@@ -245,8 +244,7 @@ int likelyLines(const model::Paragraph &paragraph, double width)
     if (paragraph.lines.size() < 2) {
         return 1;
     }
-    const TextMeasure measure{
-        likelyWidth, [](const model::Style &style) { return thresholds.spaceWidth * style.size; }};
+    const TextMeasure measure{likelyWidth, [](const model::Style &style) { return usualSpaceWidth * style.size; }};
     return countLines(unbreakableTexts(paragraph, measure), {.width = width, .firstIndent = paragraph.firstLineIndent});
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page_layout.h"
 
+#include "document/page_transform.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -12,7 +14,6 @@ namespace {
 
 struct Thresholds
 {
-    double sameSize = 1;     ///< points; by which the sides of pages of one size differ
     double sameLine = 3;     ///< points; by which the middles of a header's parts on one line differ
     double minMargin = 14;   ///< points; printers and word processors object to less
     double minBody = 72;     ///< points; between two margins
@@ -24,11 +25,6 @@ struct Thresholds
 };
 constexpr Thresholds thresholds;
 
-bool sameSize(const model::Page &a, const model::Page &b)
-{
-    return std::abs(a.width - b.width) < thresholds.sameSize && std::abs(a.height - b.height) < thresholds.sameSize;
-}
-
 double quantile(std::vector<double> values, double part)
 {
     const auto at = values.begin() + std::lround(part * static_cast<double>(values.size() - 1));
@@ -36,8 +32,8 @@ double quantile(std::vector<double> values, double part)
     return *at;
 }
 
-// Left and right as on most pages: what stands further out gets a negative indent. Top and bottom as on the fullest
-// pages: text that does not fit would begin a page of its own.
+/// Left and right margins are those of most pages: text further out gets a negative indent. Top and bottom margins are
+/// those of the fullest pages: text that does not fit would begin another page.
 Margins commonMargins(const model::Page &like, const model::Document &document)
 {
     std::vector<double> lefts;
@@ -45,7 +41,7 @@ Margins commonMargins(const model::Page &like, const model::Document &document)
     std::vector<double> rights;
     std::vector<double> bottoms;
     for (const model::Page &page : document.pages) {
-        if (!page.scanned && sameSize(page, like) && !page.content.isEmpty()) {
+        if (!page.scanned && model::haveSameSize(page, like) && !page.content.isEmpty()) {
             lefts.push_back(page.content.left);
             tops.push_back(page.content.top);
             rights.push_back(page.width - page.content.right);
@@ -68,7 +64,20 @@ Margins commonMargins(const model::Page &like, const model::Document &document)
         inside(std::min(quantile(bottoms, 0), std::max(top, thresholds.usualMargin)), like.height)};
 }
 
-Box unitedBox(const std::vector<const model::Paragraph *> &paragraphs)
+using Paragraphs = std::vector<model::Paragraph>;
+using ParagraphRefs = std::vector<const model::Paragraph *>;
+
+ParagraphRefs refsOf(const Paragraphs &paragraphs)
+{
+    ParagraphRefs refs;
+    refs.reserve(paragraphs.size());
+    for (const model::Paragraph &paragraph : paragraphs) {
+        refs.push_back(&paragraph);
+    }
+    return refs;
+}
+
+Box unitedBox(const ParagraphRefs &paragraphs)
 {
     Box all;
     for (const model::Paragraph *paragraph : paragraphs) {
@@ -77,14 +86,20 @@ Box unitedBox(const std::vector<const model::Paragraph *> &paragraphs)
     return all;
 }
 
-// The strip that header and footer stand in.
+Box unitedBox(const Paragraphs &paragraphs)
+{
+    return unitedBox(refsOf(paragraphs));
+}
+
+/// The horizontal extent of header and footer.
 struct Strip
 {
     double left = 0;
     double right = 0;
 };
 
-// A part keeps the side of the strip that it stands at, or its middle: so a page number stays where it is.
+/// A part keeps its distance from the edge of the strip where it is, or from the middle, so that a page number stays
+/// where it is.
 Element tabStop(const Box &part, const Strip &strip)
 {
     const double middle = (strip.left + strip.right) / 2;
@@ -100,9 +115,8 @@ Element tabStop(const Box &part, const Strip &strip)
     return {"style:tab-stop"_L1, {{"style:position"_L1, pt(part.left - strip.left)}}};
 }
 
-// The parts of one line share the lines drawn along it: the widest of these, at the part nearest to it.
-model::ParagraphBorder
-sharedBorder(const std::vector<const model::Paragraph *> &parts, model::ParagraphBorder model::Paragraph::*side)
+/// Returns the border of a line of the header: the widest border of its parts, with the smallest gap.
+model::ParagraphBorder sharedBorder(const ParagraphRefs &parts, model::ParagraphBorder model::Paragraph::*side)
 {
     model::ParagraphBorder shared;
     double gap = 0;
@@ -117,8 +131,8 @@ sharedBorder(const std::vector<const model::Paragraph *> &parts, model::Paragrap
     return shared;
 }
 
-// One paragraph for each line of the header, its parts at tab stops.
-void writeHeadLine(const Sink &sink, std::vector<const model::Paragraph *> parts, const Strip &strip, double above)
+/// Writes a line of a header or footer as a paragraph with its parts at tab stops.
+void writeHeaderLine(const Sink &sink, ParagraphRefs parts, const Strip &strip, double above)
 {
     std::sort(parts.begin(), parts.end(), [](const auto *a, const auto *b) { return a->box.left < b->box.left; });
     const model::Style textStyle = dominantStyle(model::runsOf(*parts.front()));
@@ -156,17 +170,19 @@ void writeHeadLine(const Sink &sink, std::vector<const model::Paragraph *> parts
     }
 }
 
-void writeHeads(const Sink &sink, std::vector<const model::Paragraph *> heads, const Strip &strip, double top)
+/// Writes a header or footer whose area begins at `top`.
+void writeHeader(const Sink &sink, const Paragraphs &header, const Strip &strip, double top)
 {
+    ParagraphRefs parts = refsOf(header);
     std::stable_sort(
-        heads.begin(), heads.end(), [](const auto *a, const auto *b) { return a->box.centreY() < b->box.centreY(); });
+        parts.begin(), parts.end(), [](const auto *a, const auto *b) { return a->box.centreY() < b->box.centreY(); });
     double bottom = top;
-    for (auto first = heads.begin(); first != heads.end();) {
+    for (auto first = parts.begin(); first != parts.end();) {
         const double middle = (*first)->box.centreY();
         const auto last = std::find_if(
-            first, heads.end(), [&](const auto *each) { return each->box.centreY() > middle + thresholds.sameLine; });
-        const std::vector<const model::Paragraph *> line(first, last);
-        writeHeadLine(sink, line, strip, unitedBox(line).top - bottom);
+            first, parts.end(), [&](const auto *each) { return each->box.centreY() > middle + thresholds.sameLine; });
+        const ParagraphRefs line(first, last);
+        writeHeaderLine(sink, line, strip, unitedBox(line).top - bottom);
         bottom = unitedBox(line).bottom;
         first = last;
     }
@@ -181,7 +197,7 @@ std::vector<Margins> pageMargins(const model::Document &document)
         const auto &pages = document.pages;
         const auto earlier = std::find_if(
             pages.begin(), pages.begin() + static_cast<std::ptrdiff_t>(margins.size()),
-            [&](const model::Page &each) { return !each.scanned && sameSize(each, page); });
+            [&](const model::Page &each) { return !each.scanned && model::haveSameSize(each, page); });
         const auto index = static_cast<std::size_t>(earlier - pages.begin());
         if (page.scanned) {
             margins.push_back({0, 0, 0, 0});
@@ -192,34 +208,23 @@ std::vector<Margins> pageMargins(const model::Document &document)
     return margins;
 }
 
-Heads headsOf(const model::Page &page)
-{
-    Heads heads;
-    for (const model::Paragraph &paragraph : page.header) {
-        heads.above.push_back(&paragraph);
-    }
-    for (const model::Paragraph &paragraph : page.footer) {
-        heads.below.push_back(&paragraph);
-    }
-    return heads;
-}
-
-double textEnd(const model::Page &page, const Margins &margins, const Heads &heads)
+double textEnd(const model::Page &page, const Margins &margins, const std::vector<model::Paragraph> &footer)
 {
     const double end = page.height - margins.bottom;
     double farthest = page.height - std::min(margins.bottom, thresholds.minMargin);
-    if (!heads.below.empty()) {
-        farthest = std::max(end, std::min(farthest, unitedBox(heads.below).top - thresholds.footerGap));
+    if (!footer.empty()) {
+        farthest = std::max(end, std::min(farthest, unitedBox(footer).top - thresholds.footerGap));
     }
     return std::min(farthest, end + std::min(thresholds.maxOverrun, margins.bottom / 2));
 }
 
-QString MasterPages::layout(const model::Page &page, const Margins &margins, const Heads &heads)
+QString
+MasterPages::layout(const model::Page &page, const Margins &margins, const Paragraphs &header, const Paragraphs &footer)
 {
-    const double headTop = heads.above.empty() ? margins.top : std::min(margins.top, unitedBox(heads.above).top);
-    const double end = textEnd(page, margins, heads);
-    const double footBottom = heads.below.empty() ? end : std::max(end, unitedBox(heads.below).bottom);
-    const auto room = [](QLatin1String name, double height) {
+    const double headerTop = header.empty() ? margins.top : std::min(margins.top, unitedBox(header).top);
+    const double end = textEnd(page, margins, footer);
+    const double footerBottom = footer.empty() ? end : std::max(end, unitedBox(footer).bottom);
+    const auto area = [](QLatin1String name, double height) {
         return Element{name, {}, {{"style:header-footer-properties"_L1, {{"fo:min-height"_L1, pt(height)}}}}};
     };
     Element layout{
@@ -231,34 +236,36 @@ QString MasterPages::layout(const model::Page &page, const Margins &margins, con
            {"style:print-orientation"_L1, page.width > page.height ? u"landscape"_s : u"portrait"_s},
            {"fo:margin-left"_L1, pt(margins.left)},
            {"fo:margin-right"_L1, pt(margins.right)},
-           {"fo:margin-top"_L1, pt(std::max(0.0, headTop))},
-           {"fo:margin-bottom"_L1, pt(std::max(0.0, page.height - footBottom))}}}}};
-    if (!heads.above.empty()) {
-        layout.children.push_back(room("style:header-style"_L1, margins.top - headTop));
+           {"fo:margin-top"_L1, pt(std::max(0.0, headerTop))},
+           {"fo:margin-bottom"_L1, pt(std::max(0.0, page.height - footerBottom))}}}}};
+    if (!header.empty()) {
+        layout.children.push_back(area("style:header-style"_L1, margins.top - headerTop));
     }
-    if (!heads.below.empty()) {
-        layout.children.push_back(room("style:footer-style"_L1, footBottom - end));
+    if (!footer.empty()) {
+        layout.children.push_back(area("style:footer-style"_L1, footerBottom - end));
     }
     return m_masters.styles.name(layout);
 }
 
-QString MasterPages::name(const model::Page &page, const Margins &margins, bool withHeads)
+QString MasterPages::name(const model::Page &page, const Margins &margins, bool withHeaders)
 {
-    const Heads heads = withHeads ? headsOf(page) : Heads{};
-    QString inside;
-    QXmlStreamWriter xml(&inside);
+    static const Paragraphs none;
+    const Paragraphs &header = withHeaders ? page.header : none;
+    const Paragraphs &footer = withHeaders ? page.footer : none;
+    QString content;
+    QXmlStreamWriter xml(&content);
     const Sink sink{xml, m_masters.styles};
     const Strip strip{margins.left, page.width - margins.right};
-    if (!heads.above.empty()) {
-        const XmlElement header(xml, "style:header"_L1);
-        writeHeads(sink, heads.above, strip, unitedBox(heads.above).top);
+    if (!header.empty()) {
+        const XmlElement element(xml, "style:header"_L1);
+        writeHeader(sink, header, strip, unitedBox(header).top);
     }
-    if (!heads.below.empty()) {
-        const XmlElement footer(xml, "style:footer"_L1);
-        writeHeads(sink, heads.below, strip, textEnd(page, margins, heads));
+    if (!footer.empty()) {
+        const XmlElement element(xml, "style:footer"_L1);
+        writeHeader(sink, footer, strip, textEnd(page, margins, footer));
     }
-    const QString pageLayout = layout(page, margins, heads);
-    const QString key = pageLayout + u'\n' + inside;
+    const QString pageLayout = layout(page, margins, header, footer);
+    const QString key = pageLayout + u'\n' + content;
     const auto known =
         std::find_if(m_known.begin(), m_known.end(), [&](const auto &each) { return each.first == key; });
     if (known != m_known.end()) {
@@ -269,9 +276,9 @@ QString MasterPages::name(const model::Page &page, const Margins &margins, bool 
     const XmlElement master(m_masters.xml, "style:master-page"_L1);
     m_masters.xml.writeAttribute("style:name"_L1, name);
     m_masters.xml.writeAttribute("style:page-layout-name"_L1, pageLayout);
-    // Written once already for comparison; the text goes in as it is.
+    // The content has been serialised above.
     m_masters.xml.writeCharacters(QString());
-    m_masters.xml.device()->write(inside.toUtf8());
+    m_masters.xml.device()->write(content.toUtf8());
     return name;
 }
 

@@ -9,7 +9,7 @@
 
 namespace quorra::office {
 
-/// The blank space around a page's text, in points.
+/// The margins of a page, in points.
 struct Margins
 {
     double left = 72;
@@ -20,35 +20,30 @@ struct Margins
     bool operator==(const Margins &) const = default;
 };
 
-/// The margins of each page. Pages of one size share theirs, so that a document does not change its layout from page
-/// to page; scanned pages have none.
+/// Returns the margins of each page. Pages of the same size have the same margins, so that the layout does not change
+/// from page to page; scanned pages have none.
 std::vector<Margins> pageMargins(const model::Document &document);
 
-/// The paragraphs of a page's header and footer; none where they are left out.
-struct Heads
-{
-    std::vector<const model::Paragraph *> above;
-    std::vector<const model::Paragraph *> below;
-};
-Heads headsOf(const model::Page &page);
+/// Returns the y coordinate where the text area of the page ends: below the bottom margin, because the text may be
+/// longer in other fonts, but above the footer (empty if the page has none, or is written without).
+double textEnd(const model::Page &page, const Margins &margins, const std::vector<model::Paragraph> &footer);
 
-/// Where the text of a page may end: beyond its last line, because other fonts run wider, but not in the footer.
-double textEnd(const model::Page &page, const Margins &margins, const Heads &heads);
-
-/// The master pages of a text document: each combination of size, margins, header and footer once.
+/// The master pages of a text document, one for each combination of size, margins, header and footer.
 class MasterPages
 {
 public:
     explicit MasterPages(const Sink &masters) : m_masters(masters) {}
 
-    /// The master page for this page; with its headers and footers when withHeads is set.
-    QString name(const model::Page &page, const Margins &margins, bool withHeads);
+    /// Returns the name of the master page for this page, with or without its header and footer.
+    QString name(const model::Page &page, const Margins &margins, bool withHeaders);
 
 private:
-    QString layout(const model::Page &page, const Margins &margins, const Heads &heads);
+    using Paragraphs = std::vector<model::Paragraph>;
+
+    QString layout(const model::Page &page, const Margins &margins, const Paragraphs &header, const Paragraphs &footer);
 
     Sink m_masters;
-    std::vector<std::pair<QString, QString>> m_known; // its definition and its name
+    std::vector<std::pair<QString, QString>> m_known; // definition and name
 };
 
 } // namespace quorra::office

@@ -10,11 +10,11 @@ namespace quorra::office {
 
 namespace {
 
-constexpr double unitsPerPoint = 20; // of relative column widths: whole numbers, so that fractions of points count
+constexpr double unitsPerPoint = 20; // of relative column widths, which are whole numbers
 
 } // namespace
 
-bool canStandInColumns(const model::Section &section)
+bool canHaveColumns(const model::Section &section)
 {
     return section.columns.size() > 1 && section.columns.front().left <= section.columns.back().left;
 }

@@ -6,12 +6,10 @@
 
 namespace quorra::office {
 
-/// True when the section's columns can stand beside one another in a flowing text: there are two or more, and they
-/// follow one another from left to right.
-bool canStandInColumns(const model::Section &section);
+/// Returns whether flowing text can have the columns of the section: there are at least two, from left to right.
+bool canHaveColumns(const model::Section &section);
 
-/// Begins a part of the text that stands in the section's columns, each at its place. The number makes its name unlike
-/// that of others.
+/// Begins a section of the text with the columns at their positions. The number makes its name unique.
 [[nodiscard]] XmlElement beginColumns(
     const Sink &sink, const model::Page &page, const model::Section &section, const Margins &margins, int number);
 

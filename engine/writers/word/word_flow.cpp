@@ -18,7 +18,7 @@ namespace quorra::office {
 
 namespace {
 
-// Writes a plan, block by block. What stands in it is not asked again.
+/// Writes a plan, block by block.
 class FlowWriter
 {
 public:
@@ -27,7 +27,7 @@ public:
         , m_masters({file.masters(), file.styles()})
         , m_pictures(pictures)
         , m_form(form)
-        , m_breaks(m_sink, form.breaksApart)
+        , m_breaks(m_sink, form.separateBreaks)
     {}
 
     void writePage(const FlowPage &page);
@@ -126,7 +126,7 @@ void FlowWriter::writeItem(const FlowItem &item)
         writeTableItem(item);
     } else if (!item.behindText) {
         writeFigureInText(item);
-    } else if (!item.block->figure()->labels.empty()) { // the picture itself is there already
+    } else if (!item.block->figure()->labels.empty()) { // the picture has been written
         const XmlElement holder = beginAnchorParagraph(m_sink, m_breaks.take());
         writeLabels(*item.block->figure());
     }
@@ -139,12 +139,12 @@ void FlowWriter::writeTableItem(const FlowItem &item)
     TablePlace place;
     place.left = table.box.left - item.left;
     place.exactLeading = m_form.places;
-    place.repeatsHead = !m_form.pages;
+    place.repeatsHeader = !m_form.pages;
     writeTable(m_sink, table, place);
     m_breaks.afterTable();
 }
 
-// A paragraph's line reaches over its whole width: a shorter one gets an empty paragraph of its own.
+/// A border has the width of its paragraph: a partial one gets an empty paragraph of its own.
 void FlowWriter::writePartialBorder(const FlowItem &item, ParagraphPlace place)
 {
     const model::Paragraph &paragraph = *item.block->paragraph();
@@ -162,7 +162,7 @@ void FlowWriter::writeText(const FlowItem &item)
     model::Paragraph placed = *item.block->paragraph();
     placed.spaceBefore = item.spaceAbove;
     const model::ParagraphBorder &above = placed.borderAbove;
-    if (above.line.width > 0) { // stands in that space
+    if (above.line.width > 0) { // is drawn in that space
         placed.spaceBefore = std::max(0.0, item.spaceAbove - above.gap - above.line.width);
     }
     if (above.partial) {
@@ -182,7 +182,7 @@ void FlowWriter::writeText(const FlowItem &item)
     writeParagraph(m_sink, placed, place);
 }
 
-// The picture shows its labels; hidden, they can still be found.
+/// The picture shows its labels. As hidden text, they can be searched for.
 void FlowWriter::writeLabels(const model::Figure &figure)
 {
     const QString hidden = m_sink.styles.name(

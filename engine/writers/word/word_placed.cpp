@@ -19,7 +19,7 @@ bool hasBackground(const model::Page &page)
     return has;
 }
 
-// One page after the other, each an empty paragraph that holds the frames of its page.
+/// Writes each page as an empty paragraph with the frames of the page.
 template <typename PageWriter>
 void writePages(OdfFile &file, const model::Document &document, const PageWriter &writePage)
 {
@@ -39,8 +39,8 @@ void writePages(OdfFile &file, const model::Document &document, const PageWriter
             const XmlElement holder = beginAnchorParagraph(sink, place);
             writePage(sink, page);
         }
-        // The next page's break is written at the end of the paragraph before it, before its frames: it gets one
-        // without frames.
+        // LibreOffice writes the break of the next page at the end of the previous paragraph, before its frames. Hence
+        // a paragraph without frames.
         writeAnchorParagraph(sink, {});
     }
 }

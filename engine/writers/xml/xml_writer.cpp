@@ -161,8 +161,8 @@ private:
         }
     }
 
-    // A word that was drawn in pieces is one element. One that a line end cuts stands whole on its first line; its
-    // second part keeps its place, without text.
+    /// Writes a word that was drawn in parts as one element. A word hyphenated at a line end is written with its whole
+    /// text on the first line; its second part is an element without text.
     void writeWords(const Paragraph &paragraph, std::size_t index)
     {
         const std::vector<model::Word> &words = paragraph.lines[index].words;

@@ -83,13 +83,13 @@ std::string name(BaselineShift shift)
     return "level";
 }
 
-/// A length with what it is, nothing where it rounds to 0.
+/// A length with its name; nothing if it is rounded to 0.
 std::string length(const std::string &what, double value)
 {
     return std::lround(value) == 0 ? std::string() : what + " " + whole(value);
 }
 
-/// What of the look changes from one run to the next.
+/// The differences in style between two runs.
 std::string change(const Run &from, const Run &to)
 {
     const Style &was = from.style;
@@ -112,7 +112,7 @@ std::string change(const Run &from, const Run &to)
         " ");
 }
 
-/// The text with the changes of its look in braces.
+/// The text with changes of style in braces.
 std::string textOf(const Paragraph &paragraph)
 {
     std::string text;
@@ -129,14 +129,15 @@ std::string textOf(const Paragraph &paragraph)
     return text;
 }
 
-std::string lookOf(const Paragraph &paragraph)
+std::string styleOf(const Paragraph &paragraph)
 {
     const std::vector<Run> runs = runsOf(paragraph);
     if (runs.empty()) {
         return {};
     }
     const Run &first = runs.front();
-    return joined({look(first.style, first.link), first.shift == BaselineShift::None ? "" : name(first.shift)}, " ");
+    return joined(
+        {styleText(first.style, first.link), first.shift == BaselineShift::None ? "" : name(first.shift)}, " ");
 }
 
 std::string spacingOf(const Paragraph &paragraph)
@@ -152,11 +153,11 @@ std::string spacingOf(const Paragraph &paragraph)
         "; ");
 }
 
-/// What applies to paragraphs everywhere, also in cells.
+/// Properties of all paragraphs, including those in cells.
 std::string traitsOf(const Paragraph &paragraph)
 {
     return joined(
-        {lookOf(paragraph), name(paragraph.alignment), paragraph.rightToLeft ? "right-to-left" : "",
+        {styleOf(paragraph), name(paragraph.alignment), paragraph.rightToLeft ? "right-to-left" : "",
          paragraph.rotation == 0 ? "" : "turned " + std::to_string(paragraph.rotation)},
         "; ");
 }

@@ -66,7 +66,7 @@ std::string visible(const QString &text)
     return result;
 }
 
-std::string look(const model::Style &style, const QString &link)
+std::string styleText(const model::Style &style, const QString &link)
 {
     return joined(
         {visible(style.family), tenths(style.size), style.bold ? "bold" : "", style.italic ? "italic" : "",

@@ -27,8 +27,8 @@ std::string colour(Colour colour);
 /// UTF-8 with invisible characters as escapes.
 std::string visible(const QString &text);
 
-/// Family, size, and what is special about it: "Liberation Serif 10.5 bold #0000c0 link https://..."
-std::string look(const model::Style &style, const QString &link);
+/// Family, size and special properties: "Liberation Serif 10.5 bold #0000c0 link https://..."
+std::string styleText(const model::Style &style, const QString &link);
 
 /// Joins the parts that are not empty with the separator.
 std::string joined(const std::vector<std::string> &parts, std::string_view separator);

@@ -22,7 +22,7 @@ void dumpRaw(const model::RawPage &page, std::ostream &out)
     for (const model::RawWord &word : page.words) {
         out << "  word ["
             << joined(
-                   {exact(word.box), "baseline " + tenths(word.baseline), look(word.style, word.link),
+                   {exact(word.box), "baseline " + tenths(word.baseline), styleText(word.style, word.link),
                     word.rotation == 0 ? "" : "turned " + std::to_string(word.rotation),
                     word.spaceAfter ? "" : "no space after", word.endsLine ? "ends line" : ""},
                    "; ")

@@ -14,24 +14,24 @@
 #include <functional>
 #include <stdexcept>
 
-/// Documents made by hand, and the flat ODF text that a writer makes of them.
+/// Hand-made documents, and the flat ODF files that writers create from them.
 namespace fixture {
 
 using namespace quorra;
 
 inline model::Style style(double size = 10, bool bold = false)
 {
-    model::Style look;
-    look.family = QStringLiteral("Liberation Serif");
-    look.serif = true;
-    look.size = size;
-    look.bold = bold;
-    return look;
+    model::Style textStyle;
+    textStyle.family = QStringLiteral("Liberation Serif");
+    textStyle.serif = true;
+    textStyle.size = size;
+    textStyle.bold = bold;
+    return textStyle;
 }
 
-/// Adds a word to the end of the paragraph's last line, 5 points a sign and 5 points after the word before it.
-inline void
-addWord(model::Paragraph &paragraph, const QString &text, const model::Style &look = style(), const QString &link = {})
+/// Adds a word to the end of the paragraph's last line, 5 points per character and 5 points after the previous word.
+inline void addWord(
+    model::Paragraph &paragraph, const QString &text, const model::Style &textStyle = style(), const QString &link = {})
 {
     model::Line &line = paragraph.lines.back();
     const double left = line.words.empty() ? line.box.left : line.words.back().box.right + 5;
@@ -39,25 +39,25 @@ addWord(model::Paragraph &paragraph, const QString &text, const model::Style &lo
     word.text = text;
     word.box = {left, line.box.top, left + 5 * static_cast<double>(text.size()), line.box.bottom};
     word.baseline = line.baseline;
-    word.style = testText::styled(look);
+    word.style = testText::styled(textStyle);
     word.link = link;
     line.words.push_back(word);
 }
 
-/// A paragraph of one line at the box, with its words 5 points a sign.
-inline model::Paragraph paragraph(const QString &text, const Box &box, const model::Style &look = style())
+/// A paragraph of one line at the box, with words of 5 points per character.
+inline model::Paragraph paragraph(const QString &text, const Box &box, const model::Style &textStyle = style())
 {
     model::Paragraph result;
     result.box = box;
     result.lines = {{box, box.bottom - 2, 0, {}}};
     const QStringList words = text.split(u' ', Qt::SkipEmptyParts);
     for (const QString &word : words) {
-        addWord(result, word, look);
+        addWord(result, word, textStyle);
     }
     return result;
 }
 
-/// An entry of a list whose first word is the mark.
+/// A list item whose first word is the mark.
 inline model::Paragraph listItem(const QString &text, const Box &box)
 {
     model::Paragraph result = paragraph(text, box);
@@ -94,7 +94,7 @@ inline model::Document document(std::vector<model::Page> pages)
     return {{}, std::move(pages), {}};
 }
 
-/// A ruled table with these texts, row by row, 100 x 20 points a cell.
+/// A ruled table with these texts, row by row, and cells of 100 x 20 points.
 inline model::Table table(int columns, const QStringList &texts)
 {
     model::Table result;
@@ -121,7 +121,7 @@ inline model::Table table(int columns, const QStringList &texts)
     return result;
 }
 
-/// Gives every picture the same few bytes and counts what it was asked for.
+/// Returns the same few bytes for every picture and counts the requests.
 class Pictures : public model::PictureSource
 {
 public:
@@ -140,7 +140,7 @@ public:
     int backgrounds = 0;
 };
 
-/// Reads to the end; throws, naming what is wrong, when the text is no well-formed XML.
+/// Reads to the end. Throws an exception with the reason if the text is not well-formed XML.
 template <typename Visitor>
 void readXml(QXmlStreamReader &reader, const Visitor &visit)
 {
@@ -153,7 +153,7 @@ void readXml(QXmlStreamReader &reader, const Visitor &visit)
     }
 }
 
-/// The flat ODF file that write makes, as text. Throws when there is none or when it is no well-formed XML.
+/// The flat ODF file that `write` creates, as text. Throws if there is none or if it is not well-formed XML.
 inline QString odf(office::OdfKind kind, const std::function<void(office::OdfFile &)> &write)
 {
     const QTemporaryDir folder;
@@ -171,7 +171,7 @@ inline QString odf(office::OdfKind kind, const std::function<void(office::OdfFil
     return QString::fromUtf8(bytes);
 }
 
-/// All text of the body, elements left out, with the paragraphs apart.
+/// The text of each paragraph of the body, without elements.
 inline QStringList paragraphs(const QString &odfText)
 {
     QStringList result;

@@ -87,7 +87,7 @@ void OfficeFlowPlanTest::picturesBehindTextTakeNoRoom()
     FlowPage full = plan;
     full.room = 60; // the text with its spaces, without the picture
     QCOMPARE(fitOf(full).lines, 1.0);
-    QVERIFY(!itemsOf(planPage(page, {}, flowForms::continuous))[0].behindText); // there is no page to stand on
+    QVERIFY(!itemsOf(planPage(page, {}, flowForms::continuous))[0].behindText); // there is no page for it
 }
 
 void OfficeFlowPlanTest::columnsBreakWhereTheyBegin()

@@ -13,7 +13,7 @@
 using namespace quorra;
 using namespace quorra::office;
 
-/// Where flowing text and the text of cells come to lie.
+/// The layout of flowing text and of text in cells.
 class OfficeLayoutTest : public QObject
 {
     Q_OBJECT
@@ -26,10 +26,10 @@ private Q_SLOTS:
     void marginsStayUsual();
     void cellsKeepIndents();
     void cellsKeepPlacesAndRowHeights();
-    void blankSpaceStaysBetweenBlocks();
+    void spaceBetweenBlocksIsKept();
     void columnsBeginWhereTheyDoOnThePage();
     void fullColumnsRunOn();
-    void breaksStandApartWhereAsked();
+    void separateBreaksGetParagraphs();
     void textFromTheRightStandsAtTheRight();
     void shortItemsHang();
     void pageNumbersStayAtTheRight();
@@ -78,7 +78,7 @@ void OfficeLayoutTest::linesKeepTheirDistance()
     QCOMPARE(layout.top, 108 - 0.8 * 12);
     QCOMPARE(layout.bottom, 132 + 0.2 * 12);
     model::Paragraph wide = linesOf(2);
-    wide.lineDistance = 40; // blank space rather than leading
+    wide.lineDistance = 40; // wider than lines of a text
     QCOMPARE(lineLayout(wide).lineHeight, 0.0);
 }
 
@@ -159,14 +159,14 @@ void OfficeLayoutTest::cellsKeepPlacesAndRowHeights()
     QVERIFY(low[0].lineHeight + low[0].paragraph.spaceBefore <= cell.box.height());
 }
 
-void OfficeLayoutTest::blankSpaceStaysBetweenBlocks()
+void OfficeLayoutTest::spaceBetweenBlocksIsKept()
 {
     model::Page page = fixture::page();
     page.content.top = 100;
     page.sections[0].blocks = {
         {fixture::table(2, {QStringLiteral("a"), QStringLiteral("b")}), 0}, // 100 to 120
         fixture::block(fixture::paragraph(QStringLiteral("after"), {72, 150, 200, 160}))};
-    // The baseline is at 158, and 9.6 points of the line stand above it.
+    // The baseline is at 158, and 9.6 points of the line are above it.
     QVERIFY(flow(page).contains(QLatin1String("fo:margin-top=\"28.40pt\"")));
 }
 
@@ -194,14 +194,14 @@ void OfficeLayoutTest::fullColumnsRunOn()
     QCOMPARE(flow(page).count(QLatin1String("fo:break-before=\"column\"")), 0);
 }
 
-void OfficeLayoutTest::breaksStandApartWhereAsked()
+void OfficeLayoutTest::separateBreaksGetParagraphs()
 {
     model::Page page = fixture::page({{72, 72, 300, 720}, {312, 72, 540, 720}});
     page.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("text"), {72, 72, 300, 84}))};
     fixture::Pictures pictures;
     const model::Document document = fixture::document({page, page});
-    const auto paragraphs = [&](bool apart) {
-        const FlowForm form = apart ? flowForms::inColumns : forOldWord(flowForms::inColumns);
+    const auto paragraphs = [&](bool separate) {
+        const FlowForm form = separate ? flowForms::inColumns : forOldWord(flowForms::inColumns);
         return fixture::paragraphs(
             fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeFlow(file, document, pictures, form); }));
     };

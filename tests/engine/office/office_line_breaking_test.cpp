@@ -54,7 +54,7 @@ void OfficeLineBreakingTest::dividedWordsAreWholeAgain()
     QCOMPARE(unbreakableTexts(paragraph, fivePoints).size(), std::size_t(4)); // the hyphen is a character
     paragraph.lines[0].words[1].separator = model::Separator::Hyphen;
     QCOMPARE(unbreakableTexts(paragraph, fivePoints).size(), std::size_t(3));
-    // What stands without a space at a line's end can be divided there: ideographs.
+    // Ideographs: text without a space at a line end can be divided there.
     paragraph.lines[0].words[1].separator = model::Separator::None;
     QCOMPARE(unbreakableTexts(paragraph, fivePoints).size(), std::size_t(4));
 }

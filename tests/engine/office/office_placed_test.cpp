@@ -94,17 +94,17 @@ void OfficePlacedTest::linesKeepTheirBaselines()
 
 void OfficePlacedTest::knowsWidthsOfCommonFaces()
 {
-    model::Style look = fixture::style(10);
-    QCOMPARE(textWidth(QStringLiteral("A"), look).value_or(0), 7.22);
-    look.bold = true;
-    QCOMPARE(textWidth(QStringLiteral("a"), look).value_or(0), 5.0);
-    look.serif = false;
-    look.family = QStringLiteral("Something Sans");
-    QCOMPARE(measuredFamily(look), QStringLiteral("Arial"));
-    QCOMPARE(textWidth(QStringLiteral("a "), look).value_or(0), 8.34);
-    look.fixedPitch = true;
-    QCOMPARE(textWidth(QStringLiteral("iiii"), look).value_or(0), 24.0);
-    QVERIFY(!textWidth(QStringLiteral("\u4e2d"), look));
+    model::Style textStyle = fixture::style(10);
+    QCOMPARE(textWidth(QStringLiteral("A"), textStyle).value_or(0), 7.22);
+    textStyle.bold = true;
+    QCOMPARE(textWidth(QStringLiteral("a"), textStyle).value_or(0), 5.0);
+    textStyle.serif = false;
+    textStyle.family = QStringLiteral("Something Sans");
+    QCOMPARE(measuredFamily(textStyle), QStringLiteral("Arial"));
+    QCOMPARE(textWidth(QStringLiteral("a "), textStyle).value_or(0), 8.34);
+    textStyle.fixedPitch = true;
+    QCOMPARE(textWidth(QStringLiteral("iiii"), textStyle).value_or(0), 24.0);
+    QVERIFY(!textWidth(QStringLiteral("\u4e2d"), textStyle));
 }
 
 void OfficePlacedTest::exactLinesStandOverTheBackground()
@@ -149,7 +149,7 @@ void OfficePlacedTest::exactLinesKeepTheirTurn()
     };
     const QString up = exact();
     QVERIFY(up.contains(QLatin1String("loext:writing-mode=\"bt-lr\"")));
-    // The signs' heads are at the left of the baseline, and the line begins at the bottom.
+    // The tops of the characters are left of the baseline, and the line begins at the bottom.
     QVERIFY(up.contains(QLatin1String("svg:x=\"70.40pt\" svg:y=\"276.00pt\" svg:width=\"12.00pt\"")));
     turned.lines[0].rotation = 90;
     const QString down = exact();

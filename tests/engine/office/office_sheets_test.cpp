@@ -90,11 +90,11 @@ void OfficeSheetsTest::textsKeepTheirPlaceInTheCell()
     model::Table table = fixture::table(1, {QStringLiteral("5"), QStringLiteral("b")});
     model::Cell &cell = table.cells[0];
     cell.paragraphs[0].box = {110, 101, 115, 105};
-    QCOMPARE(verticalPlace(cell), QStringLiteral("top"));
+    QCOMPARE(sheetVerticalAlignment(cell), QStringLiteral("top"));
     cell.paragraphs[0].box = {110, 115, 115, 119};
-    QCOMPARE(verticalPlace(cell), QStringLiteral("bottom"));
+    QCOMPARE(sheetVerticalAlignment(cell), QStringLiteral("bottom"));
     cell.paragraphs[0].box = {110, 107, 115, 115};
-    QCOMPARE(verticalPlace(cell), QStringLiteral("middle"));
+    QCOMPARE(sheetVerticalAlignment(cell), QStringLiteral("middle"));
     cell.paragraphs[0].alignment = model::Alignment::Centre; // numbers too
     QVERIFY(sheets(table).contains(QLatin1String("fo:text-align=\"center\"")));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "office_fixture.h"
 
+#include "document/rotation.h"
 #include "document/text.h"
 #include "slides/slides_writer.h"
 #include "writers/slides/slide_fit.h"
@@ -12,7 +13,7 @@
 using namespace quorra;
 using namespace quorra::office;
 
-/// Slides made of hand-made pages: text boxes, links, turned text and tables.
+/// Slides from hand-made pages: text boxes, links, rotated text and tables.
 class OfficeSlidesTest : public QObject
 {
     Q_OBJECT
@@ -23,11 +24,11 @@ private Q_SLOTS:
     void linksToMissingPagesAreDropped();
     void wideGapsPartALine();
     void marksKeepTheirDistance();
-    void turnedTextTurnsItsFrame();
+    void rotatedTextRotatesItsFrame();
     void rightToLeftLinesStandRight();
     void boxesBeginAboveTheBaseline();
     void codeKeepsItsBlanks();
-    void blanksHaveALimit();
+    void spacesAreLimited();
     void unknownFontsGiveWayToMeasuredOnes();
     void spacingFollowsThePage();
     void tightTablesAreDrawn();
@@ -37,9 +38,9 @@ private Q_SLOTS:
 
 namespace {
 
-model::Paragraph lineAt(const QString &text, const Box &box, const model::Style &look = fixture::style())
+model::Paragraph lineAt(const QString &text, const Box &box, const model::Style &textStyle = fixture::style())
 {
-    return fixture::paragraph(text, box, look);
+    return fixture::paragraph(text, box, textStyle);
 }
 
 model::Document documentOf(std::vector<model::Paragraph> paragraphs)
@@ -57,7 +58,7 @@ QString slides(const model::Document &document)
     return fixture::odf(OdfKind::Presentation, [&](OdfFile &file) { writeSlides(file, document, pictures); });
 }
 
-// Two lines of words, one below the other, with their words at the given width a sign.
+// Two lines of words, one below the other, with words of the given width per character.
 model::Paragraph twoLines(double signWidth)
 {
     model::Paragraph paragraph = lineAt(QStringLiteral("some words stand here"), {72, 100, 200, 110});
@@ -93,7 +94,7 @@ void OfficeSlidesTest::linksKeepTheirText()
         paragraph.lines[0].words[word].link = QStringLiteral("https://example.org/");
     }
     const QString text = slides(documentOf({paragraph}));
-    // The look stands outside: a link with elements in it would come out empty.
+    // The style is outside: a link with elements inside would be empty.
     QVERIFY(text.contains(QLatin1String("xlink:href=\"https://example.org/\">our</text:a></text:span>")));
     QVERIFY(text.contains(QLatin1String("xlink:href=\"https://example.org/\">page</text:a></text:span>")));
     QCOMPARE(fixture::paragraphs(text), QStringList{QStringLiteral("see our page now")});
@@ -119,16 +120,16 @@ void OfficeSlidesTest::wideGapsPartALine()
     model::Paragraph paragraph = lineAt(QStringLiteral("Appendix B 200"), {72, 100, 400, 112});
     paragraph.lines[0].words[2].box.left = 380;
     paragraph.lines[0].words[2].box.right = 395;
-    const std::vector<model::Paragraph> pieces = piecesApart(paragraph, false);
+    const std::vector<model::Paragraph> pieces = paragraphPieces(paragraph, false);
     QCOMPARE(pieces.size(), std::size_t(2));
     QCOMPARE(model::plainText(pieces[0]), QStringLiteral("Appendix B"));
     QCOMPARE(model::plainText(pieces[1]), QStringLiteral("200"));
     QCOMPARE(pieces[1].box.left, 380.0);
     paragraph.lines[0].words[2].box = {130, 100, 145, 112};
-    QCOMPARE(piecesApart(paragraph, false).size(), std::size_t(1));
-    // Less wide ones stay in the line: from 122 to 136, 2.5 points a blank.
+    QCOMPARE(paragraphPieces(paragraph, false).size(), std::size_t(1));
+    // Narrower gaps stay in the line: from 122 to 136, with 2.5 points per space.
     paragraph.lines[0].words[2].box = {136, 100, 151, 112};
-    QCOMPARE(piecesApart(paragraph, false).size(), std::size_t(1));
+    QCOMPARE(paragraphPieces(paragraph, false).size(), std::size_t(1));
     QCOMPARE(runsByLine(paragraph)[0].text, QStringLiteral("Appendix B      200"));
 }
 
@@ -140,9 +141,9 @@ void OfficeSlidesTest::marksKeepTheirDistance()
     QCOMPARE(fixture::paragraphs(slides(documentOf({paragraph}))), QStringList{QStringLiteral("10.      Financing")});
 }
 
-void OfficeSlidesTest::turnedTextTurnsItsFrame()
+void OfficeSlidesTest::rotatedTextRotatesItsFrame()
 {
-    // Upright it stands at 100, 50 on a page of 792 x 612; turned by a quarter that is 612 - 50 from the left.
+    // Upright it is at 100, 50 on a page of 792 x 612; rotated by 90 degrees, this is 612 - 50 from the left.
     model::Paragraph paragraph = lineAt(QStringLiteral("turned"), {100, 50, 130, 62});
     const SlideTurn turn{90, 612, 792};
     const Box box = onSlide(Box{100, 50, 130, 62}, turn);
@@ -155,7 +156,7 @@ void OfficeSlidesTest::turnedTextTurnsItsFrame()
     paragraph.lines[0].words[0].box = box;
     paragraph.lines[0].words[0].rotation = 90;
     paragraph.lines[0].words[0].baseline = 612 - 60;
-    const model::Paragraph upright = uprightParagraph(paragraph, turn);
+    const model::Paragraph upright = model::uprightParagraph(paragraph, 612, 792);
     QCOMPARE(upright.box, (Box{100, 50, 130, 62}));
     QCOMPARE(upright.rotation, 0);
     const QString text = slides(documentOf({paragraph}));
@@ -182,10 +183,10 @@ void OfficeSlidesTest::boxesBeginAboveTheBaseline()
 
 void OfficeSlidesTest::codeKeepsItsBlanks()
 {
-    model::Style look = fixture::style();
-    look.fixedPitch = true;
-    model::Paragraph code = lineAt(QStringLiteral("if x"), {72, 100, 96, 112}, look);
-    model::Paragraph inner = lineAt(QStringLiteral("stop now"), {84, 112, 132, 124}, look);
+    model::Style textStyle = fixture::style();
+    textStyle.fixedPitch = true;
+    model::Paragraph code = lineAt(QStringLiteral("if x"), {72, 100, 96, 112}, textStyle);
+    model::Paragraph inner = lineAt(QStringLiteral("stop now"), {84, 112, 132, 124}, textStyle);
     code.lines[0].words = {code.lines[0].words[0], code.lines[0].words[1]};
     code.lines[0].words[1].box.left = 72 + 12 + 18;
     code.lines[0].words[0].box.right = 72 + 12;
@@ -196,12 +197,12 @@ void OfficeSlidesTest::codeKeepsItsBlanks()
     QCOMPARE(runsByLine(code)[0].text, QStringLiteral("if   x\n  stop now"));
 }
 
-void OfficeSlidesTest::blanksHaveALimit()
+void OfficeSlidesTest::spacesAreLimited()
 {
     for (const bool fixedPitch : {false, true}) {
-        model::Style look = fixture::style();
-        look.fixedPitch = fixedPitch;
-        model::Paragraph paragraph = lineAt(QStringLiteral("far apart"), {72, 72, 300, 84}, look);
+        model::Style textStyle = fixture::style();
+        textStyle.fixedPitch = fixedPitch;
+        model::Paragraph paragraph = lineAt(QStringLiteral("far apart"), {72, 72, 300, 84}, textStyle);
         model::Word &last = paragraph.lines[0].words[1];
         last.box.left += 100000;
         last.box.right += 100000;
@@ -214,9 +215,9 @@ void OfficeSlidesTest::blanksHaveALimit()
 void OfficeSlidesTest::unknownFontsGiveWayToMeasuredOnes()
 {
     const auto common = [](const QString &text, const QString &family) {
-        model::Style look = fixture::style();
-        look.family = family;
-        model::Document document = documentOf({lineAt(text, {0, 0, 10, 10}, look)});
+        model::Style textStyle = fixture::style();
+        textStyle.family = family;
+        model::Document document = documentOf({lineAt(text, {0, 0, 10, 10}, textStyle)});
         useCommonFonts(document);
         return document.pages[0].sections[0].blocks[0].paragraph()->lines[0].words[0].style->family;
     };

@@ -19,6 +19,9 @@ struct Transform
 /// regions of the file that its figures show stay the same.
 void transformPage(Page &page, StyleTable &styles, const Transform &transform, double width, double height);
 
+/// Returns whether the pages have the same size; differences below a point are due to rounding.
+bool haveSameSize(const Page &a, const Page &b);
+
 /// Turns all colours of text, lines and backgrounds to gray, or to black and white.
 void reduceColours(Document &document, ColourDepth depth);
 

@@ -35,6 +35,9 @@ RawPage turnedUpright(RawPage page, int rotation);
 void turnBack(Page &page, int rotation);
 void turnBack(Paragraph &paragraph, int rotation, double uprightWidth, double uprightHeight);
 
+/// The paragraph as if its page, of this size as shown, were rotated so that the paragraph runs from left to right.
+Paragraph uprightParagraph(Paragraph paragraph, double pageWidth, double pageHeight);
+
 /// The table read upright, for writers that set it in a grid of their own: the places of its boxes towards one another
 /// count, not those on the page. A table that is not turned comes back as it is.
 Table uprightTable(Table table);

@@ -24,6 +24,9 @@ std::vector<Run> runsOf(const Paragraph &paragraph);
 /// The words of a line in the same way; spaces between them where the page has them.
 std::vector<Run> runsOf(const Line &line);
 
+/// The text of all paragraphs of a cell in the same way, with nothing between the paragraphs.
+std::vector<Run> runsOf(const Cell &cell);
+
 /// The text of the runs, of the paragraph (without the mark of a list item), or of the line.
 QString plainText(const std::vector<Run> &runs);
 QString plainText(const Paragraph &paragraph);

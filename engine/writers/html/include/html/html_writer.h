@@ -15,8 +15,8 @@ struct HtmlOptions
     QString title; ///< of a document whose file names none
 };
 
-/// Writes the document as one file without outside parts: paragraphs, headings, lists and tables, pictures inside the
-/// file. The text is well-formed XML in both forms. The document's continuations are expected to be joined already.
+/// Writes the document as a single file that contains its pictures. It is well-formed XML in both forms. Continuations
+/// of paragraphs and tables must have been joined before.
 void writeHtml(
     QIODevice &out, const model::Document &document, model::PictureSource &pictures, const HtmlOptions &options);
 

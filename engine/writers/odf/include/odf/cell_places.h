@@ -7,19 +7,19 @@
 
 namespace quorra::office {
 
-/// A paragraph at its place in its cell: its alignment, indents and space above are against the cell's edges.
+/// A paragraph positioned in its cell: its alignment, indents and space above refer to the edges of the cell.
 struct CellParagraph
 {
     model::Paragraph paragraph;
-    double lineHeight = 0; ///< in points; 0 for the font's own
+    double lineHeight = 0; ///< points; 0 for the natural height of the font
 };
 
-/// The cell's paragraphs, at their places in it. Their lines are set no wider apart than the cell has room for, so that
-/// rows keep their heights. A cell without a box gives its paragraphs as they are.
+/// Returns the paragraphs of the cell with their positions in it. Lines are not higher than the cell allows, so that
+/// rows keep their heights. If the cell has no box, the paragraphs are returned unchanged.
 std::vector<CellParagraph> placedInCell(const model::Cell &cell);
 
-/// Where the cell's text stands between its upper and lower side: "top", "middle" or "bottom", as ODF names it. The
-/// cell must hold text.
+/// Returns the vertical alignment of the cell's text as ODF names it: "top", "middle" or "bottom". The cell must
+/// contain text.
 QString verticalAlignment(const model::Cell &cell);
 
 } // namespace quorra::office

@@ -8,23 +8,21 @@
 
 namespace quorra::office {
 
-/// A line in a frame of lines: how much space is above it and how high it is, in points, so that its baseline
-/// comes to its place.
+/// The space above a line in a frame and its line height, in points.
 struct LinePlace
 {
     double above = 0;
     double height = 0;
 };
 
-/// Places for lines with these baselines and sizes of type, in a frame that begins at the given y. The baseline of a
-/// line of fixed height is at four fifths of it.
+/// Returns the places of lines with these baselines and font sizes in a frame whose top is at this y coordinate.
 std::vector<LinePlace> placeLines(double top, const std::vector<double> &baselines, const std::vector<double> &sizes);
 
-/// How far above the first baseline a frame of lines begins.
+/// Returns the distance from the top of a frame to its first baseline, in points, for text of this font size.
 double riseOf(double size);
 
-/// Writes every line of the paragraph at its place, lines that follow one another closely in one frame. Frames end at
-/// the page's right edge, which is at this x.
+/// Writes every line of the paragraph at its position; lines close below one another share a frame. Frames do not
+/// extend beyond the right edge of the page.
 void writeExactLines(const Sink &sink, const model::Paragraph &paragraph, double pageWidth, FrameAnchor anchor);
 
 } // namespace quorra::office

@@ -6,38 +6,38 @@
 #include <functional>
 #include <vector>
 
-// Breaking of text into lines, as a word processor does it: one word after the other, as many as fit.
+// Wrapping of text, as word processors do it: each line takes as many words as fit.
 namespace quorra::office {
 
-/// Text that no line end may divide. Lengths in points.
+/// Text that is not divided at a line end. Lengths in points.
 struct UnbreakableText
 {
     double width = 0;
     double spaceBefore = 0; ///< width of the space before it, unless it begins a line
-    double characters = 0;  ///< how many it has
+    double characters = 0;  ///< number of characters
 };
 
-/// How wide text is in the font that it will be set in, in points.
+/// The widths of text in its output font, in points.
 struct TextMeasure
 {
     std::function<double(const model::Word &)> word;
     std::function<double(const model::Style &)> space; ///< a space in this style
 };
 
-/// The text of the paragraph in parts that stay together: words, and what stands beside them without a space. A word
-/// that a line end of the page divides is whole again.
+/// Returns the parts of the paragraph's text that are not divided: words, including adjacent ones without a space in
+/// between. Words hyphenated at a line end are joined.
 std::vector<UnbreakableText> unbreakableTexts(const model::Paragraph &paragraph, const TextMeasure &measure);
 
-/// The strip that the lines are broken into. Lengths in points.
+/// The area that is filled with lines. Lengths in points.
 struct LineStrip
 {
     double width = 0;
-    double firstIndent = 0;   ///< where the first line begins in it
-    double otherIndent = 0;   ///< where all others begin
+    double firstIndent = 0;   ///< of the first line
+    double otherIndent = 0;   ///< of all others
     double letterSpacing = 0; ///< added to the width of every character and space
 };
 
-/// How many lines the text fills; at least 1. A part that is wider than the strip has a line of its own.
+/// Returns the number of lines that the text fills, at least 1. A part that is wider than the strip gets its own line.
 int countLines(const std::vector<UnbreakableText> &texts, const LineStrip &strip);
 
 } // namespace quorra::office

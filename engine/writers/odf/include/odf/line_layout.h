@@ -7,31 +7,35 @@
 
 namespace quorra::office {
 
-/// Where a paragraph is on the page when its lines have a fixed height. All in points, from the page's top.
+/// The position of a paragraph on the page if its lines have a fixed height, in points from the top of the page.
 struct LineLayout
 {
     double top = 0;
     double bottom = 0;
-    double lineHeight = 0; ///< 0 where the lines keep the font's own distance
+    double lineHeight = 0; ///< 0 if the lines have the natural height of their font
 };
 
-/// The part of a line's fixed height that stands above the baseline: that is where LibreOffice and Word put it.
-inline constexpr double baselinePart = 0.8;
+/// The share of a line's fixed height that is above the baseline, in LibreOffice and in Word.
+inline constexpr double baselineShare = 0.8;
 
-/// Heights of lines in em. Lines closer than the least would touch; wider ones than the most are text with space in
-/// between rather than lines of one text.
-inline constexpr double leastLineHeight = 0.95;
-inline constexpr double usualLineHeight = 1.2;
-inline constexpr double mostLineHeight = 2.5;
+/// Heights of lines, in em.
+struct LineHeights
+{
+    double min = 0.95;  ///< characters of closer lines would touch
+    double usual = 1.2; ///< of a paragraph of one line, which has no line distance
+    double max = 2.5;   ///< lines farther apart have blank space in between
+};
+inline constexpr LineHeights lineHeights;
 
-/// The layout of the paragraph. The baselines of its neighbours, where there are any, keep a paragraph of one line,
-/// which shows no distance of its own, from pushing them away. A paragraph without lines is where its box is.
+/// Returns the layout of the paragraph. A paragraph of one line has no line distance; the baselines of the paragraphs
+/// before and after it, if there are any, limit its line height. A paragraph without lines has the position of its
+/// box.
 LineLayout lineLayout(
     const model::Paragraph &paragraph, std::optional<double> baselineBefore = {},
     std::optional<double> baselineAfter = {});
 
-/// The baselines of the paragraph's first line, and of the last one inside its box: lines that it took over from
-/// another column do not count. Nothing without lines.
+/// Return the baselines of the paragraph's first line and of the last line inside its box: lines that continue in
+/// another column do not count. Without lines there is none.
 std::optional<double> firstBaseline(const model::Paragraph &paragraph);
 std::optional<double> lastBaseline(const model::Paragraph &paragraph);
 

@@ -12,23 +12,24 @@ namespace quorra::office {
 
 enum class OdfKind { Text, Presentation, Spreadsheet };
 
-/// A flat ODF file in the making. Styles must stand before the text that uses them, but are known only after it: the
-/// text goes to a file beside the final one first, so that long documents and their pictures do not fill the memory.
+/// A flat ODF file that is being written. Styles precede the text in the file, but are known only when the text has
+/// been written. Therefore the text is first written to a second file, which keeps long documents and pictures out of
+/// memory.
 class OdfFile
 {
 public:
-    /// Begins the file at this path; path + ".body" is used meanwhile. Throws Failure(CannotWrite).
+    /// Creates the file at this path, and a temporary one at path + ".body". Throws Failure(CannotWrite).
     OdfFile(OdfKind kind, const QString &path);
 
-    /// The inside of office:text, office:presentation or office:spreadsheet.
+    /// Writes the content of office:text, office:presentation or office:spreadsheet.
     QXmlStreamWriter &body() { return m_body; }
 
-    /// The inside of office:master-styles.
+    /// Writes the content of office:master-styles.
     QXmlStreamWriter &masters() { return m_masters; }
 
     StyleTable &styles() { return m_styles; }
 
-    /// Puts the file together. Throws Failure(CannotWrite).
+    /// Assembles the file. Throws Failure(CannotWrite).
     void finish();
 
 private:

@@ -8,26 +8,26 @@
 
 namespace quorra::office {
 
-/// What a frame hangs on.
+/// The anchor of a frame.
 enum class FrameAnchor {
-    Line,   ///< stands in the line like a letter
-    Page,   ///< at a place of the page, in front of the text
-    Behind, ///< at a place of the page, behind the text
-    Slide,  ///< at a place of the slide
-    Sheet   ///< at a place of the sheet
+    Line,   ///< in a line, like a character
+    Page,   ///< at a position on the page, in front of the text
+    Behind, ///< at a position on the page, behind the text
+    Slide,  ///< at a position on the slide
+    Sheet   ///< at a position on the sheet
 };
 
-/// Which way the lines of a frame run on the page.
+/// The direction of the lines in a frame.
 enum class FrameDirection { Across, Down, Up };
 
-/// An open text frame: the frame and, inside it, the text box that its paragraphs go into.
+/// An open text frame: the frame and, inside it, the text box for its paragraphs.
 struct TextFrame
 {
     XmlElement frame;
     XmlElement textBox;
 };
 
-/// Begins a text frame at the box; its paragraphs follow. With grows the frame gets higher where its text needs it.
+/// Begins a text frame at the box; its paragraphs follow. With `grows`, the frame grows to the height of its text.
 [[nodiscard]] TextFrame beginTextFrame(
     const Sink &sink, const Box &box, FrameAnchor anchor, bool grows,
     FrameDirection direction = FrameDirection::Across);
@@ -35,13 +35,14 @@ struct TextFrame
 /// Begins a frame for a table on a slide; the table follows.
 [[nodiscard]] XmlElement beginTableFrame(const Sink &sink, const Box &box);
 
-/// Writes a picture at the box; nothing for a picture without bytes.
+/// Writes a picture at the box, unless it has no bytes.
 void writePicture(const Sink &sink, const model::EncodedPicture &picture, const Box &box, FrameAnchor anchor);
 
-/// Writes all pictures of the page at their places, drawings without their labels; for a scanned page that is the page.
+/// Writes the pictures of the page at their positions, drawings without their labels. The picture of a scanned page is
+/// the whole page.
 void writePictures(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor);
 
-/// Draws a line, or a filled rectangle, at its place on the page or slide.
+/// Draw a line or a filled rectangle at its position on the page or slide.
 void writeRule(const Sink &sink, const model::Rule &rule, FrameAnchor anchor);
 void writeFill(const Sink &sink, const model::Fill &fill, FrameAnchor anchor);
 

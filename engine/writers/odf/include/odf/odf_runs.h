@@ -12,24 +12,24 @@
 
 namespace quorra::office {
 
-/// Where the inside of a document goes: the elements and the styles they use.
+/// The destination of a document's content: its elements, and the styles that they use.
 struct Sink
 {
     QXmlStreamWriter &xml;
     StyleTable &styles;
 };
 
-/// model::linkAddress() for a text document, in which bookmarks "pageN" stand at the pages' starts.
+/// Returns model::linkAddress() for a text document, in which the bookmarks "pageN" mark the beginnings of pages.
 QString bookmarkAddress(const QString &link);
 
 /// Begins a link to this target, as bookmarkAddress() gives it.
 [[nodiscard]] XmlElement beginLink(QXmlStreamWriter &xml, const QString &target);
 
-/// Text inside a paragraph: runs of spaces, tabs and line breaks as the elements that keep them.
+/// Writes text inside a paragraph, with elements for consecutive spaces, tabs and line breaks.
 void writeText(QXmlStreamWriter &xml, const QString &text);
 
-/// The runs as spans and links; runs in the style of the paragraph need no span. Links stay off where the
-/// document kind has none (withLinks false).
+/// Writes the runs as spans and links; runs in the style of the paragraph get no span. Without `withLinks`, links are
+/// left out.
 void writeRuns(
     const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks = true);
 

@@ -12,14 +12,14 @@
 #include <utility>
 #include <vector>
 
-// What the writers of flat ODF files share: elements as plain data, and the table of automatic styles.
+// Shared by the writers of flat ODF files: elements as plain data, and the table of automatic styles.
 namespace quorra::office {
 
 /// The font size in points of text that has none.
 inline constexpr double defaultFontSize = 10;
 
-/// The width in points of the thinnest line; thinner ones vanish in word processors.
-inline constexpr double thinnestLine = 0.25;
+/// The minimum width of a line in points; thinner ones are invisible in word processors.
+inline constexpr double minLineWidth = 0.25;
 
 using Attributes = std::vector<std::pair<QLatin1String, QString>>;
 
@@ -32,35 +32,35 @@ struct Element
     QString text = {}; ///< after the children
 };
 
-/// Writes the element with all that is in it.
+/// Writes the element with its children.
 void writeElement(QXmlStreamWriter &xml, const Element &element);
 
-/// Points as an ODF length: "12.35pt". Anything that is no finite number gives "0pt".
+/// Returns points as an ODF length: "12.35pt"; "0pt" for infinity and NaN.
 QString pt(double points);
 
-/// The family as a word processor may know it: the numbered faces of typesetting systems, which exist only inside PDF
-/// files, give way to the common face of their kind.
+/// Returns a font family that word processors may have: numbered faces of typesetting systems, which exist only in PDF
+/// files, are replaced by the common family of their kind.
 QString officeFamily(const model::Style &style);
 
-/// The attributes of style:text-properties for text of this style.
+/// Returns the attributes of style:text-properties for text of this style.
 Attributes textAttributes(const model::Style &style);
 
-/// The automatic styles of one file. Equal definitions share one name.
+/// The automatic styles of a file. Equal definitions have the same name.
 class StyleTable
 {
 public:
-    /// The name of a style like this; definition has no style:name yet. Styles that refer to others by name must be
-    /// asked for after those.
+    /// Returns the name of a style with this definition, which has no style:name. A style that refers to others by name
+    /// must be requested after them.
     QString name(const Element &definition);
 
-    /// Shortcuts for the commonest families. Parent names a style of the file's fixed part; empty for none.
+    /// Return the names of a text and a graphic style. `parent` is a fixed style of the file; empty for none.
     QString text(const model::Style &style);
     QString graphic(const Attributes &properties, QLatin1String parent);
 
-    /// Declares the style's font family; to be called for every family that a style names.
+    /// Declares the font family of the style; must be called for every family that a style refers to.
     void noteFont(const model::Style &style);
 
-    /// The declarations of all families, and the definitions of all styles, seen so far.
+    /// Write the declarations of all families and the definitions of all styles so far.
     void writeFonts(QXmlStreamWriter &xml) const;
     void writeStyles(QXmlStreamWriter &xml) const;
 

@@ -9,24 +9,24 @@
 
 namespace quorra::office {
 
-/// Paragraphs that follow one another closely in one column: they share a frame, in which their text flows.
+/// Paragraphs close below one another in a column, which share a frame.
 struct TextBlock
 {
     Box box;
     std::vector<const model::Paragraph *> paragraphs;
-    bool labels = false; ///< of a drawing: each line at its own place
+    bool labels = false; ///< labels of a drawing, each line of which has its own position
 };
 
-/// The text blocks of a page, header and footer included, in reading order. With joined, close paragraphs of a column
-/// come together; otherwise each is a block of its own.
+/// Returns the text blocks of a page in reading order, followed by the header and the footer. With `joined`, close
+/// paragraphs of a column form one block; otherwise each paragraph is a block.
 std::vector<TextBlock> textBlocks(const model::Page &page, bool joined);
 
-/// The frame for a text of this box: somewhat wider, because other fonts run wider, but not over its neighbours or the
-/// page's edge.
+/// Returns a frame for text with this box. It is wider than the box, because the text may be wider in another font, but
+/// does not overlap other blocks or the edge of the page.
 Box roomyBox(const model::Page &page, const Box &box);
 
-/// Writes all of the page at its places: backgrounds, lines and pictures, then texts and tables in frames. The anchor
-/// is FrameAnchor::Page.
+/// Writes the content of the page at its positions: backgrounds, lines and pictures, then text and tables in frames.
+/// The anchor must be FrameAnchor::Page.
 void writePlacedPage(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor);
 
 } // namespace quorra::office

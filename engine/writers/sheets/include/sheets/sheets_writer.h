@@ -7,8 +7,8 @@
 
 namespace quorra::office {
 
-/// Writes one sheet for each page with tables and for each scanned page; a document without either gives one sheet
-/// with its lines of text.
+/// Writes a sheet for each page with tables and for each scanned page. If there are none, writes a single sheet with
+/// the lines of text.
 void writeSheets(OdfFile &file, const model::Document &document, model::PictureSource &pictures);
 
 } // namespace quorra::office

@@ -7,10 +7,10 @@
 
 namespace quorra::office {
 
-/// Puts every page into the size of the first one: scaled to fit where it differs, and centred.
+/// Scales all pages to the size of the first one, keeping their proportions and centring their content.
 void unifyPages(model::Document &document);
 
-/// Writes a slide for each page; all pages have the size of the first.
+/// Writes a slide for each page. All pages must have the same size.
 void writeSlides(OdfFile &file, const model::Document &document, model::PictureSource &pictures);
 
 } // namespace quorra::office

@@ -7,11 +7,11 @@
 
 namespace quorra {
 
-/// One page as plain text: lines as on the page, in reading order, a blank line between paragraphs, tables with their
-/// columns set by blanks. Ends with a line break unless the page is empty.
+/// Returns a page as plain text in reading order, with the lines of the page, an empty line between paragraphs, and
+/// tables aligned with spaces. Ends with a line break unless the page is empty.
 QString pageAsText(const model::Page &page);
 
-/// A table's cells in columns; text of the last column is not cut.
+/// Returns the table as lines of text with aligned columns.
 QString tableAsText(const model::Table &table);
 
 } // namespace quorra

@@ -3,35 +3,35 @@
 
 namespace quorra::office {
 
-/// What a flowing text keeps of the pages it comes from.
+/// What flowing text keeps of the pages that it comes from.
 struct FlowForm
 {
-    bool columns = false; ///< columns stay columns; otherwise they follow one another
-    bool pages = true;    ///< page breaks, headers and footers stay
-    bool places = true;   ///< indents and spacing as on the page
-    /// Breaks beside columns get empty paragraphs of their own. Word's newer formats lose them otherwise; in the older
-    /// one such a paragraph fills a page.
-    bool breaksApart = true;
+    bool columns = false; ///< columns are kept; otherwise their text becomes a single column
+    bool pages = true;    ///< page breaks, headers and footers are kept
+    bool places = true;   ///< indents and spacing are those of the page
+    /// Breaks before and after columns get empty paragraphs of their own. Without them they are lost in Word's newer
+    /// formats; in the older format, such a paragraph fills a page.
+    bool separateBreaks = true;
 };
 
-/// The forms that exist. Each is for Word's newer formats; see forOldWord().
+/// The available forms, for Word's newer formats; see forOldWord().
 namespace flowForms {
 
-/// Pages with their columns.
-inline constexpr FlowForm inColumns{.columns = true, .pages = true, .places = true, .breaksApart = true};
+/// Pages with columns.
+inline constexpr FlowForm inColumns{.columns = true, .pages = true, .places = true, .separateBreaks = true};
 
-/// Pages on which columns follow one another.
-inline constexpr FlowForm inOneColumn{.columns = false, .pages = true, .places = true, .breaksApart = true};
+/// Pages with a single column.
+inline constexpr FlowForm inOneColumn{.columns = false, .pages = true, .places = true, .separateBreaks = true};
 
-/// One text from the first page to the last.
-inline constexpr FlowForm continuous{.columns = false, .pages = false, .places = false, .breaksApart = true};
+/// Text without pages.
+inline constexpr FlowForm continuous{.columns = false, .pages = false, .places = false, .separateBreaks = true};
 
 } // namespace flowForms
 
-/// The form as Word's older format (.doc) needs it.
+/// Returns the form as Word's older format (.doc) needs it.
 constexpr FlowForm forOldWord(FlowForm form)
 {
-    form.breaksApart = false;
+    form.separateBreaks = false;
     return form;
 }
 

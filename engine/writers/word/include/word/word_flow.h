@@ -8,7 +8,7 @@
 
 namespace quorra::office {
 
-/// Writes the document as flowing paragraphs, tables and pictures.
+/// Writes the document as flowing text: paragraphs, tables and pictures.
 void writeFlow(OdfFile &file, const model::Document &document, model::PictureSource &pictures, const FlowForm &form);
 
 } // namespace quorra::office

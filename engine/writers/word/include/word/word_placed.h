@@ -7,10 +7,10 @@
 
 namespace quorra::office {
 
-/// Writes the document with each block of text in a frame at its place.
+/// Writes the document with each block of text in a frame at its position.
 void writeFramed(OdfFile &file, const model::Document &document, model::PictureSource &pictures);
 
-/// Writes the document with every line at its place over a picture of all that is no text.
+/// Writes the document with every line at its position over a picture of everything that is not text.
 void writeExact(OdfFile &file, const model::Document &document, model::PictureSource &pictures);
 
 } // namespace quorra::office

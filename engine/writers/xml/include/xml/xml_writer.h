@@ -7,8 +7,9 @@
 
 namespace quorra {
 
-/// Writes all that was found with its place: pages, blocks, lines and words with boxes (points from the top left corner
-/// of the page as shown; see document.h), each word with its font, tables with their cells, pictures as boxes, rules.
+/// Writes the document with all positions: pages, blocks, lines and words with their boxes (in points from the top left
+/// corner of the displayed page; see document.h), the font of each word, tables with their cells, the boxes of
+/// pictures, and rules. Programs read the names of elements, attributes and values: existing ones must not change.
 void writeXml(QIODevice &out, const model::Document &document);
 
 } // namespace quorra
