@@ -6,10 +6,10 @@
 #include "figures/figures.h"
 #include "page_builder.h"
 #include "paragraphs/paragraph_borders.h"
+#include "sanitised_page.h"
 #include "semantics/captions.h"
 #include "semantics/page_headers.h"
 #include "semantics/roles.h"
-#include "sound_page.h"
 
 #include <unordered_map>
 
@@ -49,12 +49,12 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
     std::vector<std::vector<Comment>> comments;
     for (RawPage &page : pages) {
         comments.push_back(std::move(page.comments));
-        page = soundPage(std::move(page));
+        page = sanitised(std::move(page));
         for (std::size_t i = 0; i < page.words.size(); ++i) {
             page.words[i].index = i;
         }
         rotations.push_back(mainRotation(page));
-        page = turnedUpright(std::move(page), rotations.back());
+        page = rotatedUpright(std::move(page), rotations.back());
     }
     const auto heads = findPageHeaders(pages);
     std::vector<StyleTable> styles(pages.size());
@@ -71,7 +71,7 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
     for (std::size_t i = 0; i < rotations.size(); ++i) {
         Page &page = document.pages[i];
         findParagraphBorders(page);
-        turnBack(page, rotations[i]);
+        rotateToPage(page, rotations[i]);
         separateFooter(page);
         findFiguresBehindText(page);
         registerFigures(page, document);

@@ -19,7 +19,7 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double scanShare = 0.8; // of the page that pictures must cover to be a scan
+using pageBuilder::thresholds;
 
 using WordSet = std::unordered_set<const RawWord *>;
 
@@ -29,7 +29,7 @@ bool isScan(const RawPage &raw)
     for (const RawPicture &picture : raw.pictures) {
         area += picture.box.width() * picture.box.height();
     }
-    return raw.words.empty() && area > scanShare * raw.width * raw.height;
+    return raw.words.empty() && area > thresholds.minScanArea * raw.width * raw.height;
 }
 
 Page scannedPage(const RawPage &raw, StyleTable &styles)
@@ -47,8 +47,8 @@ void addPageHeaders(Page &page, const WordRefs &heads, StyleTable &styles)
     WordRefs upright;
     std::copy_if(
         heads.begin(), heads.end(), std::back_inserter(upright), [](const RawWord *w) { return w->rotation == 0; });
-    for (const TextLine &row : textLinesOf(std::move(upright))) {
-        for (Paragraph &paragraph : paragraphsOf({row}, whole, styles)) {
+    for (const TextLine &line : textLinesOf(std::move(upright))) {
+        for (Paragraph &paragraph : paragraphsOf({line}, whole, styles)) {
             paragraph.role = Role::PageHeader;
             page.header.push_back(std::move(paragraph));
         }
@@ -56,43 +56,43 @@ void addPageHeaders(Page &page, const WordRefs &heads, StyleTable &styles)
 }
 
 template <typename Wanted>
-std::vector<Paragraph> turnedParagraphs(const RawPage &raw, int rotation, const Wanted &isWanted, StyleTable &styles)
+std::vector<Paragraph> rotatedParagraphs(const RawPage &raw, int rotation, const Wanted &isWanted, StyleTable &styles)
 {
-    RawPage turned;
-    turned.width = raw.width;
-    turned.height = raw.height;
+    RawPage upright;
+    upright.width = raw.width;
+    upright.height = raw.height;
     for (const RawWord &word : raw.words) {
         if (word.rotation == rotation && isWanted(&word)) {
-            turned.words.push_back(word);
+            upright.words.push_back(word);
         }
     }
-    turned = turnedUpright(std::move(turned), rotation);
+    upright = rotatedUpright(std::move(upright), rotation);
     WordRefs words;
-    for (const RawWord &word : turned.words) {
+    for (const RawWord &word : upright.words) {
         words.push_back(&word);
     }
-    const Box column{0, 0, turned.width, turned.height};
+    const Box column{0, 0, upright.width, upright.height};
     std::vector<Paragraph> paragraphs = paragraphsOf(textLinesOf(std::move(words)), column, styles);
     for (Paragraph &paragraph : paragraphs) {
-        turnBack(paragraph, rotation, turned.width, turned.height);
+        rotateToPage(paragraph, rotation, upright.width, upright.height);
     }
     return paragraphs;
 }
 
-// Words that run in another direction than the page's text: paragraphs of their own at the end.
-void addTurnedText(
+// Adds text that runs in another direction than most of the page: paragraphs of their own at its end.
+void addRotatedText(
     Page &page, const RawPage &raw, const std::set<const RawWord *> &heads, const WordSet &used, StyleTable &styles)
 {
     for (const int rotation : {90, 180, 270}) {
         Section section{{{0, 0, raw.width, raw.height}}, {}};
-        for (Paragraph &paragraph : turnedParagraphs(
+        for (Paragraph &paragraph : rotatedParagraphs(
                  raw, rotation, [&](const RawWord *w) { return used.count(w) == 0; }, styles)) {
             section.blocks.push_back({std::move(paragraph), 0});
         }
         if (!section.blocks.empty()) {
             page.sections.push_back(std::move(section));
         }
-        for (Paragraph &paragraph : turnedParagraphs(
+        for (Paragraph &paragraph : rotatedParagraphs(
                  raw, rotation, [&](const RawWord *w) { return heads.count(w) > 0; }, styles)) {
             paragraph.role = Role::PageHeader;
             page.header.push_back(std::move(paragraph));
@@ -115,9 +115,8 @@ void addLeftovers(Page &page, const RawPage &raw, const Rulings &rulings)
         }
     }
     const auto isOwned = [&owned](double x, double y) {
-        constexpr double edge = 2;
         return std::any_of(owned.begin(), owned.end(), [x, y](const Box &box) {
-            return Box{box.left - edge, box.top - edge, box.right + edge, box.bottom + edge}.contains(x, y);
+            return expanded(box, thresholds.blockMargin).contains(x, y);
         });
     };
     for (const auto *rules : {&rulings.horizontal, &rulings.vertical}) {
@@ -206,7 +205,7 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
     for (Section &section : sectionsOf(segmentPage(std::move(items)), builder)) {
         page.sections.push_back(std::move(section));
     }
-    addTurnedText(page, raw, heads, used, styles);
+    addRotatedText(page, raw, heads, used, styles);
     addLeftovers(page, raw, rulings);
     return page;
 }

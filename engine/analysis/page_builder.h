@@ -8,8 +8,20 @@
 
 namespace quorra::model {
 
-/// Builds one page whose text runs upright (see turnedUpright). `heads` are the words of its header and footer; what
-/// they make is all in Page::header.
+namespace pageBuilder {
+
+struct Thresholds
+{
+    double minScanArea = 0.8; ///< share of a page without text; the area of its images that makes it a scan
+    double blockMargin = 2;   ///< points around a table or figure; rules and fills inside it belong to the block
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace pageBuilder
+
+/// Builds one page with upright text (see rotatedUpright). `heads` are the words of its header and footer; all of them
+/// are in Page::header afterwards.
 Page buildPage(const RawPage &raw, const std::set<const RawWord *> &heads, StyleTable &styles);
 
 } // namespace quorra::model

@@ -14,7 +14,7 @@ namespace {
 class Mover
 {
 public:
-    /// From `page`, as it is before, to the size given; sizes of type are added to the styles.
+    /// Transforms a page that is unchanged so far to a page of that size. Scaled styles are added to the table.
     Mover(const Transform &transform, const Page &page, double width, double height, StyleTable &styles)
         : m_t(transform)
         , m_size(std::min(transform.scaleX, transform.scaleY))
@@ -41,9 +41,9 @@ public:
 
     void move(Paragraph &paragraph) const
     {
-        const bool turned = paragraph.rotation % 180 != 0;
-        const double alongLines = turned ? m_t.scaleY : m_t.scaleX;
-        const double acrossLines = turned ? m_t.scaleX : m_t.scaleY;
+        const bool vertical = paragraph.rotation % 180 != 0;
+        const double alongLines = vertical ? m_t.scaleY : m_t.scaleX;
+        const double acrossLines = vertical ? m_t.scaleX : m_t.scaleY;
         for (double *indent : {&paragraph.indentLeft, &paragraph.indentRight, &paragraph.firstLineIndent}) {
             *indent *= alongLines;
         }
@@ -84,11 +84,11 @@ public:
     }
 
 private:
-    // A table's edges count where it stands upright: over the page as shown to where they lie, and back.
+    // The edges of a table are coordinates on the upright page: they are converted to the displayed page and back.
     void moveEdges(Table &table) const
     {
-        const Turn before = turnToPage(table.rotation, m_widthBefore, m_heightBefore);
-        const Turn after = turnToPage(table.rotation, m_width, m_height).back();
+        const PageRotation before = rotationToPage(table.rotation, m_widthBefore, m_heightBefore);
+        const PageRotation after = rotationToPage(table.rotation, m_width, m_height).inverse();
         const auto moved = [&](double uprightX, double uprightY) {
             const auto [pageX, pageY] = before.point(uprightX, uprightY);
             return after.point(x(pageX), y(pageY));

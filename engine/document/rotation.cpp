@@ -10,10 +10,10 @@ namespace quorra::model {
 
 namespace {
 
-// What a turn does to marks and text.
-struct Turner : Turn
+// Rotates marks and text.
+struct Rotator : PageRotation
 {
-    // The baseline is a y for text along x and an x for text along y; `rotation` is the text's before the turn.
+    // The baseline is a y for text along x and an x for text along y; `rotation` is that of the text before.
     double baseline(double value, int rotation) const
     {
         const bool along = rotation % 180 == 0;
@@ -39,49 +39,49 @@ struct Turner : Turn
     }
 };
 
-void apply(const Turner &turn, Paragraph &paragraph)
+void apply(const Rotator &rotator, Paragraph &paragraph)
 {
-    paragraph.box = turn.box(paragraph.box);
-    paragraph.rotation = turn.rotation(paragraph.rotation);
+    paragraph.box = rotator.box(paragraph.box);
+    paragraph.rotation = rotator.rotation(paragraph.rotation);
     for (Line &line : paragraph.lines) {
-        line.box = turn.box(line.box);
-        line.baseline = turn.baseline(line.baseline, line.rotation);
-        line.rotation = turn.rotation(line.rotation);
+        line.box = rotator.box(line.box);
+        line.baseline = rotator.baseline(line.baseline, line.rotation);
+        line.rotation = rotator.rotation(line.rotation);
         for (Word &word : line.words) {
-            turn.apply(word);
+            rotator.apply(word);
         }
     }
 }
 
-void apply(const Turner &turn, Table &table)
+void apply(const Rotator &rotator, Table &table)
 {
-    table.box = turn.box(table.box);
-    table.rotation = turn.rotation(table.rotation);
+    table.box = rotator.box(table.box);
+    table.rotation = rotator.rotation(table.rotation);
     for (Cell &cell : table.cells) {
-        cell.box = turn.box(cell.box);
+        cell.box = rotator.box(cell.box);
         for (Paragraph &paragraph : cell.paragraphs) {
-            apply(turn, paragraph);
+            apply(rotator, paragraph);
         }
     }
 }
 
-void apply(const Turner &turn, Block &block)
+void apply(const Rotator &rotator, Block &block)
 {
     if (Paragraph *paragraph = block.paragraph()) {
-        apply(turn, *paragraph);
+        apply(rotator, *paragraph);
     } else if (Figure *figure = block.figure()) {
-        figure->box = turn.box(figure->box);
+        figure->box = rotator.box(figure->box);
         for (Paragraph &label : figure->labels) {
-            apply(turn, label);
+            apply(rotator, label);
         }
     } else if (Table *table = block.table()) {
-        apply(turn, *table);
+        apply(rotator, *table);
     }
 }
 
 } // namespace
 
-std::pair<double, double> Turn::point(double x, double y) const
+std::pair<double, double> PageRotation::point(double x, double y) const
 {
     switch (quarters) {
     case 1:
@@ -95,22 +95,22 @@ std::pair<double, double> Turn::point(double x, double y) const
     }
 }
 
-Box Turn::box(const Box &b) const
+Box PageRotation::box(const Box &b) const
 {
     const auto [x1, y1] = point(b.left, b.top);
     const auto [x2, y2] = point(b.right, b.bottom);
     return {std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
 }
 
-Turn Turn::back() const
+PageRotation PageRotation::inverse() const
 {
     const bool swaps = quarters % 2 == 1;
     return {(4 - quarters) % 4, swaps ? height : width, swaps ? width : height};
 }
 
-Turn turnToPage(int rotation, double pageWidth, double pageHeight)
+PageRotation rotationToPage(int rotation, double pageWidth, double pageHeight)
 {
-    return Turn{(4 - rotation / 90 % 4) % 4, pageWidth, pageHeight}.back();
+    return PageRotation{(4 - rotation / 90 % 4) % 4, pageWidth, pageHeight}.inverse();
 }
 
 Paragraph uprightParagraph(Paragraph paragraph, double pageWidth, double pageHeight)
@@ -121,7 +121,7 @@ Paragraph uprightParagraph(Paragraph paragraph, double pageWidth, double pageHei
 
 Table uprightTable(Table table)
 {
-    apply(Turner{{(4 - table.rotation / 90 % 4) % 4, 0, 0}}, table);
+    apply(Rotator{{(4 - table.rotation / 90 % 4) % 4, 0, 0}}, table);
     return table;
 }
 
@@ -135,67 +135,67 @@ int mainRotation(const RawPage &page)
     return static_cast<int>(most - letters.begin()) * 90;
 }
 
-RawPage turnedUpright(RawPage page, int rotation)
+RawPage rotatedUpright(RawPage page, int rotation)
 {
-    const Turner turn{{(360 - rotation) / 90 % 4, page.width, page.height}};
-    if (turn.quarters == 0) {
+    const Rotator rotator{{(360 - rotation) / 90 % 4, page.width, page.height}};
+    if (rotator.quarters == 0) {
         return page;
     }
     for (RawWord &word : page.words) {
-        turn.apply(word);
+        rotator.apply(word);
     }
     for (Rule &rule : page.rules) {
-        turn.apply(rule);
+        rotator.apply(rule);
     }
     for (Fill &fill : page.fills) {
-        fill.box = turn.box(fill.box);
+        fill.box = rotator.box(fill.box);
     }
     for (RawPicture &picture : page.pictures) {
-        picture.box = turn.box(picture.box);
+        picture.box = rotator.box(picture.box);
     }
     for (Ink &ink : page.ink) {
-        ink.box = turn.box(ink.box);
+        ink.box = rotator.box(ink.box);
     }
-    if (turn.quarters % 2 == 1) {
+    if (rotator.quarters % 2 == 1) {
         std::swap(page.width, page.height);
     }
     return page;
 }
 
-void turnBack(Page &page, int rotation)
+void rotateToPage(Page &page, int rotation)
 {
-    const Turner turn{{rotation / 90 % 4, page.width, page.height}};
-    if (turn.quarters == 0) {
+    const Rotator rotator{{rotation / 90 % 4, page.width, page.height}};
+    if (rotator.quarters == 0) {
         return;
     }
-    page.content = turn.box(page.content);
+    page.content = rotator.box(page.content);
     for (Section &section : page.sections) {
         for (Box &column : section.columns) {
-            column = turn.box(column);
+            column = rotator.box(column);
         }
         for (Block &block : section.blocks) {
-            apply(turn, block);
+            apply(rotator, block);
         }
     }
     for (auto *edge : {&page.header, &page.footer}) {
         for (Paragraph &paragraph : *edge) {
-            apply(turn, paragraph);
+            apply(rotator, paragraph);
         }
     }
     for (Rule &rule : page.rules) {
-        turn.apply(rule);
+        rotator.apply(rule);
     }
     for (Fill &fill : page.fills) {
-        fill.box = turn.box(fill.box);
+        fill.box = rotator.box(fill.box);
     }
-    if (turn.quarters % 2 == 1) {
+    if (rotator.quarters % 2 == 1) {
         std::swap(page.width, page.height);
     }
 }
 
-void turnBack(Paragraph &paragraph, int rotation, double uprightWidth, double uprightHeight)
+void rotateToPage(Paragraph &paragraph, int rotation, double uprightWidth, double uprightHeight)
 {
-    apply(Turner{{rotation / 90 % 4, uprightWidth, uprightHeight}}, paragraph);
+    apply(Rotator{{rotation / 90 % 4, uprightWidth, uprightHeight}}, paragraph);
 }
 
 } // namespace quorra::model

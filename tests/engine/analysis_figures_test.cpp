@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page_maker.h"
+#include "threshold_edges.h"
 
+#include "analysis/figures/figures.h"
+#include "analysis/page_builder.h"
 #include "analysis/semantics/captions.h"
 #include "document/page_walk.h"
-#include "document/rotation.h"
 
 #include <QTest>
 
 using namespace quorra;
 using namespace quorra::model;
+using namespace thresholdEdges;
 
 namespace {
 
@@ -74,6 +77,137 @@ std::vector<int> captionLinks(Page page)
     return links;
 }
 
+// ---- thresholds
+
+std::vector<FoundFigure> placedFigures(PageMaker &page)
+{
+    return findFigures(page.raw(), {}, refs(page.raw().words)).placed;
+}
+
+bool isPlaced(const Box &image)
+{
+    PageMaker page;
+    addImage(page, image);
+    return placedFigures(page).size() == 1;
+}
+
+/// Short words in lines of ten.
+void addProse(PageMaker &page, int words, double left, double top)
+{
+    for (int i = 0; i < words; ++i) {
+        page.text(left + 30 * (i % 10), top + 12 * (i / 10), QStringLiteral("prose"));
+    }
+}
+
+Block paragraphAt(const Box &box, int lines)
+{
+    Paragraph paragraph;
+    paragraph.box = box;
+    paragraph.lines.resize(static_cast<std::size_t>(lines));
+    return {paragraph, 0};
+}
+
+bool isBehindText(Figure figure, Block text)
+{
+    Page page = pageOf({{std::move(figure), 0}, std::move(text)});
+    findFiguresBehindText(page);
+    return page.sections[0].blocks[0].figure()->behindText;
+}
+
+std::vector<Edge> figureEdges()
+{
+    using figures::thresholds;
+    return {
+        minimum(
+            "side of an image", thresholds.minImageSide,
+            [](double side) {
+                return isPlaced({100, 100, 100 + side, 200});
+            }),
+        maximum(
+            "area of an image that is no background", thresholds.maxImageArea,
+            [](double share) {
+                return isPlaced({0, 0, 600, 800 * share});
+            }),
+        maximum(
+            "seam between strips of an image", thresholds.maxSeam,
+            [](double seam) {
+                PageMaker page;
+                addImage(page, {100, 100, 200, 150});
+                addImage(page, {100, 150 + seam, 200, 200});
+                return placedFigures(page).size() == 1;
+            }),
+        most(
+            "words on an image", thresholds.maxWordsOnImage,
+            [](double words) {
+                PageMaker page;
+                addProse(page, static_cast<int>(words), 110, 120);
+                addImage(page, {100, 100, 500, 300});
+                return placedFigures(page).size() == 1;
+            }),
+        most(
+            "words on a drawing", thresholds.maxLabels,
+            [](double words) {
+                PageMaker page;
+                addProse(page, static_cast<int>(words), 110, 120);
+                addDrawing(page, {100, 100, 500, 300});
+                return placedFigures(page).size() == 1;
+            }),
+        maximum(
+            "width of an image in a drawing", thresholds.maxExcess,
+            [](double excess) {
+                PageMaker page;
+                addDrawing(page, {100, 100, 300, 300});
+                addImage(page, {200 - 101 * excess, 150, 200 + 101 * excess, 250}); // a drawing has a margin
+                return placedFigures(page).size() == 1;
+            }),
+        minimum(
+            "part of a label on its drawing", thresholds.minShownLabel,
+            [](double share) {
+                StyleTable styles;
+                PageMaker page;
+                page.text(100, 200, QStringLiteral("twenty-letter-labels")); // 100 points wide
+                const Box picture{100, 100, 100 + 100 * share, 300};
+                return figureBlocks({picture, FigureKind::Drawing, refs(page.raw().words)}, styles).size() == 1;
+            }),
+        most(
+            "lines of a text that belongs to a drawing", thresholds.maxLabelLines,
+            [](double lines) {
+                Figure drawing;
+                drawing.box = {100, 100, 300, 300};
+                drawing.kind = FigureKind::Drawing;
+                return !isBehindText(drawing, paragraphAt({120, 120, 250, 200}, static_cast<int>(lines)));
+            }),
+        minimum(
+            "part of a text on a figure", thresholds.minTextOnFigure,
+            [](double share) {
+                Figure image;
+                image.box = {200 - 50 * share, 100, 200 + 50 * share, 300};
+                return isBehindText(image, paragraphAt({150, 120, 250, 200}, 1));
+            }),
+        maximum(
+            "distance of a caption", captions::thresholds.maxDistance,
+            [](double distance) {
+                const Box caption{100, 200 + distance, 300, 212 + distance};
+                return captionLinks(pageOf({figureAt({100, 100, 300, 200}, 0), captionAt(caption)})).front() == 0;
+            }),
+        minimum(
+            "area of a scan", pageBuilder::thresholds.minScanArea,
+            [](double share) {
+                PageMaker page;
+                addImage(page, {0, 0, 600, 800 * share});
+                return page.build().pages.front().scanned;
+            }),
+        maximum(
+            "rule at the edge of a figure", pageBuilder::thresholds.blockMargin,
+            [](double distance) {
+                PageMaker page;
+                addImage(page, {100, 100, 200, 200});
+                page.rule(100, 200 + distance, 200, 200 + distance);
+                return page.build().pages.front().rules.empty();
+            }),
+    };
+}
+
 } // namespace
 
 class AnalysisFiguresTest : public QObject
@@ -108,16 +242,7 @@ private Q_SLOTS:
         PageMaker upright(1, 800, 600);
         upright.lines(50, 300, prose(5));
         addImage(upright, {60, 100, 160, 250});
-        RawPage page = upright.raw();
-        const Turn turn{1, 800, 600};
-        page.width = 600;
-        page.height = 800;
-        for (RawWord &word : page.words) {
-            word.baseline = turn.point(0, word.baseline).first;
-            word.box = turn.box(word.box);
-            word.rotation = 90;
-        }
-        page.pictures[0].box = turn.box(page.pictures[0].box);
+        const RawPage page = sideways(upright.raw());
         const Document document = buildDocument({page});
         QCOMPARE(figuresOf(document).size(), std::size_t(1));
         QCOMPARE(document.figures[0].box, page.pictures[0].box);
@@ -208,6 +333,9 @@ private Q_SLOTS:
             captionLinks(pageOf({figureAt({100, 100, 300, 200}, 0), captionAt({310, 205, 500, 217})})),
             std::vector<int>{-1});
     }
+
+    void thresholds_data() { addRows(figureEdges()); }
+    void thresholds() { checkRow(figureEdges()); }
 };
 
 QTEST_GUILESS_MAIN(AnalysisFiguresTest)

@@ -4,7 +4,6 @@
 #include "analysis/paragraphs/paragraph_borders.h"
 #include "analysis/semantics/page_headers.h"
 #include "document/page_transform.h"
-#include "document/rotation.h"
 
 #include <QTest>
 
@@ -94,19 +93,7 @@ private Q_SLOTS:
         upright.rule(50, 150, 400, 150);
         upright.lines(50, 170, prose(3));
         const Document expected = upright.build();
-        RawPage sideways = upright.raw();
-        const Turn turn{1, 800, 600};
-        sideways.width = 600;
-        sideways.height = 800;
-        for (RawWord &word : sideways.words) {
-            word.baseline = turn.point(0, word.baseline).first;
-            word.box = turn.box(word.box);
-            word.rotation = 90;
-        }
-        const Rule rule = sideways.rules[0];
-        const Box turned = turn.box({rule.x1, rule.y1, rule.x2, rule.y2});
-        sideways.rules[0] = {turned.left, turned.top, turned.right, turned.bottom, rule.width, rule.colour};
-        const Document found = buildDocument({sideways});
+        const Document found = buildDocument({sideways(upright.raw())});
         QCOMPARE(at(found.pages[0], 1).rotation, 90);
         QCOMPARE(at(expected.pages[0], 1).borderAbove.gap, 12.0);
         QCOMPARE(at(found.pages[0], 1).borderAbove.gap, 12.0);

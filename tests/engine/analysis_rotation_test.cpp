@@ -40,7 +40,7 @@ private Q_SLOTS:
     void wordIndentsCellsAsUpright();
     void slidesDrawTheGridAroundItsTable_data() { turns(); }
     void slidesDrawTheGridAroundItsTable();
-    void turnsThereAndBack();
+    void inverseUndoesARotation();
 
 private:
     static void turns();
@@ -82,7 +82,7 @@ RawPage randomTable(unsigned seed)
 // The page as a viewer shows it when it is rotated clockwise.
 RawPage rotated(RawPage page, int rotation)
 {
-    return turnedUpright(std::move(page), (360 - rotation) % 360);
+    return rotatedUpright(std::move(page), (360 - rotation) % 360);
 }
 
 bool holds(const Box &outer, const Box &inner)
@@ -161,8 +161,8 @@ void AnalysisRotationTest::edgesLieOnTheirTable()
     const Table *table = firstTable(document);
     QVERIFY(table);
     const Page &page = document.pages.front();
-    const Turn turn = turnToPage(table->rotation, page.width, page.height);
-    QCOMPARE(nearly(turn.box(around(table->columnEdges, table->rowEdges))), nearly(table->box));
+    const PageRotation toPage = rotationToPage(table->rotation, page.width, page.height);
+    QCOMPARE(nearly(toPage.box(around(table->columnEdges, table->rowEdges))), nearly(table->box));
     const Document upright = buildDocument({randomTable(seed)});
     QCOMPARE(table->columnEdges, firstTable(upright)->columnEdges);
     QCOMPARE(table->rowEdges, firstTable(upright)->rowEdges);
@@ -176,15 +176,15 @@ void AnalysisRotationTest::scalingMovesEdgesWithTheirTable()
     const Table *table = firstTable(document);
     QVERIFY(table);
     const Page &page = document.pages.front();
-    const Turn turn = turnToPage(table->rotation, page.width, page.height);
-    QCOMPARE(nearly(turn.box(around(table->columnEdges, table->rowEdges))), nearly(table->box));
+    const PageRotation toPage = rotationToPage(table->rotation, page.width, page.height);
+    QCOMPARE(nearly(toPage.box(around(table->columnEdges, table->rowEdges))), nearly(table->box));
     for (const Cell &cell : table->cells) {
         const Box upright{
             table->columnEdges.at(static_cast<std::size_t>(cell.column)),
             table->rowEdges.at(static_cast<std::size_t>(cell.row)),
             table->columnEdges.at(static_cast<std::size_t>(cell.column) + static_cast<std::size_t>(cell.columnSpan)),
             table->rowEdges.at(static_cast<std::size_t>(cell.row) + static_cast<std::size_t>(cell.rowSpan))};
-        QCOMPARE(nearly(turn.box(upright)), nearly(cell.box));
+        QCOMPARE(nearly(toPage.box(upright)), nearly(cell.box));
     }
 }
 
@@ -299,21 +299,21 @@ void AnalysisRotationTest::slidesDrawTheGridAroundItsTable()
     const Document document = buildDocument({rotated(randomTable(seed), rotation)});
     const Page &page = document.pages.front();
     Table table = *firstTable(document);
+    const PageRotation toPage = rotationToPage(table.rotation, page.width, page.height);
     Box grid;
     for (const Rule &rule : office::gridLines(table)) {
-        grid =
-            united(grid, turnToPage(table.rotation, page.width, page.height).box({rule.x1, rule.y1, rule.x2, rule.y2}));
+        grid = united(grid, toPage.box({rule.x1, rule.y1, rule.x2, rule.y2}));
     }
     QCOMPARE(nearly(grid), nearly(table.box));
 }
 
-void AnalysisRotationTest::turnsThereAndBack()
+void AnalysisRotationTest::inverseUndoesARotation()
 {
     for (int quarters = 0; quarters < 4; ++quarters) {
-        const Turn turn{quarters, 600, 800};
+        const PageRotation rotation{quarters, 600, 800};
         const Box box{10, 20, 110, 50};
-        QCOMPARE(turn.back().box(turn.box(box)), box);
-        QVERIFY(holds({0, 0, turn.back().width, turn.back().height}, turn.box(box)));
+        QCOMPARE(rotation.inverse().box(rotation.box(box)), box);
+        QVERIFY(holds({0, 0, rotation.inverse().width, rotation.inverse().height}, rotation.box(box)));
     }
 }
 

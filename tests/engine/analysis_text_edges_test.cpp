@@ -191,7 +191,7 @@ bool isText(int lines, int letters, double lineWidth)
     for (int i = 0; i < lines; ++i) {
         words.push_back(word(QString(letters, QLatin1Char('a')), 0, i == 0 ? width : lineWidth, 100 + step * i));
     }
-    return isRunningText(refs(words));
+    return areProseLines(refs(words));
 }
 
 bool isTextWithNumbers(double share)
@@ -206,7 +206,7 @@ bool isTextWithNumbers(double share)
             words.push_back(word(each, 40 * i, 35, 100 + step * line));
         }
     }
-    return isRunningText(refs(words));
+    return areProseLines(refs(words));
 }
 
 std::vector<Edge> columnEdges()

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "analysis/analysis.h"
+#include "document/rotation.h"
 #include "document/text.h"
 
 #include <QStringList>
 
 #include <string>
+#include <utility>
 
 /// Pages made by hand, as the PDF module delivers them.
 class PageMaker
@@ -85,7 +87,27 @@ private:
     quorra::model::RawPage m_page;
 };
 
-/// Adds different lines of prose, all about as wide as the column.
+/// The page rotated clockwise by 90 degrees, as a page with sideways text is displayed.
+inline quorra::model::RawPage sideways(quorra::model::RawPage page)
+{
+    const quorra::model::PageRotation rotation{1, page.width, page.height};
+    std::swap(page.width, page.height);
+    for (quorra::model::RawWord &word : page.words) {
+        word.baseline = rotation.point(0, word.baseline).first;
+        word.box = rotation.box(word.box);
+        word.rotation = 90;
+    }
+    for (quorra::model::Rule &rule : page.rules) {
+        const quorra::Box box = rotation.box({rule.x1, rule.y1, rule.x2, rule.y2});
+        rule = {box.left, box.top, box.right, box.bottom, rule.width, rule.colour};
+    }
+    for (quorra::model::RawPicture &picture : page.pictures) {
+        picture.box = rotation.box(picture.box);
+    }
+    return page;
+}
+
+/// Different lines of prose, all about as wide as the column.
 inline QStringList prose(int lines, const QString &mark = QStringLiteral("alpha"))
 {
     QStringList texts;

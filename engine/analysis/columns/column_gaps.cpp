@@ -151,14 +151,14 @@ bool hasTextBeside(const RegionItems &items, const ColumnGap &gap)
             (obstacle.first.centreX() < gap.left ? obstacleLeft : obstacleRight) = true;
         }
     }
-    const bool textLeft = isRunningText(left);
-    const bool textRight = isRunningText(right);
+    const bool textLeft = areProseLines(left);
+    const bool textRight = areProseLines(right);
     return (textLeft && textRight) || (textLeft && obstacleRight) || (textRight && obstacleLeft);
 }
 
 } // namespace
 
-bool isRunningText(const WordRefs &words)
+bool areProseLines(const WordRefs &words)
 {
     const std::vector<TextLine> lines = textLinesOf(words);
     if (lines.size() < thresholds.minLines) {

@@ -47,7 +47,7 @@ struct ColumnGap
 /// the other. Nothing for text in one column.
 std::optional<ColumnGap> findColumnGap(const RegionItems &items);
 
-/// Whether the words are lines of running text: at least two lines, most of them long and made of letters.
-bool isRunningText(const WordRefs &words);
+/// Whether the words form lines of prose: at least two lines, most of them long, with few numbers.
+bool areProseLines(const WordRefs &words);
 
 } // namespace quorra::model

@@ -15,12 +15,11 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double smallestImage = 8;     // points
-constexpr double backgroundShare = 0.6; // of the page
+using figures::thresholds;
 
 bool touch(const Box &a, const Box &b)
 {
-    constexpr double seam = 1; // points
+    const double seam = thresholds.maxSeam;
     return a.left - seam <= b.right && b.left - seam <= a.right && a.top - seam <= b.bottom && b.top - seam <= a.bottom;
 }
 
@@ -41,7 +40,7 @@ std::vector<Box> wholeImages(const std::vector<RawPicture> &pieces)
     images.erase(
         std::remove_if(
             images.begin(), images.end(),
-            [](const Box &b) { return b.width() < smallestImage || b.height() < smallestImage; }),
+            [](const Box &b) { return b.width() < thresholds.minImageSide || b.height() < thresholds.minImageSide; }),
         images.end());
     return images;
 }
@@ -58,7 +57,7 @@ WordRefs wordsIn(const Box &box, const WordRefs &words)
 
 bool isInside(const Box &inner, const Box &outer)
 {
-    return outer.contains(inner.centreX(), inner.centreY()) && inner.width() <= 1.05 * outer.width();
+    return outer.contains(inner.centreX(), inner.centreY()) && inner.width() <= thresholds.maxExcess * outer.width();
 }
 
 // A drawing's labels as text, one paragraph for all.
@@ -82,24 +81,21 @@ Paragraph labelParagraph(const WordRefs &labels, StyleTable &styles)
 
 bool shows(const Box &picture, const Box &label)
 {
-    constexpr double leastShown = 0.9; // of the label's width
     return picture.contains(label.centreX(), label.centreY()) &&
-           intersected(picture, label).width() > leastShown * label.width();
+           intersected(picture, label).width() > thresholds.minShownLabel * label.width();
 }
 
 bool isBehindText(const Page &page, const Figure &figure)
 {
-    constexpr std::size_t longText = 4; // lines
-    constexpr double leastOver = 0.5;   // of the text's width
     bool behind = false;
     forEachBlock(page, [&](const Block &block) {
         const Box box = block.box();
         // Short texts on a drawing belong to it, even those that reach over its edge.
-        const bool belongs =
-            figure.kind == FigureKind::Drawing && block.paragraph() && block.paragraph()->lines.size() < longText;
+        const bool belongs = figure.kind == FigureKind::Drawing && block.paragraph() &&
+                             block.paragraph()->lines.size() <= thresholds.maxLabelLines;
         behind = behind ||
                  (!block.figure() && !belongs && !box.isEmpty() && figure.box.contains(box.centreX(), box.centreY()) &&
-                  intersected(figure.box, box).width() > leastOver * box.width());
+                  intersected(figure.box, box).width() > thresholds.minTextOnFigure * box.width());
     });
     return behind;
 }
@@ -118,8 +114,7 @@ PageFigures findFigures(const RawPage &raw, const std::vector<Box> &tables, cons
     std::vector<Box> drawings = findDrawings(raw, tables);
     for (const Box &drawing : drawings) {
         WordRefs labels = wordsIn(drawing, loose);
-        constexpr std::size_t fewWords = 40;
-        if (labels.size() > fewWords && isRunningText(labels)) {
+        if (labels.size() > thresholds.maxLabels && areProseLines(labels)) {
             continue; // ornaments around text
         }
         figures.placed.push_back({drawing, FigureKind::Drawing, std::move(labels)});
@@ -134,8 +129,8 @@ PageFigures findFigures(const RawPage &raw, const std::vector<Box> &tables, cons
         if (inDrawing) {
             continue;
         }
-        const bool behind = image.width() * image.height() > backgroundShare * raw.width * raw.height ||
-                            (!inTable && wordsIn(image, loose).size() > 60);
+        const bool behind = image.width() * image.height() > thresholds.maxImageArea * raw.width * raw.height ||
+                            (!inTable && wordsIn(image, loose).size() > thresholds.maxWordsOnImage);
         (behind ? figures.backgrounds : figures.placed).push_back({image, FigureKind::Image, {}});
     }
     return figures;

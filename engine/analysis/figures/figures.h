@@ -4,9 +4,31 @@
 #include "document/document.h"
 #include "text_lines/text_lines.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace quorra::model {
+
+namespace figures {
+
+struct Thresholds
+{
+    double minImageSide = 8;   ///< points; smaller images are bullets and parts of ornaments
+    double maxSeam = 1;        ///< points between strips or tiles that are one image; more than rounding leaves
+    double maxImageArea = 0.6; ///< share of the page; larger images are its background
+    double maxExcess = 1.05;   ///< of the outer box's width; a little wider is still inside, for the sake of borders
+
+    std::size_t maxWordsOnImage = 60; ///< more are the text of the page, with the image behind it
+    std::size_t maxLabels = 40;       ///< words on a drawing; more, if they are prose, have an ornament around them
+    std::size_t maxLabelLines = 3; ///< in a paragraph that belongs to the drawing it reaches out of; more are body text
+
+    double minShownLabel = 0.9;   ///< share of the labels' width inside the picture; less, and it would cut them off
+    double minTextOnFigure = 0.5; ///< share of a text's width; less only touches the figure
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace figures
 
 /// A figure whose labels are still words.
 struct FoundFigure
@@ -19,20 +41,20 @@ struct FoundFigure
 struct PageFigures
 {
     std::vector<FoundFigure> placed;      ///< among the text
-    std::vector<FoundFigure> backgrounds; ///< behind all of the text (a scan with its recognised text, a backdrop)
+    std::vector<FoundFigure> backgrounds; ///< behind the text: a scan with recognised text, a background image
 };
 
-/// The raster images of a page, strips of one image put together, and its drawings with the words inside them.
+/// Finds the raster images of a page, with strips of one image united, and its drawings with the words inside them.
 PageFigures findFigures(const RawPage &raw, const std::vector<Box> &tables, const WordRefs &words);
 
-/// The blocks of a figure: itself, with what its picture shows of its words as its labels, and a paragraph of the words
-/// where they reach over its edge so far that the picture cuts them off.
+/// Returns the block of a figure with its words as labels. If they extend so far over its edge that the picture would cut
+/// them off, they follow as a paragraph.
 std::vector<Block> figureBlocks(const FoundFigure &found, StyleTable &styles);
 
-/// Sets for each figure of the page whether it lies behind text rather than among it.
+/// Sets Figure::behindText for the figures of the page.
 void findFiguresBehindText(Page &page);
 
-/// Enters the figures of the page into the document's list and gives them their ids. The page stands as shown.
+/// Adds the figures of the displayed page to Document::figures and sets their ids.
 void registerFigures(Page &page, Document &document);
 
 } // namespace quorra::model

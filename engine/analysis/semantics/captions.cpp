@@ -11,15 +11,15 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double farthestCaption = 36; // points between a figure and its caption: three lines of text
+using captions::thresholds;
 
-/// The blank space between two boxes beside or below one another; more than any caption is away for other boxes.
+/// The empty space between two boxes beside or below one another; for other boxes, more than the limit for captions.
 double gapBetween(const Box &a, const Box &b)
 {
     const double across = std::max(a.left, b.left) - std::min(a.right, b.right);
     const double down = std::max(a.top, b.top) - std::min(a.bottom, b.bottom);
     const bool facing = across < 0 || down < 0;
-    return facing ? std::max({0.0, across, down}) : 2 * farthestCaption;
+    return facing ? std::max({0.0, across, down}) : 2 * thresholds.maxDistance;
 }
 
 } // namespace
@@ -35,7 +35,7 @@ void linkCaptions(Page &page)
             continue;
         }
         const Block *nearest = nullptr;
-        double gap = farthestCaption;
+        double gap = thresholds.maxDistance;
         for (const Block *each : {i > 0 ? blocks[i - 1] : nullptr, i + 1 < blocks.size() ? blocks[i + 1] : nullptr}) {
             if (each && !each->paragraph() && taken.count(each->figure()) == 0 &&
                 gapBetween(each->box(), caption->box) < gap) {

@@ -5,9 +5,20 @@
 
 namespace quorra::model {
 
-/// Tells the captions of the page which figure they belong to: the nearer one of those right before and after them in
-/// reading order. A caption next to a table that is nearer, or far from figures, belongs to none. The figures have
-/// their ids.
+namespace captions {
+
+struct Thresholds
+{
+    double maxDistance = 36; ///< points between a figure and its caption: three lines of text
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace captions
+
+/// Sets Paragraph::captionOf for the captions of the page: the nearer one of the figures directly before and after in
+/// reading order. A caption that is nearer to a table, or far from figures, belongs to none. The figures must have their
+/// ids.
 void linkCaptions(Page &page);
 
 } // namespace quorra::model

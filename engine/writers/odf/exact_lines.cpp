@@ -191,7 +191,7 @@ void writeRotated(const Sink &sink, const model::Line &line, FrameAnchor anchor)
     const double height = lineHeights.usual * size;
     const model::Line upright = uprightLine(line);
     const double top = upright.baseline - riseOf(size);
-    const Box box = model::turnToPage(line.rotation, 0, 0)
+    const Box box = model::rotationToPage(line.rotation, 0, 0)
                         .box({upright.box.left, top, upright.box.right + thresholds.spareWidth, top + height});
     const FrameDirection direction = line.rotation == 90 ? FrameDirection::Down : FrameDirection::Up;
     const TextFrame frame = beginTextFrame(sink, box, anchor, false, direction);

@@ -13,9 +13,9 @@ namespace {
 
 constexpr double quarterTurn = 1.5707963268; // radians, the unit of angles in ODF
 
-model::Turn toSlide(const SlideTurn &turn)
+model::PageRotation toSlide(const SlideTurn &turn)
 {
-    return model::turnToPage(turn.rotation, turn.width, turn.height);
+    return model::rotationToPage(turn.rotation, turn.width, turn.height);
 }
 
 QString sideName(model::Alignment alignment)

@@ -22,7 +22,7 @@ struct Thresholds
     double usualSpace = 12; ///< points; most between blocks that do not follow one another on the page
     double roomForBreak =
         90; ///< points; below a column that is certain not to run over: word processors set text longer
-    std::size_t longText = 4; ///< lines that make a paragraph running text
+    std::size_t longText = 4; ///< lines; paragraphs of columns of text are this long
     double wideFont = 1.1;    ///< times the width: by which the font that replaces an unknown one may be wider
 };
 constexpr Thresholds thresholds;
@@ -38,9 +38,9 @@ struct Area
     bool followsOther = false;      // what comes next did not follow on the page what came last
 };
 
-/// Columns of running text, as opposed to words put beside one another: below one another, in strips of their width,
-/// they would fill twice the pages.
-bool isRunningText(const model::Section &section)
+/// Whether one of several columns has a paragraph of many lines. Text that is only placed side by side has none. Without
+/// their own strips, such columns would fill twice the pages.
+bool hasLongParagraphInColumns(const model::Section &section)
 {
     return section.columns.size() > 1 &&
            std::any_of(section.blocks.begin(), section.blocks.end(), [](const model::Block &block) {
@@ -170,7 +170,7 @@ FlowSection PagePlanner::planSection(const model::Section &section)
 /// The areas of a section's columns, before anything stands in them.
 std::vector<Area> PagePlanner::areasOf(const model::Section &section, bool inColumns) const
 {
-    const bool ownStrip = inColumns || !m_form.places || isRunningText(section);
+    const bool ownStrip = inColumns || !m_form.places || hasLongParagraphInColumns(section);
     const double top = topOf(section);
     std::vector<Area> areas;
     for (const Box &column : section.columns) {

@@ -35,6 +35,12 @@ inline Box united(const Box &a, const Box &b)
     return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom)};
 }
 
+/// Returns the box with its edges moved outwards by the margin.
+inline Box expanded(const Box &box, double margin)
+{
+    return {box.left - margin, box.top - margin, box.right + margin, box.bottom + margin};
+}
+
 /// Returns the intersection, with no area if they do not overlap.
 inline Box intersected(const Box &a, const Box &b)
 {

@@ -7,39 +7,39 @@
 
 namespace quorra::model {
 
-/// A turn of a page clockwise by quarters of a circle.
-struct Turn
+/// A clockwise rotation of a page by multiples of 90 degrees.
+struct PageRotation
 {
-    int quarters;  ///< 0 to 3
-    double width;  ///< of the page before the turn
-    double height; ///< of the page before the turn
+    int quarters;  ///< multiples of 90 degrees, 0 to 3
+    double width;  ///< of the page before the rotation
+    double height; ///< of the page before the rotation
 
     std::pair<double, double> point(double x, double y) const;
     Box box(const Box &b) const;
-    Turn back() const;
+    PageRotation inverse() const;
 };
 
-/// The turn from the page read upright, on which text of that rotation (0, 90, 180, 270) runs from left to right, to
-/// the page of this size as shown.
-Turn turnToPage(int rotation, double pageWidth, double pageHeight);
+/// The rotation from the upright page, on which text of that rotation (0, 90, 180, 270) runs from left to right, to the
+/// displayed page, whose size is given.
+PageRotation rotationToPage(int rotation, double pageWidth, double pageHeight);
 
 /// The direction (0, 90, 180, 270) in which most letters of the page run.
 int mainRotation(const RawPage &page);
 
-/// The page turned so that text of that rotation runs upright; words of other rotations keep their difference to it.
-RawPage turnedUpright(RawPage page, int rotation);
+/// Rotates the page so that text of that rotation is upright, with rotation 0. The difference between the rotations of
+/// two words stays the same.
+RawPage rotatedUpright(RawPage page, int rotation);
 
-/// Puts what was found on a page turned by turnedUpright() back to where it stands on the page as shown: afterwards all
-/// boxes, baselines and rules count on that page, those of cells included. Tables keep their rows, columns and edges
-/// and remember how far they are turned (see Table).
-void turnBack(Page &page, int rotation);
-void turnBack(Paragraph &paragraph, int rotation, double uprightWidth, double uprightHeight);
+/// Converts what was found on a page rotated by rotatedUpright() to the displayed page: its boxes, baselines and rules,
+/// including those of cells. Tables keep their rows, columns and edges, and record their rotation (see Table).
+void rotateToPage(Page &page, int rotation);
+void rotateToPage(Paragraph &paragraph, int rotation, double uprightWidth, double uprightHeight);
 
-/// The paragraph as if its page, of this size as shown, were rotated so that the paragraph runs from left to right.
+/// The paragraph as if its page, whose displayed size is given, were rotated so that the paragraph is upright.
 Paragraph uprightParagraph(Paragraph paragraph, double pageWidth, double pageHeight);
 
-/// The table read upright, for writers that set it in a grid of their own: the places of its boxes towards one another
-/// count, not those on the page. A table that is not turned comes back as it is.
+/// The table rotated upright, for writers that put it into a grid of their own. The positions of its boxes are valid
+/// relative to one another only. A table with rotation 0 is returned as it is.
 Table uprightTable(Table table);
 
 } // namespace quorra::model

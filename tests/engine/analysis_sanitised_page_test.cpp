@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page_maker.h"
 
-#include "analysis/sound_page.h"
+#include "analysis/sanitised_page.h"
 
 #include <QTest>
 
@@ -15,7 +15,7 @@ namespace {
 
 constexpr double infinite = std::numeric_limits<double>::infinity();
 constexpr double unknown = std::numeric_limits<double>::quiet_NaN();
-constexpr double farthest = 100000; // points, as sound_page.h promises
+constexpr double farthest = sanitisedPage::limits.maxCoordinate;
 
 RawWord wordAt(const Box &box, double baseline = 100, double size = 10)
 {
@@ -27,11 +27,11 @@ RawWord wordAt(const Box &box, double baseline = 100, double size = 10)
     return word;
 }
 
-RawWord soundWord(const RawWord &word)
+RawWord sanitisedWord(const RawWord &word)
 {
     RawPage page;
     page.words.push_back(word);
-    page = soundPage(std::move(page));
+    page = sanitised(std::move(page));
     return page.words.empty() ? RawWord() : page.words.front();
 }
 
@@ -41,7 +41,7 @@ std::vector<double> sides(const Box &box)
 }
 
 // What the analysis relies on for every box.
-bool isSound(const Box &box)
+bool isValid(const Box &box)
 {
     const std::vector<double> all = sides(box);
     return box.left <= box.right && box.top <= box.bottom && std::all_of(all.begin(), all.end(), [](double side) {
@@ -52,12 +52,12 @@ bool isSound(const Box &box)
 } // namespace
 
 /// Input sanitising: what a file can hold, and what the analysis then relies on.
-class AnalysisSoundPageTest : public QObject
+class AnalysisSanitisedPageTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void keepsASoundPage()
+    void keepsAValidPage()
     {
         PageMaker page;
         page.lines(60, 100, prose(3));
@@ -66,31 +66,31 @@ private Q_SLOTS:
         page.raw().pictures.push_back({{60, 300, 160, 380}});
         page.raw().ink.push_back({{200, 300, 260, 360}, true});
         const RawPage &raw = page.raw();
-        const RawPage sound = soundPage(raw);
-        QCOMPARE(sound.width, raw.width);
-        QCOMPARE(sound.height, raw.height);
-        QCOMPARE(sound.words.size(), raw.words.size());
+        const RawPage result = sanitised(raw);
+        QCOMPARE(result.width, raw.width);
+        QCOMPARE(result.height, raw.height);
+        QCOMPARE(result.words.size(), raw.words.size());
         for (std::size_t i = 0; i < raw.words.size(); ++i) {
-            QCOMPARE(sound.words[i].text, raw.words[i].text);
-            QCOMPARE(sides(sound.words[i].box), sides(raw.words[i].box));
-            QCOMPARE(sound.words[i].baseline, raw.words[i].baseline);
-            QCOMPARE(sound.words[i].style.size, raw.words[i].style.size);
+            QCOMPARE(result.words[i].text, raw.words[i].text);
+            QCOMPARE(sides(result.words[i].box), sides(raw.words[i].box));
+            QCOMPARE(result.words[i].baseline, raw.words[i].baseline);
+            QCOMPARE(result.words[i].style.size, raw.words[i].style.size);
         }
-        QCOMPARE(sound.rules.size(), raw.rules.size());
+        QCOMPARE(result.rules.size(), raw.rules.size());
         for (std::size_t i = 0; i < raw.rules.size(); ++i) {
-            QCOMPARE(sound.rules[i].length(), raw.rules[i].length());
-            QCOMPARE(sound.rules[i].width, raw.rules[i].width);
+            QCOMPARE(result.rules[i].length(), raw.rules[i].length());
+            QCOMPARE(result.rules[i].width, raw.rules[i].width);
         }
-        QCOMPARE(sides(sound.fills.front().box), sides(raw.fills.front().box));
-        QCOMPARE(sides(sound.pictures.front().box), sides(raw.pictures.front().box));
-        QCOMPARE(sides(sound.ink.front().box), sides(raw.ink.front().box));
-        QVERIFY(sound.ink.front().frame);
+        QCOMPARE(sides(result.fills.front().box), sides(raw.fills.front().box));
+        QCOMPARE(sides(result.pictures.front().box), sides(raw.pictures.front().box));
+        QCOMPARE(sides(result.ink.front().box), sides(raw.ink.front().box));
+        QVERIFY(result.ink.front().frame);
     }
 
     void givesThePageAnArea_data()
     {
         QTest::addColumn<double>("length");
-        QTest::addColumn<double>("sound");
+        QTest::addColumn<double>("expected");
         QTest::newRow("usual") << 595.0 << 595.0;
         QTest::newRow("none") << 0.0 << 1.0;
         QTest::newRow("negative") << -595.0 << 1.0;
@@ -104,10 +104,10 @@ private Q_SLOTS:
         QFETCH(double, length);
         RawPage wide;
         wide.width = length;
-        QTEST(soundPage(wide).width, "sound");
+        QTEST(sanitised(wide).width, "expected");
         RawPage tall;
         tall.height = length;
-        QTEST(soundPage(tall).height, "sound");
+        QTEST(sanitised(tall).height, "expected");
     }
 
     void keepsWordsWhereverTheyAre_data()
@@ -126,22 +126,22 @@ private Q_SLOTS:
         QFETCH(double, left);
         QFETCH(double, right);
         QFETCH(double, baseline);
-        const RawWord word = soundWord(wordAt({left, 90, right, 102}, baseline));
+        const RawWord word = sanitisedWord(wordAt({left, 90, right, 102}, baseline));
         QCOMPARE(word.text, QStringLiteral("word"));
-        QVERIFY(isSound(word.box));
+        QVERIFY(isValid(word.box));
         QVERIFY(std::abs(word.baseline) <= farthest); // false for NaN
     }
 
     void exchangesTheSidesOfABox()
     {
-        const Box box = soundWord(wordAt({300, 102, 200, 90})).box;
+        const Box box = sanitisedWord(wordAt({300, 102, 200, 90})).box;
         QCOMPARE(sides(box), sides({200, 90, 300, 102}));
     }
 
     void limitsFontSizes_data()
     {
         QTest::addColumn<double>("size");
-        QTest::addColumn<double>("sound");
+        QTest::addColumn<double>("expected");
         QTest::newRow("usual") << 10.0 << 10.0;
         QTest::newRow("none") << 0.0 << 0.01;
         QTest::newRow("negative") << -10.0 << 0.01;
@@ -152,7 +152,7 @@ private Q_SLOTS:
     void limitsFontSizes()
     {
         QFETCH(double, size);
-        QTEST(soundWord(wordAt({0, 0, 10, 10}, 8, size)).style.size, "sound");
+        QTEST(sanitisedWord(wordAt({0, 0, 10, 10}, 8, size)).style.size, "expected");
     }
 
     void dropsWordsWithoutText()
@@ -162,7 +162,7 @@ private Q_SLOTS:
             page.words.push_back(wordAt({0, 0, 10, 10}));
             page.words.back().text = text;
         }
-        page = soundPage(std::move(page));
+        page = sanitised(std::move(page));
         QCOMPARE(page.words.size(), std::size_t(1));
         QCOMPARE(page.words.front().text, QStringLiteral("kept"));
     }
@@ -177,7 +177,7 @@ private Q_SLOTS:
             {200, 70, 10, 70, unknown, black},     // kept: from right to left, of unknown width
             {30, 1e9, 30, 10, -2, black},          // kept: reaches off the page, of negative width
         };
-        page = soundPage(std::move(page));
+        page = sanitised(std::move(page));
         QCOMPARE(page.rules.size(), std::size_t(2));
         QCOMPARE(page.rules[0].x1, 10.0);
         QCOMPARE(page.rules[0].x2, 200.0);
@@ -200,7 +200,7 @@ private Q_SLOTS:
             page.pictures.push_back({box});
             page.ink.push_back({box, false});
         }
-        page = soundPage(std::move(page));
+        page = sanitised(std::move(page));
         QCOMPARE(page.fills.size(), std::size_t(1));
         QCOMPARE(page.pictures.size(), std::size_t(1));
         QCOMPARE(page.ink.size(), std::size_t(1));
@@ -210,5 +210,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(AnalysisSoundPageTest)
-#include "analysis_sound_page_test.moc"
+QTEST_APPLESS_MAIN(AnalysisSanitisedPageTest)
+#include "analysis_sanitised_page_test.moc"
