@@ -77,8 +77,8 @@ QString logicalWord(const QString &drawn)
         return drawn;
     }
     const QList<uint> text = drawn.toUcs4();
-    QList<uint> turned;
-    turned.reserve(text.size());
+    QList<uint> reordered;
+    reordered.reserve(text.size());
     for (int end = static_cast<int>(text.size()); end > 0;) {
         int start = end - 1;
         if (staysLeftToRight(text, start)) {
@@ -86,10 +86,10 @@ QString logicalWord(const QString &drawn)
                 --start;
             }
         }
-        turned.append(text.mid(start, end - start));
+        reordered.append(text.mid(start, end - start));
         end = start;
     }
-    return QString::fromUcs4(reinterpret_cast<const char32_t *>(turned.constData()), turned.size());
+    return QString::fromUcs4(reinterpret_cast<const char32_t *>(reordered.constData()), reordered.size());
 }
 
 QString plainLetters(const QString &text)

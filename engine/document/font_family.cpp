@@ -17,9 +17,9 @@ constexpr auto serif = FontKind::Serif;
 constexpr auto fixedPitch = FontKind::FixedPitch;
 constexpr auto substituted = FontWidths::Substituted;
 constexpr auto measured = FontWidths::Measured;
-constexpr QLatin1String asInFile; // the name is the file's own
+constexpr QLatin1String asInFile; // the name in the file
 
-// The one list of families. A family that stands only for its kind helps to choose the face that replaces it.
+// All families that the engine knows. Some are listed only for their kind, by which a replacement is chosen.
 constexpr std::array families{
     FontFamily{"timesnewroman"_L1, "Times New Roman"_L1, serif, true, measured},
     FontFamily{"times"_L1, "Times New Roman"_L1, serif, true, measured},
@@ -92,7 +92,7 @@ QString keyOf(const QString &name)
     return name.toLower().remove(u' ').remove(u'-');
 }
 
-// The kind of the first listed family whose name stands anywhere in this one, as in "ITC Garamond".
+// The kind of the first family in the list whose name is part of this one, as in "ITC Garamond".
 FontKind kindOfPart(const QString &name)
 {
     const QString key = keyOf(name);
@@ -118,7 +118,7 @@ const FontFamily *findFontFamily(const QString &name)
 
 FontKind fontKindByName(const QString &name)
 {
-    // Words in the names of any family, and the beginnings of names of TeX's faces, which carry no flags.
+    // Words in names of fonts, and the beginnings of names of TeX fonts, which have no flags.
     static const QRegularExpression fixedWord(
         u"mono|courier|consol|typewriter|fixed|cmtt|sftt"_s, QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression sansWord(u"sans|gothic|cmss|sfss"_s, QRegularExpression::CaseInsensitiveOption);

@@ -8,7 +8,7 @@ namespace quorra::model {
 
 namespace {
 
-// That of the first of the largest words: a piece may begin with the mark of a note.
+// The baseline of the first of the largest words, because a piece may begin with a footnote mark.
 double baselineOf(const Line &piece)
 {
     const auto largest = std::max_element(piece.words.begin(), piece.words.end(), [](const Word &a, const Word &b) {

@@ -115,7 +115,7 @@ PageRotation rotationToPage(int rotation, double pageWidth, double pageHeight)
 
 Paragraph uprightParagraph(Paragraph paragraph, double pageWidth, double pageHeight)
 {
-    apply(Turner{{(4 - paragraph.rotation / 90 % 4) % 4, pageWidth, pageHeight}}, paragraph);
+    apply(Rotator{{(4 - paragraph.rotation / 90 % 4) % 4, pageWidth, pageHeight}}, paragraph);
     return paragraph;
 }
 

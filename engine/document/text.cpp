@@ -11,7 +11,7 @@ namespace quorra::model {
 
 namespace {
 
-constexpr double usualSize = 10; // points, where no text tells
+constexpr double usualSize = 10; // points; for paragraphs without text
 
 class RunBuilder
 {
@@ -57,14 +57,14 @@ private:
     const Style *m_style = nullptr;
 };
 
-// The width of a letter; 0 when no word is long enough to tell.
+// The mean width of a character; 0 if no word is long enough for an estimate.
 double letterWidth(const Paragraph &paragraph)
 {
-    constexpr qsizetype longWord = 3;
+    constexpr qsizetype minLength = 3; // characters of a word that is measured
     std::vector<double> widths;
     for (const Line &line : paragraph.lines) {
         for (const Word &word : line.words) {
-            if (word.text.size() >= longWord) {
+            if (word.text.size() >= minLength) {
                 widths.push_back(word.box.width() / static_cast<double>(word.text.size()));
             }
         }
@@ -72,8 +72,8 @@ double letterWidth(const Paragraph &paragraph)
     return median(std::move(widths));
 }
 
-// The left edge of the lines from the first one on that stand below one another: preformatted text that goes on in
-// another column begins there anew.
+// The left edge of the lines from `first` on that are below one another. Preformatted text that continues in another
+// column has another edge there.
 double leftEdge(const std::vector<Line> &lines, std::size_t first)
 {
     double left = lines[first].box.left;
@@ -87,15 +87,15 @@ double leftEdge(const std::vector<Line> &lines, std::size_t first)
 
 std::vector<Run> spacedLine(const Line &line, double left, double width)
 {
-    constexpr qsizetype mostSpaces = 200; // a width that is far off must not fill the memory
+    constexpr qsizetype maxSpaces = 200; // a wrong character width must not exhaust the memory
     std::vector<Run> runs;
     qsizetype column = 0;
     for (std::size_t i = 0; i < line.words.size(); ++i) {
         const Word &word = line.words[i];
         const bool joined = i > 0 && !line.words[i - 1].spaceAfter();
         const auto wanted = static_cast<qsizetype>(std::lround((word.box.left - left) / width));
-        const qsizetype least = i == 0 || joined ? 0 : 1;
-        const qsizetype spaces = joined ? 0 : std::clamp(wanted - column, least, mostSpaces);
+        const qsizetype minSpaces = i == 0 || joined ? 0 : 1;
+        const qsizetype spaces = joined ? 0 : std::clamp(wanted - column, minSpaces, maxSpaces);
         runs.push_back({QString(spaces, QLatin1Char(' ')) + word.text, *word.style, BaselineShift::None, word.link});
         column += spaces + word.text.size();
     }

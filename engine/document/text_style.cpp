@@ -13,7 +13,7 @@ StyleRef::StyleRef()
 
 StyleRef StyleTable::add(const Style &style)
 {
-    // A document has few styles, and text goes on in the one that was added last.
+    // A document has few styles, and text often has the one that was added last.
     const auto known = std::find(m_styles.rbegin(), m_styles.rend(), style);
     return StyleRef(known != m_styles.rend() ? &*known : &m_styles.emplace_back(style));
 }

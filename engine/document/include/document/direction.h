@@ -10,22 +10,22 @@
 
 namespace quorra::model {
 
-/// Whether the text holds a letter of a right-to-left script.
+/// Whether the text contains a letter of a right-to-left script.
 bool hasRightToLeft(const QString &text);
 
 /// Whether most letters with a direction are right-to-left ones; text without letters is left-to-right.
 bool isRightToLeft(const QString &text);
 
-/// Turns a word that stands in drawing order (left to right) into reading order; Latin letters and numbers inside a
-/// right-to-left word keep their order. Other words come back as they are.
+/// Converts a word from drawing order (left to right) to reading order. Latin letters and numbers inside a
+/// right-to-left word keep their order. Other words are returned as they are.
 QString logicalWord(const QString &drawn);
 
-/// Replaces presentation forms (Arabic letter shapes, fi and fl ligatures, full-width signs stay) by plain letters and
-/// drops control characters.
+/// Replaces presentation forms (Arabic letter shapes, ligatures such as fi and fl) by plain letters and removes control
+/// characters. Full-width characters are kept.
 QString plainLetters(const QString &text);
 
-/// Puts the words of one line, sorted from left to right, into reading order for a line of that direction: runs of
-/// words of the other direction are turned as a whole.
+/// Converts the words of a line from left-to-right order to reading order for a line of that direction: sequences of
+/// words of the other direction are reversed as a whole.
 void orderWords(std::vector<Word> &words, bool rightToLeft);
 
 } // namespace quorra::model

@@ -10,34 +10,33 @@ namespace quorra::model {
 
 enum class FontKind { Unknown, SansSerif, Serif, FixedPitch };
 
-/// How wide the letters of a family come out where office documents are made.
+/// What is known about the character widths of a family when LibreOffice exports a document.
 enum class FontWidths {
-    Unknown,     ///< LibreOffice may have to set it in a family of other widths
+    Unknown,     ///< LibreOffice may replace it by a family with other widths
     Substituted, ///< LibreOffice has the family, or another one of the same widths
-    Measured     ///< likewise, and they are those of the common family of its kind, whose widths the engine knows
+    Measured     ///< likewise, and the widths are those of a common family, which the engine knows
 };
 
 /// A font family that is known by name.
 struct FontFamily
 {
-    QLatin1String start; ///< how its names begin: lower case, without spaces and hyphens
-    QLatin1String name;  ///< the name that office programs know it by; empty where that is the file's own
+    QLatin1String start; ///< how names of its fonts begin: in lower case, without spaces and hyphens
+    QLatin1String name;  ///< its name in office programs; empty if that is the name in the file
     FontKind kind = FontKind::Unknown;
-    bool widespread = false; ///< most machines have it, or one that stands in for it letter by letter
+    bool widespread = false; ///< most machines have it or a metrically compatible one
     FontWidths widths = FontWidths::Unknown;
 };
 
-/// The family to which a font of this name belongs, told by the name's beginning: of several the one with the longest
-/// beginning. Null for an unknown one.
+/// Returns the family with the longest `start` that this font name begins with; null if there is none.
 const FontFamily *findFontFamily(const QString &name);
 
-/// What the name of a font or family says about its kind. Many fonts in PDF files carry no flags that tell it.
+/// Returns the kind of a font according to its name, because many fonts in PDF files lack the flags.
 FontKind fontKindByName(const QString &name);
 
-/// The kind of a style's font, as far as the file tells; never Unknown.
+/// Returns the kind of a style's font according to the file; never Unknown.
 FontKind fontKind(const Style &style);
 
-/// Whether it is a numbered face of a typesetting system, such as "CMR10": those exist only inside PDF files.
+/// Whether it is a numbered font of a typesetting system, such as "CMR10", which other programs do not have.
 bool isTypesettingFace(const QString &family);
 
 } // namespace quorra::model

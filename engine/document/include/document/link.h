@@ -6,15 +6,15 @@
 
 namespace quorra::model {
 
-/// Whether a reader may follow the address safely, as told by its scheme: web, file transfer and mail. Others might
-/// start programs or open files on the reader's own machine.
+/// Whether the scheme of the address is safe to follow: web, file transfer and mail. Others might start programs or
+/// open files on the machine of the reader.
 bool isSafeAddress(const QString &address);
 
-/// The text by which Word::link and RawWord::link name a page of the same document: "#page=N", N from 1.
+/// The value of Word::link and RawWord::link for a page of the same document: "#page=N", numbered from 1.
 QString pageLink(int page);
 
-/// The address that a written document holds for Word::link: a safe address as it is, without characters that XML
-/// forbids; a page as the prefix and its number. Empty for an unsafe address, or a page that is no number from 1 on.
+/// The address to write for a Word::link: a safe address without characters that XML forbids; for a page, the prefix
+/// and its number. Empty for an unsafe address or an invalid page number.
 QString linkAddress(const QString &link, QLatin1String pagePrefix);
 
 } // namespace quorra::model

@@ -5,8 +5,8 @@
 
 namespace quorra::model {
 
-/// Moves and stretches a page: x becomes x * scaleX + shiftX. Sizes of type follow the smaller of the two scales, so
-/// that lines still fit.
+/// Moves and scales a page: x becomes x * scaleX + shiftX. Font sizes are multiplied by the smaller of the two scales,
+/// so that lines still fit.
 struct Transform
 {
     double scaleX = 1;
@@ -15,14 +15,14 @@ struct Transform
     double shiftY = 0;
 };
 
-/// The page with all in it moved, its text in styles of that table; its own width and height become those given. The
-/// regions of the file that its figures show stay the same.
+/// Transforms everything on the page and sets its size; scaled styles are added to the table. The regions of the file
+/// that its figures show do not change.
 void transformPage(Page &page, StyleTable &styles, const Transform &transform, double width, double height);
 
 /// Returns whether the pages have the same size; differences below a point are due to rounding.
 bool haveSameSize(const Page &a, const Page &b);
 
-/// Turns all colours of text, lines and backgrounds to gray, or to black and white.
+/// Converts all colours of text, lines and backgrounds to gray, or to black and white.
 void reduceColours(Document &document, ColourDepth depth);
 
 } // namespace quorra::model

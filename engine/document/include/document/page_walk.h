@@ -5,8 +5,8 @@
 
 namespace quorra::model {
 
-/// Calls visit(block) for the blocks of the page in reading order, header and footer left out. The page may be const or
-/// not; so are the blocks.
+/// Calls visit(block) for the blocks of the page in reading order, without header and footer. The blocks are const if
+/// the page is.
 template <typename PageType, typename Visitor>
 void forEachBlock(PageType &page, const Visitor &visit)
 {
@@ -17,8 +17,8 @@ void forEachBlock(PageType &page, const Visitor &visit)
     }
 }
 
-/// Calls visit(paragraph) for the paragraphs of the page, those in tables, the labels of figures, and last the
-/// header and the footer included.
+/// Calls visit(paragraph) for all paragraphs of the page, including those in tables and labels of figures. Header and
+/// footer come last.
 template <typename PageType, typename Visitor>
 void forEachParagraph(PageType &page, const Visitor &visit)
 {

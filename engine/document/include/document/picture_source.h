@@ -7,30 +7,29 @@
 
 namespace quorra::model {
 
-/// A picture as bytes of a file format.
+/// A picture in a file format.
 struct EncodedPicture
 {
-    QByteArray bytes;    ///< empty when the picture cannot be had
+    QByteArray bytes;    ///< empty if there is no picture
     QByteArray mimeType; ///< "image/png" or "image/jpeg"
     int widthPixels = 0;
     int heightPixels = 0;
 };
 
-/// What becomes of the words in a drawing: they are part of its picture, or the writer writes them as text over the
-/// picture.
+/// Whether the words in a drawing are part of its picture, or the writer puts them over it as text.
 enum class DrawingWords { InPicture, Apart };
 
-/// Gives the pixels of figures. Asking page by page is cheap, jumping between pages is not.
+/// Provides the pictures of figures. Requests in order of pages are faster than others.
 class PictureSource
 {
 public:
     virtual ~PictureSource() = default;
 
-    /// The region of the file that the document has for the figure: without the page's text for images, with it for
-    /// pictures of the whole page, as asked for with drawings. A figure that the document does not have gives no bytes.
+    /// Returns the region of the file that the figure shows: without text for images, with text for pictures of whole
+    /// pages, and as requested for drawings. The picture of an unknown figure is empty.
     virtual EncodedPicture encode(const Figure &figure, DrawingWords words) = 0;
 
-    /// All that is drawn on the page except its text. pageNumber counts from 1 in the file.
+    /// Returns everything on the page except its text. Pages are numbered from 1 in the file.
     virtual EncodedPicture background(int pageNumber) = 0;
 };
 

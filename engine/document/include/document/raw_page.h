@@ -11,25 +11,25 @@
 #include <cstddef>
 #include <vector>
 
-// Plain data: what one pass over a page of a PDF file finds. Nothing here knows the PDF library, so that everything
-// built on it can be tried on pages made by hand.
+// What one pass over a page of a PDF file finds, as plain data that does not depend on the PDF library: tests can make
+// pages by hand.
 //
-// All lengths are PDF points (1/72 inch). The origin is the top left corner of the page as it is shown (the page's own
-// rotation is undone), y grows downwards.
+// All lengths are PDF points (1/72 inch). The origin is the top left corner of the page as displayed (its own rotation
+// is already applied), and y grows downwards.
 namespace quorra::model {
 
-/// A word as drawn. The text stands in the order in which it is read (right-to-left words already turned).
+/// A word as drawn. Its text is in reading order, also if it is right-to-left.
 struct RawWord
 {
     QString text;
     Box box;
     double baseline = 0; ///< y of the baseline for upright text, x for text rotated by 90 or 270 degrees
-    int rotation = 0;    ///< 0, 90, 180 or 270: clockwise, against the page
+    int rotation = 0;    ///< 0, 90, 180 or 270 degrees clockwise, relative to the page
     bool spaceAfter = true;
-    bool endsLine = true;  ///< the last word of what the PDF library takes for a line: a hint only
-    std::size_t index = 0; ///< its place in RawPage::words
+    bool endsLine = true;  ///< it is the last word of a line of the PDF library, which is only a hint
+    std::size_t index = 0; ///< in RawPage::words
     Style style;
-    QString link;          ///< an address, or "#page=N" for a place in the same document; empty for none
+    QString link;          ///< an address, or "#page=N" for a page of the same document; empty if there is none
     int content = -1;      ///< the piece of tagged content it is part of: a place in TagTree::contents; -1 for none
     bool artifact = false; ///< the file says that it is no content of the document: a page number, a running title
 };
@@ -59,10 +59,10 @@ struct Fill
 struct Ink
 {
     Box box;
-    bool frame = false; ///< says nothing about what is inside its box: a frame with round corners, a pattern
+    bool frame = false; ///< a frame with rounded corners or a pattern, which says nothing about what is inside its box
 };
 
-/// Where a raster image stands.
+/// The position of a raster image.
 struct RawPicture
 {
     Box box; ///< the visible part
@@ -74,10 +74,10 @@ struct RawPage
     int number = 1; ///< counted from 1 in the file
     double width = 612;
     double height = 792;
-    std::vector<RawWord> words; ///< in the order of the PDF library's own reading order, a hint only
+    std::vector<RawWord> words; ///< in the reading order of the PDF library, which is only a hint
     std::vector<Rule> rules;
     std::vector<Fill> fills;
-    std::vector<RawPicture> pictures; ///< raster images; drawings are found later, from the ink
+    std::vector<RawPicture> pictures; ///< drawings are found later, from the ink
     std::vector<Ink> ink;
     QString label; ///< as printed on the page ("iv"), where the file says so and it is not the number; may be empty
     std::vector<Comment> comments;

@@ -8,7 +8,7 @@
 
 namespace quorra::model {
 
-/// Text of one style, as a writer takes it.
+/// Consecutive text of one style, baseline shift and link.
 struct Run
 {
     QString text;
@@ -17,46 +17,47 @@ struct Run
     QString link;
 };
 
-/// The paragraph's text, cut where its style, baseline shift or link changes. Separators are part of the text before
-/// them: a space, '\n' for a line break, nothing (and no hyphen) inside a word. The mark of a list item is left out.
+/// Splits the text of the paragraph where its style, baseline shift or link changes. Separators belong to the run
+/// before them: a space, '\n' for a line break, nothing inside a word (the hyphen is removed). The mark of a list item
+/// is left out.
 std::vector<Run> runsOf(const Paragraph &paragraph);
 
-/// The words of a line in the same way; spaces between them where the page has them.
+/// The same for the words of a line, with spaces between them as on the page.
 std::vector<Run> runsOf(const Line &line);
 
 /// The text of all paragraphs of a cell in the same way, with nothing between the paragraphs.
 std::vector<Run> runsOf(const Cell &cell);
 
-/// The text of the runs, of the paragraph (without the mark of a list item), or of the line.
+/// The text of the runs, the paragraph (without the mark of a list item), or the line.
 QString plainText(const std::vector<Run> &runs);
 QString plainText(const Paragraph &paragraph);
 QString plainText(const Line &line);
 
-/// Counts the letters and digits of text by their style. Super- and subscripts do not count: they are small.
+/// Counts the letters and digits of text by their style. Super- and subscripts are not counted, because they are small.
 class StyleCount
 {
 public:
     void add(const std::vector<Run> &runs);
 
-    /// The style of most letters and digits, of several the first; the fallback where no text was added.
+    /// The style of most letters and digits, the first one in case of a tie; the fallback if no text was added.
     Style dominant(const Style &fallback = {}) const;
 
 private:
-    std::vector<std::pair<qsizetype, Style>> m_counts; // text has few styles: a search is quicker than a hash
+    std::vector<std::pair<qsizetype, Style>> m_counts; // text has few styles: a linear search is faster than a hash
 };
 
-/// The style that most letters and digits of the text have; the default style without any text.
+/// The style of most letters and digits of the text; the default style if there is no text.
 Style dominantStyle(const std::vector<Run> &runs);
 
-/// The largest size of type in the text, in points; 10 without any text. The mark of a list item does not count.
+/// The largest font size in the text, in points; 10 if there is no text. The mark of a list item is ignored.
 double largestSize(const Line &line);
 double largestSize(const Paragraph &paragraph);
 
-/// The mean size of the paragraph's letters in points; 0 without any.
+/// The mean font size of the characters of the paragraph, in points; 0 if there are none.
 double meanFontSize(const Paragraph &paragraph);
 
-/// The lines of preformatted text, each with the spaces that put every word into the column in which it stands on the
-/// page. The leftmost line begins in the first column. Empty for other text.
+/// The lines of preformatted text, with enough spaces between words to keep their positions on the page. The leftmost
+/// line begins in the first column. Empty for other text.
 std::vector<std::vector<Run>> preformattedLines(const Paragraph &paragraph);
 
 } // namespace quorra::model

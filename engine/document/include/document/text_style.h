@@ -10,10 +10,10 @@
 
 namespace quorra::model {
 
-/// How a piece of text looks.
+/// The appearance of text.
 struct Style
 {
-    QString family;   ///< "Times New Roman", without subset prefix and without Bold, Italic and the like
+    QString family;   ///< "Times New Roman": without subset prefix, weight and slope
     double size = 10; ///< points
     bool bold = false;
     bool italic = false;
@@ -24,7 +24,7 @@ struct Style
     bool operator==(const Style &) const = default;
 };
 
-/// A style of a StyleTable, which must outlive it. By default the style of text that says nothing.
+/// A reference to a style of a StyleTable, which must outlive it. By default it refers to the default style.
 class StyleRef
 {
 public:
@@ -41,7 +41,7 @@ private:
     const Style *m_style;
 };
 
-/// The styles of a document's text, each once. What words refer to stays where it is while the table grows or is moved.
+/// The styles of the text of a document, without duplicates. References stay valid when the table grows or is moved.
 class StyleTable
 {
 public:
@@ -51,10 +51,10 @@ public:
     StyleTable(const StyleTable &) = delete;
     StyleTable &operator=(const StyleTable &) = delete;
 
-    /// The style as an entry of the table.
+    /// Returns the entry for the style, which is added if it is new.
     StyleRef add(const Style &style);
 
-    /// Changes every style: all text that refers to it looks changed.
+    /// Changes every style, and with it all text that refers to it.
     void edit(const std::function<void(Style &)> &change);
 
 private:
