@@ -44,8 +44,8 @@ Converter converterFor(std::string_view extension)
 
 TimeAllowance timeAllowed(const Job &job, double finer)
 {
-    const double share = static_cast<double>(job.pageCount()) / job.document.pageCount();
-    const auto bytes = static_cast<std::uint64_t>(share * static_cast<double>(job.document.fileBytes()));
+    const double share = static_cast<double>(job.pageCount()) / job.file.pageCount();
+    const auto bytes = static_cast<std::uint64_t>(share * static_cast<double>(job.file.fileBytes()));
     return timeAllowance({job.pageCount(), bytes, finer}, timeFactor(std::getenv("QUORRA_TIME_FACTOR")));
 }
 
@@ -72,12 +72,12 @@ void convert(const Options &options)
             ExitStatus::Usage, extension.empty() ? std::string("the output name has no extension")
                                                  : "unknown output extension " + extension);
     }
-    Document document(options.inputPath, options.userPassword, options.ownerPassword);
-    const PageRange range = pageRange(options, document.pageCount());
+    PdfFile file(options.inputPath, options.userPassword, options.ownerPassword);
+    const PageRange range = pageRange(options, file.pageCount());
     // Remove part files left by killed runs.
     const std::size_t slash = options.outputPath.rfind('/');
     sweepPartFiles(slash == std::string::npos ? "." : options.outputPath.substr(0, slash + 1));
-    const Job job{options, document, range.first, range.last};
+    const Job job{options, file, range.first, range.last};
     limitTime(job, finerThanUsual(options));
     converter(job);
     syncFolderOf(options.outputPath);

@@ -28,14 +28,14 @@ QString titleOf(const std::string &path)
 void convertToMarkup(const Job &job, bool xhtml)
 {
     OutputFile file(job.options.outputPath);
-    DocumentCopies copies(job.document);
-    model::Document document = readDocument(job, copies, Collect::Everything);
+    PdfFilePool pool(job.file);
+    model::Document document = readDocument(job, pool, Collect::Everything);
     model::joinContinuations(document, true);
     const PictureQuality quality{
         job.options.colourDepth, static_cast<double>(job.options.horizontalResolution(embeddedResolution)),
         static_cast<double>(job.options.verticalResolution(embeddedResolution))};
-    PagePictureSource drawn(job.document, document, quality, model::DrawingWords::InPicture);
-    PrefetchedPictures pictures(quality, copies, document, drawn);
+    PagePictureSource drawn(job.file, document, quality, model::DrawingWords::InPicture);
+    PrefetchedPictures pictures(quality, pool, document, drawn);
     fitToOptions(document, job.options);
     model::reduceColours(document, job.options.colourDepth);
     OutputDevice device(file);

@@ -3,8 +3,8 @@
 #include "convert/convert.h"
 #include "image/picture_writer.h"
 #include "image/tiff_writer.h"
-#include "pdf/document_copies.h"
 #include "pdf/page_renderer.h"
+#include "pdf/pdf_file_pool.h"
 #include "picture_rules.h"
 #include "platform/worker_pool.h"
 
@@ -44,7 +44,7 @@ Plan makePlan(const Job &job)
     double asked = 0;
     double usual = 0;
     for (int page = job.firstPage; page <= job.lastPage; ++page) {
-        const PageSize points = job.document.pageSize(page);
+        const PageSize points = job.file.pageSize(page);
         const PictureSize size = pictureSize(job.options, page, points.width, points.height);
         asked += static_cast<double>(size.width) * size.height;
         usual += points.width * points.height * pictureResolution * pictureResolution / (pointsPerInch * pointsPerInch);
@@ -112,9 +112,9 @@ void writePageFile(const Plan &plan, PageRenderer &renderer, int position)
     file.commit();
 }
 
-void writePageFiles(const Plan &plan, Document &document, const PageSource &next)
+void writePageFiles(const Plan &plan, PdfFile &file, const PageSource &next)
 {
-    PageRenderer renderer(document, plan.depth);
+    PageRenderer renderer(file, plan.depth);
     while (const int position = next()) {
         writePageFile(plan, renderer, position);
     }
@@ -122,7 +122,7 @@ void writePageFiles(const Plan &plan, Document &document, const PageSource &next
 
 void writeMultipage(const Plan &plan)
 {
-    PageRenderer renderer(plan.job.document, plan.depth);
+    PageRenderer renderer(plan.job.file, plan.depth);
     OutputFile file(pageFilePath(plan.job.options, 1, 1));
     const int count = plan.job.pageCount();
     {
@@ -145,10 +145,10 @@ void convertToImages(const Job &job)
     }
     const int threads = poolSize(job.pageCount(), memoryFor(plan));
     plan.slicePixels = mostPixels / threads;
-    DocumentCopies copies(job.document);
+    PdfFilePool pool(job.file);
     runPool(threads, job.pageCount(), [&](const PageSource &next) {
-        const DocumentCopies::Loan document = copies.borrow();
-        writePageFiles(plan, *document, next);
+        const PdfFilePool::Loan file = pool.borrow();
+        writePageFiles(plan, *file, next);
     });
 }
 

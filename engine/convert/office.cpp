@@ -44,13 +44,13 @@ void convertThroughOffice(
     const TempFolder folder;
     const std::string source = folder.path() + "/document.xml";
     {
-        DocumentCopies copies(job.document);
-        model::Document document = readDocument(job, copies, Collect::Everything);
+        PdfFilePool pool(job.file);
+        model::Document document = readDocument(job, pool, Collect::Everything);
         const Options &options = job.options;
         const PictureQuality quality{
             options.colourDepth, static_cast<double>(options.horizontalResolution(embeddedResolution)),
             static_cast<double>(options.verticalResolution(embeddedResolution))};
-        PagePictureSource pictures(job.document, document, quality, words);
+        PagePictureSource pictures(job.file, document, quality, words);
         fitToOptions(document, options);
         reduceColours(document, options.colourDepth);
         OdfFile file(kind, QString::fromStdString(source));

@@ -13,7 +13,7 @@ constexpr int rasterResolution = 300; // dots per inch
 
 PostScriptForm formOf(const Job &job, int page)
 {
-    const PageSize size = job.document.pageSize(page);
+    const PageSize size = job.file.pageSize(page);
     return {
         job.options.colourDepth == ColourDepth::Colour, job.options.horizontalResolution(rasterResolution),
         paperSize(job.options, size.width, size.height)};
@@ -22,7 +22,7 @@ PostScriptForm formOf(const Job &job, int page)
 void writeEpsFile(const Job &job, int page)
 {
     OutputFile file(pageFilePath(job.options, page - job.firstPage + 1, job.pageCount()));
-    writeEps(job.document, page, formOf(job, page), file);
+    writeEps(job.file, page, formOf(job, page), file);
     file.commit();
 }
 
@@ -37,7 +37,7 @@ void convertToPostScript(const Job &job)
         return;
     }
     OutputFile file(job.options.outputPath);
-    writePostScript(job.document, job.firstPage, job.lastPage, formOf(job, job.firstPage), file);
+    writePostScript(job.file, job.firstPage, job.lastPage, formOf(job, job.firstPage), file);
     file.commit();
 }
 

@@ -8,12 +8,12 @@
 
 namespace quorra {
 
-model::Document readDocument(const Job &job, DocumentCopies &copies, Collect what)
+model::Document readDocument(const Job &job, PdfFilePool &pool, Collect what)
 {
     model::Document document =
-        model::buildDocument(collectPages(copies, job.firstPage, job.pageCount(), what), forEachPage);
+        model::buildDocument(collectPages(pool, job.firstPage, job.pageCount(), what), forEachPage);
     if (what == Collect::Everything) {
-        document.facts = readFileFacts(*copies.borrow());
+        document.facts = readFileFacts(*pool.borrow());
     }
     return document;
 }

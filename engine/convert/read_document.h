@@ -3,13 +3,13 @@
 
 #include "convert/convert.h"
 #include "document/document.h"
-#include "pdf/document_copies.h"
+#include "pdf/pdf_file_pool.h"
 #include "pdf/page_reader.h"
 
 namespace quorra {
 
 /// Reads the pages of the job and builds the document from them, with what the file says about itself unless only its
 /// text is wanted.
-model::Document readDocument(const Job &job, DocumentCopies &copies, Collect what);
+model::Document readDocument(const Job &job, PdfFilePool &pool, Collect what);
 
 } // namespace quorra

@@ -9,8 +9,8 @@ namespace quorra {
 void convertToText(const Job &job)
 {
     OutputFile file(job.options.outputPath);
-    DocumentCopies copies(job.document);
-    const model::Document document = readDocument(job, copies, Collect::TextAndRules);
+    PdfFilePool pool(job.file);
+    const model::Document document = readDocument(job, pool, Collect::TextAndRules);
     for (const model::Page &page : document.pages) {
         const QByteArray text = pageAsText(page).toUtf8();
         file.write({text.constData(), static_cast<std::size_t>(text.size())});

@@ -16,8 +16,8 @@ void convertToXml(const Job &job)
         return;
     }
     OutputFile file(job.options.outputPath);
-    DocumentCopies copies(job.document);
-    model::Document document = readDocument(job, copies, Collect::Everything);
+    PdfFilePool pool(job.file);
+    model::Document document = readDocument(job, pool, Collect::Everything);
     fitToOptions(document, job.options);
     model::reduceColours(document, job.options.colourDepth);
     OutputDevice device(file);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/file_facts.h"
 
-#include "document_handles.h"
 #include "link_target.h"
+#include "pdf_file_handles.h"
 #include "text_string.h"
 
 #include <Link.h>
@@ -153,9 +153,9 @@ private:
 
 } // namespace
 
-model::FileFacts readFileFacts(Document &document)
+model::FileFacts readFileFacts(PdfFile &file)
 {
-    PDFDoc &doc = *document.handles().doc;
+    PDFDoc &doc = *file.handles().doc;
     model::FileFacts facts;
     const Object info = doc.getDocInfo();
     const auto entry = [&info](const char *key) {

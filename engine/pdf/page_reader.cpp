@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/page_reader.h"
 
-#include "document_handles.h"
 #include "marked_content.h"
 #include "page_links.h"
 #include "page_notes.h"
 #include "page_words.h"
 #include "paths.h"
+#include "pdf_file_handles.h"
 #include "platform/page_time.h"
 
 #include <GfxState.h>
@@ -20,8 +20,8 @@ namespace quorra {
 
 namespace {
 
-constexpr double thinnestFill = 3.2;      // points; a filled rectangle that is not thicker is a rule
-constexpr std::size_t mostMarks = 20'000; // a page with more lines is a drawing, not a table
+constexpr double maxRuleWidth = 3.2;     // points; a filled rectangle that is not thicker is a rule
+constexpr std::size_t maxMarks = 20'000; // a page with more lines is a drawing, not a table
 
 Colour colourOf(const GfxRGB &rgb)
 {
@@ -157,7 +157,7 @@ private:
     void forEachSubpath(const GfxState *state, Use use)
     {
         const GfxPath *path = state->getPath();
-        for (int i = 0; i < path->getNumSubpaths() && m_marks < mostMarks; ++i, ++m_marks) {
+        for (int i = 0; i < path->getNumSubpaths() && m_marks < maxMarks; ++i, ++m_marks) {
             if (path->getSubpath(i)->getNumPoints() > 1) {
                 use(path->getSubpath(i));
             }
@@ -173,7 +173,7 @@ private:
             return;
         }
         box = intersected(box, clip);
-        if (width > thinnestFill) { // a thick stroke is a filled rectangle
+        if (width > maxRuleWidth) { // a thick stroke is a filled rectangle
             const double half = width / 2;
             const Box bar = horizontal ? Box{box.left, box.top - half, box.right, box.bottom + half}
                                        : Box{box.left - half, box.top, box.right + half, box.bottom};
@@ -198,7 +198,7 @@ private:
         if (thickness < 0 || state->getFillOpacity() < 0.02 || std::max(box.width(), box.height()) <= 0) {
             return;
         }
-        if (thickness <= thinnestFill) {
+        if (thickness <= maxRuleWidth) {
             addRule(box, box.width() >= box.height(), std::max(0.1, thickness), colour);
         } else {
             m_page.fills.push_back({box, colour});
@@ -229,9 +229,9 @@ private:
             box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x), std::max(box.bottom, y)};
         }
         box = intersected(box, clipBox(state));
-        if (std::min(box.width(), box.height()) > thinnestFill) {
+        if (std::min(box.width(), box.height()) > maxRuleWidth) {
             m_page.pictures.push_back({box});
-        } else if (std::max(box.width(), box.height()) > thinnestFill) {
+        } else if (std::max(box.width(), box.height()) > maxRuleWidth) {
             addRule(box, box.width() >= box.height(), std::min(box.width(), box.height()), black);
         }
     }
@@ -246,26 +246,26 @@ private:
 
 struct PageCollector::State
 {
-    Document &document;
+    PdfFile &file;
     Collect what;
     Collector device;
 };
 
-PageCollector::PageCollector(Document &document, Collect what, const Structure *structure)
-    : m_state(new State{document, what, Collector(what == Collect::Everything, structure)})
+PageCollector::PageCollector(PdfFile &file, Collect what, const Structure *structure)
+    : m_state(new State{file, what, Collector(what == Collect::Everything, structure)})
 {}
 
 PageCollector::~PageCollector() = default;
 
 model::RawPage PageCollector::collect(int pageNumber)
 {
-    auto &[document, what, device] = *m_state;
-    const PageSize size = document.pageSize(pageNumber);
+    auto &[file, what, device] = *m_state;
+    const PageSize size = file.pageSize(pageNumber);
     model::RawPage &page = device.newPage(pageNumber);
     page.number = pageNumber;
     page.width = size.width;
     page.height = size.height;
-    PDFDoc &doc = *document.handles().doc;
+    PDFDoc &doc = *file.handles().doc;
     const PageTime time(pageNumber);
     constexpr double pointsPerInch = 72;
     doc.displayPage(&device, pageNumber, pointsPerInch, pointsPerInch, 0, false, true, false);

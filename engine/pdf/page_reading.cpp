@@ -6,12 +6,12 @@
 namespace quorra {
 
 std::vector<model::RawPage>
-collectPages(DocumentCopies &copies, int firstPage, int pageCount, Collect what, const Structure *structure)
+collectPages(PdfFilePool &pool, int firstPage, int pageCount, Collect what, const Structure *structure)
 {
     std::vector<model::RawPage> pages(static_cast<std::size_t>(pageCount));
     const auto collect = [&](const PageSource &next) {
-        const DocumentCopies::Loan document = copies.borrow();
-        PageCollector collector(*document, what, structure);
+        const PdfFilePool::Loan file = pool.borrow();
+        PageCollector collector(*file, what, structure);
         while (const int position = next()) {
             pages[static_cast<std::size_t>(position) - 1] = collector.collect(firstPage + position - 1);
         }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/page_renderer.h"
 
-#include "document_handles.h"
+#include "pdf_file_handles.h"
 #include "platform/page_time.h"
 
 #include <SplashOutputDev.h>
@@ -58,10 +58,10 @@ private:
     SplashOutputDev m_splash;
 };
 
-PageRenderer::PageRenderer(Document &document, ColourDepth depth)
-    : m_document(document)
+PageRenderer::PageRenderer(PdfFile &file, ColourDepth depth)
+    : m_file(file)
     , m_depth(depth)
-    , m_device(std::make_unique<Device>(document.handles().doc.get(), depth))
+    , m_device(std::make_unique<Device>(file.handles().doc.get(), depth))
 {}
 
 PageRenderer::~PageRenderer() = default;
@@ -70,7 +70,7 @@ Raster PageRenderer::draw(int page, const PictureSize &size, int top, int rows)
 {
     const PageTime time(page);
     SplashOutputDev &splash = m_device->splash();
-    m_document.handles().doc->displayPageSlice(
+    m_file.handles().doc->displayPageSlice(
         &splash, page, size.xres, size.yres, 0, false, false, false, 0, top, size.width, rows);
     const std::shared_ptr<SplashBitmap> bitmap(splash.takeBitmap());
     if (!bitmap || !bitmap->getDataPtr() || bitmap->getWidth() != size.width || bitmap->getHeight() != rows) {

@@ -41,11 +41,11 @@ std::vector<PageOfFigures> pagesWithFigures(const model::Document &document)
 }
 
 /// Peak memory of drawing any of the pages in one thread.
-PoolMemory memoryFor(const Document &document, const PictureQuality &quality, const std::vector<PageOfFigures> &pages)
+PoolMemory memoryFor(const PdfFile &file, const PictureQuality &quality, const std::vector<PageOfFigures> &pages)
 {
     PoolMemory memory;
     for (const PageOfFigures &page : pages) {
-        memory.perThread = std::max(memory.perThread, drawingMemory(document.pageSize(page.number), quality));
+        memory.perThread = std::max(memory.perThread, drawingMemory(file.pageSize(page.number), quality));
     }
     memory.perThread += mostBytes;
     return memory;
@@ -54,21 +54,20 @@ PoolMemory memoryFor(const Document &document, const PictureQuality &quality, co
 } // namespace
 
 PrefetchedPictures::PrefetchedPictures(
-    const PictureQuality &quality, DocumentCopies &copies, const model::Document &document,
-    model::PictureSource &source)
+    const PictureQuality &quality, PdfFilePool &pool, const model::Document &document, model::PictureSource &source)
     : m_source(source)
 {
     const std::vector<PageOfFigures> pages = pagesWithFigures(document);
     const int pageCount = static_cast<int>(pages.size());
     // The pictures of a page are rendered together.
-    const PoolMemory memory = memoryFor(*copies.borrow(), quality, pages);
+    const PoolMemory memory = memoryFor(*pool.borrow(), quality, pages);
     const int threads = std::min(poolSize(static_cast<int>(document.figures.size()), memory), pageCount);
     if (threads <= 1) {
         return;
     }
     std::mutex mutex;
     runPool(threads, pageCount, [&](const PageSource &next) {
-        const DocumentCopies::Loan lent = copies.borrow();
+        const PdfFilePool::Loan lent = pool.borrow();
         PagePictureSource pictures(*lent, document, quality, model::DrawingWords::InPicture);
         std::map<model::FigureId, model::EncodedPicture> drawn;
         qsizetype bytes = 0;

@@ -2,7 +2,7 @@
 #include "pdf/postscript.h"
 
 #include "base/failure.h"
-#include "document_handles.h"
+#include "pdf_file_handles.h"
 #include "platform/output_file.h"
 #include "platform/page_time.h"
 
@@ -46,10 +46,10 @@ struct Sink
 
 /// Appends the pages as one PostScript document.
 void writePages(
-    Document &document, const std::vector<int> &pages, PSOutMode mode, const PostScriptForm &form,
-    const PaperSize &paper, OutputFile &file)
+    PdfFile &pdf, const std::vector<int> &pages, PSOutMode mode, const PostScriptForm &form, const PaperSize &paper,
+    OutputFile &file)
 {
-    PDFDoc *const doc = document.handles().doc.get();
+    PDFDoc *const doc = pdf.handles().doc.get();
     // PostScript Level 1 has no colour.
     const PSLevel level = form.colour ? psLevel2 : psLevel1;
     Sink sink{file};
@@ -75,42 +75,42 @@ void writePages(
 }
 
 /// Embeds the page, which is an EPS document, in one that scales it to the paper.
-void writeScaledEps(Document &document, int page, const PostScriptForm &form, const PaperSize &paper, OutputFile &file)
+void writeScaledEps(PdfFile &pdf, int page, const PostScriptForm &form, const PaperSize &paper, OutputFile &file)
 {
-    PDFDoc &doc = *document.handles().doc;
+    PDFDoc &doc = *pdf.handles().doc;
     const PDFRectangle *const box = doc.getPage(page) ? doc.getPage(page)->getCropBox() : nullptr;
-    const PageSize size = document.pageSize(page);
+    const PageSize size = pdf.pageSize(page);
     const std::string width = std::to_string(paper.width);
     const std::string height = std::to_string(paper.height);
     file.write("%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 " + width + " " + height + "\n%%EndComments\n");
     file.write("save /showpage {} def\n");
     file.write(
         std::to_string(paper.width / size.width) + " " + std::to_string(paper.height / size.height) + " scale\n");
-    if (box && document.rotation(page) == 0) {
+    if (box && pdf.rotation(page) == 0) {
         file.write(
             std::to_string(-std::min(box->x1, box->x2)) + " " + std::to_string(-std::min(box->y1, box->y2)) +
             " translate\n");
     }
     file.write("%%BeginDocument: page\n");
-    writePages(document, {page}, psModeEPS, form, ownSize, file);
+    writePages(pdf, {page}, psModeEPS, form, ownSize, file);
     file.write("%%EndDocument\nrestore showpage\n%%EOF\n");
 }
 
 } // namespace
 
-void writePostScript(Document &document, int firstPage, int lastPage, const PostScriptForm &form, OutputFile &file)
+void writePostScript(PdfFile &pdf, int firstPage, int lastPage, const PostScriptForm &form, OutputFile &file)
 {
     std::vector<int> pages(static_cast<std::size_t>(lastPage - firstPage + 1));
     std::iota(pages.begin(), pages.end(), firstPage);
-    writePages(document, pages, psModePS, form, form.paper.value_or(ownSize), file);
+    writePages(pdf, pages, psModePS, form, form.paper.value_or(ownSize), file);
 }
 
-void writeEps(Document &document, int page, const PostScriptForm &form, OutputFile &file)
+void writeEps(PdfFile &pdf, int page, const PostScriptForm &form, OutputFile &file)
 {
     if (form.paper) {
-        writeScaledEps(document, page, form, *form.paper, file);
+        writeScaledEps(pdf, page, form, *form.paper, file);
     } else {
-        writePages(document, {page}, psModeEPS, form, ownSize, file);
+        writePages(pdf, {page}, psModeEPS, form, ownSize, file);
     }
 }
 

@@ -2,8 +2,8 @@
 #include "pdf/region_renderer.h"
 
 #include "document/page_walk.h"
-#include "document_handles.h"
 #include "image/encode_picture.h"
+#include "pdf_file_handles.h"
 #include "platform/page_time.h"
 
 #include <SplashOutputDev.h>
@@ -124,8 +124,8 @@ struct PagePictureSource::Painters
 };
 
 PagePictureSource::PagePictureSource(
-    Document &file, const model::Document &document, const PictureQuality &quality, model::DrawingWords words)
-    : m_document(file)
+    PdfFile &file, const model::Document &document, const PictureQuality &quality, model::DrawingWords words)
+    : m_file(file)
     , m_figures(document.figures)
     , m_quality(quality)
     , m_painters(std::make_unique<Painters>())
@@ -182,13 +182,13 @@ void PagePictureSource::makeRoom(int page, bool withText, double pixels)
 void PagePictureSource::draw(int page, bool withText, const Box &area)
 {
     auto &painter = withText ? m_painters->withText : m_painters->withoutText;
-    PDFDoc *doc = m_document.handles().doc.get();
+    PDFDoc *doc = m_file.handles().doc.get();
     if (!painter) {
         painter = std::make_unique<Painter>(m_quality.depth, withText);
         painter->startDoc(doc);
     }
     const PageTime time(page);
-    const PageSize size = m_document.pageSize(page);
+    const PageSize size = m_file.pageSize(page);
     const double pixels = pixelsOf(size, m_quality);
     const double shrink = pixels > mostPixels ? std::sqrt(mostPixels / pixels) : 1;
     Drawn drawn{page, area, m_quality.xres * shrink, m_quality.yres * shrink, 0, 0, nullptr};

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/structure.h"
 
-#include "document_handles.h"
+#include "pdf_file_handles.h"
 #include "text_string.h"
 
 #include <Catalog.h>
@@ -293,9 +293,9 @@ private:
     Structure m_structure;
 };
 
-Structure readStructure(Document &document, int firstPage, int pageCount)
+Structure readStructure(PdfFile &file, int firstPage, int pageCount)
 {
-    return StructureReader(*document.handles().doc, firstPage, pageCount).read();
+    return StructureReader(*file.handles().doc, firstPage, pageCount).read();
 }
 
 } // namespace quorra

@@ -71,7 +71,7 @@ private Q_SLOTS:
     void makesTheColourProfilesWhenADocumentIsOpened()
     {
         QVERIFY(!GfxState::sRGBProfile);
-        const Document document(sample(), {}, {});
+        const PdfFile document(sample(), {}, {});
         QVERIFY(GfxState::sRGBProfile);
     }
 
@@ -87,7 +87,7 @@ private Q_SLOTS:
     {
         QFETCH(DrawingWords, words);
         QFETCH(int, drawings);
-        Document file(sample(), {}, {});
+        PdfFile file(sample(), {}, {});
         const model::Document all = fourFigures();
         PagePictureSource source(file, all, coarse, words);
         for (const model::Block &block : all.pages[0].sections[0].blocks) {
@@ -106,7 +106,7 @@ private Q_SLOTS:
     // What a figure shows is a matter of its id, wherever its page was moved to meanwhile.
     void drawsTheSameRegionAfterThePageWasScaled()
     {
-        Document file(sample(), {}, {});
+        PdfFile file(sample(), {}, {});
         model::Document document = fourFigures();
         PagePictureSource source(file, document, coarse, DrawingWords::InPicture);
         const QByteArray before = source.encode(figureAt(document, 0, 2), DrawingWords::InPicture).bytes;
@@ -121,7 +121,7 @@ private Q_SLOTS:
 
     void hasNoBytesForAFigureOfNoDocument()
     {
-        Document file(sample(), {}, {});
+        PdfFile file(sample(), {}, {});
         PagePictureSource source(file, fourFigures(), coarse, DrawingWords::InPicture);
         model::Figure unknown;
         unknown.id = model::FigureId{4};
@@ -130,12 +130,12 @@ private Q_SLOTS:
 
     void prefetchesEveryFigureAsTheSourceDrawsIt()
     {
-        Document file(sample(), {}, {});
-        DocumentCopies copies(file);
+        PdfFile file(sample(), {}, {});
+        PdfFilePool pool(file);
         const model::Document document = fourFigures();
-        Document other(sample(), {}, {});
+        PdfFile other(sample(), {}, {});
         PagePictureSource source(other, document, coarse, DrawingWords::InPicture);
-        PrefetchedPictures pictures(coarse, copies, document, source);
+        PrefetchedPictures pictures(coarse, pool, document, source);
         for (const DrawingWords words : {DrawingWords::InPicture, DrawingWords::Apart}) {
             for (std::size_t i = 0; i < document.figures.size(); ++i) {
                 const model::Figure &figure = figureAt(document, 0, i);
@@ -146,7 +146,7 @@ private Q_SLOTS:
 
     void drawsAPageAgainAfterAnother()
     {
-        Document file(QUORRA_SAMPLES "/report.pdf", {}, {});
+        PdfFile file(QUORRA_SAMPLES "/report.pdf", {}, {});
         model::Document document;
         addPage(document, 2);
         addFigure(document, {72, 72, 172, 172}, FigureKind::Drawing);

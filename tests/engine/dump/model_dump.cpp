@@ -64,14 +64,14 @@ Request parse(const std::vector<std::string> &arguments)
 
 void show(const Request &request)
 {
-    Document document(request.options.inputPath, request.options.userPassword, request.options.ownerPassword);
-    const int count = document.pageCount();
+    PdfFile file(request.options.inputPath, request.options.userPassword, request.options.ownerPassword);
+    const int count = file.pageCount();
     if (request.page > count) {
         throw Failure(ExitStatus::Usage, "the file has " + std::to_string(count) + " pages");
     }
-    DocumentCopies copies(document);
+    PdfFilePool pool(file);
     const int first = request.page == 0 ? 1 : request.page;
-    std::vector<model::RawPage> pages = collectPages(copies, first, request.page == 0 ? count : 1, Collect::Everything);
+    std::vector<model::RawPage> pages = collectPages(pool, first, request.page == 0 ? count : 1, Collect::Everything);
     if (request.raw) {
         for (const model::RawPage &page : pages) {
             test::dumpRaw(page, std::cout);

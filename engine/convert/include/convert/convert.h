@@ -2,19 +2,19 @@
 #pragma once
 
 #include "cli/options.h"
-#include "pdf/document.h"
+#include "pdf/pdf_file.h"
 #include "platform/time_allowance.h"
 
 #include <string_view>
 
 namespace quorra {
 
-/// A conversion of the pages `firstPage` to `lastPage` (numbered from 1, inclusive, both in the document) of an open
-/// document.
+/// A conversion of the pages `firstPage` to `lastPage` (numbered from 1, inclusive, both in the file) of an open
+/// file.
 struct Job
 {
     const Options &options;
-    Document &document;
+    PdfFile &file;
     int firstPage;
     int lastPage;
 

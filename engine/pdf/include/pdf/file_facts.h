@@ -2,11 +2,11 @@
 #pragma once
 
 #include "document/file_facts.h"
-#include "pdf/document.h"
+#include "pdf/pdf_file.h"
 
 namespace quorra {
 
 /// Reads what the file says about itself. What is broken or has no end is left out.
-model::FileFacts readFileFacts(Document &document);
+model::FileFacts readFileFacts(PdfFile &file);
 
 } // namespace quorra

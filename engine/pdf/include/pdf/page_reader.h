@@ -2,7 +2,7 @@
 #pragma once
 
 #include "document/raw_page.h"
-#include "pdf/document.h"
+#include "pdf/pdf_file.h"
 #include "pdf/structure.h"
 
 #include <memory>
@@ -13,11 +13,11 @@ namespace quorra {
 enum class Collect { TextAndRules, Everything };
 
 /// Reads the contents of pages, each in one pass. Use one object for many pages: the PDF library caches their colours.
-/// The document and the structure, by which text is told what it belongs to, must outlive it.
+/// The file and the structure, by which text is told what it belongs to, must outlive it.
 class PageCollector
 {
 public:
-    PageCollector(Document &document, Collect what, const Structure *structure = nullptr);
+    PageCollector(PdfFile &file, Collect what, const Structure *structure = nullptr);
     ~PageCollector();
     PageCollector(const PageCollector &) = delete;
     PageCollector &operator=(const PageCollector &) = delete;

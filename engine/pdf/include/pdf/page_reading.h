@@ -2,16 +2,16 @@
 #pragma once
 
 #include "document/raw_page.h"
-#include "pdf/document_copies.h"
 #include "pdf/page_reader.h"
+#include "pdf/pdf_file_pool.h"
 
 #include <vector>
 
 namespace quorra {
 
-/// Reads `pageCount` pages, starting with `firstPage` (numbered from 1); all must be in the document. If there are many
+/// Reads `pageCount` pages, starting with `firstPage` (numbered from 1); all must be in the file. If there are many
 /// pages, several threads read them. The structure, if there is one, tells what the text belongs to.
 std::vector<model::RawPage>
-collectPages(DocumentCopies &copies, int firstPage, int pageCount, Collect what, const Structure *structure = nullptr);
+collectPages(PdfFilePool &pool, int firstPage, int pageCount, Collect what, const Structure *structure = nullptr);
 
 } // namespace quorra

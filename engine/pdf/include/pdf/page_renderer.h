@@ -3,18 +3,18 @@
 
 #include "image/picture_size.h"
 #include "image/raster.h"
-#include "pdf/document.h"
+#include "pdf/pdf_file.h"
 
 #include <memory>
 
 namespace quorra {
 
-/// Renders pages. Several threads can render in parallel, each with its own document and renderer.
+/// Renders pages. Several threads can render in parallel, each with its own PdfFile and renderer.
 class PageRenderer
 {
 public:
-    /// The document must outlive the renderer.
-    PageRenderer(Document &document, ColourDepth depth);
+    /// The file must outlive the renderer.
+    PageRenderer(PdfFile &file, ColourDepth depth);
     ~PageRenderer();
     PageRenderer(const PageRenderer &) = delete;
     PageRenderer &operator=(const PageRenderer &) = delete;
@@ -25,7 +25,7 @@ public:
 private:
     class Device;
 
-    Document &m_document;
+    PdfFile &m_file;
     ColourDepth m_depth;
     std::unique_ptr<Device> m_device;
 };

@@ -3,7 +3,7 @@
 
 #include "document/document.h"
 #include "document/picture_source.h"
-#include "pdf/document_copies.h"
+#include "pdf/pdf_file_pool.h"
 #include "pdf/region_renderer.h"
 
 #include <map>
@@ -17,7 +17,7 @@ public:
     /// Renders the figures of the document, with the words in drawings as part of them. If there are only a few, they
     /// are left to the other source, which must outlive this one.
     PrefetchedPictures(
-        const PictureQuality &quality, DocumentCopies &copies, const model::Document &document,
+        const PictureQuality &quality, PdfFilePool &pool, const model::Document &document,
         model::PictureSource &source);
 
     model::EncodedPicture encode(const model::Figure &figure, model::DrawingWords words) override;

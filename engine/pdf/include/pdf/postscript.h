@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/paper_size.h"
-#include "pdf/document.h"
+#include "pdf/pdf_file.h"
 
 #include <optional>
 
@@ -19,9 +19,9 @@ struct PostScriptForm
 };
 
 /// Writes pages `firstPage` to `lastPage`, inclusive, to a PostScript file. Throws Failure.
-void writePostScript(Document &document, int firstPage, int lastPage, const PostScriptForm &form, OutputFile &file);
+void writePostScript(PdfFile &pdf, int firstPage, int lastPage, const PostScriptForm &form, OutputFile &file);
 
 /// Writes one page as Encapsulated PostScript, scaled to the paper if one is given. Throws Failure.
-void writeEps(Document &document, int page, const PostScriptForm &form, OutputFile &file);
+void writeEps(PdfFile &pdf, int page, const PostScriptForm &form, OutputFile &file);
 
 } // namespace quorra

@@ -4,7 +4,7 @@
 #include "base/colour.h"
 #include "document/document.h"
 #include "document/picture_source.h"
-#include "pdf/document.h"
+#include "pdf/pdf_file.h"
 
 #include <array>
 #include <cstdint>
@@ -32,7 +32,7 @@ public:
     /// document may be changed. The figures of a page are rendered together if drawings are requested with `words` as
     /// given here.
     PagePictureSource(
-        Document &file, const model::Document &document, const PictureQuality &quality, model::DrawingWords words);
+        PdfFile &file, const model::Document &document, const PictureQuality &quality, model::DrawingWords words);
     ~PagePictureSource() override;
 
     model::EncodedPicture encode(const model::Figure &figure, model::DrawingWords words) override;
@@ -52,7 +52,7 @@ private:
     void draw(int page, bool withText, const Box &area);
     model::EncodedPicture cut(bool withText, const Box &box) const;
 
-    Document &m_document;
+    PdfFile &m_file;
     std::vector<model::FigureRegion> m_figures;
     PictureQuality m_quality;
     std::map<std::pair<int, bool>, Box> m_expected; ///< by page, and whether its text is rendered

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "document/tags.h"
-#include "pdf/document.h"
+#include "pdf/pdf_file.h"
 
 #include <cstdint>
 #include <unordered_map>
@@ -31,6 +31,6 @@ private:
 /// Reads the structure tree; the content of pages outside of the range is left out. Returns an empty one for a file
 /// without tags, and for one whose tree is not sound: with elements inside themselves, nested too deeply, or more of
 /// them than any real document has.
-Structure readStructure(Document &document, int firstPage, int pageCount);
+Structure readStructure(PdfFile &file, int firstPage, int pageCount);
 
 } // namespace quorra

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "pdf/document.h"
+#include "pdf/pdf_file.h"
 
 #include "base/failure.h"
-#include "document_handles.h"
 #include "passwords.h"
+#include "pdf_file_handles.h"
 
 #include <ErrorCodes.h>
 #include <GfxState.h>
@@ -40,7 +40,7 @@ std::unique_ptr<PDFDoc> load(const std::string &path, const PasswordPair &passwo
 }
 
 /// The library creates its static colour profiles with the first graphics state, without a lock: two threads that draw
-/// their first page at the same time would both create them. A document is always opened before threads draw.
+/// their first page at the same time would both create them. A file is always opened before threads draw.
 void makeColourProfiles()
 {
     [[maybe_unused]] static const bool made = [] {
@@ -58,8 +58,8 @@ bool conversionAllowed(const PDFDoc &)
 
 } // namespace
 
-Document::Document(const std::string &path, const std::string &userPassword, const std::string &ownerPassword)
-    : m_handles(std::make_unique<DocumentHandles>(&dropMessage))
+PdfFile::PdfFile(const std::string &path, const std::string &userPassword, const std::string &ownerPassword)
+    : m_handles(std::make_unique<PdfFileHandles>(&dropMessage))
 {
     makeColourProfiles();
     for (const PasswordPair &passwords : passwordsToTry(userPassword, ownerPassword)) {
@@ -82,25 +82,25 @@ Document::Document(const std::string &path, const std::string &userPassword, con
     m_handles->path = path;
 }
 
-Document::~Document() = default;
+PdfFile::~PdfFile() = default;
 
-std::unique_ptr<Document> Document::openAgain() const
+std::unique_ptr<PdfFile> PdfFile::openAgain() const
 {
     const PasswordPair &passwords = m_handles->passwords;
-    return std::make_unique<Document>(m_handles->path, passwords.user, passwords.owner);
+    return std::make_unique<PdfFile>(m_handles->path, passwords.user, passwords.owner);
 }
 
-int Document::pageCount() const
+int PdfFile::pageCount() const
 {
     return m_handles->doc->getNumPages();
 }
 
-std::uint64_t Document::fileBytes() const
+std::uint64_t PdfFile::fileBytes() const
 {
     return static_cast<std::uint64_t>(std::max<Goffset>(0, m_handles->doc->getBaseStream()->getLength()));
 }
 
-PageSize Document::pageSize(int page) const
+PageSize PdfFile::pageSize(int page) const
 {
     PDFDoc &doc = *m_handles->doc;
     PageSize size{doc.getPageCropWidth(page), doc.getPageCropHeight(page)};
@@ -113,7 +113,7 @@ PageSize Document::pageSize(int page) const
     return size;
 }
 
-int Document::rotation(int page) const
+int PdfFile::rotation(int page) const
 {
     return m_handles->doc->getPageRotate(page);
 }

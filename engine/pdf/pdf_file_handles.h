@@ -11,15 +11,15 @@
 
 namespace quorra {
 
-/// The PDF library's private objects of one Document. Only sources in engine/pdf include this header.
-struct DocumentHandles
+/// The PDF library's private objects of one PdfFile. Only sources in engine/pdf include this header.
+struct PdfFileHandles
 {
     std::string path;
     PasswordPair passwords;     ///< the pair that opened the file
-    GlobalParamsIniter globals; ///< the library's process-wide state lives as long as any document
+    GlobalParamsIniter globals; ///< the library's process-wide state lives as long as any PdfFile
     std::unique_ptr<PDFDoc> doc;
 
-    explicit DocumentHandles(ErrorCallback onError) : globals(onError) {}
+    explicit PdfFileHandles(ErrorCallback onError) : globals(onError) {}
 };
 
 } // namespace quorra

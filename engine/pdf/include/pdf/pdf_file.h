@@ -7,7 +7,7 @@
 
 namespace quorra {
 
-struct DocumentHandles;
+struct PdfFileHandles;
 
 /// Width and height in points, 1/72 inch.
 struct PageSize
@@ -16,19 +16,19 @@ struct PageSize
     double height = 0;
 };
 
-/// An open PDF file. The library's types are hidden behind document_handles.h. Not thread-safe: each thread opens its
+/// An open PDF file. The library's types are hidden behind pdf_file_handles.h. Not thread-safe: each thread opens its
 /// own.
-class Document
+class PdfFile
 {
 public:
     /// Opens the file with the passwords as given, then swapped. Throws Failure(CannotOpen) or Failure(Password).
-    Document(const std::string &path, const std::string &userPassword, const std::string &ownerPassword);
-    ~Document();
-    Document(const Document &) = delete;
-    Document &operator=(const Document &) = delete;
+    PdfFile(const std::string &path, const std::string &userPassword, const std::string &ownerPassword);
+    ~PdfFile();
+    PdfFile(const PdfFile &) = delete;
+    PdfFile &operator=(const PdfFile &) = delete;
 
     /// Opens the same file again, for another thread. Throws like the constructor.
-    std::unique_ptr<Document> openAgain() const;
+    std::unique_ptr<PdfFile> openAgain() const;
 
     int pageCount() const;
 
@@ -43,11 +43,11 @@ public:
     int rotation(int page) const;
 
     /// For source files that work with the library's types.
-    DocumentHandles &handles() { return *m_handles; }
-    const DocumentHandles &handles() const { return *m_handles; }
+    PdfFileHandles &handles() { return *m_handles; }
+    const PdfFileHandles &handles() const { return *m_handles; }
 
 private:
-    std::unique_ptr<DocumentHandles> m_handles;
+    std::unique_ptr<PdfFileHandles> m_handles;
 };
 
 } // namespace quorra
