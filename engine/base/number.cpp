@@ -87,7 +87,7 @@ std::optional<Digits> splitDigits(const QString &text, NumberStyle style)
         return std::nullopt;
     }
     Digits digits{match.captured(u"whole"_s), match.captured(u"fraction"_s)};
-    const auto isSeparator = [](QChar sign) { return !sign.isDigit(); };
+    const auto isSeparator = [](QChar c) { return !c.isDigit(); };
     digits.grouped = std::any_of(digits.whole.cbegin(), digits.whole.cend(), isSeparator);
     digits.whole.removeIf(isSeparator);
     if (digits.whole.isEmpty() && digits.fraction.isEmpty()) {

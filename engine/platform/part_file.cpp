@@ -104,17 +104,17 @@ bool ownerIsGone(const std::string &name, const std::string &prefix)
 
 void sweepPartFiles(const std::string &folder)
 {
-    DIR *const listing = opendir(folder.c_str());
-    if (!listing) {
+    DIR *const directory = opendir(folder.c_str());
+    if (!directory) {
         return;
     }
-    while (const dirent *entry = readdir(listing)) {
+    while (const dirent *entry = readdir(directory)) {
         const std::string name = entry->d_name;
         if (endsWith(name, partSuffix) && ownerIsGone(name, partPrefix)) {
             removeIfUnlocked(std::string(folder).append("/").append(name));
         }
     }
-    closedir(listing);
+    closedir(directory);
 }
 
 } // namespace quorra
