@@ -49,7 +49,7 @@ Box shownBox(const Page &page, double x1, double y1, double x2, double y2)
     const double width = crop->x2 - crop->x1;
     const double height = crop->y2 - crop->y1;
     const Box flat{x1 - crop->x1, crop->y2 - y2, x2 - crop->x1, crop->y2 - y1};
-    return model::Turn{page.getRotate() / 90, width, height}.box(flat);
+    return model::PageRotation{page.getRotate() / 90, width, height}.box(flat);
 }
 
 } // namespace quorra
