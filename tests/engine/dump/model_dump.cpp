@@ -79,7 +79,7 @@ void show(const Request &request)
         return;
     }
     model::Document found = model::buildDocument(std::move(pages), forEachPage);
-    found.facts = readFileFacts(document);
+    found.facts = readFileFacts(file);
     test::dump(found, std::cout);
 }
 
