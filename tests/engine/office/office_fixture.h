@@ -91,7 +91,9 @@ inline model::Page page(std::vector<Box> columns = {{72, 72, 540, 720}})
 
 inline model::Document document(std::vector<model::Page> pages)
 {
-    return {{}, std::move(pages), {}};
+    model::Document made;
+    made.pages = std::move(pages);
+    return made;
 }
 
 /// A ruled table with these texts, row by row, and cells of 100 x 20 points.
