@@ -163,8 +163,9 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
             words.push_back(&word);
         }
     }
-    const Rulings rulings = mergeRules(raw.rules);
-    std::vector<TableWords> tables = findRuledTables(rulings, words);
+    const Rulings rulings = mergeRules(raw.rules, raw.fills);
+    const Rulings dividers = withFillEdges(rulings, raw.fills);
+    std::vector<TableWords> tables = findRuledTables(rulings, dividers, words);
     const auto drawn = [&raw](const TableWords &table) { return isPlot(table.table, raw.ink); };
     tables.erase(std::remove_if(tables.begin(), tables.end(), drawn), tables.end());
     std::vector<Box> tableBoxes;
@@ -201,7 +202,7 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
     for (const FoundFigure &figure : figures.backgrounds) {
         page.sections.push_back({{figure.box}, figureBlocks(figure, styles)});
     }
-    const ColumnBuilder builder(raw, rulings, std::move(tables), figures, styles);
+    const ColumnBuilder builder(raw, dividers, std::move(tables), figures, styles);
     for (Section &section : sectionsOf(segmentPage(std::move(items)), builder)) {
         page.sections.push_back(std::move(section));
     }

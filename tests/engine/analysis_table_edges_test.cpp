@@ -4,7 +4,9 @@
 
 #include "analysis/tables/cell_columns.h"
 #include "analysis/tables/column_alignment.h"
+#include "analysis/tables/grid_columns.h"
 #include "analysis/tables/lattice.h"
+#include "analysis/tables/leaders.h"
 #include "analysis/tables/ruled_table.h"
 #include "analysis/tables/rulings.h"
 #include "analysis/tables/table_content.h"
@@ -78,7 +80,7 @@ Rulings grid()
 
 std::vector<TableWords> tablesIn(const Rulings &rules, Words words)
 {
-    std::vector<TableWords> found = findRuledTables(rules, refs(words));
+    std::vector<TableWords> found = findRuledTables(rules, rules, refs(words));
     for (TableWords &table : found) {
         table.words.clear(); // they do not outlive this function
     }
@@ -145,16 +147,6 @@ std::vector<Edge> ruledTableEdges()
                 Rulings rules = grid();
                 rules.vertical[1] = down(100, 0, 20 + share * 20); // closes the lower cells or not
                 return cellCount(rules) == 4;
-            }),
-        minimum(
-            "gap between texts in a frame", thresholds.minFrameGap,
-            [](double gap) {
-                const Rulings frame{
-                    {across(0, 0, 200), across(40, 0, 200)}, {down(0, 0, 40), down(150, 0, 40), down(200, 0, 40)}};
-                return tablesIn(
-                           frame, {word(text, 10, 30, 15), word(text, 40 + gap * em, 30, 15), word(text, 10, 30, 35),
-                                   word(text, 40 + gap * em, 30, 35), word(text, 160, 30, 15)})
-                    .empty();
             }),
     };
 }
@@ -338,7 +330,7 @@ Words rowsWithNumbers(int rows, double gap = 5, double step = 14)
 std::vector<std::pair<int, int>> sizesOfTables(Words words, const std::vector<Rule> &rules = {})
 {
     std::vector<std::pair<int, int>> sizes;
-    for (const UnruledTable &table : findUnruledTables(textLinesOf(refs(words)), rules)) {
+    for (const UnruledTable &table : findUnruledTables(textLinesOf(refs(words)), {rules, {}})) {
         sizes.emplace_back(table.found.table.rows(), table.found.table.columns());
     }
     return sizes;
@@ -369,10 +361,10 @@ std::vector<Edge> unruledTableEdges()
     const auto &grids = textGrid::thresholds;
     return {
         minimum(
-            "gap between cells", grids.minCellGap,
+            "gap between cells", gridColumns::thresholds.minCellGap,
             [](double gap) { return isUnruledTable(rowsWithNumbers(usualRows, gap)); }),
         maximum(
-            "distance of rows", thresholds.maxRowStep,
+            "distance of rows that line up", thresholds.maxAlignedStep,
             [](double step) { return isUnruledTable(rowsWithNumbers(usualRows, 5, step * em)); }),
         maximum(
             "distance of rows at a rule", thresholds.maxRuledStep,
@@ -417,15 +409,15 @@ std::vector<Edge> unruledTableEdges()
             [](double count) {
                 Words words = rowsWithNumbers(6);
                 for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-                    words[3 * i].text = QStringLiteral("......");
+                    words[3 * i + 1].text = QStringLiteral("......");
                 }
                 return isUnruledTable(std::move(words));
             }),
         fewest(
-            "dots of a leader", static_cast<std::size_t>(thresholds.minLeaderDots),
+            "dots of a leader", static_cast<std::size_t>(leaders::thresholds.minDots),
             [](double count) {
                 Words words = rowsWithNumbers(usualRows);
-                for (std::size_t i = 0; i < words.size(); i += 3) {
+                for (std::size_t i = 1; i < words.size(); i += 3) {
                     words[i].text = QString(static_cast<int>(count), QLatin1Char('.'));
                 }
                 return !isUnruledTable(std::move(words));
@@ -433,7 +425,7 @@ std::vector<Edge> unruledTableEdges()
         maximum(
             "length of the rule under a heading", grids.minFullRule,
             [](double share) {
-                Words words{word(text, 80, 40, 86)};
+                Words words{word(text, 20, 40, 86)};
                 for (const RawWord &each : rowsWithNumbers(usualRows)) {
                     words.push_back(each);
                 }

@@ -28,7 +28,7 @@ private Q_SLOTS:
             for (const RawWord &word : page.raw().words) {
                 all.push_back(&word);
             }
-            return findUnruledTables(textLinesOf(std::move(all)), lines);
+            return findUnruledTables(textLinesOf(std::move(all)), {lines, {}});
         };
         QVERIFY(tables().empty());
         lines.push_back({55, 189, 480, 189, 0.5, black});
@@ -77,7 +77,7 @@ private Q_SLOTS:
         QCOMPARE(cellAt(*table, 1, 1)->bottom.width, 0.0);
     }
 
-    void titleOverTheTableIsOneCell()
+    void titleOverTheTableIsText()
     {
         PageMaker page = plainTable();
         page.text(60, 172, QStringLiteral("Table 1."));
@@ -87,11 +87,93 @@ private Q_SLOTS:
         const Document document = page.build();
         const Table *table = firstTable(document);
         QVERIFY(table);
-        const Cell *title = cellAt(*table, 0, 0);
-        QCOMPARE(title->columnSpan, 3);
-        QVERIFY(cellText(*table, 0, 0).endsWith(QStringLiteral("since the year")));
-        QCOMPARE(cellText(*table, 1, 0), QStringLiteral("Year"));
+        QCOMPARE(cellText(*table, 0, 0), QStringLiteral("Year"));
+        QCOMPARE(table->rows(), 4);
+        QVERIFY(paragraphTexts(document).front().endsWith(QStringLiteral("since the year")));
+    }
+
+    void gapsOfMostRowsAreColumns()
+    {
+        PageMaker page = plainTable();
+        for (int row = 4; row < 10; ++row) {
+            page.text(60, 200 + 14 * row, QStringLiteral("Region"));
+            page.text(200, 200 + 14 * row, QString::number(100 + row));
+            page.text(300, 200 + 14 * row, QString::number(200 + row));
+        }
+        page.text(60, 340, QStringLiteral("All of the regions together"));
+        page.text(205, 340, QStringLiteral("1045"));
+        page.text(300, 340, QStringLiteral("2045"));
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(table->columns(), 3);
+        QCOMPARE(cellText(*table, 10, 2), QStringLiteral("2045"));
+    }
+
+    void headingsAboveGroupsSpanTheirColumns()
+    {
+        PageMaker page = plainTable();
+        page.text(226, 186, QStringLiteral("Both years"));
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(cellText(*table, 0, 1), QStringLiteral("Both years"));
+        QCOMPARE(cellAt(*table, 0, 1)->columnSpan, 2);
+    }
+
+    void leadersAreNoText()
+    {
+        PageMaker page;
+        for (int row = 0; row < 5; ++row) {
+            const double y = 200 + 14 * row;
+            page.text(60, y, QStringLiteral("Key ............"));
+            page.text(200, y, QString::number(100 + row));
+            page.text(300, y, QString::number(200 + row));
+        }
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(cellText(*table, 2, 0), QStringLiteral("Key"));
+        QCOMPARE(cellText(*table, 2, 2), QStringLiteral("202"));
+    }
+
+    void entriesWithLeadersAreNoTable()
+    {
+        PageMaker page;
+        for (int row = 0; row < 5; ++row) {
+            page.text(60, 200 + 14 * row, QStringLiteral("%1. Chapter ............ %2").arg(row + 1).arg(10 * row));
+        }
+        QVERIFY(!firstTable(page.build()));
+    }
+
+    void typedLinesAreRules()
+    {
+        PageMaker page = plainTable();
+        page.text(60, 207, QStringLiteral("------------------------------------------------"));
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
+        QCOMPARE(table->rows(), 4);
+        QVERIFY(cellAt(*table, 0, 1)->bottom.width > 0);
+    }
+
+    void rowsSetApartAreWholeRows()
+    {
+        PageMaker page;
+        double y = 200;
+        for (int row = 0; row < 5; ++row) {
+            page.text(60, y, QStringLiteral("Region"));
+            page.text(60, y + 11, QStringLiteral("Number %1").arg(row));
+            page.text(200, y + 11, QString::number(100 + row));
+            page.text(300, y + 11, QString::number(200 + row));
+            y += 28;
+        }
+        const Document document = page.build();
+        const Table *table = firstTable(document);
+        QVERIFY(table);
         QCOMPARE(table->rows(), 5);
+        QCOMPARE(cellText(*table, 3, 0), QStringLiteral("Region|Number 3"));
+        QCOMPARE(cellText(*table, 3, 1), QStringLiteral("103"));
     }
 
     void crampedNumbersStayInTheirColumns()

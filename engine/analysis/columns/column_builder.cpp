@@ -88,7 +88,7 @@ std::vector<Block> ColumnBuilder::textBlocks(const std::vector<TextLine> &lines,
         }
     };
     std::size_t next = 0;
-    for (UnruledTable &table : findUnruledTables(lines, m_rulings.horizontal)) {
+    for (UnruledTable &table : findUnruledTables(lines, m_rulings)) {
         addText(next, table.firstLine);
         blocks.push_back({finishedTable(std::move(table.found), m_raw.fills, m_styles), 0});
         next = table.lastLine + 1;

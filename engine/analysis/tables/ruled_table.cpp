@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tables/ruled_table.h"
 
+#include "base/number.h"
+#include "tables/grid_columns.h"
 #include "tables/lattice.h"
+#include "tables/unruled_table.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 #include <numeric>
 
 namespace quorra::model {
@@ -87,20 +92,165 @@ void placeWords(TableWords &found, const WordRefs &words)
     }
 }
 
-// Whether most of several text lines have wide gaps: the words are a table without lines, or a form.
+// Whether a row of the grid holds several rows of numbers, which no lines divide.
+bool holdsSeveralRows(const TableWords &found)
+{
+    std::vector<std::size_t> columns(static_cast<std::size_t>(found.table.rows()), 0);
+    for (std::size_t i = 0; i < found.words.size(); ++i) {
+        const std::vector<TextLine> lines = textLinesOf(found.words[i]);
+        const bool numbers = lines.size() > 1 && std::all_of(lines.begin(), lines.end(), [](const TextLine &line) {
+                                 return looksNumeric(joinedText(line.words));
+                             });
+        if (numbers && ++columns[static_cast<std::size_t>(found.table.cells[i].row)] > 1) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Whether most of the cells that run over the whole grid, or over several of its columns, have texts side by side.
+bool leavesColumnsOpen(const TableWords &found)
+{
+    std::size_t wide = 0;
+    std::size_t divided = 0;
+    for (std::size_t i = 0; i < found.words.size(); ++i) {
+        const Cell &cell = found.table.cells[i];
+        if (found.words[i].empty() || (cell.columnSpan == 1 && found.table.columns() > 1)) {
+            continue;
+        }
+        const std::vector<TextLine> lines = textLinesOf(found.words[i]);
+        ++wide;
+        divided += std::any_of(lines.begin(), lines.end(), [](const TextLine &line) {
+            return segmentsOf(line, gridColumns::thresholds.minCellGap).size() > 1;
+        });
+    }
+    return divided >= thresholds.minDividedCells && 2 * divided >= wide;
+}
+
+// Whether several lines of a cell have wide gaps at the same places, and hardly any text stands there.
 bool holdsColumns(const WordRefs &words)
 {
     const std::vector<TextLine> lines = textLinesOf(words);
-    const auto divided = std::count_if(lines.begin(), lines.end(), [](const TextLine &line) {
-        return segmentsOf(line, thresholds.minFrameGap).size() > 1;
+    std::size_t divided = 0;
+    for (const TextLine &line : lines) {
+        divided += segmentsOf(line, gridColumns::thresholds.minCellGap).size() > 1 ? 1 : 0;
+    }
+    if (divided < thresholds.minDividedLines) {
+        return false;
+    }
+    const std::vector<double> edges = findColumnEdges(lines, {});
+    const auto crossing = std::count_if(lines.begin(), lines.end(), [&edges](const TextLine &line) {
+        const std::vector<Segment> segments = segmentsOf(line, gridColumns::thresholds.minWeakGap);
+        return std::any_of(segments.begin(), segments.end(), [&edges](const Segment &segment) {
+            return std::any_of(edges.begin() + 1, edges.end() - 1, [&segment](double x) {
+                return segment.box.left < x && x < segment.box.right;
+            });
+        });
     });
-    return lines.size() > 1 && 2 * static_cast<std::size_t>(divided) > lines.size();
+    return edges.size() > 2 &&
+           static_cast<double>(crossing) <= gridColumns::thresholds.maxCrossing * static_cast<double>(lines.size());
 }
 
-// Whether the grid is a frame around tables without lines, with a line or two between them.
-bool isFrame(const TableWords &found)
+// Whether much of the text stands in a cell with columns: the lines are a frame around a table.
+bool framesTable(const TableWords &found)
 {
-    return found.table.rows() == 1 && std::any_of(found.words.begin(), found.words.end(), holdsColumns);
+    std::size_t all = 0;
+    for (const WordRefs &words : found.words) {
+        all += words.size();
+    }
+    return std::any_of(found.words.begin(), found.words.end(), [all](const WordRefs &words) {
+        return static_cast<double>(words.size()) >= thresholds.minTableInCell * static_cast<double>(all) &&
+               holdsColumns(words);
+    });
+}
+
+// Adds the tables that the text in a box makes together with the lines there. Returns whether there is one.
+bool addOpenTables(std::vector<TableWords> &tables, const Box &box, const Rulings &dividers, const WordRefs &words)
+{
+    WordRefs inside;
+    std::copy_if(words.begin(), words.end(), std::back_inserter(inside), [&box](const RawWord *word) {
+        const Box body = bodyOf(*word);
+        return word->rotation == 0 && box.contains(body.centreX(), body.centreY());
+    });
+    const std::size_t before = tables.size();
+    if (!inside.empty()) {
+        for (UnruledTable &table : tablesOfLines(textLinesOf(std::move(inside)), dividers)) {
+            tables.push_back(std::move(table.found));
+        }
+    }
+    return tables.size() > before;
+}
+
+// Lines across with the same ends, one below the other: the boxes between the first and the last.
+std::vector<Box> stacks(std::vector<Rule> rules)
+{
+    std::sort(rules.begin(), rules.end(), [](const Rule &a, const Rule &b) {
+        return a.y1 != b.y1 ? a.y1 < b.y1 : a.x1 < b.x1;
+    });
+    std::vector<Rule> across; // with what stands side by side as one
+    for (const Rule &rule : rules) {
+        if (!across.empty() && std::abs(across.back().y1 - rule.y1) <= rulings::thresholds.sameLine &&
+            rule.x1 - across.back().x2 <= thresholds.maxGapAlong) {
+            across.back().x2 = std::max(across.back().x2, rule.x2);
+        } else {
+            across.push_back(rule);
+        }
+    }
+    struct Stack
+    {
+        Box box;
+        int rules = 1;
+    };
+    std::vector<Stack> all;
+    for (const Rule &rule : across) {
+        if (rule.length() < thresholds.minStackWidth) {
+            continue;
+        }
+        const auto stack = std::find_if(all.begin(), all.end(), [&rule](const Stack &s) {
+            return std::abs(s.box.left - rule.x1) <= thresholds.sameEnd &&
+                   std::abs(s.box.right - rule.x2) <= thresholds.sameEnd &&
+                   rule.y1 - s.box.bottom <= thresholds.maxBand;
+        });
+        if (stack != all.end()) {
+            stack->box.bottom = rule.y1;
+            ++stack->rules;
+        } else {
+            all.push_back({{rule.x1, rule.y1, rule.x2, rule.y1}});
+        }
+    }
+    std::vector<Box> boxes;
+    for (const Stack &stack : all) {
+        if (stack.rules >= thresholds.minStackRules && stack.box.height() > rulings::thresholds.minFillSide) {
+            boxes.push_back(stack.box);
+        }
+    }
+    return boxes;
+}
+
+// Extends a stack by the lines of cells right above and below it.
+Box withRowsAround(Box box, const WordRefs &words)
+{
+    WordRefs across;
+    std::copy_if(words.begin(), words.end(), std::back_inserter(across), [&box](const RawWord *word) {
+        const double x = word->box.centreX();
+        return word->rotation == 0 && x > box.left && x < box.right;
+    });
+    const std::vector<TextLine> lines = textLinesOf(std::move(across));
+    const auto isRow = [](const TextLine &line) {
+        return segmentsOf(line, gridColumns::thresholds.minCellGap).size() > 1;
+    };
+    for (const TextLine &line : lines) {
+        if (line.box.top > box.bottom && line.box.top < box.bottom + thresholds.maxStep * line.size && isRow(line)) {
+            box.bottom = line.box.bottom;
+        }
+    }
+    for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
+        if (line->box.bottom < box.top && line->box.bottom > box.top - thresholds.maxStep * line->size &&
+            isRow(*line)) {
+            box.top = line->box.top;
+        }
+    }
+    return box;
 }
 
 bool isTable(const TableWords &found, double innerLines)
@@ -113,9 +263,10 @@ bool isTable(const TableWords &found, double innerLines)
 
 } // namespace
 
-std::vector<TableWords> findRuledTables(const Rulings &rulings, const WordRefs &words)
+std::vector<TableWords> findRuledTables(const Rulings &rulings, const Rulings &dividers, const WordRefs &words)
 {
     std::vector<TableWords> tables;
+    std::vector<Box> grids; // of lines, tables or not
     for (const Rulings &group : connectedRulings(rulings)) {
         const Lattice lattice(group);
         if (lattice.rows() < 1 || lattice.columns() < 1 || lattice.rows() * lattice.columns() < 2) {
@@ -124,9 +275,25 @@ std::vector<TableWords> findRuledTables(const Rulings &rulings, const WordRefs &
         TableWords found;
         found.table = lattice.table();
         placeWords(found, words);
-        if (isTable(found, lattice.innerLineShare()) && !isFrame(found)) {
+        const bool isOpen = leavesColumnsOpen(found) || holdsSeveralRows(found) || framesTable(found);
+        if (isOpen && addOpenTables(tables, found.table.box, dividers, words)) {
+            continue;
+        }
+        if (lattice.columns() > 1) {
+            grids.push_back(found.table.box);
+        }
+        if (lattice.columns() > 1 && isTable(found, lattice.innerLineShare())) {
             splitAlignedLines(found);
+            splitTextColumns(found);
             tables.push_back(std::move(found));
+        }
+    }
+    for (const Box &stack : stacks(dividers.horizontal)) {
+        const Box box = withRowsAround(stack, words);
+        const auto overlaps = [&box](const Box &other) { return !intersected(other, box).isEmpty(); };
+        if (std::none_of(grids.begin(), grids.end(), overlaps) &&
+            std::none_of(tables.begin(), tables.end(), [&](const TableWords &t) { return overlaps(t.table.box); })) {
+            addOpenTables(tables, box, dividers, words);
         }
     }
     // A grid in a cell of another grid is part of that cell's text.

@@ -14,13 +14,22 @@ namespace ruledTables {
 /// Lengths in em are multiples of the text's font size.
 struct Thresholds
 {
-    double maxJointGap = 3;         ///< points; between the end of a line and the line that it meets
-    std::size_t maxRules = 3'000;   ///< of one direction; more are a drawing, and would take too long to connect
-    std::size_t minRulesAcross = 2; ///< horizontal lines; a table has a top and a bottom
-    double minFilledCells = 0.2;    ///< share of the cells; emptier grids are graph paper or drawings
-    double minInnerLines = 0.35;    ///< share of the sides between cells; fewer are a drawing of lines that cross
-    double minFrameGap = 1.5;       ///< em; between texts inside a frame that are cells of a table without lines
-    double minInside = 0.6; ///< share of a grid's area in another grid; that much makes it part of a cell's text
+    double maxJointGap = 3;          ///< points; between the end of a line and the line that it meets
+    std::size_t maxRules = 3'000;    ///< of one direction; more are a drawing, and would take too long to connect
+    std::size_t minRulesAcross = 2;  ///< horizontal lines; a table has a top and a bottom
+    double minFilledCells = 0.2;     ///< share of the cells; emptier grids are graph paper or drawings
+    double minInnerLines = 0.35;     ///< share of the sides between cells; fewer are a drawing of lines that cross
+    std::size_t minDividedLines = 3; ///< in a cell that holds columns; fewer lines agree by chance
+    double minTableInCell = 1.0 / 3; ///< share of the grid's text; a cell with more may hold the table inside a frame
+    std::size_t minDividedCells =
+        2;                     ///< cells over several places with gaps in their text; those lines leave columns open
+    double sameEnd = 4;        ///< points; ends of lines under the rows of one table agree to this
+    double maxGapAlong = 20;   ///< points between lines side by side that together run across a table
+    double minStackWidth = 72; ///< points; shorter lines underline words
+    double maxBand = 200;      ///< points between two lines of one stack
+    int minStackRules = 4;     ///< that divide rows; fewer leave open where the table ends
+    double maxStep = 2.6;      ///< em; from a stack to a line of cells above or below it
+    double minInside = 0.6;    ///< share of a grid's area in another grid; that much makes it part of a cell's text
 };
 
 inline constexpr Thresholds thresholds;
@@ -45,6 +54,19 @@ inline constexpr Thresholds thresholds;
 
 } // namespace splitRows
 
+namespace splitColumns {
+
+struct Thresholds
+{
+    std::size_t minLines = 3; ///< with a gap; fewer agree by chance
+    double minShare = 0.6;    ///< of the lines in a drawn column that have a gap where the others have theirs
+    double minNumeric = 0.5;  ///< share of the texts beside the gaps; justified texts in narrow cells have gaps too
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace splitColumns
+
 /// A table whose cells are known, while their words do not form paragraphs yet.
 struct TableWords
 {
@@ -53,8 +75,14 @@ struct TableWords
 };
 
 /// Finds the tables that lines draw: grids of crossing rules with text in them. Cells between which no line is drawn
-/// are one spanning cell. Outer sides may be open. Words belong to the cell that holds the centre of their body.
-std::vector<TableWords> findRuledTables(const Rulings &rulings, const WordRefs &words);
+/// are one spanning cell. Stacks of lines across the page, under rows or head, mark tables as well. Outer sides may be
+/// open. Words belong to the cell that holds the centre of their body. Where the lines divide some rows or columns
+/// only, the text and the `dividers` (see withFillEdges) divide the rest.
+std::vector<TableWords> findRuledTables(const Rulings &rulings, const Rulings &dividers, const WordRefs &words);
+
+/// Splits columns of a ruled table in which several columns of text stand between two drawn lines. Cells without the
+/// gap span the new columns.
+void splitTextColumns(TableWords &found);
 
 /// Splits rows of a ruled table in which only the columns are ruled: where the lines of text in all cells share their
 /// baselines and most are numbers, each line becomes a row.

@@ -15,6 +15,19 @@ bool isInvisible(Colour colour)
     return (colour >> 16U & 0xffU) >= least && (colour >> 8U & 0xffU) >= least && (colour & 0xffU) >= least;
 }
 
+// Whether the middle of the rule stands on or at the edge of a coloured area.
+bool isOnFill(const Rule &rule, const std::vector<Fill> &fills)
+{
+    const double x = (rule.x1 + rule.x2) / 2;
+    const double y = (rule.y1 + rule.y2) / 2;
+    constexpr double reach = thresholds.fillReach;
+    return std::any_of(fills.begin(), fills.end(), [&](const Fill &fill) {
+        const Box &box = fill.box;
+        return !isInvisible(fill.colour) &&
+               Box{box.left - reach, box.top - reach, box.right + reach, box.bottom + reach}.contains(x, y);
+    });
+}
+
 // A rule seen along its direction, whichever that is.
 struct Span
 {
@@ -62,12 +75,12 @@ std::vector<Span> mergeSpans(std::vector<Span> spans)
 
 } // namespace
 
-Rulings mergeRules(const std::vector<Rule> &rules)
+Rulings mergeRules(const std::vector<Rule> &rules, const std::vector<Fill> &fills)
 {
     std::vector<Span> horizontal;
     std::vector<Span> vertical;
     for (const Rule &rule : rules) {
-        if (isInvisible(rule.colour)) {
+        if (isInvisible(rule.colour) && !isOnFill(rule, fills)) {
             continue;
         }
         if (rule.isHorizontal()) {
@@ -88,6 +101,23 @@ Rulings mergeRules(const std::vector<Rule> &rules)
         }
     }
     return merged;
+}
+
+Rulings withFillEdges(Rulings rulings, const std::vector<Fill> &fills)
+{
+    for (const Fill &fill : fills) {
+        const Box &box = fill.box;
+        if (isInvisible(fill.colour) || std::min(box.width(), box.height()) < thresholds.minFillSide) {
+            continue;
+        }
+        for (const double y : {box.top, box.bottom}) {
+            rulings.horizontal.push_back({box.left, y, box.right, y, 0, fill.colour});
+        }
+        for (const double x : {box.left, box.right}) {
+            rulings.vertical.push_back({x, box.top, x, box.bottom, 0, fill.colour});
+        }
+    }
+    return rulings;
 }
 
 std::vector<double> clusteredPositions(std::vector<double> values, double tolerance)

@@ -16,6 +16,8 @@ struct Thresholds
     double minLength = 4;         ///< points; shorter strokes are dots, letters and ticks
     Colour nearlyWhite = 0xf4;    ///< of each colour component; lighter lines are not seen on paper
     double minCoveredSide = 0.55; ///< share of a cell's side that a line must cover to be its border
+    double fillReach = 2;         ///< points from a light line to the fill on which it is seen
+    double minFillSide = 6;       ///< points; smaller fills are bullets, boxes to tick and bars
 };
 
 inline constexpr Thresholds thresholds;
@@ -30,8 +32,12 @@ struct Rulings
 };
 
 /// Merges what is drawn as one line (sides of cells, dashes, both edges of a thin bar) and leaves out what is drawn in
-/// white. A merged line is as thick as its thickest part and has the colour of its longest.
-Rulings mergeRules(const std::vector<Rule> &rules);
+/// white on paper. A merged line is as thick as its thickest part and has the colour of its longest.
+Rulings mergeRules(const std::vector<Rule> &rules, const std::vector<Fill> &fills = {});
+
+/// The lines together with the edges of the fills, which divide rows and columns as lines do but are not drawn: they
+/// have width 0.
+Rulings withFillEdges(Rulings rulings, const std::vector<Fill> &fills);
 
 /// The means of clusters of values, growing. Neighbouring values of a cluster differ by at most `tolerance`. No values
 /// give no means.

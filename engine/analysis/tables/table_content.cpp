@@ -6,6 +6,7 @@
 #include "paragraphs/paragraphs.h"
 #include "tables/cell_columns.h"
 #include "tables/column_alignment.h"
+#include "tables/leaders.h"
 
 #include <algorithm>
 #include <cmath>
@@ -48,6 +49,15 @@ void alignInCell(Paragraph &paragraph, const Box &cell)
         paragraph.alignment = Alignment::Centre;
     } else {
         paragraph.alignment = padded && right < left / 2 ? Alignment::Right : Alignment::Left;
+    }
+}
+
+void dropLeaders(Paragraph &paragraph)
+{
+    for (Line &line : paragraph.lines) {
+        for (Word &word : line.words) {
+            word.text = withoutLeaders(word.text);
+        }
     }
 }
 
@@ -98,6 +108,9 @@ Table finishedTable(TableWords found, const std::vector<Fill> &fills, StyleTable
         Cell &cell = table.cells[i];
         for (const CellColumn &part : cellColumns(found.words[i], cell.box)) {
             for (Paragraph &paragraph : cellParagraphs(part.words, part.box, styles)) {
+                if (!table.ruled) {
+                    dropLeaders(paragraph);
+                }
                 alignInCell(paragraph, part.box);
                 cell.paragraphs.push_back(std::move(paragraph));
             }

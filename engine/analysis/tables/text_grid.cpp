@@ -2,6 +2,7 @@
 #include "tables/text_grid.h"
 
 #include "base/number.h"
+#include "tables/grid_columns.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,78 +23,40 @@ double alignedShare(const std::vector<double> &values)
     return static_cast<double>(near) / static_cast<double>(std::max<std::size_t>(1, values.size()));
 }
 
+bool isNumber(const WordRefs &words)
+{
+    return looksNumeric(joinedText(words, QStringLiteral(" ")));
+}
+
 } // namespace
 
-TextGrid::TextGrid(std::vector<TextLine> lines, const std::vector<Rule> &horizontal) : m_lines(std::move(lines))
+TextGrid::TextGrid(std::vector<TextLine> lines, const Rulings &rulings) : m_lines(std::move(lines))
 {
     const double top = m_lines.front().box.top - m_lines.front().size;
     const double bottom = m_lines.back().box.bottom + m_lines.back().size;
-    for (const Rule &rule : horizontal) {
+    for (const Rule &rule : rulings.horizontal) {
         if (rule.y1 >= top && rule.y1 <= bottom) {
-            m_rules.push_back(rule);
+            m_rules.horizontal.push_back(rule);
         }
     }
-    findColumns();
+    for (Rule rule : rulings.vertical) {
+        rule.y1 = std::max(rule.y1, top);
+        rule.y2 = std::min(rule.y2, bottom);
+        if (rule.y1 < rule.y2) {
+            m_rules.vertical.push_back(rule);
+        }
+    }
+    m_edges = findColumnEdges(m_lines, m_rules.vertical);
     fillRows();
+    dropEmptyColumns();
+    findFullRules();
+    m_headLines = headerLines();
+    widenToFrame();
     if (columns() > 1) {
-        spanHeadings();
-        joinTitle();
+        spanHeadsBetweenLines();
+        spanUnderlinedHeads();
+        spanCentredHeads();
     }
-}
-
-void TextGrid::findColumns()
-{
-    Box area;
-    for (const TextLine &line : m_lines) {
-        area = united(area, line.box);
-    }
-    std::vector<int> cover( // lines with text at each point from the left on
-        static_cast<std::size_t>(std::ceil(area.width())) + 2, 0);
-    int multi = 0;
-    for (const TextLine &line : m_lines) {
-        const std::vector<Segment> segments = segmentsOf(line, thresholds.minCellGap);
-        if (segments.size() < 2) {
-            continue;
-        }
-        ++multi;
-        for (const Segment &segment : segments) {
-            const auto from = static_cast<std::size_t>(std::max(0.0, segment.box.left - area.left));
-            const auto to = static_cast<std::size_t>(std::max(0.0, segment.box.right - area.left));
-            for (std::size_t i = from; i <= std::min(to, cover.size() - 1); ++i) {
-                ++cover[i];
-            }
-        }
-    }
-    const int crossing = multi >= thresholds.minLinesForShare         ? static_cast<int>(thresholds.maxCrossing * multi)
-                         : multi >= thresholds.minLinesForOneCrossing ? 1
-                                                                      : 0;
-    m_edges = {area.left - thresholds.outerMargin};
-    bool textBefore = false;
-    for (std::size_t i = 0; i < cover.size();) {
-        if (cover[i] > crossing) {
-            textBefore = true;
-            ++i;
-            continue;
-        }
-        std::size_t end = i;
-        while (end < cover.size() && cover[end] <= crossing) {
-            ++end;
-        }
-        const bool wide = static_cast<double>(end - i) >= thresholds.minColumnGap * m_lines.front().size;
-        if (textBefore && end < cover.size() && wide) {
-            const int least = *std::min_element(
-                cover.begin() + static_cast<std::ptrdiff_t>(i), cover.begin() + static_cast<std::ptrdiff_t>(end));
-            double sum = 0;
-            double n = 0;
-            for (std::size_t k = i; k < end; ++k) {
-                sum += cover[k] == least ? static_cast<double>(k) + 0.5 : 0;
-                n += cover[k] == least ? 1 : 0;
-            }
-            m_edges.push_back(area.left + sum / n);
-        }
-        i = end;
-    }
-    m_edges.push_back(area.right + thresholds.outerMargin);
 }
 
 int TextGrid::columnAt(double x) const
@@ -136,10 +99,10 @@ void TextGrid::addPiece(GridRow &row, const Segment &segment) const
             piece.span = 1;
         }
         Piece *last = row.pieces.empty() ? nullptr : &row.pieces.back();
-        if (last && last->column + last->span > piece.column) { // both reach into the column: one cell
+        if (last && last->end() > piece.column) { // both reach into the column: one cell
             last->words.insert(last->words.end(), piece.words.begin(), piece.words.end());
             last->box = united(last->box, piece.box);
-            last->span = std::max(last->span, piece.column + piece.span - last->column);
+            last->span = std::max(last->span, piece.end() - last->column);
         } else {
             row.pieces.push_back(piece);
         }
@@ -148,26 +111,129 @@ void TextGrid::addPiece(GridRow &row, const Segment &segment) const
 
 void TextGrid::fillRows()
 {
+    m_grid.clear();
     for (const TextLine &line : m_lines) {
         GridRow row;
         row.box = line.box;
         row.baseline = line.baseline;
         row.size = line.size;
-        for (const Segment &segment : segmentsOf(line, thresholds.minCellGap)) {
+        for (const Segment &segment : segmentsOf(line, gridColumns::thresholds.minCellGap)) {
             addPiece(row, segment);
         }
         m_grid.push_back(std::move(row));
     }
 }
 
+// Joins columns that no text has to itself with the column before them.
+void TextGrid::dropEmptyColumns()
+{
+    std::vector<char> used(static_cast<std::size_t>(columns()), 0);
+    for (const GridRow &row : m_grid) {
+        for (const Piece &piece : row.pieces) {
+            used[static_cast<std::size_t>(piece.column)] |= piece.span == 1 ? 1 : 0;
+        }
+    }
+    std::vector<double> edges{m_edges.front()};
+    std::size_t end = 0; // of the last column with a text of its own
+    for (std::size_t i = 0; i < used.size(); ++i) {
+        if (used[i]) {
+            if (end > 0) {
+                edges.push_back((m_edges[end] + m_edges[i]) / 2);
+            }
+            end = i + 1;
+        }
+    }
+    edges.push_back(m_edges.back());
+    if (edges.size() != m_edges.size()) {
+        m_edges = std::move(edges);
+        fillRows();
+    }
+}
+
+// Several rules side by side, each under the heading of one column, divide the table as one does.
+void TextGrid::findFullRules()
+{
+    const double whole = m_edges.back() - m_edges.front();
+    const auto isFull = [&](double top, double bottom) {
+        std::vector<std::pair<double, double>> parts;
+        for (const Rule &rule : m_rules.horizontal) {
+            if (rule.y1 > top && rule.y1 <= bottom) {
+                parts.emplace_back(std::max(rule.x1, m_edges.front()), std::min(rule.x2, m_edges.back()));
+            }
+        }
+        std::sort(parts.begin(), parts.end());
+        double covered = 0;
+        double reached = m_edges.front();
+        for (const auto &[from, to] : parts) {
+            covered += std::max(0.0, to - std::max(from, reached));
+            reached = std::max(reached, to);
+        }
+        return covered >= thresholds.minFullRule * whole;
+    };
+    m_ruleBefore = isFull(m_lines.front().box.top - m_lines.front().size, m_lines.front().box.centreY());
+    m_ruleAfter.clear();
+    for (std::size_t i = 0; i < m_grid.size(); ++i) {
+        const double bottom =
+            i + 1 < m_grid.size() ? m_grid[i + 1].box.centreY() : m_grid[i].box.bottom + m_grid[i].size;
+        m_ruleAfter.push_back(isFull(m_grid[i].box.centreY(), bottom) ? 1 : 0);
+    }
+}
+
+// The rules over the whole table tell where its outer columns end.
+void TextGrid::widenToFrame()
+{
+    const double left = m_edges.front();
+    const double right = m_edges.back();
+    for (const Rule &rule : m_rules.horizontal) {
+        const double common = std::min(rule.x2, right) - std::max(rule.x1, left);
+        if (common >= thresholds.minFullRule * (right - left) &&
+            rule.length() <= thresholds.maxFrameWidth * (right - left)) {
+            m_edges.front() = std::min(m_edges.front(), rule.x1);
+            m_edges.back() = std::max(m_edges.back(), rule.x2);
+        }
+    }
+}
+
+// The only heading between two drawn lines spans the columns between them.
+void TextGrid::spanHeadsBetweenLines()
+{
+    const auto isDrawn = [this](int edge) {
+        return std::any_of(m_rules.vertical.begin(), m_rules.vertical.end(), [&](const Rule &rule) {
+            return rule.width > 0 &&
+                   std::abs(rule.x1 - m_edges[static_cast<std::size_t>(edge)]) <= thresholds.ruleTolerance;
+        });
+    };
+    for (int from = 0; from < columns();) {
+        int to = from + 1;
+        while (to < columns() && !isDrawn(to)) {
+            ++to;
+        }
+        Piece *only = nullptr;
+        int pieces = 0;
+        for (std::size_t r = 0; r < m_headLines; ++r) {
+            for (Piece &piece : m_grid[r].pieces) {
+                if (piece.column < to && piece.end() > from) {
+                    only = &piece;
+                    ++pieces;
+                }
+            }
+        }
+        if (pieces == 1 && to - from < columns() && from <= only->column && only->end() <= to) {
+            only->column = from;
+            only->span = to - from;
+        }
+        from = to;
+    }
+}
+
 // A heading that is underlined by a rule spans the columns that the rule spans.
-void TextGrid::spanHeadings()
+void TextGrid::spanUnderlinedHeads()
 {
     const double whole = m_edges.back() - m_edges.front();
     for (GridRow &row : m_grid) {
         for (std::size_t i = 0; i < row.pieces.size(); ++i) {
             Piece &piece = row.pieces[i];
-            for (const Rule &rule : m_rules) {
+            for (const Rule &rule : m_rules.horizontal) {
                 const bool under = rule.y1 > row.box.bottom - thresholds.ruleTolerance &&
                                    rule.y1 < row.box.bottom + thresholds.maxRuleGap * row.size;
                 if (!under || rule.length() > thresholds.maxSpanningRule * whole || rule.x1 > piece.box.centreX() ||
@@ -176,9 +242,9 @@ void TextGrid::spanHeadings()
                 }
                 const int first = columnAt(rule.x1 + thresholds.maxRuleOverhang);
                 const int last = columnAt(rule.x2 - thresholds.maxRuleOverhang);
-                const bool freeLeft = i == 0 || row.pieces[i - 1].column + row.pieces[i - 1].span <= first;
+                const bool freeLeft = i == 0 || row.pieces[i - 1].end() <= first;
                 const bool freeRight = i + 1 == row.pieces.size() || row.pieces[i + 1].column > last;
-                if (first <= piece.column && last >= piece.column + piece.span - 1 && freeLeft && freeRight) {
+                if (first <= piece.column && last >= piece.end() - 1 && freeLeft && freeRight) {
                     piece.column = first;
                     piece.span = last - first + 1;
                 }
@@ -187,48 +253,118 @@ void TextGrid::spanHeadings()
     }
 }
 
-// Joins the text lines above the rule that opens the table: its title, one cell over all columns.
-void TextGrid::joinTitle()
+// A heading without a rule stands over the middle of its columns, each of which has a heading of its own below it. A
+// text that lines up with the heading below it is rather the first part of that one.
+void TextGrid::spanCentredHeads()
 {
-    const double whole = m_edges.back() - m_edges.front();
+    const auto n = static_cast<std::size_t>(columns());
+    std::vector<Box> extents(n);
+    for (const GridRow &row : m_grid) {
+        for (const Piece &piece : row.pieces) {
+            if (piece.span == 1) {
+                Box &extent = extents[static_cast<std::size_t>(piece.column)];
+                extent = united(extent, piece.box);
+            }
+        }
+    }
+    for (std::size_t r = 0; r + 1 < m_headLines; ++r) {
+        GridRow &row = m_grid[r];
+        std::vector<const Piece *> below(n, nullptr);
+        for (std::size_t lower = r + 1; lower < m_headLines; ++lower) {
+            for (const Piece &piece : m_grid[lower].pieces) {
+                const Piece *&first = below[static_cast<std::size_t>(piece.column)];
+                first = !first && piece.span == 1 ? &piece : first;
+            }
+        }
+        for (std::size_t i = 0; i < row.pieces.size(); ++i) {
+            Piece &piece = row.pieces[i];
+            const Piece *child = piece.span == 1 ? below[static_cast<std::size_t>(piece.column)] : nullptr;
+            constexpr double same = textLines::thresholds.sameEdge;
+            if (child && (std::abs(child->box.left - piece.box.left) <= same ||
+                          std::abs(child->box.right - piece.box.right) <= same ||
+                          std::abs(child->box.centreX() - piece.box.centreX()) <= same)) {
+                continue;
+            }
+            const int least = i == 0 ? 0 : row.pieces[i - 1].end();
+            const int most = i + 1 == row.pieces.size() ? columns() : row.pieces[i + 1].column;
+            const auto hasHeads = [&](int from, int to) {
+                return std::all_of(below.begin() + from, below.begin() + to, [](const Piece *p) { return p; });
+            };
+            int bestFrom = piece.column;
+            int bestTo = piece.end();
+            for (int from = least; from <= piece.column; ++from) {
+                for (int to = std::max(piece.end(), from + 2); to <= most; ++to) {
+                    const double middle = (extents[static_cast<std::size_t>(from)].left +
+                                           extents[static_cast<std::size_t>(to) - 1].right) /
+                                          2;
+                    if (to - from > bestTo - bestFrom && hasHeads(from, to) &&
+                        std::abs(middle - piece.box.centreX()) <= thresholds.maxOffCentre * row.size) {
+                        bestFrom = from;
+                        bestTo = to;
+                    }
+                }
+            }
+            piece.column = bestFrom;
+            piece.span = bestTo - bestFrom;
+        }
+    }
+}
+
+// A text that runs over several columns without being a heading of theirs.
+bool TextGrid::isRunningText(const GridRow &row) const
+{
+    return std::any_of(row.pieces.begin(), row.pieces.end(), [](const Piece &piece) {
+        return piece.span > 1 && piece.words.size() >= thresholds.minProseWords;
+    });
+}
+
+std::size_t TextGrid::linesBefore() const
+{
     std::size_t lines = 0;
     std::size_t words = 0;
-    const auto opens = [&](const Rule &rule, const GridRow &row) {
-        return rule.length() > thresholds.minFullRule * whole && rule.y1 > row.box.centreY();
-    };
-    const auto isAbove = [&](const GridRow &row) {
-        return std::any_of(m_rules.begin(), m_rules.end(), [&](const Rule &rule) {
-            return opens(rule, row) && rule.y1 < m_grid.back().box.top && !opens(rule, m_grid[lines]);
-        });
-    };
     while (lines + 1 < m_grid.size() && lines < thresholds.maxTitleLines &&
            m_grid[lines].pieces.size() <= thresholds.maxTitlePieces) {
         for (const Piece &piece : m_grid[lines].pieces) {
             words += piece.words.size();
         }
-        ++lines;
-        if (isAbove(m_grid[lines - 1])) {
+        if (m_ruleAfter[lines++]) {
+            if (words >= thresholds.minTitleWords) {
+                return lines;
+            }
             break;
         }
     }
-    if (lines == 0 || words < thresholds.minTitleWords || !isAbove(m_grid[lines - 1])) {
-        return;
+    for (lines = 0; lines + 1 < m_grid.size() && isRunningText(m_grid[lines]);) {
+        ++lines;
     }
-    GridRow title = m_grid.front();
-    Piece all;
-    for (std::size_t i = 0; i < lines; ++i) {
-        for (const Piece &piece : m_grid[i].pieces) {
-            all.words.insert(all.words.end(), piece.words.begin(), piece.words.end());
-            all.box = united(all.box, piece.box);
-        }
-        title.box = united(title.box, m_grid[i].box);
-        title.baseline = m_grid[i].baseline;
+    return lines;
+}
+
+std::size_t TextGrid::linesAfter() const
+{
+    std::size_t lines = 0;
+    while (lines + 1 < m_grid.size() && isRunningText(m_grid[m_grid.size() - 1 - lines])) {
+        ++lines;
     }
-    all.span = columns();
-    title.pieces = {all};
-    m_grid.erase(m_grid.begin(), m_grid.begin() + static_cast<std::ptrdiff_t>(lines) - 1);
-    m_grid.front() = title;
-    m_hasTitle = true;
+    return lines;
+}
+
+std::size_t TextGrid::textAmongRows() const
+{
+    const double whole = m_edges.back() - m_edges.front();
+    const auto text = std::find_if(m_grid.begin(), m_grid.end(), [whole](const GridRow &row) {
+        return std::any_of(row.pieces.begin(), row.pieces.end(), [whole](const Piece &piece) {
+            return piece.span > 1 && piece.words.size() >= thresholds.minTextWords &&
+                   piece.box.width() >= thresholds.minTextWidth * whole;
+        });
+    });
+    return static_cast<std::size_t>(text - m_grid.begin());
+}
+
+bool TextGrid::isRuled() const
+{
+    const auto rules = std::count(m_ruleAfter.begin(), m_ruleAfter.end(), 1) + (m_ruleBefore ? 1 : 0);
+    return static_cast<std::size_t>(rules) >= thresholds.minFullRules;
 }
 
 bool TextGrid::looksLikeTable() const
@@ -237,6 +373,7 @@ bool TextGrid::looksLikeTable() const
         return false;
     }
     int pieces = 0;
+    int besideKeys = 0;
     int numeric = 0;
     int words = 0;
     int multi = 0;
@@ -245,7 +382,8 @@ bool TextGrid::looksLikeTable() const
         multi += row.pieces.size() >= 2 ? 1 : 0;
         for (const Piece &piece : row.pieces) {
             ++pieces;
-            numeric += looksNumeric(joinedText(piece.words, QStringLiteral(" "))) ? 1 : 0;
+            besideKeys += piece.column > 0 ? 1 : 0;
+            numeric += piece.column > 0 && isNumber(piece.words) ? 1 : 0;
             words += static_cast<int>(piece.words.size());
             if (piece.span == 1) {
                 byColumn[static_cast<std::size_t>(piece.column)].push_back(&piece);
@@ -268,11 +406,14 @@ bool TextGrid::looksLikeTable() const
         counted += static_cast<double>(column.size());
     }
     aligned /= std::max(1.0, counted);
-    const double numericShare = static_cast<double>(numeric) / pieces;
+    const double numericShare = static_cast<double>(numeric) / std::max(1, besideKeys);
     const double wordsInPiece = static_cast<double>(words) / pieces;
     const double filled = static_cast<double>(pieces) / static_cast<double>(m_grid.size()) / columns();
     if (wordsInPiece > thresholds.maxWords || filled < thresholds.minFilled || aligned < thresholds.minAligned) {
         return false;
+    }
+    if (isRuled() && (wordsInPiece <= thresholds.maxWordsOfText || numericShare >= thresholds.minNumeric)) {
+        return multi >= thresholds.minRowsOfNumbers;
     }
     if (numericShare >= thresholds.mostlyNumeric && columns() >= thresholds.minColumnsOfNumbers) {
         return multi >= thresholds.minRowsOfNumbers;
@@ -280,8 +421,18 @@ bool TextGrid::looksLikeTable() const
     if (numericShare >= thresholds.minNumeric) {
         return multi >= thresholds.minRows;
     }
-    return multi >= thresholds.minRows && wordsInPiece <= thresholds.maxWordsOfText &&
-           aligned >= thresholds.minAlignedOfText && filled >= thresholds.minFilledOfText;
+    const auto typed = std::count_if(
+        m_lines.begin(), m_lines.end(), [](const TextLine &line) { return line.words.front()->style.fixedPitch; });
+    const bool listing = 2 * static_cast<std::size_t>(typed) > m_lines.size();
+    std::vector<double> gaps;
+    for (const GridRow &row : m_grid) {
+        for (std::size_t i = 1; i < row.pieces.size(); ++i) {
+            gaps.push_back((row.pieces[i].box.left - row.pieces[i - 1].box.right) / row.size);
+        }
+    }
+    return multi >= thresholds.minRows && !listing && median(gaps) >= thresholds.minGapOfText &&
+           wordsInPiece <= thresholds.maxWordsOfText && aligned >= thresholds.minAlignedOfText &&
+           filled >= thresholds.minFilledOfText;
 }
 
 } // namespace quorra::model

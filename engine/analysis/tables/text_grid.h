@@ -12,30 +12,36 @@ namespace textGrid {
 /// Lengths in em are multiples of the text's font size.
 struct Thresholds
 {
-    // Columns.
-    double minCellGap = 0.75;       ///< em; narrower gaps between words of a line are word spaces
-    double minColumnGap = 0.3;      ///< em; the narrowest strip between columns, which wide cells nearly close
+    // Cells.
     double minPieceGap = 0.3;       ///< em; between two words on both sides of a column's edge
-    int minLinesForOneCrossing = 4; ///< with so many lines of cells, one of them may cross a gap between columns
-    int minLinesForShare = 6;       ///< with so many, a share of them may
-    double maxCrossing = 0.15;      ///< that share
-    double outerMargin = 1;         ///< points between the outermost texts and the table's left and right edges
     double edgeTolerance = 0.5;     ///< points by which a text may touch the edge of the next column
     double maxSlack = 2;            ///< points by which a text may reach into a neighbouring column at each end
     double maxSlackShare = 1.0 / 3; ///< share of the text's width; the same for narrow texts
 
-    // Headings and titles, by the rules at them.
+    // Rules, and headings over several columns.
     double ruleTolerance = 1;       ///< points by which a rule may lie above the baseline of the heading it underlines
     double maxRuleGap = 1.2;        ///< em; from a heading's baseline to the rule under it
     double maxRuleOverhang = 3;     ///< points by which the rule of a heading may reach into the next column
     double maxSpanningRule = 0.9;   ///< share of the table's width; a heading spans the columns over a shorter rule
-    double minFullRule = 0.8;       ///< share of the table's width; longer rules open the table under its title
+    double minFullRule = 0.8;       ///< share of the table's width; rules over so much of it divide the whole table
     std::size_t maxTitleLines = 4;  ///< longer texts above a table are paragraphs
     std::size_t maxTitlePieces = 2; ///< in one line of a title, such as "Table 1" and its text
     std::size_t minTitleWords = 5;  ///< fewer words are headings of columns
     std::size_t maxHeaderLines = 8; ///< longer headers are tables of words
-    double maxHeaderStep = 1.6;     ///< em; between the baselines of lines of one header row
-    double maxWrapStep = 1.15;      ///< of the usual distance of baselines; between the lines of a wrapped cell
+    double maxHeaderShare = 0.6;    ///< of the lines that may be head; a rule below more of them is no head's
+    double maxFrameGap = 1.5;       ///< em; from the outermost lines of text to the rule that is the table's edge
+    double maxFrameWidth = 1.5;     ///< of the width of the text; longer rules belong to the page
+    double maxHeaderStep = 1.6;     ///< em; between the baselines of lines of one heading
+    double maxOffCentre = 1;        ///< em; between the middles of a heading and of the columns that it stands over
+
+    // Rows of several lines.
+    double maxWrapStep = 1.15;     ///< of the usual distance of baselines; between the lines of a wrapped cell
+    double minRowGap = 1.15;       ///< of the distance of baselines inside a row; between rows that are set apart
+    double maxInnerStep = 1.4;     ///< em; the same distance, at most
+    double maxLinesInBand = 4;     ///< on average between rules; with more, the rules divide groups of rows
+    std::size_t minBands = 3;      ///< between rules; fewer are head, body and sum
+    std::size_t maxLinesInRow = 8; ///< more are a group of rows
+    double maxFirstShare = 0.5;    ///< of the lines of a table that one row may hold
 
     // Tables against text that happens to have gaps.
     double maxWords = 7;            ///< in the mean cell; more are sentences
@@ -44,11 +50,17 @@ struct Thresholds
     double minFilledOfText = 0.5;   ///< the same in a table of hardly any numbers
     double minAligned = 0.5;        ///< share of the texts that agree in an edge with their column
     double minAlignedOfText = 0.65; ///< the same in a table of hardly any numbers
-    double minNumeric = 0.3;        ///< share of the texts; tables with fewer numbers must be more regular
-    double mostlyNumeric = 0.5;     ///< share of the texts; a table of numbers may be short
-    int minColumnsOfNumbers = 3;    ///< of such a short table
-    int minRowsOfNumbers = 2;       ///< with several cells, of such a short table
-    int minRows = 3;                ///< with several cells, of any other table
+    double minGapOfText = 1.2; ///< em; the median gap between the texts of a row; blanks in justified text are narrower
+    double minNumeric =
+        0.35; ///< share of the texts beside the first column; tables with fewer numbers must be more regular
+    double mostlyNumeric = 0.5;    ///< share of the texts beside the first column; a table of numbers may be short
+    int minColumnsOfNumbers = 3;   ///< of such a short table
+    int minRowsOfNumbers = 2;      ///< with several cells, of such a short table
+    int minRows = 3;               ///< with several cells, of any other table
+    std::size_t minFullRules = 2;  ///< over and among the lines; such a table may be as irregular as one of numbers
+    std::size_t minTextWords = 10; ///< in a line among the rows that is no row but the end of a table
+    double minTextWidth = 0.6;     ///< share of the table's width; of such a line
+    std::size_t minProseWords = 6; ///< in a text that runs over several columns at an end of the table: not a part
 
     double rowMargin = 2; ///< points between the outermost lines and the table's upper and lower edge, and to its rules
 };
@@ -57,15 +69,28 @@ inline constexpr Thresholds thresholds;
 
 } // namespace textGrid
 
-/// Text lines divided into columns by the empty strips that run through them.
+/// Text lines divided into columns by drawn lines and by the empty strips that many of the lines share.
 class TextGrid
 {
 public:
-    /// Consecutive text lines, at least one. Horizontal rules that do not lie among them are ignored.
-    TextGrid(std::vector<TextLine> lines, const std::vector<Rule> &horizontal);
+    /// Consecutive text lines with words, at least one. Rules that do not lie among them are ignored.
+    TextGrid(std::vector<TextLine> lines, const Rulings &rulings);
 
     /// Whether the lines are a table rather than text that happens to have gaps.
     bool looksLikeTable() const;
+
+    /// Whether rules run over the whole table, above or among its lines.
+    bool isRuled() const;
+
+    /// How many lines at the top are no part of the table: a title above the rule that opens it, or running text.
+    std::size_t linesBefore() const;
+    /// How many lines at the bottom are no part of the table.
+    std::size_t linesAfter() const;
+
+    /// The first line of running text among the rows; the number of lines if there is none.
+    std::size_t textAmongRows() const;
+
+    int columns() const { return static_cast<int>(m_edges.size()) - 1; }
 
     /// The table with its words. The lines of a wrapped cell are one row.
     TableWords tableWords() const;
@@ -77,6 +102,9 @@ private:
         Box box;
         int column = 0;
         int span = 1;
+        int rowSpan = 1;
+
+        int end() const { return column + span; }
     };
     struct GridRow
     {
@@ -85,27 +113,38 @@ private:
         double baseline = 0;
         double size = 0;
     };
+    struct HeadCell;
 
-    void findColumns();
     void fillRows();
     void addPiece(GridRow &row, const Segment &segment) const;
     bool isNextCell(const Piece &piece, const RawWord &word) const;
-    void spanHeadings();
-    std::size_t headerRows() const;
-    void joinTitle();
+    void dropEmptyColumns();
+    void findFullRules();
+    void widenToFrame();
+    void spanHeadsBetweenLines();
+    void spanUnderlinedHeads();
+    void spanCentredHeads();
+    std::size_t headerLines() const;
+    bool isRunningText(const GridRow &row) const;
     void addBorders(Table &table) const;
-    void mergeWrappedRows();
+
+    std::vector<GridRow> headRows() const;
+    std::vector<HeadCell> headCells() const;
+    std::vector<GridRow> bodyRows() const;
+    void addRowsOfBand(std::vector<GridRow> &rows, std::size_t from, std::size_t to, double rowGap) const;
+    double rowGap() const;
+    bool canBeOneRow(std::size_t from, std::size_t to) const;
     bool continues(const GridRow &upper, const GridRow &lower, double usualStep) const;
-    bool isOneHeader(const GridRow &upper, const GridRow &lower) const;
-    bool ruleBetween(const GridRow &upper, const GridRow &lower) const;
+    bool ruleBetween(const Box &upper, const Box &lower) const;
     int columnAt(double x) const;
-    int columns() const { return static_cast<int>(m_edges.size()) - 1; }
 
     std::vector<TextLine> m_lines;
-    std::vector<Rule> m_rules;
+    Rulings m_rules;
     std::vector<double> m_edges; ///< of the columns, from left to right
     std::vector<GridRow> m_grid;
-    bool m_hasTitle = false; ///< in the first row of the grid
+    std::vector<char> m_ruleAfter; ///< for each line, whether a rule over the whole table lies below it
+    bool m_ruleBefore = false;     ///< likewise above the first line
+    std::size_t m_headLines = 0;
 };
 
 } // namespace quorra::model

@@ -4,6 +4,8 @@
 
 #include "base/number.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <cmath>
 
@@ -19,29 +21,172 @@ bool startsInLowerCase(const WordRefs &words)
     return first.isLower() || first == QLatin1Char('(');
 }
 
+bool isNumber(const WordRefs &words)
+{
+    return looksNumeric(joinedText(words));
+}
+
+// Years and dates head columns as often as they stand in them.
+bool isDate(const WordRefs &words)
+{
+    static const QRegularExpression date(
+        QStringLiteral("^(?:(?:19|20)\\d\\d(?:[-–—/](?:\\d\\d){1,2})?|\\d{1,2}[./]\\d{1,2}[./](?:\\d\\d){1,2})$"));
+    return date.match(joinedText(words)).hasMatch();
+}
+
 template <typename Pieces>
 const auto *pieceIn(const Pieces &pieces, int column)
 {
     const auto found = std::find_if(pieces.begin(), pieces.end(), [column](const auto &piece) {
-        return piece.column <= column && column < piece.column + piece.span;
+        return piece.column <= column && column < piece.end();
     });
     return found == pieces.end() ? nullptr : &*found;
 }
 
 } // namespace
 
-bool TextGrid::ruleBetween(const GridRow &upper, const GridRow &lower) const
+/// A heading of one or several lines, and the level of the head at which it stands.
+struct TextGrid::HeadCell
 {
-    return std::any_of(m_rules.begin(), m_rules.end(), [&](const Rule &rule) {
-        return rule.y1 > upper.box.centreY() && rule.y1 < lower.box.centreY();
+    Piece piece;
+    double baseline = 0;
+    int top = 0;
+    int bottom = -1; // included; -1 until a heading below it is known
+};
+
+bool TextGrid::ruleBetween(const Box &upper, const Box &lower) const
+{
+    const double left = std::min(upper.left, lower.left);
+    const double right = std::max(upper.right, lower.right);
+    return std::any_of(m_rules.horizontal.begin(), m_rules.horizontal.end(), [&](const Rule &rule) {
+        return rule.y1 > upper.centreY() && rule.y1 < lower.centreY() && rule.x1 < right && rule.x2 > left;
     });
+}
+
+// How many lines at the top are the head: those above a rule, or else those above the first line with numbers. The
+// lines of a table of words without rules are no head.
+std::size_t TextGrid::headerLines() const
+{
+    const std::size_t most = std::min(thresholds.maxHeaderLines, m_grid.size() - 1);
+    std::size_t firstNumbers = m_grid.size();
+    for (std::size_t i = 0; i < m_grid.size() && firstNumbers == m_grid.size(); ++i) {
+        const bool numbers = std::any_of(m_grid[i].pieces.begin(), m_grid[i].pieces.end(), [](const Piece &piece) {
+            return piece.column > 0 && isNumber(piece.words) && !isDate(piece.words);
+        });
+        firstNumbers = numbers ? i : firstNumbers;
+    }
+    // With numbers, the head ends at the last rule above them: rules under headings of groups may add up to a full one.
+    std::size_t ruled = 0;
+    for (std::size_t i = 0; i < most; ++i) {
+        const bool early = static_cast<double>(i + 1) <= thresholds.maxHeaderShare * static_cast<double>(m_grid.size());
+        if (m_ruleAfter[i] && i <= firstNumbers && (early || i < firstNumbers)) {
+            ruled = i + 1 <= firstNumbers || ruled == 0 ? i + 1 : ruled;
+            if (firstNumbers > most) {
+                break;
+            }
+        }
+    }
+    if (ruled > 0) {
+        return ruled;
+    }
+    if (firstNumbers == 0 || firstNumbers > most) {
+        return 0;
+    }
+    std::size_t lines = firstNumbers;
+    while (lines > 1 && m_grid[lines - 1].pieces.size() == 1 && m_grid[lines - 1].pieces.front().column == 0 &&
+           m_grid[lines - 2].pieces.size() > 1) {
+        --lines; // the heading of the first rows, in the first column
+    }
+    return lines;
+}
+
+// The headings, each with all of its lines, and the level of the head on which each stands.
+std::vector<TextGrid::HeadCell> TextGrid::headCells() const
+{
+    std::vector<HeadCell> cells;
+    std::vector<int> lowest(static_cast<std::size_t>(columns()), -1); // the heading at the bottom of each column
+    for (std::size_t i = 0; i < m_headLines; ++i) {
+        const GridRow &row = m_grid[i];
+        for (const Piece &piece : row.pieces) {
+            const auto first = static_cast<std::size_t>(piece.column);
+            const auto end = static_cast<std::size_t>(piece.end());
+            HeadCell *above = lowest[first] < 0 ? nullptr : &cells[static_cast<std::size_t>(lowest[first])];
+            const bool isOne = above && std::all_of(
+                                            lowest.begin() + static_cast<std::ptrdiff_t>(first),
+                                            lowest.begin() + static_cast<std::ptrdiff_t>(end),
+                                            [&](int cell) { return cell == lowest[first]; });
+            const auto inSpan = std::count_if(row.pieces.begin(), row.pieces.end(), [&](const Piece &other) {
+                return above && other.column < above->piece.end() && other.end() > above->piece.column;
+            });
+            const bool sameColumns =
+                isOne && (above->piece.span == piece.span ||
+                          (inSpan == 1 && std::abs(above->piece.box.centreX() - piece.box.centreX()) <=
+                                              thresholds.maxOffCentre * row.size));
+            if (sameColumns && row.baseline - above->baseline <= thresholds.maxHeaderStep * row.size &&
+                !ruleBetween(above->piece.box, piece.box)) {
+                above->piece.words.insert(above->piece.words.end(), piece.words.begin(), piece.words.end());
+                above->piece.box = united(above->piece.box, piece.box);
+                above->baseline = row.baseline;
+                continue;
+            }
+            HeadCell cell{piece, row.baseline};
+            for (std::size_t c = first; c < end; ++c) {
+                if (lowest[c] >= 0) {
+                    cell.top = std::max(cell.top, cells[static_cast<std::size_t>(lowest[c])].top + 1);
+                }
+            }
+            for (std::size_t c = first; c < end; ++c) {
+                if (lowest[c] >= 0) {
+                    int &bottom = cells[static_cast<std::size_t>(lowest[c])].bottom;
+                    bottom = bottom < 0 ? cell.top - 1 : std::min(bottom, cell.top - 1);
+                }
+            }
+            cells.push_back(cell);
+            std::fill(
+                lowest.begin() + static_cast<std::ptrdiff_t>(first), lowest.begin() + static_cast<std::ptrdiff_t>(end),
+                static_cast<int>(cells.size()) - 1);
+        }
+    }
+    return cells;
+}
+
+// One row for each level of the head. A heading with nothing below it reaches down to the last of them.
+std::vector<TextGrid::GridRow> TextGrid::headRows() const
+{
+    std::vector<HeadCell> cells = headCells();
+    int levels = 0;
+    for (const HeadCell &cell : cells) {
+        levels = std::max(levels, cell.top + 1);
+    }
+    std::vector<GridRow> rows(static_cast<std::size_t>(levels));
+    for (HeadCell &cell : cells) {
+        const int bottom = cell.bottom < 0 ? levels - 1 : cell.bottom;
+        cell.piece.rowSpan = bottom - cell.top + 1;
+        rows[static_cast<std::size_t>(cell.top)].pieces.push_back(cell.piece);
+    }
+    // A heading of several rows fills all of them, but says only about the last where the rows below it begin.
+    for (int level = 0; level < levels; ++level) {
+        Box &box = rows[static_cast<std::size_t>(level)].box;
+        for (const HeadCell &cell : cells) {
+            if (cell.top + cell.piece.rowSpan - 1 == level && (cell.top == level || level == levels - 1)) {
+                Box part = cell.piece.box;
+                part.top = cell.top == level ? part.top : part.bottom;
+                box = united(box, part);
+            }
+        }
+    }
+    for (GridRow &row : rows) {
+        std::sort(
+            row.pieces.begin(), row.pieces.end(), [](const Piece &a, const Piece &b) { return a.column < b.column; });
+    }
+    return rows;
 }
 
 // Whether the lower row only continues cells of the upper one: it has no key in the first column, and begins in lower
 // case or has fewer cells.
 bool TextGrid::continues(const GridRow &upper, const GridRow &lower, double usualStep) const
 {
-    if (ruleBetween(upper, lower) || lower.baseline - upper.baseline > thresholds.maxWrapStep * usualStep) {
+    if (ruleBetween(upper.box, lower.box) || lower.baseline - upper.baseline > thresholds.maxWrapStep * usualStep) {
         return false;
     }
     const bool hasKey = lower.pieces.front().column == 0;
@@ -51,7 +196,7 @@ bool TextGrid::continues(const GridRow &upper, const GridRow &lower, double usua
     bool lowerCase = false;
     for (const Piece &piece : lower.pieces) {
         const Piece *above = pieceIn(upper.pieces, piece.column);
-        if (!above || above->column != piece.column || looksNumeric(joinedText(piece.words))) {
+        if (!above || above->column != piece.column || isNumber(piece.words)) {
             return false;
         }
         lowerCase = lowerCase || startsInLowerCase(piece.words);
@@ -59,54 +204,58 @@ bool TextGrid::continues(const GridRow &upper, const GridRow &lower, double usua
     return lowerCase || (!hasKey && lower.pieces.size() < upper.pieces.size() && upper.pieces.front().column == 0);
 }
 
-// Whether two rows are lines of one header row: every cell of the upper one is above a cell of the lower one.
-bool TextGrid::isOneHeader(const GridRow &upper, const GridRow &lower) const
+// The distance of baselines from which on lines of the body are different rows because rows are set apart; 0 if they
+// are not.
+double TextGrid::rowGap() const
 {
-    if (ruleBetween(upper, lower) ||
-        lower.baseline - upper.baseline > thresholds.maxHeaderStep * std::max(upper.size, lower.size)) {
-        return false;
-    }
-    return std::all_of(upper.pieces.begin(), upper.pieces.end(), [&](const Piece &piece) {
-        const Piece *below = pieceIn(lower.pieces, piece.column);
-        return below && below->column == piece.column && below->span == piece.span;
-    });
-}
-
-// How many rows at the top may be lines of one header row: those above the first row with numbers, or, in a table of
-// words, those above a rule. Without either, each line is a row of its own.
-std::size_t TextGrid::headerRows() const
-{
-    const auto hasNumbers = [](const GridRow &row) {
-        return std::any_of(row.pieces.begin(), row.pieces.end(), [](const Piece &piece) {
-            return piece.column > 0 && looksNumeric(joinedText(piece.words));
-        });
-    };
-    const std::size_t most = std::min(thresholds.maxHeaderLines + 1, m_grid.size());
-    for (std::size_t i = 0; i < most; ++i) {
-        if (hasNumbers(m_grid[i])) {
-            return i;
+    std::vector<double> steps;
+    for (std::size_t i = m_headLines + 1; i < m_grid.size(); ++i) {
+        if (!m_ruleAfter[i - 1]) {
+            steps.push_back((m_grid[i].baseline - m_grid[i - 1].baseline) / m_grid[i].size);
         }
     }
-    for (std::size_t i = m_hasTitle ? 2 : 1; i < most; ++i) {
-        if (ruleBetween(m_grid[i - 1], m_grid[i])) {
-            return i;
+    std::sort(steps.begin(), steps.end());
+    double gap = 0;
+    double widest = thresholds.minRowGap;
+    for (std::size_t i = 1; i < steps.size() && steps[i - 1] <= thresholds.maxInnerStep; ++i) {
+        if (steps[i] >= widest * steps[i - 1]) {
+            widest = steps[i] / steps[i - 1];
+            gap = (steps[i] + steps[i - 1]) / 2;
         }
     }
-    return 0;
+    return gap;
 }
 
-void TextGrid::mergeWrappedRows()
+// Whether the lines can be one row: no column holds two numbers, and no two lines have a key with other cells beside
+// it.
+bool TextGrid::canBeOneRow(std::size_t from, std::size_t to) const
+{
+    std::vector<int> numbers(static_cast<std::size_t>(columns()), 0);
+    int keys = 0;
+    for (std::size_t i = from; i < to; ++i) {
+        for (const Piece &piece : m_grid[i].pieces) {
+            if (piece.span == 1 && isNumber(piece.words) && ++numbers[static_cast<std::size_t>(piece.column)] > 1) {
+                return false;
+            }
+        }
+        const Piece &first = m_grid[i].pieces.front();
+        keys += first.column == 0 && m_grid[i].pieces.size() > 1 && !startsInLowerCase(first.words) ? 1 : 0;
+    }
+    return keys < 2 && to - from <= thresholds.maxLinesInRow &&
+           static_cast<double>(to - from) <= thresholds.maxFirstShare * static_cast<double>(m_grid.size());
+}
+
+void TextGrid::addRowsOfBand(std::vector<GridRow> &rows, std::size_t from, std::size_t to, double rowGap) const
 {
     std::vector<double> steps;
     for (std::size_t i = 1; i < m_grid.size(); ++i) {
         steps.push_back(m_grid[i].baseline - m_grid[i - 1].baseline);
     }
     const double usualStep = median(steps);
-    const std::size_t headerEnd = headerRows();
     const auto takeIn = [](GridRow &upper, const GridRow &lower) {
         for (const Piece &piece : lower.pieces) {
             const auto home = std::find_if(upper.pieces.begin(), upper.pieces.end(), [&piece](const Piece &p) {
-                return p.column == piece.column;
+                return p.column < piece.end() && p.end() > piece.column;
             });
             if (home == upper.pieces.end()) {
                 upper.pieces.push_back(piece);
@@ -121,35 +270,64 @@ void TextGrid::mergeWrappedRows()
         upper.box = united(upper.box, lower.box);
         upper.baseline = lower.baseline;
     };
-    std::vector<GridRow> merged;
-    for (std::size_t i = 0; i < m_grid.size(); ++i) {
-        const GridRow &row = m_grid[i];
-        const bool underTitle = m_hasTitle && merged.size() < 2;
-        const bool inHeader = i < headerEnd;
-        const bool together =
-            !merged.empty() && !underTitle &&
-            ((inHeader && isOneHeader(merged.back(), row)) || (!inHeader && continues(merged.back(), row, usualStep)));
-        if (together) {
-            takeIn(merged.back(), row);
-        } else {
-            merged.push_back(row);
+    for (std::size_t i = from; i < to;) {
+        std::size_t end = i + 1;
+        while (end < to &&
+               (rowGap == 0 || m_grid[end].baseline - m_grid[end - 1].baseline < rowGap * m_grid[end].size)) {
+            ++end;
+        }
+        const bool together = rowGap > 0 && end > i + 1 && canBeOneRow(i, end);
+        const std::size_t first = rows.size();
+        for (std::size_t k = i; k < end; ++k) {
+            const bool joins = rows.size() > first && (together || continues(rows.back(), m_grid[k], usualStep));
+            if (joins) {
+                takeIn(rows.back(), m_grid[k]);
+            } else {
+                rows.push_back(m_grid[k]);
+            }
+        }
+        i = end;
+    }
+}
+
+// The rows under the head. Where rules divide them, the lines between two rules are one row, unless they cannot be.
+std::vector<TextGrid::GridRow> TextGrid::bodyRows() const
+{
+    std::vector<std::pair<std::size_t, std::size_t>> bands;
+    std::size_t from = m_headLines;
+    for (std::size_t i = m_headLines; i < m_grid.size(); ++i) {
+        if (m_ruleAfter[i] || i + 1 == m_grid.size()) {
+            bands.emplace_back(from, i + 1);
+            from = i + 1;
         }
     }
-    m_grid = std::move(merged);
+    const auto lines = static_cast<double>(m_grid.size() - m_headLines);
+    const bool ruled =
+        bands.size() >= thresholds.minBands && lines <= thresholds.maxLinesInBand * static_cast<double>(bands.size());
+    const double gap = rowGap();
+    constexpr double always = 1e9;
+    std::vector<GridRow> rows;
+    for (const auto &[first, end] : bands) {
+        addRowsOfBand(rows, first, end, ruled && canBeOneRow(first, end) ? always : gap);
+    }
+    return rows;
 }
 
 // Makes the rules between the rows borders of the cells along which they run.
 void TextGrid::addBorders(Table &table) const
 {
-    for (const Rule &rule : m_rules) {
+    const auto nearestEdge = [](const std::vector<double> &edges, double at) {
+        const auto nearest = std::min_element(
+            edges.begin(), edges.end(), [at](double a, double b) { return std::abs(a - at) < std::abs(b - at); });
+        return static_cast<int>(nearest - edges.begin());
+    };
+    for (const Rule &rule : m_rules.horizontal) {
         const double y = rule.y1;
-        if (y < table.box.top - thresholds.rowMargin || y > table.box.bottom + thresholds.rowMargin) {
+        if (rule.width <= 0 || y < table.box.top - thresholds.rowMargin ||
+            y > table.box.bottom + thresholds.rowMargin) {
             continue;
         }
-        const auto nearest = std::min_element(table.rowEdges.begin(), table.rowEdges.end(), [y](double a, double b) {
-            return std::abs(a - y) < std::abs(b - y);
-        });
-        const auto line = static_cast<int>(nearest - table.rowEdges.begin());
+        const int line = nearestEdge(table.rowEdges, y);
         for (Cell &cell : table.cells) {
             const double along = std::min(rule.x2, cell.box.right) - std::max(rule.x1, cell.box.left);
             if (along < rulings::thresholds.minCoveredSide * cell.box.width()) {
@@ -163,36 +341,88 @@ void TextGrid::addBorders(Table &table) const
             }
         }
     }
+    for (const Rule &rule : m_rules.vertical) {
+        const int line = nearestEdge(table.columnEdges, rule.x1);
+        if (rule.width <= 0 ||
+            std::abs(table.columnEdges[static_cast<std::size_t>(line)] - rule.x1) > thresholds.maxRuleOverhang) {
+            continue;
+        }
+        for (Cell &cell : table.cells) {
+            const double along = std::min(rule.y2, cell.box.bottom) - std::max(rule.y1, cell.box.top);
+            if (along < rulings::thresholds.minCoveredSide * cell.box.height()) {
+                continue;
+            }
+            if (cell.column == line) {
+                cell.left = {rule.width, rule.colour};
+            }
+            if (cell.column + cell.columnSpan == line) {
+                cell.right = {rule.width, rule.colour};
+            }
+        }
+    }
 }
 
 TableWords TextGrid::tableWords() const
 {
-    TextGrid merged(*this);
-    merged.mergeWrappedRows();
-    const std::vector<GridRow> &grid = merged.m_grid;
+    std::vector<GridRow> grid = headRows();
+    for (GridRow &row : bodyRows()) {
+        grid.push_back(std::move(row));
+    }
     TableWords result;
     Table &table = result.table;
     table.columnEdges = m_edges;
-    table.rowEdges = {grid.front().box.top - thresholds.rowMargin};
+    const double whole = m_edges.back() - m_edges.front();
+    // The rule between two lines that is longest, if there is one, is the edge between their rows.
+    const auto edgeBetween = [&](double top, double bottom, double otherwise) {
+        const Rule *longest = nullptr;
+        for (const Rule &rule : m_rules.horizontal) {
+            if (rule.y1 > top && rule.y1 < bottom && rule.length() <= thresholds.maxFrameWidth * whole &&
+                rule.x1 < m_edges.back() && rule.x2 > m_edges.front() &&
+                (!longest || rule.length() > longest->length())) {
+                longest = &rule;
+            }
+        }
+        return longest ? longest->y1 : otherwise;
+    };
+    const Box &first = grid.front().box;
+    const Box &last = grid.back().box;
+    const double reach = thresholds.maxFrameGap * m_lines.front().size;
+    table.rowEdges = {edgeBetween(first.top - reach, first.top, first.top - thresholds.rowMargin)};
     for (std::size_t i = 1; i < grid.size(); ++i) {
-        table.rowEdges.push_back((grid[i - 1].box.bottom + grid[i].box.top) / 2);
+        const double upper = grid[i - 1].box.bottom;
+        const double lower = grid[i].box.top;
+        const double edge = edgeBetween(upper, lower, (upper + lower) / 2);
+        table.rowEdges.push_back(std::max(edge, table.rowEdges.back())); // lines of a head may overlap
     }
-    table.rowEdges.push_back(grid.back().box.bottom + thresholds.rowMargin);
+    table.rowEdges.push_back(edgeBetween(last.bottom, last.bottom + reach, last.bottom + thresholds.rowMargin));
     table.box = {m_edges.front(), table.rowEdges.front(), m_edges.back(), table.rowEdges.back()};
+    const auto width = static_cast<std::size_t>(columns());
+    std::vector<char> taken(grid.size() * width, 0);
     for (std::size_t r = 0; r < grid.size(); ++r) {
-        for (int column = 0; column < columns();) {
-            const Piece *piece = pieceIn(grid[r].pieces, column);
+        for (std::size_t column = 0; column < width; ++column) {
+            if (taken[r * width + column]) {
+                continue;
+            }
+            const auto piece = std::find_if(grid[r].pieces.begin(), grid[r].pieces.end(), [column](const Piece &p) {
+                return p.column == static_cast<int>(column);
+            });
             Cell cell;
             cell.row = static_cast<int>(r);
-            cell.column = column;
-            cell.columnSpan = piece ? piece->span : 1;
-            const int end = column + cell.columnSpan;
-            cell.box = {
-                m_edges[static_cast<std::size_t>(column)], table.rowEdges[r], m_edges[static_cast<std::size_t>(end)],
-                table.rowEdges[r + 1]};
+            cell.column = static_cast<int>(column);
+            if (piece != grid[r].pieces.end()) {
+                cell.columnSpan = piece->span;
+                cell.rowSpan = piece->rowSpan;
+            }
+            const std::size_t right = column + static_cast<std::size_t>(cell.columnSpan);
+            const std::size_t bottom = r + static_cast<std::size_t>(cell.rowSpan);
+            for (std::size_t i = r; i < bottom; ++i) {
+                for (std::size_t k = column; k < right; ++k) {
+                    taken[i * width + k] = 1;
+                }
+            }
+            cell.box = {m_edges[column], table.rowEdges[r], m_edges[right], table.rowEdges[bottom]};
             table.cells.push_back(cell);
-            result.words.push_back(piece ? piece->words : WordRefs());
-            column += cell.columnSpan;
+            result.words.push_back(piece == grid[r].pieces.end() ? WordRefs() : piece->words);
         }
     }
     addBorders(table);

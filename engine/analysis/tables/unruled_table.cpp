@@ -2,6 +2,8 @@
 #include "tables/unruled_table.h"
 
 #include "paragraphs/list_mark.h"
+#include "tables/grid_columns.h"
+#include "tables/leaders.h"
 #include "tables/text_grid.h"
 
 #include <algorithm>
@@ -12,32 +14,13 @@ namespace quorra::model {
 namespace {
 
 using unruledTables::thresholds;
-constexpr double minCellGap = textGrid::thresholds.minCellGap;
+constexpr double minCellGap = gridColumns::thresholds.minCellGap;
 
 struct LineRange
 {
     std::size_t first = 0;
     std::size_t last = 0; // included
 };
-
-bool isLeader(const QString &text)
-{
-    const auto dots = text.count(QLatin1Char('.'));
-    return dots >= thresholds.minLeaderDots && dots * 2 >= text.size();
-}
-
-// Whether the line has a leader, "....." or ". . . . .": a table of contents reads better as lines.
-bool hasLeader(const TextLine &line)
-{
-    qsizetype loneDots = 0;
-    for (const RawWord *word : line.words) {
-        loneDots += word->text == QLatin1String(".") ? 1 : 0;
-        if (isLeader(word->text)) {
-            return true;
-        }
-    }
-    return loneDots >= thresholds.minLeaderDots;
-}
 
 bool isListLine(const std::vector<Segment> &segments)
 {
@@ -53,12 +36,19 @@ bool hasRuleBetween(const std::vector<Rule> &horizontal, const TextLine &upper, 
 }
 
 // Whether the upper line is a heading over several columns, underlined by a rule that is shorter than the table is
-// wide.
-bool isHeadingOver(const TextLine &upper, const TextLine &lower, const std::vector<Rule> &horizontal)
+// wide, or a heading of columns beside the first.
+bool isHeadingOver(
+    const TextLine &upper, const TextLine &lower, const std::vector<Segment> &below,
+    const std::vector<Rule> &horizontal)
 {
+    if (lower.baseline - upper.baseline >= thresholds.maxHeadingStep * lower.size) {
+        return false;
+    }
     const double whole = std::max(lower.box.right, upper.box.right) - std::min(lower.box.left, upper.box.left);
-    return lower.baseline - upper.baseline < thresholds.maxHeadingStep * lower.size &&
-           std::any_of(horizontal.begin(), horizontal.end(), [&](const Rule &rule) {
+    const bool besideFirst = upper.box.left > below.front().box.right &&
+                             upper.box.right <= lower.box.right + lower.size &&
+                             upper.box.width() < thresholds.maxHeadWidth * lower.box.width();
+    return besideFirst || std::any_of(horizontal.begin(), horizontal.end(), [&](const Rule &rule) {
                return rule.y1 > upper.box.centreY() && rule.y1 < lower.box.centreY() && rule.x1 < upper.box.centreX() &&
                       rule.x2 > upper.box.centreX() && rule.length() < textGrid::thresholds.minFullRule * whole;
            });
@@ -81,6 +71,35 @@ bool continuesCell(const std::vector<Segment> &upper, const std::vector<Segment>
     return false;
 }
 
+// Whether the lines have as many texts, each of which lines up with the one above it.
+bool isAligned(const std::vector<Segment> &upper, const std::vector<Segment> &lower)
+{
+    constexpr double same = textLines::thresholds.sameEdge;
+    return upper.size() == lower.size() &&
+           std::equal(upper.begin(), upper.end(), lower.begin(), [](const Segment &a, const Segment &b) {
+               return std::abs(a.box.left - b.box.left) <= same || std::abs(a.box.right - b.box.right) <= same ||
+                      std::abs(a.box.centreX() - b.box.centreX()) <= same;
+           });
+}
+
+// Whether each text of the lower line stands inside the column of one of the upper line, which is not the first.
+bool staysInCells(const std::vector<Segment> &upper, const std::vector<Segment> &lower)
+{
+    constexpr double same = textLines::thresholds.sameEdge;
+    return std::all_of(lower.begin(), lower.end(), [&upper](const Segment &text) {
+        for (std::size_t i = 1; i < upper.size(); ++i) {
+            const bool lined = std::abs(upper[i].box.left - text.box.left) <= same ||
+                               std::abs(upper[i].box.right - text.box.right) <= same ||
+                               std::abs(upper[i].box.centreX() - text.box.centreX()) <= same;
+            if (lined && text.box.left > upper[i - 1].box.right &&
+                (i + 1 == upper.size() || text.box.right < upper[i + 1].box.left)) {
+                return true;
+            }
+        }
+        return false;
+    });
+}
+
 // Ranges of neighbouring lines nearly all of which have wide gaps.
 std::vector<LineRange> candidateRanges(
     const std::vector<TextLine> &lines, const std::vector<std::vector<Segment>> &segments,
@@ -95,21 +114,30 @@ std::vector<LineRange> candidateRanges(
         }
         LineRange range{i, i};
         std::size_t singles = 0;
+        std::size_t wrapped = 0;
         for (std::size_t j = i + 1; j < lines.size(); ++j) {
-            const double reach =
-                hasRuleBetween(horizontal, lines[j - 1], lines[j]) ? thresholds.maxRuledStep : thresholds.maxRowStep;
+            double reach = thresholds.maxRowStep;
+            if (isMulti(j - 1) && isAligned(segments[j - 1], segments[j])) {
+                reach = thresholds.maxAlignedStep;
+            }
+            if (hasRuleBetween(horizontal, lines[j - 1], lines[j])) {
+                reach = std::max(reach, thresholds.maxRuledStep);
+            }
             if (lines[j].baseline - lines[j - 1].baseline > reach * std::max(lines[j].size, lines[j - 1].size)) {
                 break;
             }
             if (isMulti(j)) {
                 range.last = j;
-                singles = 0;
+                singles = wrapped = 0;
+            } else if (staysInCells(segments[range.last], segments[j]) && ++wrapped <= thresholds.maxWrapped) {
+                continue;
             } else if (++singles > thresholds.maxSingles) {
                 break;
             }
         }
         const std::size_t floor = ranges.empty() ? 0 : ranges.back().last + 1;
-        while (range.first > floor && isHeadingOver(lines[range.first - 1], lines[range.first], horizontal)) {
+        while (range.first > floor &&
+               isHeadingOver(lines[range.first - 1], lines[range.first], segments[range.first], horizontal)) {
             --range.first;
         }
         std::size_t next = range.last + 1;
@@ -123,18 +151,6 @@ std::vector<LineRange> candidateRanges(
         i = range.last + 1;
     }
     return ranges;
-}
-
-std::size_t count(const std::vector<TextLine> &lines, const LineRange &s, bool (*has)(const TextLine &))
-{
-    return static_cast<std::size_t>(std::count_if(
-        lines.begin() + static_cast<std::ptrdiff_t>(s.first), lines.begin() + static_cast<std::ptrdiff_t>(s.last) + 1,
-        has));
-}
-
-bool isFixedPitch(const TextLine &line)
-{
-    return line.words.front()->style.fixedPitch;
 }
 
 // The parts of a range between rules that run across it. Text above and below a table may have columns too; then the
@@ -163,39 +179,92 @@ partsBetweenRules(const std::vector<TextLine> &lines, const LineRange &range, co
     }
     return result;
 }
+/// Text lines as a table sees them: without leaders, and with typed lines among the rules.
+struct CleanLines
+{
+    CleanLines(const std::vector<TextLine> &all, const Rulings &drawn) : rulings(drawn)
+    {
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            const std::vector<Rule> typed = typedRules(all[i]);
+            rulings.horizontal.insert(rulings.horizontal.end(), typed.begin(), typed.end());
+            TextLine line = typed.empty() ? withoutLeaders(all[i]) : TextLine();
+            if (!line.words.empty()) {
+                lines.push_back(std::move(line));
+                places.push_back(i);
+                leaders.push_back(leadsToOneText(all[i]) ? 1 : 0);
+            }
+        }
+    }
+
+    std::vector<TextLine> lines;
+    std::vector<std::size_t> places; ///< of the lines among all
+    std::vector<char> leaders;       ///< whether the line had one, to a single text
+    Rulings rulings;
+};
+
+// Adds the tables in a range of lines, without lines of text around and among them. Returns whether there is one.
+bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, LineRange range)
+{
+    for (;;) {
+        if (range.last < range.first || range.last - range.first + 1 < thresholds.minLines) {
+            return false;
+        }
+        const auto first = static_cast<std::ptrdiff_t>(range.first);
+        const auto end = static_cast<std::ptrdiff_t>(range.last) + 1;
+        const TextGrid grid({clean.lines.begin() + first, clean.lines.begin() + end}, clean.rulings);
+        const std::size_t before = grid.linesBefore();
+        const std::size_t after = before == 0 ? grid.linesAfter() : 0;
+        if (before + after > range.last - range.first) {
+            return false;
+        }
+        if (before + after > 0) {
+            range.first += before;
+            range.last -= after;
+            continue;
+        }
+        const std::size_t text = range.first + grid.textAmongRows();
+        if (text > range.first && text < range.last) {
+            const bool above = addTables(tables, clean, {range.first, text - 1});
+            return addTables(tables, clean, {text + 1, range.last}) || above;
+        }
+        const auto leaderLines = std::count(clean.leaders.begin() + first, clean.leaders.begin() + end, 1);
+        const bool contents = !grid.isRuled() && static_cast<double>(leaderLines) >
+                                                     thresholds.maxLeaderLines * static_cast<double>(end - first);
+        if (contents || !grid.looksLikeTable()) {
+            return false;
+        }
+        tables.push_back({grid.tableWords(), clean.places[range.first], clean.places[range.last]});
+        return true;
+    }
+}
 
 } // namespace
 
-std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &lines, const std::vector<Rule> &horizontal)
+std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &lines, const Rulings &rulings)
 {
+    const CleanLines clean(lines, rulings);
     std::vector<std::vector<Segment>> segments;
-    segments.reserve(lines.size());
-    for (const TextLine &line : lines) {
+    segments.reserve(clean.lines.size());
+    for (const TextLine &line : clean.lines) {
         segments.push_back(segmentsOf(line, minCellGap));
     }
     std::vector<UnruledTable> tables;
-    const auto add = [&](const LineRange &range) {
-        const std::size_t length = range.last - range.first + 1;
-        const double maxLeaders = thresholds.maxLeaderLines * static_cast<double>(length);
-        if (length < thresholds.minLines || static_cast<double>(count(lines, range, hasLeader)) > maxLeaders ||
-            2 * count(lines, range, isFixedPitch) > length) {
-            return true; // something else, and so are its parts
+    for (const LineRange &range : candidateRanges(clean.lines, segments, clean.rulings.horizontal)) {
+        if (!addTables(tables, clean, range)) {
+            for (const LineRange &part : partsBetweenRules(clean.lines, range, clean.rulings.horizontal)) {
+                addTables(tables, clean, part);
+            }
         }
-        TextGrid grid(
-            {lines.begin() + static_cast<std::ptrdiff_t>(range.first),
-             lines.begin() + static_cast<std::ptrdiff_t>(range.last) + 1},
-            horizontal);
-        if (!grid.looksLikeTable()) {
-            return false;
-        }
-        tables.push_back({grid.tableWords(), range.first, range.last});
-        return true;
-    };
-    for (const LineRange &range : candidateRanges(lines, segments, horizontal)) {
-        if (!add(range)) {
-            const std::vector<LineRange> parts = partsBetweenRules(lines, range, horizontal);
-            std::for_each(parts.begin(), parts.end(), add);
-        }
+    }
+    return tables;
+}
+
+std::vector<UnruledTable> tablesOfLines(const std::vector<TextLine> &lines, const Rulings &rulings)
+{
+    const CleanLines clean(lines, rulings);
+    std::vector<UnruledTable> tables;
+    if (!clean.lines.empty()) {
+        addTables(tables, clean, {0, clean.lines.size() - 1});
     }
     return tables;
 }

@@ -15,6 +15,7 @@ struct Thresholds
 {
     double maxRowStep = 2.6;              ///< em; between the baselines of neighbouring rows of one table
     double maxRuledStep = 2 * maxRowStep; ///< em; the same when a rule lies between them
+    double maxAlignedStep = 5;            ///< em; the same when their texts line up
     std::size_t maxSingles = 2;      ///< consecutive lines of one segment in a table (group headings, wrapped cells)
     std::size_t minLines = 2;        ///< of a table
     std::size_t minLinesOfPart = 3;  ///< of a table that is found only between rules across the text
@@ -22,8 +23,9 @@ struct Thresholds
     double minPartRule = 0.9;        ///< share of the text's width; such rules divide it into parts
     double maxWrapStep = 1.3;        ///< em; between the lines of a wrapped cell
     double maxWrapShift = 1;         ///< em; between the left edges of the lines of a wrapped cell
-    qsizetype minLeaderDots = 4;     ///< in a word or as words of a line: a leader of a table of contents
-    double maxLeaderLines = 1.0 / 3; ///< share of the lines; with more leaders it is a table of contents
+    std::size_t maxWrapped = 8;      ///< consecutive lines that go on inside cells of the line above them
+    double maxHeadWidth = 0.6;       ///< share of the next line's width; of a line that is only a heading of columns
+    double maxLeaderLines = 1.0 / 3; ///< share of the lines with a leader to one text; more are entries of a list
 };
 
 inline constexpr Thresholds thresholds;
@@ -38,10 +40,12 @@ struct UnruledTable
     std::size_t lastLine = 0;
 };
 
-/// Finds the tables without lines around their cells in the text lines of one column: only the alignment of the text
-/// shows them. Horizontal rules of the page, if there are any, tell which lines belong together and what a heading
-/// spans. Running text, lists, preformatted text and tables of contents are no tables. The result is in order of the
-/// lines.
-std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &lines, const std::vector<Rule> &horizontal);
+/// Finds the tables without lines around their cells in the text lines of one column: drawn and typed lines, where
+/// there are any, and the alignment of the text show them. Running text, lists, listings and tables of contents are no
+/// tables. The result is in order of the lines.
+std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &lines, const Rulings &rulings);
+
+/// The tables that the lines make together, but for text above, between and below them. There is at least one line.
+std::vector<UnruledTable> tablesOfLines(const std::vector<TextLine> &lines, const Rulings &rulings);
 
 } // namespace quorra::model

@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tables/grid_columns.h"
+
+#include "base/number.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorra::model {
+
+namespace {
+
+using gridColumns::thresholds;
+
+double sizeAt(const TextLine &line, const RawWord &word)
+{
+    return std::min(line.size, word.style.size * textLines::thresholds.maxSizeRatio);
+}
+
+/// Counts for each point across the table the lines that have a gap there, and those whose text runs across.
+class StripVotes
+{
+public:
+    StripVotes(double left, double right)
+        : m_left(left)
+        , m_votes(static_cast<std::size_t>(std::ceil((right - left) / thresholds.binWidth)) + 1)
+        , m_wide(m_votes.size())
+        , m_crossings(m_votes.size())
+    {}
+
+    std::size_t bins() const { return m_votes.size(); }
+    double x(double bin) const { return m_left + bin * thresholds.binWidth; }
+
+    void addLine(const TextLine &line, double weight)
+    {
+        double reached = bodyOf(*line.words.front()).left;
+        for (const RawWord *word : line.words) {
+            const Box body = bodyOf(*word);
+            const double gap = (body.left - reached) / sizeAt(line, *word);
+            const double strength = gap > thresholds.minCellGap    ? 1
+                                    : gap >= thresholds.minWeakGap ? thresholds.weakVote
+                                                                   : 0;
+            add(m_wide, reached, body.left, strength >= 1 ? weight : 0);
+            add(strength > 0 ? m_votes : m_crossings, reached, body.left, strength > 0 ? strength * weight : weight);
+            add(m_crossings, std::max(reached, body.left), body.right, weight);
+            reached = std::max(reached, body.right);
+        }
+    }
+
+    void addRule(double at)
+    {
+        for (std::vector<double> *counts : {&m_votes, &m_wide}) {
+            add(*counts, at - thresholds.binWidth, at + thresholds.binWidth, thresholds.ruleVote);
+        }
+    }
+
+    bool isOpen(std::size_t bin) const
+    {
+        return m_votes[bin] >= thresholds.minVotes && m_wide[bin] >= thresholds.minWideVotes &&
+               m_crossings[bin] <= thresholds.maxCrossing * m_votes[bin];
+    }
+
+    /// The middle of the widest part of [from, to) over which most lines agree on a gap.
+    double best(std::size_t from, std::size_t to) const
+    {
+        double most = m_votes[from] - m_crossings[from];
+        for (std::size_t i = from; i < to; ++i) {
+            most = std::max(most, m_votes[i] - m_crossings[i]);
+        }
+        std::size_t begin = from;
+        std::size_t length = 0;
+        for (std::size_t i = from; i < to;) {
+            std::size_t end = i;
+            while (end < to && m_votes[end] - m_crossings[end] >= most) {
+                ++end;
+            }
+            if (end - i > length) {
+                begin = i;
+                length = end - i;
+            }
+            i = std::max(end, i + 1);
+        }
+        return x(static_cast<double>(begin) + static_cast<double>(length) / 2);
+    }
+
+    std::size_t binOf(double at) const
+    {
+        const double bin = (at - m_left) / thresholds.binWidth;
+        return static_cast<std::size_t>(std::clamp(bin, 0.0, static_cast<double>(bins() - 1)));
+    }
+
+private:
+    void add(std::vector<double> &counts, double from, double to, double weight)
+    {
+        if (to <= from) {
+            return;
+        }
+        const auto first = static_cast<std::size_t>(std::max(0.0, std::ceil((from - m_left) / thresholds.binWidth)));
+        const auto last = static_cast<std::size_t>(std::max(0.0, std::ceil((to - m_left) / thresholds.binWidth)));
+        for (std::size_t i = first; i < std::min(last, counts.size()); ++i) {
+            counts[i] += weight;
+        }
+    }
+
+    double m_left;
+    std::vector<double> m_votes;
+    std::vector<double> m_wide; ///< the votes of wide gaps alone
+    std::vector<double> m_crossings;
+};
+
+/// A line of text with its parts between wide gaps, two or more.
+struct DividedLine
+{
+    const TextLine *line = nullptr;
+    std::vector<Segment> segments;
+    bool head = false;
+};
+
+bool isBody(const DividedLine &line)
+{
+    const auto numbers = std::count_if(line.segments.begin() + 1, line.segments.end(), [](const Segment &segment) {
+        return looksNumeric(joinedText(segment.words));
+    });
+    return static_cast<double>(numbers) >= thresholds.minHeadNumbers * static_cast<double>(line.segments.size() - 1);
+}
+
+std::vector<DividedLine> dividedLines(const std::vector<TextLine> &lines)
+{
+    std::vector<DividedLine> divided;
+    for (const TextLine &line : lines) {
+        std::vector<Segment> segments = segmentsOf(line, thresholds.minCellGap);
+        if (segments.size() > 1) {
+            divided.push_back({&line, std::move(segments), true});
+        }
+    }
+    const auto body = std::find_if(divided.begin(), divided.end(), isBody);
+    const bool known = body != divided.end() && static_cast<double>(divided.end() - body) >= thresholds.minBodyLines;
+    std::for_each(known ? body : divided.begin(), divided.end(), [](DividedLine &line) { line.head = false; });
+    return divided;
+}
+
+struct Extent
+{
+    double left;
+    double right;
+};
+
+// Texts that stand by themselves inside a strip have a column to themselves, unless it is a single heading, which may
+// stand over the columns on both sides.
+std::vector<Extent> textsInside(const std::vector<DividedLine> &lines, double left, double right)
+{
+    std::vector<Extent> texts;
+    std::size_t inBody = 0;
+    for (const DividedLine &line : lines) {
+        for (const Segment &segment : line.segments) {
+            if (segment.box.left >= left - thresholds.insideTolerance &&
+                segment.box.right <= right + thresholds.insideTolerance) {
+                texts.push_back({segment.box.left, segment.box.right});
+                inBody += line.head ? 0 : 1;
+            }
+        }
+    }
+    if (inBody == 0 && texts.size() < 2) {
+        return {};
+    }
+    std::sort(texts.begin(), texts.end(), [](const Extent &a, const Extent &b) { return a.left < b.left; });
+    std::vector<Extent> columns;
+    for (const Extent &text : texts) {
+        if (!columns.empty() && text.left < columns.back().right) {
+            columns.back().right = std::max(columns.back().right, text.right);
+        } else {
+            columns.push_back(text);
+        }
+    }
+    return columns;
+}
+
+void addStrip(
+    std::vector<double> &edges, const StripVotes &votes, const std::vector<DividedLine> &lines, std::size_t from,
+    std::size_t to)
+{
+    std::size_t begin = from;
+    for (const Extent &text :
+         textsInside(lines, votes.x(static_cast<double>(from)), votes.x(static_cast<double>(to)))) {
+        const std::size_t end = std::clamp(votes.binOf(text.left), begin, to);
+        if (end > begin) {
+            edges.push_back(votes.best(begin, end));
+        }
+        begin = std::clamp(votes.binOf(text.right) + 1, begin, to);
+    }
+    if (to > begin) {
+        edges.push_back(votes.best(begin, to));
+    }
+}
+
+} // namespace
+
+std::vector<double> findColumnEdges(const std::vector<TextLine> &lines, const std::vector<Rule> &vertical)
+{
+    Box area;
+    for (const TextLine &line : lines) {
+        area = united(area, line.box);
+    }
+    StripVotes votes(area.left, area.right);
+    const std::vector<DividedLine> divided = dividedLines(lines);
+    for (const DividedLine &line : divided) {
+        votes.addLine(*line.line, line.head ? thresholds.headVote : 1);
+    }
+    std::vector<double> drawn;
+    for (const Rule &rule : vertical) {
+        if (rule.x1 <= area.left || rule.x1 >= area.right) {
+            continue;
+        }
+        if (rule.width > 0 && rule.length() >= thresholds.minRuleHeight * area.height()) {
+            drawn.push_back(rule.x1);
+        } else {
+            votes.addRule(rule.x1);
+        }
+    }
+    std::vector<double> edges;
+    const double minWidth = thresholds.minStrip * lines.front().size;
+    for (std::size_t i = 0; i < votes.bins();) {
+        std::size_t end = i;
+        while (end < votes.bins() && votes.isOpen(end)) {
+            ++end;
+        }
+        const double left = votes.x(static_cast<double>(i));
+        const double right = votes.x(static_cast<double>(end));
+        const bool hasLine = std::any_of(drawn.begin(), drawn.end(), [&](double x) {
+            return x > left - thresholds.ruleReach && x < right + thresholds.ruleReach;
+        });
+        if (right - left >= minWidth && !hasLine) {
+            addStrip(edges, votes, divided, i, end);
+        }
+        i = std::max(end, i + 1);
+    }
+    edges.insert(edges.end(), drawn.begin(), drawn.end());
+    edges.push_back(area.left - thresholds.outerMargin);
+    edges.push_back(area.right + thresholds.outerMargin);
+    std::sort(edges.begin(), edges.end());
+    return edges;
+}
+
+} // namespace quorra::model
