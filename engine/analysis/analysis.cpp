@@ -10,6 +10,7 @@
 #include "semantics/captions.h"
 #include "semantics/page_headers.h"
 #include "semantics/roles.h"
+#include "text_lines/leader_words.h"
 
 #include <unordered_map>
 
@@ -50,6 +51,7 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
     for (RawPage &page : pages) {
         comments.push_back(std::move(page.comments));
         page = sanitised(std::move(page));
+        cutLeadersOff(page.words);
         for (std::size_t i = 0; i < page.words.size(); ++i) {
             page.words[i].index = i;
         }

@@ -47,6 +47,9 @@ public:
         for (double *indent : {&paragraph.indentLeft, &paragraph.indentRight, &paragraph.firstLineIndent}) {
             *indent *= alongLines;
         }
+        for (TabStop &stop : paragraph.tabStops) {
+            stop.position *= alongLines;
+        }
         paragraph.spaceBefore *= acrossLines;
         paragraph.lineDistance *= acrossLines;
         for (ParagraphBorder *border : {&paragraph.borderAbove, &paragraph.borderBelow}) {

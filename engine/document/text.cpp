@@ -44,6 +44,9 @@ public:
         case Separator::LineBreak:
             text += QLatin1Char('\n');
             break;
+        case Separator::Tab:
+            text += QLatin1Char('\t');
+            break;
         case Separator::Hyphen:
             text.chop(1);
             break;
@@ -111,7 +114,7 @@ std::vector<Run> runsOf(const Paragraph &paragraph)
     bool isMark = paragraph.listItem.has_value();
     for (const Line &line : paragraph.lines) {
         for (const Word &word : line.words) {
-            if (std::exchange(isMark, false)) {
+            if (std::exchange(isMark, false) || word.leader) {
                 continue;
             }
             if (before) {
@@ -164,9 +167,13 @@ QString plainText(const Line &line)
 {
     QString text;
     for (std::size_t i = 0; i < line.words.size(); ++i) {
-        text += line.words[i].text;
-        if (i + 1 < line.words.size() && line.words[i].spaceAfter()) {
-            text += QLatin1Char(' ');
+        const Word &word = line.words[i];
+        if (word.leader) {
+            continue;
+        }
+        text += word.text;
+        if (i + 1 < line.words.size() && word.spaceAfter()) {
+            text += QLatin1Char(word.separator == Separator::Tab ? '\t' : ' ');
         }
     }
     return text;
@@ -214,7 +221,7 @@ double largestSize(const Line &line)
 double largestSize(const Paragraph &paragraph)
 {
     double largest = 0;
-    bool isMark = paragraph.listItem.has_value();
+    bool isMark = paragraph.listItem || paragraph.dropCapLines > 0;
     for (const Line &line : paragraph.lines) {
         for (const Word &word : line.words) {
             largest = std::exchange(isMark, false) ? largest : std::max(largest, word.style->size);

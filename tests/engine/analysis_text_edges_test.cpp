@@ -6,6 +6,8 @@
 #include "analysis/paragraphs/dehyphenation.h"
 #include "analysis/paragraphs/paragraph_breaks.h"
 #include "analysis/paragraphs/paragraphs.h"
+#include "analysis/paragraphs/tabs.h"
+#include "analysis/text_lines/leader_words.h"
 #include "analysis/text_lines/superscripts.h"
 #include "analysis/text_lines/word_fragments.h"
 
@@ -171,6 +173,29 @@ std::vector<Edge> superscriptEdges()
 
 // ---- column gaps
 
+// Two columns of that many lines each. All lines begin at the column's edge; justified ones end below one another, too.
+// Every third one begins in the middle of a sentence.
+Words columns(int lines, bool justified, double indentOfOdd = 0)
+{
+    Words words;
+    for (int i = 0; i < lines; ++i) {
+        const double y = 100 + step * i;
+        const double wide = justified ? 180 : 180 - 7 * (i % 4) * (i % 3 + 1) - i;
+        const double indent = i % 2 == 1 ? indentOfOdd * i : 0;
+        const QString begin = i % 3 == 0 ? QStringLiteral("goes") : QStringLiteral("Then");
+        for (const double left : {0.0, 200 + indent}) {
+            words.push_back(word(begin, left, 20, y));
+            words.push_back(word(QStringLiteral("sixteen-letter-words"), left + 23, wide - 23 - indent, y));
+        }
+    }
+    return words;
+}
+
+bool haveColumns(Words words)
+{
+    return findColumnGap({refs(words), {}}).has_value();
+}
+
 // Two columns of that many lines of large type, with a gap between them.
 bool isColumnGap(double gap)
 {
@@ -215,6 +240,12 @@ std::vector<Edge> columnEdges()
     const auto letters = [](double count) { return static_cast<std::size_t>(count); };
     return {
         {"width of a column gap", 0.85 * thresholds.minWidth, 1.15 * thresholds.minWidth, false, isColumnGap},
+        fewest(
+            "lines beside a column gap", thresholds.minHeight,
+            [](double count) { return haveColumns(columns(static_cast<int>(count), false)); }),
+        fewest(
+            "justified lines beside a column gap", thresholds.minJustifiedHeight,
+            [](double count) { return haveColumns(columns(static_cast<int>(count), true)); }),
         fewest(
             "lines of running text", thresholds.minLines,
             [](double count) { return isText(static_cast<int>(count), 40, width); }),
@@ -337,6 +368,46 @@ Alignment alignmentOf(Words words)
     return paragraphs(std::move(words)).front().alignment;
 }
 
+bool hasTab(double gap)
+{
+    const std::vector<Paragraph> found =
+        paragraphs({word(text, 0, 30, 100), word(text, 33, 30, 100), word(text, 63 + gap, 30, 100)});
+    return !found.front().tabStops.empty();
+}
+
+bool hasLeader(double dots)
+{
+    const QString leader(static_cast<int>(dots), QLatin1Char('.'));
+    const std::vector<Paragraph> found =
+        paragraphs({word(text, 0, 30, 100), word(leader, 33, 20, 100), word(QStringLiteral("7"), 56, 5, 100)});
+    return !found.front().tabStops.empty() && found.front().tabStops.front().leader;
+}
+
+// A letter of that size beside two close lines, at that distance from them.
+bool hasDropCap(double size, double gap)
+{
+    constexpr double close = 9;
+    const double right = 0.6 * size * em;
+    const std::vector<Paragraph> found = paragraphs(
+        {word(QStringLiteral("T"), 0, right, 99 + close, size * em), word(text, right + gap * em, 100, 100),
+         word(text, right + gap * em, 100, 100 + close)});
+    return found.front().dropCapLines > 0;
+}
+
+std::vector<Edge> tabEdges()
+{
+    return {
+        minimum("gap of a tab", tabs::thresholds.minGap, [](double gap) { return hasTab(gap * em); }),
+        fewest("dots of a leader", static_cast<std::size_t>(leaderWords::thresholds.minDots), hasLeader),
+        minimum(
+            "size of a drop cap", textLines::thresholds.minInitialSize,
+            [](double size) { return hasDropCap(size, 0.2); }),
+        maximum(
+            "gap beside a drop cap", textLines::thresholds.maxDropCapGap,
+            [](double gap) { return hasDropCap(2, gap); }),
+    };
+}
+
 std::vector<Edge> paragraphEdges()
 {
     using model::paragraphs::thresholds;
@@ -345,9 +416,9 @@ std::vector<Edge> paragraphEdges()
             "single line off the middle", thresholds.centredTolerance,
             [](double share) { return alignmentOf({centred(200, 100, share * width / 2)}) == Alignment::Centre; }),
         maximum(
-            "one of several lines off the middle", thresholds.centredTolerance,
-            [](double share) {
-                return alignmentOf({centred(300, 100), centred(200, 100 + step, share * width)}) == Alignment::Centre;
+            "one of several lines off the middle", thresholds.sameCentre,
+            [](double shift) {
+                return alignmentOf({centred(300, 100), centred(200, 100 + step, shift)}) == Alignment::Centre;
             }),
         minimum(
             "inset of a centred line", thresholds.minInset,
@@ -409,8 +480,17 @@ private Q_SLOTS:
     void superscripts() { checkRow(superscriptEdges()); }
     void columnGaps_data() { addRows(columnEdges()); }
     void columnGaps() { checkRow(columnEdges()); }
+
+    // Wide spaces that happen to stand below one another: the text beside them does not begin below itself.
+    void aRiverIsNoColumnGap()
+    {
+        QVERIFY(haveColumns(columns(8, false)));
+        QVERIFY(!haveColumns(columns(8, false, 5)));
+    }
     void paragraphBreaks_data() { addRows(breakEdges()); }
     void paragraphBreaks() { checkRow(breakEdges()); }
+    void tabs_data() { addRows(tabEdges()); }
+    void tabs() { checkRow(tabEdges()); }
     void paragraphs_data() { addRows(paragraphEdges()); }
     void paragraphs() { checkRow(paragraphEdges()); }
 };

@@ -2,6 +2,7 @@
 #include "columns/column_gaps.h"
 
 #include "base/number.h"
+#include "document/direction.h"
 
 #include <algorithm>
 #include <bitset>
@@ -134,56 +135,202 @@ double usualSize(const WordRefs &words)
     return median(std::move(sizes));
 }
 
-bool hasTextBeside(const RegionItems &items, const ColumnGap &gap)
+using Lines = std::vector<TextLine>;
+
+// Whether lines [first, first + count) are prose: long and made of letters.
+bool areProse(const Lines &lines, std::size_t first, std::size_t count)
 {
-    WordRefs left;
-    WordRefs right;
-    bool obstacleLeft = false;
-    bool obstacleRight = false;
+    if (count < thresholds.minLines) {
+        return false;
+    }
+    Box all;
+    std::vector<double> letters;
+    std::vector<double> widths;
+    std::size_t words = 0;
+    int numeric = 0;
+    for (std::size_t i = first; i < first + count; ++i) {
+        all = united(all, lines[i].box);
+        int letterSum = 0;
+        for (const RawWord *word : lines[i].words) {
+            letterSum += letterCount(word->text);
+            numeric += looksNumeric(word->text) ? 1 : 0;
+        }
+        words += lines[i].words.size();
+        letters.push_back(letterSum);
+        widths.push_back(lines[i].box.width());
+    }
+    const double minLetters = count == 2 ? thresholds.minLettersOfTwoLines : thresholds.minLetters;
+    return median(letters) >= minLetters && median(widths) >= thresholds.minLineWidth * all.width() &&
+           numeric < thresholds.maxNumericWords * static_cast<double>(words);
+}
+
+// Whether lines begin in the middle of a sentence. Text in capitals, in scripts without them, and text of a few lines
+// does not tell, and is taken for text that does.
+bool goesOn(const Lines &lines, bool rightToLeft)
+{
+    std::size_t cased = 0;
+    std::size_t small = 0;
+    bool hasSmall = false;
+    for (const TextLine &line : lines) {
+        const QChar begin = (rightToLeft ? line.words.back() : line.words.front())->text.front();
+        cased += begin.isUpper() || begin.isLower() ? 1 : 0;
+        small += begin.isLower() ? 1 : 0;
+        hasSmall = hasSmall || std::any_of(line.words.begin(), line.words.end(), [](const RawWord *word) {
+                       return word->text.back().isLower();
+                   });
+    }
+    return cased < thresholds.minCasedLines || !hasSmall ||
+           static_cast<double>(small) >= thresholds.minGoingOn * static_cast<double>(cased);
+}
+
+/// What stands on one side of a strip.
+class Side
+{
+public:
+    void add(const RawWord *word) { m_words.push_back(word); }
+    void addObstacle() { m_hasObstacle = true; }
+
+    void finish()
+    {
+        m_rightToLeft =
+            std::any_of(
+                m_words.begin(), m_words.end(), [](const RawWord *word) { return hasRightToLeft(word->text); }) &&
+            isRightToLeft(joinedText(m_words));
+        m_lines = textLinesOf(std::move(m_words));
+    }
+
+    const Lines &lines() const { return m_lines; }
+    bool hasObstacle() const { return m_hasObstacle; }
+
+    bool isText() const { return areProse(m_lines, 0, m_lines.size()) && goesOn(m_lines, m_rightToLeft); }
+
+    // A column may hold a table or a list beside its text.
+    bool hasText() const
+    {
+        if (!goesOn(m_lines, m_rightToLeft)) {
+            return false;
+        }
+        bool found = areProse(m_lines, 0, m_lines.size());
+        for (std::size_t i = 0; i + thresholds.stretch <= m_lines.size() && !found; ++i) {
+            found = areProse(m_lines, i, thresholds.stretch);
+        }
+        return found;
+    }
+
+    // Whether most lines begin where others do: at the edge of the column, or at an indent.
+    bool isAligned() const { return agree(m_rightToLeft); }
+
+    // Whether most lines also end where others do.
+    bool isJustified() const { return agree(true) && agree(false); }
+
+private:
+    // Whether most of the right or left edges of the lines agree with those of other lines.
+    bool agree(bool rightEdges) const
+    {
+        std::vector<double> edges;
+        edges.reserve(m_lines.size());
+        for (const TextLine &line : m_lines) {
+            edges.push_back(rightEdges ? line.box.right : line.box.left);
+        }
+        std::sort(edges.begin(), edges.end());
+        const std::size_t others = edges.size() < thresholds.minHeight ? 1 : 2;
+        std::size_t agreeing = 0;
+        for (const double edge : edges) {
+            const auto from = std::lower_bound(edges.begin(), edges.end(), edge - textLines::thresholds.sameEdge);
+            const auto to = std::upper_bound(edges.begin(), edges.end(), edge + textLines::thresholds.sameEdge);
+            agreeing += static_cast<std::size_t>(to - from) > others ? 1 : 0;
+        }
+        return static_cast<double>(agreeing) >= thresholds.minAligned * static_cast<double>(edges.size());
+    }
+
+    WordRefs m_words;
+    Lines m_lines;
+    bool m_hasObstacle = false;
+    bool m_rightToLeft = false;
+};
+
+// The share of the shorter side's lines that stand on the baseline of a line of the other side.
+double sharedBaselines(const Lines &a, const Lines &b)
+{
+    const Lines &fewer = a.size() < b.size() ? a : b;
+    const Lines &more = a.size() < b.size() ? b : a;
+    const auto shared = std::count_if(fewer.begin(), fewer.end(), [&more](const TextLine &line) {
+        const double near = thresholds.sameBaseline * line.size;
+        const auto at = std::lower_bound(
+            more.begin(), more.end(), line.baseline - near,
+            [](const TextLine &other, double baseline) { return other.baseline < baseline; });
+        return at != more.end() && at->baseline <= line.baseline + near;
+    });
+    return static_cast<double>(shared) / std::max(1.0, static_cast<double>(fewer.size()));
+}
+
+bool dividesColumns(const RegionItems &items, const ColumnGap &gap, bool isKnown)
+{
+    Side left;
+    Side right;
+    const auto isBeside = [&gap](const Box &box) { return box.centreY() >= gap.top && box.centreY() <= gap.bottom; };
     for (const RawWord *word : items.words) {
         const Box body = bodyOf(*word);
-        if (body.centreY() >= gap.top && body.centreY() <= gap.bottom) {
-            (body.centreX() < gap.left ? left : right).push_back(word);
+        if (isBeside(body)) {
+            (body.centreX() < gap.left ? left : right).add(word);
         }
     }
     for (const auto &obstacle : items.obstacles) {
-        if (obstacle.first.centreY() >= gap.top && obstacle.first.centreY() <= gap.bottom) {
-            (obstacle.first.centreX() < gap.left ? obstacleLeft : obstacleRight) = true;
+        if (isBeside(obstacle.first)) {
+            (obstacle.first.centreX() < gap.left ? left : right).addObstacle();
         }
     }
-    const bool textLeft = areProseLines(left);
-    const bool textRight = areProseLines(right);
-    return (textLeft && textRight) || (textLeft && obstacleRight) || (textRight && obstacleLeft);
+    left.finish();
+    right.finish();
+    if ((right.hasObstacle() && left.isText() && left.isAligned()) ||
+        (left.hasObstacle() && right.isText() && right.isAligned())) {
+        return true;
+    }
+    const std::size_t fewer = std::min(left.lines().size(), right.lines().size());
+    const std::size_t more = std::max(left.lines().size(), right.lines().size());
+    const bool isHigh = more >= (isKnown ? thresholds.minLines : thresholds.minHeight) ||
+                        (fewer >= thresholds.minJustifiedHeight && left.isJustified() && right.isJustified());
+    if (fewer < thresholds.minLines || !isHigh || !left.isAligned() || !right.isAligned()) {
+        return false;
+    }
+    if (left.hasText() && right.hasText()) {
+        return true;
+    }
+    return (left.isText() || right.isText()) && fewer >= thresholds.minHeight &&
+           sharedBaselines(left.lines(), right.lines()) <= thresholds.maxShared;
+}
+
+// The candidates without those that overlap a better one: one for each white strip, the best one first.
+std::vector<Candidate> oneOfEachStrip(std::vector<Candidate> candidates, int width)
+{
+    std::stable_sort(
+        candidates.begin(), candidates.end(), [](const Candidate &a, const Candidate &b) { return a.score > b.score; });
+    std::vector<Candidate> strips;
+    for (const Candidate &candidate : candidates) {
+        if (strips.size() == static_cast<std::size_t>(thresholds.maxCandidates)) {
+            break;
+        }
+        const bool isNew = std::none_of(strips.begin(), strips.end(), [&](const Candidate &other) {
+            const int shared = std::min(candidate.to, other.to) - std::max(candidate.from, other.from) + 1;
+            return std::abs(candidate.bin - other.bin) <= width &&
+                   shared > thresholds.sameStrip * (candidate.to - candidate.from + 1);
+        });
+        if (isNew) {
+            strips.push_back(candidate);
+        }
+    }
+    return strips;
 }
 
 } // namespace
 
 bool areProseLines(const WordRefs &words)
 {
-    const std::vector<TextLine> lines = textLinesOf(words);
-    if (lines.size() < thresholds.minLines) {
-        return false;
-    }
-    Box all;
-    std::vector<double> letters;
-    std::vector<double> widths;
-    int numeric = 0;
-    for (const TextLine &line : lines) {
-        all = united(all, line.box);
-        int count = 0;
-        for (const RawWord *word : line.words) {
-            count += letterCount(word->text);
-            numeric += looksNumeric(word->text) ? 1 : 0;
-        }
-        letters.push_back(count);
-        widths.push_back(line.box.width());
-    }
-    const double minLetters = lines.size() == 2 ? thresholds.minLettersOfTwoLines : thresholds.minLetters;
-    return median(letters) >= minLetters && median(widths) >= thresholds.minLineWidth * all.width() &&
-           numeric < thresholds.maxNumericWords * static_cast<double>(words.size());
+    const Lines lines = textLinesOf(words);
+    return areProse(lines, 0, lines.size());
 }
 
-std::optional<ColumnGap> findColumnGap(const RegionItems &items)
+std::optional<ColumnGap> findColumnGap(const RegionItems &items, const std::vector<ColumnGap> &known)
 {
     if (items.words.size() < thresholds.minWords) {
         return std::nullopt;
@@ -203,23 +350,15 @@ std::optional<ColumnGap> findColumnGap(const RegionItems &items)
     for (int bin = 1; bin + width < coverage.bins(); ++bin) {
         addCandidates(coverage, bin, width, candidates);
     }
-    std::stable_sort(
-        candidates.begin(), candidates.end(), [](const Candidate &a, const Candidate &b) { return a.score > b.score; });
-    int tries = 0;
-    int lastBin = -static_cast<int>(thresholds.maxBins);
-    for (const Candidate &candidate : candidates) {
-        if (std::abs(candidate.bin - lastBin) <= width) { // overlaps the strip tried before
-            continue;
-        }
-        lastBin = candidate.bin;
+    for (const Candidate &candidate : oneOfEachStrip(std::move(candidates), width)) {
         const ColumnGap gap{
             coverage.x(candidate.bin), coverage.x(candidate.bin + width),
             coverage.y(candidate.from) - thresholds.margin, coverage.y(candidate.to + 1) + thresholds.margin};
-        if (hasTextBeside(items, gap)) {
+        const bool isKnown = std::any_of(known.begin(), known.end(), [&gap](const ColumnGap &other) {
+            return gap.left < other.right && gap.right > other.left;
+        });
+        if (dividesColumns(items, gap, isKnown)) {
             return gap;
-        }
-        if (++tries == thresholds.maxCandidates) {
-            break;
         }
     }
     return std::nullopt;

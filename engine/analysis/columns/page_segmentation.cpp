@@ -2,6 +2,7 @@
 #include "columns/page_segmentation.h"
 
 #include "columns/column_gaps.h"
+#include "document/direction.h"
 
 #include <algorithm>
 #include <iterator>
@@ -83,13 +84,22 @@ void append(std::vector<Band> &bands, std::vector<Band> more)
     std::move(more.begin(), more.end(), std::back_inserter(bands));
 }
 
-std::vector<Band> split(RegionItems items, int depth);
+bool isRightToLeft(const Parts &parts)
+{
+    const WordRefs &left = parts.left.words;
+    const WordRefs &right = parts.right.words;
+    const auto isForeign = [](const RawWord *word) { return hasRightToLeft(word->text); };
+    return (std::any_of(left.begin(), left.end(), isForeign) || std::any_of(right.begin(), right.end(), isForeign)) &&
+           model::isRightToLeft(joinedText(left) + joinedText(right));
+}
+
+std::vector<Band> split(RegionItems items, int depth, const std::vector<ColumnGap> &known);
 
 // The columns on one side of a gap: several if a gap over the whole height divides it again, else one.
-std::vector<Band::Column> columnsOf(RegionItems side, int depth)
+std::vector<Band::Column> columnsOf(RegionItems side, int depth, const std::vector<ColumnGap> &known)
 {
     const Box box = boxOf(side);
-    std::vector<Band> bands = split(std::move(side), depth);
+    std::vector<Band> bands = split(std::move(side), depth, known);
     if (bands.size() == 1) {
         return std::move(bands.front().columns);
     }
@@ -103,27 +113,31 @@ std::vector<Band::Column> columnsOf(RegionItems side, int depth)
     return columns;
 }
 
-std::vector<Band> split(RegionItems items, int depth)
+// Gaps that were found in the region around this one are `known`.
+std::vector<Band> split(RegionItems items, int depth, const std::vector<ColumnGap> &known)
 {
     std::vector<Band> bands;
     if (isEmpty(items)) {
         return bands;
     }
-    const std::optional<ColumnGap> gap = depth < thresholds.maxDepth ? findColumnGap(items) : std::nullopt;
+    const std::optional<ColumnGap> gap = depth < thresholds.maxDepth ? findColumnGap(items, known) : std::nullopt;
     if (!gap) {
         const Box box = boxOf(items);
         bands.push_back({{{box, {std::move(items)}}}});
         return bands;
     }
+    std::vector<ColumnGap> gaps = known;
+    gaps.push_back(*gap);
     Parts parts = splitAt(items, *gap);
-    append(bands, split(std::move(parts.above), depth + 1));
+    const bool rightToLeft = isRightToLeft(parts);
+    append(bands, split(std::move(parts.above), depth + 1, gaps));
     Band band;
-    for (RegionItems *side : {&parts.left, &parts.right}) {
-        std::vector<Band::Column> columns = columnsOf(std::move(*side), depth + 1);
+    for (RegionItems *side : {rightToLeft ? &parts.right : &parts.left, rightToLeft ? &parts.left : &parts.right}) {
+        std::vector<Band::Column> columns = columnsOf(std::move(*side), depth + 1, gaps);
         std::move(columns.begin(), columns.end(), std::back_inserter(band.columns));
     }
     bands.push_back(std::move(band));
-    append(bands, split(std::move(parts.below), depth + 1));
+    append(bands, split(std::move(parts.below), depth + 1, gaps));
     return bands;
 }
 
@@ -131,7 +145,7 @@ std::vector<Band> split(RegionItems items, int depth)
 
 std::vector<Band> segmentPage(RegionItems items)
 {
-    return split(std::move(items), 0);
+    return split(std::move(items), 0, {});
 }
 
 } // namespace quorra::model

@@ -34,13 +34,13 @@ struct Band
         Box box;
         std::vector<RegionItems> parts; ///< in reading order; one unless the column is divided into bands itself
     };
-    std::vector<Column> columns; ///< from left to right
+    std::vector<Column> columns; ///< in reading order: from right to left for text that runs that way
 };
 
 /// Page segmentation: divides a page into bands of columns, from top to bottom in reading order, by recursive search
-/// for column gaps (see findColumnGap). An empty strip is a column gap only when running text stands beside it; the
-/// strips between the columns of a table are not. A column that is itself divided into bands keeps their order as
-/// parts. Nothing on the page gives no bands.
+/// for column gaps (see findColumnGap). The strips between the columns of a table and the rivers of loosely set lines
+/// are no column gaps. A column that is itself divided into bands keeps their order as parts. Nothing on the page gives
+/// no bands.
 std::vector<Band> segmentPage(RegionItems items);
 
 } // namespace quorra::model

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "paragraphs/tabs.h"
 #include "text_lines/text_lines.h"
 
 #include <vector>
@@ -14,10 +15,13 @@ struct Thresholds
 {
     // Baseline distances.
     double minSampleStep = 0.8;     ///< em; smaller distances say nothing about the usual one (overprinted text)
-    double maxSampleStep = 2.2;     ///< em; larger ones are gaps between paragraphs
+    double maxSampleStep = 2.2;     ///< em; larger ones are gaps between paragraphs, unless the line before is full
+    double maxFullStep = 2.7;       ///< em; between a line with no room for the next word and that word: double spacing
+    std::size_t minFullSteps = 3;   ///< of them; fewer do not tell the usual distance
     double defaultStep = 1.2;       ///< em; the usual distance where no lines tell it
     double minUsualStep = 0.95;     ///< em; text is hardly ever set closer
-    double maxUsualStep = 2.0;      ///< em; double-spaced text
+    double maxUsualStep = 2.6;      ///< em; double-spaced text
+    double sameStep = 0.05;         ///< share of the distance by which the lines of a paragraph may be unevenly spaced
     double maxHyphenatedStep = 1.9; ///< em; a hyphenated word continues on the very next line
     double minGap = 1.28;           ///< of the distance of the paragraph's lines; wider ones begin a paragraph
     double minOwnStep = 1.05;       ///< em; lines set closer are judged as if this far apart
@@ -50,6 +54,9 @@ public:
     /// Whether a new paragraph begins with line `next`, when the current one began with line `first`; next > first.
     bool startsAt(std::size_t first, std::size_t next) const;
 
+    /// The tabs of the line.
+    const std::vector<LineTab> &tabs(std::size_t line) const { return m_tabs[line]; }
+
     /// The usual distance of baselines, in points, for text of that font size.
     double usualStep(double size) const;
 
@@ -68,12 +75,16 @@ private:
     bool isIndentBreak(std::size_t first, std::size_t next) const;
     bool isCentred(std::size_t i) const;
     bool lineEndedEarly(std::size_t before, std::size_t next) const;
+    double roomAfter(std::size_t before) const;
+    double ownStep(std::size_t first, std::size_t next) const;
+    bool endsAtTab(std::size_t before, std::size_t next) const;
     QString lastWord(std::size_t i) const;
     QString firstWord(std::size_t i) const;
 
     const std::vector<TextLine> &m_lines;
     Box m_column;
     std::vector<LineStyle> m_styles;
+    std::vector<std::vector<LineTab>> m_tabs;
     double m_step = 0; ///< the usual distance of baselines, in em
 };
 

@@ -50,9 +50,11 @@ bool isCentred(const std::vector<Line> &lines, const Box &column)
     const auto inMiddle = std::all_of(lines.begin(), lines.end(), [&](const Line &line) {
         return std::abs(line.box.centreX() - column.centreX()) <= tolerance;
     });
+    const auto [first, last] = std::minmax_element(
+        lines.begin(), lines.end(), [](const Line &a, const Line &b) { return a.box.centreX() < b.box.centreX(); });
     const auto atEdge = std::count_if(
         lines.begin(), lines.end(), [&](const Line &line) { return line.box.left - column.left < tolerance; });
-    return inMiddle && atEdge <= 1;
+    return inMiddle && atEdge <= 1 && last->box.centreX() - first->box.centreX() <= thresholds.sameCentre;
 }
 
 Alignment alignmentOf(const std::vector<Line> &lines, const Box &column)
@@ -116,6 +118,29 @@ void measure(Paragraph &paragraph, const Box &column)
     for (const Line &line : lines) {
         paragraph.box = united(paragraph.box, line.box);
     }
+}
+
+// Takes over the tabs of the paragraph, which has lines [start, end) of the column. Its text begins at its left edge
+// then, whatever its first and last line look like.
+void setTabStops(
+    Paragraph &paragraph, const std::vector<TextLine> &lines, std::size_t start, std::size_t end,
+    const ParagraphBreaks &breaks, const Box &column)
+{
+    for (std::size_t i = start; i < end; ++i) {
+        const std::vector<TabStop> stops = tabStopsOf(lines[i], breaks.tabs(i), column);
+        paragraph.tabStops.insert(paragraph.tabStops.end(), stops.begin(), stops.end());
+    }
+    if (paragraph.tabStops.empty() || paragraph.rightToLeft) {
+        return;
+    }
+    double left = paragraph.lines.back().box.left;
+    for (std::size_t i = 1; i < paragraph.lines.size(); ++i) {
+        left = std::min(left, paragraph.lines[i].box.left);
+    }
+    paragraph.alignment = Alignment::Left;
+    paragraph.indentLeft = std::max(0.0, left - column.left);
+    paragraph.indentRight = 0;
+    paragraph.firstLineIndent = paragraph.lines.front().box.left - left;
 }
 
 // Makes the paragraph a list item if its first word is a list mark.
@@ -199,7 +224,7 @@ Word wordOf(const RawWord &raw, StyleTable &styles)
 
 } // namespace
 
-Line lineOf(const TextLine &textLine, StyleTable &styles)
+Line lineOf(const TextLine &textLine, StyleTable &styles, const std::vector<LineTab> &tabs)
 {
     Line line;
     line.box = textLine.box;
@@ -211,6 +236,15 @@ Line lineOf(const TextLine &textLine, StyleTable &styles)
         line.words.push_back(wordOf(*textLine.words[i], styles));
         const bool apart = i + 1 == textLine.words.size() || isApart(*textLine.words[i], *textLine.words[i + 1]);
         line.words.back().separator = apart ? Separator::Space : Separator::None;
+    }
+    if (textLine.dropCapLines > 0) {
+        line.words.front().separator = Separator::None;
+    }
+    for (const LineTab &tab : tabs) {
+        for (std::size_t i = tab.end; i < tab.begin; ++i) {
+            line.words[i].separator = Separator::Tab;
+            line.words[i].leader = i > tab.end;
+        }
     }
     const bool rightToLeft = isRightToLeft(joinedText(textLine.words));
     if (rightToLeft) { // the space after a word is then the one on its left
@@ -235,9 +269,11 @@ std::vector<Paragraph> paragraphsOf(const std::vector<TextLine> &lines, const Bo
         }
         std::vector<Line> own;
         for (std::size_t i = start; i < end; ++i) {
-            own.push_back(lineOf(lines[i], styles));
+            own.push_back(lineOf(lines[i], styles, breaks.tabs(i)));
         }
         paragraphs.push_back(makeParagraph(std::move(own), column));
+        paragraphs.back().dropCapLines = lines[start].dropCapLines;
+        setTabStops(paragraphs.back(), lines, start, end, breaks, column);
         if (start > 0) {
             const double step = lines[start].baseline - lastBaseline;
             paragraphs.back().spaceBefore = std::max(0.0, step - breaks.usualStep(lines[start].size));

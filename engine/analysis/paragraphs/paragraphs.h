@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/document.h"
+#include "paragraphs/tabs.h"
 #include "text_lines/text_lines.h"
 
 #include <vector>
@@ -18,6 +19,7 @@ struct Thresholds
     // Alignment.
     double centredTolerance = 0.02; ///< share of the column's width; between centres of lines, or spaces beside one
     double minCentredTolerance = 3; ///< points; the same in narrow columns
+    double sameCentre = 3;          ///< points between the middles of centred lines; columns are measured less exactly
     double minInset = 0.06;         ///< share of the column's width; a single line farther left is not centred
     double minRightInset = 0.4;     ///< share of the column's width; a right-aligned single line is a short one
 
@@ -34,9 +36,9 @@ inline constexpr Thresholds thresholds;
 
 } // namespace paragraphs
 
-/// The words of a text line in reading order, with the spaces that stand between them on the page. The words' styles
-/// are added to `styles`.
-Line lineOf(const TextLine &line, StyleTable &styles);
+/// The words of a text line in reading order, with the spaces and tabs that stand between them on the page. The words'
+/// styles are added to `styles`.
+Line lineOf(const TextLine &line, StyleTable &styles, const std::vector<LineTab> &tabs = {});
 
 /// Splits the text lines of one column into paragraphs: at wide gaps, indents, short last lines, changes of size or
 /// weight, and list marks (see ParagraphBreaks). The column's edges show what is indented or short. The paragraphs hold

@@ -61,8 +61,10 @@ bool isBold(const Paragraph &paragraph)
 bool isHeadingLike(const Paragraph &paragraph, const QString &text)
 {
     const bool preformatted = text.contains(QLatin1Char('\n'));
+    const bool entry = std::any_of(
+        paragraph.tabStops.begin(), paragraph.tabStops.end(), [](const TabStop &stop) { return stop.leader; });
     const bool letters = std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); });
-    return letters && !preformatted && text.size() <= thresholds.maxHeadingLength &&
+    return letters && !preformatted && !entry && text.size() <= thresholds.maxHeadingLength &&
            paragraph.lines.size() <= thresholds.maxHeadingLines && paragraph.rotation == 0 &&
            !text.endsWith(QLatin1Char(',')) && !text.endsWith(QLatin1Char(';'));
 }

@@ -28,9 +28,28 @@ bool belongsTo(const TextLine &line, const RawWord &word, const Box &body)
     return sharedHeight(line.box, body) > thresholds.minSharedHeight * std::min(line.box.height(), body.height());
 }
 
+bool isShort(const RawWord *word)
+{
+    return word->text.size() <= thresholds.maxMark;
+}
+
+// Whether the word sets the line's height and baseline: the largest one does, but no oversized sign.
+bool setsHeight(const TextLine &line, const RawWord *word)
+{
+    if (line.words.empty()) {
+        return true;
+    }
+    if (word->style.size > line.size) {
+        const bool oversized = word->style.size > thresholds.maxSizeRatio * line.size && isShort(word);
+        return !oversized || std::all_of(line.words.begin(), line.words.end(), isShort);
+    }
+    return line.size > thresholds.minInitialSize * word->style.size && !isShort(word) &&
+           std::all_of(line.words.begin(), line.words.end(), isShort);
+}
+
 void add(TextLine &line, const RawWord *word, const Box &body)
 {
-    if (line.words.empty() || word->style.size > line.size) {
+    if (setsHeight(line, word)) {
         line.size = word->style.size;
         line.baseline = word->baseline;
         line.box.top = body.top;
@@ -96,9 +115,11 @@ bool isShiftedOn(const TextLine &line, const RawWord &word)
         body.bottom < line.box.top - reach) {
         return false;
     }
-    return std::any_of(line.words.begin(), line.words.end(), [&](const RawWord *base) {
-        return std::abs(word.box.left - base->box.right) < thresholds.maxShiftedGap * line.size;
-    });
+    const double before = line.box.left - word.box.right; // the mark of a note stands before its text
+    return (before > -thresholds.maxShiftedGap * line.size && before < thresholds.maxNoteMarkGap * line.size) ||
+           std::any_of(line.words.begin(), line.words.end(), [&](const RawWord *base) {
+               return std::abs(word.box.left - base->box.right) < thresholds.maxShiftedGap * line.size;
+           });
 }
 
 // Superscripts and subscripts too far above or below their base to overlap it form lines of their own at first; this
@@ -125,6 +146,63 @@ void attachShiftedLines(std::vector<TextLine> &lines)
     dropEmptyLines(lines);
 }
 
+TextLine *homeOf(const RawWord &word, const Box &body, std::vector<TextLine> &lines)
+{
+    for (std::size_t back = 1; back <= std::min(thresholds.maxOpenLines, lines.size()); ++back) {
+        TextLine &line = lines[lines.size() - back];
+        if (belongsTo(line, word, body)) {
+            return &line;
+        }
+    }
+    return nullptr;
+}
+
+// Takes the words out that can be drop caps: a large letter, perhaps with a quotation mark.
+WordRefs takeLargeLetters(WordRefs &words)
+{
+    const auto bySize = [](const RawWord *a, const RawWord *b) { return a->style.size < b->style.size; };
+    const auto [smallest, largest] = std::minmax_element(words.begin(), words.end(), bySize);
+    if (words.empty() || (*largest)->style.size < thresholds.minInitialSize * (*smallest)->style.size) {
+        return {};
+    }
+    std::vector<double> sizes;
+    sizes.reserve(words.size());
+    for (const RawWord *word : words) {
+        sizes.push_back(word->style.size);
+    }
+    const double minSize = thresholds.minInitialSize * median(std::move(sizes));
+    WordRefs letters;
+    const auto rest = std::stable_partition(words.begin(), words.end(), [minSize](const RawWord *word) {
+        return word->style.size < minSize || !isShort(word) || !word->text.back().isLetter();
+    });
+    letters.assign(rest, words.end());
+    words.erase(rest, words.end());
+    return letters;
+}
+
+// Adds a drop cap to the first of the lines that stand beside it, and tells the others that they begin there.
+bool attachDropCap(std::vector<TextLine> &lines, const RawWord *letter)
+{
+    const Box body = bodyOf(*letter);
+    std::vector<TextLine *> beside;
+    for (TextLine &line : lines) {
+        const double gap = line.box.left - body.right;
+        if (sharedHeight(line.box, body) > thresholds.minSharedHeight * line.box.height() &&
+            gap > -thresholds.maxDropCapOverlap * line.size && gap < thresholds.maxDropCapGap * line.size) {
+            beside.push_back(&line);
+        }
+    }
+    if (beside.size() < thresholds.minDropCapLines) {
+        return false;
+    }
+    for (TextLine *line : beside) {
+        line->box.left = body.left;
+    }
+    beside.front()->words.push_back(letter);
+    beside.front()->dropCapLines = static_cast<int>(beside.size());
+    return true;
+}
+
 } // namespace
 
 Box bodyOf(const RawWord &word)
@@ -138,15 +216,20 @@ std::vector<TextLine> textLinesOf(WordRefs words)
         words.begin(), words.end(), [](const RawWord *a, const RawWord *b) { return a->baseline < b->baseline; });
     const bool hasFragments =
         std::any_of(words.begin(), words.end(), [](const RawWord *word) { return !word->endsLine; });
+    const WordRefs largeLetters = takeLargeLetters(words);
     std::vector<TextLine> lines;
     for (const RawWord *word : words) {
         const Box body = bodyOf(*word);
-        TextLine *home = nullptr;
-        for (std::size_t back = 1; back <= std::min(thresholds.maxOpenLines, lines.size()) && !home; ++back) {
-            TextLine &line = lines[lines.size() - back];
-            home = belongsTo(line, *word, body) ? &line : nullptr;
-        }
+        TextLine *home = homeOf(*word, body, lines);
         add(home ? *home : lines.emplace_back(), word, body);
+    }
+    for (const RawWord *letter : largeLetters) {
+        if (!attachDropCap(lines, letter)) {
+            const Box body = bodyOf(*letter);
+            const auto home = std::find_if(
+                lines.begin(), lines.end(), [&](const TextLine &line) { return belongsTo(line, *letter, body); });
+            add(home != lines.end() ? *home : lines.emplace_back(), letter, body);
+        }
     }
     if (hasFragments) {
         uniteFragments(lines);

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace quorra {
 
@@ -87,20 +88,42 @@ void writeSpan(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextCo
     writeInline(xml, runs, context);
 }
 
-void writeLeaders(QXmlStreamWriter &xml, const std::vector<LeaderLine> &lines, const TextContext &context)
+// What stands in place of a tab: dots, or a gap.
+void writeTab(QXmlStreamWriter &xml, bool leader, bool stretches)
 {
-    for (const LeaderLine &line : lines) {
-        const XmlElement entry = startBlock(xml, QStringLiteral("span"), "entry");
-        writeSpan(xml, line.entry, context);
-        {
-            const XmlElement gap = startElement(xml, QStringLiteral("span"), line.dots.isEmpty() ? "gap" : "dots");
-            xml.writeAttribute(QStringLiteral("aria-hidden"), QStringLiteral("true")); // not to be read aloud
-            xml.writeCharacters(line.dots.isEmpty() ? QStringLiteral(" ") : xmlText(line.dots));
-        }
-        if (!line.page.empty()) {
-            writeSpan(xml, line.page, context);
-        }
+    const XmlElement gap = startElement(xml, QStringLiteral("span"), leader ? "dots" : stretches ? "gap" : "tab");
+    if (leader) {
+        xml.writeAttribute(QStringLiteral("aria-hidden"), QStringLiteral("true")); // nothing to be read aloud
     }
+    xml.writeCharacters(leader ? QStringLiteral(" ..... ") : QStringLiteral(" "));
+}
+
+void writeTabbed(
+    QXmlStreamWriter &xml, const Paragraph &paragraph, const std::vector<Run> &runs, const TextContext &context)
+{
+    const Lines parts = tabbedParts(runs);
+    const bool stretches = endsAtRightTab(paragraph);
+    std::optional<XmlElement> entry;
+    if (stretches) {
+        entry.emplace(startElement(xml, QStringLiteral("span"), "entry"));
+    }
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (i > 0) {
+            writeTab(xml, i <= paragraph.tabStops.size() && paragraph.tabStops[i - 1].leader, stretches);
+        }
+        writeSpan(xml, parts[i], context);
+    }
+}
+
+// The first letter of a paragraph beside its first lines, and the rest of its text.
+void writeDropCap(QXmlStreamWriter &xml, std::vector<Run> runs, const TextContext &context)
+{
+    {
+        const XmlElement letter = startElement(xml, QStringLiteral("span"), "initial");
+        writeInline(xml, {runs.front()}, context);
+    }
+    runs.erase(runs.begin());
+    writeInline(xml, runs, context);
 }
 
 /// Returns the style of the paragraph's element and the context of its text.
@@ -120,11 +143,10 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
 {
     const Lines preformatted = model::preformattedLines(paragraph);
     const std::vector<Run> runs = model::runsOf(paragraph);
-    const std::vector<LeaderLine> leaders =
-        preformatted.empty() ? leaderLines(paragraph, runs) : std::vector<LeaderLine>();
+    const bool tabbed = preformatted.empty() && !paragraph.tabStops.empty();
     const TextContext text = textContext(paragraph, runs, context);
     Paragraph place = paragraph;
-    if (!leaders.empty() || !preformatted.empty()) { // every line begins at the left
+    if (tabbed || !preformatted.empty()) { // every line is a paragraph of its own
         place.alignment = model::Alignment::Left;
         place.firstLineIndent = 0;
     }
@@ -140,8 +162,10 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
     xml.writeCharacters(QString());
     if (!preformatted.empty()) {
         writePreformatted(xml, preformatted, text);
-    } else if (!leaders.empty()) {
-        writeLeaders(xml, leaders, text);
+    } else if (tabbed) {
+        writeTabbed(xml, paragraph, runs, text);
+    } else if (paragraph.dropCapLines > 0 && runs.size() > 1) {
+        writeDropCap(xml, runs, text);
     } else {
         writeInline(xml, runs, text);
     }

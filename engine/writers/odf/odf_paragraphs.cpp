@@ -124,6 +124,51 @@ Attributes paragraphProperties(const model::Paragraph &paragraph, const Paragrap
     return properties;
 }
 
+// Positions count from the paragraph's indent.
+Element tabStop(const model::TabStop &stop, double indent)
+{
+    const bool centred = stop.alignment == model::Alignment::Centre;
+    const bool atRight = stop.alignment == model::Alignment::Right;
+    Element element{
+        "style:tab-stop"_L1,
+        {{"style:position"_L1, pt(std::max(0.0, stop.position - indent))},
+         {"style:type"_L1, centred   ? u"center"_s
+                           : atRight ? u"right"_s
+                                     : u"left"_s}}};
+    if (stop.leader) {
+        element.attributes.emplace_back("style:leader-style"_L1, u"dotted"_s);
+        element.attributes.emplace_back("style:leader-text"_L1, u"."_s);
+    }
+    return element;
+}
+
+std::vector<Element> tabStops(const model::Paragraph &paragraph)
+{
+    Element stops{"style:tab-stops"_L1};
+    double reached = 0;
+    for (const model::TabStop &stop : paragraph.tabStops) { // those of a later line may begin at the left again
+        if (stop.position > reached) {
+            stops.children.push_back(tabStop(stop, paragraph.indentLeft));
+            reached = stop.position;
+        }
+    }
+    return stops.children.empty() ? std::vector<Element>{} : std::vector<Element>{stops};
+}
+
+// The elements inside the paragraph's properties.
+std::vector<Element> paragraphDetails(const model::Paragraph &paragraph)
+{
+    std::vector<Element> details = tabStops(paragraph);
+    if (paragraph.dropCapLines > 0) {
+        const qsizetype letters = paragraph.lines.front().words.front().text.size();
+        details.push_back(
+            {"style:drop-cap"_L1,
+             {{"style:lines"_L1, QString::number(paragraph.dropCapLines)},
+              {"style:length"_L1, QString::number(letters)}}});
+    }
+    return details;
+}
+
 void writeBookmark(QXmlStreamWriter &xml, const QString &name)
 {
     if (!name.isEmpty()) {
@@ -199,6 +244,10 @@ void writeContent(
             sink.xml.writeCharacters(u" "_s);
         }
     }
+    std::vector<model::Run> runs = model::runsOf(paragraph);
+    if (paragraph.dropCapLines > 0 && !runs.empty()) { // the paragraph's style makes it large
+        runs.front().style.size = textStyle.size;
+    }
     writeRuns(sink, runs, textStyle, place.withLinks);
 }
 
@@ -245,7 +294,7 @@ Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &
     Element style{
         "style:style"_L1,
         {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, parentStyle(paragraph)}},
-        {{"style:paragraph-properties"_L1, paragraphProperties(paragraph, place)},
+        {{"style:paragraph-properties"_L1, paragraphProperties(paragraph, place), paragraphDetails(paragraph)},
          {"style:text-properties"_L1, textAttributes(textStyle)}}};
     if (!place.masterPage.isEmpty()) {
         style.attributes.emplace_back("style:master-page-name"_L1, place.masterPage);

@@ -140,6 +140,16 @@ std::string styleOf(const Paragraph &paragraph)
         {styleText(first.style, first.link), first.shift == BaselineShift::None ? "" : name(first.shift)}, " ");
 }
 
+std::string tabsOf(const Paragraph &paragraph)
+{
+    std::string text;
+    for (const TabStop &stop : paragraph.tabStops) {
+        text += joined(
+            {text.empty() ? "tabs" : ",", whole(stop.position), name(stop.alignment), stop.leader ? "dots" : ""}, " ");
+    }
+    return text;
+}
+
 std::string spacingOf(const Paragraph &paragraph)
 {
     const std::string lines =
@@ -149,7 +159,8 @@ std::string spacingOf(const Paragraph &paragraph)
     return joined(
         {length("space before", paragraph.spaceBefore), joined({lines, distance}, " "),
          length("indent", paragraph.indentLeft), length("right indent", paragraph.indentRight),
-         length("first line", paragraph.firstLineIndent)},
+         length("first line", paragraph.firstLineIndent), tabsOf(paragraph),
+         paragraph.dropCapLines == 0 ? "" : "drop cap of " + std::to_string(paragraph.dropCapLines) + " lines"},
         "; ");
 }
 

@@ -28,6 +28,7 @@ enum class Separator {
     None,      ///< nothing: the next word is a part of the same word, or both are ideographs
     Space,     ///< a space, or the end of a line at which the text wraps
     LineBreak, ///< a line end that has a meaning (code, addresses)
+    Tab,       ///< a gap wider than a space; the tab stops of the paragraph tell where it ends
     Hyphen     ///< a line end inside a word: the hyphen at the end of this part is not part of the word
 };
 
@@ -41,6 +42,8 @@ struct Word
     BaselineShift shift = BaselineShift::None;
     Separator separator = Separator::Space; ///< what follows; has no meaning after the last word of a paragraph
     QString link; ///< an address, or "#page=N" for a page of the same document; empty if there is none
+
+    bool leader = false; ///< dots that fill the gap of a tab: seen on the page, but no text
 
     bool spaceAfter() const { return separator != Separator::None; }
 };
@@ -75,6 +78,14 @@ struct Border
     Colour colour = black;
 };
 
+/// Where the text after a tab begins (Left), ends (Right) or has its middle (Centre).
+struct TabStop
+{
+    double position = 0; ///< from the left edge of the paragraph's column (or cell)
+    Alignment alignment = Alignment::Left;
+    bool leader = false; ///< dots fill the gap
+};
+
 /// A line drawn above or below a paragraph. Lengths are in points along and across the paragraph's lines of text.
 struct ParagraphBorder
 {
@@ -101,6 +112,8 @@ struct Paragraph
     Box box;
     bool rightToLeft = false;
     int rotation = 0;                  ///< as in Word
+    std::vector<TabStop> tabStops;     ///< one for each of its tabs, in order
+    int dropCapLines = 0;              ///< height in lines of the drop cap that its first word is; 0 for none
     std::optional<ListItem> listItem;  ///< set for list items
     std::optional<FigureId> captionOf; ///< set for captions whose figure is known
     ParagraphBorder borderAbove;

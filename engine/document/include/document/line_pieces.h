@@ -18,7 +18,6 @@ struct PieceLimits
 constexpr PieceLimits textLimits{3, 0.7};       ///< justified lines have spaces of up to 2 em, tabs are wider
 constexpr PieceLimits pageHeaderLimits{2, 0.7}; ///< a title and a page number are texts of their own
 constexpr PieceLimits labelLimits{1, 0.7};      ///< labels of drawings are close to one another
-constexpr PieceLimits contentsLimits{1.5, 0.7}; ///< between an entry of a table of contents and its page number
 
 /// The space between two words of an upright line in any order, in em of the larger one; negative if they overlap.
 double wordGap(const Word &word, const Word &next);

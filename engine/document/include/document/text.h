@@ -18,11 +18,11 @@ struct Run
 };
 
 /// Splits the text of the paragraph where its style, baseline shift or link changes. Separators belong to the run
-/// before them: a space, '\n' for a line break, nothing inside a word (the hyphen is removed). The mark of a list item
-/// is left out.
+/// before them: a space, '\n' for a line break, '\t' for a tab, nothing inside a word (the hyphen is removed). The mark
+/// of a list item and the dots of leaders are left out.
 std::vector<Run> runsOf(const Paragraph &paragraph);
 
-/// The same for the words of a line, with spaces between them as on the page.
+/// The same for the words of a line, with spaces between them as on the page, also for tabs. Leaders are text.
 std::vector<Run> runsOf(const Line &line);
 
 /// The text of all paragraphs of a cell in the same way, with nothing between the paragraphs.
@@ -49,7 +49,8 @@ private:
 /// The style of most letters and digits of the text; the default style if there is no text.
 Style dominantStyle(const std::vector<Run> &runs);
 
-/// The largest font size in the text, in points; 10 if there is no text. The mark of a list item is ignored.
+/// The largest font size in the text, in points; 10 if there is no text. The mark of a list item and a
+/// drop cap are ignored.
 double largestSize(const Line &line);
 double largestSize(const Paragraph &paragraph);
 
