@@ -244,9 +244,11 @@ void writeContent(
             sink.xml.writeCharacters(u" "_s);
         }
     }
-    std::vector<model::Run> runs = model::runsOf(paragraph);
-    if (paragraph.dropCapLines > 0 && !runs.empty()) { // the paragraph's style makes it large
-        runs.front().style.size = textStyle.size;
+    if (paragraph.dropCapLines > 0 && !runs.empty()) { // the paragraph's style makes the first letter large
+        std::vector<model::Run> even = runs;
+        even.front().style.size = textStyle.size;
+        writeRuns(sink, even, textStyle, place.withLinks);
+        return;
     }
     writeRuns(sink, runs, textStyle, place.withLinks);
 }
