@@ -3,6 +3,7 @@
 
 #include "document/page_walk.h"
 #include "document/rotation.h"
+#include "figures/drawn_signs.h"
 #include "figures/figures.h"
 #include "page_builder.h"
 #include "paragraphs/paragraph_borders.h"
@@ -52,11 +53,11 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
         comments.push_back(std::move(page.comments));
         page = sanitised(std::move(page));
         cutLeadersOff(page.words);
+        rotations.push_back(mainRotation(page));
+        page = withDrawnSigns(rotatedUpright(std::move(page), rotations.back()));
         for (std::size_t i = 0; i < page.words.size(); ++i) {
             page.words[i].index = i;
         }
-        rotations.push_back(mainRotation(page));
-        page = rotatedUpright(std::move(page), rotations.back());
     }
     const auto heads = findPageHeaders(pages);
     std::vector<StyleTable> styles(pages.size());

@@ -5,6 +5,7 @@
 #include "columns/page_segmentation.h"
 #include "document/rotation.h"
 #include "figures/figures.h"
+#include "figures/networks.h"
 #include "figures/plots.h"
 #include "paragraphs/paragraphs.h"
 #include "tables/rulings.h"
@@ -126,11 +127,44 @@ void addLeftovers(Page &page, const RawPage &raw, const Rulings &rulings)
             }
         }
     }
+    bool lost = false;
     for (const Fill &fill : raw.fills) {
         if (!isOwned(fill.box.centreX(), fill.box.centreY())) {
             page.fills.push_back(fill);
+            lost = lost || !fill.exact;
         }
     }
+    constexpr double smallestInk = 6; // points
+    lost = lost || std::any_of(raw.ink.begin(), raw.ink.end(), [&](const Ink &ink) {
+               return std::max(ink.box.width(), ink.box.height()) >= smallestInk &&
+                      !isOwned(ink.box.centreX(), ink.box.centreY());
+           });
+    if (lost) {
+        page.background = Box{0, 0, page.width, page.height};
+    }
+}
+
+bool isInAny(const std::vector<Box> &boxes, double x, double y)
+{
+    return std::any_of(boxes.begin(), boxes.end(), [x, y](const Box &box) { return box.contains(x, y); });
+}
+
+std::vector<Rule> rulesOutside(const std::vector<Box> &networks, std::vector<Rule> rules)
+{
+    const auto isInside = [&networks](const Rule &rule) {
+        return isInAny(networks, (rule.x1 + rule.x2) / 2, (rule.y1 + rule.y2) / 2);
+    };
+    rules.erase(std::remove_if(rules.begin(), rules.end(), isInside), rules.end());
+    return rules;
+}
+
+std::vector<Fill> fillsOutside(const std::vector<Box> &networks, std::vector<Fill> fills)
+{
+    const auto isInside = [&networks](const Fill &fill) {
+        return isInAny(networks, fill.box.centreX(), fill.box.centreY());
+    };
+    fills.erase(std::remove_if(fills.begin(), fills.end(), isInside), fills.end());
+    return fills;
 }
 
 std::vector<Section> sectionsOf(const std::vector<Band> &bands, const ColumnBuilder &builder)
@@ -163,8 +197,10 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
             words.push_back(&word);
         }
     }
-    const Rulings rulings = mergeRules(raw.rules, raw.fills);
-    const Rulings dividers = withFillEdges(rulings, raw.fills);
+    const std::vector<Box> networks = findNetworks(raw);
+    const std::vector<Fill> fills = fillsOutside(networks, raw.fills);
+    const Rulings rulings = mergeRules(rulesOutside(networks, raw.rules), fills);
+    const Rulings dividers = withFillEdges(rulings, fills);
     std::vector<TableWords> tables = findRuledTables(rulings, dividers, words);
     const auto drawn = [&raw](const TableWords &table) { return isPlot(table.table, raw.ink); };
     tables.erase(std::remove_if(tables.begin(), tables.end(), drawn), tables.end());
@@ -177,7 +213,7 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
             groups.push_back(&cell);
         }
     }
-    PageFigures figures = findFigures(raw, tableBoxes, words);
+    PageFigures figures = findFigures(raw, tableBoxes, networks, words);
     for (FoundFigure &figure : figures.placed) {
         groups.push_back(&figure.words);
     }

@@ -145,6 +145,9 @@ void transformPage(Page &page, StyleTable &styles, const Transform &transform, d
     page.width = width;
     page.height = height;
     mover.move(page.content);
+    if (page.background) {
+        mover.move(*page.background);
+    }
     for (Section &section : page.sections) {
         std::for_each(section.columns.begin(), section.columns.end(), [&](Box &box) { mover.move(box); });
     }

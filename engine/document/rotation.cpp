@@ -169,6 +169,9 @@ void rotateToPage(Page &page, int rotation)
         return;
     }
     page.content = rotator.box(page.content);
+    if (page.background) {
+        page.background = rotator.box(*page.background);
+    }
     for (Section &section : page.sections) {
         for (Box &column : section.columns) {
             column = rotator.box(column);

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 
 namespace quorra {
 
@@ -27,6 +28,99 @@ Colour colourOf(const GfxRGB &rgb)
 {
     const auto byte = [](GfxColorComp c) { return static_cast<Colour>(colToByte(c)); };
     return byte(rgb.r) << 16U | byte(rgb.g) << 8U | byte(rgb.b);
+}
+
+struct Thresholds
+{
+    double minOpacity = 0.02;    ///< less is not seen
+    double maxOpacity = 0.99;    ///< more hides what is below
+    double sameEdge = 1;         ///< points; the ends of marks that are no farther apart are one
+    std::size_t maxBelow = 2000; ///< earlier marks of a kind among which those below a new one are looked for
+};
+constexpr Thresholds thresholds;
+
+/// The shape of the region that paint is clipped to, within its bounding box; the simplest first.
+enum class ClipShape {
+    Rectangle,
+    Frame, ///< a rectangle with round corners
+    Other
+};
+
+ClipShape narrowerClip(ClipShape clip, const GfxState *state)
+{
+    const GfxPath *path = state->getPath();
+    ClipShape shape = ClipShape::Rectangle;
+    for (int i = 0; i < path->getNumSubpaths() && shape != ClipShape::Other; ++i) {
+        const GfxSubpath *subpath = path->getSubpath(i);
+        if (uprightPoints(state, subpath).empty()) {
+            const bool frame = path->getNumSubpaths() == 1 && isFrame(state, subpath);
+            shape = frame ? ClipShape::Frame : ClipShape::Other;
+        }
+    }
+    return std::max(clip, shape);
+}
+
+bool touches(const Box &a, const Box &b)
+{
+    return a.left <= b.right && b.left <= a.right && a.top <= b.bottom && b.top <= a.bottom;
+}
+
+/// Applies mix(upper, lower) to red, green and blue, each 0 to 255.
+template <typename Mix>
+Colour perChannel(Colour upper, Colour lower, Mix mix)
+{
+    Colour result = 0;
+    for (const unsigned shift : {16U, 8U, 0U}) {
+        const double value =
+            mix(static_cast<double>(upper >> shift & 0xffU), static_cast<double>(lower >> shift & 0xffU));
+        result |= static_cast<Colour>(std::lround(std::clamp(value, 0.0, 255.0))) << shift;
+    }
+    return result;
+}
+
+Colour mixed(Colour upper, Colour lower, double opacity)
+{
+    return opacity >= thresholds.maxOpacity
+               ? upper
+               : perChannel(upper, lower, [opacity](double u, double l) { return opacity * u + (1 - opacity) * l; });
+}
+
+bool isKnownBlend(GfxBlendMode blend)
+{
+    return blend == gfxBlendNormal || blend == gfxBlendMultiply || blend == gfxBlendScreen || blend == gfxBlendDarken ||
+           blend == gfxBlendLighten;
+}
+
+/// The colour as a blend mode changes it; other modes than those of isKnownBlend() leave it as it is.
+Colour blended(Colour upper, Colour lower, GfxBlendMode blend)
+{
+    constexpr double full = 255;
+    switch (blend) {
+    case gfxBlendMultiply:
+        return perChannel(upper, lower, [](double u, double l) { return u * l / full; });
+    case gfxBlendScreen:
+        return perChannel(upper, lower, [](double u, double l) { return u + l - u * l / full; });
+    case gfxBlendDarken:
+        return perChannel(upper, lower, [](double u, double l) { return std::min(u, l); });
+    case gfxBlendLighten:
+        return perChannel(upper, lower, [](double u, double l) { return std::max(u, l); });
+    default:
+        return upper;
+    }
+}
+
+/// The colour in the middle of a gradient.
+std::optional<Colour> meanColour(GfxUnivariateShading *shading)
+{
+    GfxColorSpace *space = shading->getColorSpace();
+    if (!space) {
+        return {};
+    }
+    GfxColor colour{};
+    shading->getColor((shading->getDomain0() + shading->getDomain1()) / 2, &colour);
+    GfxRGB rgb;
+    space->getRGB(&colour, &rgb);
+    return colourOf(rgb);
 }
 
 Box clipBox(const GfxState *state)
@@ -57,6 +151,50 @@ public:
         return m_page;
     }
 
+    void startPage(int number, GfxState *state, XRef *xref) override
+    {
+        TextOutputDev::startPage(number, state, xref);
+        m_paint = {PaintState{}};
+    }
+
+    void saveState(GfxState *state) override
+    {
+        m_paint.push_back(m_paint.back());
+        m_paint.back().outerOpacity = state->getFillOpacity();
+        m_paint.back().outerBlend = state->getBlendMode();
+    }
+
+    void restoreState(GfxState * /*state*/) override
+    {
+        if (m_paint.size() > 1) {
+            m_paint.pop_back();
+        }
+    }
+
+    void clip(GfxState *state) override { m_paint.back().clip = narrowerClip(m_paint.back().clip, state); }
+    void eoClip(GfxState *state) override { clip(state); }
+    void clipToStrokePath(GfxState * /*state*/) override { m_paint.back().clip = ClipShape::Other; }
+
+    // The state's own opacity and blend are those inside of the group already.
+    void beginTransparencyGroup(
+        GfxState * /*state*/, const double * /*bbox*/, GfxColorSpace * /*blending*/, bool /*isolated*/,
+        bool /*knockout*/, bool forSoftMask) override
+    {
+        PaintState &paint = m_paint.back();
+        paint.hidden = paint.hidden || forSoftMask;
+        paint.groupOpacity *= paint.outerOpacity;
+        paint.groupBlend = paint.groupBlend == gfxBlendNormal ? paint.outerBlend : paint.groupBlend;
+    }
+
+    void setSoftMask(
+        GfxState * /*state*/, const double * /*bbox*/, bool /*alpha*/, Function * /*transfer*/,
+        GfxColor * /*backdrop*/) override
+    {
+        m_paint.back().masked = true;
+    }
+
+    void clearSoftMask(GfxState * /*state*/) override { m_paint.back().masked = false; }
+
     bool needNonText() override { return m_withPictures; }
     bool useTilingPatternFill() override { return true; }
     bool useShadedFills(int /*type*/) override { return true; }
@@ -82,31 +220,44 @@ public:
 
     void stroke(GfxState *state) override
     {
+        const double opacity = state->getStrokeOpacity() * m_paint.back().groupOpacity;
+        if (isUnseen(opacity)) {
+            return;
+        }
         GfxRGB rgb;
         state->getStrokeRGB(&rgb);
         const double width = std::max(0.1, state->getTransformedLineWidth());
         forEachSubpath(state, [&](const GfxSubpath *subpath) {
             const std::vector<Point> points = uprightPoints(state, subpath);
             if (points.empty()) {
-                addInk(state, boxAround(state, subpath), isFrame(state, subpath));
+                addInk(state, boxAround(state, subpath), isFrame(state, subpath), colourOf(rgb));
             }
             for (std::size_t i = 1; i < points.size(); ++i) {
-                addRule(state, points[i - 1], points[i], width, colourOf(rgb));
+                addRule(state, points[i - 1], points[i], width, mixed(colourOf(rgb), white, opacity));
             }
         });
     }
 
     void fill(GfxState *state) override
     {
+        const double opacity = fillOpacity(state);
+        if (isUnseen(opacity)) {
+            return;
+        }
         GfxRGB rgb;
         state->getFillRGB(&rgb);
+        const PaintState &paint = m_paint.back();
         forEachSubpath(state, [&](const GfxSubpath *subpath) {
             const std::vector<Point> points = uprightPoints(state, subpath);
             const Box box = intersected(boxAround(state, subpath), clipBox(state));
-            if (points.size() < 2 || points.size() > 6) {
-                addInk(state, box, isFrame(state, subpath));
-            } else {
-                addFill(state, box, colourOf(rgb));
+            const bool rectangle = points.size() >= 2 && points.size() <= 6;
+            const bool frame = rectangle || isFrame(state, subpath);
+            const bool whole = paint.clip != ClipShape::Other && !paint.masked;
+            if (!rectangle || !whole || paint.clip == ClipShape::Frame) {
+                addInk(state, box, frame && whole, colourOf(rgb));
+            }
+            if (frame && whole) {
+                addFill(state, box, colourOf(rgb), rectangle && paint.clip == ClipShape::Rectangle);
             }
         });
     }
@@ -117,24 +268,30 @@ public:
         GfxState *state, Gfx * /*gfx*/, Catalog * /*cat*/, GfxTilingPattern * /*pattern*/, const double * /*matrix*/,
         int /*x0*/, int /*y0*/, int /*x1*/, int /*y1*/, double /*xStep*/, double /*yStep*/) override
     {
-        addInk(state, clipBox(state), true);
+        addPattern(state, {});
         return true;
     }
 
-    bool functionShadedFill(GfxState *state, GfxFunctionShading * /*shading*/) override { return addShading(state); }
-    bool axialShadedFill(GfxState *state, GfxAxialShading * /*shading*/, double /*tMin*/, double /*tMax*/) override
+    bool functionShadedFill(GfxState *state, GfxFunctionShading * /*shading*/) override
     {
-        return addShading(state);
+        return addPattern(state, {});
     }
-    bool radialShadedFill(GfxState *state, GfxRadialShading * /*shading*/, double /*sMin*/, double /*sMax*/) override
+    bool axialShadedFill(GfxState *state, GfxAxialShading *shading, double /*tMin*/, double /*tMax*/) override
     {
-        return addShading(state);
+        return addPattern(state, meanColour(shading));
+    }
+    bool radialShadedFill(GfxState *state, GfxRadialShading *shading, double /*sMin*/, double /*sMax*/) override
+    {
+        return addPattern(state, meanColour(shading));
     }
     bool gouraudTriangleShadedFill(GfxState *state, GfxGouraudTriangleShading * /*shading*/) override
     {
-        return addShading(state);
+        return addPattern(state, {});
     }
-    bool patchMeshShadedFill(GfxState *state, GfxPatchMeshShading * /*shading*/) override { return addShading(state); }
+    bool patchMeshShadedFill(GfxState *state, GfxPatchMeshShading * /*shading*/) override
+    {
+        return addPattern(state, {});
+    }
 
     void drawImageMask(
         GfxState *state, Object *ref, Stream *str, int width, int height, bool invert, bool interpolate,
@@ -153,9 +310,60 @@ public:
     }
 
 private:
+    /// What the graphics state does to paint besides its colour.
+    struct PaintState
+    {
+        ClipShape clip = ClipShape::Rectangle;
+        bool masked = false;     ///< by a soft mask
+        bool hidden = false;     ///< what is painted is the mask itself
+        double groupOpacity = 1; ///< of the groups around
+        double outerOpacity = 1; ///< where the state was saved: of a group that begins next
+        GfxBlendMode groupBlend = gfxBlendNormal;
+        GfxBlendMode outerBlend = gfxBlendNormal;
+    };
+
+    static bool isUnseen(double opacity) { return opacity < thresholds.minOpacity; }
+
+    double fillOpacity(const GfxState *state) const { return state->getFillOpacity() * m_paint.back().groupOpacity; }
+
+    /// The colour below the box, if it is one colour: that of the last fill on which all of it stands, or white paper.
+    std::optional<Colour> colourBelow(const Box &box) const
+    {
+        const auto overlaps = [&box](const auto &mark) {
+            const Box common = intersected(mark.box, box);
+            return common.width() > thresholds.sameEdge && common.height() > thresholds.sameEdge;
+        };
+        if (std::any_of(m_page.pictures.begin(), m_page.pictures.end(), overlaps)) {
+            return {};
+        }
+        const auto last = static_cast<std::ptrdiff_t>(std::min(m_page.fills.size(), thresholds.maxBelow));
+        const auto fill = std::find_if(m_page.fills.rbegin(), m_page.fills.rbegin() + last, overlaps);
+        if (fill == m_page.fills.rbegin() + last) {
+            return white;
+        }
+        const Box common = intersected(fill->box, box);
+        const bool all =
+            common.width() > box.width() - thresholds.sameEdge && common.height() > box.height() - thresholds.sameEdge;
+        return all && fill->exact ? std::optional<Colour>(fill->colour) : std::nullopt;
+    }
+
+    /// Whether white paint on the box changes anything.
+    bool liesOnPaint(const Box &box) const
+    {
+        const auto anyBelow = [&box](const auto &marks) {
+            const auto last = static_cast<std::ptrdiff_t>(std::min(marks.size(), thresholds.maxBelow));
+            return std::any_of(
+                marks.rbegin(), marks.rbegin() + last, [&box](const auto &mark) { return touches(mark.box, box); });
+        };
+        return anyBelow(m_page.fills) || anyBelow(m_page.pictures) || anyBelow(m_page.ink);
+    }
+
     template <typename Use>
     void forEachSubpath(const GfxState *state, Use use)
     {
+        if (m_paint.back().hidden) {
+            return;
+        }
         const GfxPath *path = state->getPath();
         for (int i = 0; i < path->getNumSubpaths() && m_marks < maxMarks; ++i, ++m_marks) {
             if (path->getSubpath(i)->getNumPoints() > 1) {
@@ -192,35 +400,58 @@ private:
         }
     }
 
-    void addFill(const GfxState *state, const Box &box, Colour colour)
+    void addFill(const GfxState *state, const Box &box, Colour colour, bool exact)
     {
         const double thickness = std::min(box.width(), box.height());
-        if (thickness < 0 || state->getFillOpacity() < 0.02 || std::max(box.width(), box.height()) <= 0) {
+        if (thickness < 0 || std::max(box.width(), box.height()) <= 0) {
             return;
         }
+        const double opacity = fillOpacity(state);
+        const GfxBlendMode own = state->getBlendMode();
+        const GfxBlendMode blend = own == gfxBlendNormal ? m_paint.back().groupBlend : own;
+        Colour seen = colour;
+        if (opacity < thresholds.maxOpacity || blend != gfxBlendNormal) {
+            const std::optional<Colour> below = colourBelow(box);
+            exact = exact && below && isKnownBlend(blend);
+            seen = mixed(blended(colour, below.value_or(white), blend), below.value_or(white), opacity);
+        }
         if (thickness <= maxRuleWidth) {
-            addRule(box, box.width() >= box.height(), std::max(0.1, thickness), colour);
+            addRule(box, box.width() >= box.height(), std::max(0.1, thickness), seen);
         } else {
-            m_page.fills.push_back({box, colour});
+            m_page.fills.push_back({box, seen, exact});
         }
     }
 
-    void addInk(const GfxState *state, const Box &box, bool frame)
+    void addInk(const GfxState *state, const Box &box, bool frame, Colour colour)
     {
         const Box seen = intersected(box, clipBox(state));
-        if (seen.width() > 0 || seen.height() > 0) {
+        if ((seen.width() > 0 || seen.height() > 0) && (colour != white || liesOnPaint(seen))) {
             m_page.ink.push_back({seen, frame});
         }
     }
 
-    bool addShading(const GfxState *state)
+    /// Adds what a pattern or gradient covers, with the colour that comes nearest to it, if any.
+    bool addPattern(const GfxState *state, std::optional<Colour> colour)
     {
-        addInk(state, clipBox(state), true);
+        const PaintState &paint = m_paint.back();
+        const double opacity = fillOpacity(state);
+        if (paint.hidden || isUnseen(opacity)) {
+            return true;
+        }
+        const Box box = clipBox(state);
+        const bool whole = paint.clip != ClipShape::Other && !paint.masked;
+        addInk(state, box, whole, black);
+        if (whole && colour && std::min(box.width(), box.height()) > maxRuleWidth) {
+            m_page.fills.push_back({box, mixed(*colour, white, opacity), false});
+        }
         return true;
     }
 
     void addImage(const GfxState *state)
     {
+        if (m_paint.back().hidden || isUnseen(fillOpacity(state))) {
+            return;
+        }
         Box box{1e9, 1e9, -1e9, -1e9};
         for (const Point corner : {Point{0, 0}, Point{1, 0}, Point{0, 1}, Point{1, 1}}) {
             double x = 0;
@@ -237,6 +468,7 @@ private:
     }
 
     model::RawPage m_page;
+    std::vector<PaintState> m_paint{PaintState{}};
     bool m_withPictures;
     MarkedContent m_contents;
     std::size_t m_marks = 0;

@@ -63,7 +63,7 @@ public:
         GfxState *state, double x, double y, double dx, double dy, double originX, double originY, CharCode code,
         int bytes, const Unicode *u, int uLength) override
     {
-        if (m_withText && isNear(state, x - originX, y - originY)) {
+        if (m_withText && isNear(state, x - originX, y - originY) && !isLeftOut(state, x - originX, y - originY)) {
             SplashOutputDev::drawChar(state, x, y, dx, dy, originX, originY, code, bytes, u, uLength);
         }
     }
@@ -72,7 +72,8 @@ public:
         GfxState *state, double x, double y, double dx, double dy, CharCode code, const Unicode *u,
         int uLength) override
     {
-        return !m_withText || SplashOutputDev::beginType3Char(state, x, y, dx, dy, code, u, uLength);
+        return !m_withText || isLeftOut(state, x, y) ||
+               SplashOutputDev::beginType3Char(state, x, y, dx, dy, code, u, uLength);
     }
 
     void endType3Char(GfxState *state) override
@@ -82,7 +83,22 @@ public:
         }
     }
 
+    /// Leaves out the characters whose origins lie in these boxes, in pixels of the bitmap.
+    void leaveOut(std::vector<Box> text) { m_leftOut = std::move(text); }
+
 private:
+    bool isLeftOut(GfxState *state, double x, double y) const
+    {
+        if (m_leftOut.empty()) {
+            return false;
+        }
+        double left = 0;
+        double top = 0;
+        state->transform(x, y, &left, &top);
+        return std::any_of(
+            m_leftOut.begin(), m_leftOut.end(), [left, top](const Box &box) { return box.contains(left, top); });
+    }
+
     // Most characters of a page are outside the region to render: their fonts do not even have to be loaded. Characters
     // used for clipping count wherever they are.
     bool isNear(GfxState *state, double x, double y)
@@ -100,6 +116,7 @@ private:
 
     static inline SplashColor initialColour = {0xff, 0xff, 0xff, 0xff}; // static: the base class is constructed first
     bool m_withText;
+    std::vector<Box> m_leftOut;
 };
 
 } // namespace
@@ -193,7 +210,22 @@ void PagePictureSource::draw(int page, bool withText, const Box &area)
     const double shrink = pixels > mostPixels ? std::sqrt(mostPixels / pixels) : 1;
     Drawn drawn{page, area, m_quality.xres * shrink, m_quality.yres * shrink, 0, 0, nullptr};
     ++m_drawings;
+    const auto leaveOutText = [&] {
+        std::vector<Box> text;
+        for (const model::FigureRegion &figure : m_figures) {
+            for (const Box &word : figure.page == page && withText ? figure.text : std::vector<Box>()) {
+                constexpr double margin = 1; // points: origins lie on the edge of the box
+                const double x = drawn.xres / pointsPerInch;
+                const double y = drawn.yres / pointsPerInch;
+                text.push_back(
+                    {(word.left - margin) * x - drawn.left, (word.top - margin) * y - drawn.top,
+                     (word.right - margin) * x - drawn.left, (word.bottom + margin) * y - drawn.top});
+            }
+        }
+        painter->leaveOut(std::move(text));
+    };
     if (area == everything) {
+        leaveOutText();
         makeRoom(page, withText, pixels * shrink * shrink);
         doc->displayPage(painter.get(), page, drawn.xres, drawn.yres, 0, false, true, false);
     } else {
@@ -202,10 +234,12 @@ void PagePictureSource::draw(int page, bool withText, const Box &area)
         drawn.top = std::max(0, first(area.top, drawn.yres) - 1);
         const int width = std::max(1, first(std::min(area.right, size.width), drawn.xres) + 2 - drawn.left);
         const int height = std::max(1, first(std::min(area.bottom, size.height), drawn.yres) + 2 - drawn.top);
+        leaveOutText();
         makeRoom(page, withText, static_cast<double>(width) * height);
         doc->displayPageSlice(
             painter.get(), page, drawn.xres, drawn.yres, 0, false, true, false, drawn.left, drawn.top, width, height);
     }
+    painter->leaveOut({});
     drawn.bitmap.reset(painter->takeBitmap());
     kept(withText) = std::move(drawn);
 }
@@ -239,7 +273,8 @@ model::EncodedPicture PagePictureSource::encode(const model::Figure &figure, mod
     if (index >= m_figures.size()) {
         return {};
     }
-    const auto &[page, box] = m_figures[index];
+    const int page = m_figures[index].page;
+    const Box &box = m_figures[index].box;
     const bool withText = hasText(figure.kind, words);
     if (!isDrawn(page, withText, box)) {
         const bool whole = figure.kind == model::FigureKind::Page;

@@ -21,10 +21,19 @@ bool separates(const Box &obstacle, const TextLine &upper, const TextLine &lower
            obstacle.bottom < lower.box.top + thresholds.maxOverlap;
 }
 
+// Whether a small figure stands before a line of text, as an icon does.
+bool standsBefore(const Box &figure, const Box &line)
+{
+    return figure.right <= line.left + thresholds.maxOverlap && figure.centreY() > line.top &&
+           figure.centreY() < line.bottom && figure.height() < thresholds.maxIconHeight;
+}
+
 void insertByPlace(std::vector<Block> &blocks, std::vector<Block> more, const Box &place)
 {
-    const auto at = std::find_if(
-        blocks.begin(), blocks.end(), [&place](const Block &block) { return block.box().top > place.top; });
+    const auto at = std::find_if(blocks.begin(), blocks.end(), [&place](const Block &block) {
+        return block.box().top > place.top ||
+               (block.paragraph() && standsBefore(place, block.paragraph()->lines.front().box));
+    });
     blocks.insert(at, std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
 }
 
@@ -58,7 +67,7 @@ std::vector<Block> ColumnBuilder::blocks(const RegionItems &items) const
     for (TextLine &line : lines) {
         const bool separated =
             !group.empty() && std::any_of(items.obstacles.begin(), items.obstacles.end(), [&](const auto &obstacle) {
-                return separates(obstacle.first, group.back(), line);
+                return separates(obstacle.first, group.back(), line) || standsBefore(obstacle.first, line.box);
             });
         if (separated) {
             finish();

@@ -13,7 +13,8 @@ namespace columnBuilder {
 
 struct Thresholds
 {
-    double maxOverlap = 3; ///< points by which an obstacle may reach into the lines above and below it
+    double maxOverlap = 3;     ///< points by which an obstacle may reach into the lines above and below it
+    double maxIconHeight = 24; ///< points; higher figures beside a line are no sign before it
 };
 
 inline constexpr Thresholds thresholds;

@@ -2,6 +2,7 @@
 #include "figures/drawings.h"
 
 #include "figures/bar_charts.h"
+#include "figures/rectangles.h"
 
 #include <algorithm>
 
@@ -12,15 +13,18 @@ namespace {
 struct Thresholds
 {
     double maxGap = 9;            ///< points between parts of one drawing
-    double minSide = 28;          ///< points; a smaller region is a bullet or an ornament
+    double minSide = 28;          ///< points; in a smaller region, words are text with an ornament
+    double minLength = 6;         ///< points; the longer side of what is seen as a sign of its own
+    double minThickness = 3;      ///< points; its shorter side: thinner marks are lines
     double maxArea = 0.8;         ///< share of the page; larger marks are its background
     double lineMargin = 1;        ///< points added around a drawing; half a line's width is outside of its box
-    int minMarks = 3;             ///< curves and slanted lines in a drawing
+    int minMarks = 3;             ///< curves and slanted lines in a drawing that holds words
     double seam = 1;              ///< points; rules whose ends are closer touch
     std::size_t maxRules = 1000;  ///< more are a plan or a map, whose parts are close to one another anyway
     double maxRuleLength = 0.6;   ///< share of the page's longer side; longer rules divide the page
     std::ptrdiff_t maxWords = 30; ///< in a drawing of few marks; more make it framed text
     double minDrawn = 0.25;       ///< share of a region with much text that its marks cover
+    double minField = 6;          ///< points; the shorter side of an empty frame to write in
 };
 
 constexpr Thresholds thresholds;
@@ -56,12 +60,6 @@ std::vector<Region> joined(const std::vector<Region> &parts)
     return regions.size() == parts.size() ? regions : joined(regions);
 }
 
-bool touch(const Box &a, const Box &b)
-{
-    return a.left - thresholds.seam <= b.right && b.left - thresholds.seam <= a.right &&
-           a.top - thresholds.seam <= b.bottom && b.top - thresholds.seam <= a.bottom;
-}
-
 // The boxes around rules that touch one another, so that a frame belongs to a drawing as a whole or not at all. Very
 // long rules are left out; where connected rules extend as far together, each counts by itself.
 std::vector<Box> connectedRules(const RawPage &page)
@@ -87,7 +85,7 @@ std::vector<Box> connectedRules(const RawPage &page)
         Box around = rules[i];
         for (std::size_t at = 0; at < network.size(); ++at) { // grows while rules are found
             for (std::size_t k = i + 1; k < rules.size(); ++k) {
-                if (!seen[k] && touch(network[at], rules[k])) {
+                if (!seen[k] && touch(network[at], rules[k], thresholds.seam)) {
                     seen[k] = true;
                     around = united(around, rules[k]);
                     network.push_back(rules[k]);
@@ -114,6 +112,37 @@ double area(const Box &box)
     return box.width() * box.height();
 }
 
+std::ptrdiff_t wordsIn(const RawPage &page, const Box &region)
+{
+    return std::count_if(page.words.begin(), page.words.end(), [&region](const RawWord &word) {
+        return region.contains(word.box.centreX(), word.box.centreY());
+    });
+}
+
+// Empty frames to write in, those side by side together: boxes for one letter each.
+std::vector<Box> emptyFields(const RawPage &page)
+{
+    const double longest = thresholds.maxRuleLength * std::max(page.width, page.height);
+    std::vector<Box> fields;
+    for (Box field : drawnRectangles(page.rules)) {
+        if (std::min(field.width(), field.height()) < thresholds.minField ||
+            std::max(field.width(), field.height()) > longest) {
+            continue;
+        }
+        for (std::size_t i = fields.size(); i-- > 0;) {
+            if (touch(fields[i], field, thresholds.seam)) {
+                field = united(field, fields[i]);
+                fields.erase(fields.begin() + static_cast<std::ptrdiff_t>(i));
+            }
+        }
+        fields.push_back(field);
+    }
+    fields.erase(
+        std::remove_if(fields.begin(), fields.end(), [&page](const Box &field) { return wordsIn(page, field) > 0; }),
+        fields.end());
+    return fields;
+}
+
 // Whether the region has much text and few marks: its rules and fills extend far beyond what is drawn.
 bool isFramedText(const RawPage &page, const Box &region, const std::vector<Region> &strokes)
 {
@@ -121,39 +150,25 @@ bool isFramedText(const RawPage &page, const Box &region, const std::vector<Regi
     for (const Region &stroke : strokes) {
         drawn += area(intersected(stroke.box, region));
     }
-    const auto words = std::count_if(page.words.begin(), page.words.end(), [&region](const RawWord &word) {
-        return region.contains(word.box.centreX(), word.box.centreY());
-    });
-    return words > thresholds.maxWords && drawn < thresholds.minDrawn * area(region);
+    return wordsIn(page, region) > thresholds.maxWords && drawn < thresholds.minDrawn * area(region);
 }
 
-} // namespace
-
-std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken)
+// Whether the box is nearly the whole page and has text on it, or belongs to a table.
+bool isBackground(const RawPage &page, const Box &box, const std::vector<Box> &taken)
 {
-    const std::vector<Box> charts = findBarCharts(page, taken);
-    if (page.ink.empty() && charts.empty()) {
-        return {};
-    }
-    const double pageArea = page.width * page.height;
-    const auto isBackground = [&](const Box &b) {
-        return b.width() * b.height() > thresholds.maxArea * pageArea || isTaken(b, taken);
-    };
-    std::vector<Region> strokes;
-    for (const Ink &ink : page.ink) {
-        if (!isBackground(ink.box)) {
-            strokes.push_back({ink.box, 1});
-        }
-    }
-    for (const Box &chart : charts) {
-        if (!isBackground(chart)) {
-            strokes.push_back({chart, thresholds.minMarks});
-        }
-    }
-    strokes = joined(strokes);
+    const bool large = area(box) > thresholds.maxArea * page.width * page.height;
+    return (large && !page.words.empty()) || isTaken(box, taken);
+}
+
+// The strokes, and the frames and fills beside them.
+std::vector<Region> partsOf(const RawPage &page, const std::vector<Region> &strokes, const std::vector<Box> &taken)
+{
     std::vector<Region> parts = strokes;
+    if (strokes.empty()) {
+        return parts;
+    }
     const auto addNear = [&](const Box &box) {
-        if (!isBackground(box) &&
+        if (!isBackground(page, box, taken) &&
             std::any_of(strokes.begin(), strokes.end(), [&](const Region &r) { return close(r.box, box); })) {
             parts.push_back({box, 0});
         }
@@ -164,10 +179,42 @@ std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken
     for (const Fill &fill : page.fills) {
         addNear(fill.box);
     }
+    return parts;
+}
+
+// What is seen: any sign without words, and with words what has more than ornaments around them.
+bool isDrawing(const RawPage &page, const Region &region)
+{
+    const double shorter = std::min(region.box.width(), region.box.height());
+    const double longer = std::max(region.box.width(), region.box.height());
+    if (shorter >= thresholds.minSide && region.ink >= thresholds.minMarks) {
+        return true;
+    }
+    return region.ink > 0 && longer >= thresholds.minLength && shorter >= thresholds.minThickness &&
+           wordsIn(page, region.box) == 0;
+}
+
+} // namespace
+
+std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken, const std::vector<Box> &networks)
+{
+    std::vector<Box> wholes = findBarCharts(page, taken);
+    wholes.insert(wholes.end(), networks.begin(), networks.end());
+    std::vector<Region> strokes;
+    for (const Ink &ink : page.ink) {
+        if (!isBackground(page, ink.box, taken)) {
+            strokes.push_back({ink.box, 1});
+        }
+    }
+    for (const Box &whole : wholes) {
+        if (!isBackground(page, whole, taken)) {
+            strokes.push_back({whole, thresholds.minMarks});
+        }
+    }
+    strokes = joined(strokes);
     std::vector<Box> drawings;
     const auto keep = [&](const Region &region) {
-        const bool large = region.box.width() >= thresholds.minSide && region.box.height() >= thresholds.minSide;
-        if (large && region.ink >= thresholds.minMarks && !isBackground(region.box)) {
+        if (isDrawing(page, region) && !isBackground(page, region.box, taken)) {
             drawings.push_back(
                 {std::max(0.0, region.box.left - thresholds.lineMargin),
                  std::max(0.0, region.box.top - thresholds.lineMargin),
@@ -175,8 +222,9 @@ std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken
                  std::min(page.height, region.box.bottom + thresholds.lineMargin)});
         }
     };
-    for (const Region &region : joined(parts)) {
-        if (isFramedText(page, region.box, strokes)) { // a form or a striped table with a few ornaments
+    for (const Region &region : joined(partsOf(page, strokes, taken))) {
+        // A form or a striped table with a few ornaments, or a mark whose neighbours are lines around text.
+        if (isFramedText(page, region.box, strokes) || !isDrawing(page, region)) {
             for (const Region &stroke : strokes) {
                 if (region.box.contains(stroke.box.centreX(), stroke.box.centreY())) {
                     keep(stroke);
@@ -184,6 +232,11 @@ std::vector<Box> findDrawings(const RawPage &page, const std::vector<Box> &taken
             }
         } else {
             keep(region);
+        }
+    }
+    for (const Box &field : emptyFields(page)) {
+        if (!isTaken(field, drawings)) {
+            keep({field, thresholds.minMarks});
         }
     }
     return drawings;

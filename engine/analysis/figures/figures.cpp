@@ -9,6 +9,7 @@
 #include "text_lines/superscripts.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace quorra::model {
@@ -55,6 +56,35 @@ WordRefs wordsIn(const Box &box, const WordRefs &words)
     return inside;
 }
 
+// The words of the drawing, which grows where they reach a little over its edge. What stands on one line without a gap
+// belongs to the drawing as a whole or not at all.
+WordRefs labelsOf(Box &drawing, const WordRefs &words)
+{
+    WordRefs labels;
+    WordRefs near; // upright words at the height of the drawing
+    for (const RawWord *word : words) {
+        const Box body = bodyOf(*word);
+        if (word->rotation != 0 && drawing.contains(body.centreX(), body.centreY())) {
+            labels.push_back(word);
+        } else if (word->rotation == 0 && body.centreY() > drawing.top && body.centreY() < drawing.bottom) {
+            near.push_back(word);
+        }
+    }
+    Box grown = drawing;
+    for (const TextLine &line : textLinesOf(std::move(near))) {
+        for (const Segment &segment : segmentsOf(line, thresholds.maxLabelGap)) {
+            const double shown = intersected(segment.box, drawing).width();
+            if (shown >= thresholds.minLabelInside * segment.box.width()) {
+                labels.insert(labels.end(), segment.words.begin(), segment.words.end());
+                grown.left = std::min(grown.left, segment.box.left);
+                grown.right = std::max(grown.right, segment.box.right);
+            }
+        }
+    }
+    drawing = grown;
+    return labels;
+}
+
 bool isInside(const Box &inner, const Box &outer)
 {
     return outer.contains(inner.centreX(), inner.centreY()) && inner.width() <= thresholds.maxExcess * outer.width();
@@ -85,6 +115,33 @@ bool shows(const Box &picture, const Box &label)
            intersected(picture, label).width() > thresholds.minShownLabel * label.width();
 }
 
+// Where words of the page stand on a drawing that are none of its labels.
+std::vector<Box> textOn(const Page &page, const Figure &figure)
+{
+    std::vector<Box> text;
+    if (figure.kind != FigureKind::Drawing) {
+        return text; // shown without any words, or with all
+    }
+    std::unordered_set<const Paragraph *> labels;
+    for (const Paragraph &label : figure.labels) {
+        labels.insert(&label);
+    }
+    forEachParagraph(page, [&](const Paragraph &paragraph) {
+        if (labels.count(&paragraph) > 0) {
+            return;
+        }
+        for (const Line &line : paragraph.lines) {
+            for (const Word &word : line.words) {
+                const Box common = intersected(word.box, figure.box);
+                if (common.width() > 0 && common.height() > 0) {
+                    text.push_back(word.box);
+                }
+            }
+        }
+    });
+    return text;
+}
+
 bool isBehindText(const Page &page, const Figure &figure)
 {
     bool behind = false;
@@ -102,7 +159,8 @@ bool isBehindText(const Page &page, const Figure &figure)
 
 } // namespace
 
-PageFigures findFigures(const RawPage &raw, const std::vector<Box> &tables, const WordRefs &words)
+PageFigures
+findFigures(const RawPage &raw, const std::vector<Box> &tables, const std::vector<Box> &networks, const WordRefs &words)
 {
     PageFigures figures;
     WordRefs loose; // words of no table
@@ -111,9 +169,9 @@ PageFigures findFigures(const RawPage &raw, const std::vector<Box> &tables, cons
             return t.contains(word->box.centreX(), word->box.centreY());
         });
     });
-    std::vector<Box> drawings = findDrawings(raw, tables);
-    for (const Box &drawing : drawings) {
-        WordRefs labels = wordsIn(drawing, loose);
+    std::vector<Box> drawings = findDrawings(raw, tables, networks);
+    for (Box &drawing : drawings) {
+        WordRefs labels = labelsOf(drawing, loose);
         if (labels.size() > thresholds.maxLabels && areProseLines(labels)) {
             continue; // ornaments around text
         }
@@ -166,7 +224,7 @@ void registerFigures(Page &page, Document &document)
     forEachBlock(page, [&](Block &block) {
         if (Figure *figure = block.figure()) {
             figure->id = FigureId{document.figures.size()};
-            document.figures.push_back({page.number, figure->box});
+            document.figures.push_back({page.number, figure->box, textOn(page, *figure)});
         }
     });
 }

@@ -22,6 +22,8 @@ struct Thresholds
     std::size_t maxLabels = 40;       ///< words on a drawing; more, if they are prose, have an ornament around them
     std::size_t maxLabelLines = 3; ///< in a paragraph that belongs to the drawing it reaches out of; more are body text
 
+    double maxLabelGap = 0.8;     ///< em between the words of one label; wider gaps stand between labels
+    double minLabelInside = 0.6;  ///< share of a label's width inside the drawing; less, and it is text beside it
     double minShownLabel = 0.9;   ///< share of the labels' width inside the picture; less, and it would cut them off
     double minTextOnFigure = 0.5; ///< share of a text's width; less only touches the figure
 };
@@ -44,11 +46,13 @@ struct PageFigures
     std::vector<FoundFigure> backgrounds; ///< behind the text: a scan with recognised text, a background image
 };
 
-/// Finds the raster images of a page, with strips of one image united, and its drawings with the words inside them.
-PageFigures findFigures(const RawPage &raw, const std::vector<Box> &tables, const WordRefs &words);
+/// Finds the raster images of a page, with strips of one image united, and its drawings with the words inside them. The
+/// networks are those of findNetworks().
+PageFigures findFigures(
+    const RawPage &raw, const std::vector<Box> &tables, const std::vector<Box> &networks, const WordRefs &words);
 
-/// Returns the block of a figure with its words as labels. If they extend so far over its edge that the picture would cut
-/// them off, they follow as a paragraph.
+/// Returns the block of a figure with its words as labels. If they extend so far over its edge that the picture would
+/// cut them off, they follow as a paragraph.
 std::vector<Block> figureBlocks(const FoundFigure &found, StyleTable &styles);
 
 /// Sets Figure::behindText for the figures of the page.

@@ -171,6 +171,12 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
     }
 }
 
+bool showsMark(const model::ListItem &item)
+{
+    // A list that goes on after other text keeps its number, a box its tick.
+    return item.ordered || item.mark == QChar(0x2610) || item.mark == QChar(0x2611) || item.mark == QChar(0x2612);
+}
+
 void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const ParagraphContext &context)
 {
     const std::vector<Run> runs = model::runsOf(item);
@@ -178,8 +184,7 @@ void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const Parag
     writeStyle(xml, runStyle(text.style, context.usual, false));
     writeDirection(xml, item.rightToLeft);
     xml.writeCharacters(QString());
-    if (item.listItem->ordered) { // the mark is written as text, so that a list that continues after other text keeps
-                                  // its numbers
+    if (showsMark(*item.listItem)) {
         {
             const XmlElement mark = startElement(xml, QStringLiteral("span"), "mark");
             xml.writeCharacters(xmlText(item.listItem->mark));

@@ -19,7 +19,10 @@ struct ParagraphContext
 /// contents are at the right edge.
 void writeHtmlParagraph(QXmlStreamWriter &xml, const model::Paragraph &paragraph, const ParagraphContext &context);
 
-/// Writes the text of a list item into the open element, with its mark if the list is ordered.
+/// Returns true if the mark of the item carries meaning: a number or a check box.
+bool showsMark(const model::ListItem &item);
+
+/// Writes the text of a list item into the open element, with its mark if showsMark().
 void writeHtmlListText(QXmlStreamWriter &xml, const model::Paragraph &item, const ParagraphContext &context);
 
 /// Writes a paragraph of the page header or footer as an element of this name, aligned as on the page. Parts with wide

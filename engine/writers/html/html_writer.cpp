@@ -222,9 +222,8 @@ private:
             m_openLists.back().item.reset();
             m_xml.writeCharacters(QStringLiteral("\n"));
         } else {
-            const bool ordered = item.listItem->ordered;
-            const QString tag = ordered ? QStringLiteral("ol") : QStringLiteral("ul");
-            m_openLists.push_back({startBlock(m_xml, tag, ordered ? "counted" : nullptr), {}});
+            const QString tag = item.listItem->ordered ? QStringLiteral("ol") : QStringLiteral("ul");
+            m_openLists.push_back({startBlock(m_xml, tag, showsMark(*item.listItem) ? "counted" : nullptr), {}});
         }
         m_openLists.back().item.emplace(m_xml, QStringLiteral("li"));
         writeHtmlListText(m_xml, item, contextOf(page, item));

@@ -128,16 +128,27 @@ Box roomyBox(const model::Page &page, const Box &box)
     return room;
 }
 
+void writeBackground(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor)
+{
+    if (page.background) {
+        const model::EncodedPicture background = pictures.background(page.number);
+        if (!background.bytes.isEmpty()) {
+            writePicture(sink, background, *page.background, anchor);
+            return;
+        }
+    }
+    for (const model::Fill &fill : page.fills) {
+        writeFill(sink, fill, anchor);
+    }
+    writePictures(sink, page, pictures, anchor);
+    for (const model::Rule &rule : page.rules) {
+        writeRule(sink, rule, anchor);
+    }
+}
+
 void writePlacedPage(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor)
 {
-    const FrameAnchor under = anchor == FrameAnchor::Page ? FrameAnchor::Behind : anchor;
-    for (const model::Fill &fill : page.fills) {
-        writeFill(sink, fill, under);
-    }
-    writePictures(sink, page, pictures, under);
-    for (const model::Rule &rule : page.rules) {
-        writeRule(sink, rule, under);
-    }
+    writeBackground(sink, page, pictures, anchor == FrameAnchor::Page ? FrameAnchor::Behind : anchor);
     for (const TextBlock &block : textBlocks(page, anchor == FrameAnchor::Page)) {
         if (block.labels) {
             writeExactLines(sink, *block.paragraphs.front(), page.width, anchor);

@@ -21,13 +21,7 @@ namespace {
 
 void writeSlide(const Sink &sink, const model::Page &page, model::PictureSource &pictures)
 {
-    for (const model::Fill &fill : page.fills) {
-        writeFill(sink, fill, FrameAnchor::Slide);
-    }
-    writePictures(sink, page, pictures, FrameAnchor::Slide);
-    for (const model::Rule &rule : page.rules) {
-        writeRule(sink, rule, FrameAnchor::Slide);
-    }
+    writeBackground(sink, page, pictures, FrameAnchor::Slide);
     for (const TextBlock &block : textBlocks(page, false)) {
         for (const model::Paragraph *paragraph : block.paragraphs) {
             writeSlideText(sink, page, *paragraph, block.labels);

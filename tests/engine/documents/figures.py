@@ -130,3 +130,112 @@ def map_with_labels(sheet):
     sheet.text(LEFT + 235, 222, "Reach", "Serif-Italic", 9, colour=HexColor("#4477bb"))
     sheet.prose(LEFT, 320, FULL, "Map: the river and its towns", "Serif-Italic", 9.5)
     sheet.prose(LEFT, 345, FULL, GARDEN[4])
+
+
+@document
+def organisation_chart(sheet):
+    """Boxes in a tree of lines without arrows: one figure, no table."""
+    y = sheet.prose(LEFT, 80, FULL, "Who answers to whom is shown below.")
+    places = {"Board": (220, y + 20), "Ferry": (60, y + 90), "Tower": (220, y + 90), "Garden": (380, y + 90)}
+    for name, (x, top) in places.items():
+        sheet.rect(x, top, 110, 34, stroke="#333333")
+        sheet.text(x + 55, top + 21, name, "Sans", 10, "centre")
+    sheet.line(275, y + 54, 275, y + 72)
+    sheet.line(115, y + 72, 435, y + 72)
+    for x in (115, 275, 435):
+        sheet.line(x, y + 72, x, y + 90)
+    sheet.prose(LEFT, y + 140, FULL, "Figure 5: The company", "Serif-Italic", 9.5)
+    sheet.prose(LEFT, y + 165, FULL, TOWN[2])
+
+
+@document
+def class_diagram(sheet):
+    """Boxes of several compartments, joined by a line: one figure, no tables."""
+    y = sheet.prose(LEFT, 80, FULL, "The program knows two kinds of thing.")
+    for x, name, fields, calls in [(LEFT, "Clock", ["turns: int", "gilded: bool"], ["wind()"]),
+                                   (LEFT + 240, "Weight", ["kilograms: int"], ["raise()", "drop()"])]:
+        sheet.rect(x, y + 10, 130, 22, stroke="#000000")
+        sheet.rect(x, y + 32, 130, 34, stroke="#000000")
+        sheet.rect(x, y + 66, 130, 34, stroke="#000000")
+        sheet.text(x + 65, y + 25, name, "Sans-Bold", 10, "centre")
+        for n, text in enumerate(fields):
+            sheet.text(x + 6, y + 46 + 13 * n, text, "Sans", 9)
+        for n, text in enumerate(calls):
+            sheet.text(x + 6, y + 80 + 13 * n, text, "Sans", 9)
+    sheet.line(LEFT + 130, y + 50, LEFT + 240, y + 50)
+    sheet.text(LEFT + 185, y + 46, "drives", "Sans", 8, "centre")
+    sheet.prose(LEFT, y + 120, FULL, GARDEN[2])
+
+
+@document
+def drawn_lettering(sheet):
+    """A name drawn as outlines, as advertising does, twelve points high: it is kept as a picture."""
+    path = sheet.canvas.beginPath()
+    top = sheet.height - 70
+    for n in range(9):
+        x = LEFT + 11 * n
+        path.moveTo(x, top)
+        path.curveTo(x + 2, top + 14, x + 6, top + 14, x + 9, top)
+        path.lineTo(x + 7, top)
+        path.curveTo(x + 5, top + 9, x + 4, top + 9, x + 2, top)
+        path.close()
+    sheet.canvas.setFillColor(HexColor("#204080"))
+    sheet.canvas.drawPath(path, stroke=0, fill=1)
+    sheet.paragraphs(LEFT, 100, FULL, CLOCK[:2])
+
+
+@document
+def drawn_bullets(sheet):
+    """Dots and squares that are drawn before lines of text are marks of lists."""
+    sheet.canvas.setFillColor(HexColor("#000000"))
+    for n, text in enumerate(["Bring the rope", "Count the life belts", "Close the ramp"]):
+        sheet.canvas.setFillColor(HexColor("#000000"))
+        sheet.canvas.circle(LEFT + 8, sheet.height - (93 + 16 * n), 2, stroke=0, fill=1)
+        sheet.text(LEFT + 18, 96 + 16 * n, text)
+    sheet.prose(LEFT, 150, FULL, TOWN[0])
+    for n, text in enumerate(["Wind the clock", "Oil the bearings"]):
+        sheet.rect(LEFT + 6, 195 + 16 * n, 4, 4, fill="#a02020")
+        sheet.text(LEFT + 18, 200 + 16 * n, text)
+
+
+@document
+def text_across_the_edge_of_a_drawing(sheet):
+    """A sentence that reaches over the edge of a drawing stands once, as text; the picture does not show a part of it."""
+    sheet.canvas.setStrokeColor(HexColor("#336699"))
+    for n in range(5):
+        sheet.canvas.circle(LEFT + 60, sheet.height - 140, 50 - 8 * n, stroke=1, fill=0)
+    sheet.text(LEFT + 82, 120, "The rings of the clock tower", "Sans", 10)
+    sheet.text(LEFT + 60, 143, "mid", "Sans", 8, "centre")
+    sheet.prose(LEFT, 210, FULL, CLOCK[0])
+
+
+@document
+def round_frame_around_text(sheet):
+    """White text in a coloured frame with round corners stays text, on a background of that colour."""
+    sheet.rect(LEFT, 80, FULL, 34, fill="#205080", radius=9)
+    sheet.text(LEFT + 14, 101, "Season tickets are sold at the ramp", "Sans-Bold", 12, colour=white)
+    sheet.prose(LEFT, 130, FULL, TOWN[1])
+
+
+@document
+def transparent_fills(sheet):
+    """Colours as they are seen: half-transparent red and blue on paper, on a fill, and across the edge of one."""
+    sheet.rect(LEFT, 80, 200, 60, fill="#ffe000")
+    for x, colour in ((LEFT + 20, "#ff0000"), (LEFT + 180, "#0000ff"), (LEFT + 300, "#ff0000")):
+        sheet.canvas.saveState()
+        sheet.canvas.setFillColor(HexColor(colour), alpha=0.5)
+        sheet.canvas.rect(x, sheet.height - 130, 60, 40, stroke=0, fill=1)
+        sheet.canvas.restoreState()
+    sheet.prose(LEFT, 160, FULL, TOWN[0])
+
+
+@document
+def clipped_fill(sheet):
+    """A fill that is clipped to a circle is a drawing, not a rectangle."""
+    sheet.canvas.saveState()
+    path = sheet.canvas.beginPath()
+    path.circle(LEFT + 40, sheet.height - 120, 30)
+    sheet.canvas.clipPath(path, stroke=0, fill=0)
+    sheet.rect(LEFT, 80, 80, 80, fill="#208040")
+    sheet.canvas.restoreState()
+    sheet.prose(LEFT, 170, FULL, TOWN[0])

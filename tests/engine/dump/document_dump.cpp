@@ -349,7 +349,8 @@ void dumpPage(const Page &page, Continuations &continuations, std::ostream &out)
         << joined(
                {whole(page.width) + " x " + whole(page.height), page.scanned ? "scanned" : "",
                 page.label.isEmpty() ? "" : "label " + visible(page.label),
-                page.content.isEmpty() ? "empty" : "content " + box(page.content)},
+                page.content.isEmpty() ? "empty" : "content " + box(page.content),
+                page.background ? "needs its background as a picture" : ""},
                "; ")
         << "]\n";
     dumpAll(page.header, "header", out);
@@ -358,7 +359,7 @@ void dumpPage(const Page &page, Continuations &continuations, std::ostream &out)
     }
     dumpAll(page.footer, "footer", out);
     for (const Fill &fill : page.fills) {
-        out << "  fill [" << box(fill.box) << "; " << colour(fill.colour) << "]\n";
+        out << "  fill [" << box(fill.box) << "; " << colour(fill.colour) << (fill.exact ? "" : "; about") << "]\n";
     }
     for (const Rule &rule : page.rules) {
         out << "  line [" << box({rule.x1, rule.y1, rule.x2, rule.y2}) << "; " << tenths(rule.width) << " "

@@ -33,7 +33,7 @@ void dumpRaw(const model::RawPage &page, std::ostream &out)
             << colour(rule.colour) << "]\n";
     }
     for (const model::Fill &fill : page.fills) {
-        out << "  fill [" << exact(fill.box) << "; " << colour(fill.colour) << "]\n";
+        out << "  fill [" << exact(fill.box) << "; " << colour(fill.colour) << (fill.exact ? "" : "; about") << "]\n";
     }
     for (const model::RawPicture &picture : page.pictures) {
         out << "  picture [" << exact(picture.box) << "]\n";

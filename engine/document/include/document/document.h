@@ -177,6 +177,8 @@ struct FigureRegion
 {
     int page = 1; ///< counted from 1 in the file
     Box box;      ///< on the displayed page
+    /// Where words stand on it that are text of the page rather than labels of the figure: its picture leaves them out.
+    std::vector<Box> text = {};
 };
 
 struct Block
@@ -215,6 +217,9 @@ struct Page
     std::vector<Rule> rules;       ///< rules that do not belong to a table or figure
     std::vector<Fill> fills;       ///< fills that do not belong to a table or figure
     std::size_t marks = 0;         ///< the number of lines and shapes, for estimates of the time that rendering takes
+    /// Where the picture of all but its text (PictureSource::background()) belongs, if something is painted on it that
+    /// no rule, fill or figure of it shows: round frames, gradients, curves behind text. The whole page, unless moved.
+    std::optional<Box> background;
     bool scanned = false;          ///< the page is one picture, which is its only block
     QString label;                 ///< as in RawPage
     std::vector<Comment> comments; ///< of readers of the file

@@ -52,10 +52,13 @@ struct Rule
 struct Fill
 {
     Box box;
-    Colour colour = white;
+    Colour colour = white; ///< as it is seen: mixed with what is below where the fill is transparent
+    /// Whether a rectangle of that colour looks the same. Otherwise the corners are round, or the colour stands for a
+    /// gradient or a pattern, or changes with what lies below.
+    bool exact = true;
 };
 
-/// A curve, a slanted line, or something filled with a pattern.
+/// A curve, a slanted line, or something filled with a pattern or a gradient.
 struct Ink
 {
     Box box;

@@ -25,6 +25,10 @@ std::vector<TextBlock> textBlocks(const model::Page &page, bool joined);
 /// does not overlap other blocks or the edge of the page.
 Box roomyBox(const model::Page &page, const Box &box);
 
+/// Writes what is behind the text: fills, pictures and lines as shapes, or one picture of all of it if the page needs
+/// it.
+void writeBackground(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor);
+
 /// Writes the content of the page at its positions: backgrounds, lines and pictures, then text and tables in frames.
 /// The anchor must be FrameAnchor::Page.
 void writePlacedPage(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor);
