@@ -24,6 +24,10 @@ struct Thresholds
     double maxRuleLength = 0.6;   ///< share of the page's longer side; longer rules divide the page
     std::ptrdiff_t maxWords = 30; ///< in a drawing of few marks; more make it framed text
     double minDrawn = 0.25;       ///< share of a region with much text that its marks cover
+    double maxLetter = 72;        ///< points; higher marks are no letters drawn as outlines
+    double maxLetterRatio = 2.2;  ///< of the highest letter to the lowest: "Aa"
+    double minSharedHeight = 0.5; ///< share of the lower letter's height that two letters of a line have in common
+    double wordGap = 0.8;         ///< of the lower letter's height, between words
     double minField = 6;          ///< points; the shorter side of an empty frame to write in
 };
 
@@ -35,10 +39,22 @@ struct Region
     int ink = 0;
 };
 
+// Letters drawn as outlines stand on one line, words of them further apart than other parts of a drawing.
+double maxGapBetween(const Box &a, const Box &b)
+{
+    const double lower = std::min(a.height(), b.height());
+    const double higher = std::max(a.height(), b.height());
+    const double shared = std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
+    const bool letters = higher <= thresholds.maxLetter && higher <= thresholds.maxLetterRatio * lower &&
+                         shared >= thresholds.minSharedHeight * lower;
+    return letters ? std::max(thresholds.maxGap, thresholds.wordGap * lower) : thresholds.maxGap;
+}
+
 bool close(const Box &a, const Box &b)
 {
-    return a.left - thresholds.maxGap <= b.right && b.left - thresholds.maxGap <= a.right &&
-           a.top - thresholds.maxGap <= b.bottom && b.top - thresholds.maxGap <= a.bottom;
+    const double gap = maxGapBetween(a, b);
+    return a.left - gap <= b.right && b.left - gap <= a.right && a.top - thresholds.maxGap <= b.bottom &&
+           b.top - thresholds.maxGap <= a.bottom;
 }
 
 // Joins regions until no two are close to each other. Neighbouring parts usually follow one another, so that few

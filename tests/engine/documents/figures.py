@@ -169,11 +169,11 @@ def class_diagram(sheet):
 
 @document
 def drawn_lettering(sheet):
-    """A name drawn as outlines, as advertising does, twelve points high: it is kept as a picture."""
+    """A name of two words drawn as outlines, as advertising does, twelve points high: it is kept as one picture."""
     path = sheet.canvas.beginPath()
     top = sheet.height - 70
     for n in range(9):
-        x = LEFT + 11 * n
+        x = LEFT + 11 * n + (8 if n > 4 else 0)
         path.moveTo(x, top)
         path.curveTo(x + 2, top + 14, x + 6, top + 14, x + 9, top)
         path.lineTo(x + 7, top)
