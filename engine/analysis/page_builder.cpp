@@ -134,9 +134,8 @@ void addLeftovers(Page &page, const RawPage &raw, const Rulings &rulings)
             lost = lost || !fill.exact;
         }
     }
-    constexpr double smallestInk = 6; // points
     lost = lost || std::any_of(raw.ink.begin(), raw.ink.end(), [&](const Ink &ink) {
-               return std::max(ink.box.width(), ink.box.height()) >= smallestInk &&
+               return std::max(ink.box.width(), ink.box.height()) >= thresholds.minLostInk &&
                       !isOwned(ink.box.centreX(), ink.box.centreY());
            });
     if (lost) {

@@ -14,6 +14,7 @@ struct Thresholds
 {
     double minScanArea = 0.8; ///< share of a page without text; the area of its images that makes it a scan
     double blockMargin = 2;   ///< points around a table or figure; rules and fills inside it belong to the block
+    double minLostInk = 6;    ///< points; smaller marks that no figure shows are specks
 };
 
 inline constexpr Thresholds thresholds;
