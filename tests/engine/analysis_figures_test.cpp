@@ -81,7 +81,7 @@ std::vector<int> captionLinks(Page page)
 
 std::vector<FoundFigure> placedFigures(PageMaker &page)
 {
-    return findFigures(page.raw(), {}, refs(page.raw().words)).placed;
+    return findFigures(page.raw(), {}, {}, refs(page.raw().words)).placed;
 }
 
 bool isPlaced(const Box &image)
