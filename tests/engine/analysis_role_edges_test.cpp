@@ -131,8 +131,21 @@ std::vector<Edge> headerEdges()
                 return hasHeader({40, 40, 40}, gap);
             }),
         fewest(
-            "pages with a header", thresholds.minPages,
+            "pages with a header", thresholds.minExactPages,
             [](double count) { return hasHeader(std::vector<double>(static_cast<std::size_t>(count), 40), 3); }),
+        fewest(
+            "pages with a header close to the text", thresholds.minPages,
+            [](double count) { return hasHeader(std::vector<double>(static_cast<std::size_t>(count), 40), 2); }),
+        minimum(
+            "gap below the header of two pages", thresholds.minWideGap,
+            [](double gap) {
+                return hasHeader({40, 40}, gap);
+            }),
+        maximum(
+            "heights of the header of two pages", thresholds.exactHeight,
+            [](double shift) {
+                return hasHeader({40, 40 + shift}, 3);
+            }),
         maximum(
             "heights of a header", thresholds.sameHeight,
             [](double shift) {

@@ -164,9 +164,9 @@ bool areProse(const Lines &lines, std::size_t first, std::size_t count)
            numeric < thresholds.maxNumericWords * static_cast<double>(words);
 }
 
-// Whether lines begin in the middle of a sentence. Text in capitals, in scripts without them, and text of a few lines
-// does not tell, and is taken for text that does.
-bool goesOn(const Lines &lines, bool rightToLeft)
+// Whether enough lines begin in the middle of a sentence. Text in capitals, in scripts without them, and text of a few
+// lines does not tell, and is taken for text that does.
+bool goesOn(const Lines &lines, bool rightToLeft, std::size_t minCasedLines = thresholds.minCasedLines)
 {
     std::size_t cased = 0;
     std::size_t small = 0;
@@ -179,7 +179,7 @@ bool goesOn(const Lines &lines, bool rightToLeft)
                        return word->text.back().isLower();
                    });
     }
-    return cased < thresholds.minCasedLines || !hasSmall ||
+    return cased < minCasedLines || !hasSmall ||
            static_cast<double>(small) >= thresholds.minGoingOn * static_cast<double>(cased);
 }
 
@@ -220,8 +220,8 @@ public:
     // Whether most lines begin where others do: at the edge of the column, or at an indent.
     bool isAligned() const { return agree(m_rightToLeft); }
 
-    // Whether most lines also end where others do.
-    bool isJustified() const { return agree(true) && agree(false); }
+    // Whether most lines also end where others do, and one begins in the middle of a sentence: then few lines tell.
+    bool isJustified() const { return agree(true) && agree(false) && goesOn(m_lines, m_rightToLeft, 1); }
 
 private:
     // Whether most of the right or left edges of the lines agree with those of other lines.

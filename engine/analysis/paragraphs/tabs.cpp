@@ -128,7 +128,9 @@ std::vector<TabStop> tabStopsOf(const TextLine &line, const std::vector<LineTab>
         const double right = line.words[last]->box.right;
         TabStop stop{left - column.left, Alignment::Left, tabs[i].leader};
         const bool isLast = i + 1 == tabs.size();
-        if (isLast && (tabs[i].leader || column.right - right < thresholds.sameColumnEdge)) {
+        const double inset = line.box.left - column.left; // lines of headers are as far from both edges of the page
+        if (isLast && (tabs[i].leader || std::abs(column.right - right) < thresholds.sameColumnEdge ||
+                       std::abs(column.right - right - inset) < thresholds.sameColumnEdge)) {
             stop = {right - column.left, Alignment::Right, tabs[i].leader};
         } else if (std::abs((left + right) / 2 - column.centreX()) < thresholds.centred) {
             stop = {column.width() / 2, Alignment::Centre, tabs[i].leader};

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "semantics/page_headers.h"
 
+#include "base/statistics.h"
+
 #include <QHash>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -20,6 +23,7 @@ struct EdgeLine
     QString key;            ///< its text with every number replaced
     double gap = 0;         ///< em, from its baseline to that of the next line towards the page's middle
     bool outermost = false; ///< nothing stands between it and the edge of the page
+    double next = 0; ///< baseline of the next line towards the page's middle, the middle of the page if it is far off
 };
 
 QString keyOf(const TextLine &line)
@@ -58,11 +62,12 @@ std::pair<double, double> textExtent(const RawPage &page)
 std::vector<EdgeLine> edgeLines(const RawPage &page)
 {
     std::vector<EdgeLine> found;
-    const auto [first, last] = textExtent(page);
+    const auto [highest, lowest] = textExtent(page);
     const double reach = thresholds.zone * page.height;
     for (const bool top : {true, false}) {
-        const auto inZone = [&, first = first, last = last](double y, double depth) {
-            return top ? y < std::max(first + depth / 2, depth) : y > std::min(last - depth / 2, page.height - depth);
+        const auto inZone = [&, highest = highest, lowest = lowest](double y, double depth) {
+            return top ? y < std::max(highest + depth / 2, depth)
+                       : y > std::min(lowest - depth / 2, page.height - depth);
         };
         WordRefs words; // from further in than looked for, to see how far the next line is
         for (const RawWord &word : page.words) {
@@ -80,10 +85,76 @@ std::vector<EdgeLine> edgeLines(const RawPage &page)
             const double gap = i + 1 < lines.size() ? std::abs(lines[i + 1].baseline - lines[i].baseline) /
                                                           std::max(lines[i].size, lines[i + 1].size)
                                                     : farAway;
-            found.push_back({lines[i], keyOf(lines[i]), gap, i == 0});
+            const RawWord *first = lines[i].words.front();
+            if (std::any_of(found.begin(), found.end(), [first](const EdgeLine &edge) {
+                    return edge.line.words.front() == first; // of a page of a few lines
+                })) {
+                continue;
+            }
+            const double next = i + 1 < lines.size() ? lines[i + 1].baseline : page.height / 2;
+            found.push_back({lines[i], keyOf(lines[i]), gap, i == 0, next});
         }
     }
     return found;
+}
+
+bool isPageNumber(const QString &text)
+{
+    static const QRegularExpression number(
+        QStringLiteral(
+            "^(?:[-–—] ?|(?:page|p\\.|seite|s\\.|pagina|página|pág\\.|strona|sida|side) ?)?(?:\\d{1,4}|[ivxl]{1,6})"
+            "(?: ?[-–—]| ?(?:/|of|von|de|sur|di|z|av|af|van) ?\\d{1,4})?$"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+    return number.match(text).hasMatch();
+}
+
+bool hasPageNumberAtEnd(const TextLine &line)
+{
+    const std::vector<Segment> parts = segmentsOf(line, thresholds.minPartGap);
+    return parts.size() > 1 && (isPageNumber(joinedText(parts.front().words, QStringLiteral(" "))) ||
+                                isPageNumber(joinedText(parts.back().words, QStringLiteral(" "))));
+}
+
+double usualSizeOf(const RawPage &page)
+{
+    std::vector<double> sizes;
+    for (const RawWord &word : page.words) {
+        if (word.rotation == 0) {
+            sizes.push_back(word.style.size);
+        }
+    }
+    return median(std::move(sizes));
+}
+
+double textWidthOf(const RawPage &page)
+{
+    Box text;
+    for (const RawWord &word : page.words) {
+        if (word.rotation == 0) {
+            text = united(text, word.box);
+        }
+    }
+    return text.width();
+}
+
+// Whether the outermost line is a header by itself, whatever stands on other pages.
+bool isHeaderByItself(const EdgeLine &edge, const RawPage &page)
+{
+    const double y = edge.line.box.centreY();
+    const double margin = thresholds.zone * page.height;
+    if (!edge.outermost || edge.gap < thresholds.minWideGap || (y > margin && y < page.height - margin)) {
+        return false;
+    }
+    if (isPageNumber(joinedText(edge.line.words, QStringLiteral(" ")))) {
+        return true;
+    }
+    const double minRule = thresholds.minRule * textWidthOf(page);
+    const bool ruled = std::any_of(page.rules.begin(), page.rules.end(), [&](const Rule &rule) {
+        return rule.isHorizontal() && rule.length() >= minRule && rule.y1 > std::min(edge.line.baseline, edge.next) &&
+               rule.y1 < std::max(edge.line.baseline, edge.next);
+    });
+    const bool isSmall = edge.line.size <= thresholds.maxSmallSize * usualSizeOf(page);
+    return (isSmall ? 1 : 0) + (ruled ? 1 : 0) + (hasPageNumberAtEnd(edge.line) ? 1 : 0) >= 2;
 }
 
 // Stamps in the margin: words in another direction that stand at the same place on other pages.
@@ -118,9 +189,6 @@ void addRotatedStamps(
 std::vector<std::set<const RawWord *>> findPageHeaders(const std::vector<RawPage> &pages)
 {
     std::vector<std::set<const RawWord *>> heads(pages.size());
-    if (pages.size() < thresholds.minPages) {
-        return heads;
-    }
     std::vector<std::vector<EdgeLine>> lines;
     QHash<QString, QList<double>> places; // the heights at which each text stands
     for (const RawPage &page : pages) {
@@ -130,6 +198,7 @@ std::vector<std::set<const RawWord *>> findPageHeaders(const std::vector<RawPage
         }
     }
     const std::size_t needed = std::max(thresholds.minPages, pages.size() / thresholds.pagesPerHeader);
+    const std::size_t neededExactly = std::max(thresholds.minExactPages, pages.size() / thresholds.pagesPerHeader);
     addRotatedStamps(pages, needed, heads);
     for (std::size_t i = 0; i < pages.size(); ++i) {
         // From the text outwards: a line that the text follows at its usual distance is part of it, such as a table's
@@ -137,13 +206,17 @@ std::vector<std::set<const RawWord *>> findPageHeaders(const std::vector<RawPage
         bool apart = false;
         for (auto line = lines[i].rbegin(); line != lines[i].rend(); ++line) {
             const QList<double> &heights = places[line->key];
-            const auto alike = std::count_if(heights.begin(), heights.end(), [line](double y) {
-                return std::abs(y - line->line.baseline) <= thresholds.sameHeight;
-            });
-            const bool repeated = static_cast<std::size_t>(alike) >= needed;
+            const auto countWithin = [&heights, line](double distance) {
+                return static_cast<std::size_t>(std::count_if(heights.begin(), heights.end(), [=](double y) {
+                    return std::abs(y - line->line.baseline) <= distance;
+                }));
+            };
             const bool isNumber = line->key == QLatin1String("# ");
             apart = apart || line->gap > thresholds.minGap;
-            if (repeated && (apart || isNumber)) {
+            const bool repeated = countWithin(thresholds.sameHeight) >= needed ||
+                                  (line->outermost && line->gap >= thresholds.minWideGap &&
+                                   countWithin(thresholds.exactHeight) >= neededExactly);
+            if ((repeated && (apart || isNumber)) || isHeaderByItself(*line, pages[i])) {
                 heads[i].insert(line->line.words.begin(), line->line.words.end());
             }
             apart = apart && !line->outermost; // the other end of the page begins anew

@@ -87,6 +87,26 @@ def header_of_a_single_page(sheet):
 
 
 @document
+def letter_of_two_pages(sheet):
+    """The second page has the number at its foot, as the first one has; the address at the foot of both is small."""
+    for page, texts in enumerate([TOWN, GARDEN], 1):
+        sheet.paragraphs(LEFT, 80, FULL, texts)
+        sheet.line(LEFT, 770, RIGHT, 770, 0.4)
+        sheet.text(LEFT, 782, "Oldham Reach Ferry Company · Ferry House · OR1 1AA", "Sans", 8)
+        sheet.text(RIGHT, 782, f"Page {page}", "Sans", 8, "right")
+        if page < 2:
+            sheet.next_page()
+
+
+@document
+def page_number_of_a_single_page(sheet):
+    """The number in the middle of the foot is no paragraph; the short last line of the text is one."""
+    y = sheet.paragraphs(LEFT, 80, FULL, GARDEN + TOWN)
+    sheet.prose(LEFT, y, FULL, "17 of them were sold.")
+    sheet.text((LEFT + RIGHT) / 2, 790, "– 17 –", align="centre")
+
+
+@document
 def footnotes(sheet):
     """Two notes under a short line, each with a raised number that stands in the text too."""
     y = sheet.prose(LEFT, 80, FULL, TOWN[0].replace("1874.", "1874.<super>1</super>"))
