@@ -29,9 +29,9 @@ struct Thresholds
     std::size_t minJustifiedHeight = 3; ///< the same where the lines of both sides end below one another, too
     std::size_t minLines = 2;           ///< on its other side, and on both sides of the continuation of a known gap
     double minAligned = 0.6;   ///< share of the lines of a side that begin below other ones; else it is a river
-    double maxShared = 0.34;   ///< share of the shorter side's lines with a line of the other side on their baseline;
+    double maxShared = 0.5;    ///< share of the shorter side's lines with a line of the other side on their baseline;
                                ///< more are rows of a table when only one side is running text
-    double sameBaseline = 0.2; ///< em; the baselines of a table's row differ by less
+    double sameBaseline = 0.1; ///< em; the baselines of a table's row differ by less
 
     double minLetters = 15;           ///< in the median line of running text; cells of tables are shorter
     double minLettersOfTwoLines = 22; ///< the same for a text of two lines, which says less

@@ -137,24 +137,49 @@ double textWidthOf(const RawPage &page)
     return text.width();
 }
 
-// Whether the outermost line is a header by itself, whatever stands on other pages.
-bool isHeaderByItself(const EdgeLine &edge, const RawPage &page)
+// Whether the line begins as a note does, with a short number or a sign.
+bool beginsLikeNote(const TextLine &line)
 {
-    const double y = edge.line.box.centreY();
+    static const QRegularExpression mark(QStringLiteral("^(?:[*†‡§¶]|\\d{1,3}(?:\\D|$))"));
+    return mark.match(line.words.front()->text).hasMatch();
+}
+
+// How many of the outermost lines [from, end) of one end of the page are headers by themselves, whatever stands on
+// other pages: all up to the first wide gap, or none.
+std::size_t countHeadersByThemselves(const std::vector<EdgeLine> &edges, std::size_t from, const RawPage &page)
+{
     const double margin = thresholds.zone * page.height;
-    if (!edge.outermost || edge.gap < thresholds.minWideGap || (y > margin && y < page.height - margin)) {
-        return false;
+    std::size_t end = from;
+    bool isSmall = true;
+    bool hasNumber = false;
+    bool isNote = false;
+    for (bool goesOn = true; goesOn; ++end) {
+        if (end == edges.size() || (end > from && edges[end].outermost)) {
+            return 0; // there is no gap
+        }
+        const TextLine &line = edges[end].line;
+        const double y = line.box.centreY();
+        if (y > margin && y < page.height - margin) {
+            return 0;
+        }
+        isSmall = isSmall && line.size <= thresholds.maxSmallSize * usualSizeOf(page);
+        hasNumber = hasNumber || hasPageNumberAtEnd(line);
+        isNote = isNote || beginsLikeNote(line);
+        goesOn = edges[end].gap < thresholds.minWideGap;
     }
-    if (isPageNumber(joinedText(edge.line.words, QStringLiteral(" ")))) {
-        return true;
+    const EdgeLine &outer = edges[from];
+    const EdgeLine &inner = edges[end - 1];
+    if (end == from + 1 && isPageNumber(joinedText(outer.line.words, QStringLiteral(" ")))) {
+        return 1;
     }
     const double minRule = thresholds.minRule * textWidthOf(page);
     const bool ruled = std::any_of(page.rules.begin(), page.rules.end(), [&](const Rule &rule) {
-        return rule.isHorizontal() && rule.length() >= minRule && rule.y1 > std::min(edge.line.baseline, edge.next) &&
-               rule.y1 < std::max(edge.line.baseline, edge.next);
+        return rule.isHorizontal() && rule.length() >= minRule && rule.y1 > std::min(inner.line.baseline, inner.next) &&
+               rule.y1 < std::max(inner.line.baseline, inner.next);
     });
-    const bool isSmall = edge.line.size <= thresholds.maxSmallSize * usualSizeOf(page);
-    return (isSmall ? 1 : 0) + (ruled ? 1 : 0) + (hasPageNumberAtEnd(edge.line) ? 1 : 0) >= 2;
+    const int evidence =
+        (isSmall ? 1 : 0) + (ruled ? 1 : 0) + (hasNumber ? 1 : 0) + (inner.gap >= thresholds.minFarGap ? 1 : 0);
+    return !isNote && evidence >= 2 ? end - from : 0;
 }
 
 // Stamps in the margin: words in another direction that stand at the same place on other pages.
@@ -216,10 +241,16 @@ std::vector<std::set<const RawWord *>> findPageHeaders(const std::vector<RawPage
             const bool repeated = countWithin(thresholds.sameHeight) >= needed ||
                                   (line->outermost && line->gap >= thresholds.minWideGap &&
                                    countWithin(thresholds.exactHeight) >= neededExactly);
-            if ((repeated && (apart || isNumber)) || isHeaderByItself(*line, pages[i])) {
+            if (repeated && (apart || isNumber)) {
                 heads[i].insert(line->line.words.begin(), line->line.words.end());
             }
             apart = apart && !line->outermost; // the other end of the page begins anew
+        }
+        for (std::size_t k = 0; k < lines[i].size(); ++k) {
+            const std::size_t count = lines[i][k].outermost ? countHeadersByThemselves(lines[i], k, pages[i]) : 0;
+            for (std::size_t header = k; header < k + count; ++header) {
+                heads[i].insert(lines[i][header].line.words.begin(), lines[i][header].line.words.end());
+            }
         }
     }
     return heads;

@@ -24,6 +24,7 @@ struct Thresholds
     double exactHeight = 1;          ///< points; rounding
     double minGap = 1.5;             ///< em; between a header and the text, which is farther off than the next line
     double minWideGap = 2.4;         ///< em; the same where little else tells a header: more than double spacing
+    double minFarGap = 6;            ///< em; a blank so high is more than the end of a page that is not full
     double maxSmallSize = 0.92;      ///< of the page's usual font size; headers are often set smaller than the text
     double minRule = 0.6;            ///< share of the text's width; a line so long between header and text separates
                                      ///< them, while the one above notes is shorter
