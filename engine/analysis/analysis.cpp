@@ -11,6 +11,8 @@
 #include "semantics/captions.h"
 #include "semantics/page_headers.h"
 #include "semantics/roles.h"
+#include "tags/tag_checks.h"
+#include "tags/tag_use.h"
 #include "text_lines/leader_words.h"
 
 #include <unordered_map>
@@ -43,7 +45,7 @@ void takeStyles(Page &page, StyleTable &styles)
 
 } // namespace
 
-Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
+Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach, const TagTree &tags)
 {
     Document document;
     document.pages.resize(pages.size());
@@ -59,11 +61,17 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach)
             page.words[i].index = i;
         }
     }
-    const auto heads = findPageHeaders(pages);
+    TaggedText tagged = taggedText(tags);
+    checkHeadings(pages, tagged);
+    applyTags(pages, tagged);
+    std::vector<std::set<const RawWord *>> heads = findPageHeaders(pages);
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        addArtifacts(pages[i], heads[i]);
+    }
     std::vector<StyleTable> styles(pages.size());
     forEach(static_cast<int>(pages.size()), [&](int page) {
         const auto i = static_cast<std::size_t>(page);
-        document.pages[i] = buildPage(pages[i], heads[i], styles[i]);
+        document.pages[i] = buildPage(pages[i], heads[i], tagged.tables, styles[i]);
         pages[i] = {};
     });
     for (Page &page : document.pages) {

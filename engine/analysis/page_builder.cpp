@@ -10,6 +10,8 @@
 #include "paragraphs/paragraphs.h"
 #include "tables/rulings.h"
 #include "tables/table_content.h"
+#include "tags/tag_use.h"
+#include "tags/tagged_tables.h"
 #include "text_lines/word_fragments.h"
 
 #include <algorithm>
@@ -185,7 +187,26 @@ std::vector<Section> sectionsOf(const std::vector<Band> &bands, const ColumnBuil
     return sections;
 }
 
-Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, StyleTable &styles)
+// The bands of the page. Columns that the tags contradict are none: the text is then read in the order of the tags.
+std::vector<Band> bandsOf(RegionItems items)
+{
+    std::vector<Band> bands = segmentPage(items);
+    if (tearLines(bands)) {
+        Band::Column column;
+        for (const Band &band : bands) {
+            for (const Band::Column &each : band.columns) {
+                column.box = united(column.box, each.box);
+            }
+        }
+        column.parts.push_back(std::move(items));
+        bands.assign(1, Band{{std::move(column)}});
+    }
+    return bands;
+}
+
+Page builtPage(
+    const RawPage &raw, const std::set<const RawWord *> &heads, const std::vector<TaggedTable> &tagged,
+    StyleTable &styles)
 {
     Page page;
     page.width = raw.width;
@@ -203,6 +224,7 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
     std::vector<TableWords> tables = findRuledTables(rulings, dividers, words);
     const auto drawn = [&raw](const TableWords &table) { return isPlot(table.table, raw.ink); };
     tables.erase(std::remove_if(tables.begin(), tables.end(), drawn), tables.end());
+    useTaggedTables(tables, tagged, rulings, words);
     std::vector<Box> tableBoxes;
     WordRefs headWords(heads.begin(), heads.end());
     std::vector<WordRefs *> groups{&headWords};
@@ -238,7 +260,7 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
         page.sections.push_back({{figure.box}, figureBlocks(figure, styles)});
     }
     const ColumnBuilder builder(raw, dividers, std::move(tables), figures, styles);
-    for (Section &section : sectionsOf(segmentPage(std::move(items)), builder)) {
+    for (Section &section : sectionsOf(bandsOf(std::move(items)), builder)) {
         page.sections.push_back(std::move(section));
     }
     addRotatedText(page, raw, heads, used, styles);
@@ -248,9 +270,11 @@ Page builtPage(const RawPage &raw, const std::set<const RawWord *> &heads, Style
 
 } // namespace
 
-Page buildPage(const RawPage &raw, const std::set<const RawWord *> &heads, StyleTable &styles)
+Page buildPage(
+    const RawPage &raw, const std::set<const RawWord *> &heads, const std::vector<TaggedTable> &tagged,
+    StyleTable &styles)
 {
-    Page page = isScan(raw) ? scannedPage(raw, styles) : builtPage(raw, heads, styles);
+    Page page = isScan(raw) ? scannedPage(raw, styles) : builtPage(raw, heads, tagged, styles);
     page.number = raw.number;
     page.label = raw.label;
     page.width = raw.width;

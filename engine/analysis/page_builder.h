@@ -2,9 +2,11 @@
 #pragma once
 
 #include "document/document.h"
+#include "tags/tagged_text.h"
 #include "text_lines/text_lines.h"
 
 #include <set>
+#include <vector>
 
 namespace quorra::model {
 
@@ -22,7 +24,9 @@ inline constexpr Thresholds thresholds;
 } // namespace pageBuilder
 
 /// Builds one page with upright text (see rotatedUpright). `heads` are the words of its header and footer; all of them
-/// are in Page::header afterwards.
-Page buildPage(const RawPage &raw, const std::set<const RawWord *> &heads, StyleTable &styles);
+/// are in Page::header afterwards. `tagged` are the tables that the words' tags refer to.
+Page buildPage(
+    const RawPage &raw, const std::set<const RawWord *> &heads, const std::vector<TaggedTable> &tagged,
+    StyleTable &styles);
 
 } // namespace quorra::model

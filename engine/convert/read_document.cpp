@@ -4,14 +4,16 @@
 #include "analysis/analysis.h"
 #include "pdf/file_facts.h"
 #include "pdf/page_reading.h"
+#include "pdf/structure.h"
 #include "platform/worker_pool.h"
 
 namespace quorra {
 
 model::Document readDocument(const Job &job, PdfFilePool &pool, Collect what)
 {
-    model::Document document =
-        model::buildDocument(collectPages(pool, job.firstPage, job.pageCount(), what), forEachPage);
+    const Structure structure = readStructure(*pool.borrow(), job.firstPage, job.pageCount());
+    model::Document document = model::buildDocument(
+        collectPages(pool, job.firstPage, job.pageCount(), what, &structure), forEachPage, structure.tree);
     if (what == Collect::Everything) {
         document.facts = readFileFacts(*pool.borrow());
     }

@@ -4,6 +4,8 @@
 #include "paragraphs/paragraphs.h"
 #include "tables/table_content.h"
 #include "tables/unruled_table.h"
+#include "tags/tag_use.h"
+#include "tags/tagged_tables.h"
 
 #include <algorithm>
 #include <iterator>
@@ -91,13 +93,16 @@ std::vector<Block> ColumnBuilder::textBlocks(const std::vector<TextLine> &lines,
         if (from < to) {
             const std::vector<TextLine> text(
                 lines.begin() + static_cast<std::ptrdiff_t>(from), lines.begin() + static_cast<std::ptrdiff_t>(to));
-            for (Paragraph &paragraph : paragraphsOf(text, column, m_styles)) {
+            for (Paragraph &paragraph : paragraphsOf(inReadingOrder(text), column, m_styles)) {
                 blocks.push_back({std::move(paragraph), 0});
             }
         }
     };
     std::size_t next = 0;
     for (UnruledTable &table : findUnruledTables(lines, m_rulings)) {
+        if (isDenied(table.found)) {
+            continue;
+        }
         addText(next, table.firstLine);
         blocks.push_back({finishedTable(std::move(table.found), m_raw.fills, m_styles), 0});
         next = table.lastLine + 1;

@@ -37,6 +37,9 @@ using LastOfSize = std::map<int, Paragraph *>;
 
 bool continues(const Paragraph &before, const Paragraph &after)
 {
+    if (before.tag && after.tag) {
+        return *before.tag == *after.tag;
+    }
     const std::vector<Run> runsBefore = runsOf(before);
     const std::vector<Run> runsAfter = runsOf(after);
     if (runsBefore.empty() || runsAfter.empty() || after.role != Role::Body || before.rotation != after.rotation ||

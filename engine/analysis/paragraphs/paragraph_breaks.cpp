@@ -5,6 +5,7 @@
 #include "paragraphs/dehyphenation.h"
 #include "paragraphs/list_mark.h"
 #include "paragraphs/paragraphs.h"
+#include "tags/tag_use.h"
 
 #include <algorithm>
 #include <cmath>
@@ -72,6 +73,9 @@ double ParagraphBreaks::usualStep(double size) const
 bool ParagraphBreaks::startsAt(std::size_t first, std::size_t next) const
 {
     const std::size_t before = next - 1;
+    if (const std::optional<bool> told = paragraphEndsBetween(m_lines[before], m_lines[next])) {
+        return *told;
+    }
     const double step = m_lines[next].baseline - m_lines[before].baseline;
     const double size = std::max(m_styles[before].size, m_styles[next].size);
     if (endsAtTab(before, next) || m_lines[next].dropCapLines > 0) {

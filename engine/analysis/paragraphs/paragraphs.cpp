@@ -6,6 +6,7 @@
 #include "paragraphs/dehyphenation.h"
 #include "paragraphs/list_mark.h"
 #include "paragraphs/paragraph_breaks.h"
+#include "tags/tag_use.h"
 #include "text_lines/superscripts.h"
 
 #include <algorithm>
@@ -178,7 +179,7 @@ void finishLines(std::vector<Line> &lines, bool keepBreaks, bool withMark)
     }
 }
 
-Paragraph makeParagraph(std::vector<Line> lines, const Box &column)
+Paragraph makeParagraph(std::vector<Line> lines, const Box &column, const ParagraphTag &tag = {})
 {
     Paragraph paragraph;
     paragraph.lines = std::move(lines);
@@ -188,8 +189,16 @@ Paragraph makeParagraph(std::vector<Line> lines, const Box &column)
     }
     paragraph.rightToLeft = isRightToLeft(all);
     measure(paragraph, column);
-    takeListMark(paragraph);
+    if (tag.paragraph) {
+        setRole(paragraph, tag);
+    }
+    if (!tag.paragraph || (paragraph.role == Role::Body && isBullet(paragraph.lines.front().words.front().text))) {
+        takeListMark(paragraph);
+    }
     finishLines(paragraph.lines, isFixedPitch(paragraph.lines), paragraph.listItem.has_value());
+    if (tag.paragraph) {
+        keepMeantBreaks(paragraph, column);
+    }
     paragraph.preformatted = isPreformatted(paragraph);
     return paragraph;
 }
@@ -271,7 +280,8 @@ std::vector<Paragraph> paragraphsOf(const std::vector<TextLine> &lines, const Bo
         for (std::size_t i = start; i < end; ++i) {
             own.push_back(lineOf(lines[i], styles, breaks.tabs(i)));
         }
-        paragraphs.push_back(makeParagraph(std::move(own), column));
+        const auto at = [&lines](std::size_t i) { return lines.begin() + static_cast<std::ptrdiff_t>(i); };
+        paragraphs.push_back(makeParagraph(std::move(own), column, tagOf({at(start), at(end)})));
         paragraphs.back().dropCapLines = lines[start].dropCapLines;
         setTabStops(paragraphs.back(), lines, start, end, breaks, column);
         if (start > 0) {

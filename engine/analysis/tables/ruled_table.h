@@ -5,6 +5,7 @@
 #include "tables/rulings.h"
 #include "text_lines/text_lines.h"
 
+#include <optional>
 #include <vector>
 
 namespace quorra::model {
@@ -72,6 +73,7 @@ struct TableWords
 {
     Table table;
     std::vector<WordRefs> words; ///< for each cell of the table
+    std::optional<int> headRows; ///< how many rows are its head, where the file's tags tell
 };
 
 /// Finds the tables that lines draw: grids of crossing rules with text in them. Cells between which no line is drawn

@@ -104,6 +104,7 @@ int headerRows(const Table &table)
 Table finishedTable(TableWords found, const std::vector<Fill> &fills, StyleTable &styles)
 {
     Table table = std::move(found.table);
+    const std::optional<int> headRows = found.headRows;
     for (std::size_t i = 0; i < table.cells.size(); ++i) {
         Cell &cell = table.cells[i];
         for (const CellColumn &part : cellColumns(found.words[i], cell.box)) {
@@ -117,7 +118,7 @@ Table finishedTable(TableWords found, const std::vector<Fill> &fills, StyleTable
         }
         cell.background = backgroundOf(cell, table, fills);
     }
-    table.headerRows = headerRows(table);
+    table.headerRows = headRows ? *headRows : headerRows(table);
     alignColumns(table);
     return table;
 }

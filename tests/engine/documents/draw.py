@@ -24,6 +24,7 @@ import right_to_left  # noqa: E402,F401
 import ruled_tables  # noqa: E402,F401
 import structure  # noqa: E402,F401
 import rotated  # noqa: E402,F401
+import tagged  # noqa: E402,F401
 import typing_and_layers  # noqa: E402,F401
 
 
@@ -31,7 +32,10 @@ def draw_all(folder, names=()):
     """Draws the named documents, or all, into the folder."""
     paper.register_fonts()
     folder.mkdir(parents=True, exist_ok=True)
-    for name in names or sorted(paper.DOCUMENTS):
+    for name in names or sorted(paper.DOCUMENTS | paper.WRITTEN):
+        if name in paper.WRITTEN:
+            (folder / f"{name}.pdf").write_bytes(paper.WRITTEN[name]())
+            continue
         sheet = paper.Sheet(folder / f"{name}.pdf", name.replace("-", " "))
         paper.DOCUMENTS[name](sheet)
         sheet.save()
@@ -40,7 +44,7 @@ def draw_all(folder, names=()):
 if __name__ == "__main__":
     if len(sys.argv) < 2:
         sys.exit(__doc__)
-    unknown = set(sys.argv[2:]) - set(paper.DOCUMENTS)
+    unknown = set(sys.argv[2:]) - set(paper.DOCUMENTS | paper.WRITTEN)
     if unknown:
         sys.exit(f"draw.py: no such document: {', '.join(sorted(unknown))}")
     draw_all(Path(sys.argv[1]), sys.argv[2:])

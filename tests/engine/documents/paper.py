@@ -43,12 +43,19 @@ FONTS = {
 ALIGNMENTS = {"left": TA_LEFT, "right": TA_RIGHT, "centre": TA_CENTER, "justify": TA_JUSTIFY}
 
 DOCUMENTS = {}
+WRITTEN = {}
 
 
 def document(draw):
     """Makes the function a document: its name with hyphens is the file's, it gets the sheet to draw on."""
     DOCUMENTS[draw.__name__.replace("_", "-")] = draw
     return draw
+
+
+def written(write):
+    """Makes the function a document like `document`, but one that gives the bytes of the file."""
+    WRITTEN[write.__name__.replace("_", "-")] = write
+    return write
 
 
 def register_fonts():

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Prints the document that the engine builds from a PDF file. A developer tool, not installed.
 //
-//   model_dump FILE.pdf [-page N] [-upw PASSWORD] [--raw]
+//   model_dump FILE.pdf [-page N] [-upw PASSWORD] [--raw] [--ignore-tags]
 //
 // --raw prints the pages as read instead of the document built from them.
+// --ignore-tags builds the document as if the file had no structure tree.
 #include "document_dump.h"
 #include "raw_dump.h"
 
@@ -32,17 +33,21 @@ struct Request
     Options options;
     int page = 0; ///< 0 for all
     bool raw = false;
+    bool ignoreTags = false;
 };
 
 Request parse(const std::vector<std::string> &arguments)
 {
-    const Failure usage(ExitStatus::Usage, "usage: model_dump FILE.pdf [-page N] [-upw PASSWORD] [--raw]");
+    const Failure usage(
+        ExitStatus::Usage, "usage: model_dump FILE.pdf [-page N] [-upw PASSWORD] [--raw] [--ignore-tags]");
     Request request;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string &argument = arguments[i];
         const bool hasValue = i + 1 < arguments.size();
         if (argument == "--raw") {
             request.raw = true;
+        } else if (argument == "--ignore-tags") {
+            request.ignoreTags = true;
         } else if (argument == "-upw" && hasValue) {
             request.options.userPassword = arguments[++i];
         } else if (argument == "-page" && hasValue) {
@@ -71,14 +76,19 @@ void show(const Request &request)
     }
     PdfFilePool pool(file);
     const int first = request.page == 0 ? 1 : request.page;
-    std::vector<model::RawPage> pages = collectPages(pool, first, request.page == 0 ? count : 1, Collect::Everything);
+    const int wanted = request.page == 0 ? count : 1;
+    Structure structure;
+    if (!request.ignoreTags) {
+        structure = readStructure(file, first, wanted);
+    }
+    std::vector<model::RawPage> pages = collectPages(pool, first, wanted, Collect::Everything, &structure);
     if (request.raw) {
         for (const model::RawPage &page : pages) {
             test::dumpRaw(page, std::cout);
         }
         return;
     }
-    model::Document found = model::buildDocument(std::move(pages), forEachPage);
+    model::Document found = model::buildDocument(std::move(pages), forEachPage, structure.tree);
     found.facts = readFileFacts(file);
     test::dump(found, std::cout);
 }

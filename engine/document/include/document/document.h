@@ -115,6 +115,8 @@ struct Paragraph
     std::vector<TabStop> tabStops;     ///< one for each of its tabs, in order
     int dropCapLines = 0;              ///< height in lines of the drop cap that its first word is; 0 for none
     std::optional<ListItem> listItem;  ///< set for list items
+    /// Which paragraph of the file's tags it is, or a part of; set where the tags say what it is.
+    std::optional<std::size_t> tag;
     std::optional<FigureId> captionOf; ///< set for captions whose figure is known
     ParagraphBorder borderAbove;
     ParagraphBorder borderBelow;

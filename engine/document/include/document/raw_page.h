@@ -4,6 +4,7 @@
 #include "base/colour.h"
 #include "base/geometry.h"
 #include "document/file_facts.h"
+#include "document/tags.h"
 #include "document/text_style.h"
 
 #include <QString>
@@ -32,6 +33,8 @@ struct RawWord
     QString link;          ///< an address, or "#page=N" for a page of the same document; empty if there is none
     int content = -1;      ///< the piece of tagged content it is part of: a place in TagTree::contents; -1 for none
     bool artifact = false; ///< the file says that it is no content of the document: a page number, a running title
+    const TaggedParagraph *tagged = nullptr; ///< set during the analysis where the tags are believed
+    bool inLabel = false; ///< likewise: part of the mark of a list item
 };
 
 /// A straight horizontal or vertical line, drawn as a stroke or as a thin filled rectangle.

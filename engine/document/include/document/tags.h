@@ -54,4 +54,14 @@ struct TagTree
     bool isEmpty() const { return contents.empty(); }
 };
 
+/// A paragraph as the tags of a file tell it.
+struct TaggedParagraph
+{
+    TagRole role = TagRole::Paragraph; ///< Heading, Paragraph, ListItem, Caption, Note, ContentsEntry or Code
+    int level = 0;                     ///< of a heading, from 1; of a list item, 0 for the outermost list
+    std::size_t number = 0;            ///< its place among the paragraphs of the file, in reading order
+    int table = -1;                    ///< the table that it stands in; -1 for none
+    int cell = -1;                     ///< of that table
+};
+
 } // namespace quorra::model

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "columns/page_segmentation.h"
+#include "document/document.h"
+#include "tags/tagged_text.h"
+#include "text_lines/text_lines.h"
+
+#include <optional>
+#include <set>
+#include <vector>
+
+// What the believed tags of a file decide. Words that no tag tells about are left to what the page shows.
+namespace quorra::model {
+
+namespace tagUse {
+
+struct Thresholds
+{
+    qsizetype maxLabel = 8;      ///< characters; "(xxviii)" is the longest mark of a list item
+    std::size_t minPages = 2;    ///< pages whose tags are not sound, one for each that is, before none is believed
+    double minCommonWords = 0.3; ///< share of a table's words in paragraphs that run over its columns
+    double minMeantGap = 0.4;    ///< share of the column's width; a line so short was broken on purpose
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace tagUse
+
+/// Tells the words of pages with sound tags their paragraphs, and takes from the words of all others what the file says
+/// about them. Where most pages have tags that are not sound, none are believed. `text` must outlive the pages.
+void applyTags(std::vector<RawPage> &pages, const TaggedText &text);
+
+/// Adds what the file calls artifacts to the words of the page's header and footer, if it stands above or below all of
+/// the page's content. Artifacts elsewhere stay text: nothing is lost that somebody could read.
+void addArtifacts(const RawPage &page, std::set<const RawWord *> &heads);
+
+/// The lines of a column, cut where the words of another paragraph begin, in the order in which the tags say that they
+/// are read. Lines without tags stay behind the line before them, artifacts behind the paragraph in which they stand,
+/// and notes at the end.
+std::vector<TextLine> inReadingOrder(const std::vector<TextLine> &lines);
+
+/// Whether a paragraph ends between two lines that follow one another; nothing where the tags do not tell.
+std::optional<bool> paragraphEndsBetween(const TextLine &line, const TextLine &next);
+
+/// Whether columns separate words of one line of a paragraph.
+bool tearLines(const std::vector<Band> &bands);
+
+/// The tags of a paragraph that was made from text lines.
+struct ParagraphTag
+{
+    const TaggedParagraph *paragraph = nullptr; ///< null where the tags say nothing
+    std::size_t labelWords = 0;                 ///< how many words at the beginning of the first line are a list mark
+};
+
+ParagraphTag tagOf(const std::vector<TextLine> &lines);
+
+/// Gives the paragraph the role that its tag tells. Its lines are set; a list mark of several words becomes one word.
+void setRole(Paragraph &paragraph, const ParagraphTag &tag);
+
+/// Marks the ends of lines in a tagged paragraph at which the text was broken on purpose, as in an address: more of the
+/// next line would have fitted.
+void keepMeantBreaks(Paragraph &paragraph, const Box &column);
+
+} // namespace quorra::model

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "tables/ruled_table.h"
+#include "tags/tagged_text.h"
+
+namespace quorra::model {
+
+namespace taggedTables {
+
+struct Thresholds
+{
+    double tolerance = 2;         ///< points by which the texts of neighbouring rows and columns may overlap
+    double padding = 3;           ///< points from the text to the edge of a table without lines
+    double maxEdgeGap = 15;       ///< points from the text to the line at the edge of its table
+    double sameLine = 2.5;        ///< points; lines so close to the edge of a cell are its border
+    double minCoveredSide = 0.55; ///< share of a cell's side that lines must cover to be its border
+    double maxPlaces = 50'000;    ///< rows times columns on a page; nobody can read more
+    double maxAcross = 0.3;       ///< share of a table's words in paragraphs that run over its columns
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace taggedTables
+
+/// Puts what the tags say about the tables of a page in the place of what its lines seem to say. Tables of the tags
+/// whose texts do not stand in rows and columns are left to the page. `tables` are those that lines draw, `words` the
+/// page's words without header and footer.
+void useTaggedTables(
+    std::vector<TableWords> &tables, const std::vector<TaggedTable> &tagged, const Rulings &rulings,
+    const WordRefs &words);
+
+/// Whether the tags say that the words are no table: paragraphs run over its columns, or the columns are read one after
+/// the other.
+bool isDenied(const TableWords &table);
+
+} // namespace quorra::model
