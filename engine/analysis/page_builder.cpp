@@ -8,8 +8,10 @@
 #include "figures/networks.h"
 #include "figures/plots.h"
 #include "paragraphs/paragraphs.h"
+#include "tables/leaders.h"
 #include "tables/rulings.h"
 #include "tables/table_content.h"
+#include "tables/unruled_table.h"
 #include "tags/tag_use.h"
 #include "tags/tagged_tables.h"
 #include "text_lines/word_fragments.h"
@@ -187,6 +189,59 @@ std::vector<Section> sectionsOf(const std::vector<Band> &bands, const ColumnBuil
     return sections;
 }
 
+void useWords(const std::vector<TableWords> &tables, WordSet &used)
+{
+    for (const TableWords &table : tables) {
+        for (const WordRefs &cell : table.words) {
+            used.insert(cell.begin(), cell.end());
+        }
+    }
+}
+
+// Tables of numbers and those with lines between their rows may be as wide as the page. They are found before its
+// columns: gaps between columns of a table would pass for those between columns of text. Adds their words to those in
+// use.
+void addOpenTables(
+    std::vector<TableWords> &tables, const Rulings &dividers, const WordRefs &words, const PageFigures &figures,
+    WordSet &used)
+{
+    WordRefs free;
+    const auto isFree = [&used](const RawWord *word) { return word->rotation == 0 && used.count(word) == 0; };
+    std::copy_if(words.begin(), words.end(), std::back_inserter(free), isFree);
+    std::vector<Box> taken;
+    for (const TableWords &table : tables) {
+        taken.push_back(table.table.box);
+    }
+    for (const FoundFigure &figure : figures.placed) {
+        taken.push_back(figure.box);
+    }
+    const std::vector<TextLine> lines = textLinesOf(free);
+    for (UnruledTable &table : findUnruledTables(lines, dividers, LinesOf::Page)) {
+        const Box &box = table.found.table.box;
+        const auto overlaps = [&box](const Box &other) { return !intersected(box, other).isEmpty(); };
+        if (std::any_of(taken.begin(), taken.end(), overlaps)) {
+            continue;
+        }
+        taken.push_back(box);
+        tables.push_back(std::move(table.found));
+    }
+    useWords(tables, used);
+    free.erase(
+        std::remove_if(free.begin(), free.end(), [&](const RawWord *word) { return !isFree(word); }), free.end());
+    addTablesBetweenRules(tables, taken, dividers, free);
+    useWords(tables, used);
+    // Leaders and typed lines in tables are no text.
+    for (const RawWord *word : free) {
+        const Box body = bodyOf(*word);
+        const bool inTable = std::any_of(tables.begin(), tables.end(), [&body](const TableWords &table) {
+            return table.table.box.contains(body.centreX(), body.centreY());
+        });
+        if (inTable && isLeaderOrTypedRule(word->text)) {
+            used.insert(word);
+        }
+    }
+}
+
 // The bands of the page. Columns that the tags contradict are none: the text is then read in the order of the tags.
 std::vector<Band> bandsOf(RegionItems items)
 {
@@ -244,14 +299,15 @@ Page builtPage(
     for (const WordRefs *group : groups) {
         used.insert(group->begin(), group->end());
     }
+    addOpenTables(tables, dividers, words, figures, used);
     RegionItems items;
     for (const RawWord *word : words) {
         if (word->rotation == 0 && used.count(word) == 0) {
             items.words.push_back(word);
         }
     }
-    for (const Box &box : tableBoxes) {
-        items.obstacles.emplace_back(box, items.obstacles.size());
+    for (const TableWords &table : tables) {
+        items.obstacles.emplace_back(table.table.box, items.obstacles.size());
     }
     for (const FoundFigure &figure : figures.placed) {
         items.obstacles.emplace_back(figure.box, items.obstacles.size());

@@ -383,7 +383,7 @@ std::vector<Edge> unruledTableEdges()
             "rows of a table of numbers", static_cast<std::size_t>(grids.minRowsOfNumbers),
             [](double count) { return isUnruledTable(rowsWithNumbers(static_cast<int>(count))); }),
         fewest(
-            "rows of a table of words", static_cast<std::size_t>(grids.minRows),
+            "rows of a table of words", static_cast<std::size_t>(grids.minRowsOfText),
             [](double count) { return isTableOfTexts(static_cast<int>(count), 1); }),
         most(
             "words in a cell of a table of words", static_cast<std::size_t>(grids.maxWordsOfText),

@@ -2,6 +2,7 @@
 #include "tables/grid_columns.h"
 
 #include "base/number.h"
+#include "paragraphs/list_mark.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,6 +16,14 @@ using gridColumns::thresholds;
 double sizeAt(const TextLine &line, const RawWord &word)
 {
     return std::min(line.size, word.style.size * textLines::thresholds.maxSizeRatio);
+}
+
+// Whether the gap before the word is one between a currency sign and its number, or between a bullet and its text.
+bool followsSign(const RawWord &previous, const RawWord &word)
+{
+    return (isCurrencySign(previous) && looksNumeric(word.text)) ||
+           (isBullet(previous.text) && !isDashBullet(previous.text) && !looksNumeric(word.text) &&
+            !isBullet(word.text));
 }
 
 /// Counts for each point across the table the lines that have a gap there, and those whose text runs across.
@@ -34,7 +43,12 @@ public:
     void addLine(const TextLine &line, double weight)
     {
         double reached = bodyOf(*line.words.front()).left;
+        const RawWord *previous = nullptr;
         for (const RawWord *word : line.words) {
+            if (previous && followsSign(*previous, *word)) {
+                reached = bodyOf(*word).left; // says nothing about columns
+            }
+            previous = word;
             const Box body = bodyOf(*word);
             const double gap = (body.left - reached) / sizeAt(line, *word);
             const double strength = gap > thresholds.minCellGap    ? 1
@@ -128,7 +142,7 @@ std::vector<DividedLine> dividedLines(const std::vector<TextLine> &lines)
 {
     std::vector<DividedLine> divided;
     for (const TextLine &line : lines) {
-        std::vector<Segment> segments = segmentsOf(line, thresholds.minCellGap);
+        std::vector<Segment> segments = cellTexts(line);
         if (segments.size() > 1) {
             divided.push_back({&line, std::move(segments), true});
         }
@@ -194,6 +208,30 @@ void addStrip(
 }
 
 } // namespace
+
+bool isCurrencySign(const RawWord &word)
+{
+    constexpr qsizetype maxLength = 3; // "US$"
+    static const QString signs = QString::fromUtf8("$€£¥");
+    return word.text.size() <= maxLength &&
+           std::any_of(word.text.begin(), word.text.end(), [](QChar c) { return signs.contains(c); }) &&
+           std::none_of(word.text.begin(), word.text.end(), [](QChar c) { return c.isDigit(); });
+}
+
+std::vector<Segment> cellTexts(const TextLine &line)
+{
+    std::vector<Segment> texts;
+    for (Segment &segment : segmentsOf(line, thresholds.minCellGap)) {
+        if (!texts.empty() && followsSign(*texts.back().words.back(), *segment.words.front())) {
+            Segment &last = texts.back();
+            last.words.insert(last.words.end(), segment.words.begin(), segment.words.end());
+            last.box = united(last.box, segment.box);
+        } else {
+            texts.push_back(std::move(segment));
+        }
+    }
+    return texts;
+}
 
 std::vector<double> findColumnEdges(const std::vector<TextLine> &lines, const std::vector<Rule> &vertical)
 {

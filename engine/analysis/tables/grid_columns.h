@@ -35,6 +35,13 @@ inline constexpr Thresholds thresholds;
 
 } // namespace gridColumns
 
+/// Splits a text line at wide gaps into the texts of cells. A currency sign belongs to the number after it, and a
+/// bullet to its text, however far away that is.
+std::vector<Segment> cellTexts(const TextLine &line);
+
+/// Whether the word is a currency sign without a number.
+bool isCurrencySign(const RawWord &word);
+
 /// The edges of the columns of a table, from left to right, at least two: the outer edges, drawn vertical lines, and
 /// the strips in which the lines of text have their gaps. Lines without a wide gap say nothing about columns.
 /// `vertical` are drawn lines among the text lines, of which there is at least one.

@@ -80,6 +80,11 @@ QString withoutLeaders(const QString &text)
     return dots >= thresholds.minDots ? text.chopped(dots) : text;
 }
 
+bool isLeaderOrTypedRule(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(), isDot) || std::all_of(text.begin(), text.end(), isDash);
+}
+
 std::vector<Rule> typedRules(const TextLine &line)
 {
     qsizetype dashes = 0;

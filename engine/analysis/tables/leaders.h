@@ -33,6 +33,9 @@ TextLine withoutLeaders(const TextLine &line);
 /// The text without the leader at its end.
 QString withoutLeaders(const QString &text);
 
+/// Whether the word is nothing but dots or dashes, as they make up leaders and typed lines.
+bool isLeaderOrTypedRule(const QString &text);
+
 /// The rules that a typewriter draws with a line of dashes, one for each word; none for any other line.
 std::vector<Rule> typedRules(const TextLine &line);
 

@@ -120,9 +120,8 @@ bool leavesColumnsOpen(const TableWords &found)
         }
         const std::vector<TextLine> lines = textLinesOf(found.words[i]);
         ++wide;
-        divided += std::any_of(lines.begin(), lines.end(), [](const TextLine &line) {
-            return segmentsOf(line, gridColumns::thresholds.minCellGap).size() > 1;
-        });
+        divided +=
+            std::any_of(lines.begin(), lines.end(), [](const TextLine &line) { return cellTexts(line).size() > 1; });
     }
     return divided >= thresholds.minDividedCells && 2 * divided >= wide;
 }
@@ -133,7 +132,7 @@ bool holdsColumns(const WordRefs &words)
     const std::vector<TextLine> lines = textLinesOf(words);
     std::size_t divided = 0;
     for (const TextLine &line : lines) {
-        divided += segmentsOf(line, gridColumns::thresholds.minCellGap).size() > 1 ? 1 : 0;
+        divided += cellTexts(line).size() > 1 ? 1 : 0;
     }
     if (divided < thresholds.minDividedLines) {
         return false;
@@ -164,7 +163,8 @@ bool framesTable(const TableWords &found)
     });
 }
 
-// Adds the tables that the text in a box makes together with the lines there. Returns whether there is one.
+// Adds the tables that the text in a box makes together with the lines there, if they hold most of it. Returns whether
+// they do.
 bool addOpenTables(std::vector<TableWords> &tables, const Box &box, const Rulings &dividers, const WordRefs &words)
 {
     WordRefs inside;
@@ -172,13 +172,74 @@ bool addOpenTables(std::vector<TableWords> &tables, const Box &box, const Ruling
         const Box body = bodyOf(*word);
         return word->rotation == 0 && box.contains(body.centreX(), body.centreY());
     });
-    const std::size_t before = tables.size();
-    if (!inside.empty()) {
-        for (UnruledTable &table : tablesOfLines(textLinesOf(std::move(inside)), dividers)) {
-            tables.push_back(std::move(table.found));
+    if (inside.empty()) {
+        return false;
+    }
+    const std::vector<TextLine> lines = textLinesOf(inside);
+    std::vector<UnruledTable> found = tablesOfLines(lines, dividers);
+    const auto isTaken = [&tables](const UnruledTable &table) {
+        return std::any_of(tables.begin(), tables.end(), [&table](const TableWords &other) {
+            return !intersected(other.table.box, table.found.table.box).isEmpty();
+        });
+    };
+    std::size_t covered = 0;
+    for (const UnruledTable &table : found) {
+        for (std::size_t i = table.firstLine; i <= table.lastLine; ++i) {
+            covered += lines[i].words.size();
         }
     }
-    return tables.size() > before;
+    if (static_cast<double>(covered) < thresholds.minCovered * static_cast<double>(inside.size()) ||
+        std::any_of(found.begin(), found.end(), isTaken)) {
+        return false;
+    }
+    for (UnruledTable &table : found) {
+        tables.push_back(std::move(table.found));
+    }
+    return true;
+}
+
+// Whether one cell holds most of the grid's text and area, in many lines: lines at the margins of the page, or around
+// it, meet others.
+bool swallowsPage(const TableWords &found)
+{
+    std::size_t all = 0;
+    for (const WordRefs &words : found.words) {
+        all += words.size();
+    }
+    const Box &box = found.table.box;
+    for (std::size_t i = 0; i < found.words.size(); ++i) {
+        const Box &cell = found.table.cells[i].box;
+        if (static_cast<double>(found.words[i].size()) >= thresholds.minSwallowed * static_cast<double>(all) &&
+            cell.width() * cell.height() >= thresholds.minSwallowed * box.width() * box.height() &&
+            textLinesOf(found.words[i]).size() >= thresholds.minPageLines) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool isPageHigh(const Box &grid, const WordRefs &words)
+{
+    Box text;
+    for (const RawWord *word : words) {
+        text = united(text, word->box);
+    }
+    return grid.height() >= thresholds.minPageHeight * text.height();
+}
+
+// The rules that are short against the grid that all of them draw.
+Rulings withoutPageRules(Rulings rules, const Box &grid)
+{
+    const auto remove = [](std::vector<Rule> &list, double length) {
+        list.erase(
+            std::remove_if(
+                list.begin(), list.end(),
+                [length](const Rule &rule) { return rule.length() >= thresholds.minPageRule * length; }),
+            list.end());
+    };
+    remove(rules.horizontal, grid.width());
+    remove(rules.vertical, grid.height());
+    return rules;
 }
 
 // Lines across with the same ends, one below the other: the boxes between the first and the last.
@@ -236,9 +297,7 @@ Box withRowsAround(Box box, const WordRefs &words)
         return word->rotation == 0 && x > box.left && x < box.right;
     });
     const std::vector<TextLine> lines = textLinesOf(std::move(across));
-    const auto isRow = [](const TextLine &line) {
-        return segmentsOf(line, gridColumns::thresholds.minCellGap).size() > 1;
-    };
+    const auto isRow = [](const TextLine &line) { return cellTexts(line).size() > 1; };
     for (const TextLine &line : lines) {
         if (line.box.top > box.bottom && line.box.top < box.bottom + thresholds.maxStep * line.size && isRow(line)) {
             box.bottom = line.box.bottom;
@@ -261,12 +320,9 @@ bool isTable(const TableWords &found, double innerLines)
            innerLines >= thresholds.minInnerLines;
 }
 
-} // namespace
-
-std::vector<TableWords> findRuledTables(const Rulings &rulings, const Rulings &dividers, const WordRefs &words)
+// Adds the tables that groups of touching rules draw.
+void addGrids(std::vector<TableWords> &tables, const Rulings &rulings, const Rulings &dividers, const WordRefs &words)
 {
-    std::vector<TableWords> tables;
-    std::vector<Box> grids; // of lines, tables or not
     for (const Rulings &group : connectedRulings(rulings)) {
         const Lattice lattice(group);
         if (lattice.rows() < 1 || lattice.columns() < 1 || lattice.rows() * lattice.columns() < 2) {
@@ -275,27 +331,28 @@ std::vector<TableWords> findRuledTables(const Rulings &rulings, const Rulings &d
         TableWords found;
         found.table = lattice.table();
         placeWords(found, words);
+        const bool swallows = swallowsPage(found);
         const bool isOpen = leavesColumnsOpen(found) || holdsSeveralRows(found) || framesTable(found);
-        if (isOpen && addOpenTables(tables, found.table.box, dividers, words)) {
+        if (isOpen && !(swallows && isPageHigh(found.table.box, words)) &&
+            addOpenTables(tables, found.table.box, dividers, words)) {
             continue;
         }
-        if (lattice.columns() > 1) {
-            grids.push_back(found.table.box);
-        }
-        if (lattice.columns() > 1 && isTable(found, lattice.innerLineShare())) {
+        if (swallows) {
+            addGrids(tables, withoutPageRules(group, found.table.box), dividers, words);
+        } else if (lattice.columns() > 1 && isTable(found, lattice.innerLineShare())) {
             splitAlignedLines(found);
             splitTextColumns(found);
             tables.push_back(std::move(found));
         }
     }
-    for (const Box &stack : stacks(dividers.horizontal)) {
-        const Box box = withRowsAround(stack, words);
-        const auto overlaps = [&box](const Box &other) { return !intersected(other, box).isEmpty(); };
-        if (std::none_of(grids.begin(), grids.end(), overlaps) &&
-            std::none_of(tables.begin(), tables.end(), [&](const TableWords &t) { return overlaps(t.table.box); })) {
-            addOpenTables(tables, box, dividers, words);
-        }
-    }
+}
+
+} // namespace
+
+std::vector<TableWords> findRuledTables(const Rulings &rulings, const Rulings &dividers, const WordRefs &words)
+{
+    std::vector<TableWords> tables;
+    addGrids(tables, rulings, dividers, words);
     // A grid in a cell of another grid is part of that cell's text.
     const auto isInside = [&tables](const TableWords &inner) {
         return std::any_of(tables.begin(), tables.end(), [&inner](const TableWords &outer) {
@@ -314,6 +371,19 @@ std::vector<TableWords> findRuledTables(const Rulings &rulings, const Rulings &d
         }
     }
     return outermost;
+}
+
+void addTablesBetweenRules(
+    std::vector<TableWords> &tables, const std::vector<Box> &taken, const Rulings &dividers, const WordRefs &words)
+{
+    for (const Box &stack : stacks(dividers.horizontal)) {
+        const Box box = withRowsAround(stack, words);
+        const auto overlaps = [&box](const Box &other) { return !intersected(other, box).isEmpty(); };
+        if (std::none_of(taken.begin(), taken.end(), overlaps) &&
+            std::none_of(tables.begin(), tables.end(), [&](const TableWords &t) { return overlaps(t.table.box); })) {
+            addOpenTables(tables, box, dividers, words);
+        }
+    }
 }
 
 } // namespace quorra::model

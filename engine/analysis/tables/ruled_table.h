@@ -21,16 +21,21 @@ struct Thresholds
     double minFilledCells = 0.2;     ///< share of the cells; emptier grids are graph paper or drawings
     double minInnerLines = 0.35;     ///< share of the sides between cells; fewer are a drawing of lines that cross
     std::size_t minDividedLines = 3; ///< in a cell that holds columns; fewer lines agree by chance
-    double minTableInCell = 1.0 / 3; ///< share of the grid's text; a cell with more may hold the table inside a frame
+    double minTableInCell = 0.2;     ///< share of the grid's text; a cell with more may hold the table inside a frame
     std::size_t minDividedCells =
         2;                     ///< cells over several places with gaps in their text; those lines leave columns open
-    double sameEnd = 4;        ///< points; ends of lines under the rows of one table agree to this
-    double maxGapAlong = 20;   ///< points between lines side by side that together run across a table
-    double minStackWidth = 72; ///< points; shorter lines underline words
-    double maxBand = 200;      ///< points between two lines of one stack
-    int minStackRules = 4;     ///< that divide rows; fewer leave open where the table ends
-    double maxStep = 2.6;      ///< em; from a stack to a line of cells above or below it
-    double minInside = 0.6;    ///< share of a grid's area in another grid; that much makes it part of a cell's text
+    double minCovered = 0.7;   ///< share of the text inside open lines that their tables must hold
+    double minSwallowed = 0.5; ///< share of a grid's text and area; a cell with so much may hold the page
+    std::size_t minPageLines = 12; ///< in such a cell; fewer are a long cell
+    double minPageHeight = 0.85;   ///< share of the height of the page's text; of lines that may belong to the page
+    double minPageRule = 0.6;      ///< share of the grid's width or height; longer lines divide the page then
+    double sameEnd = 4;            ///< points; ends of lines under the rows of one table agree to this
+    double maxGapAlong = 20;       ///< points between lines side by side that together run across a table
+    double minStackWidth = 72;     ///< points; shorter lines underline words
+    double maxBand = 200;          ///< points between two lines of one stack
+    int minStackRules = 4;         ///< that divide rows; fewer leave open where the table ends
+    double maxStep = 2.6;          ///< em; from a stack to a line of cells above or below it
+    double minInside = 0.6;        ///< share of a grid's area in another grid; that much makes it part of a cell's text
 };
 
 inline constexpr Thresholds thresholds;
@@ -77,10 +82,15 @@ struct TableWords
 };
 
 /// Finds the tables that lines draw: grids of crossing rules with text in them. Cells between which no line is drawn
-/// are one spanning cell. Stacks of lines across the page, under rows or head, mark tables as well. Outer sides may be
+/// are one spanning cell. Outer sides may be
 /// open. Words belong to the cell that holds the centre of their body. Where the lines divide some rows or columns
 /// only, the text and the `dividers` (see withFillEdges) divide the rest.
 std::vector<TableWords> findRuledTables(const Rulings &rulings, const Rulings &dividers, const WordRefs &words);
+
+/// Adds the tables whose rows are divided by lines with the same ends, without lines between columns. Nothing that
+/// overlaps other tables or the boxes `taken` is added.
+void addTablesBetweenRules(
+    std::vector<TableWords> &tables, const std::vector<Box> &taken, const Rulings &dividers, const WordRefs &words);
 
 /// Splits columns of a ruled table in which several columns of text stand between two drawn lines. Cells without the
 /// gap span the new columns.

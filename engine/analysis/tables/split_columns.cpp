@@ -26,7 +26,7 @@ std::vector<double> innerEdges(const TableWords &found, int column)
     std::size_t texts = 0;
     std::size_t numeric = 0;
     for (const TextLine &line : lines) {
-        const std::vector<Segment> segments = segmentsOf(line, gridColumns::thresholds.minCellGap);
+        const std::vector<Segment> segments = cellTexts(line);
         if (segments.size() < 2) {
             continue;
         }

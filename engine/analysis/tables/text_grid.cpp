@@ -2,7 +2,10 @@
 #include "tables/text_grid.h"
 
 #include "base/number.h"
+#include "paragraphs/list_mark.h"
 #include "tables/grid_columns.h"
+
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -71,6 +74,9 @@ bool TextGrid::isNextCell(const Piece &piece, const RawWord &word) const
 {
     const Box body = bodyOf(word);
     const RawWord &last = *piece.words.back();
+    if (isCurrencySign(last)) {
+        return false;
+    }
     if (looksNumeric(last.text) && looksNumeric(word.text) &&
         columnAt(body.centreX()) > columnAt(bodyOf(last).centreX())) {
         return true;
@@ -97,6 +103,9 @@ void TextGrid::addPiece(GridRow &row, const Segment &segment) const
         if (piece.words.size() == 1 && looksNumeric(piece.words.front()->text)) {
             piece.column = columnAt(piece.box.centreX()); // a number may be wider than its column, but has only one
             piece.span = 1;
+        } else if (piece.words.size() == 2 && isCurrencySign(*piece.words.front())) {
+            piece.column = columnAt(bodyOf(*piece.words.back()).centreX());
+            piece.span = 1;
         }
         Piece *last = row.pieces.empty() ? nullptr : &row.pieces.back();
         if (last && last->end() > piece.column) { // both reach into the column: one cell
@@ -117,7 +126,7 @@ void TextGrid::fillRows()
         row.box = line.box;
         row.baseline = line.baseline;
         row.size = line.size;
-        for (const Segment &segment : segmentsOf(line, gridColumns::thresholds.minCellGap)) {
+        for (const Segment &segment : cellTexts(line)) {
             addPiece(row, segment);
         }
         m_grid.push_back(std::move(row));
@@ -311,7 +320,7 @@ void TextGrid::spanCentredHeads()
 }
 
 // A text that runs over several columns without being a heading of theirs.
-bool TextGrid::isRunningText(const GridRow &row) const
+bool TextGrid::isText(const GridRow &row) const
 {
     return std::any_of(row.pieces.begin(), row.pieces.end(), [](const Piece &piece) {
         return piece.span > 1 && piece.words.size() >= thresholds.minProseWords;
@@ -334,7 +343,7 @@ std::size_t TextGrid::linesBefore() const
             break;
         }
     }
-    for (lines = 0; lines + 1 < m_grid.size() && isRunningText(m_grid[lines]);) {
+    for (lines = 0; lines + 1 < m_grid.size() && isText(m_grid[lines]);) {
         ++lines;
     }
     return lines;
@@ -343,7 +352,7 @@ std::size_t TextGrid::linesBefore() const
 std::size_t TextGrid::linesAfter() const
 {
     std::size_t lines = 0;
-    while (lines + 1 < m_grid.size() && isRunningText(m_grid[m_grid.size() - 1 - lines])) {
+    while (lines + 1 < m_grid.size() && isText(m_grid[m_grid.size() - 1 - lines])) {
         ++lines;
     }
     return lines;
@@ -361,10 +370,66 @@ std::size_t TextGrid::textAmongRows() const
     return static_cast<std::size_t>(text - m_grid.begin());
 }
 
+// Whether most texts of the first column are numbers of chapters, clauses or entries.
+bool TextGrid::isNumberedText() const
+{
+    static const QRegularExpression number(QStringLiteral("^(?:§ ?)?\\d+(?:\\.\\d+)+\\.?$"));
+    std::size_t all = 0;
+    std::size_t numbers = 0;
+    for (const GridRow &row : m_grid) {
+        if (row.pieces.front().column == 0) {
+            const QString text = joinedText(row.pieces.front().words);
+            ++all;
+            numbers += isListMark(text) || number.match(text).hasMatch() ? 1 : 0;
+        }
+    }
+    return 2 * numbers > all;
+}
+
 bool TextGrid::isRuled() const
 {
     const auto rules = std::count(m_ruleAfter.begin(), m_ruleAfter.end(), 1) + (m_ruleBefore ? 1 : 0);
     return static_cast<std::size_t>(rules) >= thresholds.minFullRules;
+}
+
+bool TextGrid::holdsProse() const
+{
+    for (int column = 0; column < columns(); ++column) {
+        std::vector<const Piece *> pieces;
+        Box extent;
+        std::size_t words = 0;
+        for (const GridRow &row : m_grid) {
+            for (const Piece &piece : row.pieces) {
+                if (piece.column == column && piece.span == 1) {
+                    pieces.push_back(&piece);
+                    extent = united(extent, piece.box);
+                    words += piece.words.size();
+                }
+            }
+        }
+        const double end = extent.right - thresholds.maxRagged * extent.width();
+        const auto full =
+            std::count_if(pieces.begin(), pieces.end(), [end](const Piece *piece) { return piece->box.right >= end; });
+        if (pieces.size() >= thresholds.minProseLines &&
+            static_cast<double>(words) >= thresholds.minWordsOfProse * static_cast<double>(pieces.size()) &&
+            static_cast<double>(full) >= thresholds.minFullLines * static_cast<double>(pieces.size())) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool TextGrid::hasNumbers() const
+{
+    std::size_t besideKeys = 0;
+    std::size_t numeric = 0;
+    for (const GridRow &row : m_grid) {
+        for (const Piece &piece : row.pieces) {
+            besideKeys += piece.column > 0 ? 1 : 0;
+            numeric += piece.column > 0 && isNumber(piece.words) ? 1 : 0;
+        }
+    }
+    return static_cast<double>(numeric) >= thresholds.someNumeric * static_cast<double>(besideKeys);
 }
 
 bool TextGrid::looksLikeTable() const
@@ -412,11 +477,22 @@ bool TextGrid::looksLikeTable() const
     if (wordsInPiece > thresholds.maxWords || filled < thresholds.minFilled || aligned < thresholds.minAligned) {
         return false;
     }
-    if (isRuled() && (wordsInPiece <= thresholds.maxWordsOfText || numericShare >= thresholds.minNumeric)) {
+    std::vector<double> gaps;
+    for (const GridRow &row : m_grid) {
+        for (std::size_t i = 1; i < row.pieces.size(); ++i) {
+            gaps.push_back((row.pieces[i].box.left - row.pieces[i - 1].box.right) / row.size);
+        }
+    }
+    const double gap = median(std::move(gaps));
+    if (isRuled() && (numericShare >= thresholds.minNumeric ||
+                      (wordsInPiece <= thresholds.maxWordsOfText && gap >= thresholds.minGapOfText))) {
         return multi >= thresholds.minRowsOfNumbers;
     }
     if (numericShare >= thresholds.mostlyNumeric && columns() >= thresholds.minColumnsOfNumbers) {
         return multi >= thresholds.minRowsOfNumbers;
+    }
+    if (columns() == 2 && isNumberedText()) {
+        return false;
     }
     if (numericShare >= thresholds.minNumeric) {
         return multi >= thresholds.minRows;
@@ -424,13 +500,7 @@ bool TextGrid::looksLikeTable() const
     const auto typed = std::count_if(
         m_lines.begin(), m_lines.end(), [](const TextLine &line) { return line.words.front()->style.fixedPitch; });
     const bool listing = 2 * static_cast<std::size_t>(typed) > m_lines.size();
-    std::vector<double> gaps;
-    for (const GridRow &row : m_grid) {
-        for (std::size_t i = 1; i < row.pieces.size(); ++i) {
-            gaps.push_back((row.pieces[i].box.left - row.pieces[i - 1].box.right) / row.size);
-        }
-    }
-    return multi >= thresholds.minRows && !listing && median(gaps) >= thresholds.minGapOfText &&
+    return multi >= thresholds.minRowsOfText && !listing && gap >= thresholds.minGapOfText &&
            wordsInPiece <= thresholds.maxWordsOfText && aligned >= thresholds.minAlignedOfText &&
            filled >= thresholds.minFilledOfText;
 }

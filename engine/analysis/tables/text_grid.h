@@ -56,8 +56,14 @@ struct Thresholds
     double mostlyNumeric = 0.5;    ///< share of the texts beside the first column; a table of numbers may be short
     int minColumnsOfNumbers = 3;   ///< of such a short table
     int minRowsOfNumbers = 2;      ///< with several cells, of such a short table
-    int minRows = 3;               ///< with several cells, of any other table
+    int minRows = 3;               ///< with several cells, of any other table with numbers
+    int minRowsOfText = 4;         ///< with several cells, of a table of words without rules
     std::size_t minFullRules = 2;  ///< over and among the lines; such a table may be as irregular as one of numbers
+    double someNumeric = 0.25;     ///< share of the texts beside the first column; fewer numbers stand in texts, too
+    double maxRagged = 0.15;       ///< share of a column's width; full lines of running text end this close to its edge
+    double minFullLines = 0.75;    ///< share of the lines of running text that are full; lines of cells rarely are
+    std::size_t minProseLines = 4; ///< in a column of running text
+    double minWordsOfProse = 3;    ///< in its mean line
     std::size_t minTextWords = 10; ///< in a line among the rows that is no row but the end of a table
     double minTextWidth = 0.6;     ///< share of the table's width; of such a line
     std::size_t minProseWords = 6; ///< in a text that runs over several columns at an end of the table: not a part
@@ -78,6 +84,12 @@ public:
 
     /// Whether the lines are a table rather than text that happens to have gaps.
     bool looksLikeTable() const;
+
+    /// Whether a column is running text, whose lines are nearly all full: rather a column of the page.
+    bool holdsProse() const;
+
+    /// Whether some of the texts beside the first column are numbers.
+    bool hasNumbers() const;
 
     /// Whether rules run over the whole table, above or among its lines.
     bool isRuled() const;
@@ -125,7 +137,8 @@ private:
     void spanUnderlinedHeads();
     void spanCentredHeads();
     std::size_t headerLines() const;
-    bool isRunningText(const GridRow &row) const;
+    bool isNumberedText() const;
+    bool isText(const GridRow &row) const;
     void addBorders(Table &table) const;
 
     std::vector<GridRow> headRows() const;

@@ -92,12 +92,13 @@ std::size_t TextGrid::headerLines() const
     if (firstNumbers == 0 || firstNumbers > most) {
         return 0;
     }
+    // Lines with nothing but a text in the first column are the headings of the first rows.
     std::size_t lines = firstNumbers;
-    while (lines > 1 && m_grid[lines - 1].pieces.size() == 1 && m_grid[lines - 1].pieces.front().column == 0 &&
-           m_grid[lines - 2].pieces.size() > 1) {
-        --lines; // the heading of the first rows, in the first column
+    const auto isSideHead = [](const GridRow &row) { return row.pieces.size() == 1 && row.pieces.front().column == 0; };
+    while (lines > 0 && isSideHead(m_grid[lines - 1])) {
+        --lines;
     }
-    return lines;
+    return lines > 0 ? lines : firstNumbers;
 }
 
 // The headings, each with all of its lines, and the level of the head on which each stands.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tables/unruled_table.h"
 
+#include "base/statistics.h"
 #include "paragraphs/list_mark.h"
 #include "tables/grid_columns.h"
 #include "tables/leaders.h"
@@ -14,7 +15,6 @@ namespace quorra::model {
 namespace {
 
 using unruledTables::thresholds;
-constexpr double minCellGap = gridColumns::thresholds.minCellGap;
 
 struct LineRange
 {
@@ -41,11 +41,12 @@ bool isHeadingOver(
     const TextLine &upper, const TextLine &lower, const std::vector<Segment> &below,
     const std::vector<Rule> &horizontal)
 {
-    if (lower.baseline - upper.baseline >= thresholds.maxHeadingStep * lower.size) {
+    const double step = (lower.baseline - upper.baseline) / lower.size;
+    if (step > thresholds.maxRowStep) {
         return false;
     }
     const double whole = std::max(lower.box.right, upper.box.right) - std::min(lower.box.left, upper.box.left);
-    const bool besideFirst = upper.box.left > below.front().box.right &&
+    const bool besideFirst = step < thresholds.maxHeadingStep && upper.box.left > below.front().box.right &&
                              upper.box.right <= lower.box.right + lower.size &&
                              upper.box.width() < thresholds.maxHeadWidth * lower.box.width();
     return besideFirst || std::any_of(horizontal.begin(), horizontal.end(), [&](const Rule &rule) {
@@ -203,7 +204,7 @@ struct CleanLines
 };
 
 // Adds the tables in a range of lines, without lines of text around and among them. Returns whether there is one.
-bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, LineRange range)
+bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, LinesOf linesOf, LineRange range)
 {
     for (;;) {
         if (range.last < range.first || range.last - range.first + 1 < thresholds.minLines) {
@@ -218,19 +219,26 @@ bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, LineR
             return false;
         }
         if (before + after > 0) {
-            range.first += before;
-            range.last -= after;
+            const LineRange inner{range.first + before, range.last - after};
+            for (std::size_t i = range.first; linesOf == LinesOf::Page && i <= range.last; ++i) {
+                const bool outside = i < inner.first || i > inner.last;
+                if (outside && cellTexts(clean.lines[i]).size() > 1) {
+                    return false; // texts side by side that are no cells: columns of the page
+                }
+            }
+            range = inner;
             continue;
         }
         const std::size_t text = range.first + grid.textAmongRows();
         if (text > range.first && text < range.last) {
-            const bool above = addTables(tables, clean, {range.first, text - 1});
-            return addTables(tables, clean, {text + 1, range.last}) || above;
+            const bool above = addTables(tables, clean, linesOf, {range.first, text - 1});
+            return addTables(tables, clean, linesOf, {text + 1, range.last}) || above;
         }
         const auto leaderLines = std::count(clean.leaders.begin() + first, clean.leaders.begin() + end, 1);
         const bool contents = !grid.isRuled() && static_cast<double>(leaderLines) >
                                                      thresholds.maxLeaderLines * static_cast<double>(end - first);
-        if (contents || !grid.looksLikeTable()) {
+        const bool columns = linesOf == LinesOf::Page && (!grid.hasNumbers() || grid.holdsProse());
+        if (contents || columns || !grid.looksLikeTable()) {
             return false;
         }
         tables.push_back({grid.tableWords(), clean.places[range.first], clean.places[range.last]});
@@ -238,22 +246,51 @@ bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, LineR
     }
 }
 
+// Adds the tables in the parts of a range above and below its widest gap, if it has one.
+void addParts(
+    std::vector<UnruledTable> &tables, const CleanLines &clean, LinesOf linesOf, LineRange range, std::size_t depth)
+{
+    std::vector<double> steps;
+    std::size_t widest = range.first + 1;
+    const auto step = [&clean](std::size_t lower) {
+        return clean.lines[lower].baseline - clean.lines[lower - 1].baseline;
+    };
+    for (std::size_t i = range.first + 1; i <= range.last; ++i) {
+        steps.push_back(step(i));
+        widest = step(i) > step(widest) ? i : widest;
+    }
+    if (depth == thresholds.maxParts || steps.size() + 1 < 2 * thresholds.minLinesOfPart ||
+        step(widest) < thresholds.minPartGap * median(std::move(steps))) {
+        return;
+    }
+    for (const LineRange &part : {LineRange{range.first, widest - 1}, LineRange{widest, range.last}}) {
+        if (part.last - part.first + 1 >= thresholds.minLinesOfPart && !addTables(tables, clean, linesOf, part)) {
+            addParts(tables, clean, linesOf, part, depth + 1);
+        }
+    }
+}
+
 } // namespace
 
-std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &lines, const Rulings &rulings)
+std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &lines, const Rulings &rulings, LinesOf linesOf)
 {
     const CleanLines clean(lines, rulings);
     std::vector<std::vector<Segment>> segments;
     segments.reserve(clean.lines.size());
     for (const TextLine &line : clean.lines) {
-        segments.push_back(segmentsOf(line, minCellGap));
+        segments.push_back(cellTexts(line));
     }
     std::vector<UnruledTable> tables;
     for (const LineRange &range : candidateRanges(clean.lines, segments, clean.rulings.horizontal)) {
-        if (!addTables(tables, clean, range)) {
-            for (const LineRange &part : partsBetweenRules(clean.lines, range, clean.rulings.horizontal)) {
-                addTables(tables, clean, part);
-            }
+        if (addTables(tables, clean, linesOf, range) || linesOf == LinesOf::Page) {
+            continue;
+        }
+        const std::size_t before = tables.size();
+        for (const LineRange &part : partsBetweenRules(clean.lines, range, clean.rulings.horizontal)) {
+            addTables(tables, clean, linesOf, part);
+        }
+        if (tables.size() == before) {
+            addParts(tables, clean, linesOf, range, 0);
         }
     }
     return tables;
@@ -264,7 +301,7 @@ std::vector<UnruledTable> tablesOfLines(const std::vector<TextLine> &lines, cons
     const CleanLines clean(lines, rulings);
     std::vector<UnruledTable> tables;
     if (!clean.lines.empty()) {
-        addTables(tables, clean, {0, clean.lines.size() - 1});
+        addTables(tables, clean, LinesOf::Column, {0, clean.lines.size() - 1});
     }
     return tables;
 }

@@ -24,6 +24,8 @@ struct Thresholds
     double maxWrapStep = 1.3;        ///< em; between the lines of a wrapped cell
     double maxWrapShift = 1;         ///< em; between the left edges of the lines of a wrapped cell
     std::size_t maxWrapped = 8;      ///< consecutive lines that go on inside cells of the line above them
+    double minPartGap = 1.3;         ///< of the usual distance of baselines; between a table and text with columns
+    std::size_t maxParts = 6;        ///< cuts at such gaps, one inside the other
     double maxHeadWidth = 0.6;       ///< share of the next line's width; of a line that is only a heading of columns
     double maxLeaderLines = 1.0 / 3; ///< share of the lines with a leader to one text; more are entries of a list
 };
@@ -40,10 +42,17 @@ struct UnruledTable
     std::size_t lastLine = 0;
 };
 
-/// Finds the tables without lines around their cells in the text lines of one column: drawn and typed lines, where
-/// there are any, and the alignment of the text show them. Running text, lists, listings and tables of contents are no
-/// tables. The result is in order of the lines.
-std::vector<UnruledTable> findUnruledTables(const std::vector<TextLine> &lines, const Rulings &rulings);
+/// What the text lines are made of.
+enum class LinesOf {
+    Column, ///< the text of one column of the page
+    Page    ///< all text of the page, side by side: only tables with numbers are told from columns of text
+};
+
+/// Finds the tables without lines around their cells in the text lines of a column or page: drawn and typed lines,
+/// where there are any, and the alignment of the text show them. Running text, lists, listings and tables of contents
+/// are no tables. The result is in order of the lines.
+std::vector<UnruledTable>
+findUnruledTables(const std::vector<TextLine> &lines, const Rulings &rulings, LinesOf linesOf = LinesOf::Column);
 
 /// The tables that the lines make together, but for text above, between and below them. There is at least one line.
 std::vector<UnruledTable> tablesOfLines(const std::vector<TextLine> &lines, const Rulings &rulings);
