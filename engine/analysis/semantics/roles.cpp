@@ -4,6 +4,7 @@
 #include "document/page_walk.h"
 #include "document/text.h"
 #include "paragraphs/paragraphs.h"
+#include "semantics/notes.h"
 
 #include <QMap>
 #include <QRegularExpression>
@@ -198,6 +199,7 @@ void assignRoles(Document &document)
             assignRole(page, paragraph, body, ranks);
         }
     });
+    linkNotes(document, body);
     assignListLevels(document);
 }
 

@@ -34,7 +34,8 @@ std::string name(const Paragraph &paragraph)
     case Role::Caption:
         return paragraph.captionOf ? "caption of figure " + number(*paragraph.captionOf) : "caption";
     case Role::Footnote:
-        return "footnote";
+        return paragraph.note ? "footnote " + std::to_string(static_cast<std::size_t>(*paragraph.note) + 1)
+                              : "footnote";
     case Role::PageHeader:
     case Role::Body:
         break;
@@ -108,7 +109,8 @@ std::string change(const Run &from, const Run &to)
          from.link == to.link ? ""
          : to.link.isEmpty()  ? "no link"
                               : "link " + visible(to.link),
-         from.shift == to.shift ? "" : name(to.shift)},
+         from.shift == to.shift ? "" : name(to.shift),
+         to.note ? "of footnote " + std::to_string(static_cast<std::size_t>(*to.note) + 1) : ""},
         " ");
 }
 

@@ -32,6 +32,9 @@ enum class Separator {
     Hyphen     ///< a line end inside a word: the hyphen at the end of this part is not part of the word
 };
 
+/// Identifies a note of a document: counted from 0.
+enum class NoteId : std::size_t {};
+
 struct Word
 {
     QString text;
@@ -43,7 +46,8 @@ struct Word
     Separator separator = Separator::Space; ///< what follows; has no meaning after the last word of a paragraph
     QString link; ///< an address, or "#page=N" for a page of the same document; empty if there is none
 
-    bool leader = false; ///< dots that fill the gap of a tab: seen on the page, but no text
+    std::optional<NoteId> note; ///< set for the mark in the text that refers to this note
+    bool leader = false;        ///< dots that fill the gap of a tab: seen on the page, but no text
 
     bool spaceAfter() const { return separator != Separator::None; }
 };
@@ -115,6 +119,7 @@ struct Paragraph
     std::vector<TabStop> tabStops;     ///< one for each of its tabs, in order
     int dropCapLines = 0;              ///< height in lines of the drop cap that its first word is; 0 for none
     std::optional<ListItem> listItem;  ///< set for list items
+    std::optional<NoteId> note;        ///< set for a note that a mark in the text refers to; begins with its mark
     /// Which paragraph of the file's tags it is, or a part of; set where the tags say what it is.
     std::optional<std::size_t> tag;
     std::optional<FigureId> captionOf; ///< set for captions whose figure is known

@@ -15,6 +15,7 @@ struct Run
     Style style;
     BaselineShift shift = BaselineShift::None;
     QString link;
+    std::optional<NoteId> note = {}; ///< set for a mark that refers to a note
 };
 
 /// Splits the text of the paragraph where its style, baseline shift or link changes. Separators belong to the run
