@@ -67,3 +67,10 @@ def right_to_left_list(sheet):
         sheet.text(RIGHT - 22, y, visual(line), "DejaVu", 12, "right")
         y += 20
     sheet.prose(LEFT, y + 10, FULL, "An English paragraph follows the list, and it is read from the left.")
+
+
+@document
+def right_to_left_columns(sheet):
+    """Two columns of nine lines each: the right one is read first."""
+    right_lines(sheet, 90, HEBREW * 3, 9)
+    right_lines(sheet, 90, HEBREW[::-1] * 3, 9, LEFT + FULL / 2 - 12)
