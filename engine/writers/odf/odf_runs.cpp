@@ -75,11 +75,51 @@ void writeText(QXmlStreamWriter &xml, const QString &text)
     flush(xml, pending);
 }
 
+namespace {
+
+/// Writes the note with its mark. The note contains its text without the mark.
+void writeNote(const Sink &sink, const QString &mark, const Note &note)
+{
+    QXmlStreamWriter &xml = sink.xml;
+    model::Paragraph text = *note.text;
+    std::vector<model::Word> &words = text.lines.front().words;
+    words.erase(words.begin());
+    const std::vector<model::Run> runs = model::runsOf(text);
+    const model::Style textStyle = dominantStyle(runs);
+    sink.styles.noteFont(textStyle);
+    const XmlElement element(xml, "text:note"_L1);
+    xml.writeAttribute("text:note-class"_L1, "footnote"_L1);
+    {
+        const XmlElement citation(xml, "text:note-citation"_L1);
+        if (!note.counted) {
+            xml.writeAttribute("text:label"_L1, xmlText(mark));
+        }
+        xml.writeCharacters(xmlText(mark));
+    }
+    const XmlElement body(xml, "text:note-body"_L1);
+    const XmlElement paragraph(xml, "text:p"_L1);
+    xml.writeAttribute(
+        "text:style-name"_L1, sink.styles.name(
+                                  {"style:style"_L1,
+                                   {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Standard"_s}},
+                                   {{"style:text-properties"_L1, textAttributes(textStyle)}}}));
+    writeRuns({sink.xml, sink.styles}, runs, textStyle);
+}
+
+} // namespace
+
 void writeRuns(
     const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks)
 {
     QXmlStreamWriter &xml = sink.xml;
     for (const model::Run &run : runs) {
+        const auto note = run.note && sink.notes ? sink.notes->find(*run.note) : Notes::const_iterator();
+        if (run.note && sink.notes && note != sink.notes->end()) {
+            const QString mark = run.text.trimmed();
+            writeNote(sink, mark, note->second);
+            writeText(xml, run.text.mid(run.text.indexOf(mark) + mark.size()));
+            continue;
+        }
         const QString target = withLinks ? bookmarkAddress(run.link) : QString();
         const bool shifted = run.shift != model::BaselineShift::None;
         model::Style style = run.style;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "word/word_flow.h"
 
+#include "document/page_walk.h"
 #include "flow_breaks.h"
 #include "flow_fit.h"
 #include "flow_plan.h"
@@ -22,8 +23,9 @@ namespace {
 class FlowWriter
 {
 public:
-    FlowWriter(OdfFile &file, model::PictureSource &pictures, const FlowForm &form)
-        : m_sink{file.body(), file.styles()}
+    FlowWriter(OdfFile &file, model::PictureSource &pictures, const FlowForm &form, Notes notes)
+        : m_notes(std::move(notes))
+        , m_sink{file.body(), file.styles(), &m_notes}
         , m_masters({file.masters(), file.styles()})
         , m_pictures(pictures)
         , m_form(form)
@@ -45,6 +47,7 @@ private:
     void writeFigureBehind(const model::Figure &figure);
     void writeLabels(const model::Figure &figure);
 
+    Notes m_notes;
     Sink m_sink;
     MasterPages m_masters;
     model::PictureSource &m_pictures;
@@ -120,7 +123,11 @@ void FlowWriter::writeSection(const FlowPage &page, const FlowSection &section)
 
 void FlowWriter::writeItem(const FlowItem &item)
 {
-    if (item.block->paragraph()) {
+    const model::Paragraph *paragraph = item.block->paragraph();
+    if (paragraph && paragraph->note && m_notes.count(*paragraph->note) > 0) {
+        return; // it is written at its mark
+    }
+    if (paragraph) {
         writeText(item);
     } else if (item.block->table()) {
         writeTableItem(item);
@@ -221,9 +228,33 @@ void FlowWriter::writeFigureInText(const FlowItem &item)
 
 } // namespace
 
+namespace {
+
+/// The notes whose marks are in the text of paragraphs and cells.
+Notes notesOf(const model::Document &document)
+{
+    Notes notes;
+    for (const model::Page &page : document.pages) {
+        model::forEachBlock(page, [&notes](const model::Block &block) {
+            const model::Paragraph *paragraph = block.paragraph();
+            if (paragraph && paragraph->note && !paragraph->lines.empty()) {
+                notes.emplace(*paragraph->note, Note{paragraph});
+            }
+        });
+    }
+    int counted = 0;
+    for (auto &[id, note] : notes) {
+        note.counted = note.text->lines.front().words.front().text == QString::number(counted + 1);
+        counted += note.counted ? 1 : 0;
+    }
+    return notes;
+}
+
+} // namespace
+
 void writeFlow(OdfFile &file, const model::Document &document, model::PictureSource &pictures, const FlowForm &form)
 {
-    FlowWriter writer(file, pictures, form);
+    FlowWriter writer(file, pictures, form, notesOf(document));
     for (FlowPage &page : planFlow(document, form)) {
         if (form.pages) {
             fitToRoom(page);

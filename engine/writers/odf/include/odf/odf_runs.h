@@ -8,15 +8,26 @@
 #include <QString>
 #include <QXmlStreamWriter>
 
+#include <map>
 #include <vector>
 
 namespace quorra::office {
+
+/// A note that is written at its mark in the text.
+struct Note
+{
+    const model::Paragraph *text = nullptr; ///< begins with the mark
+    bool counted = false;                   ///< the mark is the number that automatic numbering gives
+};
+
+using Notes = std::map<model::NoteId, Note>;
 
 /// The destination of a document's content: its elements, and the styles that they use.
 struct Sink
 {
     QXmlStreamWriter &xml;
     StyleTable &styles;
+    const Notes *notes = nullptr; ///< without any, marks and notes are ordinary text
 };
 
 /// Returns model::linkAddress() for a text document, in which the bookmarks "pageN" mark the beginnings of pages.
@@ -28,8 +39,8 @@ QString bookmarkAddress(const QString &link);
 /// Writes text inside a paragraph, with elements for consecutive spaces, tabs and line breaks.
 void writeText(QXmlStreamWriter &xml, const QString &text);
 
-/// Writes the runs as spans and links; runs in the style of the paragraph get no span. Without `withLinks`, links are
-/// left out.
+/// Writes the runs as spans, links and notes; runs in the style of the paragraph get no span. Without `withLinks`,
+/// links are left out.
 void writeRuns(
     const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks = true);
 
