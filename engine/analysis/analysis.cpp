@@ -6,7 +6,9 @@
 #include "figures/drawn_signs.h"
 #include "figures/figures.h"
 #include "page_builder.h"
+#include "paragraphs/dehyphenation.h"
 #include "paragraphs/paragraph_borders.h"
+#include "recognised_text.h"
 #include "sanitised_page.h"
 #include "semantics/captions.h"
 #include "semantics/page_headers.h"
@@ -14,6 +16,7 @@
 #include "tags/tag_checks.h"
 #include "tags/tag_use.h"
 #include "text_lines/leader_words.h"
+#include "text_lines/underlines.h"
 
 #include <unordered_map>
 
@@ -54,12 +57,14 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach, cons
     for (RawPage &page : pages) {
         comments.push_back(std::move(page.comments));
         page = sanitised(std::move(page));
+        resolveHiddenWords(page);
         cutLeadersOff(page.words);
         rotations.push_back(mainRotation(page));
         page = withDrawnSigns(rotatedUpright(std::move(page), rotations.back()));
         for (std::size_t i = 0; i < page.words.size(); ++i) {
             page.words[i].index = i;
         }
+        underlineWords(page);
     }
     TaggedText tagged = taggedText(tags);
     checkHeadings(pages, tagged);
@@ -79,6 +84,7 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach, cons
     }
     assignRoles(document);
     markContinuations(document);
+    keepHyphensOfCompounds(document);
     for (std::size_t i = 0; i < rotations.size(); ++i) {
         Page &page = document.pages[i];
         findParagraphBorders(page);

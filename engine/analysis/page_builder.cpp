@@ -331,6 +331,7 @@ Page buildPage(
     StyleTable &styles)
 {
     Page page = isScan(raw) ? scannedPage(raw, styles) : builtPage(raw, heads, tagged, styles);
+    page.recognised = raw.recognised;
     page.number = raw.number;
     page.label = raw.label;
     page.width = raw.width;

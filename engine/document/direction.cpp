@@ -7,6 +7,8 @@ namespace quorra::model {
 
 namespace {
 
+constexpr char16_t softHyphen = 0xad;
+
 enum class Side { Left, Right, None };
 
 Side sideOf(char32_t c)
@@ -92,10 +94,37 @@ QString logicalWord(const QString &drawn)
     return QString::fromUcs4(reinterpret_cast<const char32_t *>(reordered.constData()), reordered.size());
 }
 
+QString uprightBrackets(const QString &text)
+{
+    static const QString opening = QStringLiteral("([{<");
+    static const QString closing = QStringLiteral(")]}>");
+    if (text.size() < 2) {
+        return text;
+    }
+    const auto isPunctuation = [](QChar c) { return QStringLiteral(".,;:!?\u060c\u061b\u061f").contains(c); };
+    qsizetype last = text.size() - 1;
+    while (last > 0 && isPunctuation(text.at(last))) {
+        --last;
+    }
+    const bool wrongBegin = closing.contains(text.front());
+    const bool wrongEnd = opening.contains(text.at(last));
+    if (hasRightToLeft(text) ? !wrongBegin && !wrongEnd : !wrongBegin || !wrongEnd || last < 2) {
+        return text;
+    }
+    QString exchanged = text;
+    for (QChar &c : exchanged) {
+        const qsizetype open = opening.indexOf(c);
+        const qsizetype close = closing.indexOf(c);
+        c = open >= 0 ? closing.at(open) : close >= 0 ? opening.at(close) : c;
+    }
+    return exchanged;
+}
+
 QString plainLetters(const QString &text)
 {
-    if (isLatinOnly(text) &&
-        std::none_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x20 || c.unicode() == 0x7f; })) {
+    if (isLatinOnly(text) && std::none_of(text.begin(), text.end(), [](QChar c) {
+            return c.unicode() < 0x20 || c.unicode() == 0x7f || c.unicode() == softHyphen;
+        })) {
         return text;
     }
     QString plain;
@@ -103,7 +132,9 @@ QString plainLetters(const QString &text)
     for (const QChar c : text) {
         const char16_t code = c.unicode();
         const bool form = (code >= 0xfb00 && code <= 0xfdff) || (code >= 0xfe70 && code <= 0xfefc);
-        if (form) {
+        if (code == softHyphen) {
+            plain += QLatin1Char('-');
+        } else if (form) {
             plain += QString(c).normalized(QString::NormalizationForm_KC);
         } else if (c.category() != QChar::Other_Control && code != 0xfeff) {
             plain += c;

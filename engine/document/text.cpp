@@ -61,6 +61,14 @@ private:
     const Style *m_style = nullptr;
 };
 
+// A whole paragraph or document is not underlined, only parts of its text are.
+Style withoutLines(Style style)
+{
+    style.underlined = false;
+    style.struckThrough = false;
+    return style;
+}
+
 // The mean width of a character; 0 if no word is long enough for an estimate.
 double letterWidth(const Paragraph &paragraph)
 {
@@ -186,10 +194,11 @@ void StyleCount::add(const std::vector<Run> &runs)
         if (run.shift != BaselineShift::None) {
             continue;
         }
+        const Style style = withoutLines(run.style);
         auto known = std::find_if(
-            m_counts.begin(), m_counts.end(), [&run](const auto &count) { return count.second == run.style; });
+            m_counts.begin(), m_counts.end(), [&style](const auto &count) { return count.second == style; });
         if (known == m_counts.end()) {
-            known = m_counts.insert(known, {0, run.style});
+            known = m_counts.insert(known, {0, style});
         }
         // A table of contents has more dots than letters.
         known->first += std::count_if(run.text.begin(), run.text.end(), [](QChar c) { return c.isLetterOrNumber(); });
@@ -207,7 +216,7 @@ Style dominantStyle(const std::vector<Run> &runs)
 {
     StyleCount count;
     count.add(runs);
-    return count.dominant(runs.empty() ? Style{} : runs.front().style);
+    return count.dominant(runs.empty() ? Style{} : withoutLines(runs.front().style));
 }
 
 double largestSize(const Line &line)

@@ -1,21 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/page_reader.h"
 
+#include "drawn_characters.h"
 #include "marked_content.h"
 #include "page_links.h"
 #include "page_notes.h"
 #include "page_words.h"
 #include "paths.h"
+#include "pdf/page_renderer.h"
 #include "pdf_file_handles.h"
 #include "platform/page_time.h"
+#include "scan_pictures.h"
 
 #include <GfxState.h>
 #include <TextOutputDev.h>
 
+#include <QChar>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 #include <optional>
+#include <vector>
 
 namespace quorra {
 
@@ -36,8 +43,11 @@ struct Thresholds
     double maxOpacity = 0.99;    ///< more hides what is below
     double sameEdge = 1;         ///< points; the ends of marks that are no farther apart are one
     std::size_t maxBelow = 2000; ///< earlier marks of a kind among which those below a new one are looked for
+    double minScanArea = 0.3;    ///< share of the page; smaller images are no scans that could contain pictures
+    double scanResolution = 36;  ///< dots per inch; enough to tell pictures from paper
 };
 constexpr Thresholds thresholds;
+constexpr double pointsPerInch = 72;
 
 /// The shape of the region that paint is clipped to, within its bounding box; the simplest first.
 enum class ClipShape {
@@ -141,11 +151,13 @@ public:
     {}
 
     const MarkedContent &contents() const { return m_contents; }
+    DrawnCharacters &characters() { return m_characters; }
 
     /// Clears the results before the next page.
     model::RawPage &newPage(int pageNumber)
     {
         m_contents.beginPage(pageNumber);
+        m_characters.clear();
         m_marks = 0;
         m_page = {};
         return m_page;
@@ -164,8 +176,9 @@ public:
         m_paint.back().outerBlend = state->getBlendMode();
     }
 
-    void restoreState(GfxState * /*state*/) override
+    void restoreState(GfxState *state) override
     {
+        TextOutputDev::restoreState(state);
         if (m_paint.size() > 1) {
             m_paint.pop_back();
         }
@@ -195,6 +208,9 @@ public:
 
     void clearSoftMask(GfxState * /*state*/) override { m_paint.back().masked = false; }
 
+    /// Also looks for pictures if only text was to be collected.
+    void collectPictures(bool wanted) { m_withPictures = wanted; }
+
     bool needNonText() override { return m_withPictures; }
     bool useTilingPatternFill() override { return true; }
     bool useShadedFills(int /*type*/) override { return true; }
@@ -208,12 +224,22 @@ public:
         GfxState *state, double x, double y, double dx, double dy, double originX, double originY, CharCode code,
         int nBytes, const Unicode *u, int uLen) override
     {
+        if (!m_characters.add(state, x - originX, y - originY, nBytes, u, uLen)) {
+            return;
+        }
         m_contents.addText(nBytes);
+        // The library collects words from left to right; ligatures of right-to-left letters are in reading order.
+        if (uLen > 1 && isRightToLeft(u, uLen)) {
+            const std::vector<Unicode> reversed(std::make_reverse_iterator(u + uLen), std::make_reverse_iterator(u));
+            TextOutputDev::drawChar(state, x, y, dx, dy, originX, originY, code, nBytes, reversed.data(), uLen);
+            return;
+        }
         TextOutputDev::drawChar(state, x, y, dx, dy, originX, originY, code, nBytes, u, uLen);
     }
 
     void incCharCount(int nChars) override
     {
+        m_characters.skip(nChars);
         m_contents.addText(nChars);
         TextOutputDev::incCharCount(nChars);
     }
@@ -258,6 +284,9 @@ public:
             }
             if (frame && whole) {
                 addFill(state, box, colourOf(rgb), rectangle && paint.clip == ClipShape::Rectangle);
+                if (rectangle && isOpaque(state)) {
+                    m_characters.cover(box, DrawnCharacters::Cover::Fill);
+                }
             }
         });
     }
@@ -305,8 +334,33 @@ public:
         GfxState *state, Object *ref, Stream *str, int width, int height, GfxImageColorMap *colours, bool interpolate,
         const int *maskColours, bool inlineImage) override
     {
-        addImage(state);
+        const Box box = addImage(state);
+        if (!maskColours && m_maskedImages == 0 && isOpaque(state) && isUpright(state)) {
+            m_characters.cover(box, DrawnCharacters::Cover::Image);
+        }
         OutputDev::drawImage(state, ref, str, width, height, colours, interpolate, maskColours, inlineImage);
+    }
+
+    void drawMaskedImage(
+        GfxState *state, Object *ref, Stream *str, int width, int height, GfxImageColorMap *colours, bool interpolate,
+        Stream *maskStream, int maskWidth, int maskHeight, bool maskInvert, bool maskInterpolate) override
+    {
+        ++m_maskedImages;
+        OutputDev::drawMaskedImage(
+            state, ref, str, width, height, colours, interpolate, maskStream, maskWidth, maskHeight, maskInvert,
+            maskInterpolate);
+        --m_maskedImages;
+    }
+
+    void drawSoftMaskedImage(
+        GfxState *state, Object *ref, Stream *str, int width, int height, GfxImageColorMap *colours, bool interpolate,
+        Stream *maskStream, int maskWidth, int maskHeight, GfxImageColorMap *maskColours, bool maskInterpolate) override
+    {
+        ++m_maskedImages;
+        OutputDev::drawSoftMaskedImage(
+            state, ref, str, width, height, colours, interpolate, maskStream, maskWidth, maskHeight, maskColours,
+            maskInterpolate);
+        --m_maskedImages;
     }
 
 private:
@@ -356,6 +410,30 @@ private:
                 marks.rbegin(), marks.rbegin() + last, [&box](const auto &mark) { return touches(mark.box, box); });
         };
         return anyBelow(m_page.fills) || anyBelow(m_page.pictures) || anyBelow(m_page.ink);
+    }
+
+    static bool isRightToLeft(const Unicode *text, int length)
+    {
+        return std::any_of(text, text + length, [](Unicode c) {
+            const auto direction = QChar::direction(c);
+            return direction == QChar::DirR || direction == QChar::DirAL;
+        });
+    }
+
+    /// Whether what is filled now hides everything under it.
+    bool isOpaque(const GfxState *state) const
+    {
+        constexpr double opaque = 0.99;
+        const PaintState &paint = m_paint.back();
+        return fillOpacity(state) > opaque && state->getBlendMode() == gfxBlendNormal &&
+               paint.groupBlend == gfxBlendNormal && paint.clip == ClipShape::Rectangle && !paint.masked &&
+               !paint.hidden;
+    }
+
+    static bool isUpright(const GfxState *state)
+    {
+        const auto ctm = state->getCTM();
+        return (ctm[1] == 0 && ctm[2] == 0) || (ctm[0] == 0 && ctm[3] == 0);
     }
 
     template <typename Use>
@@ -447,10 +525,10 @@ private:
         return true;
     }
 
-    void addImage(const GfxState *state)
+    Box addImage(const GfxState *state)
     {
         if (m_paint.back().hidden || isUnseen(fillOpacity(state))) {
-            return;
+            return {};
         }
         Box box{1e9, 1e9, -1e9, -1e9};
         for (const Point corner : {Point{0, 0}, Point{1, 0}, Point{0, 1}, Point{1, 1}}) {
@@ -465,14 +543,47 @@ private:
         } else if (std::max(box.width(), box.height()) > maxRuleWidth) {
             addRule(box, box.width() >= box.height(), std::min(box.width(), box.height()), black);
         }
+        return box;
     }
 
     model::RawPage m_page;
     std::vector<PaintState> m_paint{PaintState{}};
     bool m_withPictures;
     MarkedContent m_contents;
+    DrawnCharacters m_characters;
+    int m_maskedImages = 0; ///< images that are drawn with a mask
     std::size_t m_marks = 0;
 };
+
+/// Whether an image lies under most of the page and words on it are hidden, as on searchable scans.
+bool hasScan(const model::RawPage &page)
+{
+    return std::any_of(page.words.begin(), page.words.end(), [](const model::RawWord &word) { return word.hidden; }) &&
+           std::any_of(page.pictures.begin(), page.pictures.end(), [&page](const model::RawPicture &picture) {
+               return picture.box.width() * picture.box.height() >= thresholds.minScanArea * page.width * page.height;
+           });
+}
+
+/// Adds the pictures on a scan, which are only visible in its pixels.
+void addScanPictures(PdfFile &file, model::RawPage &page)
+{
+    const double dot = thresholds.scanResolution / pointsPerInch;
+    const PictureSize size{
+        static_cast<int>(page.width * dot), static_cast<int>(page.height * dot), thresholds.scanResolution,
+        thresholds.scanResolution};
+    if (size.width < 1 || size.height < 1) {
+        return;
+    }
+    const Raster raster = PageRenderer(file, ColourDepth::Gray).draw(page.number, size, 0, size.height);
+    std::vector<Box> words;
+    for (const model::RawWord &word : page.words) {
+        words.push_back({word.box.left * dot, word.box.top * dot, word.box.right * dot, word.box.bottom * dot});
+    }
+    for (const Box &picture : findScanPictures(raster, words, dot)) {
+        page.pictures.push_back(
+            {{picture.left / dot, picture.top / dot, picture.right / dot, picture.bottom / dot}, false, true});
+    }
+}
 
 } // namespace
 
@@ -493,16 +604,27 @@ model::RawPage PageCollector::collect(int pageNumber)
 {
     auto &[file, what, device] = *m_state;
     const PageSize size = file.pageSize(pageNumber);
-    model::RawPage &page = device.newPage(pageNumber);
-    page.number = pageNumber;
-    page.width = size.width;
-    page.height = size.height;
     PDFDoc &doc = *file.handles().doc;
     const PageTime time(pageNumber);
-    constexpr double pointsPerInch = 72;
-    doc.displayPage(&device, pageNumber, pointsPerInch, pointsPerInch, 0, false, true, false);
-    readWords(device, device.contents(), page);
+    const auto read = [&, &collector = device]() -> model::RawPage & {
+        model::RawPage &page = collector.newPage(pageNumber);
+        page.number = pageNumber;
+        page.width = size.width;
+        page.height = size.height;
+        doc.displayPage(&collector, pageNumber, pointsPerInch, pointsPerInch, 0, false, true, false);
+        return page;
+    };
+    model::RawPage &page = read();
+    if (what == Collect::TextAndRules && device.characters().hasInvisible()) {
+        device.collectPictures(true); // what the text means depends on the pictures under it
+        read();
+        device.collectPictures(false);
+    }
+    readWords(device, device.contents(), device.characters(), page);
     if (what == Collect::Everything) {
+        if (hasScan(page)) {
+            addScanPictures(file, page);
+        }
         applyLinks(doc, pageNumber, page);
         readPageNotes(doc, pageNumber, page);
     }

@@ -2,6 +2,7 @@
 #include "page_words.h"
 
 #include "document/direction.h"
+#include "drawn_characters.h"
 #include "font_name.h"
 #include "marked_content.h"
 
@@ -26,7 +27,11 @@ Colour colourOf(double r, double g, double b)
 class WordReader
 {
 public:
-    WordReader(model::RawPage &page, const MarkedContent &contents) : m_page(page), m_contents(contents) {}
+    WordReader(model::RawPage &page, const MarkedContent &contents, const DrawnCharacters &characters)
+        : m_page(page)
+        , m_contents(contents)
+        , m_characters(characters)
+    {}
 
     void read(const TextWord *word)
     {
@@ -35,7 +40,7 @@ public:
             text += QString::fromUcs4(reinterpret_cast<const char32_t *>(word->getChar(i)), 1);
         }
         model::RawWord own;
-        own.text = model::plainLetters(model::logicalWord(text));
+        own.text = model::plainLetters(model::uprightBrackets(model::logicalWord(text)));
         if (own.text.trimmed().isEmpty()) {
             return;
         }
@@ -45,6 +50,14 @@ public:
         own.endsLine = !word->getNext();
         own.spaceAfter = word->getSpaceAfter() || own.endsLine; // a word fragment never ends a line
         own.style = styleOf(word);
+        const DrawnCharacters::Appearance appearance =
+            m_characters.appearanceOf(word->getCharPos(), word->getCharLen(), inner(own.box), own.style.colour);
+        if (appearance.covered && !appearance.underImage) {
+            return;
+        }
+        own.hidden = appearance.invisible || appearance.covered;
+        own.style.bold = own.style.bold || appearance.overprinted;
+        own.style.colour = appearance.colour.value_or(own.style.colour);
         own.index = m_page.words.size();
         if (m_contents.isUsed()) {
             const int content = m_contents.ofText(word->getCharPos());
@@ -55,6 +68,14 @@ public:
     }
 
 private:
+    /// The part of a word's box that its letters fill.
+    static Box inner(const Box &box)
+    {
+        constexpr double margin = 0.25; // of the height
+        const double edge = margin * std::min(box.width(), box.height());
+        return {box.left + edge, box.top + edge, box.right - edge, box.bottom - edge};
+    }
+
     model::Style styleOf(const TextWord *word)
     {
         const TextFontInfo *info = word->getFontInfo(0);
@@ -87,14 +108,17 @@ private:
 
     model::RawPage &m_page;
     const MarkedContent &m_contents;
+    const DrawnCharacters &m_characters;
     QHash<const TextFontInfo *, model::Style> m_styles;
 };
 
 } // namespace
 
-void readWords(const TextOutputDev &device, const MarkedContent &contents, model::RawPage &page)
+void readWords(
+    const TextOutputDev &device, const MarkedContent &contents, DrawnCharacters &characters, model::RawPage &page)
 {
-    WordReader reader(page, contents);
+    characters.finish();
+    WordReader reader(page, contents, characters);
     for (const TextFlow *flow = device.getFlows(); flow; flow = flow->getNext()) {
         for (const TextBlock *block = flow->getBlocks(); block; block = block->getNext()) {
             for (const TextLine *line = block->getLines(); line; line = line->getNext()) {

@@ -7,9 +7,12 @@ class TextOutputDev;
 
 namespace quorra {
 
+class DrawnCharacters;
 class MarkedContent;
 
 /// Appends the words that the device found on its last page, in the library's reading order, with what they belong to.
-void readWords(const TextOutputDev &device, const MarkedContent &contents, model::RawPage &page);
+/// Words that are covered by something other than an image are left out.
+void readWords(
+    const TextOutputDev &device, const MarkedContent &contents, DrawnCharacters &characters, model::RawPage &page);
 
 } // namespace quorra

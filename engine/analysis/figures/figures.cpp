@@ -24,28 +24,6 @@ bool touch(const Box &a, const Box &b)
     return a.left - seam <= b.right && b.left - seam <= a.right && a.top - seam <= b.bottom && b.top - seam <= a.bottom;
 }
 
-// Many programs cut an image into strips or tiles; they are one picture again here.
-std::vector<Box> wholeImages(const std::vector<RawPicture> &pieces)
-{
-    std::vector<Box> images;
-    for (const RawPicture &piece : pieces) {
-        Box box = piece.box;
-        for (std::size_t i = images.size(); i-- > 0;) {
-            if (touch(images[i], box)) {
-                box = united(box, images[i]);
-                images.erase(images.begin() + static_cast<std::ptrdiff_t>(i));
-            }
-        }
-        images.push_back(box);
-    }
-    images.erase(
-        std::remove_if(
-            images.begin(), images.end(),
-            [](const Box &b) { return b.width() < thresholds.minImageSide || b.height() < thresholds.minImageSide; }),
-        images.end());
-    return images;
-}
-
 WordRefs wordsIn(const Box &box, const WordRefs &words)
 {
     WordRefs inside;
@@ -159,6 +137,27 @@ bool isBehindText(const Page &page, const Figure &figure)
 
 } // namespace
 
+std::vector<Box> wholeImages(const std::vector<RawPicture> &pieces)
+{
+    std::vector<Box> images;
+    for (const RawPicture &piece : pieces) {
+        Box box = piece.box;
+        for (std::size_t i = images.size(); i-- > 0;) {
+            if (touch(images[i], box)) {
+                box = united(box, images[i]);
+                images.erase(images.begin() + static_cast<std::ptrdiff_t>(i));
+            }
+        }
+        images.push_back(box);
+    }
+    images.erase(
+        std::remove_if(
+            images.begin(), images.end(),
+            [](const Box &b) { return b.width() < thresholds.minImageSide || b.height() < thresholds.minImageSide; }),
+        images.end());
+    return images;
+}
+
 PageFigures
 findFigures(const RawPage &raw, const std::vector<Box> &tables, const std::vector<Box> &networks, const WordRefs &words)
 {
@@ -178,7 +177,11 @@ findFigures(const RawPage &raw, const std::vector<Box> &tables, const std::vecto
         figures.placed.push_back({drawing, FigureKind::Drawing, std::move(labels)});
     }
     const std::size_t drawn = figures.placed.size();
-    for (const Box &image : wholeImages(raw.pictures)) {
+    std::vector<RawPicture> pictures = raw.pictures;
+    pictures.erase(
+        std::remove_if(pictures.begin(), pictures.end(), [](const RawPicture &picture) { return picture.scan; }),
+        pictures.end());
+    for (const Box &image : wholeImages(pictures)) {
         const bool inDrawing = std::any_of(
             figures.placed.begin(), figures.placed.begin() + static_cast<std::ptrdiff_t>(drawn),
             [&image](const FoundFigure &p) { return isInside(image, p.box); });

@@ -46,6 +46,9 @@ struct PageFigures
     std::vector<FoundFigure> backgrounds; ///< behind the text: a scan with recognised text, a background image
 };
 
+/// Unites the pieces (strips, tiles) of images that many programs write as several ones. Tiny images are left out.
+std::vector<Box> wholeImages(const std::vector<RawPicture> &pieces);
+
 /// Finds the raster images of a page, with strips of one image united, and its drawings with the words inside them. The
 /// networks are those of findNetworks().
 PageFigures findFigures(

@@ -25,4 +25,9 @@ bool endsInHyphen(const QString &line, const QString &nextWord);
 /// Space. With `keepBreak` (preformatted text), LineBreak instead of None and Space.
 Separator lineEnd(const Line &line, const QString &nextWord, bool keepBreak);
 
+/// Restores the hyphens of compounds that were divided at a line end, such as "at-risk": where the text of the document
+/// contains the word with its hyphen elsewhere and more often than without it; or, if it contains neither, where both
+/// parts are words of the document and the first one is used for compounds.
+void keepHyphensOfCompounds(Document &document);
+
 } // namespace quorra::model

@@ -115,6 +115,14 @@ private:
         if (style.italic) {
             italic.emplace(m_xml, QStringLiteral("i"));
         }
+        std::optional<XmlElement> underlined;
+        if (style.underlined && m_link.isEmpty()) { // browsers underline links
+            underlined.emplace(m_xml, QStringLiteral("u"));
+        }
+        std::optional<XmlElement> struckThrough;
+        if (style.struckThrough) {
+            struckThrough.emplace(m_xml, QStringLiteral("s"));
+        }
         writeText(text);
     }
 

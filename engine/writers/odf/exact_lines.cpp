@@ -135,7 +135,10 @@ private:
     QString pieceStyle(const model::Style &style, double spacing, double rise)
     {
         m_sink.styles.noteFont(style);
-        Attributes properties = textAttributes(style);
+        model::Style lettersOnly = style; // the lines are part of the picture behind the text
+        lettersOnly.underlined = false;
+        lettersOnly.struckThrough = false;
+        Attributes properties = textAttributes(lettersOnly);
         properties.emplace_back("fo:letter-spacing"_L1, pt(spacing));
         properties.emplace_back("style:letter-kerning"_L1, u"false"_s);
         if (std::abs(rise) > thresholds.minShift * style.size) {

@@ -86,6 +86,15 @@ Attributes textAttributes(const model::Style &style)
                            {"style:font-style-asian"_L1, slant},
                            {"style:font-style-complex"_L1, slant},
                            {"fo:color"_L1, colourName(style.colour)}});
+    if (style.underlined) {
+        attributes.emplace_back("style:text-underline-style"_L1, u"solid"_s);
+        attributes.emplace_back("style:text-underline-width"_L1, u"auto"_s);
+        attributes.emplace_back("style:text-underline-color"_L1, u"font-color"_s);
+    }
+    if (style.struckThrough) {
+        attributes.emplace_back("style:text-line-through-style"_L1, u"solid"_s);
+        attributes.emplace_back("style:text-line-through-type"_L1, u"single"_s);
+    }
     return attributes;
 }
 

@@ -16,10 +16,10 @@ constexpr Thresholds thresholds;
 
 } // namespace
 
-void FlowBreaks::addMarks(const Marks &marks)
+void FlowBreaks::addBookmark(const QString &name)
 {
-    m_pending.marks.add(marks);
-    m_hasPending = m_hasPending || !marks.isEmpty();
+    m_pending.bookmark = name;
+    m_hasPending = true;
 }
 
 void FlowBreaks::addPage(const QString &masterPage, bool breaks)

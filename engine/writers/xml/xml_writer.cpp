@@ -198,6 +198,8 @@ private:
         number("size", style.size);
         flag("bold", style.bold);
         flag("italic", style.italic);
+        flag("underlined", style.underlined);
+        flag("struckThrough", style.struckThrough);
         if (style.colour != black) {
             attribute("colour", colourName(style.colour));
         }

@@ -84,8 +84,10 @@ def picture(kind, size=120):
     return ImageReader(data)
 
 
-def scan(lines):
-    """A picture of a page with these (x, y, text) lines, as a scanner makes it: grey paper, 100 dots per inch."""
+def scan(lines, photo=None):
+    """A picture of a page with these (x, y, text) lines, as a scanner makes it: grey paper, 100 dots per inch. The photo
+    is a dark disc in a box (x, y, width, height).
+    """
     from PIL import Image, ImageDraw, ImageFont
     dots = 100 / 72
     image = Image.new("L", (round(WIDTH * dots), round(HEIGHT * dots)), 244)
@@ -93,6 +95,10 @@ def scan(lines):
     font = ImageFont.truetype(FONT_FOLDER + FONTS["Serif"], round(12 * dots))
     for x, y, text in lines:
         pen.text((x * dots, y * dots), text, font=font, fill=40, anchor="ls")
+    if photo:
+        x, y, width, height = (each * dots for each in photo)
+        pen.rectangle((x, y, x + width, y + height), fill=150)
+        pen.ellipse((x + 10, y + 10, x + width - 10, y + height - 10), fill=60)
     data = io.BytesIO()
     image.save(data, "PNG")
     data.seek(0)

@@ -49,6 +49,14 @@ def hebrew_with_numbers_and_latin(sheet):
 
 
 @document
+def hebrew_with_mirrored_brackets(sheet):
+    """Brackets stored as they look on the page, around Hebrew words and around a year."""
+    right_lines(sheet, 90, HEBREW[:1])
+    sheet.text(RIGHT, 112, "(" + visual("סוף") + ") " + visual("העבודה"), "DejaVu", 12, "right")
+    sheet.text(RIGHT, 134, "(1874) " + visual("בשנת") + " (" + visual("הסירה הסירה") + ")", "DejaVu", 12, "right")
+
+
+@document
 def right_to_left_table(sheet):
     """The first column is the one at the right."""
     rows = [["יום", "מכוניות", "שכר"], ["ראשון", "41", "214"], ["שני", "38", "198"], ["שלישי", "52", "230"]]

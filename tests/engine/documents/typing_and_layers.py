@@ -2,7 +2,7 @@
 """Fixed pitch, and text that is drawn in unusual ways."""
 from reportlab.lib.colors import HexColor
 
-from paper import FULL, LEFT, RIGHT, document, scan
+from paper import FULL, LEFT, RIGHT, document, scan, width_of
 from texts import CLOCK, GARDEN, TOWN
 
 MINUTES = [(LEFT, 90, "Minutes of the meeting of the ferry company"),
@@ -66,6 +66,19 @@ def bold_by_overprinting(sheet):
 
 
 @document
+def bold_by_letters(sheet):
+    """Each letter drawn twice before the next one, as some printer drivers do; then a heading with a grey shadow."""
+    x = LEFT
+    for letter in "Fares of 2,772,829 travellers":
+        for shift in (0, 0.25):
+            sheet.text(x + shift, 90, letter, "Serif", 12)
+        x += width_of(letter, "Serif", 12)
+    sheet.text(LEFT + 0.8, 130.8, "The Winter Timetable", "Sans", 20, colour=HexColor("#b0b0b0"))
+    sheet.text(LEFT, 130, "The Winter Timetable", "Sans", 20, colour=HexColor("#203080"))
+    sheet.prose(LEFT, 150, FULL, CLOCK[0])
+
+
+@document
 def bold_by_outline(sheet):
     """Letters that are filled and outlined look bold."""
     text = sheet.canvas.beginText(LEFT, sheet.height - 90)
@@ -77,16 +90,45 @@ def bold_by_outline(sheet):
     sheet.prose(LEFT, 100, FULL, CLOCK[0])
 
 
-@document
-def invisible_text_over_picture(sheet):
-    """A searchable scan: the picture shows the text, the text itself is drawn invisibly. It is the text of the page."""
-    sheet.canvas.drawImage(scan(MINUTES), 0, 0, 595, 842)
+def invisible_minutes(sheet):
     for x, y, line in MINUTES:
         text = sheet.canvas.beginText(x, sheet.height - y)
         text.setFont("Serif", 12)
         text.setTextRenderMode(3)
         text.textOut(line)
         sheet.canvas.drawText(text)
+
+
+@document
+def invisible_text_over_picture(sheet):
+    """A searchable scan: the picture shows the text, the text itself is drawn invisibly. It is the text of the page."""
+    sheet.canvas.drawImage(scan(MINUTES), 0, 0, 595, 842)
+    invisible_minutes(sheet)
+
+
+@document
+def searchable_scan_with_photo(sheet):
+    """Of the picture of the page, the photo stays; the rest of it is text."""
+    sheet.canvas.drawImage(scan(MINUTES, (LEFT, 200, 160, 120)), 0, 0, 595, 842)
+    invisible_minutes(sheet)
+
+
+@document
+def text_under_scan(sheet):
+    """A searchable scan whose text is drawn first and covered by the picture of the page."""
+    for x, y, line in MINUTES:
+        sheet.text(x, y, line, "Serif", 12)
+    sheet.canvas.drawImage(scan(MINUTES), 0, 0, 595, 842)
+
+
+@document
+def text_drawn_again_over_fill(sheet):
+    """A form that was filled in again: the old entry is covered by a white box, one line is drawn again on it."""
+    sheet.text(LEFT, 100, "Name: Thomas Hale")
+    sheet.text(LEFT, 114, "Ferry House")
+    sheet.rect(LEFT - 4, 86, 300, 34, fill="#ffffff")
+    sheet.text(LEFT, 100, "Name: Mary Dunn")
+    sheet.text(LEFT, 114, "Ferry House")
 
 
 @document

@@ -103,6 +103,12 @@ std::string change(const Run &from, const Run &to)
          was.italic == is.italic ? ""
          : is.italic             ? "italic"
                                  : "not italic",
+         was.underlined == is.underlined ? ""
+         : is.underlined                 ? "underlined"
+                                         : "not underlined",
+         was.struckThrough == is.struckThrough ? ""
+         : is.struckThrough                    ? "struck"
+                                               : "not struck",
          was.colour == is.colour ? ""
          : is.colour == black    ? "black"
                                  : colour(is.colour),
@@ -349,7 +355,7 @@ void dumpPage(const Page &page, Continuations &continuations, std::ostream &out)
 {
     out << "page " << page.number << " ["
         << joined(
-               {whole(page.width) + " x " + whole(page.height), page.scanned ? "scanned" : "",
+               {whole(page.width) + " x " + whole(page.height), page.scanned ? "scanned" : "", page.recognised ? "recognised" : "",
                 page.label.isEmpty() ? "" : "label " + visible(page.label),
                 page.content.isEmpty() ? "empty" : "content " + box(page.content),
                 page.background ? "needs its background as a picture" : ""},

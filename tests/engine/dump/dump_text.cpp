@@ -70,6 +70,7 @@ std::string styleText(const model::Style &style, const QString &link)
 {
     return joined(
         {visible(style.family), tenths(style.size), style.bold ? "bold" : "", style.italic ? "italic" : "",
+         style.underlined ? "underlined" : "", style.struckThrough ? "struck" : "",
          style.colour == black ? "" : colour(style.colour), link.isEmpty() ? "" : "link " + visible(link)},
         " ");
 }

@@ -20,8 +20,14 @@ bool isRightToLeft(const QString &text);
 /// right-to-left word keep their order. Other words are returned as they are.
 QString logicalWord(const QString &drawn);
 
+/// Exchanges opening and closing brackets of a word in reading order if it begins with a closing one or ends with an
+/// opening one: many programs store the brackets of right-to-left text as they are drawn, which is mirrored. A word
+/// without right-to-left letters must do both.
+QString uprightBrackets(const QString &text);
+
 /// Replaces presentation forms (Arabic letter shapes, ligatures such as fi and fl) by plain letters and removes control
-/// characters. Full-width characters are kept.
+/// characters. A soft hyphen that is drawn is visible: it becomes a hyphen.
+/// Full-width characters are kept.
 QString plainLetters(const QString &text);
 
 /// Converts the words of a line from left-to-right order to reading order for a line of that direction: sequences of

@@ -227,8 +227,9 @@ struct Page
     /// Where the picture of all but its text (PictureSource::background()) belongs, if something is painted on it that
     /// no rule, fill or figure of it shows: round frames, gradients, curves behind text. The whole page, unless moved.
     std::optional<Box> background;
-    bool scanned = false;          ///< the page is one picture, which is its only block
-    QString label;                 ///< as in RawPage
+    bool recognised = false; ///< some of its text was recognised in a scan; a copy of the page puts that over the text
+    bool scanned = false;    ///< the page is one picture, which is its only block
+    QString label;           ///< as in RawPage
     std::vector<Comment> comments; ///< of readers of the file
 };
 

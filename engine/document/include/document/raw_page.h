@@ -30,11 +30,12 @@ struct RawWord
     bool endsLine = true;  ///< it is the last word of a line of the PDF library, which is only a hint
     std::size_t index = 0; ///< in RawPage::words
     Style style;
+    bool hidden = false;   ///< it cannot be seen: drawn without paint, or under an image
     QString link;          ///< an address, or "#page=N" for a page of the same document; empty if there is none
     int content = -1;      ///< the piece of tagged content it is part of: a place in TagTree::contents; -1 for none
     bool artifact = false; ///< the file says that it is no content of the document: a page number, a running title
     const TaggedParagraph *tagged = nullptr; ///< set during the analysis where the tags are believed
-    bool inLabel = false; ///< likewise: part of the mark of a list item
+    bool inLabel = false;                    ///< likewise: part of the mark of a list item
 };
 
 /// A straight horizontal or vertical line, drawn as a stroke or as a thin filled rectangle.
@@ -71,7 +72,9 @@ struct Ink
 /// The position of a raster image.
 struct RawPicture
 {
-    Box box; ///< the visible part
+    Box box;           ///< the visible part
+    bool scan = false; ///< it shows the recognised text of the page, which replaces it
+    bool part = false; ///< a part of a scan that shows a picture rather than text
 };
 
 /// Everything one pass over a page finds.
@@ -85,6 +88,7 @@ struct RawPage
     std::vector<Fill> fills;
     std::vector<RawPicture> pictures; ///< drawings are found later, from the ink
     std::vector<Ink> ink;
+    bool recognised = false; ///< some of the words were recognised in a scan, which shows them (see resolveHiddenWords)
     QString label; ///< as printed on the page ("iv"), where the file says so and it is not the number; may be empty
     std::vector<Comment> comments;
 };

@@ -34,7 +34,8 @@ QString plainText(const std::vector<Run> &runs);
 QString plainText(const Paragraph &paragraph);
 QString plainText(const Line &line);
 
-/// Counts the letters and digits of text by their style. Super- and subscripts are not counted, because they are small.
+/// Counts the letters and digits of text by their style, whether underlined and struck through or not. Super- and
+/// subscripts are not counted, because they are small.
 class StyleCount
 {
 public:

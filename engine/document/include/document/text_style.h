@@ -17,6 +17,8 @@ struct Style
     double size = 10; ///< points
     bool bold = false;
     bool italic = false;
+    bool underlined = false;
+    bool struckThrough = false;
     bool fixedPitch = false;
     bool serif = false;
     Colour colour = black;

@@ -5,10 +5,10 @@
 
 #include <QString>
 
-namespace quorra::model {
+namespace quorra {
 
 /// Returns the language tag of the document, by which browsers choose the glyphs of ideographs, and screen readers the
 /// voice: that of the file, unless the script of most letters belongs to another language. Empty if neither is known.
-QString languageOf(const Document &document);
+QString languageOf(const model::Document &document);
 
-} // namespace quorra::model
+} // namespace quorra

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "document/language.h"
+#include "html_language.h"
 
 #include "document/page_walk.h"
 #include "document/text.h"
 
 #include <QChar>
 
-namespace quorra::model {
+namespace quorra {
 
 namespace {
 
@@ -59,13 +59,13 @@ void count(LetterCount &letters, QChar c)
     }
 }
 
-/// Returns the language of the script of most letters; empty if many languages use it.
-QString languageByScript(const Document &document)
+// The language that the script tells; empty when it is that of many languages.
+QString languageByScript(const model::Document &document)
 {
     LetterCount letters;
-    for (const Page &page : document.pages) {
-        forEachParagraph(page, [&letters](const Paragraph &paragraph) {
-            const QString text = plainText(paragraph);
+    for (const model::Page &page : document.pages) {
+        model::forEachParagraph(page, [&letters](const model::Paragraph &paragraph) {
+            const QString text = model::plainText(paragraph);
             for (const QChar c : text) {
                 count(letters, c);
             }
@@ -87,11 +87,11 @@ QString languageByScript(const Document &document)
 
 } // namespace
 
-QString languageOf(const Document &document)
+QString languageOf(const model::Document &document)
 {
     const QString byScript = languageByScript(document);
-    const QString &stated = document.facts.language;
-    return byScript.isEmpty() || stated.section(QLatin1Char('-'), 0, 0) == byScript ? stated : byScript;
+    const QString &told = document.facts.language;
+    return byScript.isEmpty() || told.section(QLatin1Char('-'), 0, 0) == byScript ? told : byScript;
 }
 
-} // namespace quorra::model
+} // namespace quorra
