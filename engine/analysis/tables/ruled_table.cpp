@@ -2,6 +2,7 @@
 #include "tables/ruled_table.h"
 
 #include "base/number.h"
+#include "base/statistics.h"
 #include "tables/grid_columns.h"
 #include "tables/lattice.h"
 #include "tables/unruled_table.h"
@@ -92,20 +93,43 @@ void placeWords(TableWords &found, const WordRefs &words)
     }
 }
 
-// Whether a row of the grid holds several rows of numbers, which no lines divide.
+// Whether a row of the grid holds several rows, which no lines divide: a cell has several numbers, one below the other,
+// beside another cell of several lines, or most cells have as many lines as the median one.
 bool holdsSeveralRows(const TableWords &found)
 {
-    std::vector<std::size_t> columns(static_cast<std::size_t>(found.table.rows()), 0);
+    struct Row
+    {
+        std::size_t numbers = 0;   // in the cell with most of them
+        std::size_t cells = 0;     // with several lines
+        std::vector<double> lines; // of each cell with text
+        std::size_t wrapped = 0;   // lines that begin in lower case
+    };
+    std::vector<Row> rows(static_cast<std::size_t>(found.table.rows()));
     for (std::size_t i = 0; i < found.words.size(); ++i) {
         const std::vector<TextLine> lines = textLinesOf(found.words[i]);
-        const bool numbers = lines.size() > 1 && std::all_of(lines.begin(), lines.end(), [](const TextLine &line) {
-                                 return looksNumeric(joinedText(line.words));
-                             });
-        if (numbers && ++columns[static_cast<std::size_t>(found.table.cells[i].row)] > 1) {
-            return true;
+        const auto numbers = static_cast<std::size_t>(std::count_if(
+            lines.begin(), lines.end(), [](const TextLine &line) { return looksNumeric(joinedText(line.words)); }));
+        Row &row = rows[static_cast<std::size_t>(found.table.cells[i].row)];
+        row.cells += lines.size() > 1 ? 1 : 0;
+        if (!lines.empty()) {
+            row.lines.push_back(static_cast<double>(lines.size()));
+            row.wrapped +=
+                static_cast<std::size_t>(std::count_if(lines.begin() + 1, lines.end(), [](const TextLine &line) {
+                    return line.words.front()->text.front().isLower();
+                }));
         }
+        row.numbers = 2 * numbers >= lines.size() ? std::max(row.numbers, numbers) : row.numbers;
     }
-    return false;
+    return std::any_of(rows.begin(), rows.end(), [](const Row &row) {
+        const double usual = median(row.lines);
+        const auto alike = std::count(row.lines.begin(), row.lines.end(), usual);
+        const double all = std::accumulate(row.lines.begin(), row.lines.end(), 0.0);
+        const bool wraps = static_cast<double>(row.wrapped) > thresholds.maxWrappedLines * all;
+        const bool equal =
+            !wraps && row.cells > 1 && usual >= thresholds.minLinesOfRows &&
+            static_cast<double>(alike) >= thresholds.minAlikeCells * static_cast<double>(row.lines.size());
+        return equal || (row.numbers > 1 && row.cells > 1);
+    });
 }
 
 // Whether most of the cells that run over the whole grid, or over several of its columns, have texts side by side.

@@ -81,8 +81,12 @@ bool TextGrid::isNextCell(const Piece &piece, const RawWord &word) const
         columnAt(body.centreX()) > columnAt(bodyOf(last).centreX())) {
         return true;
     }
-    return body.left - piece.box.right >= thresholds.minPieceGap * word.style.size &&
-           columnAt(body.left) > columnAt(piece.box.right - thresholds.edgeTolerance);
+    const double gap = (body.left - piece.box.right) / word.style.size;
+    const double wide = word.style.fixedPitch ? gridColumns::thresholds.minCellGap : gridColumns::thresholds.minWeakGap;
+    if (gap >= wide && columnAt(body.centreX()) > columnAt(bodyOf(last).centreX())) {
+        return true;
+    }
+    return gap >= thresholds.minPieceGap && columnAt(body.left) > columnAt(piece.box.right - thresholds.edgeTolerance);
 }
 
 void TextGrid::addPiece(GridRow &row, const Segment &segment) const
@@ -108,6 +112,14 @@ void TextGrid::addPiece(GridRow &row, const Segment &segment) const
             piece.span = 1;
         }
         Piece *last = row.pieces.empty() ? nullptr : &row.pieces.back();
+        const int middle = columnAt(piece.box.centreX());
+        if (last && last->end() > piece.column && columnAt(last->box.centreX()) < middle) {
+            // Each has its middle in a column of its own, and only reaches into the other's.
+            const int end = piece.column + piece.span;
+            last->span = std::max(1, std::min(last->end(), middle) - last->column);
+            piece.column = std::max(piece.column, last->end());
+            piece.span = std::max(1, end - piece.column);
+        }
         if (last && last->end() > piece.column) { // both reach into the column: one cell
             last->words.insert(last->words.end(), piece.words.begin(), piece.words.end());
             last->box = united(last->box, piece.box);
@@ -331,13 +343,14 @@ std::size_t TextGrid::linesBefore() const
 {
     std::size_t lines = 0;
     std::size_t words = 0;
+    const bool atLeft = m_grid.front().pieces.front().column == 0; // unlike headings without one of the first column
     while (lines + 1 < m_grid.size() && lines < thresholds.maxTitleLines &&
            m_grid[lines].pieces.size() <= thresholds.maxTitlePieces) {
         for (const Piece &piece : m_grid[lines].pieces) {
             words += piece.words.size();
         }
         if (m_ruleAfter[lines++]) {
-            if (words >= thresholds.minTitleWords) {
+            if (words >= thresholds.minTitleWords && atLeft) {
                 return lines;
             }
             break;
@@ -486,7 +499,7 @@ bool TextGrid::looksLikeTable() const
     const double gap = median(std::move(gaps));
     if (isRuled() && (numericShare >= thresholds.minNumeric ||
                       (wordsInPiece <= thresholds.maxWordsOfText && gap >= thresholds.minGapOfText))) {
-        return multi >= thresholds.minRowsOfNumbers;
+        return multi >= (numericShare >= thresholds.minNumeric ? thresholds.minRowsOfNumbers : thresholds.minRows);
     }
     if (numericShare >= thresholds.mostlyNumeric && columns() >= thresholds.minColumnsOfNumbers) {
         return multi >= thresholds.minRowsOfNumbers;

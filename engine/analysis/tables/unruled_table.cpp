@@ -72,27 +72,25 @@ bool continuesCell(const std::vector<Segment> &upper, const std::vector<Segment>
     return false;
 }
 
+bool linesUp(const Segment &a, const Segment &b)
+{
+    constexpr double same = textLines::thresholds.sameEdge;
+    return std::abs(a.box.left - b.box.left) <= same || std::abs(a.box.right - b.box.right) <= same ||
+           std::abs(a.box.centreX() - b.box.centreX()) <= same;
+}
+
 // Whether the lines have as many texts, each of which lines up with the one above it.
 bool isAligned(const std::vector<Segment> &upper, const std::vector<Segment> &lower)
 {
-    constexpr double same = textLines::thresholds.sameEdge;
-    return upper.size() == lower.size() &&
-           std::equal(upper.begin(), upper.end(), lower.begin(), [](const Segment &a, const Segment &b) {
-               return std::abs(a.box.left - b.box.left) <= same || std::abs(a.box.right - b.box.right) <= same ||
-                      std::abs(a.box.centreX() - b.box.centreX()) <= same;
-           });
+    return upper.size() == lower.size() && std::equal(upper.begin(), upper.end(), lower.begin(), linesUp);
 }
 
 // Whether each text of the lower line stands inside the column of one of the upper line, which is not the first.
 bool staysInCells(const std::vector<Segment> &upper, const std::vector<Segment> &lower)
 {
-    constexpr double same = textLines::thresholds.sameEdge;
     return std::all_of(lower.begin(), lower.end(), [&upper](const Segment &text) {
         for (std::size_t i = 1; i < upper.size(); ++i) {
-            const bool lined = std::abs(upper[i].box.left - text.box.left) <= same ||
-                               std::abs(upper[i].box.right - text.box.right) <= same ||
-                               std::abs(upper[i].box.centreX() - text.box.centreX()) <= same;
-            if (lined && text.box.left > upper[i - 1].box.right &&
+            if (linesUp(upper[i], text) && text.box.left > upper[i - 1].box.right &&
                 (i + 1 == upper.size() || text.box.right < upper[i + 1].box.left)) {
                 return true;
             }
