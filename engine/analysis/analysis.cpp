@@ -13,6 +13,7 @@
 #include "semantics/captions.h"
 #include "semantics/page_headers.h"
 #include "semantics/roles.h"
+#include "tags/alternatives.h"
 #include "tags/tag_checks.h"
 #include "tags/tag_use.h"
 #include "text_lines/leader_words.h"
@@ -54,8 +55,10 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach, cons
     document.pages.resize(pages.size());
     std::vector<int> rotations;
     std::vector<std::vector<Comment>> comments;
+    std::vector<std::vector<Alternative>> alternatives;
     for (RawPage &page : pages) {
         comments.push_back(std::move(page.comments));
+        alternatives.push_back(std::move(page.alternatives));
         page = sanitised(std::move(page));
         resolveHiddenWords(page);
         cutLeadersOff(page.words);
@@ -93,6 +96,7 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach, cons
         findFiguresBehindText(page);
         registerFigures(page, document);
         linkCaptions(page);
+        giveAlternatives(page, alternatives[i]);
         page.comments = std::move(comments[i]);
     }
     return document;

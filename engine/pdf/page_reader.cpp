@@ -18,9 +18,11 @@
 #include <QChar>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <iterator>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -153,11 +155,16 @@ public:
     const MarkedContent &contents() const { return m_contents; }
     DrawnCharacters &characters() { return m_characters; }
 
+    /// Around what is painted of each piece of content, text left out.
+    const std::map<int, Box> &painted() const { return m_painted; }
+
     /// Clears the results before the next page.
     model::RawPage &newPage(int pageNumber)
     {
         m_contents.beginPage(pageNumber);
         m_characters.clear();
+        m_painted.clear();
+        m_seen = {};
         m_marks = 0;
         m_page = {};
         return m_page;
@@ -215,8 +222,16 @@ public:
     bool useTilingPatternFill() override { return true; }
     bool useShadedFills(int /*type*/) override { return true; }
 
-    void beginMarkedContent(const char *name, Dict *properties) override { m_contents.begin(name, properties); }
-    void endMarkedContent(GfxState * /*state*/) override { m_contents.end(); }
+    void beginMarkedContent(const char *name, Dict *properties) override
+    {
+        takePainted();
+        m_contents.begin(name, properties);
+    }
+    void endMarkedContent(GfxState * /*state*/) override
+    {
+        takePainted();
+        m_contents.end();
+    }
     void beginForm(Ref id) override { m_contents.beginForm(id.num); }
     void endForm(Ref /*id*/) override { m_contents.endForm(); }
 
@@ -375,6 +390,23 @@ private:
         GfxBlendMode groupBlend = gfxBlendNormal;
         GfxBlendMode outerBlend = gfxBlendNormal;
     };
+
+    /// Adds what was painted since the last call to the piece of content that it belongs to.
+    void takePainted()
+    {
+        const int content = m_contents.current();
+        const auto take = [&](const auto &marks, std::size_t &seen) {
+            for (std::size_t i = seen; i < marks.size() && content >= 0; ++i) {
+                m_painted[content] = united(m_painted[content], marks[i].box);
+            }
+            seen = marks.size();
+        };
+        if (m_contents.isUsed()) {
+            take(m_page.pictures, m_seen[0]);
+            take(m_page.fills, m_seen[1]);
+            take(m_page.ink, m_seen[2]);
+        }
+    }
 
     static bool isUnseen(double opacity) { return opacity < thresholds.minOpacity; }
 
@@ -552,6 +584,8 @@ private:
     MarkedContent m_contents;
     DrawnCharacters m_characters;
     int m_maskedImages = 0; ///< images that are drawn with a mask
+    std::map<int, Box> m_painted;
+    std::array<std::size_t, 3> m_seen{}; ///< how many pictures, fills and pieces of ink have been taken
     std::size_t m_marks = 0;
 };
 
@@ -591,18 +625,19 @@ struct PageCollector::State
 {
     PdfFile &file;
     Collect what;
+    const Structure *structure;
     Collector device;
 };
 
 PageCollector::PageCollector(PdfFile &file, Collect what, const Structure *structure)
-    : m_state(new State{file, what, Collector(what == Collect::Everything, structure)})
+    : m_state(new State{file, what, structure, Collector(what == Collect::Everything, structure)})
 {}
 
 PageCollector::~PageCollector() = default;
 
 model::RawPage PageCollector::collect(int pageNumber)
 {
-    auto &[file, what, device] = *m_state;
+    auto &[file, what, structure, device] = *m_state;
     const PageSize size = file.pageSize(pageNumber);
     PDFDoc &doc = *file.handles().doc;
     const PageTime time(pageNumber);
@@ -627,6 +662,11 @@ model::RawPage PageCollector::collect(int pageNumber)
         }
         applyLinks(doc, pageNumber, page);
         readPageNotes(doc, pageNumber, page);
+        for (const auto &[content, box] : device.painted()) {
+            if (QString text = structure->alternativeOf(content); !text.isEmpty()) {
+                page.alternatives.push_back({box, std::move(text)});
+            }
+        }
     }
     return std::move(page);
 }

@@ -96,6 +96,15 @@ int Structure::contentOf(int page, int form, int id) const
     return found == streams.end() ? -1 : found->second;
 }
 
+QString Structure::alternativeOf(int content) const
+{
+    int tag = content < 0 ? -1 : static_cast<int>(tree.contents[static_cast<std::size_t>(content)]);
+    while (tag >= 0 && tree.tags[static_cast<std::size_t>(tag)].alternative.isEmpty()) {
+        tag = tree.tags[static_cast<std::size_t>(tag)].parent;
+    }
+    return tag < 0 ? QString() : tree.tags[static_cast<std::size_t>(tag)].alternative;
+}
+
 /// Walks the tree with a stack of its own, so that no file can exhaust the program's. The PDF library's own reader of
 /// structure trees is recursive, and drops elements whose names it does not know with all that is in them.
 class StructureReader

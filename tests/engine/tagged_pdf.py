@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Writes tagged PDF files from a tree of elements, each a tuple (role, children...) or (role, {attributes}, children...).
 A child that is text is drawn on lines of its own; its place is the cursor's, which a child that is a number moves down
-and a child (x, y) sets.
+and a child (x, y) or (x, y, size) sets. A child of bytes is drawn as it is.
 """
 from hand_pdf import HandPdf, line
 
@@ -41,11 +41,14 @@ class TaggedPdf:
         self.elements += [self._element(each, self.document) for each in elements]
 
     def _text(self, text):
-        self._content += b"/Span<</MCID %d>>BDC\n" % self._count
+        drawn = b""
         for each in text.split("\n"):
-            self._content += line(self._x, self._y, each, self._size)
+            drawn += line(self._x, self._y, each, self._size)
             self._y -= LEADING
-        self._content += b"EMC\n"
+        return self._marked(drawn)
+
+    def _marked(self, drawn):
+        self._content += b"/Span<</MCID %d>>BDC\n%sEMC\n" % (self._count, drawn)
         self._count += 1
         return b"<</Type/MCR/Pg %d 0 R/MCID %d>>" % (self._page, self._count - 1)
 
@@ -56,6 +59,8 @@ class TaggedPdf:
         for child in children:
             if isinstance(child, str):
                 kids.append(self._text(child))
+            elif isinstance(child, bytes):
+                kids.append(self._marked(child))
             elif isinstance(child, (int, float)):
                 self._y -= child
             elif isinstance(child[0], str):

@@ -192,7 +192,9 @@ Paragraph makeParagraph(std::vector<Line> lines, const Box &column, const Paragr
     if (tag.paragraph) {
         setRole(paragraph, tag);
     }
-    if (!tag.paragraph || (paragraph.role == Role::Body && isBullet(paragraph.lines.front().words.front().text))) {
+    const bool guess =
+        !tag.paragraph || !tag.paragraph->listsTold || isBullet(paragraph.lines.front().words.front().text);
+    if (paragraph.role == Role::Body && guess) {
         takeListMark(paragraph);
     }
     finishLines(paragraph.lines, isFixedPitch(paragraph.lines), paragraph.listItem.has_value());

@@ -110,7 +110,7 @@ std::vector<double> headingSizes(Document &document, double body)
     std::vector<double> sizes;
     forEachBodyParagraph(document, [&](const Page &, const Paragraph &paragraph) {
         const double size = sizeOf(paragraph);
-        if (paragraph.role == Role::Body && !paragraph.tag && size > thresholds.minHeadingSize * body &&
+        if (paragraph.role == Role::Body && !paragraph.headingTold && size > thresholds.minHeadingSize * body &&
             isHeadingLike(paragraph, plainText(paragraph))) {
             sizes.push_back(size);
         }
@@ -139,7 +139,7 @@ void assignRole(const Page &page, Paragraph &paragraph, double body, const std::
         paragraph.role = Role::Caption;
         return;
     }
-    if (!paragraph.tag && isHeadingLike(paragraph, text)) {
+    if (!paragraph.headingTold && isHeadingLike(paragraph, text)) {
         if (size > thresholds.minHeadingSize * body) {
             const auto rank = std::find_if(
                 ranks.begin(), ranks.end(), [size](double r) { return size >= thresholds.sameHeadingSize * r; });
@@ -180,7 +180,7 @@ void assignListLevels(Document &document)
                 if (lefts.empty() || left > lefts.back() + thresholds.listLevelIndent) {
                     lefts.push_back(left);
                 }
-                if (!paragraph->tag) {
+                if (!paragraph->listItem->told) {
                     paragraph->listItem->level = static_cast<int>(lefts.size()) - 1;
                 }
             }

@@ -103,10 +103,14 @@ bool areMixed(const std::vector<Piece> &pieces)
     std::sort(words.begin(), words.end(), [](const Placed &a, const Placed &b) { return a.y < b.y; });
     const auto most = static_cast<std::size_t>(thresholds.maxForeign * static_cast<double>(words.size())) + 1;
     std::size_t foreign = 0;
+    std::size_t steps = 0;
     for (const Piece &piece : pieces) {
         auto word = std::lower_bound(
             words.begin(), words.end(), piece.box.top, [](const Placed &each, double y) { return each.y < y; });
         for (; word != words.end() && word->y < piece.box.bottom && foreign <= most; ++word) {
+            if (++steps > thresholds.maxSteps) {
+                return true;
+            }
             const bool inside = word->x > piece.box.left && word->x < piece.box.right;
             foreign += inside && word->paragraph != piece.paragraph ? 1 : 0;
         }

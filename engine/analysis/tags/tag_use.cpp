@@ -268,6 +268,7 @@ ParagraphTag tagOf(const std::vector<TextLine> &lines)
 void setRole(Paragraph &paragraph, const ParagraphTag &tag)
 {
     paragraph.tag = tag.paragraph->number;
+    paragraph.headingTold = tag.paragraph->headingsTold;
     paragraph.role = roleOf(*tag.paragraph);
     paragraph.headingLevel = paragraph.role == Role::Heading ? tag.paragraph->level : 0;
     Line &first = paragraph.lines.front();
@@ -276,7 +277,7 @@ void setRole(Paragraph &paragraph, const ParagraphTag &tag)
         joinWords(first, tag.labelWords);
         const QString &mark = first.words.front().text;
         paragraph.role = Role::ListItem;
-        paragraph.listItem = ListItem{mark, counts(mark), tag.paragraph->level};
+        paragraph.listItem = ListItem{mark, counts(mark), tag.paragraph->level, true};
     }
 }
 

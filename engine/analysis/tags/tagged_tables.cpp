@@ -50,6 +50,9 @@ struct Line
 std::vector<Line> linesOf(const std::vector<Rule> &rules, bool horizontal)
 {
     std::vector<Line> lines;
+    if (rules.size() > thresholds.maxLines) {
+        return lines;
+    }
     lines.reserve(rules.size());
     for (const Rule &rule : rules) {
         lines.push_back(

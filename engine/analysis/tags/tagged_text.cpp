@@ -239,6 +239,16 @@ TaggedText taggedText(const TagTree &tree)
     for (const std::size_t tag : tree.contents) {
         text.contents.push_back(finder.contentOf(tag));
     }
+    const auto has = [&text](TagRole role) {
+        return std::any_of(
+            text.paragraphs.begin(), text.paragraphs.end(), [role](const auto &each) { return each.role == role; });
+    };
+    const bool headings = has(TagRole::Heading);
+    const bool lists = has(TagRole::ListItem);
+    for (TaggedParagraph &paragraph : text.paragraphs) {
+        paragraph.headingsTold = headings;
+        paragraph.listsTold = lists;
+    }
     return text;
 }
 

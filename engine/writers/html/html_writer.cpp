@@ -239,7 +239,9 @@ private:
     {
         const model::EncodedPicture encoded = m_pictures.encode(figure, model::DrawingWords::InPicture);
         if (!encoded.bytes.isEmpty()) {
-            const QString alt = page.scanned ? QStringLiteral("Page %1").arg(page.number) : QString();
+            const QString alt = !figure.alternative.isEmpty() ? xmlText(figure.alternative)
+                                : page.scanned                ? QStringLiteral("Page %1").arg(page.number)
+                                                              : QString();
             writeHtmlFigure(m_xml, encoded, figure, alt, centred);
             return;
         }

@@ -132,6 +132,7 @@ private:
         } else {
             m_xml.writeEmptyElement(QStringLiteral("picture"));
             box(block.box());
+            text("alternative", block.figure()->alternative);
             for (const Paragraph &label : block.figure()->labels) {
                 writeParagraph(label);
             }

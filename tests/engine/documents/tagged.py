@@ -80,6 +80,20 @@ def tagged_order():
 
 
 @written
+def tagged_figures():
+    """Two drawings, one of which has a text to be read in its place."""
+    pdf = TaggedPdf()
+    pdf.add(("P", WEATHER[0]))
+    for number, x in enumerate((72, 320)):
+        waves = b"".join(b"%d %d m %d %d %d %d %d %d c S\n" % (x, y, x + 40, y + 60, x + 80, y - 60, x + 120, y)
+                         for y in range(620, 700, 8))
+        alternative = {"Alt": b"(The river seen from the tower)"} if number == 0 else {}
+        pdf.add(("Figure", alternative, waves))
+    pdf.add(("P", (72, 560), WEATHER[1]))
+    return pdf.bytes()
+
+
+@written
 def tagged_notes_and_edges():
     """A footnote, a running title and a page number of a single page, and a stamp beside the text that is no content."""
     pdf = TaggedPdf()

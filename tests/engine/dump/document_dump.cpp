@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document_dump.h"
 
+#include "document/page_walk.h"
 #include "document/text.h"
 #include "dump_text.h"
 
@@ -317,7 +318,11 @@ void dumpBlock(const Block &block, Continuations &continuations, const std::stri
         dumpTable(*table, margin, out);
     } else if (const Figure *figure = block.figure()) {
         out << margin << name(figure->kind) << " " << number(figure->id) << " ["
-            << joined({box(figure->box), figure->behindText ? "behind text" : ""}, "; ") << "]\n";
+            << joined(
+                   {box(figure->box), figure->behindText ? "behind text" : "",
+                    figure->alternative.isEmpty() ? "" : "alternative " + visible(figure->alternative)},
+                   "; ")
+            << "]\n";
         for (const Paragraph &label : figure->labels) {
             out << margin << "  ";
             dumpParagraph(label, "labels", {}, out);
@@ -351,12 +356,19 @@ void dumpAll(const std::vector<Paragraph> &paragraphs, const std::string &what, 
     }
 }
 
+bool isTagged(const Page &page)
+{
+    bool tagged = false;
+    forEachParagraph(page, [&tagged](const Paragraph &paragraph) { tagged = tagged || paragraph.tag; });
+    return tagged;
+}
+
 void dumpPage(const Page &page, Continuations &continuations, std::ostream &out)
 {
     out << "page " << page.number << " ["
         << joined(
                {whole(page.width) + " x " + whole(page.height), page.scanned ? "scanned" : "", page.recognised ? "recognised" : "",
-                page.label.isEmpty() ? "" : "label " + visible(page.label),
+                page.label.isEmpty() ? "" : "label " + visible(page.label), isTagged(page) ? "tags believed" : "",
                 page.content.isEmpty() ? "empty" : "content " + box(page.content),
                 page.background ? "needs its background as a picture" : ""},
                "; ")

@@ -70,6 +70,7 @@ struct ListItem
     QString mark;         ///< "•", "3.", "(a)": as on the page
     bool ordered = false; ///< the mark is a number or a letter
     int level = 0;        ///< 0 for the outermost list
+    bool told = false;    ///< by the file's tags
 };
 
 /// Identifies a figure of a document: its index in Document::figures.
@@ -115,13 +116,14 @@ struct Paragraph
     double lineDistance = 0;    ///< baseline to baseline; 0 if there is only one line
     Box box;
     bool rightToLeft = false;
-    int rotation = 0;                  ///< as in Word
-    std::vector<TabStop> tabStops;     ///< one for each of its tabs, in order
-    int dropCapLines = 0;              ///< height in lines of the drop cap that its first word is; 0 for none
-    std::optional<ListItem> listItem;  ///< set for list items
-    std::optional<NoteId> note;        ///< set for a note that a mark in the text refers to; begins with its mark
+    int rotation = 0;                 ///< as in Word
+    std::vector<TabStop> tabStops;    ///< one for each of its tabs, in order
+    int dropCapLines = 0;             ///< height in lines of the drop cap that its first word is; 0 for none
+    std::optional<ListItem> listItem; ///< set for list items
+    std::optional<NoteId> note;       ///< set for a note that a mark in the text refers to; begins with its mark
     /// Which paragraph of the file's tags it is, or a part of; set where the tags say what it is.
     std::optional<std::size_t> tag;
+    bool headingTold = false;          ///< the file's tags tell whether it is a heading
     std::optional<FigureId> captionOf; ///< set for captions whose figure is known
     ParagraphBorder borderAbove;
     ParagraphBorder borderBelow;
@@ -175,6 +177,7 @@ struct Figure
     Box box; ///< its position; its picture is the region in Document::figures
     FigureKind kind = FigureKind::Image;
     FigureId id = {};
+    QString alternative;           ///< what is read aloud in its place, where the file says so
     bool behindText = false;       ///< there is text on it that does not belong to it
     std::vector<Paragraph> labels; ///< the text inside a drawing, which is also visible in its picture
 };

@@ -77,6 +77,13 @@ struct RawPicture
     bool part = false; ///< a part of a scan that shows a picture rather than text
 };
 
+/// What is read aloud in place of a figure.
+struct Alternative
+{
+    Box box; ///< around what is painted of the figure
+    QString text;
+};
+
 /// Everything one pass over a page finds.
 struct RawPage
 {
@@ -91,6 +98,7 @@ struct RawPage
     bool recognised = false; ///< some of the words were recognised in a scan, which shows them (see resolveHiddenWords)
     QString label; ///< as printed on the page ("iv"), where the file says so and it is not the number; may be empty
     std::vector<Comment> comments;
+    std::vector<Alternative> alternatives;
 };
 
 } // namespace quorra::model

@@ -17,6 +17,9 @@ public:
     /// object number of the form that the content is part of, 0 for the page's own content.
     int contentOf(int page, int form, int id) const;
 
+    /// What is read aloud in place of the figure or formula that the piece of content belongs to; empty for none.
+    QString alternativeOf(int content) const;
+
     model::TagTree tree;
 
 private:
