@@ -312,21 +312,25 @@ std::map<const RawWord *, std::size_t> cellsOf(const TableWords &table)
     return cells;
 }
 
-/// Whether both tables put the same words into cells together.
-bool haveSameCells(const TableWords &a, const TableWords &b)
+/// Whether both tables have the same grid and nearly all words at the same places of it.
+bool agree(const TableWords &drawn, const TableWords &tagged)
 {
-    const auto inA = cellsOf(a);
-    const auto inB = cellsOf(b);
-    std::map<std::size_t, std::size_t> pairs;
-    std::map<std::size_t, std::size_t> back;
-    for (const auto &[word, cell] : inA) {
-        const auto other = inB.find(word);
-        if (other == inB.end() || pairs.emplace(cell, other->second).first->second != other->second ||
-            back.emplace(other->second, cell).first->second != cell) {
-            return false;
+    if (drawn.table.rows() != tagged.table.rows() || drawn.table.columns() != tagged.table.columns()) {
+        return false;
+    }
+    const auto inDrawn = cellsOf(drawn);
+    const auto inTagged = cellsOf(tagged);
+    std::size_t same = 0;
+    for (const auto &[word, cell] : inTagged) {
+        const auto other = inDrawn.find(word);
+        if (other != inDrawn.end()) {
+            const Cell &a = tagged.table.cells[cell];
+            const Cell &b = drawn.table.cells[other->second];
+            same += a.row == b.row && a.column == b.column ? 1 : 0;
         }
     }
-    return inA.size() == inB.size() && a.table.rows() == b.table.rows() && a.table.columns() == b.table.columns();
+    return static_cast<double>(same) >=
+           thresholds.minSameWords * static_cast<double>(std::max(inDrawn.size(), inTagged.size()));
 }
 
 bool shareWords(const TableWords &a, const TableWords &b)
@@ -354,9 +358,9 @@ void useTaggedTables(
         if (!own) {
             continue;
         }
-        const auto drawn = std::find_if(
-            tables.begin(), tables.end(), [&own](const TableWords &each) { return haveSameCells(each, *own); });
-        if (drawn != tables.end()) { // its lines say more about its edges
+        const auto drawn =
+            std::find_if(tables.begin(), tables.end(), [&own](const TableWords &each) { return agree(each, *own); });
+        if (drawn != tables.end()) { // its lines say more about its edges, and where text of two cells is tagged as one
             drawn->headRows = own->headRows;
             continue;
         }

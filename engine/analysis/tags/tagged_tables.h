@@ -17,6 +17,7 @@ struct Thresholds
     double minCoveredSide = 0.55; ///< share of a cell's side that lines must cover to be its border
     double maxPlaces = 10'000;    ///< rows times columns on a page; nobody can read more
     std::size_t maxLines = 3'000; ///< of one direction; more are a drawing, and would take too long to compare
+    double minSameWords = 0.9;    ///< share of the words at the same place of the grid that lines draw
     double maxAcross = 0.3;       ///< share of a table's words in paragraphs that run over its columns
 };
 

@@ -69,6 +69,23 @@ def tagged_table():
 
 
 @written
+def tagged_table_with_lines():
+    """The lines divide two cells of the last row whose texts stand in one cell of the tags; the head is told by the tags."""
+    pdf = TaggedPdf()
+    xs, ys = (70, 170, 270, 370), [720 - 20 * row for row in range(9)]
+    lines = [(x, ys[0], x, ys[-1]) for x in xs] + [(xs[0], y, xs[-1], y) for y in ys]
+    pdf.draw(b"".join(b"%d %d m %d %d l S\n" % each for each in lines))
+    rows = [("TR", *[("TH" if row == 0 else "TD", ("P", (x + 4, 706 - 20 * row), text)) for x, text in zip(xs, texts)])
+            for row, texts in enumerate([("Ship", "Port", "Master"), ("Ann", "Welby", "Hale"), ("Bee", "Oldham", "Dunn"),
+                                         ("Cod", "Welby", "Holm"), ("Dab", "Reach", "Marsh"), ("Eel", "Welby", "Hale"),
+                                         ("Fry", "Oldham", "Dunn")])]
+    rows.append(("TR", ("TD", ("P", (74, 566), "Gull")),
+                 ("TD", {"A": b"<</O/Table/ColSpan 2>>"}, ("P", (174, 566), "Welby", (274, 566), "Marsh"))))
+    pdf.add(("Table", *rows))
+    return pdf.bytes()
+
+
+@written
 def tagged_order():
     """Two columns of short lines, which only the tags tell from a table, and a remark between them that is read last."""
     pdf = TaggedPdf()
