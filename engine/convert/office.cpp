@@ -54,6 +54,7 @@ void convertThroughOffice(
         fitToOptions(document, options);
         reduceColours(document, options.colourDepth);
         OdfFile file(kind, QString::fromStdString(source));
+        file.describe(document);
         write(file, document, pictures);
         file.finish();
     }

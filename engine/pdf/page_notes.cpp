@@ -8,6 +8,8 @@
 #include <PDFDoc.h>
 #include <Page.h>
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -40,6 +42,18 @@ bool isHidden(const Object &annotation)
     constexpr unsigned invisibleFlags = 1U << 1U | 1U << 5U; // "Hidden" and "NoView"
     const Object flags = annotation.dictLookup("F");
     return flags.isInt() && (static_cast<unsigned>(flags.getInt()) & invisibleFlags) != 0;
+}
+
+/// Parses a date such as "D:20261122051500+01'00'". The offset is left out: the result is the time of the author.
+QDateTime dateOf(const QString &text)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral("^D:(\\d{4})(\\d{2})(\\d{2})(?:(\\d{2})(\\d{2})(\\d{2})?)?"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    const auto number = [&match](int group) { return match.captured(group).toInt(); };
+    const QDate day(number(1), number(2), number(3));
+    return match.hasMatch() && day.isValid() ? QDateTime(day, QTime(number(4), number(5), number(6)), Qt::UTC)
+                                             : QDateTime();
 }
 
 Box boxOf(const Page &page, const Object &annotation)
@@ -81,6 +95,7 @@ void readPageNotes(PDFDoc &doc, int pageNumber, model::RawPage &page)
         if (!comment.text.isEmpty()) {
             comment.box = boxOf(*source, annotation);
             comment.author = textString(annotation.dictLookup("T")).simplified().left(limits.commentLength);
+            comment.date = dateOf(textString(annotation.dictLookup("M")));
             page.comments.push_back(std::move(comment));
         }
     }

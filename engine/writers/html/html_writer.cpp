@@ -2,8 +2,8 @@
 #include "html/html_writer.h"
 
 #include "base/xml_text.h"
+#include "document/language.h"
 #include "document/page_walk.h"
-#include "html_language.h"
 #include "html_paragraph.h"
 #include "html_picture.h"
 #include "html_style.h"
@@ -99,7 +99,7 @@ private:
     {
         const XmlElement html(m_xml, QStringLiteral("html"));
         m_xml.writeDefaultNamespace(QStringLiteral("http://www.w3.org/1999/xhtml"));
-        const QString language = languageOf(m_document);
+        const QString language = model::languageOf(m_document);
         if (!language.isEmpty()) {
             m_xml.writeAttribute(QStringLiteral("lang"), language);
         }

@@ -17,6 +17,7 @@ std::vector<UnbreakableText> unbreakableTexts(const model::Paragraph &paragraph,
             texts.back().characters += static_cast<double>(word.text.size());
             const bool endsLine = i + 1 == line.words.size();
             joins = endsLine ? word.separator == model::Separator::Hyphen : !word.spaceAfter();
+            texts.back().endsLine = word.separator == model::Separator::LineBreak;
         }
     }
     return texts;
@@ -31,9 +32,13 @@ int countLines(const std::vector<UnbreakableText> &texts, const LineStrip &strip
         const double width = text.width + text.characters * strip.letterSpacing;
         const double end = at + (empty ? 0 : text.spaceBefore + strip.letterSpacing) + width;
         const bool wraps = !empty && end > strip.width;
-        lines += wraps ? 1 : 0;
+        const bool breaks = text.endsLine && &text != &texts.back();
+        lines += (wraps ? 1 : 0) + (breaks ? 1 : 0);
         at = wraps ? strip.otherIndent + width : end;
-        empty = false;
+        if (breaks) {
+            at = strip.otherIndent;
+        }
+        empty = breaks;
     }
     return lines;
 }

@@ -3,7 +3,12 @@
 
 #include "base/failure.h"
 #include "base/xml_element.h"
+#include "base/xml_text.h"
+#include "document/language.h"
 
+#include <QStringList>
+
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -29,7 +34,7 @@ const KindRow &rowOf(OdfKind kind)
     return rows[static_cast<std::size_t>(kind)];
 }
 
-constexpr std::array<std::array<QLatin1String, 2>, 10> namespaces = {{
+constexpr std::array<std::array<QLatin1String, 2>, 12> namespaces = {{
     {QLatin1String("xmlns:office"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:office:1.0")},
     {QLatin1String("xmlns:style"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:style:1.0")},
     {QLatin1String("xmlns:text"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:text:1.0")},
@@ -39,6 +44,8 @@ constexpr std::array<std::array<QLatin1String, 2>, 10> namespaces = {{
     {QLatin1String("xmlns:svg"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0")},
     {QLatin1String("xmlns:number"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:datastyle:1.0")},
     {QLatin1String("xmlns:xlink"), QLatin1String("http://www.w3.org/1999/xlink")},
+    {QLatin1String("xmlns:dc"), QLatin1String("http://purl.org/dc/elements/1.1/")},
+    {QLatin1String("xmlns:meta"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:meta:1.0")},
     {QLatin1String("xmlns:loext"),
      QLatin1String("urn:org:documentfoundation:names:experimental:office:xmlns:loext:1.0")},
 }};
@@ -65,20 +72,61 @@ Element headingStyle(int level)
         {}};
 }
 
+/// Returns the attributes for text in the language of this tag; none for an empty tag. ODF has three sets of
+/// attributes, for Asian scripts, scripts with complex layout, and all others.
+Attributes languageAttributes(const QString &tag)
+{
+    static const QStringList asian = {u"ja"_s, u"ko"_s, u"zh"_s};
+    static const QStringList complex = {u"ar"_s, u"bn"_s, u"dv"_s, u"fa"_s, u"gu"_s, u"he"_s, u"hi"_s, u"km"_s,
+                                        u"kn"_s, u"lo"_s, u"ml"_s, u"mr"_s, u"my"_s, u"ne"_s, u"pa"_s, u"ps"_s,
+                                        u"ta"_s, u"te"_s, u"th"_s, u"ug"_s, u"ur"_s, u"yi"_s};
+    constexpr qsizetype countryLength = 2;
+    const QStringList parts = tag.split(u'-');
+    const QString language = parts.front().toLower();
+    if (language.isEmpty()) {
+        return {};
+    }
+    const auto country =
+        std::find_if(parts.begin() + 1, parts.end(), [](const QString &part) { return part.size() == countryLength; });
+    const QString countryName = country == parts.end() ? u"none"_s : country->toUpper();
+    if (asian.contains(language)) {
+        return {{"style:language-asian"_L1, language}, {"style:country-asian"_L1, countryName}};
+    }
+    if (complex.contains(language)) {
+        return {{"style:language-complex"_L1, language}, {"style:country-complex"_L1, countryName}};
+    }
+    return {{"fo:language"_L1, language}, {"fo:country"_L1, countryName}};
+}
+
+/// Returns the default style of a family, which sets the language; nothing if it is not known.
+std::vector<Element> defaultStyles(QLatin1String family, const Attributes &language)
+{
+    if (language.empty()) {
+        return {};
+    }
+    return {{"style:default-style"_L1, {{"style:family"_L1, family}}, {{"style:text-properties"_L1, language}}}};
+}
+
 /// Returns the fixed styles that automatic ones are based on. Without "Frame" and "Graphics", word processors treat
 /// frames and pictures as drawing shapes; without "standard", the size of a slide is ignored.
-std::vector<Element> fixedStyles(OdfKind kind)
+std::vector<Element> fixedStyles(OdfKind kind, const QString &language)
 {
+    Attributes textProperties = {{"fo:hyphenate"_L1, u"false"_s}};
+    const Attributes languageProperties = languageAttributes(language);
+    textProperties.insert(textProperties.end(), languageProperties.begin(), languageProperties.end());
+    // Without two orphans and widows, LibreOffice does not balance the columns of almost full pages, and an empty page
+    // follows them.
     const Element plainParagraph{
         "style:default-style"_L1,
         {{"style:family"_L1, u"paragraph"_s}},
         {{"style:paragraph-properties"_L1,
-          {{"fo:orphans"_L1, u"0"_s}, {"fo:widows"_L1, u"0"_s}, {"style:tab-stop-distance"_L1, u"36pt"_s}},
+          {{"fo:orphans"_L1, u"2"_s}, {"fo:widows"_L1, u"2"_s}, {"style:tab-stop-distance"_L1, u"36pt"_s}},
           {}},
-         {"style:text-properties"_L1, {{"fo:hyphenate"_L1, u"false"_s}}, {}}}};
+         {"style:text-properties"_L1, textProperties}}};
+    std::vector<Element> styles;
     switch (kind) {
     case OdfKind::Text:
-        return {
+        styles = {
             plainParagraph,
             namedStyle("Standard"_L1, "paragraph"_L1),
             headingStyle(1),
@@ -89,14 +137,19 @@ std::vector<Element> fixedStyles(OdfKind kind)
             namedStyle("Footer"_L1, "paragraph"_L1, {{"style:parent-style-name"_L1, u"Standard"_s}}),
             namedStyle("Frame"_L1, "graphic"_L1),
             namedStyle("Graphics"_L1, "graphic"_L1)};
+        break;
     case OdfKind::Presentation:
-        return {namedStyle(
+        styles = defaultStyles("graphic"_L1, languageProperties);
+        styles.push_back(namedStyle(
             "standard"_L1, "graphic"_L1, {},
-            {{"style:graphic-properties"_L1, {{"draw:stroke"_L1, u"none"_s}, {"draw:fill"_L1, u"none"_s}}, {}}})};
+            {{"style:graphic-properties"_L1, {{"draw:stroke"_L1, u"none"_s}, {"draw:fill"_L1, u"none"_s}}, {}}}));
+        break;
     case OdfKind::Spreadsheet:
-        return {namedStyle("Default"_L1, "table-cell"_L1)};
+        styles = defaultStyles("table-cell"_L1, languageProperties);
+        styles.push_back(namedStyle("Default"_L1, "table-cell"_L1));
+        break;
     }
-    return {};
+    return styles;
 }
 
 [[noreturn]] void fail(const QFileDevice &file)
@@ -129,7 +182,35 @@ OdfFile::OdfFile(OdfKind kind, const QString &path) : m_kind(kind), m_path(path)
     m_masters.setDevice(&m_masterBuffer);
 }
 
-void OdfFile::writeHead(QXmlStreamWriter &xml) const
+void OdfFile::describe(const model::Document &document)
+{
+    const model::FileFacts &facts = document.facts;
+    m_metadata.clear();
+    const auto add = [this](QLatin1String name, const QString &text) {
+        if (!text.isEmpty()) {
+            m_metadata.push_back({name, {}, {}, xmlText(text)});
+        }
+    };
+    add("dc:title"_L1, facts.title);
+    add("dc:subject"_L1, facts.subject);
+    add("meta:keyword"_L1, facts.keywords);
+    add("meta:initial-creator"_L1, facts.author);
+    m_language = model::languageOf(document);
+    add("dc:language"_L1, m_language);
+}
+
+void OdfFile::writeMetadata(QXmlStreamWriter &xml) const
+{
+    if (m_metadata.empty()) {
+        return;
+    }
+    const XmlElement metadata(xml, "office:meta"_L1);
+    for (const Element &element : m_metadata) {
+        writeElement(xml, element);
+    }
+}
+
+void OdfFile::writeStyles(QXmlStreamWriter &xml) const
 {
     {
         const XmlElement fonts(xml, "office:font-face-decls"_L1);
@@ -137,7 +218,7 @@ void OdfFile::writeHead(QXmlStreamWriter &xml) const
     }
     {
         const XmlElement styles(xml, "office:styles"_L1);
-        for (const Element &style : fixedStyles(m_kind)) {
+        for (const Element &style : fixedStyles(m_kind, m_language)) {
             writeElement(xml, style);
         }
     }
@@ -153,7 +234,8 @@ void OdfFile::writeDocument(QXmlStreamWriter &xml, QFile &file)
     }
     xml.writeAttribute("office:version"_L1, u"1.3"_s);
     xml.writeAttribute("office:mimetype"_L1, rowOf(m_kind).mimeType);
-    writeHead(xml);
+    writeMetadata(xml);
+    writeStyles(xml);
     // An empty text closes the start tag, so that the parts written earlier can be appended.
     {
         const XmlElement masters(xml, "office:master-styles"_L1);

@@ -124,7 +124,7 @@ Attributes paragraphProperties(const model::Paragraph &paragraph, const Paragrap
     return properties;
 }
 
-// Positions count from the paragraph's indent.
+/// Returns a tab stop. ODF positions are relative to the indent of the paragraph.
 Element tabStop(const model::TabStop &stop, double indent)
 {
     const bool centred = stop.alignment == model::Alignment::Centre;
@@ -155,7 +155,7 @@ std::vector<Element> tabStops(const model::Paragraph &paragraph)
     return stops.children.empty() ? std::vector<Element>{} : std::vector<Element>{stops};
 }
 
-// The elements inside the paragraph's properties.
+/// Returns the elements inside the properties of the paragraph.
 std::vector<Element> paragraphDetails(const model::Paragraph &paragraph)
 {
     std::vector<Element> details = tabStops(paragraph);
@@ -169,11 +169,22 @@ std::vector<Element> paragraphDetails(const model::Paragraph &paragraph)
     return details;
 }
 
-void writeBookmark(QXmlStreamWriter &xml, const QString &name)
+void writeMarks(QXmlStreamWriter &xml, const Marks &marks)
 {
-    if (!name.isEmpty()) {
+    for (const QString &name : marks.bookmarks) {
         xml.writeEmptyElement("text:bookmark"_L1);
         xml.writeAttribute("text:name"_L1, name);
+    }
+    for (const model::Comment *comment : marks.comments) {
+        const XmlElement annotation(xml, "office:annotation"_L1);
+        xml.writeTextElement("dc:creator"_L1, xmlText(comment->author));
+        // Without a date, LibreOffice writes an invalid one into Word's formats.
+        const QDateTime date = comment->date.isValid() ? comment->date : QDateTime::fromSecsSinceEpoch(0, Qt::UTC);
+        xml.writeTextElement("dc:date"_L1, date.toString(u"yyyy-MM-ddTHH:mm:ss"));
+        const QStringList lines = comment->text.split(u'\n');
+        for (const QString &line : lines) {
+            xml.writeTextElement("text:p"_L1, xmlText(line));
+        }
     }
 }
 
@@ -234,7 +245,7 @@ void writeContent(
     const Sink &sink, const model::Paragraph &paragraph, const std::vector<model::Run> &runs,
     const ParagraphPlace &place, const model::Style &textStyle)
 {
-    writeBookmark(sink.xml, place.bookmark);
+    writeMarks(sink.xml, place.marks);
     if (paragraph.listItem && !(place.withLists && isBullet(paragraph))) {
         // Numbers remain text, because automatic numbering might count in another way than the page.
         sink.xml.writeCharacters(xmlText(paragraph.listItem->mark));
@@ -268,6 +279,12 @@ model::Paragraph withHang(const model::Paragraph &paragraph)
 }
 
 } // namespace
+
+void Marks::add(const Marks &more)
+{
+    bookmarks += more.bookmarks;
+    comments.insert(comments.end(), more.comments.begin(), more.comments.end());
+}
 
 QString borderText(const model::Border &border)
 {
@@ -343,7 +360,7 @@ XmlElement beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place)
     const model::Paragraph empty;
     XmlElement element(sink.xml, "text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(emptyParagraphStyle(empty, place)));
-    writeBookmark(sink.xml, place.bookmark);
+    writeMarks(sink.xml, place.marks);
     return element;
 }
 

@@ -16,10 +16,10 @@ constexpr Thresholds thresholds;
 
 } // namespace
 
-void FlowBreaks::addBookmark(const QString &name)
+void FlowBreaks::addMarks(const Marks &marks)
 {
-    m_pending.bookmark = name;
-    m_hasPending = true;
+    m_pending.marks.add(marks);
+    m_hasPending = m_hasPending || !marks.isEmpty();
 }
 
 void FlowBreaks::addPage(const QString &masterPage, bool breaks)

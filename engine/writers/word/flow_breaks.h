@@ -16,8 +16,8 @@ public:
     /// Without `separate`, breaks before and after columns get no empty paragraphs (see FlowForm::separateBreaks).
     FlowBreaks(const Sink &sink, bool separate) : m_sink(sink), m_separate(separate) {}
 
-    /// Makes the next paragraph a link target of this name.
-    void addBookmark(const QString &name);
+    /// Adds bookmarks and comments to the next paragraph.
+    void addMarks(const Marks &marks);
 
     /// Makes the next paragraph begin a page: by a page break if `breaks`, by this master page unless it is empty.
     void addPage(const QString &masterPage, bool breaks);

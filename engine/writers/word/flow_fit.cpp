@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "flow_fit.h"
 
+#include "odf/line_layout.h"
 #include "odf/odf_paragraphs.h"
+#include "odf/odf_runs.h"
 
 #include <algorithm>
 
@@ -11,49 +13,124 @@ namespace {
 
 struct Thresholds
 {
-    double closestLines = 0.9; ///< share of their distance on the page; closer ones are hard to read
-    double leastSpaces = 0.5;  ///< share of the space on the page; less hides what it separates
-    double doubt = 0.05;       ///< share of the lines' heights; how the text breaks is only estimated
-    double around = 3;         ///< points; that a table or picture takes beyond its own height
+    double minLines = 0.9;   ///< share of the line height on the page; closer lines are hard to read
+    double minSpace = 0.5;   ///< share of the space on the page; less hides what it separates
+    double enoughSpace = 12; ///< points; a space of a line separates well, however wide it is on the page
+    double doubt = 0.08;     ///< share of the lines' heights; how the text wraps is only estimated
+    double around = 3;       ///< points; that a table or picture takes beyond its own height
 };
 constexpr Thresholds thresholds;
 
-/// Heights on a page in points, by what can be done about them.
-struct Heights
+double reducedSpace(double space, const Fit &fit)
 {
-    double lines = 0;
-    double spaces = 0;
-    double fixed = 0;
-};
-
-Heights heightsOf(const FlowSection &section)
-{
-    Heights heights;
-    double tallest = 0; // line
-    for (const FlowItem &item : section.items) {
-        if (item.behindText) {
-            continue; // see anchorsOf()
-        }
-        heights.spaces += item.spaceAbove;
-        if (item.block->paragraph()) {
-            heights.lines += item.lines * item.lineHeight;
-            tallest = std::max(tallest, item.lineHeight);
-        } else {
-            heights.fixed += item.height + thresholds.around;
-        }
-    }
-    if (section.inColumns) {
-        const auto columns = static_cast<double>(section.section->columns.size());
-        heights.lines /= columns;
-        heights.spaces /= columns;
-        heights.fixed /= columns;
-        heights.fixed += tallest; // columns never come out quite equal
-    }
-    heights.spaces += section.spaceAbove;
-    return heights;
+    const double least = std::min(thresholds.minSpace * space, thresholds.enoughSpace);
+    return least + fit.spaces * (space - least);
 }
 
-/// The height of the empty paragraphs that the section needs: before and after columns, and for pictures behind text.
+/// Returns the height of a line of the item, which must be a paragraph.
+double lineHeightOf(const FlowItem &item, const Fit &fit)
+{
+    const double height =
+        item.lineHeight > 0 ? fit.lines * item.lineHeight : lineHeights.usual * largestSize(*item.block->paragraph());
+    return (1 + thresholds.doubt) * height;
+}
+
+/// Returns the height of the item without the space above it.
+double heightOf(const FlowItem &item, const Fit &fit)
+{
+    return item.block->paragraph() ? item.lines * lineHeightOf(item, fit) : item.height + thresholds.around;
+}
+
+double heightWithSpace(const FlowItem &item, const Fit &fit)
+{
+    return item.behindText ? 0 : reducedSpace(item.spaceAbove, fit) + heightOf(item, fit); // see anchorsOf()
+}
+
+/// Fills columns of this height one after the other.
+class ColumnFiller
+{
+public:
+    explicit ColumnFiller(double height) : m_height(height) {}
+
+    void beginColumn()
+    {
+        if (m_filled > 0) {
+            ++m_column;
+            m_filled = 0;
+        }
+    }
+    void addSpace(double height) { m_filled += height; }
+    void addUndivided(double height)
+    {
+        if (m_filled + height > m_height) {
+            beginColumn();
+        }
+        m_filled += height;
+    }
+    std::size_t columns() const { return m_column; }
+
+private:
+    double m_height;
+    double m_filled = 0;
+    std::size_t m_column = 1;
+};
+
+/// Returns whether the content of the section fits into its columns if these have this height.
+bool fitsColumns(const FlowSection &section, const Fit &fit, double height)
+{
+    ColumnFiller filler(height);
+    for (const FlowItem &item : section.items) {
+        if (item.behindText) {
+            continue;
+        }
+        if (item.beginsColumn) {
+            filler.beginColumn();
+        }
+        filler.addSpace(reducedSpace(item.spaceAbove, fit));
+        const bool isText = item.block->paragraph() != nullptr;
+        const int parts = isText ? item.lines : 1;
+        const double part = isText ? lineHeightOf(item, fit) : heightOf(item, fit);
+        for (int i = 0; i < parts; ++i) {
+            filler.addUndivided(part);
+        }
+    }
+    return filler.columns() <= section.section->columns.size();
+}
+
+/// Returns the largest value for which `fits` holds, if it holds for all smaller ones; `least` if it holds for none.
+template <typename Condition>
+double largest(double least, double most, const Condition &fits)
+{
+    constexpr int steps = 50; // far more exact than what is visible
+    if (fits(most)) {
+        return most;
+    }
+    for (int i = 0; i < steps; ++i) {
+        const double middle = (least + most) / 2;
+        (fits(middle) ? least : most) = middle;
+    }
+    return least;
+}
+
+/// Returns the height of columns that are balanced, as word processors do it, unless column breaks divide the text.
+double columnsHeight(const FlowSection &section, const Fit &fit)
+{
+    double total = 0;
+    double tallestLine = 0;
+    std::size_t divided = 1;
+    for (const FlowItem &item : section.items) {
+        total += heightWithSpace(item, fit);
+        divided += item.beginsColumn ? 1 : 0;
+        if (item.block->paragraph()) {
+            tallestLine = std::max(tallestLine, lineHeightOf(item, fit));
+        }
+    }
+    const double height =
+        total - largest(0, total, [&](double less) { return fitsColumns(section, fit, total - less); });
+    return divided < section.section->columns.size() ? height + tallestLine : height; // balancing is not exact
+}
+
+/// Returns the height of the empty paragraphs for the section: before and after columns, and for pictures behind text.
 double anchorsOf(const FlowSection &section)
 {
     const auto behind =
@@ -61,29 +138,31 @@ double anchorsOf(const FlowSection &section)
     return emptyParagraphHeight * static_cast<double>(behind + (section.inColumns ? 2 : 0));
 }
 
+double heightOf(const FlowPage &page, const Fit &fit)
+{
+    double height = 0;
+    for (const FlowSection &section : page.sections) {
+        height += reducedSpace(section.spaceAbove, fit) + anchorsOf(section);
+        if (section.inColumns) {
+            height += columnsHeight(section, fit);
+            continue;
+        }
+        for (const FlowItem &item : section.items) {
+            height += heightWithSpace(item, fit);
+        }
+    }
+    return height;
+}
+
 } // namespace
 
 Fit fitOf(const FlowPage &page)
 {
-    Heights all;
-    for (const FlowSection &section : page.sections) {
-        const Heights heights = heightsOf(section);
-        all.spaces += heights.spaces;
-        all.lines += heights.lines;
-        all.fixed += heights.fixed + anchorsOf(section);
-    }
     Fit fit;
-    double over = (1 + thresholds.doubt) * all.lines + all.spaces + all.fixed - page.room;
-    if (over <= 0) {
-        return fit;
-    }
-    if (all.spaces > 0) {
-        fit.spaces = std::max(thresholds.leastSpaces, 1 - over / all.spaces);
-        over -= (1 - fit.spaces) * all.spaces;
-    }
-    if (all.lines > 0 && over > 0) {
-        fit.lines = std::max(thresholds.closestLines, 1 - over / all.lines);
-    }
+    fit.spaces = largest(0, 1, [&](double spaces) { return heightOf(page, {1, spaces}) <= page.room; });
+    fit.lines = largest(thresholds.minLines, 1, [&](double lines) {
+        return heightOf(page, {lines, fit.spaces}) <= page.room;
+    });
     return fit;
 }
 
@@ -91,9 +170,9 @@ void fitToRoom(FlowPage &page)
 {
     const Fit fit = fitOf(page);
     for (FlowSection &section : page.sections) {
-        section.spaceAbove *= fit.spaces;
+        section.spaceAbove = reducedSpace(section.spaceAbove, fit);
         for (FlowItem &item : section.items) {
-            item.spaceAbove *= fit.spaces;
+            item.spaceAbove = reducedSpace(item.spaceAbove, fit);
             item.lineHeight *= fit.lines;
         }
     }

@@ -5,18 +5,18 @@
 
 namespace quorra::office {
 
-/// By how much the lines and the spaces of a page come closer together, 1 for not at all.
+/// The reduction of lines and spaces of a page.
 struct Fit
 {
-    double lines = 1;
-    double spaces = 1;
+    double lines = 1;  ///< factor of the line heights
+    double spaces = 1; ///< share of what spaces exceed their minimum by that is kept
 };
 
-/// What makes the text of the page, which runs longer in other fonts and without hyphens, fit into its room again: a
-/// few lines more would begin a page of their own.
+/// Returns the reduction with which the page fits its room, or the maximum reduction if it does not. Text is longer in
+/// other fonts and without hyphenation, and a few lines too many would begin another page.
 Fit fitOf(const FlowPage &page);
 
-/// Brings the lines and the spaces of the plan closer together, so that the page keeps to its room.
+/// Reduces the line heights and spaces of the plan so that the page fits its room.
 void fitToRoom(FlowPage &page);
 
 } // namespace quorra::office

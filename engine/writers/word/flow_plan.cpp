@@ -6,9 +6,12 @@
 #include "odf/font_widths.h"
 #include "odf/line_breaking.h"
 #include "odf/line_layout.h"
+#include "page_marks.h"
 #include "word_columns.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <optional>
 
 using namespace Qt::Literals::StringLiterals;
@@ -38,8 +41,8 @@ struct Area
     bool followsOther = false;      // what comes next did not follow on the page what came last
 };
 
-/// Whether one of several columns has a paragraph of many lines. Text that is only placed side by side has none. Without
-/// their own strips, such columns would fill twice the pages.
+/// Whether one of several columns has a paragraph of many lines. Text that is only placed side by side has none.
+/// Without their own strips, such columns would fill twice the pages.
 bool hasLongParagraphInColumns(const model::Section &section)
 {
     return section.columns.size() > 1 &&
@@ -94,20 +97,59 @@ std::optional<double> baselineAfter(const model::Section &section, std::size_t b
     return next ? firstBaseline(*next) : std::nullopt;
 }
 
-/// Whether the text comes out about as wide as it is on the page.
+/// Returns whether text of the style is output in a font with the widths of textWidth().
+bool hasCommonWidths(const model::Style &style)
+{
+    const model::FontFamily *known = model::findFontFamily(style.family);
+    return model::isTypesettingFace(style.family) || (known && known->widths == model::FontWidths::Measured);
+}
+
+/// Returns whether the output text is about as wide as on the page.
 bool keepsWidth(const model::Style &style)
 {
     const model::FontFamily *known = model::findFontFamily(style.family);
-    return model::isTypesettingFace(style.family) || (known && known->widths != model::FontWidths::Unknown);
+    return known && known->widths != model::FontWidths::Unknown;
 }
 
 double likelyWidth(const model::Word &word)
 {
-    const double drawn = word.box.width();
-    if (keepsWidth(*word.style)) {
-        return drawn;
+    const double drawn = word.rotation % 180 == 0 ? word.box.width() : word.box.height();
+    const double common = textWidth(word.text, *word.style).value_or(drawn);
+    if (hasCommonWidths(*word.style)) {
+        return std::max(drawn, common);
     }
-    return thresholds.wideFont * std::max(drawn, textWidth(word.text, *word.style).value_or(drawn));
+    return keepsWidth(*word.style) ? drawn : thresholds.wideFont * std::max(drawn, common);
+}
+
+/// Returns the marks of the block of the page that is nearest to a point, or the first of these; without an x
+/// coordinate, of the block whose top is nearest to the y coordinate. Returns the marks of the page if it has no
+/// blocks.
+Marks &marksNear(FlowPage &page, std::optional<double> x, double y)
+{
+    Marks *nearest = &page.marks;
+    double least = std::numeric_limits<double>::max();
+    for (FlowSection &section : page.sections) {
+        for (FlowItem &item : section.items) {
+            const Box box = item.block->box();
+            const double across = x ? *x - std::clamp(*x, box.left, box.right) : 0;
+            const double down = x ? y - std::clamp(y, box.top, box.bottom) : y - box.top;
+            const double distance = std::hypot(across, down);
+            if (distance < least) {
+                least = distance;
+                nearest = &item.marks;
+            }
+        }
+    }
+    return *nearest;
+}
+
+/// Returns the width for the lines of the item's paragraph. A single left-aligned line can extend to the margin.
+double textWidth(const FlowItem &item)
+{
+    const model::Paragraph &paragraph = *item.block->paragraph();
+    const bool extends = paragraph.lines.size() == 1 && paragraph.alignment == model::Alignment::Left;
+    const double right = extends ? std::max(item.right, item.column.right) : item.column.right - paragraph.indentRight;
+    return right - item.column.left - paragraph.indentLeft;
 }
 
 class PagePlanner
@@ -196,7 +238,7 @@ void PagePlanner::planText(FlowItem &item, Area &area, std::optional<double> bas
     const LineLayout layout = lineLayout(paragraph, area.baseline, baselineAfter);
     item.spaceAbove = spaceAbove(area, layout.top);
     item.lineHeight = layout.lineHeight;
-    item.lines = likelyLines(paragraph, item.column.width() - paragraph.indentLeft - paragraph.indentRight);
+    item.lines = likelyLines(paragraph, textWidth(item));
     area.bottom = layout.bottom;
     area.baseline = lastBaseline(paragraph);
 }
@@ -241,9 +283,6 @@ void PagePlanner::addItems(FlowSection &planned, std::vector<Area> &areas) const
 
 int likelyLines(const model::Paragraph &paragraph, double width)
 {
-    if (paragraph.lines.size() < 2) {
-        return 1;
-    }
     const TextMeasure measure{likelyWidth, [](const model::Style &style) { return usualSpaceWidth * style.size; }};
     return countLines(unbreakableTexts(paragraph, measure), {.width = width, .firstIndent = paragraph.firstLineIndent});
 }
@@ -252,6 +291,29 @@ FlowPage planPage(const model::Page &page, const Margins &margins, const FlowFor
 {
     return PagePlanner(page, margins, form).plan();
 }
+
+namespace {
+
+/// Adds link targets, bookmarks of the outline, and comments to the plans of all pages.
+void addMarks(std::vector<FlowPage> &pages, const model::Document &document)
+{
+    for (FlowPage &page : pages) {
+        page.marks = pageMarks(*page.page);
+        for (const model::Comment &comment : page.page->comments) {
+            marksNear(page, comment.box.centreX(), comment.box.centreY()).comments.push_back(&comment);
+        }
+    }
+    for (const OutlineBookmark &bookmark : outlineBookmarks(document)) {
+        const auto page = std::find_if(pages.begin(), pages.end(), [&bookmark](const FlowPage &each) {
+            return each.page->number == bookmark.page;
+        });
+        if (page != pages.end()) {
+            marksNear(*page, {}, bookmark.top).bookmarks.push_back(bookmark.name);
+        }
+    }
+}
+
+} // namespace
 
 std::vector<FlowPage> planFlow(const model::Document &document, const FlowForm &form)
 {
@@ -262,6 +324,7 @@ std::vector<FlowPage> planFlow(const model::Document &document, const FlowForm &
         pages.push_back(planPage(page, margins[i], form));
         pages.back().newPage = i == 0 || form.pages || page.scanned || document.pages[i - 1].scanned;
     }
+    addMarks(pages, document);
     return pages;
 }
 

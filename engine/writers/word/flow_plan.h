@@ -7,8 +7,8 @@
 
 #include <vector>
 
-// What a flowing text is made of. Everything that fitting it to its pages and writing it need to know about a block is
-// found here, once. The document must live longer than its plan. All lengths in points.
+// The plan of flowing text. It contains everything that fitting the text to its pages and writing it requires. The
+// document must outlive its plan. All lengths are in points.
 namespace quorra::office {
 
 /// A block of the text.
@@ -16,21 +16,22 @@ struct FlowItem
 {
     const model::Block *block = nullptr;
     Box column;      ///< its column on the page
-    double left = 0; ///< sides of the strip that it stands in: a column, or the page between its margins
+    double left = 0; ///< edges of its area: a column, or the page within its margins
     double right = 0;
-    bool beginsColumn = false; ///< a column break stands before it
-    double spaceAbove = 0;     ///< between what stands above it in its strip and its first line, table or picture
-    double lineHeight = 0;     ///< of text: fixed height of its lines, 0 for the font's own
-    int lines = 0;             ///< of text: how many it is likely to fill
+    bool beginsColumn = false; ///< it follows a column break
+    double spaceAbove = 0;     ///< between the previous block of its area and its first line, table or picture
+    double lineHeight = 0;     ///< of text: height of its lines; 0 for the natural height of the font
+    int lines = 0;             ///< of text: the expected number of lines
     double height = 0;         ///< of a table or picture
-    bool behindText = false;   ///< a picture that stands at its place on the page and takes up no room in the text
+    bool behindText = false;   ///< a picture at its position on the page, which takes up no room in the text
+    Marks marks;               ///< bookmarks and comments at its beginning
 };
 
-/// A band of a page.
+/// A section of a page.
 struct FlowSection
 {
     const model::Section *section = nullptr;
-    bool inColumns = false; ///< its columns stand beside one another
+    bool inColumns = false; ///< its columns are kept
     double spaceAbove = 0;  ///< of such columns
     std::vector<FlowItem> items;
 };
@@ -42,17 +43,18 @@ struct FlowPage
     Margins margins;
     bool newPage = true;               ///< begins a page of the text
     double room = 0;                   ///< height for the page's text
+    Marks marks;                       ///< bookmarks and comments at its beginning
     std::vector<FlowSection> sections; ///< none for a scanned page
 };
 
-/// How many lines the paragraph fills in a strip of this width, in the fonts that a word processor is likely to have
-/// and without hyphens; at least 1, and 1 for a line that stands alone.
+/// Returns the expected number of lines of the paragraph in an area of this width, in the fonts that a word processor
+/// is likely to have and without hyphenation.
 int likelyLines(const model::Paragraph &paragraph, double width);
 
-/// The plan of one page with these margins.
+/// Returns the plan of a page with these margins.
 FlowPage planPage(const model::Page &page, const Margins &margins, const FlowForm &form);
 
-/// The plans of all pages.
+/// Returns the plans of all pages.
 std::vector<FlowPage> planFlow(const model::Document &document, const FlowForm &form);
 
 } // namespace quorra::office

@@ -59,7 +59,7 @@ private:
 
 void FlowWriter::beginPage(const FlowPage &page)
 {
-    m_breaks.addBookmark(u"page%1"_s.arg(page.page->number));
+    m_breaks.addMarks(page.marks);
     if (page.newPage) {
         const QString master = m_masters.name(*page.page, page.margins, m_form.pages && !page.page->scanned);
         const bool sameMaster = master == m_masterPage;
@@ -123,6 +123,7 @@ void FlowWriter::writeSection(const FlowPage &page, const FlowSection &section)
 
 void FlowWriter::writeItem(const FlowItem &item)
 {
+    m_breaks.addMarks(item.marks);
     const model::Paragraph *paragraph = item.block->paragraph();
     if (paragraph && paragraph->note && m_notes.count(*paragraph->note) > 0) {
         return; // it is written at its mark

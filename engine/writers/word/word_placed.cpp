@@ -5,6 +5,7 @@
 #include "odf/exact_lines.h"
 #include "odf/placed_page.h"
 #include "page_layout.h"
+#include "page_marks.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -37,6 +38,7 @@ void writePages(OdfFile &file, const model::Document &document, const PageWriter
     const Sink sink{file.body(), file.styles()};
     MasterPages masters({file.masters(), file.styles()});
     const std::vector<Margins> margins = pageMargins(document);
+    const std::vector<OutlineBookmark> bookmarks = outlineBookmarks(document);
     QString before;
     for (std::size_t i = 0; i < document.pages.size(); ++i) {
         const model::Page &page = document.pages[i];
@@ -44,7 +46,15 @@ void writePages(OdfFile &file, const model::Document &document, const PageWriter
         ParagraphPlace place;
         place.breakBefore = master == before;
         place.masterPage = master == before ? QString() : master;
-        place.bookmark = u"page%1"_s.arg(page.number);
+        place.marks = pageMarks(page);
+        for (const OutlineBookmark &bookmark : bookmarks) {
+            if (bookmark.page == page.number) {
+                place.marks.bookmarks.push_back(bookmark.name);
+            }
+        }
+        for (const model::Comment &comment : page.comments) {
+            place.marks.comments.push_back(&comment);
+        }
         before = master;
         {
             const XmlElement holder = beginAnchorParagraph(sink, place);

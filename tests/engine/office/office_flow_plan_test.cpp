@@ -23,6 +23,10 @@ private Q_SLOTS:
     void linesOfOtherSectionsFillNoColumn();
     void pagesBeginWhereTheFormSays();
     void spacesGiveWayBeforeLines();
+    void wideSpacesShrinkToALine();
+    void dividedColumnsAreAsHighAsTheHighest();
+    void lineBreaksAndNarrowColumnsMakeLines();
+    void marksGoToTheNearestBlock();
     void columnsShareTheirText();
 };
 
@@ -145,17 +149,78 @@ void OfficeFlowPlanTest::spacesGiveWayBeforeLines()
 {
     const model::Page page = pageOf({textAt(72), textAt(100), textAt(128)});
     FlowPage plan = planPage(page, {}, flowForms::inColumns);
-    // 0.4 + 16 + 16 points of space, three lines of 12 and a twentieth of them in doubt.
-    plan.room = 32.4 + 37.8 - 8.1;
+    // 0.4 + 16 + 16 points of space, at least half of each, and three lines of 12 with 8 % of reserve.
+    plan.room = 32.4 + 38.88 - 8.1;
     QCOMPARE(fitOf(plan).lines, 1.0);
-    QCOMPARE(fitOf(plan).spaces, 0.75);
+    QCOMPARE(fitOf(plan).spaces, 0.5);
     fitToRoom(plan);
     QCOMPARE(itemsOf(plan)[1].spaceAbove, 12.0);
     QCOMPARE(itemsOf(plan)[1].lineHeight, 12.0);
     FlowPage tight = planPage(page, {}, flowForms::inColumns);
-    tight.room = 32.4 / 2 + 37.8 - 1.8;
-    QCOMPARE(fitOf(tight).spaces, 0.5); // no less
+    tight.room = 32.4 / 2 + 38.88 - 1.944;
+    QCOMPARE(fitOf(tight).spaces, 0.0);
     QCOMPARE(fitOf(tight).lines, 0.95);
+    fitToRoom(tight);
+    QCOMPARE(itemsOf(tight)[1].spaceAbove, 8.0);
+}
+
+void OfficeFlowPlanTest::wideSpacesShrinkToALine()
+{
+    const model::Page page = pageOf({textAt(72), textAt(600)});
+    FlowPage plan = planPage(page, {}, flowForms::inColumns);
+    QCOMPARE(itemsOf(plan)[1].spaceAbove, 516.0);
+    plan.room = 50; // two lines and a space of a line
+    QCOMPARE(fitOf(plan).lines, 1.0);
+    fitToRoom(plan);
+    QVERIFY(itemsOf(plan)[1].spaceAbove >= 12 && itemsOf(plan)[1].spaceAbove < 24);
+}
+
+void OfficeFlowPlanTest::dividedColumnsAreAsHighAsTheHighest()
+{
+    model::Page page = fixture::page({{72, 72, 300, 720}, {312, 72, 540, 720}});
+    for (int i = 0; i < 20; ++i) {
+        page.sections[0].blocks.push_back(textAt(72 + 12 * i));
+    }
+    page.sections[0].blocks.push_back(textAt(72, 312, 1));
+    FlowPage plan = planPage(page, {}, flowForms::inColumns);
+    plan.room = 240; // 20 lines of 12 points, without reserve
+    QVERIFY(fitOf(plan).lines < 1.0);
+    plan.sections[0].items.back().beginsColumn = false; // the text can be balanced: 11 lines in each column
+    QCOMPARE(fitOf(plan).lines, 1.0);
+}
+
+void OfficeFlowPlanTest::lineBreaksAndNarrowColumnsMakeLines()
+{
+    model::Paragraph verse = fixture::paragraph(QStringLiteral("one two three"), {72, 72, 272, 84});
+    verse.lines[0].words[0].separator = model::Separator::LineBreak;
+    verse.lines[0].words[1].separator = model::Separator::LineBreak;
+    QCOMPARE(likelyLines(verse, 400), 3);
+    const model::Paragraph single = fixture::paragraph(QStringLiteral("one two three"), {72, 72, 137, 84});
+    QCOMPARE(likelyLines(single, 400), 1);
+    QCOMPARE(likelyLines(single, 40), 2);
+}
+
+void OfficeFlowPlanTest::marksGoToTheNearestBlock()
+{
+    model::Page page = pageOf({textAt(72), textAt(300), textAt(600)});
+    page.number = 4;
+    page.comments = {{{100, 302, 140, 310}, QStringLiteral("A. Reader"), QStringLiteral("why?"), {}}};
+    model::Document document = fixture::document({page, fixture::page()});
+    document.pages[1].number = 5;
+    document.facts.outline = {
+        {QStringLiteral("2. The end"), 0, 4, 595.0 / 792},
+        {QStringLiteral("The end"), 0, 4, 595.0 / 792},
+        {QStringLiteral("the end!"), 0, 5, 0},
+        {QStringLiteral("elsewhere"), 0, 9, 0}};
+    const std::vector<FlowPage> pages = planFlow(document, flowForms::inColumns);
+    QCOMPARE(pages[0].marks.bookmarks, QStringList{QStringLiteral("page4")});
+    QVERIFY(itemsOf(pages[0])[0].marks.isEmpty());
+    QCOMPARE(itemsOf(pages[0])[1].marks.comments.front(), &document.pages[0].comments.front());
+    QCOMPARE(
+        itemsOf(pages[0])[2].marks.bookmarks,
+        (QStringList{QStringLiteral("section_2_The_end"), QStringLiteral("The_end")}));
+    // A page without blocks keeps its marks itself.
+    QCOMPARE(pages[1].marks.bookmarks, (QStringList{QStringLiteral("page5"), QStringLiteral("the_end_2")}));
 }
 
 void OfficeFlowPlanTest::columnsShareTheirText()

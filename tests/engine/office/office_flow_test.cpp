@@ -26,6 +26,9 @@ private Q_SLOTS:
     void writesScansAsPages();
     void dropsCharactersThatXmlCannotHold();
     void malformedOutputIsNoticed();
+    void writesBookmarksAndComments();
+    void statesMetadataAndLanguage();
+    void balancesColumns();
 };
 
 namespace {
@@ -228,6 +231,52 @@ void OfficeFlowTest::malformedOutputIsNoticed()
     QVERIFY_THROWS_EXCEPTION(std::runtime_error, broken());
     QVERIFY_THROWS_EXCEPTION(std::runtime_error, fixture::paragraphs(QStringLiteral("<p>open")));
     QVERIFY_THROWS_EXCEPTION(std::runtime_error, fixture::paragraphs(QString()));
+}
+
+void OfficeFlowTest::writesBookmarksAndComments()
+{
+    model::Document document = oneBlock(fixture::paragraph(QStringLiteral("text"), {72, 72, 300, 84}));
+    document.facts.outline = {{QStringLiteral("First & last"), 0, 1, 0}};
+    document.pages[0].comments = {{{72, 72, 90, 84}, QStringLiteral("A. Reader"), QStringLiteral("one\ntwo"), {}}};
+    document.pages[0].comments[0].date = QDateTime({2026, 11, 22}, {5, 15}, Qt::UTC);
+    const QString text = flow(document);
+    QVERIFY(text.contains(QLatin1String("<text:bookmark text:name=\"page1\"/>")));
+    QVERIFY(text.contains(QLatin1String("<text:bookmark text:name=\"First_last\"/>")));
+    QVERIFY(text.contains(QLatin1String("<office:annotation><dc:creator>A. Reader</dc:creator>"
+                                        "<dc:date>2026-11-22T05:15:00</dc:date><text:p>one</text:p>"
+                                        "<text:p>two</text:p></office:annotation>text")));
+}
+
+void OfficeFlowTest::statesMetadataAndLanguage()
+{
+    model::Document document = oneBlock(fixture::paragraph(QStringLiteral("text"), {72, 72, 300, 84}));
+    const auto fileOf = [&document](OdfKind kind) {
+        return fixture::odf(kind, [&document](OdfFile &file) { file.describe(document); });
+    };
+    QVERIFY(!fileOf(OdfKind::Text).contains(QLatin1String("office:meta>")));
+    QVERIFY(!fileOf(OdfKind::Text).contains(QLatin1String("fo:language")));
+    document.facts.title = QStringLiteral("Bread & butter");
+    document.facts.author = QStringLiteral("A. Writer");
+    document.facts.language = QStringLiteral("en-GB");
+    for (const OdfKind kind : {OdfKind::Text, OdfKind::Presentation, OdfKind::Spreadsheet}) {
+        const QString file = fileOf(kind);
+        QVERIFY(file.contains(QLatin1String("<office:meta><dc:title>Bread &amp; butter</dc:title>"
+                                            "<meta:initial-creator>A. Writer</meta:initial-creator>"
+                                            "<dc:language>en-GB</dc:language></office:meta>")));
+        QVERIFY(file.contains(QLatin1String("fo:language=\"en\" fo:country=\"GB\"")));
+    }
+    document.facts.language = QStringLiteral("zh-Hant-tw");
+    QVERIFY(fileOf(OdfKind::Text).contains(QLatin1String("style:language-asian=\"zh\" style:country-asian=\"TW\"")));
+    document.facts.language = QStringLiteral("ar");
+    QVERIFY(
+        fileOf(OdfKind::Text).contains(QLatin1String("style:language-complex=\"ar\" style:country-complex=\"none\"")));
+}
+
+// LibreOffice does not balance columns of almost full pages without these; an empty page follows them then.
+void OfficeFlowTest::balancesColumns()
+{
+    const QString text = flow(oneBlock(fixture::paragraph(QStringLiteral("text"), {72, 72, 300, 84})));
+    QVERIFY(text.contains(QLatin1String("fo:orphans=\"2\" fo:widows=\"2\"")));
 }
 
 QTEST_APPLESS_MAIN(OfficeFlowTest)

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void indentsCountFromTheirLines();
     void letterSpacingWidensCharactersAndSpaces();
     void longWordsHaveTheirOwnLine();
+    void lineBreaksEndLines();
 };
 
 namespace {
@@ -92,6 +93,16 @@ void OfficeLineBreakingTest::longWordsHaveTheirOwnLine()
     const std::vector<UnbreakableText> texts = textsOf(QStringLiteral("a bbbbbbbbbb c"));
     QCOMPARE(countLines(texts, {.width = 20}), 3);
     QCOMPARE(countLines(textsOf(QStringLiteral("bbbbbbbbbb")), {.width = 20}), 1);
+}
+
+void OfficeLineBreakingTest::lineBreaksEndLines()
+{
+    model::Paragraph paragraph = fixture::paragraph(QStringLiteral("aa bb cc"), {0, 0, 500, 12});
+    paragraph.lines[0].words[0].separator = model::Separator::LineBreak;
+    paragraph.lines[0].words[2].separator = model::Separator::LineBreak; // means nothing after the last word
+    const std::vector<UnbreakableText> texts = unbreakableTexts(paragraph, fivePoints);
+    QCOMPARE(countLines(texts, {.width = 100}), 2);
+    QCOMPARE(countLines(texts, {.width = 25, .otherIndent = 1}), 3);
 }
 
 QTEST_APPLESS_MAIN(OfficeLineBreakingTest)

@@ -3,6 +3,7 @@
 
 #include "base/geometry.h"
 
+#include <QDateTime>
 #include <QString>
 
 #include <vector>
@@ -23,7 +24,8 @@ struct Comment
 {
     Box box; ///< of the note or the marked text, on the page as shown
     QString author;
-    QString text; ///< never empty; may have several lines
+    QString text;   ///< never empty; may have several lines
+    QDateTime date; ///< of its last change, in the time of its author; invalid if the file does not state it
 };
 
 /// What a file says about itself as a whole. Empty texts where it says nothing.

@@ -15,6 +15,7 @@ struct UnbreakableText
     double width = 0;
     double spaceBefore = 0; ///< width of the space before it, unless it begins a line
     double characters = 0;  ///< number of characters
+    bool endsLine = false;  ///< a line break follows
 };
 
 /// The widths of text in its output font, in points.

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "document/document.h"
 #include "odf/odf_styles.h"
 
 #include <QBuffer>
 #include <QFile>
 #include <QString>
 #include <QXmlStreamWriter>
+
+#include <vector>
 
 namespace quorra::office {
 
@@ -29,11 +32,16 @@ public:
 
     StyleTable &styles() { return m_styles; }
 
+    /// Sets the metadata of the file (title, author, subject, keywords) and the language of its text to those of the
+    /// document.
+    void describe(const model::Document &document);
+
     /// Assembles the file. Throws Failure(CannotWrite).
     void finish();
 
 private:
-    void writeHead(QXmlStreamWriter &xml) const;
+    void writeMetadata(QXmlStreamWriter &xml) const;
+    void writeStyles(QXmlStreamWriter &xml) const;
     void writeDocument(QXmlStreamWriter &xml, QFile &file);
 
     OdfKind m_kind;
@@ -43,6 +51,8 @@ private:
     QXmlStreamWriter m_body;
     QXmlStreamWriter m_masters;
     StyleTable m_styles;
+    std::vector<Element> m_metadata;
+    QString m_language; ///< a language tag; empty if it is not known
 };
 
 } // namespace quorra::office

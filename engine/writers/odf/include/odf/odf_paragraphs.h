@@ -4,13 +4,25 @@
 #include "odf/odf_runs.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
+#include <vector>
 
 namespace quorra::office {
 
 /// The height of a paragraph without text, in points.
 inline constexpr double emptyParagraphHeight = 1.2;
+
+/// Bookmarks and comments at the beginning of a paragraph. The comments belong to the document.
+struct Marks
+{
+    QStringList bookmarks; ///< names of link targets
+    std::vector<const model::Comment *> comments;
+
+    bool isEmpty() const { return bookmarks.isEmpty() && comments.empty(); }
+    void add(const Marks &more);
+};
 
 /// How a paragraph is placed in its context. Lengths in points.
 struct ParagraphPlace
@@ -25,7 +37,7 @@ struct ParagraphPlace
     bool breakBefore = false; ///< begins a new page
     bool breakColumn = false; ///< begins a new column
     QString masterPage;       ///< begins a new page of this master page
-    QString bookmark;         ///< name of a link target at the paragraph's start
+    Marks marks;
     std::optional<Colour> background;
     model::Border ruleAbove; ///< drawn lines that become borders of the paragraph
     model::Border ruleBelow;

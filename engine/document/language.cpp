@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "html_language.h"
+#include "document/language.h"
 
 #include "document/page_walk.h"
 #include "document/text.h"
 
 #include <QChar>
 
-namespace quorra {
+namespace quorra::model {
 
 namespace {
 
@@ -59,13 +59,13 @@ void count(LetterCount &letters, QChar c)
     }
 }
 
-// The language that the script tells; empty when it is that of many languages.
-QString languageByScript(const model::Document &document)
+/// Returns the language of the script of most letters; empty if many languages use it.
+QString languageByScript(const Document &document)
 {
     LetterCount letters;
-    for (const model::Page &page : document.pages) {
-        model::forEachParagraph(page, [&letters](const model::Paragraph &paragraph) {
-            const QString text = model::plainText(paragraph);
+    for (const Page &page : document.pages) {
+        forEachParagraph(page, [&letters](const Paragraph &paragraph) {
+            const QString text = plainText(paragraph);
             for (const QChar c : text) {
                 count(letters, c);
             }
@@ -87,11 +87,11 @@ QString languageByScript(const model::Document &document)
 
 } // namespace
 
-QString languageOf(const model::Document &document)
+QString languageOf(const Document &document)
 {
     const QString byScript = languageByScript(document);
-    const QString &told = document.facts.language;
-    return byScript.isEmpty() || told.section(QLatin1Char('-'), 0, 0) == byScript ? told : byScript;
+    const QString &stated = document.facts.language;
+    return byScript.isEmpty() || stated.section(QLatin1Char('-'), 0, 0) == byScript ? stated : byScript;
 }
 
-} // namespace quorra
+} // namespace quorra::model

@@ -5,10 +5,10 @@
 
 #include <QString>
 
-namespace quorra {
+namespace quorra::model {
 
 /// Returns the language tag of the document, by which browsers choose the glyphs of ideographs, and screen readers the
 /// voice: that of the file, unless the script of most letters belongs to another language. Empty if neither is known.
-QString languageOf(const model::Document &document);
+QString languageOf(const Document &document);
 
-} // namespace quorra
+} // namespace quorra::model
