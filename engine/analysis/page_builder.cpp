@@ -5,6 +5,7 @@
 #include "columns/page_segmentation.h"
 #include "document/rotation.h"
 #include "figures/figures.h"
+#include "figures/formulas.h"
 #include "figures/networks.h"
 #include "figures/plots.h"
 #include "paragraphs/paragraphs.h"
@@ -131,7 +132,7 @@ void addLeftovers(Page &page, const RawPage &raw, const Rulings &rulings)
             }
         }
     }
-    bool lost = false;
+    bool lost = raw.watermark;
     for (const Fill &fill : raw.fills) {
         if (!isOwned(fill.box.centreX(), fill.box.centreY())) {
             page.fills.push_back(fill);
@@ -152,10 +153,10 @@ bool isInAny(const std::vector<Box> &boxes, double x, double y)
     return std::any_of(boxes.begin(), boxes.end(), [x, y](const Box &box) { return box.contains(x, y); });
 }
 
-std::vector<Rule> rulesOutside(const std::vector<Box> &networks, std::vector<Rule> rules)
+std::vector<Rule> rulesOutside(const std::vector<Box> &figures, std::vector<Rule> rules)
 {
-    const auto isInside = [&networks](const Rule &rule) {
-        return isInAny(networks, (rule.x1 + rule.x2) / 2, (rule.y1 + rule.y2) / 2);
+    const auto isInside = [&figures](const Rule &rule) {
+        return isInAny(figures, (rule.x1 + rule.x2) / 2, (rule.y1 + rule.y2) / 2);
     };
     rules.erase(std::remove_if(rules.begin(), rules.end(), isInside), rules.end());
     return rules;
@@ -272,9 +273,9 @@ Page builtPage(
             words.push_back(&word);
         }
     }
-    const std::vector<Box> networks = findNetworks(raw);
-    const std::vector<Fill> fills = fillsOutside(networks, raw.fills);
-    const Rulings rulings = mergeRules(rulesOutside(networks, raw.rules), fills);
+    const KnownFigures known{findNetworks(raw), findFormulas(raw)};
+    const std::vector<Fill> fills = fillsOutside(known.networks, raw.fills);
+    const Rulings rulings = mergeRules(rulesOutside(known.formulas, rulesOutside(known.networks, raw.rules)), fills);
     const Rulings dividers = withFillEdges(rulings, fills);
     std::vector<TableWords> tables = findRuledTables(rulings, dividers, words);
     const auto drawn = [&raw](const TableWords &table) { return isPlot(table.table, raw.ink); };
@@ -289,7 +290,7 @@ Page builtPage(
             groups.push_back(&cell);
         }
     }
-    PageFigures figures = findFigures(raw, tableBoxes, networks, words);
+    PageFigures figures = findFigures(raw, tableBoxes, known, words);
     for (FoundFigure &figure : figures.placed) {
         groups.push_back(&figure.words);
     }
@@ -310,7 +311,7 @@ Page builtPage(
         items.obstacles.emplace_back(table.table.box, items.obstacles.size());
     }
     for (const FoundFigure &figure : figures.placed) {
-        items.obstacles.emplace_back(figure.box, items.obstacles.size());
+        items.obstacles.emplace_back(figure.obstacle(), items.obstacles.size());
     }
     for (const FoundFigure &figure : figures.backgrounds) {
         page.sections.push_back({{figure.box}, figureBlocks(figure, styles)});

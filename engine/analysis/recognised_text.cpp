@@ -63,7 +63,8 @@ void removeRepeated(std::vector<RawWord> &words)
 std::vector<Box> scansOf(const RawPage &page)
 {
     std::vector<Box> scans;
-    for (const Box &image : wholeImages(page.pictures)) {
+    for (const RawPicture &picture : wholeImages(page.pictures)) {
+        const Box &image = picture.box;
         double text = 0;
         for (const RawWord &word : page.words) {
             text += word.hidden && isOn(word, image) ? areaOf(word.box) : 0;

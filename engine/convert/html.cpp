@@ -7,6 +7,7 @@
 #include "page_size.h"
 #include "pdf/picture_prefetch.h"
 #include "pdf/region_renderer.h"
+#include "picture_rules.h"
 #include "platform/output_device.h"
 #include "platform/output_file.h"
 #include "read_document.h"
@@ -31,9 +32,7 @@ void convertToMarkup(const Job &job, bool xhtml)
     PdfFilePool pool(job.file);
     model::Document document = readDocument(job, pool, Collect::Everything);
     model::joinContinuations(document, true);
-    const PictureQuality quality{
-        job.options.colourDepth, static_cast<double>(job.options.horizontalResolution(embeddedResolution)),
-        static_cast<double>(job.options.verticalResolution(embeddedResolution))};
+    const PictureQuality quality = embeddedQuality(job.options);
     PagePictureSource drawn(job.file, document, quality, model::DrawingWords::InPicture);
     PrefetchedPictures pictures(quality, pool, document, drawn);
     fitToOptions(document, job.options);

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/analysis.h"
 #include "convert/convert.h"
+#include "document/faint_text.h"
 #include "document/page_transform.h"
 #include "libreoffice/libreoffice.h"
 #include "page_size.h"
 #include "pdf/region_renderer.h"
+#include "picture_rules.h"
 #include "platform/limits.h"
 #include "platform/output_file.h"
 #include "platform/temp_folder.h"
@@ -47,10 +49,7 @@ void convertThroughOffice(
         PdfFilePool pool(job.file);
         model::Document document = readDocument(job, pool, Collect::Everything);
         const Options &options = job.options;
-        const PictureQuality quality{
-            options.colourDepth, static_cast<double>(options.horizontalResolution(embeddedResolution)),
-            static_cast<double>(options.verticalResolution(embeddedResolution))};
-        PagePictureSource pictures(job.file, document, quality, words);
+        PagePictureSource pictures(job.file, document, embeddedQuality(options), words);
         fitToOptions(document, options);
         reduceColours(document, options.colourDepth);
         OdfFile file(kind, QString::fromStdString(source));
@@ -75,6 +74,7 @@ void convertToWord(const Job &job)
         job, OdfKind::Text, Component::Writer, words,
         [mode, oldFormat](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
             const auto flow = [&](const FlowForm &form) {
+                model::darkenFaintText(document, form.pages);
                 writeFlow(file, document, pictures, oldFormat ? forOldWord(form) : form);
             };
             switch (mode) {
@@ -113,7 +113,8 @@ void convertToSheets(const Job &job)
 {
     convertThroughOffice(
         job, OdfKind::Spreadsheet, Component::Calc, model::DrawingWords::Apart,
-        [](OdfFile &file, const model::Document &document, model::PictureSource &pictures) {
+        [](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
+            model::darkenFaintText(document, false);
             writeSheets(file, document, pictures);
         });
 }

@@ -129,4 +129,12 @@ PictureSize pictureSize(const Options &options, int page, double pageWidth, doub
     return size;
 }
 
+PictureQuality embeddedQuality(const Options &options)
+{
+    const bool own = options.colourDepth == ColourDepth::Colour && !options.xres && !options.yres;
+    return {
+        options.colourDepth, static_cast<double>(options.horizontalResolution(embeddedResolution)),
+        static_cast<double>(options.verticalResolution(embeddedResolution)), own};
+}
+
 } // namespace quorra

@@ -3,6 +3,7 @@
 
 #include "cli/options.h"
 #include "image/picture_size.h"
+#include "pdf/region_renderer.h"
 
 #include <string_view>
 
@@ -18,5 +19,8 @@ ColourDepth pictureDepth(const Options &options, std::string_view extension);
 /// over the resolution; if only one is given, the other one keeps the proportions of the page. Throws Failure(Limit),
 /// with the page number, if the picture is too large.
 PictureSize pictureSize(const Options &options, int page, double pageWidth, double pageHeight);
+
+/// Returns the quality of pictures in documents: with the pixels of the file unless a resolution is given.
+PictureQuality embeddedQuality(const Options &options);
 
 } // namespace quorra

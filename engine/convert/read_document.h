@@ -3,8 +3,8 @@
 
 #include "convert/convert.h"
 #include "document/document.h"
-#include "pdf/pdf_file_pool.h"
 #include "pdf/page_reader.h"
+#include "pdf/pdf_file_pool.h"
 
 namespace quorra {
 

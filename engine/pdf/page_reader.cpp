@@ -11,6 +11,7 @@
 #include "pdf_file_handles.h"
 #include "platform/page_time.h"
 #include "scan_pictures.h"
+#include "watermark.h"
 
 #include <GfxState.h>
 #include <TextOutputDev.h>
@@ -43,6 +44,7 @@ struct Thresholds
 {
     double minOpacity = 0.02;    ///< less is not seen
     double maxOpacity = 0.99;    ///< more hides what is below
+    double maxSlant = 0.002;     ///< of the direction of an image's rows: less is upright, but for inaccuracies
     double sameEdge = 1;         ///< points; the ends of marks that are no farther apart are one
     std::size_t maxBelow = 2000; ///< earlier marks of a kind among which those below a new one are looked for
     double minScanArea = 0.3;    ///< share of the page; smaller images are no scans that could contain pictures
@@ -166,6 +168,7 @@ public:
         m_painted.clear();
         m_seen = {};
         m_marks = 0;
+        m_painted.clear();
         m_page = {};
         return m_page;
     }
@@ -239,6 +242,10 @@ public:
         GfxState *state, double x, double y, double dx, double dy, double originX, double originY, CharCode code,
         int nBytes, const Unicode *u, int uLen) override
     {
+        if (isWatermark(state)) {
+            m_page.watermark = true;
+            return;
+        }
         if (!m_characters.add(state, x - originX, y - originY, nBytes, u, uLen)) {
             return;
         }
@@ -341,7 +348,7 @@ public:
         GfxState *state, Object *ref, Stream *str, int width, int height, bool invert, bool interpolate,
         bool inlineImage) override
     {
-        addImage(state);
+        addImage(state, nullptr);
         OutputDev::drawImageMask(state, ref, str, width, height, invert, interpolate, inlineImage);
     }
 
@@ -349,8 +356,9 @@ public:
         GfxState *state, Object *ref, Stream *str, int width, int height, GfxImageColorMap *colours, bool interpolate,
         const int *maskColours, bool inlineImage) override
     {
-        const Box box = addImage(state);
-        if (!maskColours && m_maskedImages == 0 && isOpaque(state) && isUpright(state)) {
+        const bool masked = maskColours || m_maskedImages > 0;
+        const Box box = addImage(state, masked || inlineImage ? nullptr : ref);
+        if (!masked && isOpaque(state) && isUpright(state)) {
             m_characters.cover(box, DrawnCharacters::Cover::Image);
         }
         OutputDev::drawImage(state, ref, str, width, height, colours, interpolate, maskColours, inlineImage);
@@ -376,6 +384,18 @@ public:
             state, ref, str, width, height, colours, interpolate, maskStream, maskWidth, maskHeight, maskColours,
             maskInterpolate);
         --m_maskedImages;
+    }
+
+    /// Completes the page that has been drawn.
+    void finishPage()
+    {
+        for (const PaintedPicture &painted : m_paintedPictures) {
+            model::RawPicture &picture = m_page.pictures[painted.index];
+            if (picture.stream && isPaintedOver(picture.box, painted)) {
+                picture.stream.reset();
+            }
+        }
+        m_paintedPictures.clear();
     }
 
 private:
@@ -557,29 +577,96 @@ private:
         return true;
     }
 
-    Box addImage(const GfxState *state)
+    /// Adds an image; ref is its object if its pixels can be taken as they are, or null.
+    Box addImage(const GfxState *state, const Object *ref)
     {
         if (m_paint.back().hidden || isUnseen(fillOpacity(state))) {
             return {};
         }
-        Box box{1e9, 1e9, -1e9, -1e9};
+        Box whole{1e9, 1e9, -1e9, -1e9};
         for (const Point corner : {Point{0, 0}, Point{1, 0}, Point{0, 1}, Point{1, 1}}) {
             double x = 0;
             double y = 0;
             state->transform(corner.x, corner.y, &x, &y);
-            box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x), std::max(box.bottom, y)};
+            whole = {
+                std::min(whole.left, x), std::min(whole.top, y), std::max(whole.right, x), std::max(whole.bottom, y)};
         }
-        box = intersected(box, clipBox(state));
+        const Box box = intersected(whole, clipBox(state));
         if (std::min(box.width(), box.height()) > maxRuleWidth) {
-            m_page.pictures.push_back({box});
+            m_paintedPictures.push_back(
+                {m_page.pictures.size(), m_page.rules.size(), m_page.fills.size(), m_page.ink.size()});
+            m_page.pictures.push_back({box, ref ? imageSource(state, *ref, whole) : std::nullopt});
         } else if (std::max(box.width(), box.height()) > maxRuleWidth) {
             addRule(box, box.width() >= box.height(), std::min(box.width(), box.height()), black);
         }
         return box;
     }
 
+    /// Where the pixels of an image are, if nothing but its colours changes what is seen of it.
+    std::optional<model::ImageSource> imageSource(const GfxState *state, const Object &ref, const Box &whole) const
+    {
+        const PaintState &paint = m_paint.back();
+        const bool plain = ref.isRef() && paint.clip == ClipShape::Rectangle && !paint.masked &&
+                           fillOpacity(state) >= thresholds.maxOpacity && state->getBlendMode() == gfxBlendNormal &&
+                           paint.groupBlend == gfxBlendNormal;
+        double across[2] = {0, 0}; // along the rows of the image
+        double down[2] = {0, 0};   // along its columns
+        state->transformDelta(1, 0, &across[0], &across[1]);
+        state->transformDelta(0, -1, &down[0], &down[1]);
+        const auto isSmall = [](double part, double other) {
+            return std::abs(part) <= thresholds.maxSlant * std::abs(other);
+        };
+        const bool upright = isSmall(across[1], across[0]) && isSmall(down[0], down[1]);
+        const bool rotated = isSmall(across[0], across[1]) && isSmall(down[1], down[0]);
+        if (!plain || upright == rotated) {
+            return {};
+        }
+        model::ImageSource source{ref.getRefNum(), ref.getRefGen(), whole, 0, false};
+        if (upright) {
+            source.rotation = down[1] > 0 ? 0 : 180;
+            source.mirrored = (across[0] > 0) != (down[1] > 0);
+        } else {
+            source.rotation = down[0] < 0 ? 90 : 270;
+            source.mirrored = (across[1] > 0) != (down[0] < 0);
+        }
+        return source;
+    }
+
+    /// A picture and how many marks of each kind were there before it.
+    struct PaintedPicture
+    {
+        std::size_t index;
+        std::size_t rules;
+        std::size_t fills;
+        std::size_t ink;
+    };
+
+    bool isPaintedOver(const Box &box, const PaintedPicture &painted) const
+    {
+        const auto covers = [&box](const Box &mark) {
+            const Box common = intersected(mark, box);
+            return touches(mark, box) && std::max(common.width(), common.height()) > thresholds.sameEdge;
+        };
+        const std::size_t later = m_page.rules.size() - painted.rules + m_page.fills.size() - painted.fills +
+                                  m_page.ink.size() - painted.ink + m_page.pictures.size() - painted.index;
+        const auto from = [](const auto &marks, std::size_t first) {
+            return marks.begin() + static_cast<std::ptrdiff_t>(first);
+        };
+        const auto isOver = [&covers](const auto &mark) { return covers(mark.box); };
+        return later > thresholds.maxBelow ||
+               std::any_of(
+                   from(m_page.rules, painted.rules), m_page.rules.end(),
+                   [&covers](const model::Rule &rule) {
+                       return covers({rule.x1, rule.y1, rule.x2, rule.y2});
+                   }) ||
+               std::any_of(from(m_page.fills, painted.fills), m_page.fills.end(), isOver) ||
+               std::any_of(from(m_page.ink, painted.ink), m_page.ink.end(), isOver) ||
+               std::any_of(from(m_page.pictures, painted.index + 1), m_page.pictures.end(), isOver);
+    }
+
     model::RawPage m_page;
     std::vector<PaintState> m_paint{PaintState{}};
+    std::vector<PaintedPicture> m_paintedPictures;
     bool m_withPictures;
     MarkedContent m_contents;
     DrawnCharacters m_characters;
@@ -615,7 +702,7 @@ void addScanPictures(PdfFile &file, model::RawPage &page)
     }
     for (const Box &picture : findScanPictures(raster, words, dot)) {
         page.pictures.push_back(
-            {{picture.left / dot, picture.top / dot, picture.right / dot, picture.bottom / dot}, false, true});
+            {{picture.left / dot, picture.top / dot, picture.right / dot, picture.bottom / dot}, {}, false, true});
     }
 }
 
@@ -647,6 +734,7 @@ model::RawPage PageCollector::collect(int pageNumber)
         page.width = size.width;
         page.height = size.height;
         doc.displayPage(&collector, pageNumber, pointsPerInch, pointsPerInch, 0, false, true, false);
+        collector.finishPage();
         return page;
     };
     model::RawPage &page = read();

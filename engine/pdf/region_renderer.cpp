@@ -3,8 +3,10 @@
 
 #include "document/page_walk.h"
 #include "image/encode_picture.h"
+#include "own_pixels.h"
 #include "pdf_file_handles.h"
 #include "platform/page_time.h"
+#include "watermark.h"
 
 #include <SplashOutputDev.h>
 #include <splash/SplashBitmap.h>
@@ -63,7 +65,8 @@ public:
         GfxState *state, double x, double y, double dx, double dy, double originX, double originY, CharCode code,
         int bytes, const Unicode *u, int uLength) override
     {
-        if (m_withText && isNear(state, x - originX, y - originY) && !isLeftOut(state, x - originX, y - originY)) {
+        const bool wanted = m_withText || isWatermark(state);
+        if (wanted && isNear(state, x - originX, y - originY) && !isLeftOut(state, x - originX, y - originY)) {
             SplashOutputDev::drawChar(state, x, y, dx, dy, originX, originY, code, bytes, u, uLength);
         }
     }
@@ -152,6 +155,9 @@ PagePictureSource::PagePictureSource(
         model::forEachBlock(page, [&](const model::Block &block) {
             if (const model::Figure *figure = block.figure()) {
                 const model::FigureRegion &region = m_figures.at(static_cast<std::size_t>(figure->id));
+                if (region.stream && m_quality.ownPixels) {
+                    return;
+                }
                 Box &area = m_expected[{region.page, hasText(figure->kind, words)}];
                 area = united(area, region.box);
             }
@@ -276,6 +282,13 @@ model::EncodedPicture PagePictureSource::encode(const model::Figure &figure, mod
     const int page = m_figures[index].page;
     const Box &box = m_figures[index].box;
     const bool withText = hasText(figure.kind, words);
+    if (const std::optional<model::ImageSource> &stream = m_figures[index].stream; stream && m_quality.ownPixels) {
+        const PageTime time(page);
+        model::EncodedPicture picture = ownPixels(*m_file.handles().doc, *stream, box);
+        if (!picture.bytes.isEmpty()) {
+            return picture;
+        }
+    }
     if (!isDrawn(page, withText, box)) {
         const bool whole = figure.kind == model::FigureKind::Page;
         draw(page, withText, whole ? everything : areaFor(page, withText, box));

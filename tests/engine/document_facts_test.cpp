@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/faint_text.h"
 #include "document/font_family.h"
 #include "document/line_pieces.h"
 #include "document/link.h"
@@ -32,6 +33,56 @@ class DocumentFactsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void faintTextWithoutItsBackgroundIsBlack_data()
+    {
+        QTest::addColumn<bool>("filled");
+        QTest::addColumn<bool>("shaded");
+        QTest::addColumn<bool>("onFigure");
+        QTest::addColumn<bool>("figuresRemain");
+        QTest::addColumn<bool>("darkened");
+        QTest::newRow("pale on paper") << false << false << false << true << false;
+        QTest::newRow("on a fill") << true << false << false << true << true;
+        QTest::newRow("shaded by the fill") << true << true << false << true << false;
+        QTest::newRow("on a picture that remains") << false << false << true << true << false;
+        QTest::newRow("on a picture that does not") << false << false << true << false << true;
+    }
+
+    void faintTextWithoutItsBackgroundIsBlack()
+    {
+        QFETCH(bool, filled);
+        QFETCH(bool, shaded);
+        QFETCH(bool, onFigure);
+        QFETCH(bool, figuresRemain);
+        QFETCH(bool, darkened);
+        Document document;
+        Style pale;
+        pale.colour = 0xf4f4f4;
+        Paragraph paragraph;
+        paragraph.box = {100, 100, 200, 112};
+        paragraph.lines.push_back(testText::lineOf(QStringLiteral("pale")));
+        paragraph.lines[0].words[0].style = document.styles.add(pale);
+        if (shaded) {
+            paragraph.shading = 0x203040;
+        }
+        Page page;
+        if (filled) {
+            page.fills.push_back({{90, 90, 300, 400}, 0x203040});
+        }
+        page.sections.emplace_back();
+        std::vector<Block> &blocks = page.sections.back().blocks;
+        blocks.emplace_back().content = paragraph;
+        if (onFigure) {
+            Figure figure;
+            figure.box = {90, 90, 300, 400};
+            figure.behindText = true;
+            blocks.emplace_back().content = figure;
+        }
+        document.pages.push_back(page);
+        darkenFaintText(document, figuresRemain);
+        const Paragraph &found = *document.pages[0].sections[0].blocks[0].paragraph();
+        QCOMPARE(found.lines[0].words[0].style->colour, darkened ? black : pale.colour);
+    }
+
     void keepsSafeAddresses_data()
     {
         QTest::addColumn<QString>("link");

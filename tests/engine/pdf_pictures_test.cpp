@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/page_transform.h"
+#include "pdf/page_reader.h"
 #include "pdf/picture_prefetch.h"
 #include "pdf/region_renderer.h"
 
@@ -101,6 +102,62 @@ private Q_SLOTS:
             QVERIFY(!encoded.bytes.isEmpty());
         }
         QCOMPARE(source.drawings(), drawings);
+    }
+
+    // The two pictures of the sample have 160 by 160 pixels on two and a half inches.
+    void picturesKeepTheirOwnPixels_data()
+    {
+        QTest::addColumn<double>("share"); // of the picture's height that is shown
+        QTest::addColumn<int>("rotation");
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("height");
+        QTest::newRow("whole") << 1.0 << 0 << 160 << 160;
+        QTest::newRow("cut") << 0.5 << 0 << 160 << 80;
+        QTest::newRow("cut and turned") << 0.5 << 90 << 160 << 80;
+    }
+
+    void picturesKeepTheirOwnPixels()
+    {
+        QFETCH(double, share);
+        QFETCH(int, rotation);
+        PdfFile file(sample(), {}, {});
+        model::RawPage page = PageCollector(file, Collect::Everything).collect(1);
+        QCOMPARE(page.pictures.size(), std::size_t(2));
+        for (model::RawPicture &picture : page.pictures) {
+            QVERIFY(picture.stream);
+            QCOMPARE(picture.stream->rotation, 0);
+            picture.stream->rotation = rotation;
+            picture.box.bottom = picture.box.top + share * picture.box.height();
+            model::Document document;
+            addPage(document, 1);
+            addFigure(document, picture.box, FigureKind::Image);
+            document.figures.back().stream = picture.stream;
+            PictureQuality quality = coarse;
+            PagePictureSource rendered(file, document, quality, DrawingWords::InPicture);
+            QVERIFY(rendered.encode(figureAt(document, 0, 0), DrawingWords::InPicture).widthPixels != 160);
+            quality.ownPixels = true;
+            PagePictureSource source(file, document, quality, DrawingWords::InPicture);
+            const model::EncodedPicture own = source.encode(figureAt(document, 0, 0), DrawingWords::InPicture);
+            QTEST(own.widthPixels, "width");
+            QTEST(own.heightPixels, "height");
+            QVERIFY(!own.bytes.isEmpty());
+            QCOMPARE(source.drawings(), 0);
+        }
+    }
+
+    // Damaged references must not be worse than none.
+    void picturesWithoutAReadableStreamAreRendered()
+    {
+        PdfFile file(sample(), {}, {});
+        model::Document document;
+        addPage(document, 1);
+        addFigure(document, {72, 72, 172, 172}, FigureKind::Image);
+        document.figures.back().stream = model::ImageSource{1, 0, {72, 72, 172, 172}, 0, false};
+        PictureQuality quality = coarse;
+        quality.ownPixels = true;
+        PagePictureSource source(file, document, quality, DrawingWords::InPicture);
+        QVERIFY(!source.encode(figureAt(document, 0, 0), DrawingWords::InPicture).bytes.isEmpty());
+        QCOMPARE(source.drawings(), 1);
     }
 
     // What a figure shows is a matter of its id, wherever its page was moved to meanwhile.

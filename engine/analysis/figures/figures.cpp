@@ -9,6 +9,7 @@
 #include "text_lines/superscripts.h"
 
 #include <algorithm>
+#include <limits>
 #include <unordered_set>
 #include <utility>
 
@@ -135,31 +136,65 @@ bool isBehindText(const Page &page, const Figure &figure)
     return behind;
 }
 
+// A formula with the width of the nearest line of text that reaches over it on both sides; itself where there is none.
+Box rowOf(const Box &formula, const std::vector<TextLine> &lines)
+{
+    Box row = formula;
+    double nearest = std::numeric_limits<double>::max();
+    for (const TextLine &line : lines) {
+        const double distance = std::max(formula.top - line.box.bottom, line.box.top - formula.bottom);
+        for (const Segment &segment : segmentsOf(line, thresholds.maxLabelGap)) {
+            if (distance > 0 && distance < nearest && segment.box.left <= formula.left &&
+                segment.box.right >= formula.right) {
+                nearest = distance;
+                row = {segment.box.left, formula.top, segment.box.right, formula.bottom};
+            }
+        }
+    }
+    return row;
+}
+
+// Formulas are drawings of their own unless they stand in a table or a drawing.
+void addFormulas(std::vector<Box> &drawings, const std::vector<Box> &formulas, const std::vector<Box> &tables)
+{
+    const std::vector<Box> others = drawings;
+    const auto isInAny = [](const Box &formula, const std::vector<Box> &boxes) {
+        return std::any_of(boxes.begin(), boxes.end(), [&formula](const Box &box) {
+            return box.contains(formula.centreX(), formula.centreY());
+        });
+    };
+    std::copy_if(formulas.begin(), formulas.end(), std::back_inserter(drawings), [&](const Box &formula) {
+        return !isInAny(formula, tables) && !isInAny(formula, others);
+    });
+}
+
 } // namespace
 
-std::vector<Box> wholeImages(const std::vector<RawPicture> &pieces)
+std::vector<RawPicture> wholeImages(const std::vector<RawPicture> &pieces)
 {
-    std::vector<Box> images;
+    std::vector<RawPicture> images;
     for (const RawPicture &piece : pieces) {
-        Box box = piece.box;
+        RawPicture image = piece;
         for (std::size_t i = images.size(); i-- > 0;) {
-            if (touch(images[i], box)) {
-                box = united(box, images[i]);
+            if (touch(images[i].box, image.box)) {
+                image = {united(image.box, images[i].box), {}};
                 images.erase(images.begin() + static_cast<std::ptrdiff_t>(i));
             }
         }
-        images.push_back(box);
+        images.push_back(image);
     }
     images.erase(
         std::remove_if(
             images.begin(), images.end(),
-            [](const Box &b) { return b.width() < thresholds.minImageSide || b.height() < thresholds.minImageSide; }),
+            [](const RawPicture &image) {
+                return image.box.width() < thresholds.minImageSide || image.box.height() < thresholds.minImageSide;
+            }),
         images.end());
     return images;
 }
 
 PageFigures
-findFigures(const RawPage &raw, const std::vector<Box> &tables, const std::vector<Box> &networks, const WordRefs &words)
+findFigures(const RawPage &raw, const std::vector<Box> &tables, const KnownFigures &known, const WordRefs &words)
 {
     PageFigures figures;
     WordRefs loose; // words of no table
@@ -168,20 +203,26 @@ findFigures(const RawPage &raw, const std::vector<Box> &tables, const std::vecto
             return t.contains(word->box.centreX(), word->box.centreY());
         });
     });
-    std::vector<Box> drawings = findDrawings(raw, tables, networks);
+    std::vector<Box> drawings = findDrawings(raw, tables, known.networks);
+    const std::size_t firstFormula = drawings.size();
+    addFormulas(drawings, known.formulas, tables);
+    const std::vector<TextLine> lines = drawings.size() > firstFormula ? textLinesOf(loose) : std::vector<TextLine>();
     for (Box &drawing : drawings) {
         WordRefs labels = labelsOf(drawing, loose);
         if (labels.size() > thresholds.maxLabels && areProseLines(labels)) {
             continue; // ornaments around text
         }
-        figures.placed.push_back({drawing, FigureKind::Drawing, std::move(labels)});
+        const bool formula = static_cast<std::size_t>(&drawing - drawings.data()) >= firstFormula;
+        figures.placed.push_back(
+            {drawing, FigureKind::Drawing, std::move(labels), {}, formula ? rowOf(drawing, lines) : Box{}});
     }
     const std::size_t drawn = figures.placed.size();
     std::vector<RawPicture> pictures = raw.pictures;
     pictures.erase(
         std::remove_if(pictures.begin(), pictures.end(), [](const RawPicture &picture) { return picture.scan; }),
         pictures.end());
-    for (const Box &image : wholeImages(pictures)) {
+    for (const RawPicture &picture : wholeImages(pictures)) {
+        const Box &image = picture.box;
         const bool inDrawing = std::any_of(
             figures.placed.begin(), figures.placed.begin() + static_cast<std::ptrdiff_t>(drawn),
             [&image](const FoundFigure &p) { return isInside(image, p.box); });
@@ -192,7 +233,7 @@ findFigures(const RawPage &raw, const std::vector<Box> &tables, const std::vecto
         }
         const bool behind = image.width() * image.height() > thresholds.maxImageArea * raw.width * raw.height ||
                             (!inTable && wordsIn(image, loose).size() > thresholds.maxWordsOnImage);
-        (behind ? figures.backgrounds : figures.placed).push_back({image, FigureKind::Image, {}});
+        (behind ? figures.backgrounds : figures.placed).push_back({image, FigureKind::Image, {}, picture.stream});
     }
     return figures;
 }
@@ -202,6 +243,7 @@ std::vector<Block> figureBlocks(const FoundFigure &found, StyleTable &styles)
     Figure figure;
     figure.box = found.box;
     figure.kind = found.kind;
+    figure.stream = found.stream;
     Paragraph labels = labelParagraph(found.words, styles);
     if (labels.lines.empty()) {
         return {{std::move(figure), 0}};
@@ -227,7 +269,7 @@ void registerFigures(Page &page, Document &document)
     forEachBlock(page, [&](Block &block) {
         if (Figure *figure = block.figure()) {
             figure->id = FigureId{document.figures.size()};
-            document.figures.push_back({page.number, figure->box, textOn(page, *figure)});
+            document.figures.push_back({page.number, figure->box, textOn(page, *figure), figure->stream});
         }
     });
 }

@@ -13,7 +13,7 @@ namespace figures {
 
 struct Thresholds
 {
-    double minImageSide = 8;   ///< points; smaller images are bullets and parts of ornaments
+    double minImageSide = 6;   ///< points; smaller images are bullets and parts of ornaments
     double maxSeam = 1;        ///< points between strips or tiles that are one image; more than rounding leaves
     double maxImageArea = 0.6; ///< share of the page; larger images are its background
     double maxExcess = 1.05;   ///< of the outer box's width; a little wider is still inside, for the sake of borders
@@ -37,7 +37,12 @@ struct FoundFigure
 {
     Box box;
     FigureKind kind = FigureKind::Image;
-    WordRefs words; ///< inside a drawing: the labels of a chart
+    WordRefs words;                         ///< inside a drawing: the labels of a chart
+    std::optional<ImageSource> stream = {}; ///< as in RawPicture
+    Box row = {};                           ///< of a formula: as wide as the text that it stands in; empty for others
+
+    /// What keeps text away: other columns than the one of a formula begin beside its text, not beside the formula.
+    const Box &obstacle() const { return row.isEmpty() ? box : row; }
 };
 
 struct PageFigures
@@ -47,12 +52,19 @@ struct PageFigures
 };
 
 /// Unites the pieces (strips, tiles) of images that many programs write as several ones. Tiny images are left out.
-std::vector<Box> wholeImages(const std::vector<RawPicture> &pieces);
+std::vector<RawPicture> wholeImages(const std::vector<RawPicture> &pieces);
 
-/// Finds the raster images of a page, with strips of one image united, and its drawings with the words inside them. The
-/// networks are those of findNetworks().
-PageFigures findFigures(
-    const RawPage &raw, const std::vector<Box> &tables, const std::vector<Box> &networks, const WordRefs &words);
+/// Regions that are figures before anything is known of tables.
+struct KnownFigures
+{
+    std::vector<Box> networks; ///< of findNetworks()
+    std::vector<Box> formulas; ///< of findFormulas()
+};
+
+/// Finds the raster images of a page, with strips of one image united, and its drawings with the words inside them, the
+/// known ones among them.
+PageFigures
+findFigures(const RawPage &raw, const std::vector<Box> &tables, const KnownFigures &known, const WordRefs &words);
 
 /// Returns the block of a figure with its words as labels. If they extend so far over its edge that the picture would
 /// cut them off, they follow as a paragraph.

@@ -2,6 +2,7 @@
 #include "html_paragraph.h"
 
 #include "base/xml_text.h"
+#include "document/faint_text.h"
 #include "document/line_pieces.h"
 #include "document/text.h"
 #include "html_leaders.h"
@@ -131,7 +132,7 @@ TextContext textContext(const Paragraph &paragraph, const std::vector<Run> &runs
 {
     TextContext text{
         elementStyle(runs, context.usual, isHeading(paragraph)), isHeading(paragraph), false, context.lostBackground};
-    if (context.lostBackground && isFaint(text.style.colour)) {
+    if (context.lostBackground && model::isFaint(text.style.colour)) {
         text.style.colour = black;
     }
     return text;

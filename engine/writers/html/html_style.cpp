@@ -24,7 +24,6 @@ struct Thresholds
     double lineHeight = 1.2;   ///< em; text in a cell that is higher by less than a line needs no vertical alignment
     double nearEdge = 0.25;    ///< share of the space above and below; text nearer to an edge is aligned with it
     double sameSize = 0.25;    ///< points; smaller differences of font sizes are not visible
-    double faint = 0.85;       ///< share of white; lighter text cannot be read on white paper
     double defaultMargin = 36; ///< points; of a document without text
     double minMargin = 12;     ///< points; text at the edge of the window is hard to read
     double maxMargin = 90;     ///< points; wider ones waste the width of the window
@@ -282,12 +281,6 @@ QString joinedStyle(QStringList parts)
 {
     parts.removeAll(QString());
     return parts.join(QLatin1Char(';'));
-}
-
-bool isFaint(Colour colour)
-{
-    const double light = 0.299 * (colour >> 16 & 0xff) + 0.587 * (colour >> 8 & 0xff) + 0.114 * (colour & 0xff);
-    return light > thresholds.faint * 0xff;
 }
 
 } // namespace quorra

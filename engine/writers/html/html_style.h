@@ -36,7 +36,4 @@ QString borderStyle(const char *name, const model::Border &border);
 /// Joins style declarations, leaving out empty ones.
 QString joinedStyle(QStringList parts);
 
-/// Returns whether text of this colour is hardly visible on white paper.
-bool isFaint(Colour colour);
-
 } // namespace quorra

@@ -2,6 +2,7 @@
 #include "html_text.h"
 
 #include "base/xml_text.h"
+#include "document/faint_text.h"
 #include "document/link.h"
 #include "html_style.h"
 
@@ -87,7 +88,7 @@ private:
     void writeRun(const Run &run, const QString &text)
     {
         model::Style style = run.style;
-        if (m_context.lostBackground && isFaint(style.colour)) {
+        if (m_context.lostBackground && model::isFaint(style.colour)) {
             style.colour = black;
         }
         model::Style around = m_context.style;

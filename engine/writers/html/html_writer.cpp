@@ -2,6 +2,7 @@
 #include "html/html_writer.h"
 
 #include "base/xml_text.h"
+#include "document/faint_text.h"
 #include "document/language.h"
 #include "document/page_walk.h"
 #include "html_paragraph.h"
@@ -34,24 +35,6 @@ struct Thresholds
     double maxOffCentre = 0.1;    ///< share of the column's width; by which the spaces on both sides differ
 };
 constexpr Thresholds thresholds;
-
-/// Returns whether the text is faint and has a picture or a dark area behind it, which is not output as its background.
-bool losesBackground(const Page &page, const Paragraph &paragraph)
-{
-    const auto isPale = [](const model::Run &run) { return isFaint(run.style.colour); };
-    const std::vector<model::Run> runs = model::runsOf(paragraph);
-    if (std::none_of(runs.begin(), runs.end(), isPale)) {
-        return false;
-    }
-    const Box &text = paragraph.box;
-    bool found = std::any_of(page.fills.begin(), page.fills.end(), [&text](const model::Fill &fill) {
-        return !isFaint(fill.colour) && !intersected(fill.box, text).isEmpty();
-    });
-    model::forEachBlock(page, [&](const Block &block) {
-        found = found || (block.figure() && !intersected(block.figure()->box, text).isEmpty());
-    });
-    return found;
-}
 
 /// Returns whether a table or picture is centred in its column, or on the page if there is a single column.
 bool isCentred(const Page &page, const model::Section &section, const Block &block)
@@ -231,7 +214,7 @@ private:
 
     ParagraphContext contextOf(const Page &page, const Paragraph &paragraph) const
     {
-        return {m_usual, !m_background && losesBackground(page, paragraph)};
+        return {m_usual, !m_background && model::losesBackground(page, paragraph)};
     }
 
     /// Writes the labels as text if there is no picture.

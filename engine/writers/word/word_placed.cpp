@@ -25,7 +25,7 @@ bool hasDrawnLines(const model::Paragraph &paragraph)
 
 bool hasBackground(const model::Page &page)
 {
-    bool has = page.recognised || !page.rules.empty() || !page.fills.empty();
+    bool has = page.recognised || page.background || !page.rules.empty() || !page.fills.empty();
     forEachBlock(page, [&](const model::Block &block) { has = has || block.figure() || block.table(); });
     forEachParagraph(page, [&](const model::Paragraph &paragraph) { has = has || hasDrawnLines(paragraph); });
     return has;

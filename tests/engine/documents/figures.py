@@ -239,3 +239,19 @@ def clipped_fill(sheet):
     sheet.rect(LEFT, 80, 80, 80, fill="#208040")
     sheet.canvas.restoreState()
     sheet.prose(LEFT, 170, FULL, TOWN[0])
+
+
+@document
+def pictures_with_their_own_pixels(sheet):
+    """Upright, cut off by a clip, turned by a quarter; one under a line, whose pixels have to be drawn again."""
+    sheet.image(LEFT, 90, 120, 120)
+    sheet.canvas.saveState()
+    path = sheet.canvas.beginPath()
+    path.rect(LEFT + 160, sheet.height - 150, 60, 60)
+    sheet.canvas.clipPath(path, stroke=0, fill=0)
+    sheet.image(LEFT + 160, 90, 120, 120)
+    sheet.canvas.restoreState()
+    sheet.rotated(LEFT + 400, 90, 90, lambda: sheet.image(0, 0, 100, 100, "slope"))
+    sheet.image(LEFT, 240, 120, 60, "slope")
+    sheet.line(LEFT - 5, 270, LEFT + 125, 270, 2)
+    sheet.prose(LEFT, 320, FULL, TOWN[0])

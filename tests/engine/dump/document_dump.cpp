@@ -309,6 +309,19 @@ void dumpTable(const Table &table, const std::string &margin, std::ostream &out)
     }
 }
 
+/// How the pixels of the file are shown, nothing for a figure that is drawn.
+std::string pixelsOf(const Figure &figure)
+{
+    if (!figure.stream) {
+        return {};
+    }
+    const Box &whole = figure.stream->whole;
+    return joined(
+        {"own pixels", figure.stream->rotation == 0 ? "" : "turned " + std::to_string(figure.stream->rotation),
+         figure.stream->mirrored ? "mirrored" : "", box(whole) == box(figure.box) ? "" : "of " + box(whole)},
+        " ");
+}
+
 void dumpBlock(const Block &block, Continuations &continuations, const std::string &margin, std::ostream &out)
 {
     if (const Paragraph *paragraph = block.paragraph()) {
@@ -319,7 +332,7 @@ void dumpBlock(const Block &block, Continuations &continuations, const std::stri
     } else if (const Figure *figure = block.figure()) {
         out << margin << name(figure->kind) << " " << number(figure->id) << " ["
             << joined(
-                   {box(figure->box), figure->behindText ? "behind text" : "",
+                   {box(figure->box), figure->behindText ? "behind text" : "", pixelsOf(*figure),
                     figure->alternative.isEmpty() ? "" : "alternative " + visible(figure->alternative)},
                    "; ")
             << "]\n";
@@ -367,8 +380,9 @@ void dumpPage(const Page &page, Continuations &continuations, std::ostream &out)
 {
     out << "page " << page.number << " ["
         << joined(
-               {whole(page.width) + " x " + whole(page.height), page.scanned ? "scanned" : "", page.recognised ? "recognised" : "",
-                page.label.isEmpty() ? "" : "label " + visible(page.label), isTagged(page) ? "tags believed" : "",
+               {whole(page.width) + " x " + whole(page.height), page.scanned ? "scanned" : "",
+                page.recognised ? "recognised" : "", page.label.isEmpty() ? "" : "label " + visible(page.label),
+                isTagged(page) ? "tags believed" : "",
                 page.content.isEmpty() ? "empty" : "content " + box(page.content),
                 page.background ? "needs its background as a picture" : ""},
                "; ")

@@ -177,9 +177,10 @@ struct Figure
     Box box; ///< its position; its picture is the region in Document::figures
     FigureKind kind = FigureKind::Image;
     FigureId id = {};
-    QString alternative;           ///< what is read aloud in its place, where the file says so
-    bool behindText = false;       ///< there is text on it that does not belong to it
-    std::vector<Paragraph> labels; ///< the text inside a drawing, which is also visible in its picture
+    QString alternative;                    ///< what is read aloud in its place, where the file says so
+    std::optional<ImageSource> stream = {}; ///< as in RawPicture
+    bool behindText = false;                ///< there is text on it that does not belong to it
+    std::vector<Paragraph> labels;          ///< the text inside a drawing, which is also visible in its picture
 };
 
 /// The region of a page in the file that a figure shows. It does not change when pages are moved or scaled.
@@ -189,6 +190,7 @@ struct FigureRegion
     Box box;      ///< on the displayed page
     /// Where words stand on it that are text of the page rather than labels of the figure: its picture leaves them out.
     std::vector<Box> text = {};
+    std::optional<ImageSource> stream = {}; ///< of an image whose pixels can be shown as they are in the file
 };
 
 struct Block

@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 // What one pass over a page of a PDF file finds, as plain data that does not depend on the PDF library: tests can make
@@ -69,10 +70,22 @@ struct Ink
     bool frame = false; ///< a frame with rounded corners or a pattern, which says nothing about what is inside its box
 };
 
+/// A raster image of the file and how it stands on the page, where its pixels can be shown as they are: opaque, upright
+/// or rotated by multiples of 90 degrees, and with nothing painted over it.
+struct ImageSource
+{
+    int object = 0; ///< in the file
+    int generation = 0;
+    Box whole;             ///< on the displayed page, with the parts that are cut off
+    int rotation = 0;      ///< 0, 90, 180 or 270: clockwise
+    bool mirrored = false; ///< left and right are exchanged, before the rotation
+};
+
 /// The position of a raster image.
 struct RawPicture
 {
-    Box box;           ///< the visible part
+    Box box; ///< the visible part
+    std::optional<ImageSource> stream = {};
     bool scan = false; ///< it shows the recognised text of the page, which replaces it
     bool part = false; ///< a part of a scan that shows a picture rather than text
 };
@@ -96,6 +109,7 @@ struct RawPage
     std::vector<RawPicture> pictures; ///< drawings are found later, from the ink
     std::vector<Ink> ink;
     bool recognised = false; ///< some of the words were recognised in a scan, which shows them (see resolveHiddenWords)
+    bool watermark = false;  ///< large slanted text lies on it, which is none of its words
     QString label; ///< as printed on the page ("iv"), where the file says so and it is not the number; may be empty
     std::vector<Comment> comments;
     std::vector<Alternative> alternatives;

@@ -21,6 +21,7 @@ struct PictureQuality
     ColourDepth depth = ColourDepth::Colour;
     double xres = 150;
     double yres = 150;
+    bool ownPixels = false; ///< images keep the pixels that they have in the file where that is possible
 };
 
 /// Renders pictures of a PDF file at a given resolution and colour depth. An image looks as on the page, whatever
