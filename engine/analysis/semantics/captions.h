@@ -17,8 +17,8 @@ inline constexpr Thresholds thresholds;
 } // namespace captions
 
 /// Sets Paragraph::captionOf for the captions of the page: the nearer one of the figures directly before and after in
-/// reading order. A caption that is nearer to a table, or far from figures, belongs to none. The figures must have their
-/// ids.
+/// reading order. A caption that is nearer to a table, or far from figures, belongs to none. The figures must have
+/// their ids.
 void linkCaptions(Page &page);
 
 } // namespace quorra::model

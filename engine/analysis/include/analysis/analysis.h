@@ -20,8 +20,8 @@ void onePageAfterAnother(int count, const std::function<void(int)> &work);
 /// Never fails; an empty page gives a page without blocks. Takes the raw pages by value because it moves their words.
 /// The pages are built on their own, in the given loop; the document is the same whatever the loop.
 /// What the tags say is used where it agrees with the pages; without tags everything is told from the pages.
-Document buildDocument(
-    std::vector<RawPage> pages, const PageLoop &forEach = onePageAfterAnother, const TagTree &tags = {});
+Document
+buildDocument(std::vector<RawPage> pages, const PageLoop &forEach = onePageAfterAnother, const TagTree &tags = {});
 
 /// For writers of flowing text: takes paragraphs together that a column break cut inside a sentence (and, with
 /// overPages, a page break). The lines of the joined paragraphs stay in order, the box is the first part's.

@@ -12,7 +12,7 @@ namespace quorra {
 struct HtmlOptions
 {
     bool xhtml = false; ///< an XML document instead of HTML5
-    QString title; ///< of a document whose file names none
+    QString title;      ///< of a document whose file names none
 };
 
 /// Writes the document as a single file that contains its pictures. It is well-formed XML in both forms. Continuations
