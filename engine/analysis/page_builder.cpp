@@ -210,6 +210,7 @@ void addOpenTables(
     const auto isFree = [&used](const RawWord *word) { return word->rotation == 0 && used.count(word) == 0; };
     std::copy_if(words.begin(), words.end(), std::back_inserter(free), isFree);
     std::vector<Box> taken;
+    taken.reserve(tables.size() + figures.placed.size());
     for (const TableWords &table : tables) {
         taken.push_back(table.table.box);
     }

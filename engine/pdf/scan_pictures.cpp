@@ -30,6 +30,11 @@ struct Grid
     std::vector<char> inked;
 };
 
+std::size_t indexOf(const Grid &grid, int row, int column)
+{
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(grid.columns) + static_cast<std::size_t>(column);
+}
+
 /// The most frequent gray level.
 int paperLevel(const Raster &page)
 {
@@ -57,7 +62,7 @@ Grid inkOf(const Raster &page, const std::vector<Box> &words, double dot)
                     ink += std::abs(page.row(y)[x] - paper) >= thresholds.minContrast ? 1 : 0;
                 }
             }
-            grid.inked[static_cast<std::size_t>(row * grid.columns + column)] = ink >= thresholds.minInk * size * size;
+            grid.inked[indexOf(grid, row, column)] = ink >= thresholds.minInk * size * size;
         }
     }
     const double margin = thresholds.wordMargin * dot;
@@ -68,7 +73,7 @@ Grid inkOf(const Raster &page, const std::vector<Box> &words, double dot)
         const int bottom = std::min(grid.rows - 1, static_cast<int>(box.bottom / size));
         for (int row = std::max(0, static_cast<int>(box.top / size)); row <= bottom; ++row) {
             for (int column = left; column <= right; ++column) {
-                grid.inked[static_cast<std::size_t>(row * grid.columns + column)] = 0;
+                grid.inked[indexOf(grid, row, column)] = 0;
             }
         }
     }
@@ -89,7 +94,7 @@ Region takeRegion(Grid &grid, int column, int row)
 {
     Region region{column, row, column, row, 0};
     std::vector<std::pair<int, int>> open{{column, row}};
-    grid.inked[static_cast<std::size_t>(row * grid.columns + column)] = 0;
+    grid.inked[indexOf(grid, row, column)] = 0;
     while (!open.empty()) {
         const auto [x, y] = open.back();
         open.pop_back();
@@ -99,7 +104,7 @@ Region takeRegion(Grid &grid, int column, int row)
             region.cells};
         for (int nextY = std::max(0, y - 1); nextY <= std::min(grid.rows - 1, y + 1); ++nextY) {
             for (int nextX = std::max(0, x - 1); nextX <= std::min(grid.columns - 1, x + 1); ++nextX) {
-                char &inked = grid.inked[static_cast<std::size_t>(nextY * grid.columns + nextX)];
+                char &inked = grid.inked[indexOf(grid, nextY, nextX)];
                 if (inked) {
                     inked = 0;
                     open.emplace_back(nextX, nextY);
@@ -128,7 +133,7 @@ std::vector<Box> findScanPictures(const Raster &page, const std::vector<Box> &wo
     std::vector<Box> pictures;
     for (int row = 0; row < grid.rows; ++row) {
         for (int column = 0; column < grid.columns; ++column) {
-            if (!grid.inked[static_cast<std::size_t>(row * grid.columns + column)]) {
+            if (!grid.inked[indexOf(grid, row, column)]) {
                 continue;
             }
             const Region region = takeRegion(grid, column, row);

@@ -64,6 +64,43 @@ WordRefs labelsOf(Box &drawing, const WordRefs &words)
     return labels;
 }
 
+bool isOrnament(const WordRefs &words)
+{
+    return words.size() > thresholds.maxLabels && areProseLines(words);
+}
+
+double areaOf(const Box &box)
+{
+    return box.width() * box.height();
+}
+
+// Unites drawings that overlap with the labels that belong to them: a chart whose parts do not touch one another.
+void uniteOverlapping(std::vector<Box> &drawings, const WordRefs &words)
+{
+    std::vector<Box> separate;
+    std::vector<Box> ornaments;
+    for (Box drawing : drawings) {
+        const Box own = drawing;
+        if (isOrnament(labelsOf(drawing, words))) {
+            ornaments.push_back(own);
+            continue;
+        }
+        for (std::size_t i = 0; i < separate.size();) {
+            const double shared = areaOf(intersected(drawing, separate[i]));
+            if (shared > thresholds.maxShared * std::min(areaOf(drawing), areaOf(separate[i]))) {
+                drawing = united(drawing, separate[i]);
+                separate.erase(separate.begin() + static_cast<std::ptrdiff_t>(i));
+                i = 0;
+            } else {
+                ++i;
+            }
+        }
+        separate.push_back(drawing);
+    }
+    drawings = std::move(separate);
+    drawings.insert(drawings.end(), ornaments.begin(), ornaments.end());
+}
+
 bool isInside(const Box &inner, const Box &outer)
 {
     return outer.contains(inner.centreX(), inner.centreY()) && inner.width() <= thresholds.maxExcess * outer.width();
@@ -204,13 +241,14 @@ findFigures(const RawPage &raw, const std::vector<Box> &tables, const KnownFigur
         });
     });
     std::vector<Box> drawings = findDrawings(raw, tables, known.networks);
+    uniteOverlapping(drawings, loose);
     const std::size_t firstFormula = drawings.size();
     addFormulas(drawings, known.formulas, tables);
     const std::vector<TextLine> lines = drawings.size() > firstFormula ? textLinesOf(loose) : std::vector<TextLine>();
     for (Box &drawing : drawings) {
         WordRefs labels = labelsOf(drawing, loose);
-        if (labels.size() > thresholds.maxLabels && areProseLines(labels)) {
-            continue; // ornaments around text
+        if (isOrnament(labels)) {
+            continue;
         }
         const bool formula = static_cast<std::size_t>(&drawing - drawings.data()) >= firstFormula;
         figures.placed.push_back(

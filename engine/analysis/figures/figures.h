@@ -24,6 +24,7 @@ struct Thresholds
 
     double maxLabelGap = 0.8;     ///< em between the words of one label; wider gaps stand between labels
     double minLabelInside = 0.6;  ///< share of a label's width inside the drawing; less, and it is text beside it
+    double maxShared = 0.5;       ///< share of the smaller of two drawings with their labels; more, and they are one
     double minShownLabel = 0.9;   ///< share of the labels' width inside the picture; less, and it would cut them off
     double minTextOnFigure = 0.5; ///< share of a text's width; less only touches the figure
 };

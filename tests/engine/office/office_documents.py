@@ -48,7 +48,7 @@ class Documents:
 
     def wanted(self, path):
         password = core_support.PASSWORDS.get(path.name)
-        return words(readers.pdf_text(str(path), *(["-upw", password] if password else [])))
+        return readers.seen_words(str(path), words, *(["-upw", password] if password else []))
 
     def check_words(self, path, extension, text, least):
         wanted = self.wanted(path)

@@ -1,6 +1,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """What the engine's outputs hold, as libraries of other makers and the formats' own structure tell it."""
+import collections
+import html
 import html.parser
+import itertools
 import os
 import re
 import subprocess
@@ -11,6 +14,7 @@ import zipfile
 
 W = "{http://schemas.openxmlformats.org/wordprocessingml/2006/main}"
 A = "{http://schemas.openxmlformats.org/drawingml/2006/main}"
+COVERED = 0.8  # share of the width of a word that lies on another one
 FALLBACK = "{http://schemas.openxmlformats.org/markup-compatibility/2006}Fallback"
 
 
@@ -25,6 +29,42 @@ def tokens(text):
 
 def pdf_text(path, *options):
     return run("pdftotext", *options, path, "-").decode("utf-8", "replace")
+
+
+def _letters(text):
+    return re.sub(r"\W", "", text)
+
+
+def _overprinted(path, *options):
+    """The words that pdftotext finds mostly inside the box of another word, which are parts of it drawn a second time."""
+    found = []
+    for page in run("pdftotext", "-bbox", *options, path, "-").decode("utf-8", "replace").split("<page ")[1:]:
+        words = [(*map(float, box), html.unescape(text)) for *box, text in re.findall(
+            r'<word xMin="(.*?)" yMin="(.*?)" xMax="(.*?)" yMax="(.*?)">(.*?)</word>', page)]
+        words.sort(key=lambda word: word[1])
+        for i, (left, top, right, bottom, text) in enumerate(words):
+            if not _letters(text):
+                continue
+            middle, share = (top + bottom) / 2, COVERED * (right - left)
+            near = itertools.chain(itertools.takewhile(lambda other: other[1] <= middle, words[i + 1:]),
+                                   itertools.takewhile(lambda other: top - other[1] < bottom - top, reversed(words[:i])))
+            if any(min(right, other[2]) - max(left, other[0]) > share and other[3] > middle
+                   and len(other[4]) > len(text) and _letters(text) in _letters(other[4]) for other in near):
+                found.append(text)
+    return found
+
+
+def seen_words(path, split, *options):
+    """The words of a PDF file as split() divides its text. pdftotext repeats parts of words that are drawn twice to be
+    bold ("120 120.0 0"); nobody sees them, and they do not count."""
+    repeated = collections.Counter(word for text in _overprinted(path, *options) for word in split(text))
+    words = []
+    for word in split(pdf_text(path, *options)):
+        if repeated[word] > 0:
+            repeated[word] -= 1
+        else:
+            words.append(word)
+    return words
 
 
 def pdf_pages(path, *options):
@@ -82,15 +122,37 @@ def _is_heading(paragraph):
     return style is not None and style.get(W + "val").startswith("Heading")
 
 
+def _number_notes(body):
+    """Writes the numbers that Word shows where the text refers to footnotes into the text; gives them for each id."""
+    numbers = {}
+    for reference in list(body.iter(W + "footnoteReference")):
+        if reference.get(W + "customMarkFollows") is None:
+            numbers[reference.get(W + "id")] = str(len(numbers) + 1)
+            reference.tag, reference.text = W + "t", numbers[reference.get(W + "id")]
+    return numbers
+
+
+def _notes(path, numbers):
+    """The texts of the footnotes, with their numbers."""
+    with zipfile.ZipFile(path) as archive:
+        if "word/footnotes.xml" not in archive.namelist():
+            return []
+        notes = ElementTree.fromstring(archive.read("word/footnotes.xml")).iter(W + "footnote")
+        return [" ".join([numbers.get(note.get(W + "id"), "")] + [_own_text(each) for each in note.iter(W + "p")])
+                for note in notes]
+
+
 class WordFile:
     def __init__(self, path):
         import docx
 
         document = docx.Document(path)
         body = document.element.body
+        self.notes = _notes(path, _number_notes(body))
         self.paragraphs = [_own_text(each) for each in _shown(body) if each.tag == W + "p"]
         # Headings are no sentences: Word knows them by their style.
         self.sentences = [_own_text(each) for each in _shown(body) if each.tag == W + "p" and not _is_heading(each)]
+        self.sentences += self.notes
         self.text_boxes = sum(1 for each in _shown(body) if each.tag == W + "txbxContent")
         self.framed = sum(1 for each in _shown(body) if each.tag == W + "framePr")
         self.tables = len(document.tables)
@@ -109,7 +171,7 @@ class WordFile:
         self.page_sizes = [(each.page_width.pt, each.page_height.pt) for each in document.sections]
 
     def text(self):
-        return "\n".join(self.paragraphs + self.heads)
+        return "\n".join(self.paragraphs + self.heads + self.notes)
 
 
 def slide_texts(path):
