@@ -9,6 +9,8 @@
 
 #include <QTest>
 
+#include <cmath>
+
 using namespace quorra;
 using namespace quorra::model;
 using namespace thresholdEdges;
@@ -95,7 +97,7 @@ bool isPlaced(const Box &image)
 void addProse(PageMaker &page, int words, double left, double top)
 {
     for (int i = 0; i < words; ++i) {
-        page.text(left + 30 * (i % 10), top + 12 * (i / 10), QStringLiteral("prose"));
+        page.text(left + 30 * (i % 10), top + 12 * std::floor(i / 10.0), QStringLiteral("prose"));
     }
 }
 
@@ -140,7 +142,7 @@ std::vector<Edge> figureEdges()
             "words on an image", thresholds.maxWordsOnImage,
             [](double words) {
                 PageMaker page;
-                addProse(page, static_cast<int>(words), 110, 120);
+                addProse(page, static_cast<int>(words), 110.0, 120.0);
                 addImage(page, {100, 100, 500, 300});
                 return placedFigures(page).size() == 1;
             }),
@@ -148,7 +150,7 @@ std::vector<Edge> figureEdges()
             "words on a drawing", thresholds.maxLabels,
             [](double words) {
                 PageMaker page;
-                addProse(page, static_cast<int>(words), 110, 120);
+                addProse(page, static_cast<int>(words), 110.0, 120.0);
                 addDrawing(page, {100, 100, 500, 300});
                 return placedFigures(page).size() == 1;
             }),

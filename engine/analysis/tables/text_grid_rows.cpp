@@ -79,7 +79,7 @@ std::size_t TextGrid::headerLines() const
     std::size_t ruled = 0;
     for (std::size_t i = 0; i < most; ++i) {
         const bool early = static_cast<double>(i + 1) <= thresholds.maxHeaderShare * static_cast<double>(m_grid.size());
-        if (m_ruleAfter[i] && i <= firstNumbers && (early || i < firstNumbers)) {
+        if (i <= firstNumbers && m_ruleAfter[i] && (early || i < firstNumbers)) {
             ruled = i + 1 <= firstNumbers || ruled == 0 ? i + 1 : ruled;
             if (firstNumbers > most) {
                 break;
