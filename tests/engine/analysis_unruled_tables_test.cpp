@@ -89,7 +89,7 @@ private Q_SLOTS:
         QVERIFY(table);
         QCOMPARE(cellText(*table, 0, 0), QStringLiteral("Year"));
         QCOMPARE(table->rows(), 4);
-        QVERIFY(paragraphTexts(document).front().endsWith(QStringLiteral("since the year")));
+        QVERIFY(paragraphTexts(document).constFirst().endsWith(QStringLiteral("since the year")));
     }
 
     void gapsOfMostRowsAreColumns()

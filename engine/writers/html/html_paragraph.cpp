@@ -175,7 +175,8 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
 bool showsMark(const model::ListItem &item)
 {
     // A list that goes on after other text keeps its number, a box its tick.
-    return item.ordered || item.mark == QChar(0x2610) || item.mark == QChar(0x2611) || item.mark == QChar(0x2612);
+    const bool isCheckBox = item.mark == u"\u2610" || item.mark == u"\u2611" || item.mark == u"\u2612";
+    return item.ordered || isCheckBox;
 }
 
 void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const ParagraphContext &context)
