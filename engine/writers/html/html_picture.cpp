@@ -33,7 +33,8 @@ std::vector<Label> labelsOf(const model::Paragraph &paragraph)
 {
     std::vector<Label> labels;
     bool hyphenated = false;
-    for (Line line : paragraph.lines) {
+    for (const Line &source : paragraph.lines) {
+        Line line = source;
         if (hyphenated && !line.words.empty()) {
             labels.back().text.chop(1);
             labels.back().text += line.words.front().text;
