@@ -13,7 +13,7 @@ namespace {
 
 constexpr qsizetype mostDigits = 15; // that a spreadsheet's numbers hold exactly
 
-// Patterns of currency marks: a sign, with letters that tell the country ("US$"), or a code.
+// Patterns of currency marks: a sign, with letters for the country ("US$"), or a code.
 QString currencySign()
 {
     return u"(?:[$€£¥])"_s;
@@ -116,8 +116,8 @@ bool looksNumeric(const QString &text)
 
 NumberStyle numberStyleOf(const QStringList &texts)
 {
-    // "1.234,5", "12,5", "1.234.567" speak for the comma; "1,234.5", "12.5", "1,234,567" for the point. "1,234" and
-    // "1.234" can be either and speak for neither.
+    // "1.234,5", "12,5", "1.234.567" show a decimal comma; "1,234.5", "12.5", "1,234,567" a decimal point. "1,234" and
+    // "1.234" can be either and decide nothing.
     static const QRegularExpression forComma(QStringLiteral(
         R"(^[^0-9a-zA-Z]*(?:[0-9]{1,3}(?:\.[0-9]{3})+,[0-9]+|[0-9]+,(?:[0-9]{1,2}|[0-9]{4,})|[0-9]{1,3}(?:\.[0-9]{3}){2,})[^0-9.,a-zA-Z]*$)"));
     static const QRegularExpression forPoint(QStringLiteral(

@@ -19,7 +19,7 @@ constexpr auto substituted = FontWidths::Substituted;
 constexpr auto measured = FontWidths::Measured;
 constexpr QLatin1String asInFile; // the name in the file
 
-// All families that the engine knows. Some are listed only for their kind, by which a replacement is chosen.
+// All known families. Some are listed only for their kind, by which a replacement is chosen.
 constexpr std::array families{
     FontFamily{"timesnewroman"_L1, "Times New Roman"_L1, serif, true, measured},
     FontFamily{"times"_L1, "Times New Roman"_L1, serif, true, measured},

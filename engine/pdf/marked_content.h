@@ -10,11 +10,11 @@ class Dict;
 
 namespace quorra {
 
-/// Follows the marked content of a page while it is interpreted, so that what is drawn can be told which element of the
+/// Follows the marked content of a page while it is interpreted and finds, for what is drawn, the element of the
 /// structure tree it belongs to.
 ///
 /// The library announces the end of every piece of marked content, but the beginning only of those whose properties
-/// stand in the content stream itself. Ends without a beginning are ignored: text after one counts as untagged at
+/// are in the content stream itself. Ends without a beginning are ignored: text after one counts as untagged at
 /// worst.
 class MarkedContent
 {

@@ -48,7 +48,7 @@ struct Thresholds
     double sameEdge = 1;         ///< points; the ends of marks that are no farther apart are one
     std::size_t maxBelow = 2000; ///< earlier marks of a kind among which those below a new one are looked for
     double minScanArea = 0.3;    ///< share of the page; smaller images are no scans that could contain pictures
-    double scanResolution = 36;  ///< dots per inch; enough to tell pictures from paper
+    double scanResolution = 36;  ///< dots per inch; enough to distinguish pictures from paper
 };
 constexpr Thresholds thresholds;
 constexpr double pointsPerInch = 72;
@@ -432,7 +432,7 @@ private:
 
     double fillOpacity(const GfxState *state) const { return state->getFillOpacity() * m_paint.back().groupOpacity; }
 
-    /// The colour below the box, if it is one colour: that of the last fill on which all of it stands, or white paper.
+    /// The colour below the box, if it is one colour: that of the last fill that contains all of it, or white paper.
     std::optional<Colour> colourBelow(const Box &box) const
     {
         const auto overlaps = [&box](const auto &mark) {

@@ -88,7 +88,7 @@ private:
             style.family = parsed.family;
             style.bold = parsed.bold || info->isBold();
             style.italic = parsed.italic || info->isItalic();
-            // The name tells more than the flags, which many fonts lack.
+            // The name is more reliable than the flags, which many fonts lack.
             style.fixedPitch = parsed.kind == model::FontKind::FixedPitch || info->isFixedWidth();
             style.serif =
                 !style.fixedPitch &&

@@ -144,7 +144,7 @@ private:
     struct Children
     {
         Object all;    ///< an array, or the only child
-        Object single; ///< the only child as it stands in the file, a reference perhaps
+        Object single; ///< the only child as in the file, a reference perhaps
         int next = 0;
         int tag = -1; ///< the element
         int page = 0; ///< of the element's content, unless it says otherwise; 0 for one outside of the range

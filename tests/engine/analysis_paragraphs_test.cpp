@@ -195,7 +195,7 @@ private Q_SLOTS:
 
     void putsRightToLeftIntoReadingOrder()
     {
-        PageMaker page; // "shalom 12 olam" as it stands on the page, from left to right
+        PageMaker page; // "shalom 12 olam" as displayed, from left to right
         page.text(100, 100, QString::fromUtf8("עולם 12 שלום"));
         const Document document = page.build();
         QCOMPARE(paragraphTexts(document), QStringList{QString::fromUtf8("שלום 12 עולם")});

@@ -107,7 +107,7 @@ std::vector<Edge> roleEdges()
 
 // ---- page headers
 
-// Whether the first page has a header when the lines stand at these baselines on the pages, and the text that far
+// Whether the first page has a header when the lines are at these baselines on the pages, and the text that far
 // below.
 bool hasHeader(const std::vector<double> &baselines, double gap)
 {

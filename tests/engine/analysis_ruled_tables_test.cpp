@@ -224,7 +224,7 @@ private Q_SLOTS:
         alignColumns(table);
         for (const Cell &cell : table.cells) {
             const Alignment before = cell.row % 2 == 0 ? Alignment::Centre : Alignment::Left;
-            const bool indented = cell.row == 3 && cell.column == 0; // stands where no other text does
+            const bool indented = cell.row == 3 && cell.column == 0; // begins where no other text does
             const Alignment wanted = indented ? before : cell.column == 0 ? Alignment::Left : Alignment::Right;
             QCOMPARE(cell.paragraphs.front().alignment, wanted);
         }

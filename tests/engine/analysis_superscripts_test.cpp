@@ -79,7 +79,7 @@ private Q_SLOTS:
         const Line bullet = line({word(0, 20, 96, 20), word(22, 40, 100, 10), word(40, 44, 96, 7)});
         QCOMPARE(shiftsOf(bullet, 1), (Shifts{BaselineShift::None, BaselineShift::None, BaselineShift::Superscript}));
         QVERIFY(shiftsOf(bullet) != shiftsOf(bullet, 1));
-        // One word after the mark has nothing to stand beside.
+        // One word after the mark has nothing to be beside.
         const Line single = line({word(0, 20, 100, 10), word(20, 24, 96, 7)});
         QCOMPARE(shiftsOf(single, 1), (Shifts{BaselineShift::None, BaselineShift::None}));
         QCOMPARE(shiftsOf(single, 5), (Shifts{BaselineShift::None, BaselineShift::None}));

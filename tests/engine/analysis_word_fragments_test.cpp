@@ -93,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(second, (WordRefs{&page.words[1]}));
     }
 
-    // The letter stands above the drawing's edge, its index below it.
+    // The letter is above the drawing's edge, its index below it.
     void keepsALabelWholeAtTheEdgeOfADrawing()
     {
         PageMaker page;

@@ -23,7 +23,7 @@ bool separates(const Box &obstacle, const TextLine &upper, const TextLine &lower
            obstacle.bottom < lower.box.top + thresholds.maxOverlap;
 }
 
-// Whether a small figure stands before a line of text, as an icon does.
+// Whether a small figure precedes a line of text, as an icon does.
 bool standsBefore(const Box &figure, const Box &line)
 {
     return figure.right <= line.left + thresholds.maxOverlap && figure.centreY() > line.top &&

@@ -165,7 +165,7 @@ bool areProse(const Lines &lines, std::size_t first, std::size_t count)
 }
 
 // Whether enough lines begin in the middle of a sentence. Text in capitals, in scripts without them, and text of a few
-// lines does not tell, and is taken for text that does.
+// lines does not decide, and is taken for text that does.
 bool goesOn(const Lines &lines, bool rightToLeft, std::size_t minCasedLines = thresholds.minCasedLines)
 {
     std::size_t cased = 0;
@@ -183,7 +183,7 @@ bool goesOn(const Lines &lines, bool rightToLeft, std::size_t minCasedLines = th
            static_cast<double>(small) >= thresholds.minGoingOn * static_cast<double>(cased);
 }
 
-/// What stands on one side of a strip.
+/// What is on one side of a strip.
 class Side
 {
 public:
@@ -220,7 +220,7 @@ public:
     // Whether most lines begin where others do: at the edge of the column, or at an indent.
     bool isAligned() const { return agree(m_rightToLeft); }
 
-    // Whether most lines also end where others do, and one begins in the middle of a sentence: then few lines tell.
+    // Whether most lines also end where others do, and one begins in the middle of a sentence: few lines are enough.
     bool isJustified() const { return agree(true) && agree(false) && goesOn(m_lines, m_rightToLeft, 1); }
 
 private:
@@ -249,7 +249,7 @@ private:
     bool m_rightToLeft = false;
 };
 
-// The share of the shorter side's lines that stand on the baseline of a line of the other side.
+// The share of the shorter side's lines that are on the baseline of a line of the other side.
 double sharedBaselines(const Lines &a, const Lines &b)
 {
     const Lines &fewer = a.size() < b.size() ? a : b;

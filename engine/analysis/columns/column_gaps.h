@@ -14,7 +14,7 @@ namespace columnGaps {
 /// What makes an empty strip a gap between columns. Lengths in em are multiples of the region's usual font size.
 struct Thresholds
 {
-    double minWidth = 0.75;    ///< em; narrower strips are word spaces that happen to stand below one another
+    double minWidth = 0.75;    ///< em; narrower strips are word spaces that are below one another by chance
     std::size_t minWords = 12; ///< in the region; fewer are not worth the search
     int maxCandidates = 40;    ///< tallest strips that are judged; a page has fewer, a drawing of dots may have more
     double margin = 0.1;       ///< points by which a gap is extended, against rounding at its upper and lower end
@@ -38,7 +38,7 @@ struct Thresholds
     double minLineWidth = 0.45;       ///< share of the text's width that its median line fills
     double maxNumericWords = 1.0 / 3; ///< share of the words; more numbers are a table
     std::size_t stretch = 5;          ///< lines; a side with so many lines of running text in a row is text
-    std::size_t minCasedLines = 4;    ///< lines that begin with a letter; fewer do not tell how the text goes on
+    std::size_t minCasedLines = 4;    ///< lines that begin with a letter; fewer do not show how the text continues
     double minGoingOn = 0.15;         ///< share of those that begin with a small letter, in the middle of a sentence
 };
 

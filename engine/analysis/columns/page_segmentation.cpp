@@ -30,7 +30,7 @@ bool isEmpty(const RegionItems &items)
     return items.words.empty() && items.obstacles.empty();
 }
 
-// Where something stands relative to a column gap.
+// Where something is relative to a column gap.
 enum class Place { Above, Left, Right, Below };
 
 Place placeOf(const Box &box, const ColumnGap &gap)

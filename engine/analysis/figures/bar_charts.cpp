@@ -13,7 +13,7 @@ namespace {
 struct Thresholds
 {
     double minThickness = 3;       ///< points; thinner fills are rules
-    double sameEdge = 1;           ///< points; bars whose ends differ by less stand on one line
+    double sameEdge = 1;           ///< points; bars whose ends differ by less are on one line
     double sameThickness = 1;      ///< points; bars of one chart differ by less
     std::size_t minBars = 3;       ///< of one thickness on one line
     double minLengthRatio = 1.1;   ///< of the longest bar's length to the shortest; equal bars are rows of a table
@@ -25,7 +25,7 @@ struct Thresholds
 
 constexpr Thresholds thresholds;
 
-// A bar seen along its length, from the line on which it stands to its free end.
+// A bar along its length, from its base line to its free end.
 struct Bar
 {
     Box box;

@@ -14,7 +14,7 @@ struct Thresholds
 {
     double maxGap = 9;            ///< points between parts of one drawing
     double minSide = 28;          ///< points; in a smaller region, words are text with an ornament
-    double minLength = 6;         ///< points; the longer side of what is seen as a sign of its own
+    double minLength = 6;         ///< points; the longer side of what counts as a separate sign
     double minThickness = 3;      ///< points; its shorter side: thinner marks are lines
     double maxArea = 0.8;         ///< share of the page; larger marks are its background
     double lineMargin = 1;        ///< points added around a drawing; half a line's width is outside of its box
@@ -39,7 +39,7 @@ struct Region
     int ink = 0;
 };
 
-// Letters drawn as outlines stand on one line, words of them further apart than other parts of a drawing.
+// Letters drawn as outlines are on one line, words of them further apart than other parts of a drawing.
 double maxGapBetween(const Box &a, const Box &b)
 {
     const double lower = std::min(a.height(), b.height());

@@ -100,7 +100,7 @@ RawWord signWord(const QString &sign, const Box &box, const RawWord &beside)
     return word;
 }
 
-/// A sign found, and the word that it stands beside.
+/// A sign found, and the word beside it.
 struct Sign
 {
     RawWord word;
@@ -124,7 +124,7 @@ private:
 
     RawPage &m_page;
     std::vector<Sign> m_signs;
-    std::vector<std::size_t> m_ticks; // words that stand in boxes
+    std::vector<std::size_t> m_ticks; // words that are in boxes
 };
 
 // The sign for a square, empty where it is something else.
@@ -210,7 +210,7 @@ void SignFinder::findCheckBoxes()
     }
 }
 
-// Those of the dots that stand before text, one below the other.
+// Those of the dots that precede text, one below the other.
 std::vector<Box> SignFinder::bulletsAmong(const std::vector<Box> &dots) const
 {
     std::vector<Box> bullets;
@@ -271,7 +271,7 @@ void SignFinder::findBullets()
     addBullets(square, QStringLiteral("▪"));
 }
 
-// Puts each sign before its text, or behind it where it stands at the end of a line.
+// Puts each sign before its text, or behind it where it is at the end of a line.
 void SignFinder::insert()
 {
     if (m_signs.empty()) {

@@ -35,7 +35,7 @@ WordRefs wordsIn(const Box &box, const WordRefs &words)
     return inside;
 }
 
-// The words of the drawing, which grows where they reach a little over its edge. What stands on one line without a gap
+// The words of the drawing, which grows where they reach a little over its edge. What is on one line without a gap
 // belongs to the drawing as a whole or not at all.
 WordRefs labelsOf(Box &drawing, const WordRefs &words)
 {
@@ -131,7 +131,7 @@ bool shows(const Box &picture, const Box &label)
            intersected(picture, label).width() > thresholds.minShownLabel * label.width();
 }
 
-// Where words of the page stand on a drawing that are none of its labels.
+// Where words of the page are on a drawing that are none of its labels.
 std::vector<Box> textOn(const Page &page, const Figure &figure)
 {
     std::vector<Box> text;
@@ -191,7 +191,7 @@ Box rowOf(const Box &formula, const std::vector<TextLine> &lines)
     return row;
 }
 
-// Formulas are drawings of their own unless they stand in a table or a drawing.
+// Formulas are drawings of their own unless they are in a table or a drawing.
 void addFormulas(std::vector<Box> &drawings, const std::vector<Box> &formulas, const std::vector<Box> &tables)
 {
     const std::vector<Box> others = drawings;

@@ -22,7 +22,7 @@ struct Thresholds
     std::size_t maxLabels = 40;       ///< words on a drawing; more, if they are prose, have an ornament around them
     std::size_t maxLabelLines = 3; ///< in a paragraph that belongs to the drawing it reaches out of; more are body text
 
-    double maxLabelGap = 0.8;     ///< em between the words of one label; wider gaps stand between labels
+    double maxLabelGap = 0.8;     ///< em between the words of one label; wider gaps are between labels
     double minLabelInside = 0.6;  ///< share of a label's width inside the drawing; less, and it is text beside it
     double maxShared = 0.5;       ///< share of the smaller of two drawings with their labels; more, and they are one
     double minShownLabel = 0.9;   ///< share of the labels' width inside the picture; less, and it would cut them off
@@ -40,7 +40,7 @@ struct FoundFigure
     FigureKind kind = FigureKind::Image;
     WordRefs words;                         ///< inside a drawing: the labels of a chart
     std::optional<ImageSource> stream = {}; ///< as in RawPicture
-    Box row = {};                           ///< of a formula: as wide as the text that it stands in; empty for others
+    Box row = {};                           ///< of a formula: as wide as the text that it is in; empty for others
 
     /// What keeps text away: other columns than the one of a formula begin beside its text, not beside the formula.
     const Box &obstacle() const { return row.isEmpty() ? box : row; }

@@ -21,7 +21,7 @@ struct Thresholds
     double maxBarDistance = 0.9;   ///< between a fraction's bar and the baseline above it, or the capitals below it
     double maxBarOverhang = 3;     ///< points by which the parts of a fraction are wider than its bar
     double minBarFilled = 0.35;    ///< share of the bar's length that the wider part of the fraction fills
-    double maxNeighbourGap = 1.5;  ///< between the bar and a sign beside it, which tells it from a line in a table
+    double maxNeighbourGap = 1.5;  ///< between the bar and a sign beside it; lines in tables have none
     double maxLimitDistance = 0.8; ///< between a sum and its limits
     double maxLimitSize = 0.85;    ///< of the sum's font size
     double maxWordGap = 1.3;       ///< between the parts of one formula

@@ -7,7 +7,7 @@
 
 namespace quorra::model {
 
-/// The boxes around formulas that stand on lines of their own and need more than one line of characters: fractions, and
+/// The boxes around formulas that are on lines of their own and need more than one line of characters: fractions, and
 /// sums and integrals with limits. Fractions in the middle of a sentence are left out, and the number of a formula does
 /// not belong to it. The text of the page is upright.
 std::vector<Box> findFormulas(const RawPage &page);

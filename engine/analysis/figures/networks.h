@@ -7,7 +7,7 @@
 
 namespace quorra::model {
 
-/// The boxes around networks: frames that stand apart from one another and are joined by lines, such as flow charts,
+/// The boxes around networks: separate frames that are joined by lines, such as flow charts,
 /// organisation charts and class diagrams. Frames that share their sides are one frame, so that a table is none; lines
 /// that join the corners of frames are borders of a table with open sides.
 std::vector<Box> findNetworks(const RawPage &page);

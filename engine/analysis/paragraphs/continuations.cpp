@@ -27,7 +27,7 @@ bool flows(const Paragraph &paragraph)
     return paragraph.role == Role::Body || paragraph.role == Role::ListItem;
 }
 
-// The mean font size in whole points. A paragraph continues in one of its size; notes and captions stand in between.
+// The mean font size in whole points. A paragraph continues in one of its size; notes and captions are in between.
 int sizeClass(const Paragraph &paragraph)
 {
     return static_cast<int>(std::lround(meanFontSize(paragraph)));
@@ -64,7 +64,7 @@ bool continues(const Paragraph &before, const Paragraph &after)
 void markContinuations(Document &document)
 {
     LastOfSize last;
-    std::map<int, int> columnOf; // the column, counted over the document, in which the last paragraph of a size stands
+    std::map<int, int> columnOf; // the column, counted over the document, of the last paragraph of a size
     int column = 0;
     for (Page &page : document.pages) {
         for (Section &section : page.sections) {

@@ -28,7 +28,7 @@ bool isSeparator(const Rule &rule)
     return rule.isHorizontal() && rule.length() >= shortestSeparator;
 }
 
-// Nothing else stands between the rule and the block.
+// Nothing else is between the rule and the block.
 bool isNextTo(const Page &page, const Rule &rule, const Box &block)
 {
     bool free = true;

@@ -17,8 +17,8 @@ struct Thresholds
     double minSampleStep = 0.8;     ///< em; smaller distances say nothing about the usual one (overprinted text)
     double maxSampleStep = 2.2;     ///< em; larger ones are gaps between paragraphs, unless the line before is full
     double maxFullStep = 2.7;       ///< em; between a line with no room for the next word and that word: double spacing
-    std::size_t minFullSteps = 3;   ///< of them; fewer do not tell the usual distance
-    double defaultStep = 1.2;       ///< em; the usual distance where no lines tell it
+    std::size_t minFullSteps = 3;   ///< of them; fewer do not show the usual distance
+    double defaultStep = 1.2;       ///< em; the usual distance where no lines show it
     double minUsualStep = 0.95;     ///< em; text is hardly ever set closer
     double maxUsualStep = 2.6;      ///< em; double-spaced text
     double sameStep = 0.05;         ///< share of the distance by which the lines of a paragraph may be unevenly spaced

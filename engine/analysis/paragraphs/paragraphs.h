@@ -36,7 +36,7 @@ inline constexpr Thresholds thresholds;
 
 } // namespace paragraphs
 
-/// The words of a text line in reading order, with the spaces and tabs that stand between them on the page. The words'
+/// The words of a text line in reading order, with the spaces and tabs that are between them on the page. The words'
 /// styles are added to `styles`.
 Line lineOf(const TextLine &line, StyleTable &styles, const std::vector<LineTab> &tabs = {});
 

@@ -22,7 +22,7 @@ struct EdgeLine
     TextLine line;
     QString key;            ///< its text with every number replaced
     double gap = 0;         ///< em, from its baseline to that of the next line towards the page's middle
-    bool outermost = false; ///< nothing stands between it and the edge of the page
+    bool outermost = false; ///< nothing is between it and the edge of the page
     double next = 0; ///< baseline of the next line towards the page's middle, the middle of the page if it is far off
 };
 
@@ -144,7 +144,7 @@ bool beginsLikeNote(const TextLine &line)
     return mark.match(line.words.front()->text).hasMatch();
 }
 
-// How many of the outermost lines [from, end) of one end of the page are headers by themselves, whatever stands on
+// How many of the outermost lines [from, end) of one end of the page are headers by themselves, whatever is on
 // other pages: all up to the first wide gap, or none.
 std::size_t countHeadersByThemselves(const std::vector<EdgeLine> &edges, std::size_t from, const RawPage &page)
 {
@@ -182,7 +182,7 @@ std::size_t countHeadersByThemselves(const std::vector<EdgeLine> &edges, std::si
     return !isNote && evidence >= 2 ? end - from : 0;
 }
 
-// Stamps in the margin: words in another direction that stand at the same place on other pages.
+// Stamps in the margin: words in another direction that are at the same place on other pages.
 void addRotatedStamps(
     const std::vector<RawPage> &pages, std::size_t needed, std::vector<std::set<const RawWord *>> &heads)
 {
@@ -215,7 +215,7 @@ std::vector<std::set<const RawWord *>> findPageHeaders(const std::vector<RawPage
 {
     std::vector<std::set<const RawWord *>> heads(pages.size());
     std::vector<std::vector<EdgeLine>> lines;
-    QHash<QString, QList<double>> places; // the heights at which each text stands
+    QHash<QString, QList<double>> places; // the vertical positions of each text
     for (const RawPage &page : pages) {
         lines.push_back(edgeLines(page));
         for (const EdgeLine &line : lines.back()) {

@@ -23,13 +23,13 @@ struct Thresholds
     double sameHeight = 6;           ///< points; the heights of repeated lines differ by less than a line
     double exactHeight = 1;          ///< points; rounding
     double minGap = 1.5;             ///< em; between a header and the text, which is farther off than the next line
-    double minWideGap = 2.4;         ///< em; the same where little else tells a header: more than double spacing
+    double minWideGap = 2.4;         ///< em; the same with little other evidence: more than double spacing
     double minFarGap = 6;            ///< em; a blank so high is more than the end of a page that is not full
     double maxSmallSize = 0.92;      ///< of the page's usual font size; headers are often set smaller than the text
     double minRule = 0.6;            ///< share of the text's width; a line so long between header and text separates
                                      ///< them, while the one above notes is shorter
     double minPartGap = 2;           ///< em; between the parts of a header, of which one may be the page number
-    double stampGrid = 4;            ///< points; repeated rotated words stand in the same square of such a grid
+    double stampGrid = 4;            ///< points; repeated rotated words are in the same square of such a grid
 };
 
 inline constexpr Thresholds thresholds;
@@ -42,7 +42,7 @@ inline constexpr Thresholds thresholds;
 /// long rule between it and the text.
 std::vector<std::set<const RawWord *>> findPageHeaders(const std::vector<RawPage> &pages);
 
-/// Moves what stands in the lower half of the page, as it is shown, from its header to its footer.
+/// Moves what is in the lower half of the page, as it is shown, from its header to its footer.
 void separateFooter(Page &page);
 
 } // namespace quorra::model

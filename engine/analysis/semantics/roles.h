@@ -19,10 +19,10 @@ struct Thresholds
     double minBoldHeadingSize = 0.98;    ///< of the body's font size; a bold line of smaller type is a label
     int maxBoldHeadingLength = 100;      ///< characters; only short bold texts of the body's size are headings
     std::size_t maxBoldHeadingLines = 2; ///< likewise
-    std::size_t maxHeadingLevel = 3;     ///< deeper levels are not told apart
+    std::size_t maxHeadingLevel = 3;     ///< deeper levels are not distinguished
     qsizetype maxCaption = 150;          ///< characters; longer texts are sentences that begin with a figure's name
     double maxFootnoteSize = 0.93;       ///< of the body's font size; notes are set smaller than this
-    double minFootnoteTop = 0.6;         ///< share of the page's height; notes stand in the lower part of the page
+    double minFootnoteTop = 0.6;         ///< share of the page's height; notes are in the lower part of the page
     double listLevelIndent = 5;          ///< points between the marks of two levels of a list
     double minIndent = 2;                ///< points; text that is indented more continues the list around it
 };

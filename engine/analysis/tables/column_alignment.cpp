@@ -95,7 +95,7 @@ void alignColumn(std::vector<Paragraph *> &texts, std::size_t headers, bool rule
         return;
     }
     if (best.share < second + thresholds.minLead) {
-        // Texts of one width agree in every edge. In a ruled table their distance from the lines tells the alignment.
+        // Texts of one width agree in every edge. In a ruled table their distance from the lines shows the alignment.
         // Without rules, numbers are right-aligned, except the keys in the first column.
         if (ruled) {
             return;

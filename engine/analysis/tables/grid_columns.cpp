@@ -159,8 +159,8 @@ struct Extent
     double right;
 };
 
-// Texts that stand by themselves inside a strip have a column to themselves, unless it is a single heading, which may
-// stand over the columns on both sides.
+// Texts that are alone inside a strip have a column of their own, unless it is a single heading, which may
+// be over the columns on both sides.
 std::vector<Extent> textsInside(const std::vector<DividedLine> &lines, double left, double right)
 {
     std::vector<Extent> texts;

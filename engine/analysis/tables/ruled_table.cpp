@@ -150,7 +150,7 @@ bool leavesColumnsOpen(const TableWords &found)
     return divided >= thresholds.minDividedCells && 2 * divided >= wide;
 }
 
-// Whether several lines of a cell have wide gaps at the same places, and hardly any text stands there.
+// Whether several lines of a cell have wide gaps at the same places, and hardly any text is there.
 bool holdsColumns(const WordRefs &words)
 {
     const std::vector<TextLine> lines = textLinesOf(words);
@@ -174,7 +174,7 @@ bool holdsColumns(const WordRefs &words)
            static_cast<double>(crossing) <= gridColumns::thresholds.maxCrossing * static_cast<double>(lines.size());
 }
 
-// Whether much of the text stands in a cell with columns: the lines are a frame around a table.
+// Whether much of the text is in a cell with columns: the lines are a frame around a table.
 bool framesTable(const TableWords &found)
 {
     std::size_t all = 0;
@@ -272,7 +272,7 @@ std::vector<Box> stacks(std::vector<Rule> rules)
     std::sort(rules.begin(), rules.end(), [](const Rule &a, const Rule &b) {
         return a.y1 != b.y1 ? a.y1 < b.y1 : a.x1 < b.x1;
     });
-    std::vector<Rule> across; // with what stands side by side as one
+    std::vector<Rule> across; // collinear ones joined
     for (const Rule &rule : rules) {
         if (!across.empty() && std::abs(across.back().y1 - rule.y1) <= rulings::thresholds.sameLine &&
             rule.x1 - across.back().x2 <= thresholds.maxGapAlong) {

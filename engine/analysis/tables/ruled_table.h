@@ -81,7 +81,7 @@ struct TableWords
 {
     Table table;
     std::vector<WordRefs> words; ///< for each cell of the table
-    std::optional<int> headRows; ///< how many rows are its head, where the file's tags tell
+    std::optional<int> headRows; ///< how many rows are its head, if the file's tags state it
 };
 
 /// Finds the tables that lines draw: grids of crossing rules with text in them. Cells between which no line is drawn
@@ -95,7 +95,7 @@ std::vector<TableWords> findRuledTables(const Rulings &rulings, const Rulings &d
 void addTablesBetweenRules(
     std::vector<TableWords> &tables, const std::vector<Box> &taken, const Rulings &dividers, const WordRefs &words);
 
-/// Splits columns of a ruled table in which several columns of text stand between two drawn lines. Cells without the
+/// Splits columns of a ruled table in which several columns of text are between two drawn lines. Cells without the
 /// gap span the new columns.
 void splitTextColumns(TableWords &found);
 

@@ -15,7 +15,7 @@ bool isInvisible(Colour colour)
     return (colour >> 16U & 0xffU) >= least && (colour >> 8U & 0xffU) >= least && (colour & 0xffU) >= least;
 }
 
-// Whether the middle of the rule stands on or at the edge of a coloured area.
+// Whether the middle of the rule is on or at the edge of a coloured area.
 bool isOnFill(const Rule &rule, const std::vector<Fill> &fills)
 {
     const double x = (rule.x1 + rule.x2) / 2;

@@ -45,7 +45,7 @@ std::vector<double> innerEdges(const TableWords &found, int column)
     return {edges.begin() + 1, edges.end() - 1};
 }
 
-// The words of a cell between the edges; nothing if a word stands across one of them.
+// The words of a cell between the edges; nothing if a word crosses one of them.
 std::vector<WordRefs> dividedWords(const WordRefs &words, const std::vector<double> &edges)
 {
     std::vector<WordRefs> parts(edges.size() + 1);

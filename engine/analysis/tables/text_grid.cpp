@@ -200,7 +200,7 @@ void TextGrid::findFullRules()
     }
 }
 
-// The rules over the whole table tell where its outer columns end.
+// The rules over the whole table show where its outer columns end.
 void TextGrid::widenToFrame()
 {
     const double left = m_edges.front();
@@ -274,7 +274,7 @@ void TextGrid::spanUnderlinedHeads()
     }
 }
 
-// A heading without a rule stands over the middle of its columns, each of which has a heading of its own below it. A
+// A heading without a rule is over the middle of its columns, each of which has a heading of its own below it. A
 // text that lines up with the heading below it is rather the first part of that one.
 void TextGrid::spanCentredHeads()
 {

@@ -32,7 +32,7 @@ struct Thresholds
     double maxFrameGap = 1.5;       ///< em; from the outermost lines of text to the rule that is the table's edge
     double maxFrameWidth = 1.5;     ///< of the width of the text; longer rules belong to the page
     double maxHeaderStep = 1.6;     ///< em; between the baselines of lines of one heading
-    double maxOffCentre = 1;        ///< em; between the middles of a heading and of the columns that it stands over
+    double maxOffCentre = 1;        ///< em; between the middles of a heading and of the columns that it is over
 
     // Rows of several lines.
     double maxWrapStep = 1.15;     ///< of the usual distance of baselines; between the lines of a wrapped cell
@@ -59,7 +59,7 @@ struct Thresholds
     int minRows = 3;               ///< with several cells, of any other table with numbers
     int minRowsOfText = 4;         ///< with several cells, of a table of words without rules
     std::size_t minFullRules = 2;  ///< over and among the lines; such a table may be as irregular as one of numbers
-    double someNumeric = 0.25;     ///< share of the texts beside the first column; fewer numbers stand in texts, too
+    double someNumeric = 0.25;     ///< share of the texts beside the first column; text columns contain that many, too
     double maxRagged = 0.15;       ///< share of a column's width; full lines of running text end this close to its edge
     double minFullLines = 0.75;    ///< share of the lines of running text that are full; lines of cells rarely are
     std::size_t minProseLines = 4; ///< in a column of running text

@@ -26,7 +26,7 @@ bool isNumber(const WordRefs &words)
     return looksNumeric(joinedText(words));
 }
 
-// Years and dates head columns as often as they stand in them.
+// Years and dates are as common in heads as in columns.
 bool isDate(const WordRefs &words)
 {
     static const QRegularExpression date(
@@ -45,7 +45,7 @@ const auto *pieceIn(const Pieces &pieces, int column)
 
 } // namespace
 
-/// A heading of one or several lines, and the level of the head at which it stands.
+/// A heading of one or several lines, and its level in the head.
 struct TextGrid::HeadCell
 {
     Piece piece;
@@ -101,7 +101,7 @@ std::size_t TextGrid::headerLines() const
     return lines > 0 ? lines : firstNumbers;
 }
 
-// The headings, each with all of its lines, and the level of the head on which each stands.
+// The headings, each with all of its lines, and its level in the head.
 std::vector<TextGrid::HeadCell> TextGrid::headCells() const
 {
     std::vector<HeadCell> cells;

@@ -85,7 +85,7 @@ bool isAligned(const std::vector<Segment> &upper, const std::vector<Segment> &lo
     return upper.size() == lower.size() && std::equal(upper.begin(), upper.end(), lower.begin(), linesUp);
 }
 
-// Whether each text of the lower line stands inside the column of one of the upper line, which is not the first.
+// Whether each text of the lower line is inside the column of one of the upper line, which is not the first.
 bool staysInCells(const std::vector<Segment> &upper, const std::vector<Segment> &lower)
 {
     return std::all_of(lower.begin(), lower.end(), [&upper](const Segment &text) {

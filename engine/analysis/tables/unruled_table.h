@@ -45,7 +45,7 @@ struct UnruledTable
 /// What the text lines are made of.
 enum class LinesOf {
     Column, ///< the text of one column of the page
-    Page    ///< all text of the page, side by side: only tables with numbers are told from columns of text
+    Page    ///< all text of the page, side by side: only tables with numbers can be distinguished from text
 };
 
 /// Finds the tables without lines around their cells in the text lines of a column or page: drawn and typed lines,

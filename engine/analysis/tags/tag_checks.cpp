@@ -14,7 +14,7 @@ namespace {
 
 using tagChecks::thresholds;
 
-/// The words of a paragraph that stand below one another: all of them, or those of one column.
+/// The words of a paragraph that are below one another: all of them, or those of one column.
 struct Piece
 {
     const TaggedParagraph *paragraph = nullptr;
@@ -84,7 +84,7 @@ bool isInTable(const Piece &piece)
     return piece.paragraph->table >= 0;
 }
 
-/// Whether the words of other paragraphs stand inside of paragraphs.
+/// Whether the words of other paragraphs are inside of paragraphs.
 bool areMixed(const std::vector<Piece> &pieces)
 {
     struct Placed

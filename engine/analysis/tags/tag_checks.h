@@ -12,12 +12,12 @@ struct Thresholds
 {
     double minCovered = 0.8;   ///< share of the letters that belong to an element, artifacts left out
     double maxArtifacts = 0.5; ///< share of the letters; running titles and page numbers are a small part of a page
-    double maxForeign = 0.1;   ///< share of the words that stand inside paragraphs other than their own
+    double maxForeign = 0.1;   ///< share of the words that are inside paragraphs other than their own
     std::size_t maxSteps = 5'000'000; ///< of the search for those; a page that takes more is not believed
     double maxTorn = 0.2;      ///< share of the words in paragraphs that cannot be one: wide gaps, different sizes
     double minGap = 3.5;       ///< em; between baselines, no paragraph is set wider
     double minSizeRatio = 1.6; ///< of the font sizes of two lines; initials and notes are set in other paragraphs
-    double maxUpward = 0.2;    ///< share of the paragraphs that stand right above the one read before
+    double maxUpward = 0.2;    ///< share of the paragraphs that are right above the one read before
     std::size_t fewUpward = 2; ///< this many are no proof
     double maxCut = 0.3;       ///< share of the paragraphs that end inside a sentence which the next one goes on with
     std::size_t fewCut = 3;    ///< this many are no proof

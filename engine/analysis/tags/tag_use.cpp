@@ -190,7 +190,7 @@ std::vector<TextLine> inReadingOrder(const std::vector<TextLine> &lines)
     std::size_t number = 0;
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const TaggedParagraph *paragraph = firstParagraph(parts[i]);
-        if (paragraph) { // notes stand at the foot, whatever their place among the tags
+        if (paragraph) { // notes are at the foot, whatever their place among the tags
             number = paragraph->role == TagRole::Note ? last : paragraph->number;
         }
         order.push_back({{number, isStamp(parts[i].words.front())}, i});

@@ -10,7 +10,7 @@
 #include <set>
 #include <vector>
 
-// What the believed tags of a file decide. Words that no tag tells about are left to what the page shows.
+// What the believed tags of a file decide. Words without a tag are analysed from the page alone.
 namespace quorra::model {
 
 namespace tagUse {
@@ -27,20 +27,20 @@ inline constexpr Thresholds thresholds;
 
 } // namespace tagUse
 
-/// Tells the words of pages with sound tags their paragraphs, and takes from the words of all others what the file says
+/// Assigns the words of pages with sound tags to their paragraphs, and removes from all other words what the file says
 /// about them. Where most pages have tags that are not sound, none are believed. `text` must outlive the pages.
 void applyTags(std::vector<RawPage> &pages, const TaggedText &text);
 
-/// Adds what the file calls artifacts to the words of the page's header and footer, if it stands above or below all of
+/// Adds what the file calls artifacts to the words of the page's header and footer, if it is above or below all of
 /// the page's content. Artifacts elsewhere stay text: nothing is lost that somebody could read.
 void addArtifacts(const RawPage &page, std::set<const RawWord *> &heads);
 
 /// The lines of a column, cut where the words of another paragraph begin, in the order in which the tags say that they
-/// are read. Lines without tags stay behind the line before them, artifacts behind the paragraph in which they stand,
+/// are read. Lines without tags stay behind the line before them, artifacts behind the paragraph that contains them,
 /// and notes at the end.
 std::vector<TextLine> inReadingOrder(const std::vector<TextLine> &lines);
 
-/// Whether a paragraph ends between two lines that follow one another; nothing where the tags do not tell.
+/// Whether a paragraph ends between two lines that follow one another; nothing if the tags do not decide.
 std::optional<bool> paragraphEndsBetween(const TextLine &line, const TextLine &next);
 
 /// Whether columns separate words of one line of a paragraph.
@@ -55,7 +55,7 @@ struct ParagraphTag
 
 ParagraphTag tagOf(const std::vector<TextLine> &lines);
 
-/// Gives the paragraph the role that its tag tells. Its lines are set; a list mark of several words becomes one word.
+/// Gives the paragraph the role of its tag. Its lines are set; a list mark of several words becomes one word.
 void setRole(Paragraph &paragraph, const ParagraphTag &tag);
 
 /// Marks the ends of lines in a tagged paragraph at which the text was broken on purpose, as in an address: more of the

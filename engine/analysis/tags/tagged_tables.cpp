@@ -14,7 +14,7 @@ namespace {
 
 using taggedTables::thresholds;
 
-/// Where the texts of a row or column stand, across its direction.
+/// Where the texts of a row or column are, across its direction.
 struct Extent
 {
     double from = 0;
@@ -29,7 +29,7 @@ struct Extent
     }
 };
 
-/// The part of a tagged table that stands on the page.
+/// The part of a tagged table that is on the page.
 struct Part
 {
     std::vector<TaggedCell> cells; ///< rows count from the first one on the page

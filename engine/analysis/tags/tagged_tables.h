@@ -25,8 +25,8 @@ inline constexpr Thresholds thresholds;
 
 } // namespace taggedTables
 
-/// Puts what the tags say about the tables of a page in the place of what its lines seem to say. Tables of the tags
-/// whose texts do not stand in rows and columns are left to the page. `tables` are those that lines draw, `words` the
+/// Replaces the tables that the lines of a page show by those in its tags. Tables of the tags whose texts are not in
+/// rows and columns are ignored. `tables` are those that lines draw, `words` the
 /// page's words without header and footer.
 void useTaggedTables(
     std::vector<TableWords> &tables, const std::vector<TaggedTable> &tagged, const Rulings &rulings,

@@ -32,7 +32,7 @@ bool isCell(TagRole role)
     return role == TagRole::HeadCell || role == TagRole::DataCell;
 }
 
-/// Where in the tables a tag stands.
+/// The position of a tag in the tables.
 struct GridPlace
 {
     int table = -1;
@@ -196,7 +196,7 @@ private:
     Around look(int tag) const
     {
         Around around;
-        bool inItem = true; // nothing but the parts of an item stands between it and the holder
+        bool inItem = true; // nothing but the parts of an item is between it and the holder
         for (int at = tag; at >= 0; at = m_tags[static_cast<std::size_t>(at)].parent) {
             const TagRole here = role(at);
             if (around.holder < 0 && !isInline(here)) {

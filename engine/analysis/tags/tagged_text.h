@@ -9,7 +9,7 @@
 
 namespace quorra::model {
 
-/// A cell of a table as the tags tell it.
+/// A cell of a table as the tags describe it.
 struct TaggedCell
 {
     int row = 0;
@@ -19,7 +19,7 @@ struct TaggedCell
     bool head = false;
 };
 
-/// A table as the tags tell it: a grid in which no two cells overlap. Not every place has a cell.
+/// A table as the tags describe it: a grid in which no two cells overlap. Not every place has a cell.
 struct TaggedTable
 {
     int rows = 0;

@@ -83,7 +83,7 @@ void markSuperscripts(Line &line, std::size_t first)
     }
     const MainText text = mainTextOf(words);
     std::vector<BaselineShift> shifts(words.size());
-    std::vector<bool> isBase(words.size()); // what a superscript or subscript can stand next to
+    std::vector<bool> isBase(words.size()); // what a superscript or subscript can be next to
     for (std::size_t i = 0; i < shifts.size(); ++i) {
         shifts[i] = shiftOf(words[i], text);
         isBase[i] = shifts[i] == BaselineShift::None && !isSmall(words[i], text);

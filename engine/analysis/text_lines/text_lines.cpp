@@ -115,7 +115,7 @@ bool isShiftedOn(const TextLine &line, const RawWord &word)
         body.bottom < line.box.top - reach) {
         return false;
     }
-    const double before = line.box.left - word.box.right; // the mark of a note stands before its text
+    const double before = line.box.left - word.box.right; // the mark of a note is before its text
     return (before > -thresholds.maxShiftedGap * line.size && before < thresholds.maxNoteMarkGap * line.size) ||
            std::any_of(line.words.begin(), line.words.end(), [&](const RawWord *base) {
                return std::abs(word.box.left - base->box.right) < thresholds.maxShiftedGap * line.size;
@@ -180,7 +180,7 @@ WordRefs takeLargeLetters(WordRefs &words)
     return letters;
 }
 
-// Adds a drop cap to the first of the lines that stand beside it, and tells the others that they begin there.
+// Adds a drop cap to the first of the lines that are beside it, and marks the others as beginning there.
 bool attachDropCap(std::vector<TextLine> &lines, const RawWord *letter)
 {
     const Box body = bodyOf(*letter);

@@ -32,7 +32,7 @@ struct Thresholds
     double maxShiftedSize = 0.85;     ///< of the text's font size; superscripts and subscripts are smaller than this
     double maxShiftedGap = 0.25;      ///< em; a superscript or subscript is drawn this close to its base
     double maxNoteMarkGap = 0.45;     ///< em; a space may separate the raised mark of a note from its text
-    double maxShiftedReach = 0.5;     ///< em; the farthest that one stands above or below the bodies of its line
+    double maxShiftedReach = 0.5;     ///< em; the farthest that one is above or below the bodies of its line
     std::size_t maxShiftedWords = 8;  ///< on one line; more small words are a text line of their own
     double maxBaselineDistance = 1.1; ///< em; the farthest shift of one, for example of the limits of a sum
 
@@ -47,7 +47,7 @@ inline constexpr Thresholds thresholds;
 /// Words of a raw page, which must outlive the list.
 using WordRefs = std::vector<const RawWord *>;
 
-/// Words that stand side by side on one line, from left to right.
+/// Words that are side by side on one line, from left to right.
 struct TextLine
 {
     WordRefs words;

@@ -25,7 +25,7 @@ inline constexpr Thresholds thresholds;
 /// away.
 bool continuesWord(const RawWord &word, const RawWord &next);
 
-/// Whether the two words that follow `word` are a fraction in small type on its line: numerator and denominator stand
+/// Whether the two words that follow `word` are a fraction in small type on its line: numerator and denominator are
 /// one above the other, and both reach out of the line.
 bool isSmallFraction(const RawWord &word, const RawWord &first, const RawWord &second);
 

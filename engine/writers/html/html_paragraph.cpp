@@ -89,7 +89,7 @@ void writeSpan(QXmlStreamWriter &xml, const std::vector<Run> &runs, const TextCo
     writeInline(xml, runs, context);
 }
 
-// What stands in place of a tab: dots, or a gap.
+// The replacement of a tab: dots, or a gap.
 void writeTab(QXmlStreamWriter &xml, bool leader, bool stretches)
 {
     const XmlElement gap = startElement(xml, QStringLiteral("span"), leader ? "dots" : stretches ? "gap" : "tab");

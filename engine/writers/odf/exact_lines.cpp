@@ -21,7 +21,7 @@ struct Thresholds
     double minDistance = 0.6;      ///< em; baselines closer than this are not those of lines that follow one another
     double maxDistance = 4;        ///< em; neither are those farther apart
     double minSpace = 0.15;        ///< em; gaps narrower than this are none between words
-    double minShift = 0.08;        ///< em; a word closer to the baseline stands on it
+    double minShift = 0.08;        ///< em; a word closer to the baseline is on it
     double maxNarrowing = 1.0 / 3; ///< em; of letter spacing: characters overlap beyond it
     double maxWidening = 0.5;      ///< em; of letter spacing within a word: wider ones read as separate letters
     double maxGapWidening = 40;    ///< em; the same for a single character: the space in a wide gap

@@ -30,14 +30,14 @@ struct Thresholds
 };
 constexpr Thresholds thresholds;
 
-/// The strip that blocks stand in and how far it is filled. In points.
+/// The strip that contains blocks and how far it is filled. In points.
 struct Area
 {
     double left = 0;
     double right = 0;
     double bottom = 0;              // of what is planned so far, on the page
     std::optional<double> baseline; // the last one so far, where the last block has one
-    bool begun = false;             // text of the document stands in it
+    bool begun = false;             // it contains text of the document
     bool followsOther = false;      // what comes next did not follow on the page what came last
 };
 
@@ -51,7 +51,7 @@ bool hasLongParagraphInColumns(const model::Section &section)
            });
 }
 
-/// The column in which the line stands; the number of columns for a line outside the section.
+/// The column of the line; the number of columns for a line outside the section.
 std::size_t columnAt(const model::Section &section, const Box &line)
 {
     const auto at = std::find_if(section.columns.begin(), section.columns.end(), [&](const Box &column) {
@@ -71,7 +71,7 @@ double topOf(const model::Section &section)
     return top.value_or(0);
 }
 
-/// Notes that the paragraph, which stands in areas[own], took over lines from further columns: these have begun then.
+/// Notes that the paragraph, which is in areas[own], took over lines from further columns: these have begun then.
 void noteLines(
     const model::Paragraph &paragraph, const model::Section &section, std::vector<Area> &areas, std::size_t own)
 {
@@ -209,7 +209,7 @@ FlowSection PagePlanner::planSection(const model::Section &section)
     return planned;
 }
 
-/// The areas of a section's columns, before anything stands in them.
+/// The areas of a section's columns, before anything is put in them.
 std::vector<Area> PagePlanner::areasOf(const model::Section &section, bool inColumns) const
 {
     const bool ownStrip = inColumns || !m_form.places || hasLongParagraphInColumns(section);

@@ -83,7 +83,7 @@ private:
         }
     }
 
-    // The height at which the target of the entry stands, if its page is part of the document.
+    // The vertical position of the entry's target, if its page is part of the document.
     void writeTop(const model::OutlineEntry &entry)
     {
         const auto page = std::find_if(m_document.pages.begin(), m_document.pages.end(), [&entry](const auto &each) {

@@ -188,7 +188,7 @@ bool endsInsideWord(const Paragraph &paragraph)
            paragraph.lines.back().words.back().separator == Separator::Hyphen;
 }
 
-/// Tells of paragraphs that go on from an earlier one where the break stands.
+/// Finds where paragraphs that continue an earlier one break.
 class Continuations
 {
 public:

@@ -19,7 +19,7 @@ void onePageAfterAnother(int count, const std::function<void(int)> &work);
 /// Builds the document from the pages of one range, in their order: tables, columns, reading order, paragraphs, roles.
 /// Never fails; an empty page gives a page without blocks. Takes the raw pages by value because it moves their words.
 /// The pages are built on their own, in the given loop; the document is the same whatever the loop.
-/// What the tags say is used where it agrees with the pages; without tags everything is told from the pages.
+/// What the tags say is used where it agrees with the pages; without tags everything comes from the pages.
 Document
 buildDocument(std::vector<RawPage> pages, const PageLoop &forEach = onePageAfterAnother, const TagTree &tags = {});
 

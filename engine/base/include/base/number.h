@@ -33,7 +33,7 @@ struct Number
 // Spreadsheets ask what they can calculate with: readNumber() accepts nothing that may mean something else. Whatever
 // readNumber() accepts, looksNumeric() accepts, too.
 
-/// Whether the text is one that stands in a column of numbers: digits with signs, separators, a currency mark or
+/// Whether the text is typical of a column of numbers: digits with signs, separators, a currency mark or
 /// percent and up to two letters, or a dash, dots or the like in place of a missing number.
 bool looksNumeric(const QString &text);
 

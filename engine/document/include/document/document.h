@@ -28,7 +28,7 @@ enum class Separator {
     None,      ///< nothing: the next word is a part of the same word, or both are ideographs
     Space,     ///< a space, or the end of a line at which the text wraps
     LineBreak, ///< a line end that has a meaning (code, addresses)
-    Tab,       ///< a gap wider than a space; the tab stops of the paragraph tell where it ends
+    Tab,       ///< a gap wider than a space; the tab stops of the paragraph define where it ends
     Hyphen     ///< a line end inside a word: the hyphen at the end of this part is not part of the word
 };
 
@@ -103,7 +103,7 @@ struct ParagraphBorder
 
 struct Paragraph
 {
-    /// The text, line by line as on the page. Separators of words tell what is between them.
+    /// The text, line by line as on the page. Separators of words describe what is between them.
     std::vector<Line> lines;
     Role role = Role::Body;
     int headingLevel = 0;      ///< 1 for the highest; 0 if it is not a heading
@@ -123,7 +123,7 @@ struct Paragraph
     std::optional<NoteId> note;       ///< set for a note that a mark in the text refers to; begins with its mark
     /// Which paragraph of the file's tags it is, or a part of; set where the tags say what it is.
     std::optional<std::size_t> tag;
-    bool headingTold = false;          ///< the file's tags tell whether it is a heading
+    bool headingTold = false;          ///< whether it is a heading comes from the file's tags
     std::optional<FigureId> captionOf; ///< set for captions whose figure is known
     ParagraphBorder borderAbove;
     ParagraphBorder borderBelow;
@@ -188,7 +188,7 @@ struct FigureRegion
 {
     int page = 1; ///< counted from 1 in the file
     Box box;      ///< on the displayed page
-    /// Where words stand on it that are text of the page rather than labels of the figure: its picture leaves them out.
+    /// Places of words on it that are text of the page rather than labels of the figure: its picture omits them.
     std::vector<Box> text = {};
     std::optional<ImageSource> stream = {}; ///< of an image whose pixels can be shown as they are in the file
 };

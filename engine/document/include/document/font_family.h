@@ -14,7 +14,7 @@ enum class FontKind { Unknown, SansSerif, Serif, FixedPitch };
 enum class FontWidths {
     Unknown,     ///< LibreOffice may replace it by a family with other widths
     Substituted, ///< LibreOffice has the family, or another one of the same widths
-    Measured     ///< likewise, and the widths are those of a common family, which the engine knows
+    Measured     ///< likewise, and the widths are those of a common family, whose metrics are known
 };
 
 /// A font family that is known by name.

@@ -70,7 +70,7 @@ struct Ink
     bool frame = false; ///< a frame with rounded corners or a pattern, which says nothing about what is inside its box
 };
 
-/// A raster image of the file and how it stands on the page, where its pixels can be shown as they are: opaque, upright
+/// A raster image of the file and its place on the page, where its pixels can be shown as they are: opaque, upright
 /// or rotated by multiples of 90 degrees, and with nothing painted over it.
 struct ImageSource
 {

@@ -38,7 +38,7 @@ struct Tag
 {
     TagRole role = TagRole::Group;
     int parent = -1;     ///< its place in TagTree::tags, which is before its own; -1 for the outermost elements
-    int level = 0;       ///< of a heading, from 1; 0 for one that does not tell
+    int level = 0;       ///< of a heading, from 1; 0 if the file does not state it
     int rowSpan = 1;     ///< of a cell
     int columnSpan = 1;  ///< of a cell
     bool head = false;   ///< of a group of rows: the head of its table
@@ -54,13 +54,13 @@ struct TagTree
     bool isEmpty() const { return contents.empty(); }
 };
 
-/// A paragraph as the tags of a file tell it.
+/// A paragraph as the tags of a file describe it.
 struct TaggedParagraph
 {
     TagRole role = TagRole::Paragraph; ///< Heading, Paragraph, ListItem, Caption, Note, ContentsEntry or Code
     int level = 0;                     ///< of a heading, from 1; of a list item, 0 for the outermost list
     std::size_t number = 0;            ///< its place among the paragraphs of the file, in reading order
-    int table = -1;                    ///< the table that it stands in; -1 for none
+    int table = -1;                    ///< the table that it is in; -1 for none
     int cell = -1;                     ///< of that table
     bool headingsTold = false;         ///< the file has tags for headings: what has another one is none
     bool listsTold = false;            ///< likewise for list items

@@ -13,7 +13,7 @@ namespace quorra {
 enum class Collect { TextAndRules, Everything };
 
 /// Reads the contents of pages, each in one pass. Use one object for many pages: the PDF library caches their colours.
-/// The file and the structure, by which text is told what it belongs to, must outlive it.
+/// The file and the structure, which assigns text to its elements, must outlive it.
 class PageCollector
 {
 public:

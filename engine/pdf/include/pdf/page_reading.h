@@ -10,7 +10,7 @@
 namespace quorra {
 
 /// Reads `pageCount` pages, starting with `firstPage` (numbered from 1); all must be in the file. If there are many
-/// pages, several threads read them. The structure, if there is one, tells what the text belongs to.
+/// pages, several threads read them. The structure, if there is one, assigns the text to its elements.
 std::vector<model::RawPage>
 collectPages(PdfFilePool &pool, int firstPage, int pageCount, Collect what, const Structure *structure = nullptr);
 
