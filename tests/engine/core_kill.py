@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Kills the engine at random moments, many times for each kind of output: what stands under a final name is whole, no
+"""Kills the engine at random moments, many times for each kind of output: files with a final name are complete, no
 process outlives the engine, and the next run leaves no trace of the killed ones.
 
     core_kill.py ENGINE SAMPLES [plain|office]

@@ -76,7 +76,7 @@ def languages(suite):
 
 
 def titles(suite):
-    """A title may stand in the metadata alone; a placeholder is no title."""
+    """A title may be in the metadata only; a placeholder is no title."""
     packet = (b'<rdf:RDF xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#">'
               b'<rdf:Description xmlns:dc="http://purl.org/dc/elements/1.1/"><dc:title><rdf:Alt><rdf:li xml:lang='
               b'"x-default">From metadata</rdf:li></rdf:Alt></dc:title></rdf:Description></rdf:RDF>')

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Tags that lie, are broken or have no end never make an output worse than without them: it is that of the same file
-without tags. Good tags are used, which the approved dumps of drawn documents show."""
+"""Wrong, broken or endless tags never make an output worse: it is that of the same file without tags. The approved
+dumps of drawn documents show that good tags are used."""
 import re
 
 import core_support
@@ -15,7 +15,7 @@ TEXT = ["The ferry leaves at eight in the morning and goes to the\nother bank, w
 
 
 def page(pdf, elements):
-    """A heading and four paragraphs as pages of print have them, in elements of these roles."""
+    """A heading and four paragraphs of printed text, in elements of these roles."""
     roles = iter(elements)
     pdf.add((next(roles), (72, 770, 16), "The ferry"))
     y = 740
@@ -114,7 +114,7 @@ def lies(suite, convert):
 
 
 def truth(suite, convert):
-    """The control of the above: good tags do change what is found."""
+    """Control: good tags do change the result."""
     tagged, plain = both(lambda pdf: pdf.add(("H2", "The ferry"), ("P", TEXT[0]), ("H2", "The boat"), ("P", TEXT[1])))
     suite.check(roles(convert(tagged)) == ["heading2", "body", "heading2", "body"], roles(convert(tagged)))
     suite.check(roles(convert(plain)) != roles(convert(tagged)), "headings of the text's size are found without tags")
@@ -136,7 +136,7 @@ def nothing_lost(suite, convert):
 
 
 def broken(suite, convert):
-    """Trees that are none: the text is converted all the same."""
+    """Malformed trees: the text is converted anyway."""
     def with_tree(root, *bodies):
         pdf = HandPdf()
         pdf.page(b"/P<</MCID 0>>BDC\n" + line(72, 700, "Some text.") + b"EMC\n/P<</MCID 99999999>>BDC EMC EMC EMC")

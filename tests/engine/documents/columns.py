@@ -34,7 +34,7 @@ def three_columns(sheet):
 
 @document
 def columns_around_figure(sheet):
-    """The figure with its caption stands across both columns: above it and below it are two columns each."""
+    """The figure with its caption spans both columns: above it and below it are two columns each."""
     wide = (FULL - 22) / 2
     for x, texts in ((LEFT, TOWN[:2]), (LEFT + wide + 22, TOWN[2:4])):
         sheet.paragraphs(x, 80, wide, texts, align="justify")

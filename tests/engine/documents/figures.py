@@ -200,7 +200,7 @@ def drawn_bullets(sheet):
 
 @document
 def text_across_the_edge_of_a_drawing(sheet):
-    """A sentence that reaches over the edge of a drawing stands once, as text; the picture does not show a part of it."""
+    """A sentence that crosses the edge of a drawing is output once, as text; the picture does not show a part of it."""
     sheet.canvas.setStrokeColor(HexColor("#336699"))
     for n in range(5):
         sheet.canvas.circle(LEFT + 60, sheet.height - 140, 50 - 8 * n, stroke=1, fill=0)

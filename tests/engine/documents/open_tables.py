@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Tables with few lines or none: what holds them together is how their texts stand."""
+"""Tables with few lines or none, which can be recognised by the positions of their texts."""
 from reportlab.lib.colors import HexColor, black
 
 from paper import FULL, LEFT, RIGHT, document, width_of
@@ -93,7 +93,7 @@ def table_with_side_heads(sheet):
 
 @document
 def invoice(sheet):
-    """Items with detail lines under the description; sums below the last column. The date stands beside the address
+    """Items with detail lines under the description; sums below the last column. The date is beside the address
     and is no part of it.
     """
     sheet.text(LEFT, 90, "Invoice 2044", "Sans-Bold", 18)
@@ -158,7 +158,7 @@ def price_list_with_leaders(sheet):
 
 @document
 def table_with_currency_signs(sheet):
-    """Each sign stands at the left of its amount's column, far from the figures; dashes stand for nothing."""
+    """Each sign is at the left of its amount's column, far from the figures; dashes mean nothing."""
     sheet.text(380, 100, "2025", "Serif-Bold", 10, "right")
     sheet.text(490, 100, "2024", "Serif-Bold", 10, "right")
     for n, (name, first, second) in enumerate([("Fares", "2,772,829", "2,610,004"), ("Grants", "45,000", "—"),

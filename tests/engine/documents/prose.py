@@ -156,7 +156,7 @@ def wide_gaps_in_lines(sheet):
 
 @document
 def formulas(sheet):
-    """A fraction, a root and a sum stand on lines of their own; each is one unit."""
+    """A fraction, a root and a sum are on lines of their own; each is one unit."""
     y = sheet.prose(LEFT, 80, FULL, "The mean of the crossings is")
     sheet.text(250, y + 22, "m  =", "Serif-Italic", 12)
     sheet.text(300, y + 14, "x + y + z", "Serif-Italic", 12, "centre")

@@ -68,7 +68,7 @@ def right_to_left_table(sheet):
 
 @document
 def right_to_left_list(sheet):
-    """Three numbered items whose numbers stand at the right, then a paragraph from left to right."""
+    """Three numbered items whose numbers are at the right, then a paragraph from left to right."""
     y = 90
     for n, line in enumerate(HEBREW, 1):
         sheet.text(RIGHT, y, f".{n}", "DejaVu", 12, "right")

@@ -132,7 +132,7 @@ def form_like_table(sheet):
 
 @document
 def table_with_double_and_thick_lines(sheet):
-    """The thick frame and the double line above the sum are borders; thin lines stand between the rows."""
+    """The thick frame and the double line above the sum are borders; thin lines separate the rows."""
     y = sheet.table(LEFT, 90, [["Account", "Debit", "Credit"], ["Fares", "", "8,114.00"], ["Cable", "5,290.00", ""],
                                ["Wages", "2,115.50", ""], ["Sum", "7,405.50", "8,114.00"]], [171, 150, 150],
                     ("BOX", (0, 0), (-1, -1), 2, black), ("LINEBELOW", (0, 0), (-1, 0), 1.2, black),
@@ -145,7 +145,7 @@ def table_with_double_and_thick_lines(sheet):
 
 @document
 def rotated_text_in_cells(sheet):
-    """One cell's text runs down, one's up, one's stands on its head; the others are upright."""
+    """The text of three cells is rotated: down, up, and upside down; the others are upright."""
     for n, (degrees, x, y) in enumerate([(0, 20, 60), (90, 50, 20), (270, 60, 90), (180, 100, 50)]):
         left = LEFT + 117 * n
         sheet.rect(left, 90, 117, 110, stroke="#000000")
@@ -156,7 +156,7 @@ def rotated_text_in_cells(sheet):
 
 @document
 def columns_under_one_drawn_column(sheet):
-    """Lines stand around the head's cells only: the second drawn column holds two columns of numbers."""
+    """Only the cells of the head have borders: the second drawn column holds two columns of numbers."""
     sheet.table(LEFT, 90, [["Bank", "Crossings and fares"]], [150, 200], GRID, HEAD)
     sheet.rect(LEFT, 107, 150, 84, stroke="#000000")
     sheet.rect(LEFT + 150, 107, 200, 84, stroke="#000000")

@@ -19,7 +19,7 @@ def headings_by_size(sheet):
 
 @document
 def headings_by_bold(sheet):
-    """The headings have the size of the text and are told by their bold type and the space above."""
+    """The headings have the size of the text and are distinguished by their bold type and the space above."""
     y = 80
     for title, text in [("Sowing", GARDEN[1]), ("Watering", GARDEN[2]), ("Slugs", GARDEN[3])]:
         y = sheet.prose(LEFT, y + 8, FULL, title, "Serif-Bold", after=2)
@@ -108,7 +108,7 @@ def page_number_of_a_single_page(sheet):
 
 @document
 def footnotes(sheet):
-    """Two notes under a short line, each with a raised number that stands in the text too."""
+    """Two notes under a short line, each with a superscript number that is in the text, too."""
     y = sheet.prose(LEFT, 80, FULL, TOWN[0].replace("1874.", "1874.<super>1</super>"))
     y = sheet.prose(LEFT, y, FULL, TOWN[1].replace("cables", "cables<super>2</super>"))
     sheet.paragraphs(LEFT, y, FULL, TOWN[2:5])

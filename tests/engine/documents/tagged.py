@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Files with a structure tree, whose tags say more than the page shows."""
+"""Files with a structure tree, whose tags state more than the page shows."""
 import sys
 from pathlib import Path
 
@@ -25,7 +25,7 @@ def tagged_headings_and_paragraphs():
 
 @written
 def tagged_meant_line_breaks():
-    """An address is one paragraph whose line ends are meant."""
+    """An address is one paragraph with intended line breaks."""
     pdf = TaggedPdf()
     pdf.add(("P", "Anna Holm\n14 Long Garden Street\nOldham Reach"), ("P", 8, WEATHER[0]))
     return pdf.bytes()
@@ -70,7 +70,7 @@ def tagged_table():
 
 @written
 def tagged_table_with_lines():
-    """The lines divide two cells of the last row whose texts stand in one cell of the tags; the head is told by the tags."""
+    """The lines divide two cells of the last row whose texts are in one cell of the tags; the head comes from the tags."""
     pdf = TaggedPdf()
     xs, ys = (70, 170, 270, 370), [720 - 20 * row for row in range(9)]
     lines = [(x, ys[0], x, ys[-1]) for x in xs] + [(xs[0], y, xs[-1], y) for y in ys]
@@ -87,7 +87,7 @@ def tagged_table_with_lines():
 
 @written
 def tagged_order():
-    """Two columns of short lines, which only the tags tell from a table, and a remark between them that is read last."""
+    """Two columns of short lines, which only the tags distinguish from a table; the remark between them is read last."""
     pdf = TaggedPdf()
     pdf.add(("H1", "Two lists"))
     left = [("P", (72, 730 - 14 * n), text) for n, text in enumerate(["Oak", "Ash and elm", "Beech", "Pine"])]

@@ -1,13 +1,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The documents of the folders that the environment names, and which of them are closed.
+"""Lists the documents in the folders named by the environment, and which of them are closed.
 
 QUORRA_PDF_CORPUS   PDF files, all opened; the cells of tables in truth/
-QUORRA_PDF_CORPUS2  MANIFEST.tsv names its files: folder, file and remarks in each line
-QUORRA_ROUNDTRIP    docx/, xlsx/ and pptx/, each with a MANIFEST.tsv: office files, the PDF files made of them with tags
-                    and without, in truth/ the office files in the folder's own format where they have another
+QUORRA_PDF_CORPUS2  MANIFEST.tsv lists its files: folder, file and remarks in each line
+QUORRA_ROUNDTRIP    docx/, xlsx/ and pptx/, each with a MANIFEST.tsv: office files, and PDF files exported from them with
+                    and without tags; truth/ has copies of OpenDocument files in the format of the folder
 
-Rules for the engine may be made by looking at opened documents only. The closed ones, every second line of a
-MANIFEST.tsv, show whether the rules hold for documents that nobody has looked at: of those only means are printed.
+Only opened documents may be looked at when the engine is developed. The closed ones, every second line of a
+MANIFEST.tsv, show whether it works for unseen documents: only their means are printed.
 """
 import collections
 import os
@@ -19,7 +19,7 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."
 import core_support
 
 OPENED, CLOSED = HALVES = ("opened", "closed")
-HOSTILE = "hostile"  # broken on purpose: other tests have them
+HOSTILE = "hostile"  # broken on purpose; used by other tests
 PASSWORD = re.compile(r"user password:?\s+(\S+)")
 
 # name      of the document, with its folder
@@ -83,7 +83,7 @@ SOURCES = (("QUORRA_PDF_CORPUS", _first_corpus), ("QUORRA_PDF_CORPUS2", _second_
 
 
 def documents(halves=HALVES):
-    """The documents of these halves in all folders that are there."""
+    """The documents of these halves in all existing folders."""
     found = []
     for variable, read in SOURCES:
         folder = _folder(variable)

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The committed table of figures below which the engine must not fall.
+"""The committed table of floors: the lowest accepted value of each figure.
 
-A row is keyed (figure, kind, subject); the subject is an opened document's name or the mean of a half. Values lie between
-0 and 1, more is better. The rows of the figure "documents" say of how many documents the means are: with other documents
-at hand the means say nothing.
+The key of a row is (figure, kind, subject); the subject is the name of an opened document or the mean of a half. Values
+are between 0 and 1, and higher is better. The rows of the figure "documents" contain the number of documents behind each
+mean: means of other sets of documents cannot be compared.
 """
 import math
 
@@ -24,7 +24,7 @@ def is_mean(key):
 
 
 def parse(text):
-    """The table as {(figure, kind, subject): value}; raises ValueError for a line that is no row."""
+    """The table as {(figure, kind, subject): value}; raises ValueError for a malformed line."""
     rows = {}
     for line in text.splitlines():
         if not line or line.startswith("#") or line == HEADING:
@@ -38,7 +38,7 @@ def parse(text):
 
 
 def text_of(rows, comment):
-    """The table as text, sorted, values cut (not rounded up) to three digits."""
+    """The table as text, sorted, values truncated to three digits."""
     lines = ["# " + line if line else "#" for line in comment.splitlines()] + [HEADING]
     for key, value in sorted(rows.items()):
         cut = math.floor(value * 10 ** DIGITS + ROUNDING * 10 ** DIGITS) / 10 ** DIGITS
@@ -47,7 +47,7 @@ def text_of(rows, comment):
 
 
 def comparable(floors, measured, kind, half):
-    """Whether the means of a kind of output in a half are of as many documents as those of the table."""
+    """Whether the means of a kind of output in a half cover as many documents as those of the table."""
     key = (DOCUMENTS, kind, half)
     return floors.get(key) == measured.get(key)
 
@@ -68,7 +68,7 @@ def falls(floors, measured, halves):
             wanted = _half_of(key) in halves and comparable(floors, measured, key[1], _half_of(key))
             low = wanted and (value is None or value < floor - MEAN_MAY_FALL - ROUNDING)
         else:
-            # No value: the document is not at hand, or has nothing of the kind any more that nobody had asked for.
+            # No value: the document is missing, or no longer has unwanted content of that kind.
             low = value is not None and value < floor - DOCUMENT_MAY_FALL - ROUNDING
         if low:
             fallen.append((key, floor, value))

@@ -1,12 +1,12 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Shows where ink of the pages is lost in the slides that the engine makes of them.
+"""Measures how much of the ink of pages is missing in the slides that the engine makes of them.
 
 Usage: ink.py ENGINE PDF... [--pages LAST] [--keep FOLDER] [--at-most SHARE]
 
-Each page is drawn, and the slide made of it, LibreOffice's PDF file of it. Both are divided into squares. A square of the
-page has ink if its gray differs from that of the paper; it is lost if neither the same square of the slide nor one
-beside it has any. What is printed for each file is the share of squares with ink that are lost, and the page that loses
-most. Text may run a little wider in the fonts of this machine: a few in a hundred are lost at the ends of lines.
+Each page and its slide, exported to PDF by LibreOffice, are rendered and divided into squares. A square of the page has ink
+if its gray differs from that of the paper. It is lost if neither the same square of the slide nor a neighbouring one has
+ink. For each file the script prints the share of lost squares and the page that loses most. Text may be a little wider in
+the fonts of this machine, so that a few per cent are lost at the ends of lines.
 
 --pages     converts the pages up to this one
 --keep      keeps the slides and pictures of both, side by side, in this folder
@@ -25,11 +25,11 @@ import metrics
 import readers
 
 SQUARE = 12  # points, and at 72 dots per inch pixels
-STEP = 40    # of 255 levels of gray: what nobody takes for paper
+STEP = 40    # of 255 levels of gray: a clearly visible difference from paper
 
 
 def squares_with_ink(page):
-    """The (column, row) of all squares in which the darkest and the lightest dot differ, or that are not as the paper."""
+    """The (column, row) of all squares with different shades, or with another shade than the paper."""
     width, height, pixels = page
     paper = max(set(pixels), key=pixels.count) if pixels else 255
     found = set()

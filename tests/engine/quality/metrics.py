@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The figures by which outputs are judged."""
+"""Measures of output quality."""
 import collections
 import os
 import re
@@ -12,7 +12,7 @@ import table_score
 
 
 def recall_precision(found, wanted):
-    """How many of the wanted words are found, and how many of the found ones are wanted, each counted once."""
+    """The share of the wanted words that are found, and of the found words that are wanted (multisets)."""
     found, wanted = collections.Counter(found), collections.Counter(wanted)
     common = sum((found & wanted).values())
     return common / max(1, sum(wanted.values())), common / max(1, sum(found.values()))
@@ -28,7 +28,7 @@ def mid_sentence_share(paragraphs):
 
 
 def stray_hyphens(paragraphs):
-    """Words still cut at a line end: "para- graph"."""
+    """Words that are still hyphenated at a former line end: "para- graph"."""
     return sum(len(re.findall(r"[a-z]- [a-z]", p)) for p in paragraphs)
 
 
@@ -54,7 +54,7 @@ def table_f1(truth, tables):
 
 
 def layout_tables(path):
-    """What a user would do: the lines of `pdftotext -layout`, split where two blanks or more stand."""
+    """The baseline: the lines of `pdftotext -layout`, split at two or more spaces."""
     tables = []
     for page in readers.pdf_text(path, "-layout").split("\f"):
         cells, row = [], 0
@@ -72,7 +72,7 @@ NUMERIC = re.compile(r"^[-+(\u2212]?[$€£]?\d{1,3}(,\d{3})*(\.\d+)?\)?%?$|^[-+
 
 
 def numbers_as_numbers(cells):
-    """Cells whose text reads as a number, and how many of them are stored as one."""
+    """The number of cells with numeric text, and how many of them are stored as numbers."""
     numeric = [c for c in cells if NUMERIC.match(c[4].strip()) and not re.match(r"^[-+(]?0\d", c[4].strip())]
     return sum(1 for c in numeric if not isinstance(c[5], str)), len(numeric)
 
@@ -93,7 +93,7 @@ def gray_pages(pdf, folder, dpi=72):
 
 
 def ink_overlap(ours, original):
-    """Twice the ink that both pages share over the ink of the two, 0 to 1; 1 for two empty pages."""
+    """The Dice coefficient of the ink of both pages, 0 to 1; 1 for two empty pages."""
     width, height = min(ours[0], original[0]), min(ours[1], original[1])
     shared = total = 0
     for row in range(height):

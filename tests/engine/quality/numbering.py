@@ -26,7 +26,7 @@ FORMATS = {"lowerLetter": letters, "upperLetter": lambda n: letters(n).upper(), 
 
 
 class Numbering:
-    """The lists of a file, and the count that each has reached."""
+    """The lists of a file, and the current count of each."""
 
     def __init__(self, tree, styles):
         abstract = {each.get("abstractNumId"): each for each in tree.iter("abstractNum")}
@@ -62,7 +62,7 @@ class Numbering:
         return None if form == "none" else "bullet" if form == "bullet" else "number"
 
     def next_label(self, identity, level):
-        """Counts on and gives the label of the next item."""
+        """Advances the count and returns the label of the next item."""
         depth = int(level)
         own = any(key[0] == identity for key in self._starts)
         counts = self._counts[identity if own else id(self.levels(identity))]

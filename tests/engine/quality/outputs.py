@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Makes the outputs that the figures are taken from, several at a time, and reads their words."""
+"""Converts documents, several in parallel, and reads the words of the results."""
 import collections
 import concurrent.futures
 import os
@@ -17,7 +17,7 @@ READ_AS = {".doc": ".docx", ".rtf": ".docx", ".xls": ".xlsx", ".ppt": ".pptx"}
 
 
 def convert(engine, document, extension, path):
-    """Whether the engine made the file."""
+    """Converts a document; returns whether the file was created."""
     command = [engine, *document.options, "-call", str(document.path), path]
     try:
         done = subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, timeout=PATIENCE, check=False)
@@ -34,7 +34,7 @@ def _office(paths, form, folder):
 
 
 def through_office(paths, form, folder, workers):
-    """{path: the file that LibreOffice made of it}; files that it cannot open are missing. Base names must differ."""
+    """{path: the file that LibreOffice converted it to}; files that it cannot open are missing. Base names must differ."""
     made = {path: os.path.join(folder, os.path.splitext(os.path.basename(path))[0] + "." + form) for path in paths}
 
     def lots(size):
@@ -47,7 +47,7 @@ def through_office(paths, form, folder, workers):
         except subprocess.TimeoutExpired:
             pass
 
-    # One file that LibreOffice cannot stand takes its lot with it: what is missing is tried again on its own.
+    # One file that crashes LibreOffice ends the whole batch: convert missing files again one by one.
     for size in (LOT, 1):
         with concurrent.futures.ThreadPoolExecutor(workers) as pool:
             list(pool.map(one, lots(size)))

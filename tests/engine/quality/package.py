@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Reading the parts of a zipped office file and what refers to what."""
+"""Reads the parts and relationships of a zipped office file."""
 import posixpath
 import xml.etree.ElementTree as ElementTree
 import zipfile
@@ -21,7 +21,7 @@ def _plain_names(root):
 
 
 class Package:
-    """Parts by name, as trees without namespaces; a part that is missing is an empty tree."""
+    """Parts by name, as trees without namespaces; a missing part is an empty tree."""
 
     def __init__(self, path):
         with zipfile.ZipFile(path) as archive:
@@ -69,7 +69,7 @@ def value(element, path):
 
 
 def switch(element, path):
-    """A property that is on where it stands without a value; None where it is not said."""
+    """A property that is on if it has no value; None if it is missing."""
     found = element.find(path) if element is not None else None
     return None if found is None else found.get("val", "1") not in FALSE
 

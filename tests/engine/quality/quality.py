@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Prints how good the engine's documents are, beside what other tools make of the same files.
+"""Prints figures for the quality of the engine's output, compared with those of other tools for the same files.
 
 Usage: quality.py ENGINE [--check]
 
-The files are those of the folder that the environment variable QUORRA_PDF_CORPUS names; without it nothing is measured.
+The environment variable QUORRA_PDF_CORPUS names the folder of the files; without it nothing is measured.
 --check   ends with exit status 1 when a figure misses its target.
 """
 import os
@@ -27,13 +27,13 @@ WORD_MODES = {0: "combined", 1: "boxes", 2: "exact", 3: "no boxes", 4: "continuo
 
 
 class Report:
-    """Prints figures as they come and keeps those that miss their target."""
+    """Prints figures as they are measured and collects those that miss their target."""
 
     def __init__(self):
         self.missed = []
 
     def row(self, name, ours, target, peer=""):
-        """target: a number that `ours` must reach, or (None, most) for one that it must not pass."""
+        """target: the minimum for `ours`, or (None, maximum)."""
         reached = True
         wanted = ""
         if isinstance(target, tuple):

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The rules of the figures: the table of floors, the halves, comparing texts, numbering, the round trip."""
+"""Unit tests of the modules in this folder: floors, halves, text comparison, numbering, round trip."""
 import os
 import sys
 import tempfile

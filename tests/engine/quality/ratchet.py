@@ -1,12 +1,12 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Measures the engine on the documents that the environment names and holds the figures against the table of floors.
+"""Measures the engine on the documents named by the environment and compares the figures with the table of floors.
 
 Usage: ratchet.py ENGINE [--half opened|closed] [--write-floors [--lower]]
 
---half          measures one half of the documents only; of the closed half nothing but means is ever printed
+--half          measures one half of the documents only; of the closed half only means are printed
 --write-floors  raises the floors in floors.tsv to what was measured, instead of comparing
---lower         with it: lowers them too; the commit must say why
-corpora.py says which variables name the folders. Ends with 1 when a figure has fallen, with 77 without any document.
+--lower         with it: lowers floors as well; the commit message gives the reason
+corpora.py describes the variables. The exit status is 1 if a figure has fallen and 77 without documents.
 """
 import argparse
 import concurrent.futures
@@ -52,7 +52,7 @@ READ = {"docx": WordFacts, "xlsx": SheetFacts, "pptx": SlideFacts}
 
 
 class Work:
-    """One document with the outputs that it is converted to: {extension: path}, and how they came out."""
+    """One document with its outputs, {extension: path}, and their results."""
 
     def __init__(self, document, extensions, number, folder):
         self.document = document
@@ -109,7 +109,7 @@ def make(engine, work, folder, workers):
 
 
 def attempt(read, *arguments):
-    """What the function gives, or None where it cannot read an output."""
+    """The result of the function, or None if it cannot read an output."""
     try:
         return read(*arguments)
     except (zipfile.BadZipFile, ElementTree.ParseError, KeyError, ValueError):
@@ -220,7 +220,7 @@ def print_documents(rows):
 
 
 def compare(table, rows, halves):
-    """Prints what has fallen; the exit status."""
+    """Prints the figures that have fallen; returns the exit status."""
     if not table:
         print("no floors in", TABLE)
         return 1

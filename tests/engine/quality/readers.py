@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What the engine's outputs hold, as libraries of other makers and the formats' own structure tell it."""
+"""Reads the engine's outputs with third-party libraries, or directly where the format is simple."""
 import collections
 import html
 import html.parser
@@ -23,7 +23,7 @@ def run(*command, timeout=300):
 
 
 def tokens(text):
-    """The words of a text; compatibility forms (ligatures, presentation forms) count as what they stand for."""
+    """The words of a text; compatibility forms (ligatures, presentation forms) are decomposed."""
     return re.findall(r"\w+", unicodedata.normalize("NFKC", text.replace("\u00ad", "")))
 
 
@@ -83,7 +83,7 @@ def back_to_pdf(path, folder):
 
 
 def _shown(element):
-    """All elements below, without the second copy of each text box that is kept for old readers."""
+    """All elements below, without the second copy of each text box that exists for old readers."""
     for child in element:
         if child.tag != FALLBACK:
             yield child
@@ -109,7 +109,7 @@ def _own_text(paragraph):
 
 
 def _pages_begun(section, number, elements):
-    """How many pages begin in a section: its page breaks, and one more unless it goes on in the middle of a page."""
+    """How many pages begin in a section: its page breaks, and one more unless it continues in the middle of a page."""
     from docx.enum.section import WD_SECTION
 
     begins = number == 0 or section.start_type != WD_SECTION.CONTINUOUS
@@ -150,7 +150,7 @@ class WordFile:
         body = document.element.body
         self.notes = _notes(path, _number_notes(body))
         self.paragraphs = [_own_text(each) for each in _shown(body) if each.tag == W + "p"]
-        # Headings are no sentences: Word knows them by their style.
+        # Headings are no sentences; they have a style of their own.
         self.sentences = [_own_text(each) for each in _shown(body) if each.tag == W + "p" and not _is_heading(each)]
         self.sentences += self.notes
         self.text_boxes = sum(1 for each in _shown(body) if each.tag == W + "txbxContent")
@@ -164,7 +164,7 @@ class WordFile:
                 sections.append(open_section)
                 open_section = []
         for number, (section, elements) in enumerate(zip(document.sections, sections)):
-            # A header or footer stands on every page that begins in its section.
+            # A header or footer is shown on every page that begins in its section.
             for part in (section.header, section.footer):
                 texts = [_own_text(each) for each in part._element.iter(W + "p")]
                 self.heads += texts * _pages_begun(section, number, elements)
@@ -263,6 +263,6 @@ def html_text(path):
 
 
 def xml_words(path):
-    """The text of the plain XML form: its leaves, a word each."""
+    """The text of the plain XML format: its leaves, one word each."""
     root = ElementTree.parse(path).getroot()
     return " ".join(each.text for each in root.iter() if len(each) == 0 and each.text)

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The round trip: how much of an office file comes back from the PDF file made of it.
+"""The round trip: how much of an office file is recovered from a PDF file exported from it.
 
-Each function compares the facts of the original with those of the result and gives {figure: value}, 0 to 1. A figure is
-None where the original has nothing of the kind; it does not count then. Only tables that nobody asked for count as 0.
+Each function compares the facts of the original with those of the result and returns {figure: value}, 0 to 1. A figure is
+None and does not count if the original has no content of that kind, except that false tables count as 0.
 """
 import bisect
 import collections
@@ -17,7 +17,7 @@ from sheet_facts import numbers_in
 from slide_facts import Slide
 from text_match import bag_f1, f1
 
-WRONG_LEVEL = 0.5  # what a list item counts whose text is right and whose kind or level is not
+WRONG_LEVEL = 0.5  # of a list item with the right text and the wrong kind or level
 
 
 def relations(tables):
@@ -45,7 +45,7 @@ def styles_f1(wanted, wanted_styles, found, found_styles, pairs):
 
 
 def addresses(facts):
-    """The addresses outside the file, without what makes no difference."""
+    """The addresses outside the file, normalised."""
     return {re.sub(r"^\w+:/*|/+$", "", each.strip().lower()) for each in facts.links if not each.startswith("#")}
 
 
@@ -83,7 +83,7 @@ def compare_words(original, result, pages):
 
 
 class SameNumbers:
-    """Which number of the original a number of the result stands for, the latter being as exact as its digits."""
+    """Finds the number of the original that a number of the result, rounded to its digits, represents."""
 
     def __init__(self, known):
         self._known = sorted(set(known))
@@ -150,7 +150,7 @@ def compare_sheets(original, result, lost_dates):
 
 
 def picture_counts(original, result):
-    """How many pictures a slide should have and has. Charts and backgrounds may come back as pictures or not."""
+    """How many pictures a slide should have and has. Charts and backgrounds may or may not become pictures."""
     return min(max(result.drawn, original.pictures), original.drawn), result.drawn
 
 

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Lists pages of the opened documents whose text output lost words, has words twice, or has its sentences scrambled.
+"""Lists pages of the opened documents whose text output misses words, repeats words, or mixes up sentences.
 
 Usage: scrambled.py ENGINE [NAME...]
 
@@ -29,7 +29,7 @@ LEAST = {"recall": 0.97, "precision": 0.97, "sentences": 0.8}
 
 
 def joined(text):
-    """The text with the words whole that line ends cut."""
+    """The text with hyphenated words joined."""
     lines = text.split("\n")
     whole = lines[0]
     for line in lines[1:]:
@@ -39,8 +39,8 @@ def joined(text):
 
 
 def sentences(wanted, found):
-    """The share of sequences of three words that `found` has too; None where there are too few to tell. Numbers are
-    what tables are made of, whose order is a matter of taste."""
+    """The share of sequences of three words that `found` has too; None if there are too few. Numbers are
+    ignored: they are mostly in tables, whose order may differ."""
     def sequences(words):
         return text_match.unique_triples([word for word in words if not word.isdigit()])
     here = sequences(wanted)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What an .xlsx file says: the typed values of the cells that are shown and printed."""
+"""Reads an .xlsx file: the typed values of the cells that are shown and printed."""
 import datetime
 import re
 import warnings
@@ -12,7 +12,7 @@ CURRENCY = re.compile(r"[()%\s\u2212+\-$€£¥]|USD|EUR|GBP|Rs\.?|kr|DM")
 
 
 def shown_number(number, form):
-    """The number as exact as its format shows it."""
+    """The number rounded as its format shows it."""
     if form in ("", "General") or re.search("general|e|/", form):
         return number
     decimals = re.search(r"[0#?]\.([0#?]+)", form)
@@ -20,7 +20,7 @@ def shown_number(number, form):
 
 
 def shown_date(moment, form):
-    """The date or time as far as its format shows it."""
+    """The date or time with the parts that its format shows."""
     if isinstance(moment, datetime.timedelta):
         minutes = int(moment.total_seconds()) // 60
         return "%02d:%02d" % (minutes // 60, minutes % 60)
@@ -48,7 +48,7 @@ def typed(cell):
 
 
 def numbers_in(text):
-    """The numbers that a text may stand for, its point or its comma being the decimal sign."""
+    """The numbers that a text may represent, with a decimal point or a decimal comma."""
     text = text_match.normalised(text)
     negative = text.startswith(("(", "-", "\u2212")) or text.endswith("-")
     scale = (-1 if negative else 1) / (100 if "%" in text else 1)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What a .pptx file says: titles, list items, tables, paragraphs and pictures of each slide that is shown."""
+"""Reads a .pptx file: titles, list items, tables, paragraphs and pictures of each slide that is shown."""
 import text_match
 from package import Package
 
@@ -104,7 +104,7 @@ class SlideFacts(Package):
 
     @staticmethod
     def _inherited(part, placeholder, by_index, name):
-        """What a layout or master says of the level in the first placeholder of that index or kind."""
+        """The properties of the level in the first placeholder of that index or kind of a layout or master."""
         for shape in part.iter("sp"):
             other = shape.find("nvSpPr/nvPr/ph")
             if other is None:

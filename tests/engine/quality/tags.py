@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Compares what the engine finds when it ignores the tags of a file with what sound tags say: headings with their
-levels, paragraphs, list items with their levels, and the neighbours of table cells. The tags of many files are truth
-that nobody has to mark.
+"""Compares what the engine finds when it ignores the tags of a file with what sound tags state: headings with their
+levels, paragraphs, list items with their levels, and the neighbours of table cells. The tags of many files serve as
+ground truth.
 
 Usage: tags.py MODEL_DUMP [--half opened|closed]
 
-corpora.py says which variables name the folders. Of the closed half nothing but means is printed. Ends with 77 without
+corpora.py says which variables name the folders. Of the closed half only means are printed. Ends with 77 without
 any tagged document.
 """
 import argparse

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Comparing texts: their words, how many of them two texts share, and whether they stand in the same order."""
+"""Compares texts: which words they share, and whether these are in the same order."""
 import bisect
 import collections
 import difflib
@@ -51,7 +51,7 @@ def mean(values):
 
 
 def f1(hits, wanted, found):
-    """The F1 figure of `hits` out of `wanted` and `found` things; None where nothing is on either side."""
+    """The F1 score of `hits` among `wanted` and `found` things; None if both are 0."""
     return 2 * hits / (wanted + found) if wanted + found else None
 
 
@@ -86,7 +86,7 @@ def longest_increasing(values):
 
 
 def unique_triples(text):
-    """Where each sequence of three words stands that occurs once in the list of words."""
+    """The positions of the sequences of three words that occur once in the list of words."""
     places = collections.defaultdict(list)
     for place, triple in enumerate(zip(text, text[1:], text[2:])):
         places[triple].append(place)
@@ -97,7 +97,7 @@ class Alignment:
     """Which word of `found` each word of `wanted` is. Both are lists of words.
 
     pairs  {position in wanted: position in found}
-    order  the share of the triples unique to both that stand in the same order; 0 where there are none, None where
+    order  the share of the triples unique to both that are in the same order; 0 if there are none, None where
            `wanted` is too short to expect any
     """
 

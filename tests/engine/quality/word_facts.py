@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""What a .docx file says: paragraphs with their styles, headings, list items, tables, notes, headers and footers."""
+"""Reads a .docx file: paragraphs with their styles, headings, list items, tables, notes, headers and footers."""
 import collections
 import re
 import unicodedata
@@ -23,7 +23,7 @@ class Paragraph:
     level  of a heading, from 1, or None
     item   (kind, level) of a list item, or None
     label  the number that the application shows before a numbered paragraph, or ""
-    cell   whether it stands in a table
+    cell   whether it is in a table
     """
 
     def __init__(self, level, item, label, cell):
@@ -48,7 +48,7 @@ class WordFacts(Package):
     """paragraphs  in order, also those of tables and text boxes, without those that are empty
     tables      for table_score.relations: lists of (row, column, last row, last column, text)
     links       addresses
-    hidden      text that is not shown, such as that of a page which stands there as a picture
+    hidden      text that is not shown, such as that of a page shown as a picture
     notes       texts of footnotes and endnotes that the text refers to
     heads       distinct texts of headers and footers, without digits
     head_texts  the same with their digits
@@ -117,7 +117,7 @@ class WordFacts(Package):
             style = value(self._styles[style], "basedOn")
 
     def _run_properties(self, own, paragraph_style):
-        """All places that say how a run looks, the nearest first."""
+        """All elements that define the look of a run, the nearest first."""
         places = [own]
         for style in (value(own, "rStyle"), paragraph_style):
             places += [each.find("rPr") for each in self._chain(style)]
