@@ -3,6 +3,7 @@
 #include "document/font_family.h"
 #include "document/line_pieces.h"
 #include "document/link.h"
+#include "document/list_number.h"
 #include "html_pages.h"
 #include "pdf/font_name.h"
 #include "test_text.h"
@@ -33,6 +34,47 @@ class DocumentFactsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void marksOfListItemsAreNumbers_data()
+    {
+        QTest::addColumn<QString>("previous");
+        QTest::addColumn<QString>("mark");
+        QTest::addColumn<QString>("read");
+        QTest::newRow("decimal") << QString() << QStringLiteral("12.") << QStringLiteral("||12|0|.");
+        QTest::newRow("parentheses") << QString() << QStringLiteral("(a)") << QStringLiteral("|(|1|1|)");
+        QTest::newRow("upper letter") << QString() << QStringLiteral("C.") << QStringLiteral("||3|2|.");
+        QTest::newRow("Roman") << QString() << QStringLiteral("xiv)") << QStringLiteral("||14|3|)");
+        QTest::newRow("upper Roman") << QString() << QStringLiteral("II") << QStringLiteral("||2|4|");
+        QTest::newRow("first i") << QString() << QStringLiteral("i.") << QStringLiteral("||1|3|.");
+        QTest::newRow("i after h") << QStringLiteral("h.") << QStringLiteral("i.") << QStringLiteral("+||9|1|.");
+        QTest::newRow("v after iv") << QStringLiteral("iv.") << QStringLiteral("v.") << QStringLiteral("+||5|3|.");
+        QTest::newRow("first v") << QString() << QStringLiteral("v.") << QStringLiteral("||22|1|.");
+        QTest::newRow("not after z") << QStringLiteral("(z)") << QStringLiteral("(aa)") << QString();
+        QTest::newRow("other sign") << QStringLiteral("1.") << QStringLiteral("2)") << QStringLiteral("||2|0|)");
+        QTest::newRow("bullet") << QString() << QStringLiteral("•") << QString();
+        QTest::newRow("several parts") << QString() << QStringLiteral("1.2") << QString();
+        QTest::newRow("no Roman numeral") << QString() << QStringLiteral("iiii.") << QString();
+        QTest::newRow("mixed") << QString() << QStringLiteral("B1.") << QString();
+        QTest::newRow("large") << QString() << QStringLiteral("20111.") << QString();
+        QTest::newRow("empty") << QString() << QString() << QString();
+    }
+
+    void marksOfListItemsAreNumbers()
+    {
+        QFETCH(QString, previous);
+        QFETCH(QString, mark);
+        QFETCH(QString, read);
+        const std::optional<ListNumber> before = listNumber(previous);
+        const std::optional<ListNumber> number = listNumber(mark, before);
+        QString text;
+        if (number) {
+            const bool counted = before && continuesNumbers(*before, *number);
+            text = (counted ? QStringLiteral("+|") : QStringLiteral("|")) + number->before + u'|' +
+                   QString::number(number->value) + u'|' + QString::number(static_cast<int>(number->format)) + u'|' +
+                   number->after;
+        }
+        QCOMPARE(text, read);
+    }
+
     void faintTextWithoutItsBackgroundIsBlack_data()
     {
         QTest::addColumn<bool>("filled");
