@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Unit tests of the modules in this folder: floors, halves, text comparison, numbering, round trip."""
+"""Unit tests of the modules in this folder: floors, halves, text comparison, numbering, round
+trip, rules of office packages."""
 import os
 import sys
 import tempfile
@@ -10,6 +11,7 @@ sys.path[:0] = [os.path.dirname(os.path.abspath(__file__)), os.path.join(os.path
 import corpora
 import floors
 import numbering
+import office_rules
 import outputs
 import round_trip
 import sheet_facts
@@ -240,6 +242,140 @@ class RoundTrip(unittest.TestCase):
         facts = [type("Facts", (), {"slides": slides}) for slides in ([slide, slide], [slide])]
         figures = round_trip.compare_slides(*facts)
         self.assertEqual((figures["slides"], figures["titles"], figures["text"]), (0.5, 2 / 3, 2 / 3))
+
+
+class OfficeRules(unittest.TestCase):
+    """Each rule is seen to be broken once, in a small package that breaks none otherwise."""
+    TYPES = ('<Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">'
+             '<Default Extension="rels" ContentType="r"/><Default Extension="xml" ContentType="x"/></Types>')
+    OFFICE = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
+
+    @classmethod
+    def relationships(cls, *targets):
+        entries = ['<Relationship Id="r%d" Type="%s/%s" Target="%s"/>' % (number, cls.OFFICE, kind, target)
+                   for number, (kind, target) in enumerate(targets, 1)]
+        return "<Relationships>%s</Relationships>" % "".join(entries)
+
+    @classmethod
+    def root(cls, tag, content):
+        return '<%s xmlns:r="%s">%s</%s>' % (tag, cls.OFFICE, content, tag)
+
+    def word(self, body):
+        return {"_rels/.rels": self.relationships(("officeDocument", "document.xml")),
+                "document.xml": self.root("document", "<body>%s<sectPr/></body>" % body),
+                "_rels/document.xml.rels": self.relationships(("styles", "styles.xml"), ("numbering", "numbering.xml")),
+                "styles.xml": '<styles><style type="paragraph" styleId="Normal"/></styles>',
+                "numbering.xml": '<numbering><abstractNum abstractNumId="1"/><num numId="1"><abstractNumId val="1"/></num>'
+                                 "</numbering>"}
+
+    def workbook(self, content, name="Page 1"):
+        return {"_rels/.rels": self.relationships(("officeDocument", "workbook.xml")),
+                "workbook.xml": self.root("workbook", '<sheets><sheet name="%s" sheetId="1" r:id="r1"/></sheets>' % name),
+                "_rels/workbook.xml.rels": self.relationships(("worksheet", "sheet.xml"), ("sharedStrings", "strings.xml"),
+                                                              ("styles", "styles.xml")),
+                "sheet.xml": "<worksheet>%s</worksheet>" % content,
+                "strings.xml": "<sst><si><t>one</t></si></sst>",
+                "styles.xml": "<styleSheet><cellXfs><xf/></cellXfs></styleSheet>"}
+
+    def slides(self, content, identity=256):
+        return {"_rels/.rels": self.relationships(("officeDocument", "presentation.xml")),
+                "presentation.xml": self.root("presentation", '<sldMasterIdLst><sldMasterId id="2147483648" r:id="r2"/>'
+                                              '</sldMasterIdLst><sldIdLst><sldId id="%d" r:id="r1"/></sldIdLst>' % identity),
+                "_rels/presentation.xml.rels": self.relationships(("slide", "slide.xml"), ("slideMaster", "master.xml")),
+                "slide.xml": self.root("sld", content),
+                "_rels/slide.xml.rels": self.relationships(("slideLayout", "layout.xml")),
+                "layout.xml": "<sldLayout/>",
+                "_rels/layout.xml.rels": self.relationships(("slideMaster", "master.xml")),
+                "master.xml": "<sldMaster/>"}
+
+    def found(self, parts, types=None):
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "file")
+            with zipfile.ZipFile(path, "w") as archive:
+                archive.writestr("[Content_Types].xml", types or self.TYPES)
+                for name, content in parts.items():
+                    archive.writestr(name, content)
+            return list(office_rules.violations(path))
+
+    def assert_broken(self, expected, parts, types=None):
+        found = self.found(parts, types)
+        self.assertEqual(len(found), 1, found)
+        self.assertIn(expected, found[0])
+
+    def test_sound_files(self):
+        self.assertEqual(self.found(self.word('<p><pPr><pStyle val="Normal"/></pPr></p>')), [])
+        self.assertEqual(self.found(self.workbook('<sheetData><row r="1"><c r="A1" t="s"><v>0</v></c></row></sheetData>')), [])
+        self.assertEqual(self.found(self.slides("<txBody><bodyPr/><p/></txBody>")), [])
+
+    def test_package(self):
+        sound = self.word("<p/>")
+        self.assert_broken("type without part", sound, self.TYPES.replace("</Types>", '<Override PartName="/a.xml"/></Types>'))
+        self.assert_broken("part without type: a.bin", {**sound, "a.bin": "", "_rels/styles.xml.rels":
+                                                         self.relationships(("image", "a.bin"))})
+        self.assert_broken("part without relationship: a.xml", {**sound, "a.xml": "<a/>"})
+        self.assert_broken("relationship without part: a.xml", {**sound, "_rels/styles.xml.rels":
+                                                                 self.relationships(("image", "a.xml"))})
+        self.assert_broken("relationships of no part", {**sound, "_rels/a.xml.rels": self.relationships()})
+        self.assert_broken("unknown relationship: r9", self.word('<p><drawing r:embed="r9"/></p>'))
+        self.assert_broken("not well-formed", {**sound, "styles.xml": "<styles>"})
+
+    def test_word(self):
+        cell = "<tc><tcPr>%s</tcPr><p/></tc>"
+        table = "<tbl><tblPr/><tblGrid><gridCol/></tblGrid><tr>%s</tr></tbl>"
+        for expected, body in (
+                ("order of <pPr>", '<p><pPr><jc/><pStyle val="Normal"/></pPr></p>'),
+                ("not first in <p>", "<p><r/><pPr/></p>"),
+                ("unknown style", '<p><pPr><pStyle val="None"/></pPr></p>'),
+                ("unknown list", '<p><pPr><numPr><ilvl val="0"/><numId val="2"/></numPr></pPr></p>'),
+                ("list level", '<p><pPr><numPr><ilvl val="9"/><numId val="1"/></numPr></pPr></p>'),
+                ("unknown footnote", '<p><r><footnoteReference id="1"/></r></p>'),
+                ("link to no bookmark", '<p><hyperlink anchor="a"/></p>'),
+                ("bookmarks do not begin", '<p><bookmarkStart id="1" name="a"/></p>'),
+                ("bookmark twice", '<p><bookmarkStart id="1" name="a"/><bookmarkEnd id="1"/>'
+                                   '<bookmarkStart id="2" name="a"/><bookmarkEnd id="2"/></p>'),
+                ("field without end", '<p><r><fldChar fldCharType="begin"/></r></p>'),
+                ("field without beginning", '<p><r><fldChar fldCharType="end"/></r></p>'),
+                ("drawing twice", '<p><docPr id="1"/><docPr id="1"/></p>'),
+                ("row wider", table % (cell % '<gridSpan val="2"/>')),
+                ("row without cells", table % ""),
+                ("does not end with a paragraph", table % "<tc/>")):
+            with self.subTest(expected):
+                self.assert_broken(expected, self.word(body))
+
+    def test_word_reads_the_first_form_of_drawings(self):
+        drawing = '<docPr id="1"/>'
+        self.assertEqual(self.found(self.word("<AlternateContent><Choice>%s</Choice><Fallback>%s</Fallback>"
+                                              "</AlternateContent>" % (drawing, drawing))), [])
+
+    def test_workbook(self):
+        row = '<sheetData><row r="1">%s</row></sheetData>'
+        for expected, content in (
+                ("order of <worksheet>", "<mergeCells/><sheetData/>"),
+                ("place of cell", row % '<c r="B1"/><c r="A1"/>'),
+                ("text of cell", row % '<c r="A1" t="s"><v>1</v></c>'),
+                ("number of cell", row % '<c r="A1"><v>one</v></c>'),
+                ("format of cell", row % '<c r="A1" s="1"/>'),
+                ("order of rows", '<sheetData><row r="2"/><row r="1"/></sheetData>'),
+                ("merged cells overlap", '<mergeCells><mergeCell ref="A1:B2"/><mergeCell ref="B2:C2"/></mergeCells>'),
+                ("columns overlap", '<cols><col min="1" max="2"/><col min="2" max="3"/></cols>')):
+            with self.subTest(expected):
+                self.assert_broken(expected, self.workbook(content))
+        for name in ("a" * 32, "a/b", "'a", ""):
+            with self.subTest(name):
+                self.assert_broken("name of a sheet", self.workbook("<sheetData/>", name))
+
+    def test_slides(self):
+        for expected, content in (
+                ("order of <sp>", "<sp><txBody><p/></txBody><spPr/></sp>"),
+                ("shape twice", '<cNvPr id="2"/><cNvPr id="2"/>'),
+                ("text without paragraph", "<txBody><bodyPr/></txBody>"),
+                ("order of <p>", "<txBody><p><r/><pPr/></p></txBody>"),
+                ("row of 1 cells in 2 columns", "<tbl><tblGrid><gridCol/><gridCol/></tblGrid><tr><tc/></tr></tbl>")):
+            with self.subTest(expected):
+                self.assert_broken(expected, self.slides(content))
+        self.assert_broken("identity below", self.slides("", 255))
+        self.assert_broken("slide without layout", {**self.slides(""), "_rels/slide.xml.rels": self.relationships(
+            ("image", "layout.xml"))})
 
 
 if __name__ == "__main__":
