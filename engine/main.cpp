@@ -6,6 +6,7 @@
 
 #include <QHashSeed>
 
+#include <cstdio>
 #include <cstring>
 #include <exception>
 #include <new>
@@ -28,6 +29,19 @@ void hidePasswords(int count, char **arguments)
     }
 }
 
+/// Answers --help or --version, which must be the only argument, on standard output; returns whether it was one of
+/// them.
+bool answered(const std::vector<std::string> &arguments)
+{
+    if (arguments.size() != 1 || (arguments[0] != "--help" && arguments[0] != "--version")) {
+        return false;
+    }
+    const std::string text =
+        arguments[0] == "--help" ? quorra::helpText(quorra::outputExtensions()) : quorra::versionText();
+    std::fputs(text.c_str(), stdout);
+    return true;
+}
+
 void run(const std::vector<std::string> &arguments)
 {
     quorra::convert(quorra::parseOptions(arguments));
@@ -38,6 +52,9 @@ void run(const std::vector<std::string> &arguments)
 int main(int argc, char **argv)
 {
     const std::vector<std::string> arguments(argv + 1, argv + (argc > 0 ? argc : 1));
+    if (answered(arguments)) {
+        return std::fflush(stdout) == 0 ? 0 : static_cast<int>(ExitStatus::CannotWrite);
+    }
     hidePasswords(argc, argv);
     // The output must be reproducible, so it must not depend on random hash seeds.
     QHashSeed::setDeterministicGlobalSeed();

@@ -11,7 +11,11 @@ namespace quorra {
 
 namespace {
 
-constexpr std::string_view usageText = "usage: Qtminw [options] -call INPUT OUTPUT";
+constexpr std::string_view usageText = "usage: Qtminw [options] -call INPUT OUTPUT (see Qtminw --help)";
+
+// The column of the help text in which descriptions begin.
+constexpr std::size_t descriptionColumn = 16;
+constexpr std::size_t helpWidth = 80; // characters; of the list of extensions
 
 constexpr std::array<Compression, 8> compressions = {
     Compression::None,     Compression::Group3OneD, Compression::Group4,     Compression::Lzw,
@@ -49,40 +53,73 @@ WordMode wordMode(const std::string &option, const std::string &text)
     return static_cast<WordMode>(wanted);
 }
 
+/// The headings of the help text, in its order.
+enum class Group {
+    Pages,
+    Passwords,
+    Sizes,
+    Images,
+    Documents,
+    Names,
+};
+
+constexpr std::array<std::string_view, 6> groupTitles = {
+    "Pages", "Passwords", "Sizes and resolution", "Images", "Documents", "Names of output files",
+};
+
 struct Switch
 {
     std::string_view name;
+    Group group;
+    std::string_view help;
     void (*set)(Options &);
 };
 
 constexpr std::array<Switch, 5> switches = {{
-    {"-tempname1", [](Options &o) { o.tempNameForSingle = true; }},
-    {"-mono", [](Options &o) { o.colourDepth = ColourDepth::Mono; }},
-    {"-gray", [](Options &o) { o.colourDepth = ColourDepth::Gray; }},
-    {"-multipage", [](Options &o) { o.multipage = true; }},
-    {"-htmlformat", [](Options &o) { o.htmlFormat = true; }},
+    {"-tempname1", Group::Names, "use the template even if there is only one output file",
+     [](Options &o) { o.tempNameForSingle = true; }},
+    {"-mono", Group::Images, "black and white", [](Options &o) { o.colourDepth = ColourDepth::Mono; }},
+    {"-gray", Group::Images, "grey", [](Options &o) { o.colourDepth = ColourDepth::Gray; }},
+    {"-multipage", Group::Images, ".tif, .tiff: all pages in one file", [](Options &o) { o.multipage = true; }},
+    {"-htmlformat", Group::Documents, ".xml: write XHTML", [](Options &o) { o.htmlFormat = true; }},
 }};
 
 struct ValueOption
 {
     std::string_view name;
+    std::string_view value; ///< its name in the help text
+    Group group;
+    std::string_view help;
     void (*set)(Options &, const std::string &option, const std::string &value);
 };
 
 using Text = const std::string &;
 
 constexpr std::array<ValueOption, 11> valueOptions = {{
-    {"-tempname", [](Options &o, Text, Text value) { o.tempName = value; }},
-    {"-f", [](Options &o, Text name, Text value) { o.firstPage = number(name, value, 1); }},
-    {"-l", [](Options &o, Text name, Text value) { o.lastPage = number(name, value, 1); }},
-    {"-width", [](Options &o, Text name, Text value) { o.width = number(name, value, 1); }},
-    {"-height", [](Options &o, Text name, Text value) { o.height = number(name, value, 1); }},
-    {"-xres", [](Options &o, Text name, Text value) { o.xres = number(name, value, 1); }},
-    {"-yres", [](Options &o, Text name, Text value) { o.yres = number(name, value, 1); }},
-    {"-compress", [](Options &o, Text name, Text value) { o.compression = compression(name, value); }},
-    {"-wordmode", [](Options &o, Text name, Text value) { o.wordMode = wordMode(name, value); }},
-    {"-upw", [](Options &o, Text, Text value) { o.userPassword = value; }},
-    {"-opw", [](Options &o, Text, Text value) { o.ownerPassword = value; }},
+    {"-tempname", "T", Group::Names, "images, EPS: template; %d or %03d becomes 1, 2, ...",
+     [](Options &o, Text, Text value) { o.tempName = value; }},
+    {"-f", "N", Group::Pages, "first page, counted from 1",
+     [](Options &o, Text name, Text value) { o.firstPage = number(name, value, 1); }},
+    {"-l", "N", Group::Pages, "last page",
+     [](Options &o, Text name, Text value) { o.lastPage = number(name, value, 1); }},
+    {"-width", "W", Group::Sizes, "images: width in pixels; others: of the paper, in pixels of -xres or 1/96 inch",
+     [](Options &o, Text name, Text value) { o.width = number(name, value, 1); }},
+    {"-height", "H", Group::Sizes, "the same for the height; if only one is given, proportions are kept",
+     [](Options &o, Text name, Text value) { o.height = number(name, value, 1); }},
+    {"-xres", "X", Group::Sizes, "horizontal resolution of pictures in dots per inch, 150 if not given",
+     [](Options &o, Text name, Text value) { o.xres = number(name, value, 1); }},
+    {"-yres", "Y", Group::Sizes, "the same for the vertical resolution; if only one is given, it is used for both",
+     [](Options &o, Text name, Text value) { o.yres = number(name, value, 1); }},
+    {"-compress", "C", Group::Images,
+     ".tif, .tiff: 1 none, 3 or 88884 Group 3, 4 Group 4, 5 LZW, 32773 PackBits,\n"
+     "88882 or 88883 Class F",
+     [](Options &o, Text name, Text value) { o.compression = compression(name, value); }},
+    {"-wordmode", "M", Group::Documents,
+     ".doc, .docx, .rtf: 0 automatic, 1 text boxes, 2 exact positions,\n"
+     "3 flowing text, 4 continuous text",
+     [](Options &o, Text name, Text value) { o.wordMode = wordMode(name, value); }},
+    {"-upw", "P", Group::Passwords, "user password", [](Options &o, Text, Text value) { o.userPassword = value; }},
+    {"-opw", "P", Group::Passwords, "owner password", [](Options &o, Text, Text value) { o.ownerPassword = value; }},
 }};
 
 template <typename Table>
@@ -92,7 +129,50 @@ auto find(const Table &table, std::string_view name)
     return found == table.end() ? nullptr : &*found;
 }
 
+/// One entry of the help text: the option, and its description in a column of its own.
+std::string helpLine(const std::string &option, std::string_view help)
+{
+    std::string line = "  " + option;
+    line.append(descriptionColumn - line.size(), ' ');
+    for (const char each : help) {
+        line += each;
+        if (each == '\n') {
+            line.append(descriptionColumn, ' ');
+        }
+    }
+    return line + '\n';
+}
+
 } // namespace
+
+std::string helpText(const std::vector<std::string_view> &extensions)
+{
+    std::string text = "Usage: Qtminw [options] -call INPUT OUTPUT\n"
+                       "       Qtminw --help | --version\n\n"
+                       "Converts the PDF file INPUT. The extension of OUTPUT selects the format:\n";
+    std::size_t width = helpWidth;
+    for (const std::string_view extension : extensions) {
+        const bool fits = width + 1 + extension.size() <= helpWidth;
+        text.append(fits ? " " : text.back() == '\n' ? "  " : "\n  ").append(extension);
+        width = fits ? width + 1 + extension.size() : 2 + extension.size();
+    }
+    text += '\n';
+    for (std::size_t i = 0; i < groupTitles.size(); ++i) {
+        const auto group = static_cast<Group>(i);
+        text.append("\n").append(groupTitles[i]).append(":\n");
+        for (const ValueOption &option : valueOptions) {
+            if (option.group == group) {
+                text += helpLine(std::string(option.name) + ' ' + std::string(option.value), option.help);
+            }
+        }
+        for (const Switch &option : switches) {
+            if (option.group == group) {
+                text += helpLine(std::string(option.name), option.help);
+            }
+        }
+    }
+    return text;
+}
 
 Options parseOptions(const std::vector<std::string> &arguments)
 {

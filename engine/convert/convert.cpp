@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <iterator>
 
 namespace quorra {
 
@@ -40,6 +41,19 @@ Converter converterFor(std::string_view extension)
     const auto row =
         std::find_if(rows.begin(), rows.end(), [&](const Row &each) { return each.extension == extension; });
     return row == rows.end() ? nullptr : row->converter;
+}
+
+std::vector<std::string_view> outputExtensions()
+{
+    std::vector<std::string_view> extensions;
+    std::transform(
+        rows.begin(), rows.end(), std::back_inserter(extensions), [](const Row &row) { return row.extension; });
+    return extensions;
+}
+
+std::string versionText()
+{
+    return "Qtminw " QUORRA_VERSION "\npoppler " + pdfLibraryVersion() + '\n';
 }
 
 TimeAllowance timeAllowed(const Job &job, double finer)

@@ -8,6 +8,7 @@
 #include <ErrorCodes.h>
 #include <GfxState.h>
 #include <Page.h>
+#include <poppler-config.h>
 
 #include <algorithm>
 
@@ -57,6 +58,11 @@ bool conversionAllowed(const PDFDoc &)
 }
 
 } // namespace
+
+std::string pdfLibraryVersion()
+{
+    return POPPLER_VERSION;
+}
 
 PdfFile::PdfFile(const std::string &path, const std::string &userPassword, const std::string &ownerPassword)
     : m_handles(std::make_unique<PdfFileHandles>(&dropMessage))

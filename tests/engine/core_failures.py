@@ -159,13 +159,24 @@ def closed_streams(suite):
     suite.check(done.returncode == 0 and b"PNG image" in tool("file", "-b", str(out)), "closed streams")
 
 
+def information(suite):
+    for option, expected in (("--help", "Usage: Qtminw "), ("--version", "Qtminw ")):
+        done = subprocess.run([suite.engine, option], capture_output=True, text=True, timeout=core_support.WAIT, check=False)
+        suite.check(done.returncode == 0 and done.stdout.startswith(expected) and done.stdout.endswith("\n")
+                    and done.stderr == "", option, done)
+        with open("/dev/full", "w", encoding="utf-8") as full:
+            status = subprocess.run([suite.engine, option], stdout=full, timeout=core_support.WAIT, check=False).returncode
+        suite.check(status == WRITE, option, "on a full device ended with status", status)
+        fails(suite, USAGE, option, option)
+
+
 def main():
     suite = core_support.Suite()
     if suite.corpus:
         suite.documents()
         hostile(suite)
     else:
-        for part in (statuses, passwords, names, naming, sweeping, hidden_passwords, closed_streams):
+        for part in (information, statuses, passwords, names, naming, sweeping, hidden_passwords, closed_streams):
             part(suite)
     suite.end()
 

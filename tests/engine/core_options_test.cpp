@@ -6,6 +6,7 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <functional>
 
 using namespace quorra;
@@ -54,6 +55,7 @@ private Q_SLOTS:
     void range();
     void passwordPairs();
     void latin1();
+    void helpNamesOptionsAndExtensions();
 };
 
 void CoreOptionsTest::accepted_data()
@@ -265,6 +267,27 @@ void CoreOptionsTest::latin1()
     QCOMPARE(latin1FromUtf8("a\xC3"), std::string());
     QCOMPARE(latin1FromUtf8("\xC3z"), std::string());
     QCOMPARE(latin1FromUtf8("\xFF"), std::string());
+}
+
+void CoreOptionsTest::helpNamesOptionsAndExtensions()
+{
+    const QString text = QString::fromStdString(helpText({".txt", ".png"}));
+    QVERIFY(text.endsWith(QLatin1Char('\n')));
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    const auto begins = [&lines](const QString &beginning) {
+        return std::count_if(
+            lines.begin(), lines.end(), [&](const QString &line) { return line.startsWith(beginning); });
+    };
+    for (const char *option :
+         {"-f N", "-l N", "-upw P", "-opw P", "-width W", "-height H", "-xres X", "-yres Y", "-mono", "-gray",
+          "-compress C", "-multipage", "-wordmode M", "-tempname T", "-tempname1", "-htmlformat"}) {
+        QVERIFY2(begins(QStringLiteral("  %1 ").arg(QLatin1String(option))) == 1, option);
+    }
+    QVERIFY(lines.contains(QStringLiteral("  .txt .png")));
+    QVERIFY(lines.contains(QStringLiteral("Pages:")));
+    for (const QString &line : lines) {
+        QVERIFY2(line.size() <= 100, qPrintable(line));
+    }
 }
 
 QTEST_APPLESS_MAIN(CoreOptionsTest)

@@ -5,7 +5,9 @@
 #include "pdf/pdf_file.h"
 #include "platform/time_allowance.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace quorra {
 
@@ -35,6 +37,12 @@ using Converter = void (*)(const Job &);
 
 /// Returns the function that writes files with this extension (lower case, with its dot); null if it is unknown.
 Converter converterFor(std::string_view extension);
+
+/// Returns the extensions of all formats, in lower case and with their dots.
+std::vector<std::string_view> outputExtensions();
+
+/// Returns the text of --version, whole lines: the versions of the engine and of the PDF library.
+std::string versionText();
 
 /// Returns the number of pixels at the requested resolution, relative to the default resolution.
 double finerThanUsual(const Options &options);

@@ -16,6 +16,9 @@ struct PageSize
     double height = 0;
 };
 
+/// Returns the version of the PDF library, such as "22.12.0".
+std::string pdfLibraryVersion();
+
 /// An open PDF file. The library's types are hidden behind pdf_file_handles.h. Not thread-safe: each thread opens its
 /// own.
 class PdfFile
