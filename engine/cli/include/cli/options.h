@@ -50,7 +50,8 @@ struct Options
 /// Parses the arguments after the program name. Throws Failure(Usage) for invalid arguments.
 Options parseOptions(const std::vector<std::string> &arguments);
 
-/// Returns the text of --help, whole lines: how the engine is called, these output extensions, and the options in groups.
+/// Returns the text of --help, whole lines: how the engine is called, these output extensions, and the options in
+/// groups.
 std::string helpText(const std::vector<std::string_view> &extensions);
 
 /// Returns the extension of the output path, with its dot and in lower case, such as ".png"; empty if there is none.
