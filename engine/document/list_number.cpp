@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -126,10 +127,38 @@ std::optional<ListNumber> listNumber(const QString &mark, const std::optional<Li
     return continuing != numbers.end() ? *continuing : numbers.front();
 }
 
+std::vector<ListNumber> possibleNumbers(const QString &mark)
+{
+    const auto isPart = [](QChar c) { return isDigit(c) || isLatinLetter(c); };
+    const auto end = std::find_if(mark.rbegin(), mark.rend(), isPart).base();
+    if (end == mark.begin()) {
+        return {};
+    }
+    const auto isOther =
+        isDigit(*(end - 1)) ? [](QChar c) { return !isDigit(c); } : [](QChar c) { return !isLatinLetter(c); };
+    const auto begin = std::find_if(std::make_reverse_iterator(end), mark.rend(), isOther).base();
+    const QString core(begin, end - begin);
+    // Counting does not write leading zeros, and what follows a number is a sign.
+    if ((core.size() > 1 && core.front() == u'0') ||
+        std::any_of(end, mark.end(), [](QChar c) { return c.isLetterOrNumber(); })) {
+        return {};
+    }
+    std::vector<ListNumber> numbers = readings(core);
+    for (ListNumber &number : numbers) {
+        number.before = QString(mark.begin(), begin - mark.begin());
+        number.after = QString(end, mark.end() - end);
+    }
+    return numbers;
+}
+
+bool looksLike(const ListNumber &one, const ListNumber &other)
+{
+    return one.format == other.format && one.before == other.before && one.after == other.after;
+}
+
 bool continuesNumbers(const ListNumber &previous, const ListNumber &next)
 {
-    const bool sameLook =
-        previous.format == next.format && previous.before == next.before && previous.after == next.after;
+    const bool sameLook = looksLike(previous, next);
     const bool letters = next.format == NumberFormat::LowerLetter || next.format == NumberFormat::UpperLetter;
     return sameLook && next.value == previous.value + 1 && (!letters || next.value <= lettersInAlphabet);
 }

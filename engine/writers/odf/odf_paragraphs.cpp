@@ -3,9 +3,9 @@
 
 #include "base/xml_text.h"
 #include "odf/line_layout.h"
+#include "odf/odf_lists.h"
 
 #include <algorithm>
-#include <stack>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,7 +19,6 @@ struct Thresholds
     double raggedReserve = 12;      ///< points; by which such an indent is reduced, for words in wider fonts
     std::size_t minRaggedLines = 3; ///< lines; fewer show no right indent
     double emptyFontSize = 1;       ///< points; of a paragraph without text
-    int maxListLevel = 9;           ///< levels; word processors have no more
 };
 constexpr Thresholds thresholds;
 
@@ -188,66 +187,12 @@ void writeMarks(QXmlStreamWriter &xml, const Marks &marks)
     }
 }
 
-/// Returns the level of a list item in ODF: 1 to 9.
-int listLevel(const model::Paragraph &paragraph)
-{
-    return std::clamp(paragraph.listItem->level, 0, thresholds.maxListLevel - 1) + 1;
-}
-
-/// The list and list-item elements around a paragraph of this level; none for level 0. The outermost list has the
-/// style.
-class ListPosition
-{
-public:
-    ListPosition(QXmlStreamWriter &xml, const QString &style, int level)
-    {
-        for (int i = 0; i < level; ++i) {
-            m_open.emplace(xml, "text:list"_L1);
-            if (i == 0) {
-                xml.writeAttribute("text:style-name"_L1, style);
-            }
-            m_open.emplace(xml, "text:list-item"_L1);
-        }
-    }
-
-    ~ListPosition()
-    {
-        while (!m_open.empty()) {
-            m_open.pop();
-        }
-    }
-
-    Q_DISABLE_COPY_MOVE(ListPosition)
-
-private:
-    std::stack<XmlElement> m_open;
-};
-
-QString listStyle(const Sink &sink, const model::Paragraph &paragraph, const ParagraphPlace &place)
-{
-    const QString level = QString::number(listLevel(paragraph));
-    return sink.styles.name(
-        {"text:list-style"_L1,
-         {},
-         {{"text:list-level-style-bullet"_L1,
-           {{"text:level"_L1, level}, {"text:bullet-char"_L1, paragraph.listItem->mark}},
-           {{"style:list-level-properties"_L1,
-             {{"text:list-level-position-and-space-mode"_L1, u"label-alignment"_s}},
-             {{"style:list-level-label-alignment"_L1,
-               {{"text:label-followed-by"_L1, u"listtab"_s},
-                {"text:list-tab-stop-position"_L1, pt(place.left + paragraph.indentLeft)},
-                {"fo:margin-left"_L1, pt(place.left + paragraph.indentLeft)},
-                {"fo:text-indent"_L1, pt(paragraph.firstLineIndent)}},
-               {}}}}}}}});
-}
-
 void writeContent(
     const Sink &sink, const model::Paragraph &paragraph, const std::vector<model::Run> &runs,
     const ParagraphPlace &place, const model::Style &textStyle)
 {
     writeMarks(sink.xml, place.marks);
-    if (paragraph.listItem && !(place.withLists && isBullet(paragraph))) {
-        // Numbers remain text, because automatic numbering might count in another way than the page.
+    if (paragraph.listItem && !place.list) {
         sink.xml.writeCharacters(xmlText(paragraph.listItem->mark));
         if (paragraph.firstLineIndent < 0) {
             sink.xml.writeEmptyElement("text:tab"_L1);
@@ -262,20 +207,6 @@ void writeContent(
         return;
     }
     writeRuns(sink, runs, textStyle, place.withLinks);
-}
-
-/// Adds a hanging indent to a list item of one line: a second line would begin below the text, not below the mark.
-model::Paragraph withHang(const model::Paragraph &paragraph)
-{
-    model::Paragraph item = paragraph;
-    const bool oneLine = item.lines.size() == 1 && item.lines.front().words.size() > 1;
-    if (item.listItem && oneLine && !item.rightToLeft && item.firstLineIndent == 0) {
-        const model::Line &line = item.lines.front();
-        const double hang = std::max(0.0, line.words[1].box.left - line.words[0].box.left);
-        item.indentLeft += hang;
-        item.firstLineIndent = -hang;
-    }
-    return item;
 }
 
 } // namespace
@@ -330,12 +261,6 @@ Element emptyParagraphStyle(const model::Paragraph &paragraph, const ParagraphPl
     return paragraphStyle(paragraph, low, textStyle);
 }
 
-bool isBullet(const model::Paragraph &paragraph)
-{
-    return paragraph.listItem && !paragraph.listItem->ordered && paragraph.listItem->mark.size() == 1 &&
-           !paragraph.listItem->mark[0].isLetterOrNumber();
-}
-
 void writeParagraph(const Sink &sink, const model::Paragraph &whole, const ParagraphPlace &place)
 {
     QXmlStreamWriter &xml = sink.xml;
@@ -344,9 +269,7 @@ void writeParagraph(const Sink &sink, const model::Paragraph &whole, const Parag
     const model::Style textStyle = dominantStyle(runs);
     sink.styles.noteFont(textStyle);
     const int heading = place.withHeadings ? paragraph.headingLevel : 0;
-    const bool inList = place.withLists && heading == 0 && isBullet(paragraph);
-    const QString list = inList ? listStyle(sink, paragraph, place) : QString();
-    const ListPosition position(xml, list, inList ? listLevel(paragraph) : 0);
+    const ListPosition position(sink, place.list);
     const XmlElement element(xml, heading > 0 ? "text:h"_L1 : "text:p"_L1);
     xml.writeAttribute("text:style-name"_L1, sink.styles.name(paragraphStyle(paragraph, place, textStyle)));
     if (heading > 0) {

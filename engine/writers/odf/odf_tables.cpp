@@ -71,9 +71,10 @@ void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &plac
     writeSpans(xml, cell);
     ParagraphPlace inside;
     inside.exactLeading = place.exactLeading;
-    inside.withLists = false;
+    auto original = cell.paragraphs.begin();
     for (const CellParagraph &placed : placedInCell(cell)) {
         inside.lineHeight = placed.lineHeight;
+        inside.list = sink.listPlace(*original++);
         writeParagraph(sink, placed.paragraph, inside);
     }
     if (cell.paragraphs.empty()) {

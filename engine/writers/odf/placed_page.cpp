@@ -59,7 +59,7 @@ void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &
         }
         framed.spaceBefore = paragraph->box.top - bottom;
         ParagraphPlace place;
-        place.withLists = anchor == FrameAnchor::Page;
+        place.list = sink.listPlace(*paragraph);
         place.withHeadings = anchor == FrameAnchor::Page;
         writeParagraph(sink, framed, place);
         bottom = paragraph->box.bottom;

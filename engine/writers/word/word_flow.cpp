@@ -23,9 +23,10 @@ namespace {
 class FlowWriter
 {
 public:
-    FlowWriter(OdfFile &file, model::PictureSource &pictures, const FlowForm &form, Notes notes)
+    FlowWriter(OdfFile &file, model::PictureSource &pictures, const FlowForm &form, Notes notes, model::ListPlan lists)
         : m_notes(std::move(notes))
-        , m_sink{file.body(), file.styles(), &m_notes}
+        , m_lists(std::move(lists))
+        , m_sink{file.body(), file.styles(), &m_notes, &m_lists}
         , m_masters({file.masters(), file.styles()})
         , m_pictures(pictures)
         , m_form(form)
@@ -48,6 +49,7 @@ private:
     void writeLabels(const model::Figure &figure);
 
     Notes m_notes;
+    model::ListPlan m_lists;
     Sink m_sink;
     MasterPages m_masters;
     model::PictureSource &m_pictures;
@@ -187,6 +189,7 @@ void FlowWriter::writeText(const FlowItem &item)
     place.right = item.right - item.column.right;
     place.exactLeading = m_form.places;
     place.lineHeight = item.lineHeight;
+    place.list = m_sink.listPlace(*item.block->paragraph());
     writeParagraph(m_sink, placed, place);
 }
 
@@ -255,7 +258,7 @@ Notes notesOf(const model::Document &document)
 
 void writeFlow(OdfFile &file, const model::Document &document, model::PictureSource &pictures, const FlowForm &form)
 {
-    FlowWriter writer(file, pictures, form, notesOf(document));
+    FlowWriter writer(file, pictures, form, notesOf(document), model::planLists(document));
     for (FlowPage &page : planFlow(document, form)) {
         if (form.pages) {
             fitToRoom(page);

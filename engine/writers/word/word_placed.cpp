@@ -35,7 +35,8 @@ bool hasBackground(const model::Page &page)
 template <typename PageWriter>
 void writePages(OdfFile &file, const model::Document &document, const PageWriter &writePage)
 {
-    const Sink sink{file.body(), file.styles()};
+    const model::ListPlan lists = model::planLists(document);
+    const Sink sink{file.body(), file.styles(), nullptr, &lists};
     MasterPages masters({file.masters(), file.styles()});
     const std::vector<Margins> margins = pageMargins(document);
     const std::vector<OutlineBookmark> bookmarks = outlineBookmarks(document);

@@ -16,6 +16,8 @@ class OfficeFlowTest : public QObject
 private Q_SLOTS:
     void keepsParagraphsAndTheirLook();
     void writesHeadingsBulletsAndNumbers();
+    void countsListsOverOtherText();
+    void writesListsInCells();
     void keepsColumnsOnlyWhereAsked();
     void keepsPageBreaksAndSizes();
     void putsHeaderAndFooterIntoThePage();
@@ -83,11 +85,52 @@ void OfficeFlowTest::writesHeadingsBulletsAndNumbers()
     const QString text = flow(fixture::document({page}));
     QCOMPARE(
         fixture::paragraphs(text),
-        (QStringList{QStringLiteral("Title"), QStringLiteral("first"), QStringLiteral("(iv)\tsecond")}));
+        (QStringList{QStringLiteral("Title"), QStringLiteral("first"), QStringLiteral("second")}));
     QVERIFY(text.contains(QLatin1String("<text:h ")));
     QVERIFY(text.contains(QLatin1String("text:outline-level=\"2\"")));
-    QCOMPARE(text.count(QLatin1String("<text:list-item>")), 2); // nested to the second level
+    QCOMPARE(text.count(QLatin1String("<text:list-item>")), 3); // the bullet is nested to the second level
     QVERIFY(text.contains(QStringLiteral("text:bullet-char=\"\u2022\"")));
+    QVERIFY(text.contains(
+        QLatin1String("style:num-format=\"i\" style:num-prefix=\"(\" style:num-suffix=\")\" text:start-value=\"4\"")));
+}
+
+void OfficeFlowTest::countsListsOverOtherText()
+{
+    model::Page page = fixture::page();
+    const auto add = [&page](model::Paragraph item) {
+        page.sections[0].blocks.push_back(fixture::block(std::move(item)));
+    };
+    const auto number = [](const QString &text, double top, int level = 0) {
+        model::Paragraph item = fixture::listItem(text, {90, top, 300, top + 12});
+        item.listItem->ordered = true;
+        item.listItem->level = level;
+        return item;
+    };
+    add(number(QStringLiteral("1. one"), 72));
+    add(number(QStringLiteral("a) inner"), 90, 1));
+    add(fixture::paragraph(QStringLiteral("between"), {72, 110, 300, 122}));
+    add(number(QStringLiteral("2. two"), 130));
+    add(number(QStringLiteral("5. five"), 150));
+    add(fixture::paragraph(QStringLiteral("other"), {72, 170, 300, 182}));
+    add(number(QStringLiteral("1. new"), 190));
+    const QString text = flow(fixture::document({page}));
+    QCOMPARE(text.count(QLatin1String("xml:id=\"list")), 2);
+    QCOMPARE(text.count(QLatin1String("text:continue-list=\"list1\"")), 3);
+    QCOMPARE(text.count(QLatin1String("<text:list-item text:start-value=\"5\">")), 1);
+}
+
+void OfficeFlowTest::writesListsInCells()
+{
+    model::Page page = fixture::page();
+    model::Table table = fixture::table(1, {QString()});
+    for (const char *item : {"(a) first", "(b) second"}) {
+        table.cells[0].paragraphs.push_back(fixture::listItem(QString::fromLatin1(item), {80, 102, 160, 112}));
+        table.cells[0].paragraphs.back().listItem->ordered = true;
+    }
+    page.sections[0].blocks.push_back({table, 0});
+    const QString text = flow(fixture::document({page}));
+    QCOMPARE(text.count(QLatin1String("<text:list ")), 2);
+    QVERIFY(fixture::paragraphs(text).contains(QStringLiteral("second")));
 }
 
 void OfficeFlowTest::keepsColumnsOnlyWhereAsked()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "document/list_plan.h"
 #include "odf/odf_runs.h"
 
 #include <QString>
@@ -44,8 +45,8 @@ struct ParagraphPlace
     double gapAbove = 2; ///< between ruleAbove and the text
     double gapBelow = 2;
     bool withLinks = true;
-    bool withLists = true;    ///< bullets as list items; otherwise as text
-    bool withHeadings = true; ///< headings as such; otherwise as paragraphs
+    const model::ListPlace *list = nullptr; ///< an item of a list; otherwise the mark is text
+    bool withHeadings = true;               ///< headings as such; otherwise as paragraphs
 };
 
 /// Returns "0.50pt solid #000000", or "none" for width 0.
@@ -59,9 +60,6 @@ Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &
 
 /// Returns the same for a paragraph without text, of emptyParagraphHeight.
 Element emptyParagraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place);
-
-/// Returns whether the list mark is a bullet that can become an automatic one: a single character, no number or letter.
-bool isBullet(const model::Paragraph &paragraph);
 
 /// Writes the paragraph as a heading, a list item or a plain paragraph.
 void writeParagraph(const Sink &sink, const model::Paragraph &paragraph, const ParagraphPlace &place);

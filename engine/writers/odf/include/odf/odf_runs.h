@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/xml_element.h"
+#include "document/list_plan.h"
 #include "document/text.h"
 #include "odf/odf_styles.h"
 
@@ -27,7 +28,14 @@ struct Sink
 {
     QXmlStreamWriter &xml;
     StyleTable &styles;
-    const Notes *notes = nullptr; ///< without any, marks and notes are ordinary text
+    const Notes *notes = nullptr;           ///< without any, marks and notes are ordinary text
+    const model::ListPlan *lists = nullptr; ///< without any, the marks of list items are ordinary text
+
+    /// Returns the place of the paragraph in its list; null if it is in none.
+    const model::ListPlace *listPlace(const model::Paragraph &paragraph) const
+    {
+        return lists ? lists->find(&paragraph) : nullptr;
+    }
 };
 
 /// Returns model::linkAddress() for a text document, in which the bookmarks "pageN" mark the beginnings of pages.
