@@ -34,7 +34,7 @@ const KindRow &rowOf(OdfKind kind)
     return rows[static_cast<std::size_t>(kind)];
 }
 
-constexpr std::array<std::array<QLatin1String, 2>, 12> namespaces = {{
+constexpr std::array<std::array<QLatin1String, 2>, 13> namespaces = {{
     {QLatin1String("xmlns:office"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:office:1.0")},
     {QLatin1String("xmlns:style"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:style:1.0")},
     {QLatin1String("xmlns:text"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:text:1.0")},
@@ -42,6 +42,7 @@ constexpr std::array<std::array<QLatin1String, 2>, 12> namespaces = {{
     {QLatin1String("xmlns:draw"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:drawing:1.0")},
     {QLatin1String("xmlns:fo"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0")},
     {QLatin1String("xmlns:svg"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0")},
+    {QLatin1String("xmlns:presentation"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:presentation:1.0")},
     {QLatin1String("xmlns:number"), QLatin1String("urn:oasis:names:tc:opendocument:xmlns:datastyle:1.0")},
     {QLatin1String("xmlns:xlink"), QLatin1String("http://www.w3.org/1999/xlink")},
     {QLatin1String("xmlns:dc"), QLatin1String("http://purl.org/dc/elements/1.1/")},
@@ -143,6 +144,11 @@ std::vector<Element> fixedStyles(OdfKind kind, const QString &language)
         styles.push_back(namedStyle(
             "standard"_L1, "graphic"_L1, {},
             {{"style:graphic-properties"_L1, {{"draw:stroke"_L1, u"none"_s}, {"draw:fill"_L1, u"none"_s}}, {}}}));
+        for (const QLatin1String name : {"Default-title"_L1, "Default-outline1"_L1}) {
+            styles.push_back(namedStyle(
+                name, "presentation"_L1, {},
+                {{"style:graphic-properties"_L1, {{"draw:stroke"_L1, u"none"_s}, {"draw:fill"_L1, u"none"_s}}, {}}}));
+        }
         break;
     case OdfKind::Spreadsheet:
         styles = defaultStyles("table-cell"_L1, languageProperties);
@@ -219,6 +225,9 @@ void OdfFile::writeStyles(QXmlStreamWriter &xml) const
     {
         const XmlElement styles(xml, "office:styles"_L1);
         for (const Element &style : fixedStyles(m_kind, m_language)) {
+            writeElement(xml, style);
+        }
+        for (const Element &style : m_namedStyles) {
             writeElement(xml, style);
         }
     }

@@ -24,10 +24,11 @@ struct Thresholds
     int maxSpaces = 80;             ///< characters; between two words: a wrong width must not exhaust memory
     int maxIndent = 200;            ///< characters; before the first word of a line of code, likewise
     double minWideGap = 0.65;       ///< em; between words separated by several spaces, as after a heading's number
-    double minSpacing = -0.1;       ///< em; of letter spacing: closer letters touch
+    double maxSqueezing = 0.03;     ///< share of the width; by which letters come closer before the type shrinks
+    double minScale = 0.8;          ///< of font sizes; smaller text is too unlike the page
+    double scaleStep = 0.01;        ///< of font sizes, while text is fitted into its lines
     double maxSpacing = 0.15;       ///< em; of letter spacing: wider words read as separate letters
     double spacingStep = 0.0283465; ///< points; 0.01 mm, to which presentation programs round
-    double maxSqueezing = 0.04;     ///< em; by which letter spacing is reduced so that text needs no more lines
     std::size_t maxKeptLines = 6;   ///< lines; of a paragraph that is not aligned left and keeps its line ends
 };
 constexpr Thresholds thresholds;
@@ -141,32 +142,56 @@ void useCommonFonts(model::Document &document)
     }
 }
 
-double fittingSpacing(const model::Paragraph &paragraph, double width)
+TextFit fittingText(const model::Paragraph &paragraph, double width)
 {
     const std::optional<Widths> widths = widthsOf(paragraph);
-    if (!widths) {
-        return 0;
+    if (!widths || widths->natural <= 0) {
+        return {};
     }
     const double size = largestSize(paragraph);
-    const double exact = (widths->onPage - widths->natural) / widths->characters;
-    const double spacing = std::clamp(
-        std::floor(exact / thresholds.spacingStep) * thresholds.spacingStep, thresholds.minSpacing * size,
-        thresholds.maxSpacing * size);
-    if (keepsLines(paragraph)) {
-        return spacing;
-    }
-    const std::vector<UnbreakableText> texts = unbreakableTexts(paragraph, {widthOf, spaceWidth});
     const auto onPage = static_cast<int>(paragraph.lines.size());
-    LineStrip strip{
-        .width = width,
-        .firstIndent = std::max(0.0, paragraph.firstLineIndent),
-        .otherIndent = std::max(0.0, -paragraph.firstLineIndent),
-        .letterSpacing = spacing};
-    const double least = spacing - thresholds.maxSqueezing * size;
-    while (strip.letterSpacing > least && countLines(texts, strip) > onPage) {
-        strip.letterSpacing -= thresholds.spacingStep;
+    std::optional<TextFit> first; // what remains if the lines cannot be kept
+    TextFit fit;
+    fit.scale =
+        std::clamp(widths->onPage / ((1 - thresholds.maxSqueezing) * widths->natural), thresholds.minScale, 1.0);
+    for (;; fit.scale -= thresholds.scaleStep) {
+        const double natural = fit.scale * widths->natural;
+        const double exact = (widths->onPage - natural) / widths->characters;
+        const double least = -thresholds.maxSqueezing * natural / widths->characters;
+        fit.spacing = std::clamp(
+            std::floor(exact / thresholds.spacingStep) * thresholds.spacingStep, least, thresholds.maxSpacing * size);
+        if (keepsLines(paragraph)) {
+            return fit;
+        }
+        first = first.value_or(fit);
+        const TextMeasure measure{
+            [&](const model::Word &word) { return fit.scale * widthOf(word); },
+            [&](const model::Style &style) { return fit.scale * spaceWidth(style); }};
+        const std::vector<UnbreakableText> texts = unbreakableTexts(paragraph, measure);
+        LineStrip strip{
+            .width = width,
+            .firstIndent = std::max(0.0, paragraph.firstLineIndent),
+            .otherIndent = std::max(0.0, -paragraph.firstLineIndent),
+            .letterSpacing = fit.spacing};
+        while (strip.letterSpacing > least && countLines(texts, strip) > onPage) {
+            strip.letterSpacing -= thresholds.spacingStep;
+        }
+        if (countLines(texts, strip) <= onPage) {
+            fit.spacing = strip.letterSpacing;
+            return fit;
+        }
+        if (fit.scale - thresholds.scaleStep < thresholds.minScale) {
+            return *first;
+        }
     }
-    return strip.letterSpacing > least ? strip.letterSpacing : spacing;
+}
+
+std::vector<model::Run> scaledRuns(std::vector<model::Run> runs, double scale)
+{
+    for (model::Run &run : runs) {
+        run.style.size *= scale;
+    }
+    return runs;
 }
 
 bool hasKnownWidths(const model::Paragraph &paragraph)

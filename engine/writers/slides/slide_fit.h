@@ -12,9 +12,19 @@ namespace quorra::office {
 /// are known.
 void useCommonFonts(model::Document &document);
 
-/// Returns the letter spacing in points at which the words are as wide as on the page and, wrapped at this width, do
-/// not need more lines than there. 0 if the widths of the characters are not known.
-double fittingSpacing(const model::Paragraph &paragraph, double width);
+/// How text is made as wide as on the page.
+struct TextFit
+{
+    double scale = 1;   ///< of font sizes; below 1 where letters would have to come much closer together
+    double spacing = 0; ///< letter spacing in points, at that size
+};
+
+/// Returns the fit at which the words are as wide as on the page and, wrapped at this width, do not need more lines
+/// than there. No change if the widths of the characters are not known.
+TextFit fittingText(const model::Paragraph &paragraph, double width);
+
+/// Returns the runs with their font sizes scaled.
+std::vector<model::Run> scaledRuns(std::vector<model::Run> runs, double scale);
 
 /// Returns whether the widths of all words are known in their fonts.
 bool hasKnownWidths(const model::Paragraph &paragraph);

@@ -18,6 +18,24 @@ model::PageRotation toSlide(const SlideTurn &turn)
     return model::rotationToPage(turn.rotation, turn.width, turn.height);
 }
 
+/// Writes what makes an open frame a text box, or a placeholder of the slide's layout.
+void writeFrameKind(const Sink &sink, BoxKind kind, const Attributes &properties)
+{
+    if (kind == BoxKind::Text) {
+        sink.xml.writeAttribute("draw:style-name"_L1, sink.styles.graphic(properties, "standard"_L1));
+        return;
+    }
+    const bool title = kind == BoxKind::Title;
+    const QString style = sink.styles.name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"presentation"_s},
+          {"style:parent-style-name"_L1, title ? u"Default-title"_s : u"Default-outline1"_s}},
+         {{"style:graphic-properties"_L1, properties}}});
+    sink.xml.writeAttribute("presentation:style-name"_L1, style);
+    sink.xml.writeAttribute("presentation:class"_L1, title ? "title"_L1 : "outline"_L1);
+    sink.xml.writeAttribute("presentation:user-transformed"_L1, "true"_L1);
+}
+
 QString sideName(model::Alignment alignment)
 {
     switch (alignment) {
@@ -43,23 +61,24 @@ model::Rule onSlide(const model::Rule &rule, const SlideTurn &turn)
     return {box.left, box.top, box.right, box.bottom, rule.width, rule.colour};
 }
 
-TextFrame
-beginSlideFrame(const Sink &sink, const Box &box, const SlideTurn &turn, bool wraps, model::Alignment alignment)
+TextFrame beginSlideFrame(const Sink &sink, const FrameLook &look)
 {
-    const QString style = sink.styles.graphic(
-        {{"fo:padding"_L1, u"0pt"_s},
-         {"fo:border"_L1, u"none"_s},
-         {"draw:fill"_L1, u"none"_s},
-         {"draw:stroke"_L1, u"none"_s},
-         {"draw:auto-grow-height"_L1, u"false"_s},
-         {"draw:auto-grow-width"_L1, wraps ? u"false"_s : u"true"_s},
-         {"fo:wrap-option"_L1, wraps ? u"wrap"_s : u"no-wrap"_s},
-         {"draw:textarea-horizontal-align"_L1, wraps ? u"justify"_s : sideName(alignment)},
-         {"draw:textarea-vertical-align"_L1, u"top"_s}},
-        "standard"_L1);
+    const Attributes properties = {
+        {"fo:padding"_L1, u"0pt"_s},
+        {"fo:border"_L1, u"none"_s},
+        {"draw:fill"_L1, u"none"_s},
+        {"draw:stroke"_L1, u"none"_s},
+        {"draw:auto-grow-height"_L1, u"false"_s},
+        {"draw:auto-grow-width"_L1, look.wraps ? u"false"_s : u"true"_s},
+        {"draw:fit-to-size"_L1, u"false"_s},
+        {"fo:wrap-option"_L1, look.wraps ? u"wrap"_s : u"no-wrap"_s},
+        {"draw:textarea-horizontal-align"_L1, look.wraps ? u"justify"_s : sideName(look.alignment)},
+        {"draw:textarea-vertical-align"_L1, u"top"_s}};
     QXmlStreamWriter &xml = sink.xml;
+    const Box &box = look.box;
+    const SlideTurn &turn = look.turn;
     XmlElement frame(xml, "draw:frame"_L1);
-    xml.writeAttribute("draw:style-name"_L1, style);
+    writeFrameKind(sink, look.kind, properties);
     const auto [x, y] = toSlide(turn).point(box.left, box.top);
     if (turn.rotation == 0) {
         xml.writeAttribute("svg:x"_L1, pt(x));

@@ -3,6 +3,7 @@
 
 #include "document/document.h"
 #include "odf/odf_frames.h"
+#include "slide_boxes.h"
 
 namespace quorra::office {
 
@@ -19,9 +20,17 @@ struct SlideTurn
 Box onSlide(const Box &box, const SlideTurn &turn);
 model::Rule onSlide(const model::Rule &rule, const SlideTurn &turn);
 
-/// Begins a text frame at the box (upright coordinates); its paragraphs follow. A frame that does not wrap its text
-/// grows wider than the box if necessary, away from the side of the alignment.
-[[nodiscard]] TextFrame
-beginSlideFrame(const Sink &sink, const Box &box, const SlideTurn &turn, bool wraps, model::Alignment alignment);
+/// Where and how a text frame is on its slide.
+struct FrameLook
+{
+    BoxKind kind = BoxKind::Text; ///< a title and an outline are placeholders
+    Box box;                      ///< in upright coordinates
+    SlideTurn turn;
+    bool wraps = true; ///< text that does not wrap extends beyond the box if necessary, away from the alignment's side
+    model::Alignment alignment = model::Alignment::Left;
+};
+
+/// Begins a text frame; its paragraphs follow.
+[[nodiscard]] TextFrame beginSlideFrame(const Sink &sink, const FrameLook &look);
 
 } // namespace quorra::office

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "slide_grid.h"
 
+#include "document/rotation.h"
 #include "odf/exact_lines.h"
 #include "odf/odf_frames.h"
 #include "slide_frame.h"
@@ -73,7 +74,8 @@ void writeSlideGrid(const Sink &sink, const model::Page &page, const model::Tabl
     for (const model::Cell &cell : table.cells) {
         for (const model::Paragraph &paragraph : cell.paragraphs) {
             if (paragraph.rotation != 0) {
-                writeSlideText(sink, page, paragraph, false);
+                const model::Paragraph upright = model::uprightParagraph(paragraph, page.width, page.height);
+                writeSlideBox(sink, page, {BoxKind::Text, paragraph.rotation, {upright}});
                 continue;
             }
             std::vector<model::Line> &lines = columns[cell.column].lines;

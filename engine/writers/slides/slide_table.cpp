@@ -152,8 +152,9 @@ void writeCell(const Sink &sink, const model::Cell &cell)
     const double width = cell.box.width() - thresholds.sidePadding - paddingRight(cell);
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         const model::Paragraph placed = inCell(paragraph, cell);
-        writeSlideParagraph(
-            sink, placed, model::runsOf(placed), fittingSpacing(placed, width - placed.indentLeft), false);
+        const TextFit fit = fittingText(placed, width - placed.indentLeft);
+        SlideParagraph text{scaledRuns(model::runsOf(placed), fit.scale), fit.spacing, slideLeading(placed), false};
+        writeSlideParagraph(sink, placed, text);
     }
     if (cell.paragraphs.empty()) {
         // The paragraph mark of a cell without text takes the usual large size, and the row grows with it.

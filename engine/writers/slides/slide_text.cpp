@@ -9,10 +9,13 @@
 #include "odf/line_layout.h"
 #include "odf/placed_page.h"
 #include "slide_fit.h"
+#include "slide_title.h"
 
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <stack>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -97,33 +100,147 @@ Box roomOfFlow(const model::Page &page, const model::Paragraph &paragraph, const
     return room;
 }
 
-void writePiece(const Sink &sink, const model::Page &page, model::Paragraph piece, const SlideTurn &turn)
+/// Returns the paragraph of a box of its own with its runs as they are written: lines that do not wrap keep their ends.
+model::Paragraph alignedAlone(const model::Paragraph &paragraph)
 {
-    const bool lines = keepsLines(piece);
-    const std::vector<model::Run> runs = lines ? runsByLine(piece) : model::runsOf(piece);
-    if (lines) {
+    model::Paragraph piece = paragraph;
+    if (keepsLines(piece)) {
         if (piece.lines.size() < 2 && piece.alignment != model::Alignment::Centre) {
             piece.alignment = piece.rightToLeft ? model::Alignment::Right : model::Alignment::Left;
         } else if (piece.alignment == model::Alignment::Justify) {
             piece.alignment = model::Alignment::Left;
         }
     }
-    const Box room = lines ? roomOfLines(piece.box, piece.alignment) : roomOfFlow(page, piece, turn);
-    const double spacing = fittingSpacing(piece, room.width() - thresholds.rounding);
-    const auto count = static_cast<double>(std::max<std::size_t>(1, piece.lines.size()));
-    const double baseline = piece.lines.empty() ? piece.box.top + slideRise(piece) : piece.lines.front().baseline;
-    Box frame = room;
-    frame.top = baseline - slideRise(piece);
-    frame.bottom = frame.top + count * slideLeading(piece);
-    const TextFrame open = beginSlideFrame(sink, frame, turn, !lines, piece.alignment);
-    piece.indentLeft =
-        std::max(thresholds.minIndent, piece.box.left - room.left + std::max(0.0, -piece.firstLineIndent));
-    piece.indentRight = 0;
-    piece.spaceBefore = 0;
-    if (piece.lines.size() < 2) {
-        piece.firstLineIndent = std::min(0.0, piece.firstLineIndent);
+    return piece;
+}
+
+double baselineOf(const model::Paragraph &paragraph)
+{
+    return paragraph.lines.empty() ? paragraph.box.top + slideRise(paragraph) : paragraph.lines.front().baseline;
+}
+
+double heightOf(const model::Paragraph &paragraph, double leading)
+{
+    return static_cast<double>(std::max<std::size_t>(1, paragraph.lines.size())) * leading;
+}
+
+/// The frame of a box that several paragraphs share, without its height.
+Box roomOfBox(const model::Page &page, const SlideBox &box)
+{
+    Box room = box.paragraphs.front().box;
+    bool justified = false;
+    bool known = true;
+    for (const model::Paragraph &paragraph : box.paragraphs) {
+        room = united(room, paragraph.box);
+        justified |= paragraph.alignment == model::Alignment::Justify && paragraph.lines.size() > 1;
+        known &= hasKnownWidths(paragraph);
     }
-    writeSlideParagraph(sink, piece, runs, spacing, true);
+    if (known || box.rotation != 0) {
+        room.right += justified ? 0 : thresholds.flowSpare;
+        return room;
+    }
+    return justified ? room : roomyBox(page, room);
+}
+
+struct BoxLayout
+{
+    Box frame;
+    bool wraps = true;
+};
+
+BoxLayout layoutOf(const model::Page &page, const SlideBox &box, const SlideTurn &turn)
+{
+    const model::Paragraph &first = box.paragraphs.front();
+    const model::Paragraph &last = box.paragraphs.back();
+    BoxLayout layout;
+    if (box.paragraphs.size() > 1) {
+        layout.frame = roomOfBox(page, box);
+    } else {
+        layout.wraps = !keepsLines(first);
+        layout.frame =
+            layout.wraps ? roomOfFlow(page, first, turn) : roomOfLines(first.box, alignedAlone(first).alignment);
+    }
+    layout.frame.top = baselineOf(first) - slideRise(first);
+    layout.frame.bottom = baselineOf(last) - slideRise(last) + heightOf(last, slideLeading(last));
+    return layout;
+}
+
+/// Writes a paragraph of a box whose text so far ends at this y coordinate; returns where it ends with the paragraph.
+double writeBoxParagraph(
+    const Sink &sink, const model::Paragraph &paragraph, const std::optional<SlideList> &list, const Box &frame,
+    double above)
+{
+    model::Paragraph placed = alignedAlone(paragraph);
+    const bool centred = placed.alignment == model::Alignment::Centre;
+    SlideParagraph text{keepsLines(paragraph) ? runsByLine(paragraph) : model::runsOf(paragraph)};
+    const TextFit fit =
+        fittingText(paragraph, frame.right - (centred ? frame.left : placed.box.left) - thresholds.rounding);
+    text.runs = scaledRuns(std::move(text.runs), fit.scale);
+    text.spacing = fit.spacing;
+    text.list = list;
+    // Lines closer than usual get less height, so that those below stay in place.
+    const double size = largestSize(paragraph);
+    const double usual = slideLeading(paragraph);
+    const double missing = std::max(0.0, above - (baselineOf(paragraph) - slideRise(paragraph)));
+    text.leading = std::max(usual - missing, std::min(usual, lineHeights.min * size));
+    const double top = baselineOf(paragraph) - (text.leading - thresholds.descent * size);
+    const double hang = list ? list->hang : std::max(0.0, -paragraph.firstLineIndent);
+    placed.indentLeft = std::max(thresholds.minIndent, placed.box.left - frame.left + hang);
+    placed.indentRight = 0;
+    placed.spaceBefore = std::max(0.0, top - above);
+    if (list) {
+        placed.firstLineIndent = -list->hang;
+    } else if (placed.lines.size() < 2) {
+        placed.firstLineIndent = std::min(0.0, placed.firstLineIndent);
+    }
+    writeSlideParagraph(sink, placed, text);
+    return above + placed.spaceBefore + heightOf(paragraph, text.leading);
+}
+
+/// The elements of a list around a paragraph at this level; none for level 0. The outermost list has the style.
+class OpenLists
+{
+public:
+    OpenLists(const Sink &sink, const std::optional<SlideList> &list)
+    {
+        for (int level = 0; list && level < list->level; ++level) {
+            m_open.emplace(sink.xml, "text:list"_L1);
+            if (level == 0) {
+                sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(list->style));
+            }
+            m_open.emplace(sink.xml, "text:list-item"_L1);
+        }
+    }
+
+    ~OpenLists()
+    {
+        while (!m_open.empty()) {
+            m_open.pop();
+        }
+    }
+
+    Q_DISABLE_COPY_MOVE(OpenLists)
+
+private:
+    std::stack<XmlElement> m_open;
+};
+
+void writeTitle(const Sink &sink, const model::Page &page, const model::Paragraph &paragraph)
+{
+    model::Paragraph title = paragraph;
+    const TitleFrame room = titleFrame(title, page);
+    Box frame = room.box;
+    const TextFit fit = fittingText(title, frame.width() - thresholds.rounding);
+    SlideParagraph text{scaledRuns(model::runsOf(title), fit.scale), fit.spacing, slideLeading(title)};
+    frame.top = baselineOf(title) - slideRise(title);
+    frame.bottom = frame.top + heightOf(title, text.leading);
+    title.indentLeft =
+        std::max(thresholds.minIndent, title.alignment == model::Alignment::Left ? title.box.left - frame.left : 0);
+    title.indentRight = 0;
+    title.spaceBefore = 0;
+    const TextFrame open =
+        beginSlideFrame(sink, {BoxKind::Title, frame, {0, page.width, page.height}, room.wraps, title.alignment});
+    writeSlideParagraph(sink, title, text);
 }
 
 } // namespace
@@ -164,13 +281,11 @@ double slideRise(const model::Paragraph &paragraph)
     return slideLeading(paragraph) - thresholds.descent * largestSize(paragraph);
 }
 
-void writeSlideParagraph(
-    const Sink &sink, const model::Paragraph &paragraph, const std::vector<model::Run> &runs, double spacing,
-    bool withLinks)
+void writeSlideParagraph(const Sink &sink, const model::Paragraph &paragraph, const SlideParagraph &text)
 {
     model::Paragraph leaded = paragraph;
-    leaded.lineDistance = slideLeading(paragraph);
-    const model::Style textStyle = dominantStyle(runs);
+    leaded.lineDistance = text.leading;
+    const model::Style textStyle = dominantStyle(text.runs);
     sink.styles.noteFont(textStyle);
     Element style = paragraphStyle(leaded, {}, textStyle);
     if (paragraph.alignment == model::Alignment::Right) {
@@ -180,12 +295,13 @@ void writeSlideParagraph(
             }
         }
     }
-    if (spacing != 0) {
-        style.children.back().attributes.emplace_back("fo:letter-spacing"_L1, pt(spacing));
+    if (text.spacing != 0) {
+        style.children.back().attributes.emplace_back("fo:letter-spacing"_L1, pt(text.spacing));
     }
+    const OpenLists lists(sink, text.list);
     const XmlElement element(sink.xml, "text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
-    if (paragraph.listItem) {
+    if (paragraph.listItem && !text.list) {
         sink.xml.writeCharacters(xmlText(paragraph.listItem->mark));
         if (paragraph.firstLineIndent < 0) {
             sink.xml.writeEmptyElement("text:tab"_L1);
@@ -193,8 +309,8 @@ void writeSlideParagraph(
             writeText(sink.xml, spacesAfterMark(paragraph));
         }
     }
-    for (const model::Run &run : runs) {
-        const QString target = withLinks && isPlain(run.text) ? slideTarget(run.link) : QString();
+    for (const model::Run &run : text.runs) {
+        const QString target = text.withLinks && isPlain(run.text) ? slideTarget(run.link) : QString();
         if (target.isEmpty() || run.text.trimmed().isEmpty()) {
             writeRuns(sink, {run}, textStyle, false);
         } else {
@@ -211,12 +327,20 @@ void writeEmptySlideParagraph(const Sink &sink, const model::Paragraph &paragrap
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(emptyParagraphStyle(leaded, {})));
 }
 
-void writeSlideText(const Sink &sink, const model::Page &page, const model::Paragraph &paragraph, bool labels)
+void writeSlideBox(const Sink &sink, const model::Page &page, const SlideBox &box)
 {
-    const SlideTurn turn{paragraph.rotation, page.width, page.height};
-    for (model::Paragraph &piece :
-         paragraphPieces(model::uprightParagraph(paragraph, page.width, page.height), labels)) {
-        writePiece(sink, page, std::move(piece), turn);
+    if (box.kind == BoxKind::Title) {
+        writeTitle(sink, page, box.paragraphs.front());
+        return;
+    }
+    const SlideTurn turn{box.rotation, page.width, page.height};
+    const BoxLayout layout = layoutOf(page, box, turn);
+    const model::Alignment alignment = alignedAlone(box.paragraphs.front()).alignment;
+    const TextFrame frame = beginSlideFrame(sink, {box.kind, layout.frame, turn, layout.wraps, alignment});
+    const std::vector<std::optional<SlideList>> lists = slideLists(box.paragraphs);
+    double above = layout.frame.top;
+    for (std::size_t i = 0; i < box.paragraphs.size(); ++i) {
+        above = writeBoxParagraph(sink, box.paragraphs[i], lists[i], layout.frame, above);
     }
 }
 

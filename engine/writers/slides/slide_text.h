@@ -5,8 +5,12 @@
 #include "odf/odf_paragraphs.h"
 #include "odf/odf_runs.h"
 #include "slide_frame.h"
+#include "slide_lists.h"
 
 #include <QString>
+
+#include <optional>
+#include <vector>
 
 namespace quorra::office {
 
@@ -22,17 +26,23 @@ void dropDeadLinks(model::Document &document);
 double slideLeading(const model::Paragraph &paragraph);
 double slideRise(const model::Paragraph &paragraph);
 
-/// Writes the paragraph with these runs as its text into an open frame or cell, to whose edges its indents refer.
-/// `spacing` is the letter spacing in points.
-void writeSlideParagraph(
-    const Sink &sink, const model::Paragraph &paragraph, const std::vector<model::Run> &runs, double spacing,
-    bool withLinks);
+/// How a paragraph is written on a slide. Lengths in points.
+struct SlideParagraph
+{
+    std::vector<model::Run> runs; ///< its text
+    double spacing = 0;           ///< letter spacing
+    double leading = 0;           ///< distance of its lines
+    bool withLinks = true;
+    std::optional<SlideList> list = {}; ///< whose mark it has; otherwise a mark is text
+};
+
+/// Writes the paragraph into an open frame or cell, to whose edges its indents refer.
+void writeSlideParagraph(const Sink &sink, const model::Paragraph &paragraph, const SlideParagraph &text);
 
 /// Writes a paragraph without text, of almost no height.
 void writeEmptySlideParagraph(const Sink &sink, const model::Paragraph &paragraph);
 
-/// Writes the paragraph into a text box of its own at its position and with its rotation. With `labels`, each group of
-/// words gets a text box.
-void writeSlideText(const Sink &sink, const model::Page &page, const model::Paragraph &paragraph, bool labels);
+/// Writes the text box at the position and with the rotation of its text.
+void writeSlideBox(const Sink &sink, const model::Page &page, const SlideBox &box);
 
 } // namespace quorra::office

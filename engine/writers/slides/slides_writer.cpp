@@ -5,8 +5,10 @@
 #include "document/page_walk.h"
 #include "odf/odf_frames.h"
 #include "odf/placed_page.h"
+#include "slide_boxes.h"
 #include "slide_fit.h"
 #include "slide_grid.h"
+#include "slide_master.h"
 #include "slide_table.h"
 #include "slide_text.h"
 
@@ -19,13 +21,12 @@ namespace quorra::office {
 
 namespace {
 
-void writeSlide(const Sink &sink, const model::Page &page, model::PictureSource &pictures)
+void writeSlide(
+    const Sink &sink, const model::Page &page, const std::vector<SlideBox> &boxes, model::PictureSource &pictures)
 {
     writeBackground(sink, page, pictures, FrameAnchor::Slide);
-    for (const TextBlock &block : textBlocks(page, false)) {
-        for (const model::Paragraph *paragraph : block.paragraphs) {
-            writeSlideText(sink, page, *paragraph, block.labels);
-        }
+    for (const SlideBox &box : boxes) {
+        writeSlideBox(sink, page, box);
     }
     forEachBlock(page, [&](const model::Block &block) {
         const model::Table *table = block.table();
@@ -33,6 +34,10 @@ void writeSlide(const Sink &sink, const model::Page &page, model::PictureSource 
             writeSlideTable(sink, *table);
         } else if (table) {
             writeSlideGrid(sink, page, *table);
+        } else if (const model::Figure *figure = block.figure()) {
+            for (const SlideBox &box : labelBoxes(page, *figure)) {
+                writeSlideBox(sink, page, box);
+            }
         }
     });
 }
@@ -64,22 +69,16 @@ void writeSlides(OdfFile &file, const model::Document &document, model::PictureS
 {
     const Sink sink{file.body(), file.styles()};
     const model::Page size = document.pages.empty() ? model::Page{} : document.pages.front();
-    const QString layout = file.styles().name(
-        {"style:page-layout"_L1,
-         {},
-         {{"style:page-layout-properties"_L1,
-           {{"fo:page-width"_L1, pt(size.width)},
-            {"fo:page-height"_L1, pt(size.height)},
-            {"fo:margin"_L1, u"0pt"_s},
-            {"style:print-orientation"_L1, size.width > size.height ? u"landscape"_s : u"portrait"_s}}}}});
-    file.masters().writeEmptyElement("style:master-page"_L1);
-    file.masters().writeAttribute("style:name"_L1, "Default"_L1);
-    file.masters().writeAttribute("style:page-layout-name"_L1, layout);
+    const QString master = writeMaster(file, size);
     for (const model::Page &page : document.pages) {
+        const std::vector<SlideBox> boxes = slideBoxes(page, document.facts);
         const XmlElement slide(sink.xml, "draw:page"_L1);
         sink.xml.writeAttribute("draw:name"_L1, u"Page %1"_s.arg(page.number));
-        sink.xml.writeAttribute("draw:master-page-name"_L1, "Default"_L1);
-        writeSlide(sink, page, pictures);
+        sink.xml.writeAttribute("draw:master-page-name"_L1, master);
+        if (const QString layout = layoutName(boxes); !layout.isEmpty()) {
+            sink.xml.writeAttribute("presentation:presentation-page-layout-name"_L1, layout);
+        }
+        writeSlide(sink, page, boxes, pictures);
     }
 }
 

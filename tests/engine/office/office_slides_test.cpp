@@ -31,6 +31,7 @@ private Q_SLOTS:
     void spacesAreLimited();
     void unknownFontsGiveWayToMeasuredOnes();
     void spacingFollowsThePage();
+    void tightTextBecomesSmaller();
     void tightTablesAreDrawn();
     void emptyCellsStayLow();
     void cellTextKeepsItsBlankSides();
@@ -135,10 +136,10 @@ void OfficeSlidesTest::wideGapsPartALine()
 
 void OfficeSlidesTest::marksKeepTheirDistance()
 {
-    model::Paragraph paragraph = fixture::paragraph(QStringLiteral("10. Financing"), {72, 100, 200, 112});
-    paragraph.listItem = model::ListItem{QStringLiteral("10."), false, 0};
+    model::Paragraph paragraph = fixture::paragraph(QStringLiteral("[10] Financing"), {72, 100, 200, 112});
+    paragraph.listItem = model::ListItem{QStringLiteral("[10]"), false, 0};
     paragraph.lines[0].words[1].box.left = paragraph.lines[0].words[0].box.right + 15;
-    QCOMPARE(fixture::paragraphs(slides(documentOf({paragraph}))), QStringList{QStringLiteral("10.      Financing")});
+    QCOMPARE(fixture::paragraphs(slides(documentOf({paragraph}))), QStringList{QStringLiteral("[10]      Financing")});
 }
 
 void OfficeSlidesTest::rotatedTextRotatesItsFrame()
@@ -231,14 +232,28 @@ void OfficeSlidesTest::spacingFollowsThePage()
 {
     const model::Paragraph wide = twoLines(5.2);
     const model::Paragraph narrow = twoLines(4);
-    QVERIFY(fittingSpacing(wide, 300) > fittingSpacing(narrow, 300) + 1);
+    QVERIFY(fittingText(wide, 300).spacing > fittingText(narrow, 300).spacing + 0.5);
     // Where the lines would break once more, letters come closer together.
-    const double free = fittingSpacing(wide, 110);
-    const double pressed = fittingSpacing(wide, 101);
-    QVERIFY2(pressed < free, qPrintable(QStringLiteral("%1 %2").arg(pressed).arg(free)));
+    const TextFit free = fittingText(wide, 110);
+    const TextFit pressed = fittingText(wide, 101);
+    QCOMPARE(pressed.scale, 1.0);
+    QVERIFY2(pressed.spacing < free.spacing, qPrintable(QString::number(pressed.spacing)));
     model::Paragraph foreign = wide;
     foreign.lines[0].words[0].text = QStringLiteral("\u65e5");
-    QCOMPARE(fittingSpacing(foreign, 100), 0.0);
+    QCOMPARE(fittingText(foreign, 100).spacing, 0.0);
+}
+
+void OfficeSlidesTest::tightTextBecomesSmaller()
+{
+    // Letters come closer together by 3 % at most; what is missing beyond that makes the type smaller.
+    const TextFit natural = fittingText(twoLines(4.6), 300);
+    QCOMPARE(natural.scale, 1.0);
+    const TextFit tight = fittingText(twoLines(4), 300);
+    QVERIFY2(tight.scale < 0.99 && tight.scale > 0.8, qPrintable(QString::number(tight.scale)));
+    QVERIFY2(tight.spacing > -0.15, qPrintable(QString::number(tight.spacing)));
+    const QString text = slides(documentOf({twoLines(4)}));
+    QVERIFY(!text.contains(QLatin1String("fo:font-size=\"10.0pt\"")));
+    QCOMPARE(scaledRuns(model::runsOf(twoLines(4)), 0.5)[0].style.size, 5.0);
 }
 
 void OfficeSlidesTest::tightTablesAreDrawn()

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QXmlStreamWriter>
 
+#include <utility>
 #include <vector>
 
 namespace quorra::office {
@@ -32,6 +33,9 @@ public:
 
     StyleTable &styles() { return m_styles; }
 
+    /// Adds a style with a name of its own, to which master pages and other parts refer.
+    void define(Element style) { m_namedStyles.push_back(std::move(style)); }
+
     /// Sets the metadata of the file (title, author, subject, keywords) and the language of its text to those of the
     /// document.
     void describe(const model::Document &document);
@@ -51,6 +55,7 @@ private:
     QXmlStreamWriter m_body;
     QXmlStreamWriter m_masters;
     StyleTable m_styles;
+    std::vector<Element> m_namedStyles;
     std::vector<Element> m_metadata;
     QString m_language; ///< a language tag; empty if it is not known
 };
