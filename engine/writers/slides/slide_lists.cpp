@@ -3,6 +3,7 @@
 
 #include "base/colour.h"
 #include "document/list_number.h"
+#include "document/list_plan.h"
 #include "document/text.h"
 #include "odf/odf_paragraphs.h"
 
@@ -134,7 +135,7 @@ std::vector<std::optional<SlideList>> slideLists(const std::vector<model::Paragr
                       {"text:start-value"_L1, QString::number(last[level].start)}}},
                     markLook(paragraph, false)),
                 *hang};
-        } else if (isBullet(paragraph)) {
+        } else if (model::isBullet(item)) {
             last[level] = {};
             lists.back() = SlideList{
                 static_cast<int>(level) + 1,
