@@ -4,6 +4,8 @@
 #include "document/faint_text.h"
 #include "document/page_transform.h"
 #include "libreoffice/libreoffice.h"
+#include "ooxml/cell_margins.h"
+#include "ooxml/package_parts.h"
 #include "page_size.h"
 #include "pdf/region_renderer.h"
 #include "picture_rules.h"
@@ -33,6 +35,14 @@ std::chrono::milliseconds helperTime(const Job &job)
     return allowed.helper + std::max(std::chrono::milliseconds{0}, allowed.run - limits::processorTimeTaken());
 }
 
+/// Adds to exported slides what LibreOffice leaves out.
+void correctSlides(const std::string &path)
+{
+    changeParts(path, [](const QString &name, const QByteArray &content) {
+        return name.startsWith(u"ppt/slides/slide") ? withCellMargins(content) : std::nullopt;
+    });
+}
+
 /// Reads and analyses the pages, has write(file, document, pictures) create a flat ODF file, and exports it.
 template <typename Writer>
 void convertThroughOffice(
@@ -57,8 +67,12 @@ void convertThroughOffice(
         write(file, document, pictures);
         file.finish();
     }
-    output.writeFile(
-        exportFile(folder, program, source, outputExtension(job.options.outputPath), job.pageCount(), helperTime(job)));
+    const std::string made =
+        exportFile(folder, program, source, outputExtension(job.options.outputPath), job.pageCount(), helperTime(job));
+    if (outputExtension(job.options.outputPath) == ".pptx") {
+        correctSlides(made);
+    }
+    output.writeFile(made);
     output.commit();
 }
 

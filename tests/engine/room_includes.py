@@ -28,10 +28,12 @@ VISIBLE = {
     "writers/word": ["base", "document", "writers/odf"],
     "writers/slides": ["base", "document", "writers/odf"],
     "writers/sheets": ["base", "document", "writers/odf"],
+    "writers/ooxml": ["base"],
     "libreoffice": ["base", "platform"],
     "cli": ["base", "platform", "document", "image"],
     "convert": ["base", "platform", "document", "image", "pdf", "analysis", "writers/text", "writers/html",
-                "writers/xml", "writers/odf", "writers/word", "writers/slides", "writers/sheets", "libreoffice", "cli"],
+                "writers/xml", "writers/odf", "writers/word", "writers/slides", "writers/sheets", "writers/ooxml",
+                "libreoffice", "cli"],
 }
 
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "slide_table.h"
 
-#include "document/page_walk.h"
 #include "odf/cell_places.h"
 #include "odf/line_layout.h"
 #include "odf/odf_frames.h"
@@ -19,10 +18,9 @@ namespace {
 
 struct Thresholds
 {
-    std::size_t maxCells = 200; ///< cells; larger tables take presentation programs too long
-    double rowPadding = 7.2;    ///< points; that presentation programs add above and below the text of a cell together
-    double sidePadding = 0.3;   ///< points; 0 is replaced by the default padding
-    double clearance = 2;       ///< points; between the table and what follows
+    std::size_t maxCells = 1000; ///< cells; larger tables take presentation programs too long
+    double padding = 0.3;        ///< points; on each side of a cell's text: 0 is replaced by the default padding
+    double minScale = 0.6;       ///< of font sizes, so that text fits its row; smaller text cannot be read
 };
 constexpr Thresholds thresholds;
 
@@ -33,59 +31,6 @@ std::size_t lineCount(const model::Cell &cell)
         lines += std::max<std::size_t>(1, paragraph.lines.size());
     }
     return lines;
-}
-
-double sizeOf(const model::Cell &cell)
-{
-    double size = 0;
-    for (const model::Paragraph &paragraph : cell.paragraphs) {
-        size = std::max(size, largestSize(paragraph));
-    }
-    return size;
-}
-
-double leastHeight(const model::Cell &cell)
-{
-    return thresholds.rowPadding + static_cast<double>(lineCount(cell)) * lineHeights.min * sizeOf(cell);
-}
-
-/// Returns by how much the table is higher than on the page.
-double growth(const model::Table &table)
-{
-    double sum = 0;
-    for (int row = 0; row < table.rows(); ++row) {
-        double least = 0;
-        for (const model::Cell &cell : table.cells) {
-            if (cell.row == row && cell.rowSpan == 1) {
-                least = std::max(least, leastHeight(cell));
-            }
-        }
-        const auto at = table.rowEdges.begin() + row;
-        sum += std::max(0.0, least - (at[1] - at[0]));
-    }
-    return sum;
-}
-
-double spaceBelow(const model::Page &page, const Box &box)
-{
-    double next = page.height;
-    const auto limitBy = [&](const Box &other) {
-        if (other.top >= box.bottom - thresholds.clearance && other.left < box.right && other.right > box.left) {
-            next = std::min(next, other.top);
-        }
-    };
-    forEachBlock(page, [&](const model::Block &block) { limitBy(block.box()); });
-    for (const auto *edge : {&page.header, &page.footer}) {
-        for (const model::Paragraph &paragraph : *edge) {
-            limitBy(paragraph.box);
-        }
-    }
-    for (const model::Rule &rule : page.rules) {
-        if (rule.y1 > box.bottom + thresholds.clearance && rule.x1 < box.right && rule.x2 > box.left) {
-            next = std::min(next, rule.y1);
-        }
-    }
-    return next - box.bottom - thresholds.clearance;
 }
 
 bool isTurned(const model::Table &table)
@@ -104,7 +49,7 @@ double paddingRight(const model::Cell &cell)
         const bool right = paragraph.alignment == model::Alignment::Right;
         padding = std::min(padding, right ? cell.box.right - paragraph.box.right : 0);
     }
-    return cell.paragraphs.empty() ? thresholds.sidePadding : std::max(thresholds.sidePadding, padding);
+    return cell.paragraphs.empty() ? thresholds.padding : std::max(thresholds.padding, padding);
 }
 
 QString cellStyle(const Sink &sink, const model::Cell &cell)
@@ -115,10 +60,10 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
          {{"style:graphic-properties"_L1,
            {{"draw:fill"_L1, cell.background ? u"solid"_s : u"none"_s},
             {"draw:fill-color"_L1, colourName(cell.background.value_or(white))},
-            {"fo:padding-left"_L1, pt(thresholds.sidePadding)},
+            {"fo:padding-left"_L1, pt(thresholds.padding)},
             {"fo:padding-right"_L1, pt(paddingRight(cell))},
-            {"fo:padding-top"_L1, u"0pt"_s},
-            {"fo:padding-bottom"_L1, u"0pt"_s},
+            {"fo:padding-top"_L1, pt(thresholds.padding)},
+            {"fo:padding-bottom"_L1, pt(thresholds.padding)},
             {"draw:textarea-vertical-align"_L1, cell.paragraphs.empty() ? u"middle"_s : verticalAlignment(cell)}}},
           {"style:paragraph-properties"_L1,
            {{"fo:border-left"_L1, borderText(cell.left)},
@@ -127,20 +72,52 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
             {"fo:border-bottom"_L1, borderText(cell.bottom)}}}}});
 }
 
-/// Returns the paragraph with its indents in the cell and with lines that fit the row.
+/// Returns the paragraph with its indents in the cell.
 model::Paragraph inCell(const model::Paragraph &paragraph, const model::Cell &cell)
 {
     model::Paragraph placed = paragraph;
-    const double left = std::max(0.0, paragraph.box.left - cell.box.left - thresholds.sidePadding);
+    const double left = std::max(0.0, paragraph.box.left - cell.box.left - thresholds.padding);
     placed.indentLeft = paragraph.alignment == model::Alignment::Left ? left : 0;
     placed.indentRight = 0;
     placed.firstLineIndent = 0;
-    const double size = largestSize(paragraph);
-    const double room = (cell.box.height() - thresholds.rowPadding) / static_cast<double>(lineCount(cell));
-    placed.lineDistance =
-        std::clamp(slideLeading(paragraph), lineHeights.min * size, std::max(room, lineHeights.min * size));
     placed.spaceBefore = std::max(0.0, paragraph.spaceBefore);
     return placed;
+}
+
+/// Returns the height that the cell has for each line of its text, without the space between paragraphs.
+double roomForLine(const model::Cell &cell, double spaces)
+{
+    return (cell.box.height() - 2 * thresholds.padding - spaces) / static_cast<double>(lineCount(cell));
+}
+
+/// Returns the space between the paragraphs of the cell; none if their lines need it.
+double spacesOf(const model::Cell &cell)
+{
+    double spaces = 0;
+    double size = 0;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        spaces += std::max(0.0, paragraph.spaceBefore);
+        size = std::max(size, largestSize(paragraph));
+    }
+    return roomForLine(cell, spaces) < lineHeights.min * size ? 0 : spaces;
+}
+
+/// Writes a paragraph of a cell with lines, and if need be type, that fit the height of its row.
+void writeCellParagraph(const Sink &sink, model::Paragraph placed, const model::Cell &cell, double width)
+{
+    const double size = largestSize(placed);
+    const double spaces = spacesOf(cell);
+    const double room = roomForLine(cell, spaces);
+    placed.spaceBefore = spaces > 0 ? placed.spaceBefore : 0;
+    const TextFit fit = fittingText(placed, width - placed.indentLeft);
+    const double scale =
+        std::min(fit.scale, std::max(thresholds.minScale, size > 0 ? room / (lineHeights.min * size) : 1.0));
+    const double least = scale * lineHeights.min * size;
+    SlideParagraph text{scaledRuns(model::runsOf(placed), scale)};
+    text.spacing = fit.spacing;
+    text.leading = std::clamp(slideLeading(placed), least, std::max(room, least));
+    text.withLinks = false;
+    writeSlideParagraph(sink, placed, text);
 }
 
 void writeCell(const Sink &sink, const model::Cell &cell)
@@ -149,12 +126,9 @@ void writeCell(const Sink &sink, const model::Cell &cell)
     const XmlElement element(xml, "table:table-cell"_L1);
     xml.writeAttribute("table:style-name"_L1, cellStyle(sink, cell));
     writeSpans(xml, cell);
-    const double width = cell.box.width() - thresholds.sidePadding - paddingRight(cell);
+    const double width = cell.box.width() - thresholds.padding - paddingRight(cell);
     for (const model::Paragraph &paragraph : cell.paragraphs) {
-        const model::Paragraph placed = inCell(paragraph, cell);
-        const TextFit fit = fittingText(placed, width - placed.indentLeft);
-        SlideParagraph text{scaledRuns(model::runsOf(placed), fit.scale), fit.spacing, slideLeading(placed), false};
-        writeSlideParagraph(sink, placed, text);
+        writeCellParagraph(sink, inCell(paragraph, cell), cell, width);
     }
     if (cell.paragraphs.empty()) {
         // The paragraph mark of a cell without text takes the usual large size, and the row grows with it.
@@ -166,10 +140,9 @@ void writeCell(const Sink &sink, const model::Cell &cell)
 
 } // namespace
 
-bool fitsAsTable(const model::Page &page, const model::Table &table)
+bool canBeTable(const model::Table &table)
 {
-    return table.rows() > 0 && table.columns() > 0 && table.cells.size() <= thresholds.maxCells && !isTurned(table) &&
-           growth(table) <= std::max(0.0, spaceBelow(page, table.box));
+    return table.rows() > 0 && table.columns() > 0 && table.cells.size() <= thresholds.maxCells && !isTurned(table);
 }
 
 void writeSlideTable(const Sink &sink, const model::Table &table)

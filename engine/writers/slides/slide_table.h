@@ -6,11 +6,11 @@
 
 namespace quorra::office {
 
-/// Returns whether the table can be written as a table: it is upright, not too large for presentation programs, and
-/// there is room below it for the height that its rows gain. Other tables are drawn, see slide_grid.h.
-bool fitsAsTable(const model::Page &page, const model::Table &table);
+/// Returns whether the table can be written as a table: it is upright and not too large for presentation programs.
+/// Other tables are drawn, see slide_grid.h.
+bool canBeTable(const model::Table &table);
 
-/// Writes the table into a frame at its position.
+/// Writes the table into a frame at its position. Text that is higher than its row becomes smaller.
 void writeSlideTable(const Sink &sink, const model::Table &table);
 
 } // namespace quorra::office

@@ -283,11 +283,11 @@ double slideRise(const model::Paragraph &paragraph)
 
 void writeSlideParagraph(const Sink &sink, const model::Paragraph &paragraph, const SlideParagraph &text)
 {
-    model::Paragraph leaded = paragraph;
-    leaded.lineDistance = text.leading;
     const model::Style textStyle = dominantStyle(text.runs);
     sink.styles.noteFont(textStyle);
-    Element style = paragraphStyle(leaded, {}, textStyle);
+    ParagraphPlace place;
+    place.lineHeight = text.leading;
+    Element style = paragraphStyle(paragraph, place, textStyle);
     if (paragraph.alignment == model::Alignment::Right) {
         for (auto &[name, value] : style.children.front().attributes) {
             if (name == "fo:text-align"_L1) {

@@ -30,7 +30,7 @@ void writeSlide(
     }
     forEachBlock(page, [&](const model::Block &block) {
         const model::Table *table = block.table();
-        if (table && fitsAsTable(page, *table)) {
+        if (table && canBeTable(*table)) {
             writeSlideTable(sink, *table);
         } else if (table) {
             writeSlideGrid(sink, page, *table);

@@ -32,7 +32,8 @@ private Q_SLOTS:
     void unknownFontsGiveWayToMeasuredOnes();
     void spacingFollowsThePage();
     void tightTextBecomesSmaller();
-    void tightTablesAreDrawn();
+    void tightTablesHaveSmallerText();
+    void turnedTablesAreDrawn();
     void emptyCellsStayLow();
     void cellTextKeepsItsBlankSides();
 };
@@ -256,20 +257,35 @@ void OfficeSlidesTest::tightTextBecomesSmaller()
     QCOMPARE(scaledRuns(model::runsOf(twoLines(4)), 0.5)[0].style.size, 5.0);
 }
 
-void OfficeSlidesTest::tightTablesAreDrawn()
+void OfficeSlidesTest::tightTablesHaveSmallerText()
 {
     model::Page page = fixture::page();
     model::Table table = fixture::table(2, {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), {}});
     page.sections[0].blocks = {{table, 0}};
-    QVERIFY(fitsAsTable(page, table));
-    // Rows of 10 points must grow; below there is room for that.
-    model::Table tight = table;
-    tight.rowEdges = {100, 110, 120};
-    tight.box.bottom = 120;
-    page.sections[0].blocks = {{tight, 0}};
-    QVERIFY(fitsAsTable(page, tight));
-    page.sections[0].blocks.push_back(fixture::block(lineAt(QStringLiteral("close"), {72, 124, 97, 134})));
-    QVERIFY(!fitsAsTable(page, tight));
+    const QString roomy = slides(fixture::document({page}));
+    QVERIFY(roomy.contains(QLatin1String("<table:table")));
+    QVERIFY(roomy.contains(QLatin1String("fo:font-size=\"10.0pt\"")));
+    QVERIFY(roomy.contains(QLatin1String("fo:padding-top=\"0.30pt\"")));
+    // Rows of 8.2 points leave 7.6 points for a line, the height of type of 8 points.
+    table.rowEdges = {100, 108.2, 116.4};
+    for (model::Cell &cell : table.cells) {
+        cell.box.bottom = cell.box.top + 8.2;
+    }
+    page.sections[0].blocks = {{table, 0}};
+    const QString tight = slides(fixture::document({page}));
+    QVERIFY(tight.contains(QLatin1String("<table:table")));
+    QVERIFY(tight.contains(QLatin1String("fo:font-size=\"8.0pt\"")));
+    QVERIFY(tight.contains(QLatin1String("fo:line-height=\"7.60pt\"")));
+    QVERIFY(!tight.contains(QLatin1String("fo:font-size=\"10.0pt\"")));
+}
+
+void OfficeSlidesTest::turnedTablesAreDrawn()
+{
+    model::Page page = fixture::page();
+    model::Table table = fixture::table(2, {QStringLiteral("a"), QStringLiteral("b")});
+    table.cells[1].paragraphs[0].rotation = 90;
+    QVERIFY(!canBeTable(table));
+    page.sections[0].blocks = {{table, 0}};
     const QString text = slides(fixture::document({page}));
     QVERIFY(!text.contains(QLatin1String("<table:table")));
     QVERIFY(text.contains(QLatin1String("<draw:line")));

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ooxml/cell_margins.h"
+#include "ooxml/package_parts.h"
+
+#include "base/failure.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <zip.h>
+
+using namespace quorra;
+using namespace quorra::office;
+
+/// Corrections to exported packages.
+class OfficePackageTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cellsGetTheMarginsOfTheirText();
+    void otherSlidesStay();
+    void partsAreReplaced();
+    void otherFilesStay();
+    void damagedPackagesAreReported();
+};
+
+namespace {
+
+void makePackage(const QString &path)
+{
+    zip_t *archive = zip_open(QFile::encodeName(path).constData(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+    QVERIFY(archive);
+    for (const char *name : {"one.xml", "picture.png", "two.xml"}) {
+        zip_source_t *source = zip_source_buffer(archive, name, qstrlen(name), 0);
+        const zip_int64_t index = zip_file_add(archive, name, source, 0);
+        QVERIFY(index >= 0);
+        zip_file_set_mtime(archive, static_cast<zip_uint64_t>(index), 1000000000, 0);
+    }
+    QCOMPARE(zip_close(archive), 0);
+}
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList partsOf(const QString &path)
+{
+    QStringList parts;
+    changeParts(path.toStdString(), [&](const QString &name, const QByteArray &content) {
+        parts += name + u'=' + QString::fromUtf8(content);
+        return std::nullopt;
+    });
+    return parts;
+}
+
+} // namespace
+
+void OfficePackageTest::cellsGetTheMarginsOfTheirText()
+{
+    const QByteArray cell = "<a:tc><a:txBody><a:bodyPr lIns=\"1\" tIns=\"3960\" bIns=\"40\"/></a:txBody>";
+    const QByteArray slide = "<s xmlns:a=\"u\">\xc3\xa9<a:bodyPr tIns=\"7\" bIns=\"8\"/>" + cell +
+                             "<a:tcPr marL=\"1\"><x/></a:tcPr></a:tc><a:tc><a:tcPr/></a:tc>" + cell +
+                             "<a:tcPr/></a:tc>" + cell + "<a:tcPr marT=\"5\"/></a:tc></s>";
+    QByteArray wanted = slide;
+    wanted.replace("<a:tcPr marL=\"1\">", "<a:tcPr marT=\"3960\" marB=\"40\" marL=\"1\">");
+    const qsizetype last = wanted.lastIndexOf("<a:tcPr/>");
+    wanted.replace(last, 9, "<a:tcPr marT=\"3960\" marB=\"40\"/>");
+    QCOMPARE(withCellMargins(slide).value_or(QByteArray()), wanted);
+    QVERIFY(!withCellMargins(wanted)); // there is nothing left to add
+}
+
+void OfficePackageTest::otherSlidesStay()
+{
+    QVERIFY(!withCellMargins("<s><bodyPr tIns=\"1\" bIns=\"1\"/></s>"));
+    QVERIFY(!withCellMargins("<s><tc><bodyPr tIns=\"1\" bIns=\"1\"/><tcPr/>")); // not well-formed
+}
+
+void OfficePackageTest::partsAreReplaced()
+{
+    const QTemporaryDir folder;
+    QByteArray made;
+    for (const char *file : {"first.pptx", "second.pptx"}) {
+        const QString path = folder.filePath(QString::fromUtf8(file));
+        makePackage(path);
+        changeParts(path.toStdString(), [](const QString &name, const QByteArray &content) {
+            return name == QLatin1String("two.xml") ? std::optional(content + "!") : std::nullopt;
+        });
+        const QStringList parts = {QStringLiteral("one.xml=one.xml"), QStringLiteral("two.xml=two.xml!")};
+        QCOMPARE(partsOf(path), parts);
+        QVERIFY(made.isEmpty() || made == bytesOf(path)); // whenever it is made
+        made = bytesOf(path);
+        QVERIFY(made.indexOf("picture.png") < made.indexOf("two.xml"));
+    }
+}
+
+void OfficePackageTest::otherFilesStay()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("text.pptx"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("no archive");
+    file.close();
+    QVERIFY(partsOf(path).isEmpty());
+    QCOMPARE(bytesOf(path), QByteArray("no archive"));
+}
+
+void OfficePackageTest::damagedPackagesAreReported()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("damaged.pptx"));
+    makePackage(path);
+    QByteArray bytes = bytesOf(path);
+    const qsizetype content = bytes.indexOf("one.xml") + 7;
+    bytes.replace(content, 4, "xxxx"); // the checksum is another one
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    file.close();
+    QVERIFY_THROWS_EXCEPTION(Failure, partsOf(path));
+}
+
+QTEST_APPLESS_MAIN(OfficePackageTest)
+#include "office_package_test.moc"
