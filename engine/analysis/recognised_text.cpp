@@ -14,11 +14,6 @@ namespace {
 
 using recognisedText::thresholds;
 
-double areaOf(const Box &box)
-{
-    return box.width() * box.height();
-}
-
 bool isOn(const RawWord &word, const Box &image)
 {
     return image.contains(word.box.centreX(), word.box.centreY());
@@ -67,10 +62,10 @@ std::vector<Box> scansOf(const RawPage &page)
         const Box &image = picture.box;
         double text = 0;
         for (const RawWord &word : page.words) {
-            text += word.hidden && isOn(word, image) ? areaOf(word.box) : 0;
+            text += word.hidden && isOn(word, image) ? word.box.area() : 0;
         }
-        if (text > 0 && (areaOf(image) >= thresholds.minScanArea * page.width * page.height ||
-                         text >= thresholds.minTextArea * areaOf(image))) {
+        if (text > 0 && (image.area() >= thresholds.minScanArea * page.width * page.height ||
+                         text >= thresholds.minTextArea * image.area())) {
             scans.push_back(image);
         }
     }
@@ -81,8 +76,7 @@ std::vector<Box> scansOf(const RawPage &page)
 bool isPictureOnScan(const RawPicture &piece, const RawPage &page)
 {
     const bool onLarger = std::any_of(page.pictures.begin(), page.pictures.end(), [&](const RawPicture &other) {
-        return areaOf(other.box) > 2 * areaOf(piece.box) &&
-               other.box.contains(piece.box.centreX(), piece.box.centreY());
+        return other.box.area() > 2 * piece.box.area() && other.box.contains(piece.box.centreX(), piece.box.centreY());
     });
     return onLarger && std::none_of(page.words.begin(), page.words.end(), [&](const RawWord &word) {
                return word.hidden && isOn(word, piece.box);

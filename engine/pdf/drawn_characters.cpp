@@ -50,7 +50,7 @@ Colour colourOf(const GfxState *state, bool stroked)
 bool isUnder(const Box &body, const Box &cover)
 {
     const Box both = intersected(cover, body);
-    return both.width() * both.height() >= thresholds.minCovered * body.width() * body.height();
+    return both.area() >= thresholds.minCovered * body.area();
 }
 
 } // namespace

@@ -59,7 +59,8 @@ Image imageOf(PDFDoc &doc, const model::ImageSource &source)
     if (known && !space.isNull()) {
         const PDFRectangle page(0, 0, 1, 1);
         GfxState state(1, 1, &page, 0, false);
-        image.space.reset(GfxColorSpace::parse(nullptr, &space, nullptr, &state));
+        // A raw pointer or, in newer versions of the library, a std::unique_ptr.
+        image.space = std::unique_ptr<GfxColorSpace>(GfxColorSpace::parse(nullptr, &space, nullptr, &state));
     }
     return image;
 }

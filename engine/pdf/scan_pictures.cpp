@@ -144,9 +144,9 @@ std::vector<Box> findScanPictures(const Raster &page, const std::vector<Box> &wo
             double text = 0;
             for (const Box &word : words) {
                 const Box both = intersected(word, box);
-                text += both.width() * both.height();
+                text += both.area();
             }
-            if (text <= thresholds.maxTextArea * box.width() * box.height()) {
+            if (text <= thresholds.maxTextArea * box.area()) {
                 pictures.push_back(box);
             }
         }

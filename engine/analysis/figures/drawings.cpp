@@ -123,11 +123,6 @@ bool isTaken(const Box &box, const std::vector<Box> &taken)
         taken.begin(), taken.end(), [&box](const Box &t) { return t.contains(box.centreX(), box.centreY()); });
 }
 
-double area(const Box &box)
-{
-    return box.width() * box.height();
-}
-
 std::ptrdiff_t wordsIn(const RawPage &page, const Box &region)
 {
     return std::count_if(page.words.begin(), page.words.end(), [&region](const RawWord &word) {
@@ -164,15 +159,15 @@ bool isFramedText(const RawPage &page, const Box &region, const std::vector<Regi
 {
     double drawn = 0;
     for (const Region &stroke : strokes) {
-        drawn += area(intersected(stroke.box, region));
+        drawn += intersected(stroke.box, region).area();
     }
-    return wordsIn(page, region) > thresholds.maxWords && drawn < thresholds.minDrawn * area(region);
+    return wordsIn(page, region) > thresholds.maxWords && drawn < thresholds.minDrawn * region.area();
 }
 
 // Whether the box is nearly the whole page and has text on it, or belongs to a table.
 bool isBackground(const RawPage &page, const Box &box, const std::vector<Box> &taken)
 {
-    const bool large = area(box) > thresholds.maxArea * page.width * page.height;
+    const bool large = box.area() > thresholds.maxArea * page.width * page.height;
     return (large && !page.words.empty()) || isTaken(box, taken);
 }
 

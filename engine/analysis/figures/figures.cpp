@@ -69,11 +69,6 @@ bool isOrnament(const WordRefs &words)
     return words.size() > thresholds.maxLabels && areProseLines(words);
 }
 
-double areaOf(const Box &box)
-{
-    return box.width() * box.height();
-}
-
 // Unites drawings that overlap with the labels that belong to them: a chart whose parts do not touch one another.
 void uniteOverlapping(std::vector<Box> &drawings, const WordRefs &words)
 {
@@ -86,8 +81,8 @@ void uniteOverlapping(std::vector<Box> &drawings, const WordRefs &words)
             continue;
         }
         for (std::size_t i = 0; i < separate.size();) {
-            const double shared = areaOf(intersected(drawing, separate[i]));
-            if (shared > thresholds.maxShared * std::min(areaOf(drawing), areaOf(separate[i]))) {
+            const double shared = intersected(drawing, separate[i]).area();
+            if (shared > thresholds.maxShared * std::min(drawing.area(), separate[i].area())) {
                 drawing = united(drawing, separate[i]);
                 separate.erase(separate.begin() + static_cast<std::ptrdiff_t>(i));
                 i = 0;
@@ -269,7 +264,7 @@ findFigures(const RawPage &raw, const std::vector<Box> &tables, const KnownFigur
         if (inDrawing) {
             continue;
         }
-        const bool behind = image.width() * image.height() > thresholds.maxImageArea * raw.width * raw.height ||
+        const bool behind = image.area() > thresholds.maxImageArea * raw.width * raw.height ||
                             (!inTable && wordsIn(image, loose).size() > thresholds.maxWordsOnImage);
         (behind ? figures.backgrounds : figures.placed).push_back({image, FigureKind::Image, {}, picture.stream});
     }

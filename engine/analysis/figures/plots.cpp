@@ -46,7 +46,7 @@ bool isPlot(const Table &grid, const std::vector<Ink> &ink)
             drawn = united(drawn, inside);
         }
     }
-    return drawn.width() * drawn.height() >= thresholds.minDrawn * grid.box.width() * grid.box.height();
+    return drawn.area() >= thresholds.minDrawn * grid.box.area();
 }
 
 } // namespace quorra::model

@@ -16,6 +16,7 @@ struct Box
 
     double width() const { return right - left; }
     double height() const { return bottom - top; }
+    double area() const { return width() * height(); }
     double centreX() const { return (left + right) / 2; }
     double centreY() const { return (top + bottom) / 2; }
     bool isEmpty() const { return right <= left || bottom <= top; }
