@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "analysis/analysis.h"
 
+#include "columns/column_gaps.h"
 #include "document/page_walk.h"
 #include "document/rotation.h"
 #include "figures/drawn_signs.h"
@@ -19,6 +20,7 @@
 #include "text_lines/leader_words.h"
 #include "text_lines/underlines.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace quorra::model {
@@ -45,6 +47,34 @@ void takeStyles(Page &page, StyleTable &styles)
             }
         }
     });
+}
+
+struct Thresholds
+{
+    int minPages = 2; ///< other pages with a gap, from which on it is known for all pages
+};
+constexpr Thresholds thresholds;
+
+// The pages with strips that continue column gaps of several other pages: their few lines are columns, too. Makes these
+// gaps known to them.
+std::vector<std::size_t> pagesWithKnownGaps(std::vector<PageGaps> &gaps)
+{
+    std::vector<std::size_t> pages;
+    for (std::size_t i = 0; i < gaps.size(); ++i) {
+        for (const ColumnGap &possible : gaps[i].possible) {
+            const auto isHere = [&possible](const ColumnGap &gap) { return continues(gap, possible); };
+            const auto hasGap = [&isHere](const PageGaps &page) {
+                return std::any_of(page.found.begin(), page.found.end(), isHere);
+            };
+            if (std::count_if(gaps.begin(), gaps.end(), hasGap) >= thresholds.minPages) {
+                gaps[i].known.push_back(possible);
+            }
+        }
+        if (!gaps[i].known.empty()) {
+            pages.push_back(i);
+        }
+    }
+    return pages;
 }
 
 } // namespace
@@ -77,11 +107,21 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach, cons
         addArtifacts(pages[i], heads[i]);
     }
     std::vector<StyleTable> styles(pages.size());
+    std::vector<PageGaps> gaps(pages.size());
     forEach(static_cast<int>(pages.size()), [&](int page) {
         const auto i = static_cast<std::size_t>(page);
-        document.pages[i] = buildPage(pages[i], heads[i], tagged.tables, styles[i]);
-        pages[i] = {};
+        document.pages[i] = buildPage(pages[i], heads[i], tagged.tables, styles[i], gaps[i]);
+        if (gaps[i].possible.empty()) {
+            pages[i] = {};
+        }
     });
+    const std::vector<std::size_t> again = pagesWithKnownGaps(gaps);
+    forEach(static_cast<int>(again.size()), [&](int page) {
+        const std::size_t i = again[static_cast<std::size_t>(page)];
+        styles[i] = {};
+        document.pages[i] = buildPage(pages[i], heads[i], tagged.tables, styles[i], gaps[i]);
+    });
+    pages.clear();
     for (Page &page : document.pages) {
         takeStyles(page, document.styles);
     }

@@ -33,7 +33,7 @@ bool isScan(const RawPage &raw)
 {
     double area = 0;
     for (const RawPicture &picture : raw.pictures) {
-        area += picture.box.width() * picture.box.height();
+        area += picture.box.area();
     }
     return raw.words.empty() && area > thresholds.minScanArea * raw.width * raw.height;
 }
@@ -245,9 +245,9 @@ void addOpenTables(
 }
 
 // The bands of the page. Columns that the tags contradict are none: the text is then read in the order of the tags.
-std::vector<Band> bandsOf(RegionItems items)
+std::vector<Band> bandsOf(RegionItems items, PageGaps &gaps)
 {
-    std::vector<Band> bands = segmentPage(items);
+    std::vector<Band> bands = segmentPage(items, gaps);
     if (tearLines(bands)) {
         Band::Column column;
         for (const Band &band : bands) {
@@ -263,7 +263,7 @@ std::vector<Band> bandsOf(RegionItems items)
 
 Page builtPage(
     const RawPage &raw, const std::set<const RawWord *> &heads, const std::vector<TaggedTable> &tagged,
-    StyleTable &styles)
+    StyleTable &styles, PageGaps &gaps)
 {
     Page page;
     page.width = raw.width;
@@ -318,7 +318,7 @@ Page builtPage(
         page.sections.push_back({{figure.box}, figureBlocks(figure, styles)});
     }
     const ColumnBuilder builder(raw, dividers, std::move(tables), figures, styles);
-    for (Section &section : sectionsOf(bandsOf(std::move(items)), builder)) {
+    for (Section &section : sectionsOf(bandsOf(std::move(items), gaps), builder)) {
         page.sections.push_back(std::move(section));
     }
     addRotatedText(page, raw, heads, used, styles);
@@ -330,9 +330,9 @@ Page builtPage(
 
 Page buildPage(
     const RawPage &raw, const std::set<const RawWord *> &heads, const std::vector<TaggedTable> &tagged,
-    StyleTable &styles)
+    StyleTable &styles, PageGaps &gaps)
 {
-    Page page = isScan(raw) ? scannedPage(raw, styles) : builtPage(raw, heads, tagged, styles);
+    Page page = isScan(raw) ? scannedPage(raw, styles) : builtPage(raw, heads, tagged, styles, gaps);
     page.recognised = raw.recognised;
     page.number = raw.number;
     page.label = raw.label;

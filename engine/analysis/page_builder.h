@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "columns/page_segmentation.h"
 #include "document/document.h"
 #include "tags/tagged_text.h"
 #include "text_lines/text_lines.h"
@@ -24,9 +25,10 @@ inline constexpr Thresholds thresholds;
 } // namespace pageBuilder
 
 /// Builds one page with upright text (see rotatedUpright). `heads` are the words of its header and footer; all of them
-/// are in Page::header afterwards. `tagged` are the tables that the words' tags refer to.
+/// are in Page::header afterwards. `tagged` are the tables that the words' tags refer to. Adds the gaps between
+/// its columns to `gaps`.
 Page buildPage(
     const RawPage &raw, const std::set<const RawWord *> &heads, const std::vector<TaggedTable> &tagged,
-    StyleTable &styles);
+    StyleTable &styles, PageGaps &gaps);
 
 } // namespace quorra::model

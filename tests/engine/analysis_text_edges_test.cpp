@@ -193,7 +193,8 @@ Words columns(int lines, bool justified, double indentOfOdd = 0)
 
 bool haveColumns(Words words)
 {
-    return findColumnGap({refs(words), {}}).has_value();
+    std::vector<ColumnGap> possible;
+    return findColumnGap({refs(words), {}}, {}, possible).has_value();
 }
 
 // Two columns of that many lines of large type, with a gap between them.
@@ -206,7 +207,8 @@ bool isColumnGap(double gap)
         words.push_back(word(QStringLiteral("sixteen-letter-words"), 0, 320, y, size));
         words.push_back(word(QStringLiteral("sixteen-letter-words"), 320 + gap * size, 320, y, size));
     }
-    return findColumnGap({refs(words), {}}).has_value();
+    std::vector<ColumnGap> possible;
+    return findColumnGap({refs(words), {}}, {}, possible).has_value();
 }
 
 // Lines of one word, the first one over the whole width.

@@ -218,14 +218,24 @@ public:
     }
 
     // Whether most lines begin where others do: at the edge of the column, or at an indent.
-    bool isAligned() const { return agree(m_rightToLeft); }
+    bool isAligned() const { return agree(m_rightToLeft, thresholds.minAligned); }
+
+    // The same for a side of a gap that is known, where few lines need not be aligned.
+    bool isAlignedToKnown() const
+    {
+        return m_lines.size() < thresholds.minHeight || agree(m_rightToLeft, thresholds.minAlignedOfKnown);
+    }
 
     // Whether most lines also end where others do, and one begins in the middle of a sentence: few lines are enough.
-    bool isJustified() const { return agree(true) && agree(false) && goesOn(m_lines, m_rightToLeft, 1); }
+    bool isJustified() const
+    {
+        return agree(true, thresholds.minAligned) && agree(false, thresholds.minAligned) &&
+               goesOn(m_lines, m_rightToLeft, 1);
+    }
 
 private:
-    // Whether most of the right or left edges of the lines agree with those of other lines.
-    bool agree(bool rightEdges) const
+    // Whether that share of the right or left edges of the lines agrees with those of other lines.
+    bool agree(bool rightEdges, double share) const
     {
         std::vector<double> edges;
         edges.reserve(m_lines.size());
@@ -240,7 +250,7 @@ private:
             const auto to = std::upper_bound(edges.begin(), edges.end(), edge + textLines::thresholds.sameEdge);
             agreeing += static_cast<std::size_t>(to - from) > others ? 1 : 0;
         }
-        return static_cast<double>(agreeing) >= thresholds.minAligned * static_cast<double>(edges.size());
+        return static_cast<double>(agreeing) >= share * static_cast<double>(edges.size());
     }
 
     WordRefs m_words;
@@ -264,7 +274,14 @@ double sharedBaselines(const Lines &a, const Lines &b)
     return static_cast<double>(shared) / std::max(1.0, static_cast<double>(fewer.size()));
 }
 
-bool dividesColumns(const RegionItems &items, const ColumnGap &gap, bool isKnown)
+/// What tells that a strip is a gap between columns.
+enum class Evidence {
+    None,
+    IfKnown, ///< enough if the gap is known from elsewhere
+    Enough
+};
+
+Evidence evidenceFor(const RegionItems &items, const ColumnGap &gap)
 {
     Side left;
     Side right;
@@ -284,20 +301,22 @@ bool dividesColumns(const RegionItems &items, const ColumnGap &gap, bool isKnown
     right.finish();
     if ((right.hasObstacle() && left.isText() && left.isAligned()) ||
         (left.hasObstacle() && right.isText() && right.isAligned())) {
-        return true;
+        return Evidence::Enough;
     }
     const std::size_t fewer = std::min(left.lines().size(), right.lines().size());
     const std::size_t more = std::max(left.lines().size(), right.lines().size());
-    const bool isHigh = more >= (isKnown ? thresholds.minLines : thresholds.minHeight) ||
+    if (fewer < thresholds.minLines) {
+        return Evidence::None;
+    }
+    const bool isText = left.hasText() && right.hasText();
+    const bool isHigh = more >= thresholds.minHeight ||
                         (fewer >= thresholds.minJustifiedHeight && left.isJustified() && right.isJustified());
-    if (fewer < thresholds.minLines || !isHigh || !left.isAligned() || !right.isAligned()) {
-        return false;
+    if (isHigh && left.isAligned() && right.isAligned() &&
+        (isText || ((left.isText() || right.isText()) && fewer >= thresholds.minHeight &&
+                    sharedBaselines(left.lines(), right.lines()) <= thresholds.maxShared))) {
+        return Evidence::Enough;
     }
-    if (left.hasText() && right.hasText()) {
-        return true;
-    }
-    return (left.isText() || right.isText()) && fewer >= thresholds.minHeight &&
-           sharedBaselines(left.lines(), right.lines()) <= thresholds.maxShared;
+    return isText && left.isAlignedToKnown() && right.isAlignedToKnown() ? Evidence::IfKnown : Evidence::None;
 }
 
 // The candidates without those that overlap a better one: one for each white strip, the best one first.
@@ -330,7 +349,13 @@ bool areProseLines(const WordRefs &words)
     return areProse(lines, 0, lines.size());
 }
 
-std::optional<ColumnGap> findColumnGap(const RegionItems &items, const std::vector<ColumnGap> &known)
+bool continues(const ColumnGap &gap, const ColumnGap &other)
+{
+    return gap.left < other.right && gap.right > other.left;
+}
+
+std::optional<ColumnGap>
+findColumnGap(const RegionItems &items, const std::vector<ColumnGap> &known, std::vector<ColumnGap> &possible)
 {
     if (items.words.size() < thresholds.minWords) {
         return std::nullopt;
@@ -354,11 +379,14 @@ std::optional<ColumnGap> findColumnGap(const RegionItems &items, const std::vect
         const ColumnGap gap{
             coverage.x(candidate.bin), coverage.x(candidate.bin + width),
             coverage.y(candidate.from) - thresholds.margin, coverage.y(candidate.to + 1) + thresholds.margin};
-        const bool isKnown = std::any_of(known.begin(), known.end(), [&gap](const ColumnGap &other) {
-            return gap.left < other.right && gap.right > other.left;
-        });
-        if (dividesColumns(items, gap, isKnown)) {
+        const Evidence evidence = evidenceFor(items, gap);
+        const bool isKnown =
+            std::any_of(known.begin(), known.end(), [&gap](const ColumnGap &other) { return continues(gap, other); });
+        if (evidence == Evidence::Enough || (evidence == Evidence::IfKnown && isKnown)) {
             return gap;
+        }
+        if (evidence == Evidence::IfKnown) {
+            possible.push_back(gap);
         }
     }
     return std::nullopt;

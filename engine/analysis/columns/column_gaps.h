@@ -28,7 +28,8 @@ struct Thresholds
     std::size_t minHeight = 5; ///< lines beside a gap on its taller side; the gaps of fewer lines can agree by chance
     std::size_t minJustifiedHeight = 3; ///< the same where the lines of both sides end below one another, too
     std::size_t minLines = 2;           ///< on its other side, and on both sides of the continuation of a known gap
-    double minAligned = 0.6;   ///< share of the lines of a side that begin below other ones; else it is a river
+    double minAligned = 0.6;        ///< share of the lines of a side that begin below other ones; else it is a river
+    double minAlignedOfKnown = 0.4; ///< the same for a gap that is known from above, below or other pages
     double maxShared = 0.5;    ///< share of the shorter side's lines with a line of the other side on their baseline;
                                ///< more are rows of a table when only one side is running text
     double sameBaseline = 0.1; ///< em; the baselines of a table's row differ by less
@@ -46,20 +47,16 @@ inline constexpr Thresholds thresholds;
 
 } // namespace columnGaps
 
-/// An empty vertical strip between two columns of text.
-struct ColumnGap
-{
-    double left = 0;
-    double right = 0;
-    double top = 0;
-    double bottom = 0;
-};
-
 /// The tallest empty strip that divides columns. It has lines that begin below one another on both sides; both sides
 /// are running text, or one is and the other is text whose lines do not match, or one is and beside it are obstacles.
-/// A strip beside fewer than five lines (three justified ones) is no gap, unless it continues one of the `known` gaps
-/// above or below. Nothing for text in one column: a missed gap does less harm than a wrong one.
-std::optional<ColumnGap> findColumnGap(const RegionItems &items, const std::vector<ColumnGap> &known = {});
+/// A strip beside fewer than five lines (three justified ones) is no gap, unless it continues one of the `known` gaps;
+/// strips that would be gaps if they were known are added to `possible`. Nothing for text in one column: a missed gap
+/// does less harm than a wrong one.
+std::optional<ColumnGap>
+findColumnGap(const RegionItems &items, const std::vector<ColumnGap> &known, std::vector<ColumnGap> &possible);
+
+/// Whether the gaps stand below one another, on the same page or on different ones.
+bool continues(const ColumnGap &gap, const ColumnGap &other);
 
 /// Whether the words form lines of prose: at least two lines, most of them long, with few numbers.
 bool areProseLines(const WordRefs &words);

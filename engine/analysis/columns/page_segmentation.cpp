@@ -93,13 +93,13 @@ bool isRightToLeft(const Parts &parts)
            model::isRightToLeft(joinedText(left) + joinedText(right));
 }
 
-std::vector<Band> split(RegionItems items, int depth, const std::vector<ColumnGap> &known);
+std::vector<Band> split(RegionItems items, int depth, const std::vector<ColumnGap> &known, PageGaps &page);
 
 // The columns on one side of a gap: several if a gap over the whole height divides it again, else one.
-std::vector<Band::Column> columnsOf(RegionItems side, int depth, const std::vector<ColumnGap> &known)
+std::vector<Band::Column> columnsOf(RegionItems side, int depth, const std::vector<ColumnGap> &known, PageGaps &page)
 {
     const Box box = boxOf(side);
-    std::vector<Band> bands = split(std::move(side), depth, known);
+    std::vector<Band> bands = split(std::move(side), depth, known, page);
     if (bands.size() == 1) {
         return std::move(bands.front().columns);
     }
@@ -114,13 +114,14 @@ std::vector<Band::Column> columnsOf(RegionItems side, int depth, const std::vect
 }
 
 // Gaps that were found in the region around this one are `known`.
-std::vector<Band> split(RegionItems items, int depth, const std::vector<ColumnGap> &known)
+std::vector<Band> split(RegionItems items, int depth, const std::vector<ColumnGap> &known, PageGaps &page)
 {
     std::vector<Band> bands;
     if (isEmpty(items)) {
         return bands;
     }
-    const std::optional<ColumnGap> gap = depth < thresholds.maxDepth ? findColumnGap(items, known) : std::nullopt;
+    const std::optional<ColumnGap> gap =
+        depth < thresholds.maxDepth ? findColumnGap(items, known, page.possible) : std::nullopt;
     if (!gap) {
         const Box box = boxOf(items);
         bands.push_back({{{box, {std::move(items)}}}});
@@ -128,24 +129,26 @@ std::vector<Band> split(RegionItems items, int depth, const std::vector<ColumnGa
     }
     std::vector<ColumnGap> gaps = known;
     gaps.push_back(*gap);
+    page.found.push_back(*gap);
     Parts parts = splitAt(items, *gap);
     const bool rightToLeft = isRightToLeft(parts);
-    append(bands, split(std::move(parts.above), depth + 1, gaps));
+    append(bands, split(std::move(parts.above), depth + 1, gaps, page));
     Band band;
     for (RegionItems *side : {rightToLeft ? &parts.right : &parts.left, rightToLeft ? &parts.left : &parts.right}) {
-        std::vector<Band::Column> columns = columnsOf(std::move(*side), depth + 1, gaps);
+        std::vector<Band::Column> columns = columnsOf(std::move(*side), depth + 1, gaps, page);
         std::move(columns.begin(), columns.end(), std::back_inserter(band.columns));
     }
     bands.push_back(std::move(band));
-    append(bands, split(std::move(parts.below), depth + 1, gaps));
+    append(bands, split(std::move(parts.below), depth + 1, gaps, page));
     return bands;
 }
 
 } // namespace
 
-std::vector<Band> segmentPage(RegionItems items)
+std::vector<Band> segmentPage(RegionItems items, PageGaps &gaps)
 {
-    return split(std::move(items), 0, {});
+    const std::vector<ColumnGap> known = gaps.known;
+    return split(std::move(items), 0, known, gaps);
 }
 
 } // namespace quorra::model

@@ -37,10 +37,27 @@ struct Band
     std::vector<Column> columns; ///< in reading order: from right to left for text that runs that way
 };
 
+/// An empty vertical strip between two columns of text.
+struct ColumnGap
+{
+    double left = 0;
+    double right = 0;
+    double top = 0;
+    double bottom = 0;
+};
+
+/// The column gaps of a page.
+struct PageGaps
+{
+    std::vector<ColumnGap> known;    ///< of other pages: fewer lines beside a gap suffice where one of these continues
+    std::vector<ColumnGap> found;    ///< on the page
+    std::vector<ColumnGap> possible; ///< that would have been found if they had been known
+};
+
 /// Page segmentation: divides a page into bands of columns, from top to bottom in reading order, by recursive search
 /// for column gaps (see findColumnGap). The strips between the columns of a table and the rivers of loosely set lines
 /// are no column gaps. A column that is itself divided into bands keeps their order as parts. Nothing on the page gives
-/// no bands.
-std::vector<Band> segmentPage(RegionItems items);
+/// no bands. Adds what it finds to `gaps`.
+std::vector<Band> segmentPage(RegionItems items, PageGaps &gaps);
 
 } // namespace quorra::model

@@ -54,6 +54,19 @@ def short_columns(sheet):
 
 
 @document
+def columns_of_two_lines(sheet):
+    """Three pages of two columns; on the last one stand two lines of each under a figure, which alone would not tell."""
+    wide = (FULL - 16) / 2
+    for texts in (TOWN, GARDEN + CLOCK[:1]):
+        for n, half in enumerate((texts[:3], texts[3:])):
+            sheet.paragraphs(LEFT + n * (wide + 16), 80, wide, half, align="justify", first=12, after=0)
+        sheet.next_page()
+    sheet.image(LEFT, 80, FULL, 200)
+    sheet.prose(LEFT, 300, wide, CLOCK[1][:CLOCK[1].index("The weight") + 29], first=12)
+    sheet.prose(LEFT + wide + 16, 300, wide, "drawn by hand, since the crank is too heavy for one man to turn it alone.")
+
+
+@document
 def columns_with_narrow_gap(sheet):
     """The gap is hardly wider than three blanks; the columns must not be read across."""
     wide = (FULL - 11) / 2
