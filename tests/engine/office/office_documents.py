@@ -48,7 +48,8 @@ class Documents:
 
     def wanted(self, path):
         password = core_support.PASSWORDS.get(path.name)
-        return readers.seen_words(str(path), words, *(["-upw", password] if password else []))
+        seen, _ = readers.seen_words(str(path), words, *(["-upw", password] if password else []))
+        return seen
 
     def check_words(self, path, extension, text, least):
         wanted = self.wanted(path)

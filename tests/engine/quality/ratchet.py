@@ -120,7 +120,7 @@ def measure_document(work):
     """{(figure, kind): value} of one PDF file."""
     document, figures = work.document, {}
     text = readers.pdf_text(str(document.path), *document.options)
-    wanted = readers.seen_words(str(document.path), text_match.words, *document.options)
+    wanted, _ = readers.seen_words(str(document.path), text_match.words, *document.options)
     pages = readers.pdf_pages(str(document.path), *document.options)
     for extension in work.paths if len(wanted) >= FEWEST_WORDS else ():
         found = attempt(outputs.words_of, work.readable[extension], wanted, pages) if extension in work.readable else None

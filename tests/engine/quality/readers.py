@@ -14,6 +14,7 @@ import zipfile
 
 W = "{http://schemas.openxmlformats.org/wordprocessingml/2006/main}"
 A = "{http://schemas.openxmlformats.org/drawingml/2006/main}"
+FEWEST_EXCHANGED = 10  # characters
 COVERED = 0.8  # share of the width of a word that lies on another one
 FALLBACK = "{http://schemas.openxmlformats.org/markup-compatibility/2006}Fallback"
 
@@ -27,8 +28,17 @@ def tokens(text):
     return re.findall(r"\w+", unicodedata.normalize("NFKC", text.replace("\u00ad", "")))
 
 
+def _upright(text):
+    """The text with the bytes of its characters in order. pdftotext believes maps to Unicode that exchange the two bytes of
+    every character; then no lower byte but zero occurs."""
+    strange = [c for c in text if ord(c) > 0xff]
+    if len(strange) < FEWEST_EXCHANGED or any(ord(c) & 0xff or ord(c) > 0xffff for c in strange):
+        return text
+    return "".join(chr(ord(c) >> 8) if ord(c) > 0xff else c for c in text)
+
+
 def pdf_text(path, *options):
-    return run("pdftotext", *options, path, "-").decode("utf-8", "replace")
+    return _upright(run("pdftotext", *options, path, "-").decode("utf-8", "replace"))
 
 
 def _letters(text):
@@ -55,16 +65,17 @@ def _overprinted(path, *options):
 
 
 def seen_words(path, split, *options):
-    """The words of a PDF file as split() divides its text. pdftotext repeats parts of words that are drawn twice to be
-    bold ("120 120.0 0"); nobody sees them, and they do not count."""
+    """The words of a PDF file as split() divides its text, and how many more words pdftotext gives: it repeats parts of
+    words that are drawn twice to be bold ("120 120.0 0"), which nobody sees."""
     repeated = collections.Counter(word for text in _overprinted(path, *options) for word in split(text))
-    words = []
+    words, more = [], 0
     for word in split(pdf_text(path, *options)):
         if repeated[word] > 0:
             repeated[word] -= 1
+            more += 1
         else:
             words.append(word)
-    return words
+    return words, more
 
 
 def pdf_pages(path, *options):
