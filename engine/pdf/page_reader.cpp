@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/page_reader.h"
 
+#include "character_texts.h"
 #include "drawn_characters.h"
 #include "marked_content.h"
 #include "page_links.h"
@@ -47,6 +48,8 @@ struct Thresholds
     double maxSlant = 0.002;     ///< of the direction of an image's rows: less is upright, but for inaccuracies
     double sameEdge = 1;         ///< points; the ends of marks that are no farther apart are one
     std::size_t maxBelow = 2000; ///< earlier marks of a kind among which those below a new one are looked for
+    double signAscent = 0.75;    ///< em above the baseline that an unknown character takes up
+    double signDescent = 0.2;    ///< em below the baseline likewise
     double minScanArea = 0.3;    ///< share of the page; smaller images are no scans that could contain pictures
     double scanResolution = 36;  ///< dots per inch; enough to distinguish pictures from paper
 };
@@ -246,6 +249,12 @@ public:
             m_page.watermark = true;
             return;
         }
+        const CharacterTexts::Text text = m_texts.textOf(*state->getFont(), code, u, uLen);
+        if (text.length == 0 && m_withPictures) {
+            addSign(state, x - originX, y - originY, dx, dy);
+        }
+        u = text.unicode;
+        uLen = text.length;
         if (!m_characters.add(state, x - originX, y - originY, nBytes, u, uLen)) {
             return;
         }
@@ -552,6 +561,33 @@ private:
         }
     }
 
+    /// Adds a character that is a drawing, because nobody can tell what it stands for.
+    void addSign(const GfxState *state, double x, double y, double dx, double dy)
+    {
+        constexpr int unpainted = 3;
+        Point origin;
+        Point advance;
+        state->transform(x, y, &origin.x, &origin.y);
+        state->transformDelta(dx, dy, &advance.x, &advance.y);
+        const double length = std::hypot(advance.x, advance.y);
+        if (m_paint.back().hidden || (state->getRender() & unpainted) == unpainted || length == 0) {
+            return;
+        }
+        const double size = state->getTransformedFontSize();
+        const auto at = [&](double along, double up) { // upwards is to the left of the direction of the text
+            return Point{
+                origin.x + along * advance.x + up * size * advance.y / length,
+                origin.y + along * advance.y - up * size * advance.x / length};
+        };
+        const Point first = at(0, -thresholds.signDescent);
+        const Point last = at(1, thresholds.signAscent);
+        addInk(
+            state,
+            {std::min(first.x, last.x), std::min(first.y, last.y), std::max(first.x, last.x),
+             std::max(first.y, last.y)},
+            false, black);
+    }
+
     void addInk(const GfxState *state, const Box &box, bool frame, Colour colour)
     {
         const Box seen = intersected(box, clipBox(state));
@@ -670,6 +706,7 @@ private:
     bool m_withPictures;
     MarkedContent m_contents;
     DrawnCharacters m_characters;
+    CharacterTexts m_texts;
     int m_maskedImages = 0; ///< images that are drawn with a mask
     std::map<int, Box> m_painted;
     std::array<std::size_t, 3> m_seen{}; ///< how many pictures, fills and pieces of ink have been taken
@@ -681,7 +718,7 @@ bool hasScan(const model::RawPage &page)
 {
     return std::any_of(page.words.begin(), page.words.end(), [](const model::RawWord &word) { return word.hidden; }) &&
            std::any_of(page.pictures.begin(), page.pictures.end(), [&page](const model::RawPicture &picture) {
-               return picture.box.width() * picture.box.height() >= thresholds.minScanArea * page.width * page.height;
+               return picture.box.area() >= thresholds.minScanArea * page.width * page.height;
            });
 }
 

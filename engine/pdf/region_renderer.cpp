@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/region_renderer.h"
 
+#include "character_texts.h"
 #include "document/page_walk.h"
 #include "image/encode_picture.h"
 #include "own_pixels.h"
@@ -65,7 +66,7 @@ public:
         GfxState *state, double x, double y, double dx, double dy, double originX, double originY, CharCode code,
         int bytes, const Unicode *u, int uLength) override
     {
-        const bool wanted = m_withText || isWatermark(state);
+        const bool wanted = m_withText || isWatermark(state) || isSign(state, code, u, uLength);
         if (wanted && isNear(state, x - originX, y - originY) && !isLeftOut(state, x - originX, y - originY)) {
             SplashOutputDev::drawChar(state, x, y, dx, dy, originX, originY, code, bytes, u, uLength);
         }
@@ -75,21 +76,20 @@ public:
         GfxState *state, double x, double y, double dx, double dy, CharCode code, const Unicode *u,
         int uLength) override
     {
-        return !m_withText || isLeftOut(state, x, y) ||
+        return (!m_withText && !isSign(state, code, u, uLength)) || isLeftOut(state, x, y) ||
                SplashOutputDev::beginType3Char(state, x, y, dx, dy, code, u, uLength);
-    }
-
-    void endType3Char(GfxState *state) override
-    {
-        if (m_withText) {
-            SplashOutputDev::endType3Char(state);
-        }
     }
 
     /// Leaves out the characters whose origins lie in these boxes, in pixels of the bitmap.
     void leaveOut(std::vector<Box> text) { m_leftOut = std::move(text); }
 
 private:
+    /// Whether a character is no text, because nobody can tell what it stands for.
+    bool isSign(const GfxState *state, CharCode code, const Unicode *u, int uLength)
+    {
+        return m_texts.textOf(*state->getFont(), code, u, uLength).length == 0;
+    }
+
     bool isLeftOut(GfxState *state, double x, double y) const
     {
         if (m_leftOut.empty()) {
@@ -120,6 +120,7 @@ private:
     static inline SplashColor initialColour = {0xff, 0xff, 0xff, 0xff}; // static: the base class is constructed first
     bool m_withText;
     std::vector<Box> m_leftOut;
+    CharacterTexts m_texts;
 };
 
 } // namespace

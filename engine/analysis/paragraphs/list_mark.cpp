@@ -7,7 +7,7 @@ namespace quorra::model {
 
 bool isBullet(const QString &text)
 {
-    static const QString bullets = QString::fromUtf8("•‣◦▪▫■□●○⁃∙·➢➤►▶✓✔❖☐☑☒\uf0b7\uf0a7\uf0d8\uf076\uf0fc–—-*");
+    static const QString bullets = QString::fromUtf8("•‣◦▪▫■□●○⁃∙·➢➤►▶▸➔➜✓✔✗❖◆◇⬥★✦☞❍❐❑❒◻☐☑☒–—-*");
     return text.size() == 1 && bullets.contains(text.front());
 }
 

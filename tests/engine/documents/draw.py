@@ -14,6 +14,7 @@ sys.dont_write_bytecode = True
 import paper  # noqa: E402
 
 # Each module adds its documents to the table when it is imported.
+import characters  # noqa: E402,F401
 import columns  # noqa: E402,F401
 import figures  # noqa: E402,F401
 import forms  # noqa: E402,F401
