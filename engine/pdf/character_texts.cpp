@@ -81,12 +81,12 @@ const char *countingName(const Gfx8BitFont &font, CharCode code, std::array<long
 
 /// The codes for which the library makes up characters: from the number in the glyph's name or, where codes count the
 /// glyphs without a hole too, from the code.
-template <std::size_t Count>
-std::bitset<Count> guessedCodes(const Gfx8BitFont &font)
+template <std::size_t count>
+std::bitset<count> guessedCodes(const Gfx8BitFont &font)
 {
-    std::bitset<Count> guessed;
-    std::bitset<Count> fromCode;
-    for (CharCode code = 0; code < Count; ++code) {
+    std::bitset<count> guessed;
+    std::bitset<count> fromCode;
+    for (CharCode code = 0; code < count; ++code) {
         std::array<long, 3> numbers{};
         if (!countingName(font, code, numbers)) {
             continue;

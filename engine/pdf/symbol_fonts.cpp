@@ -78,8 +78,8 @@ constexpr char32_t lastPlace = 0xf0ff;
 constexpr char32_t firstLetter = 0xf021; // of those that fonts with letters have there
 constexpr char32_t lastLetter = 0xf07e;
 
-template <std::size_t Count>
-char32_t find(const Run (&runs)[Count], unsigned code)
+template <std::size_t count>
+char32_t find(const Run (&runs)[count], unsigned code)
 {
     const auto *run = std::find_if(std::begin(runs), std::end(runs), [code](const Run &each) {
         return code >= each.first && code < each.first + each.characters.size();
