@@ -42,7 +42,10 @@ OFFICE = ".docx"
 RIGHT_TO_LEFT = re.compile("[\u0590-\u08ff]")
 
 # Drawn documents in which pdftotext finds text that is none, and why.
-NOT_ALIKE = {"font-without-map": "letters are made up for glyphs with numbers instead of names"}
+NOT_ALIKE = {
+    "bullets-that-are-letters": "the letters in whose places the signs of a font stand",
+    "font-without-map": "letters are made up for glyphs with numbers instead of names",
+}
 
 
 def words_of(text):
