@@ -126,7 +126,7 @@ void convertToSlides(const Job &job)
 void convertToSheets(const Job &job)
 {
     convertThroughOffice(
-        job, OdfKind::Spreadsheet, Component::Calc, model::DrawingWords::Apart,
+        job, OdfKind::Spreadsheet, Component::Calc, model::DrawingWords::InPicture,
         [](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
             model::darkenFaintText(document, false);
             writeSheets(file, document, pictures);

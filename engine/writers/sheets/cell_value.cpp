@@ -12,6 +12,7 @@ namespace quorra::office {
 namespace {
 
 constexpr qsizetype maxMarkLength = 4; // characters; a longer superscript is no mark of a note
+constexpr QLatin1String tabText("    ");
 
 QString superscriptCharacters(const QString &mark)
 {
@@ -25,14 +26,53 @@ QString superscriptCharacters(const QString &mark)
     return result;
 }
 
+/// Adds the text of a run, which continues the last line and may contain line breaks.
+void addLines(std::vector<std::vector<model::Run>> &lines, const model::Run &run)
+{
+    const QStringList parts = run.text.split(u'\n');
+    for (const QString &part : parts) {
+        if (&part != &parts.front()) {
+            lines.emplace_back();
+        }
+        model::Run text = run;
+        text.text = QString(part).replace(u'\t', tabText);
+        if (!text.text.isEmpty()) {
+            lines.back().push_back(text);
+        }
+    }
+}
+
 } // namespace
+
+std::vector<std::vector<model::Run>> cellLines(const model::Cell &cell)
+{
+    std::vector<std::vector<model::Run>> lines;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        if (paragraph.preformatted) {
+            const std::vector<std::vector<model::Run>> preformatted = model::preformattedLines(paragraph);
+            lines.insert(lines.end(), preformatted.begin(), preformatted.end());
+            continue;
+        }
+        const std::vector<model::Run> runs = model::runsOf(paragraph);
+        lines.emplace_back();
+        if (paragraph.listItem) {
+            model::Run mark;
+            mark.text = paragraph.listItem->mark + u' ';
+            mark.style = runs.empty() ? model::Style{} : runs.front().style;
+            lines.back().push_back(mark);
+        }
+        for (const model::Run &run : runs) {
+            addLines(lines, run);
+        }
+    }
+    return lines;
+}
 
 QString cellText(const model::Cell &cell)
 {
     QStringList lines;
-    for (const model::Paragraph &paragraph : cell.paragraphs) {
-        const QString mark = paragraph.listItem ? paragraph.listItem->mark + u' ' : QString();
-        lines.push_back(mark + model::plainText(paragraph));
+    for (const std::vector<model::Run> &line : cellLines(cell)) {
+        lines.push_back(model::plainText(line));
     }
     return lines.join(u'\n');
 }

@@ -3,14 +3,20 @@
 
 #include "base/number.h"
 #include "document/document.h"
+#include "document/text.h"
 
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 namespace quorra::office {
 
-/// Returns the text of the cell including list marks, its paragraphs separated by '\n'.
+/// Returns the lines that the text of the cell consists of, wherever they wrap, with the marks of list items and with
+/// spaces for tabs, which cells do not have.
+std::vector<std::vector<model::Run>> cellLines(const model::Cell &cell);
+
+/// Returns the same as text, the lines separated by '\n'.
 QString cellText(const model::Cell &cell);
 
 /// Returns the number in the cell; nothing if the cell contains other text. A superscript mark of a note is not part of

@@ -2,10 +2,13 @@
 #include "sheet_layout.h"
 
 #include "odf/cell_places.h"
+#include "odf/font_widths.h"
+#include "odf/line_breaking.h"
 #include "odf/odf_runs.h"
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,6 +26,10 @@ struct Thresholds
         1.22;              ///< em; of the fonts that spreadsheets use, rounded up: cells cut off text that does not fit
     double rowPadding = 2; ///< points; above and below the text of a cell together
     double minRowHeight = 12.8;   ///< points; of an empty row
+    double maxRowHeight = 409;    ///< points; Excel has no higher rows
+    double minTextWidth = 240;    ///< points; narrower text is hard to read
+    double maxTextWidth = 480;    ///< points; so that a line fits into the window
+    double maxSpaceAbove = 24;    ///< points; larger ones separate parts of the page
     double minIndent = 4;         ///< points; smaller ones are inaccuracies of the page
     double maxIndent = 100;       ///< points; wider ones leave no room for the text
     double minCommonShare = 0.08; ///< share of the texts of a column that begin at the same place
@@ -58,6 +65,13 @@ double commonStart(std::vector<double> &lefts)
         }
     }
     return lefts.empty() ? 0 : lefts.front();
+}
+
+/// Returns the heights of as many rows as are needed for this height, all equally high.
+std::vector<double> rowsOfHeight(double height)
+{
+    const double count = std::max(1.0, std::ceil(height / thresholds.maxRowHeight));
+    return std::vector<double>(static_cast<std::size_t>(count), std::max(thresholds.minRowHeight, height / count));
 }
 
 bool isIndentable(const model::Cell &cell)
@@ -114,12 +128,48 @@ std::vector<double> sheetRows(const model::Table &table)
         }
         heights[last] = std::max(heights[last], textHeight(cell) - others);
     }
+    for (double &height : heights) {
+        height = std::min(height, thresholds.maxRowHeight);
+    }
     return heights;
 }
 
-double sheetLineHeight(const model::Line &line)
+std::vector<double> withTextColumn(std::vector<double> tableColumns, double textWidth)
 {
-    return std::max(thresholds.minRowHeight, thresholds.lineHeight * largestSize(line) + thresholds.rowPadding);
+    const double wanted = std::clamp(textWidth, thresholds.minTextWidth, thresholds.maxTextWidth);
+    const double used = std::accumulate(tableColumns.begin(), tableColumns.end(), 0.0);
+    if (wanted - used >= thresholds.minColumnWidth) {
+        tableColumns.push_back(wanted - used);
+    }
+    return tableColumns;
+}
+
+std::vector<double> textRows(const model::Paragraph &paragraph, double width)
+{
+    const TextMeasure measure{
+        [](const model::Word &word) {
+            const double drawn = word.rotation % 180 == 0 ? word.box.width() : word.box.height();
+            return thresholds.fontReserve * std::max(drawn, textWidth(word.text, *word.style).value_or(drawn));
+        },
+        [](const model::Style &style) { return usualSpaceWidth * style.size; }};
+    const LineStrip strip{width - thresholds.sidePadding - textIndent(paragraph)};
+    const int lines = paragraph.preformatted ? static_cast<int>(paragraph.lines.size())
+                                             : countLines(unbreakableTexts(paragraph, measure), strip);
+    const double lineHeight = thresholds.lineHeight * largestSize(paragraph);
+    const double spaceAbove = std::clamp(paragraph.spaceBefore, 0.0, thresholds.maxSpaceAbove);
+    return rowsOfHeight(lines * lineHeight + thresholds.rowPadding + spaceAbove);
+}
+
+double textIndent(const model::Paragraph &paragraph)
+{
+    const bool indented = paragraph.alignment == model::Alignment::Left && paragraph.role != model::Role::PageHeader &&
+                          paragraph.indentLeft >= thresholds.minIndent;
+    return indented ? std::min(paragraph.indentLeft, thresholds.maxIndent) : 0;
+}
+
+std::vector<double> pictureRows(double height)
+{
+    return rowsOfHeight(height + thresholds.rowPadding);
 }
 
 QString sheetVerticalAlignment(const model::Cell &cell)

@@ -17,8 +17,19 @@ std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables
 /// Returns the heights of the table's rows, each high enough for its lines of text.
 std::vector<double> sheetRows(const model::Table &table);
 
-/// Returns the height of a row that contains one line of text.
-double sheetLineHeight(const model::Line &line);
+/// Returns the columns of a sheet with these tables and with text that is as wide as on the page: those of the tables,
+/// and one more beside them if they are narrower than the text.
+std::vector<double> withTextColumn(std::vector<double> tableColumns, double textWidth);
+
+/// Returns the heights of the rows for text that wraps at this width. Text that is higher than a row can be extends
+/// over several rows.
+std::vector<double> textRows(const model::Paragraph &paragraph, double width);
+
+/// Returns the indent of a paragraph that stands in the first column.
+double textIndent(const model::Paragraph &paragraph);
+
+/// Returns the heights of the rows for a picture of this height.
+std::vector<double> pictureRows(double height);
 
 /// Returns whether the text of the cell has several lines.
 bool wrapsInSheet(const model::Cell &cell);

@@ -22,14 +22,13 @@ constexpr Paper letter{QLatin1String("Letter"), 612, 792};
 
 } // namespace
 
-QString SheetPrinting::sheetStyle(StyleTable &styles, double width, double height)
+QString SheetPrinting::sheetStyle(StyleTable &styles, double width, double height, bool rightToLeft)
 {
     const bool across = width > height;
     const double side = std::min(width, height);
     const Paper &paper = std::abs(side - letter.narrow) < std::abs(side - a4.narrow) ? letter : a4;
     const QString master = paper.name + (across ? "Across"_L1 : "Upright"_L1);
-    QString &name = m_names[master];
-    if (name.isEmpty()) {
+    if (m_masterNames.insert(master).second) {
         const QString layout = styles.name(
             {"style:page-layout"_L1,
              {},
@@ -43,12 +42,12 @@ QString SheetPrinting::sheetStyle(StyleTable &styles, double width, double heigh
         m_masters.writeEmptyElement("style:master-page"_L1);
         m_masters.writeAttribute("style:name"_L1, master);
         m_masters.writeAttribute("style:page-layout-name"_L1, layout);
-        name = styles.name(
-            {"style:style"_L1,
-             {{"style:family"_L1, u"table"_s}, {"style:master-page-name"_L1, master}},
-             {{"style:table-properties"_L1, {{"table:display"_L1, u"true"_s}}}}});
     }
-    return name;
+    return styles.name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"table"_s}, {"style:master-page-name"_L1, master}},
+         {{"style:table-properties"_L1,
+           {{"table:display"_L1, u"true"_s}, {"style:writing-mode"_L1, rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}}}}});
 }
 
 } // namespace quorra::office

@@ -6,7 +6,7 @@
 #include <QString>
 #include <QXmlStreamWriter>
 
-#include <map>
+#include <set>
 
 namespace quorra::office {
 
@@ -20,11 +20,11 @@ public:
 
     /// Returns the name of the style for the sheet of a page of this size in points. The paper is A4 or Letter,
     /// whichever has the more similar width.
-    QString sheetStyle(StyleTable &styles, double width, double height);
+    QString sheetStyle(StyleTable &styles, double width, double height, bool rightToLeft);
 
 private:
     QXmlStreamWriter &m_masters;
-    std::map<QString, QString> m_names; // by master page
+    std::set<QString> m_masterNames;
 };
 
 } // namespace quorra::office

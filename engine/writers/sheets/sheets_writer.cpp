@@ -4,24 +4,24 @@
 #include "base/xml_text.h"
 #include "cell_value.h"
 #include "document/page_walk.h"
-#include "document/rotation.h"
 #include "number_format.h"
 #include "odf/odf_frames.h"
 #include "odf/odf_tables.h"
 #include "sheet_date.h"
 #include "sheet_layout.h"
+#include "sheet_names.h"
+#include "sheet_plan.h"
 #include "sheet_printing.h"
 
 #include <algorithm>
-#include <deque>
+#include <optional>
+#include <variant>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace quorra::office {
 
 namespace {
-
-constexpr double lineColumnWidth = 480; // points; of the column for the lines of a document without tables
 
 QString alignmentName(const model::Paragraph &paragraph)
 {
@@ -35,6 +35,14 @@ QString alignmentName(const model::Paragraph &paragraph)
     }
 }
 
+/// How a cell shows its text.
+struct CellLook
+{
+    QString verticalAlignment;
+    double indent = 0; ///< points
+    bool wraps = false;
+};
+
 /// Writes the sheets of a document.
 class SheetWriter
 {
@@ -47,17 +55,20 @@ public:
         , m_dateOrder(dateOrderOf(texts))
     {}
 
-    void writeTables(const model::Page &page, std::vector<const model::Table *> tables);
-    void writeScan(const model::Page &page);
-    void writeLines(const model::Document &document);
+    void write(const QString &name, const model::Page &page, const SheetPlan &plan);
 
 private:
-    [[nodiscard]] XmlElement beginSheet(const QString &name, const model::Page &page);
     [[nodiscard]] XmlElement beginRow(double height);
-    void writeEmptyRow();
-    void writeCell(const model::Cell &cell, double indent);
+    void writeBand(const TextBand &band);
+    void writeBand(const TableBand &band, bool repeatsHead);
+    void writeBand(const PictureBand &band);
+    void writeEmptyRow(double height);
+    void writeCoveredRow(double height, int columns);
+    void writeCovered(int columns);
+    void writeCell(const model::Cell &cell, const CellLook &look);
     void writeValue(const Number &number);
-    QString cellStyle(const model::Cell &cell, const model::Style &textStyle, const QString &dataStyle, double indent);
+    QString
+    cellStyle(const model::Cell &cell, const model::Style &textStyle, const QString &dataStyle, const CellLook &look);
 
     Sink m_sink;
     SheetPrinting m_printing;
@@ -65,14 +76,6 @@ private:
     NumberStyle m_numberStyle;
     DateOrder m_dateOrder;
 };
-
-XmlElement SheetWriter::beginSheet(const QString &name, const model::Page &page)
-{
-    XmlElement sheet(m_sink.xml, "table:table"_L1);
-    m_sink.xml.writeAttribute("table:name"_L1, name);
-    m_sink.xml.writeAttribute("table:style-name"_L1, m_printing.sheetStyle(m_sink.styles, page.width, page.height));
-    return sheet;
-}
 
 XmlElement SheetWriter::beginRow(double height)
 {
@@ -89,25 +92,39 @@ XmlElement SheetWriter::beginRow(double height)
     return row;
 }
 
-void SheetWriter::writeEmptyRow()
+void SheetWriter::writeEmptyRow(double height)
 {
-    const XmlElement row = beginRow(0);
+    const XmlElement row = beginRow(height);
     m_sink.xml.writeEmptyElement("table:table-cell"_L1);
 }
 
-QString
-SheetWriter::cellStyle(const model::Cell &cell, const model::Style &textStyle, const QString &dataStyle, double indent)
+void SheetWriter::writeCovered(int columns)
+{
+    if (columns > 0) {
+        m_sink.xml.writeEmptyElement("table:covered-table-cell"_L1);
+        m_sink.xml.writeAttribute("table:number-columns-repeated"_L1, QString::number(columns));
+    }
+}
+
+void SheetWriter::writeCoveredRow(double height, int columns)
+{
+    const XmlElement row = beginRow(height);
+    writeCovered(columns);
+}
+
+QString SheetWriter::cellStyle(
+    const model::Cell &cell, const model::Style &textStyle, const QString &dataStyle, const CellLook &look)
 {
     Attributes cellProperties = {
         {"fo:border-left"_L1, borderText(cell.left)},
         {"fo:border-right"_L1, borderText(cell.right)},
         {"fo:border-top"_L1, borderText(cell.top)},
         {"fo:border-bottom"_L1, borderText(cell.bottom)},
-        {"style:vertical-align"_L1, sheetVerticalAlignment(cell)}};
+        {"style:vertical-align"_L1, look.verticalAlignment}};
     if (cell.background) {
         cellProperties.emplace_back("fo:background-color"_L1, colourName(*cell.background));
     }
-    if (wrapsInSheet(cell)) {
+    if (look.wraps) {
         cellProperties.emplace_back("fo:wrap-option"_L1, u"wrap"_s);
     }
     Attributes align;
@@ -117,8 +134,8 @@ SheetWriter::cellStyle(const model::Cell &cell, const model::Style &textStyle, c
             {"fo:text-align"_L1, alignmentName(first)},
             {"style:writing-mode"_L1, first.rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}};
         cellProperties.emplace_back("style:text-align-source"_L1, u"fix"_s);
-        if (indent > 0) {
-            align.emplace_back("fo:margin-left"_L1, pt(indent));
+        if (look.indent > 0) {
+            align.emplace_back("fo:margin-left"_L1, pt(look.indent));
         }
     }
     Element style{
@@ -140,7 +157,18 @@ void SheetWriter::writeValue(const Number &number)
     m_sink.xml.writeAttribute("office:value"_L1, QString::number(number.value, 'g', 15));
 }
 
-void SheetWriter::writeCell(const model::Cell &cell, double indent)
+/// Returns the runs without links to pages, which a workbook does not have.
+std::vector<model::Run> withoutPageLinks(std::vector<model::Run> runs)
+{
+    for (model::Run &run : runs) {
+        if (run.link.startsWith(u'#')) {
+            run.link.clear();
+        }
+    }
+    return runs;
+}
+
+void SheetWriter::writeCell(const model::Cell &cell, const CellLook &look)
 {
     QXmlStreamWriter &xml = m_sink.xml;
     const QString text = cellText(cell);
@@ -151,7 +179,7 @@ void SheetWriter::writeCell(const model::Cell &cell, double indent)
                                      : QString();
     const model::Style textStyle = dominantStyle(model::runsOf(cell));
     const XmlElement element(xml, "table:table-cell"_L1);
-    xml.writeAttribute("table:style-name"_L1, cellStyle(cell, textStyle, dataStyle, indent));
+    xml.writeAttribute("table:style-name"_L1, cellStyle(cell, textStyle, dataStyle, look));
     writeSpans(xml, cell);
     if (number) {
         writeValue(*number);
@@ -162,109 +190,129 @@ void SheetWriter::writeCell(const model::Cell &cell, double indent)
         xml.writeTextElement("text:p"_L1, xmlText(text));
     } else if (!text.isEmpty()) {
         xml.writeAttribute("office:value-type"_L1, "string"_L1);
-        for (const model::Paragraph &paragraph : cell.paragraphs) {
-            const XmlElement line(xml, "text:p"_L1);
-            if (paragraph.listItem) {
-                xml.writeCharacters(xmlText(paragraph.listItem->mark) + u' ');
-            }
-            writeRuns(m_sink, model::runsOf(paragraph), textStyle);
+        for (const std::vector<model::Run> &line : cellLines(cell)) {
+            const XmlElement element(xml, "text:p"_L1);
+            writeRuns(m_sink, withoutPageLinks(line), textStyle);
         }
     }
 }
 
-void SheetWriter::writeTables(const model::Page &page, std::vector<const model::Table *> tables)
+/// Returns a cell that shows the paragraph.
+model::Cell cellOf(const TextBand &band)
 {
-    std::deque<model::Table> upright; // does not move its elements
-    for (const model::Table *&table : tables) {
-        if (table->rotation != 0) {
-            table = &upright.emplace_back(model::uprightTable(*table));
-        }
-    }
-    const XmlElement sheet = beginSheet(u"Page %1"_s.arg(page.number), page);
-    const std::vector<double> widths = sheetColumns(tables);
-    std::for_each(widths.begin(), widths.end(), [this](double width) { writeColumn(m_sink, width); });
-    for (const model::Table *table : tables) {
-        if (table != tables.front()) {
-            writeEmptyRow();
-        }
-        const std::vector<double> heights = sheetRows(*table);
-        const std::vector<double> indents = sheetIndents(*table);
-        writeRows(
-            m_sink.xml, *table, [&](int row) { return beginRow(*(heights.begin() + row)); },
-            [&](const model::Cell &cell) { writeCell(cell, *(indents.begin() + (&cell - table->cells.data()))); });
-    }
-}
-
-void SheetWriter::writeScan(const model::Page &page)
-{
-    const XmlElement sheet = beginSheet(u"Page %1"_s.arg(page.number), page);
-    {
-        const XmlElement shapes(m_sink.xml, "table:shapes"_L1);
-        writePictures(m_sink, page, m_pictures, FrameAnchor::Sheet);
-    }
-    writeColumn(m_sink, page.width / 8);
-    writeEmptyRow();
-}
-
-model::Cell cellOf(const model::Line &line)
-{
-    model::Paragraph paragraph;
-    paragraph.lines = {line};
     model::Cell cell;
-    cell.paragraphs.push_back(std::move(paragraph));
+    cell.columnSpan = band.columnSpan;
+    cell.rowSpan = static_cast<int>(band.rowHeights.size());
+    cell.top = band.paragraph->borderAbove.line;
+    cell.bottom = band.paragraph->borderBelow.line;
+    cell.background = band.paragraph->shading;
+    cell.paragraphs.push_back(*band.paragraph);
     return cell;
 }
 
-void SheetWriter::writeLines(const model::Document &document)
+void SheetWriter::writeBand(const TextBand &band)
 {
-    const XmlElement sheet = beginSheet(u"Text"_s, document.pages.empty() ? model::Page{} : document.pages.front());
-    writeColumn(m_sink, lineColumnWidth);
-    for (const model::Page &page : document.pages) {
-        forEachParagraph(page, [this](const model::Paragraph &paragraph) {
-            for (const model::Line &line : paragraph.lines) {
-                const XmlElement row = beginRow(sheetLineHeight(line));
-                writeCell(cellOf(line), 0);
-            }
-        });
+    const std::vector<double> &heights = band.rowHeights;
+    {
+        const XmlElement row = beginRow(heights.front());
+        const bool wraps = band.columnSpan > 1 || heights.size() > 1 || band.paragraph->lines.size() > 1;
+        writeCell(cellOf(band), {u"bottom"_s, textIndent(*band.paragraph), wraps});
+        writeCovered(band.columnSpan - 1);
+    }
+    std::for_each(heights.begin() + 1, heights.end(), [&](double height) { writeCoveredRow(height, band.columnSpan); });
+}
+
+void SheetWriter::writeBand(const TableBand &band, bool repeatsHead)
+{
+    const model::Table &table = band.table;
+    const std::vector<double> heights = sheetRows(table);
+    const std::vector<double> indents = sheetIndents(table);
+    std::optional<XmlElement> head;
+    const auto begin = [&](int row) {
+        if (repeatsHead && row == 0) {
+            head.emplace(m_sink.xml, "table:table-header-rows"_L1);
+        } else if (row == table.headerRows) {
+            head.reset();
+        }
+        return beginRow(*(heights.begin() + row));
+    };
+    writeRows(m_sink.xml, table, begin, [&](const model::Cell &cell) {
+        const double indent = *(indents.begin() + (&cell - table.cells.data()));
+        writeCell(cell, {sheetVerticalAlignment(cell), indent, wrapsInSheet(cell)});
+    });
+}
+
+void SheetWriter::writeBand(const PictureBand &band)
+{
+    {
+        const XmlElement row = beginRow(band.rowHeights.front());
+        const XmlElement cell(m_sink.xml, "table:table-cell"_L1);
+        for (const model::Figure *figure : band.figures) {
+            const Box &box = figure->box;
+            const double left = box.left - band.box.left;
+            const double top = box.top - band.box.top;
+            writePicture(
+                m_sink, m_pictures.encode(*figure, model::DrawingWords::InPicture),
+                {left, top, left + box.width(), top + box.height()}, FrameAnchor::Sheet);
+        }
+    }
+    std::for_each(band.rowHeights.begin() + 1, band.rowHeights.end(), [this](double height) { writeEmptyRow(height); });
+}
+
+void SheetWriter::write(const QString &name, const model::Page &page, const SheetPlan &plan)
+{
+    const XmlElement sheet(m_sink.xml, "table:table"_L1);
+    m_sink.xml.writeAttribute("table:name"_L1, name);
+    m_sink.xml.writeAttribute(
+        "table:style-name"_L1, m_printing.sheetStyle(m_sink.styles, page.width, page.height, plan.rightToLeft));
+    for (const double width : plan.columnWidths) {
+        writeColumn(m_sink, width);
+    }
+    if (plan.bands.empty()) {
+        writeEmptyRow(0);
+    }
+    for (const SheetBand &band : plan.bands) {
+        if (const auto *text = std::get_if<TextBand>(&band)) {
+            writeBand(*text);
+        } else if (const auto *table = std::get_if<TableBand>(&band)) {
+            writeBand(*table, plan.headRows > 0);
+        } else if (const auto *pictures = std::get_if<PictureBand>(&band)) {
+            writeBand(*pictures);
+        } else {
+            writeEmptyRow(0);
+        }
     }
 }
 
-std::vector<const model::Table *> tablesOf(const model::Page &page)
+/// Returns the texts of all cells of tables, by which the document shows how it writes numbers and dates.
+QStringList cellTexts(const model::Document &document)
 {
-    std::vector<const model::Table *> tables;
-    forEachBlock(page, [&](const model::Block &block) {
-        if (block.table() && block.table()->rows() > 0) {
-            tables.push_back(block.table());
-        }
-    });
-    return tables;
+    QStringList texts;
+    for (const model::Page &page : document.pages) {
+        forEachBlock(page, [&texts](const model::Block &block) {
+            if (const model::Table *table = block.table()) {
+                for (const model::Cell &cell : table->cells) {
+                    texts.push_back(cellText(cell));
+                }
+            }
+        });
+    }
+    return texts;
 }
 
 } // namespace
 
 void writeSheets(OdfFile &file, const model::Document &document, model::PictureSource &pictures)
 {
-    QStringList texts;
+    const SheetPlanner planner(document);
+    const std::vector<QString> names = sheetNames(document.pages);
+    SheetWriter writer(file, pictures, cellTexts(document));
+    auto name = names.begin();
     for (const model::Page &page : document.pages) {
-        for (const model::Table *table : tablesOf(page)) {
-            for (const model::Cell &cell : table->cells) {
-                texts.push_back(cellText(cell));
-            }
+        if (!planner.isContinuation(page)) {
+            writer.write(*name, page, planner.plan(page));
         }
-    }
-    SheetWriter writer(file, pictures, texts);
-    bool wrote = false;
-    for (const model::Page &page : document.pages) {
-        const std::vector<const model::Table *> tables = tablesOf(page);
-        if (page.scanned) {
-            writer.writeScan(page);
-        } else if (!tables.empty()) {
-            writer.writeTables(page, tables);
-        }
-        wrote = wrote || page.scanned || !tables.empty();
-    }
-    if (!wrote) {
-        writer.writeLines(document);
+        ++name;
     }
 }
 

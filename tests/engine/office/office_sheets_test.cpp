@@ -5,18 +5,32 @@
 #include "writers/sheets/cell_value.h"
 #include "writers/sheets/sheet_date.h"
 #include "writers/sheets/sheet_layout.h"
+#include "writers/sheets/sheet_names.h"
+#include "writers/sheets/sheet_plan.h"
+#include "writers/sheets/sheet_tables.h"
 
 #include <QTest>
 
 using namespace quorra;
 using namespace quorra::office;
 
-/// Sheets made of hand-made tables: sizes of columns and rows, places of texts in their cells, notes' marks.
+/// Sheets made of hand-made pages: what is on them, sizes of columns and rows, places of texts in their cells, notes'
+/// marks.
 class OfficeSheetsTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void sheetsHoldEverythingInReadingOrder();
+    void pagesWithoutTablesAreSheets();
+    void longTextsSpanColumnsAndRows();
+    void picturesHaveRowsAndTheirWords();
+    void namesAreValidAndUnique();
+    void continuedTablesAreWhole();
+    void otherTablesStayOnTheirPage();
+    void onlyHeadsOfSingleTablesAreRepeated();
+    void rightToLeftSheetsBeginAtTheRight();
+    void lineEndsWithAMeaningStay();
     void columnsHoldTheirTexts();
     void rowsHoldTheirLines();
     void textsKeepTheirPlaceInTheCell();
@@ -32,13 +46,18 @@ private Q_SLOTS:
 
 namespace {
 
-QString sheets(const model::Table &table)
+QString sheets(std::vector<model::Page> pages)
 {
     fixture::Pictures pictures;
+    const model::Document document = fixture::document(std::move(pages));
+    return fixture::odf(OdfKind::Spreadsheet, [&](OdfFile &file) { writeSheets(file, document, pictures); });
+}
+
+QString sheets(const model::Table &table)
+{
     model::Page page = fixture::page();
     page.sections[0].blocks = {{table, 0}};
-    const model::Document document = fixture::document({page});
-    return fixture::odf(OdfKind::Spreadsheet, [&](OdfFile &file) { writeSheets(file, document, pictures); });
+    return sheets(std::vector<model::Page>{page});
 }
 
 model::Paragraph withMark(const QString &text, const QString &mark)
@@ -53,6 +72,208 @@ model::Paragraph withMark(const QString &text, const QString &mark)
 }
 
 } // namespace
+
+void OfficeSheetsTest::sheetsHoldEverythingInReadingOrder()
+{
+    model::Page page = fixture::page();
+    page.header = {fixture::paragraph(QStringLiteral("header"), {72, 20, 110, 32})};
+    page.footer = {fixture::paragraph(QStringLiteral("footer"), {72, 740, 110, 752})};
+    page.sections[0].blocks = {
+        fixture::block(fixture::paragraph(QStringLiteral("above"), {72, 80, 110, 92})),
+        {fixture::table(1, {QStringLiteral("inside")}), 0},
+        fixture::block(fixture::paragraph(QStringLiteral("below"), {72, 140, 110, 152}))};
+    const QString text = sheets(std::vector<model::Page>{page});
+    QCOMPARE(fixture::paragraphs(text).join(u' '), QStringLiteral("header above inside below footer"));
+    // An empty row above and below the table keeps the texts out of it when it is sorted.
+    QCOMPARE(text.count(QLatin1String("<table:table-row")), 7);
+}
+
+void OfficeSheetsTest::pagesWithoutTablesAreSheets()
+{
+    model::Page first = fixture::page();
+    first.sections[0].blocks = {{fixture::table(1, {QStringLiteral("inside")}), 0}};
+    model::Page second = fixture::page();
+    second.number = 2;
+    second.sections[0].blocks = {fixture::block(fixture::paragraph(QStringLiteral("text"), {72, 80, 110, 92}))};
+    model::Page blank = fixture::page();
+    blank.number = 3;
+    const QString text = sheets({first, second, blank});
+    QVERIFY(text.contains(QLatin1String("table:name=\"Page 1\"")));
+    QVERIFY(text.contains(QLatin1String("table:name=\"Page 2\"")));
+    QVERIFY(text.contains(QLatin1String("table:name=\"Page 3\"")));
+    QCOMPARE(fixture::paragraphs(text), (QStringList{QStringLiteral("inside"), QStringLiteral("text")}));
+}
+
+void OfficeSheetsTest::longTextsSpanColumnsAndRows()
+{
+    model::Paragraph text = fixture::paragraph(QStringLiteral("a few words of text"), {72, 80, 172, 92});
+    QCOMPARE(textRows(text, 300).size(), std::size_t(1));
+    const double line = textRows(text, 300)[0];
+    QVERIFY(textRows(text, 60)[0] > 2 * line - 5);
+    text.lines.resize(50, text.lines[0]);
+    text.preformatted = true;
+    const std::vector<double> rows = textRows(text, 300);
+    QVERIFY(rows.size() >= 2);
+    QVERIFY(rows[0] <= 409 && rows[0] * static_cast<double>(rows.size()) > 600);
+
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {
+        fixture::block(text), {fixture::table(2, {QStringLiteral("a"), QStringLiteral("b")}), 0}};
+    const QString sheet = sheets(std::vector<model::Page>{page});
+    // Two columns for the table, and one for the rest of the text's width.
+    QVERIFY(sheet.contains(QLatin1String("table:number-columns-spanned=\"3\" table:number-rows-spanned=\"2\"")));
+    QVERIFY(sheet.contains(QLatin1String("<table:covered-table-cell table:number-columns-repeated=\"3\"/>")));
+}
+
+void OfficeSheetsTest::picturesHaveRowsAndTheirWords()
+{
+    model::Page page = fixture::page();
+    model::Figure drawing = fixture::figure({72, 100, 272, 600}, model::FigureKind::Drawing);
+    drawing.labels = {
+        fixture::paragraph(QStringLiteral("first label"), {80, 110, 135, 122}),
+        fixture::paragraph(QStringLiteral("second"), {80, 210, 110, 222})};
+    model::Figure beside = fixture::figure({300, 100, 400, 200}, model::FigureKind::Image);
+    page.sections[0].blocks = {{beside, 0}, {drawing, 0}};
+    const model::Document document = fixture::document({page});
+    const SheetPlan plan = SheetPlanner(document).plan(document.pages[0]);
+    QCOMPARE(plan.bands.size(), std::size_t(3)); // pictures, gap, labels
+    const auto &pictures = std::get<PictureBand>(plan.bands[0]);
+    QCOMPARE(pictures.figures.size(), std::size_t(2));
+    QCOMPARE(pictures.rowHeights.size(), std::size_t(2)); // no row is as high as the drawing
+    const QString text = sheets(std::vector<model::Page>{page});
+    QCOMPARE(fixture::paragraphs(text), QStringList{QStringLiteral("first label second")});
+    QVERIFY(text.contains(QLatin1String("svg:x=\"228.00pt\" svg:y=\"0.00pt\"")));
+}
+
+void OfficeSheetsTest::namesAreValidAndUnique()
+{
+    const auto pageWith = [](int number, const QString &label, const QString &heading) {
+        model::Page page = fixture::page();
+        page.number = number;
+        page.label = label;
+        if (!heading.isEmpty()) {
+            model::Paragraph paragraph = fixture::paragraph(heading, {72, 80, 500, 92});
+            paragraph.role = model::Role::Heading;
+            page.sections[0].blocks = {fixture::block(paragraph)};
+        }
+        return page;
+    };
+    const std::vector<QString> names = sheetNames(
+        {pageWith(1, QStringLiteral("iv"), {}), pageWith(2, {}, QStringLiteral("Income [net] and/or: what?")),
+         pageWith(3, QStringLiteral("2"), QStringLiteral("INCOME net and or what")),
+         pageWith(4, {}, QStringLiteral("A heading that is far too long for the name of a sheet")),
+         pageWith(5, QStringLiteral("'"), QStringLiteral("'quoted'"))});
+    QCOMPARE(names[0], QStringLiteral("Page iv"));
+    QCOMPARE(names[1], QStringLiteral("2 - Income net and or what"));
+    QCOMPARE(names[2], QStringLiteral("2 - INCOME net and or what (2)"));
+    QCOMPARE(names[3], QStringLiteral("4 - A heading that is far too"));
+    QCOMPARE(names[4], QStringLiteral("- 'quoted"));
+}
+
+namespace {
+
+/// Two pages, on the second of which the table continues; it has the head again.
+std::vector<model::Page> continuedPages()
+{
+    model::Page first = fixture::page();
+    first.sections[0].blocks = {
+        {fixture::table(2, {QStringLiteral("Year"), QStringLiteral("Sum"), QStringLiteral("1"), QStringLiteral("2")}),
+         0}};
+    first.sections[0].blocks[0].table()->headerRows = 1;
+    model::Page second = fixture::page();
+    second.number = 2;
+    second.sections[0].blocks = {
+        {fixture::table(2, {QStringLiteral("Year"), QStringLiteral("Sum"), QStringLiteral("3"), QStringLiteral("4")}),
+         0}};
+    second.sections[0].blocks[0].table()->headerRows = 1;
+    second.sections[0].blocks[0].table()->continuesPrevious = true;
+    return {first, second};
+}
+
+} // namespace
+
+void OfficeSheetsTest::continuedTablesAreWhole()
+{
+    std::vector<model::Page> pages = continuedPages();
+    QString text = sheets(pages);
+    QCOMPARE(fixture::paragraphs(text).join(u' '), QStringLiteral("Year Sum 1 2 3 4"));
+    QCOMPARE(text.count(QLatin1String("<table:table ")), 1);
+    // What else is on the second page has its own sheet.
+    pages[1].sections[0].blocks.push_back(
+        fixture::block(fixture::paragraph(QStringLiteral("after"), {72, 300, 110, 312})));
+    text = sheets(pages);
+    QCOMPARE(fixture::paragraphs(text).join(u' '), QStringLiteral("Year Sum 1 2 3 4 after"));
+    QCOMPARE(text.count(QLatin1String("<table:table ")), 2);
+}
+
+void OfficeSheetsTest::otherTablesStayOnTheirPage()
+{
+    std::vector<model::Page> pages = continuedPages();
+    pages[1].sections[0].blocks[0].table()->continuesPrevious = false;
+    QCOMPARE(sheets(pages).count(QLatin1String("<table:table ")), 2);
+    pages = continuedPages();
+    pages[1].sections[0].blocks = {
+        {fixture::table(1, {QStringLiteral("Year"), QStringLiteral("3")}), 0}}; // has other columns
+    pages[1].sections[0].blocks[0].table()->continuesPrevious = true;
+    QCOMPARE(sheets(pages).count(QLatin1String("<table:table ")), 2);
+}
+
+void OfficeSheetsTest::onlyHeadsOfSingleTablesAreRepeated()
+{
+    std::vector<model::Page> pages = continuedPages();
+    pages.pop_back();
+    pages[0].sections[0].blocks.insert(
+        pages[0].sections[0].blocks.begin(),
+        fixture::block(fixture::paragraph(QStringLiteral("above"), {72, 80, 110, 92})));
+    model::Document document = fixture::document(pages);
+    QCOMPARE(SheetPlanner(document).plan(document.pages[0]).headRows, 3); // the text, an empty row and the head
+    QVERIFY(sheets(pages).contains(QLatin1String("<table:table-header-rows><table:table-row")));
+    pages[0].sections[0].blocks.push_back({fixture::table(1, {QStringLiteral("other")}), 0});
+    document = fixture::document(pages);
+    QCOMPARE(SheetPlanner(document).plan(document.pages[0]).headRows, 0);
+    QVERIFY(!sheets(pages).contains(QLatin1String("<table:table-header-rows")));
+}
+
+void OfficeSheetsTest::rightToLeftSheetsBeginAtTheRight()
+{
+    model::Page page = fixture::page();
+    model::Table table = fixture::table(2, {QStringLiteral("left"), QStringLiteral("right")});
+    table.cells[0].left = {2, black};
+    for (model::Cell &cell : table.cells) {
+        cell.paragraphs[0].rightToLeft = true;
+    }
+    const model::Table mirrored = mirroredTable(table);
+    QCOMPARE(mirrored.cells[0].column, 1);
+    QCOMPARE(mirrored.cells[0].right.width, 2.0);
+    page.sections[0].blocks = {{table, 0}};
+    const QString text = sheets(std::vector<model::Page>{page});
+    QCOMPARE(fixture::paragraphs(text), (QStringList{QStringLiteral("right"), QStringLiteral("left")}));
+    QVERIFY(text.contains(QLatin1String("table:display=\"true\" style:writing-mode=\"rl-tb\"")));
+}
+
+void OfficeSheetsTest::lineEndsWithAMeaningStay()
+{
+    const auto twoLines = [](const QString &first, const QString &second) {
+        model::Paragraph paragraph = fixture::paragraph(first, {74, 100, 74 + 5.0 * first.size(), 108});
+        model::Paragraph next = fixture::paragraph(second, {74, 110, 74 + 5.0 * second.size(), 118});
+        paragraph.lines.push_back(next.lines[0]);
+        return paragraph;
+    };
+    model::Table table = fixture::table(
+        1,
+        {QStringLiteral("x"), QStringLiteral("x"), QStringLiteral("a line as wide as it can be"), QStringLiteral("x")});
+    table.cells[0].paragraphs = {twoLines(QStringLiteral("12"), QStringLiteral("345"))}; // not 12 345
+    table.cells[1].paragraphs = {twoLines(QStringLiteral("Street 5"), QStringLiteral("Town"))};
+    table.cells[3].paragraphs = {twoLines(QStringLiteral("a line that is as"), QStringLiteral("wideasthenextword"))};
+    keepLineEnds(table);
+    QCOMPARE(cellText(table.cells[0]), QStringLiteral("12\n345"));
+    QCOMPARE(cellText(table.cells[1]), QStringLiteral("Street 5\nTown"));
+    QCOMPARE(cellText(table.cells[3]), QStringLiteral("a line that is as wideasthenextword"));
+    QVERIFY(!cellNumber(table.cells[0], NumberStyle::Comma));
+    const QString text = sheets(table);
+    QVERIFY(text.contains(QLatin1String("<text:p>12</text:p><text:p>345</text:p>"))); // cells have no line breaks
+    QVERIFY(!text.contains(QLatin1String("office:value-type=\"float\"")));
+}
 
 void OfficeSheetsTest::columnsHoldTheirTexts()
 {
@@ -195,15 +416,12 @@ void OfficeSheetsTest::datesAreDays()
 
 void OfficeSheetsTest::sheetsPrintOnOnePaperWidth()
 {
-    fixture::Pictures pictures;
     model::Page page = fixture::page();
     page.sections[0].blocks = {{fixture::table(1, {QStringLiteral("a")}), 0}};
     model::Page across = page;
     across.width = 842;
     across.height = 595;
-    const model::Document document = fixture::document({page, across, across});
-    const QString text =
-        fixture::odf(OdfKind::Spreadsheet, [&](OdfFile &file) { writeSheets(file, document, pictures); });
+    const QString text = sheets({page, across, across});
     QCOMPARE(text.count(QLatin1String("style:scale-to-X=\"1\"")), 2);
     QCOMPARE(text.count(QLatin1String("style:print-orientation=\"landscape\"")), 1);
     QCOMPARE(text.count(QLatin1String("<style:master-page ")), 2);

@@ -79,7 +79,7 @@ def words_of(path, wanted, pages):
     if extension == ".pptx":
         return text_match.words("\n".join(readers.slide_texts(path)))
     if extension == ".xlsx":
-        return text_match.words("\n".join(cell[4] for sheet in readers.sheet_tables(path) for cell in sheet))
+        return text_match.words(readers.sheet_text(path))
     body, heads, page_field = _word_text(path)
     found, wanted, heads = collections.Counter(body), collections.Counter(wanted), collections.Counter(heads)
     missing = wanted - found

@@ -216,6 +216,11 @@ def sheet_tables(path):
     return sheets
 
 
+def sheet_text(path):
+    """All that is in the cells, as shown."""
+    return "\n".join(cell[4] for sheet in sheet_tables(path) for cell in sheet)
+
+
 def shown(cell):
     """The cell's text as its number format shows it, for the formats that the engine writes."""
     value, form = cell.value, cell.number_format or "General"

@@ -7,8 +7,9 @@
 
 namespace quorra::office {
 
-/// Writes a sheet for each page with tables and for each scanned page. If there are none, writes a single sheet with
-/// the lines of text.
+/// Writes a sheet for each page with all that is on it, in reading order: each paragraph in a row, tables in columns of
+/// their own, pictures at their places. A table that continues on the next pages is whole on its first page; a page
+/// with nothing else has no sheet.
 void writeSheets(OdfFile &file, const model::Document &document, model::PictureSource &pictures);
 
 } // namespace quorra::office
