@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cell_value.h"
 
+#include "number_format.h"
 #include "odf/odf_runs.h"
 
-#include <QStringList>
+#include <QLocale>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -12,6 +13,7 @@ namespace quorra::office {
 namespace {
 
 constexpr qsizetype maxMarkLength = 4; // characters; a longer superscript is no mark of a note
+constexpr int exactDigits = 15;        // of a number in a spreadsheet
 constexpr QLatin1String tabText("    ");
 
 QString superscriptCharacters(const QString &mark)
@@ -77,10 +79,10 @@ QString cellText(const model::Cell &cell)
     return lines.join(u'\n');
 }
 
-std::optional<Number> cellNumber(const model::Cell &cell, NumberStyle style)
+std::optional<Number> cellNumber(const model::Cell &cell, const NumberHabits &habits)
 {
     if (cell.paragraphs.size() != 1) {
-        return readNumber(cellText(cell), style);
+        return readNumber(cellText(cell), habits);
     }
     const model::Paragraph &paragraph = cell.paragraphs.front();
     QString before;
@@ -91,18 +93,72 @@ std::optional<Number> cellNumber(const model::Cell &cell, NumberStyle style)
         } else if (mark.isEmpty()) {
             before += run.text;
         } else {
-            return readNumber(cellText(cell), style);
+            return readNumber(cellText(cell), habits);
         }
     }
     mark = mark.trimmed();
     if (mark.isEmpty() || mark.size() > maxMarkLength || paragraph.listItem) {
-        return readNumber(cellText(cell), style);
+        return readNumber(cellText(cell), habits);
     }
-    std::optional<Number> number = readNumber(before, style);
+    std::optional<Number> number = readNumber(before, habits);
     if (number) {
         number->suffix += superscriptCharacters(mark);
     }
     return number;
+}
+
+CellHabits cellHabits(const QStringList &texts, const QString &language)
+{
+    NumberHabits usual;
+    if (!language.isEmpty()) {
+        const QLocale locale(QString(language).replace(u'-', u'_'));
+        usual.style = locale.decimalPoint() == u"," ? NumberStyle::Comma : NumberStyle::Point;
+    }
+    return {numberHabitsOf(texts, usual), dateHabitsOf(texts, language)};
+}
+
+CellHabits tableHabits(const QStringList &texts, const CellHabits &document)
+{
+    CellHabits habits = document;
+    habits.numbers = numberHabitsOf(texts, document.numbers);
+    return habits;
+}
+
+CellValue cellValue(const model::Cell &cell, const CellHabits &habits)
+{
+    if (const std::optional<Number> number = cellNumber(cell, habits.numbers)) {
+        return *number;
+    }
+    if (const std::optional<SheetDate> date = readDate(cellText(cell), habits.dates)) {
+        return *date;
+    }
+    return {};
+}
+
+QString dataStyle(StyleTable &styles, const CellValue &value)
+{
+    if (const auto *number = std::get_if<Number>(&value)) {
+        return numberFormat(styles, *number);
+    }
+    const auto *date = std::get_if<SheetDate>(&value);
+    return date ? dateFormat(styles, *date) : QString();
+}
+
+void writeValue(QXmlStreamWriter &xml, const CellValue &value)
+{
+    if (const auto *number = std::get_if<Number>(&value)) {
+        xml.writeAttribute("office:value-type"_L1, number->percent ? "percentage"_L1 : "float"_L1);
+        xml.writeAttribute("office:value"_L1, QString::number(number->value, 'g', exactDigits));
+    } else if (const auto *date = std::get_if<SheetDate>(&value)) {
+        if (!date->day.isValid()) {
+            xml.writeAttribute("office:value-type"_L1, "time"_L1);
+            xml.writeAttribute("office:time-value"_L1, date->time.toString(u"'PT'HH'H'mm'M'ss'S'"_s));
+            return;
+        }
+        const QString time = date->time.isValid() ? date->time.toString(u"'T'HH:mm:ss"_s) : QString();
+        xml.writeAttribute("office:value-type"_L1, "date"_L1);
+        xml.writeAttribute("office:date-value"_L1, date->day.toString(Qt::ISODate) + time);
+    }
 }
 
 } // namespace quorra::office

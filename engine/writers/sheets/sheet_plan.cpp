@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet_plan.h"
 
+#include "cell_repairs.h"
 #include "document/page_walk.h"
 #include "document/rotation.h"
 #include "sheet_layout.h"
 #include "sheet_tables.h"
+#include "tab_columns.h"
 
 #include <algorithm>
 #include <numeric>
@@ -16,8 +18,9 @@ namespace {
 
 struct Thresholds
 {
-    double maxHeadHeight = 240;    ///< points; higher rows at the top would leave no room for those that scroll
-    double maxBackdropShare = 0.3; ///< of the page; a larger picture behind text is its backdrop
+    double maxHeadHeight = 240;      ///< points; higher rows at the top would leave no room for those that scroll
+    double maxBackdropShare = 0.3;   ///< of the page; a larger picture behind text is its backdrop
+    std::size_t minDividedLines = 2; ///< lines; the tab of a single line makes no columns
 };
 constexpr Thresholds thresholds;
 
@@ -106,7 +109,19 @@ bool needsSpan(const model::Paragraph &paragraph, std::size_t rows)
            paragraph.shading || paragraph.borderAbove.line.width > 0 || paragraph.borderBelow.line.width > 0;
 }
 
-double textWidth(const model::Page &page)
+/// Returns the box around the columns of the page.
+Box textBox(const model::Page &page)
+{
+    Box box;
+    for (const model::Section &section : page.sections) {
+        for (const Box &column : section.columns) {
+            box = united(box, column);
+        }
+    }
+    return box;
+}
+
+double widestColumn(const model::Page &page)
 {
     double width = 0;
     for (const model::Section &section : page.sections) {
@@ -117,15 +132,57 @@ double textWidth(const model::Page &page)
     return width;
 }
 
+/// Divides lines with tabs into their parts, which get columns where they stand on the page.
+void divideLines(SheetPlan &plan, const model::Page &page, bool hasTables)
+{
+    std::vector<TextBand *> bands;
+    std::vector<std::vector<model::Paragraph>> lines;
+    for (SheetBand &band : plan.bands) {
+        if (auto *text = std::get_if<TextBand>(&band)) {
+            std::vector<model::Paragraph> parts = tabParts(*text->parts.front().paragraph);
+            if (!parts.empty()) {
+                bands.push_back(text);
+                lines.push_back(std::move(parts));
+            }
+        }
+    }
+    const double left = textBox(page).left;
+    if (!hasTables && lines.size() >= thresholds.minDividedLines) {
+        plan.columnWidths =
+            columnsFromParts(lines, left, std::accumulate(plan.columnWidths.begin(), plan.columnWidths.end(), 0.0));
+    }
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const std::vector<PartColumns> places = columnsForParts(lines[i], left, plan.columnWidths);
+        bands[i]->parts.clear();
+        for (std::size_t k = 0; k < lines[i].size(); ++k) {
+            const model::Paragraph &part = plan.texts.emplace_back(std::move(lines[i][k]));
+            bands[i]->parts.push_back({&part, places[k].column, places[k].span});
+        }
+    }
+}
+
 /// Sets the heights of the rows, which depend on the widths of the columns.
 void layOut(SheetPlan &plan)
 {
-    const double width = std::accumulate(plan.columnWidths.begin(), plan.columnWidths.end(), 0.0);
+    const std::vector<double> &widths = plan.columnWidths;
+    const double all = std::accumulate(widths.begin(), widths.end(), 0.0);
     for (SheetBand &band : plan.bands) {
         if (auto *text = std::get_if<TextBand>(&band)) {
-            text->rowHeights = textRows(*text->paragraph, width);
-            const bool span = needsSpan(*text->paragraph, text->rowHeights.size());
-            text->columnSpan = span ? static_cast<int>(plan.columnWidths.size()) : 1;
+            const bool divided = text->parts.size() > 1;
+            for (TextPart &part : text->parts) {
+                const auto first = widths.begin() + part.column;
+                const double width = divided ? std::accumulate(first, first + part.columnSpan, 0.0) : all;
+                std::vector<double> rows = textRows(*part.paragraph, width);
+                if (!divided && needsSpan(*part.paragraph, rows.size())) {
+                    part.columnSpan = static_cast<int>(widths.size());
+                }
+                const auto height = [](const std::vector<double> &heights) {
+                    return std::accumulate(heights.begin(), heights.end(), 0.0);
+                };
+                if (height(rows) > height(text->rowHeights)) {
+                    text->rowHeights = std::move(rows);
+                }
+            }
         } else if (auto *picture = std::get_if<PictureBand>(&band)) {
             picture->rowHeights = pictureRows(picture->box.height());
         }
@@ -192,6 +249,7 @@ model::Table SheetPlanner::wholeTable(const model::Table &first, bool rightToLef
             appendTable(table, model::uprightTable(*continuation));
         }
     }
+    moveCurrencySigns(table);
     keepLineEnds(table);
     return rightToLeft ? mirroredTable(std::move(table)) : table;
 }
@@ -213,7 +271,7 @@ std::vector<SheetBand> SheetPlanner::contents(const model::Page &page, SheetPlan
     std::vector<const model::Figure *> backdrops;
     const auto addText = [&bands](const model::Paragraph &paragraph) {
         if (!paragraph.lines.empty()) {
-            bands.emplace_back(TextBand{&paragraph, 1, {}});
+            bands.emplace_back(TextBand{{{&paragraph, 0, 1}}, {}});
         }
     };
     const auto addPicture = [&](const model::Figure &figure) {
@@ -255,7 +313,10 @@ SheetPlan SheetPlanner::plan(const model::Page &page) const
             tables.push_back(&table->table);
         }
     }
-    plan.columnWidths = withTextColumn(sheetColumns(tables), textWidth(page));
+    plan.columnWidths = withTextColumn(sheetColumns(tables), widestColumn(page));
+    if (!plan.rightToLeft) {
+        divideLines(plan, page, !tables.empty());
+    }
     layOut(plan);
     plan.headRows = headRows(plan);
     return plan;

@@ -14,12 +14,19 @@
 // What a sheet contains, from top to bottom. Pure functions on the document model; lengths in points.
 namespace quorra::office {
 
-/// A paragraph in the first column. Its text wraps over several columns, and extends over several rows if it is higher
-/// than a row can be.
-struct TextBand
+/// A text in some columns of a row.
+struct TextPart
 {
     const model::Paragraph *paragraph = nullptr;
+    int column = 0;
     int columnSpan = 1;
+};
+
+/// A paragraph, in the first column or, if it is a line with tabs, in several. Its text wraps over several columns, and
+/// extends over several rows if it is higher than a row can be.
+struct TextBand
+{
+    std::vector<TextPart> parts; ///< from left to right; at least one
     std::vector<double> rowHeights;
 };
 
@@ -50,7 +57,7 @@ struct SheetPlan
     std::vector<SheetBand> bands;
     bool rightToLeft = false;           ///< the first column is at the right edge
     int headRows = 0;                   ///< rows at the top of the sheet that remain visible when it is scrolled
-    std::deque<model::Paragraph> texts; ///< paragraphs that only the sheet has: the labels of figures
+    std::deque<model::Paragraph> texts; ///< paragraphs that only the sheet has: labels of figures, parts of lines
 };
 
 /// Plans the sheets of a document, page by page. The document must outlive the plans.

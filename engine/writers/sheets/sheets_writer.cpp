@@ -2,12 +2,12 @@
 #include "sheets/sheets_writer.h"
 
 #include "base/xml_text.h"
+#include "cell_repairs.h"
 #include "cell_value.h"
+#include "document/language.h"
 #include "document/page_walk.h"
-#include "number_format.h"
 #include "odf/odf_frames.h"
 #include "odf/odf_tables.h"
-#include "sheet_date.h"
 #include "sheet_layout.h"
 #include "sheet_names.h"
 #include "sheet_plan.h"
@@ -41,18 +41,41 @@ struct CellLook
     QString verticalAlignment;
     double indent = 0; ///< points
     bool wraps = false;
+    bool isText = false; ///< even if it could be read as a number
 };
+
+QStringList cellTexts(const model::Table &table)
+{
+    QStringList texts;
+    for (const model::Cell &cell : table.cells) {
+        texts.push_back(cellText(cell));
+    }
+    return texts;
+}
+
+/// Returns how the tables of the document write numbers and dates.
+CellHabits documentHabits(const model::Document &document)
+{
+    QStringList texts;
+    for (const model::Page &page : document.pages) {
+        forEachBlock(page, [&texts](const model::Block &block) {
+            if (const model::Table *table = block.table()) {
+                texts += cellTexts(*table);
+            }
+        });
+    }
+    return cellHabits(texts, model::languageOf(document));
+}
 
 /// Writes the sheets of a document.
 class SheetWriter
 {
 public:
-    SheetWriter(OdfFile &file, model::PictureSource &pictures, const QStringList &texts)
+    SheetWriter(OdfFile &file, model::PictureSource &pictures, const CellHabits &habits)
         : m_sink{file.body(), file.styles()}
         , m_printing(file.masters())
         , m_pictures(pictures)
-        , m_numberStyle(numberStyleOf(texts))
-        , m_dateOrder(dateOrderOf(texts))
+        , m_habits(habits)
     {}
 
     void write(const QString &name, const model::Page &page, const SheetPlan &plan);
@@ -65,16 +88,14 @@ private:
     void writeEmptyRow(double height);
     void writeCoveredRow(double height, int columns);
     void writeCovered(int columns);
-    void writeCell(const model::Cell &cell, const CellLook &look);
-    void writeValue(const Number &number);
+    void writeCell(const model::Cell &cell, const CellHabits &habits, const CellLook &look);
     QString
     cellStyle(const model::Cell &cell, const model::Style &textStyle, const QString &dataStyle, const CellLook &look);
 
     Sink m_sink;
     SheetPrinting m_printing;
     model::PictureSource &m_pictures;
-    NumberStyle m_numberStyle;
-    DateOrder m_dateOrder;
+    CellHabits m_habits; ///< of the document
 };
 
 XmlElement SheetWriter::beginRow(double height)
@@ -151,12 +172,6 @@ QString SheetWriter::cellStyle(
     return m_sink.styles.name(style);
 }
 
-void SheetWriter::writeValue(const Number &number)
-{
-    m_sink.xml.writeAttribute("office:value-type"_L1, number.percent ? "percentage"_L1 : "float"_L1);
-    m_sink.xml.writeAttribute("office:value"_L1, QString::number(number.value, 'g', 15));
-}
-
 /// Returns the runs without links to pages, which a workbook does not have.
 std::vector<model::Run> withoutPageLinks(std::vector<model::Run> runs)
 {
@@ -168,45 +183,39 @@ std::vector<model::Run> withoutPageLinks(std::vector<model::Run> runs)
     return runs;
 }
 
-void SheetWriter::writeCell(const model::Cell &cell, const CellLook &look)
+void SheetWriter::writeCell(const model::Cell &cell, const CellHabits &habits, const CellLook &look)
 {
     QXmlStreamWriter &xml = m_sink.xml;
-    const QString text = cellText(cell);
-    const std::optional<Number> number = cellNumber(cell, m_numberStyle);
-    const std::optional<SheetDate> date = readDate(text, m_dateOrder);
-    const QString dataStyle = number ? numberFormat(m_sink.styles, *number)
-                              : date ? dateFormat(m_sink.styles, *date)
-                                     : QString();
+    const CellValue value = look.isText ? CellValue{} : cellValue(cell, habits);
     const model::Style textStyle = dominantStyle(model::runsOf(cell));
     const XmlElement element(xml, "table:table-cell"_L1);
-    xml.writeAttribute("table:style-name"_L1, cellStyle(cell, textStyle, dataStyle, look));
+    xml.writeAttribute("table:style-name"_L1, cellStyle(cell, textStyle, dataStyle(m_sink.styles, value), look));
     writeSpans(xml, cell);
-    if (number) {
-        writeValue(*number);
-        xml.writeTextElement("text:p"_L1, xmlText(text));
-    } else if (date) {
-        xml.writeAttribute("office:value-type"_L1, "date"_L1);
-        xml.writeAttribute("office:date-value"_L1, date->day.toString(Qt::ISODate));
-        xml.writeTextElement("text:p"_L1, xmlText(text));
-    } else if (!text.isEmpty()) {
+    writeValue(xml, value);
+    if (!std::holds_alternative<std::monostate>(value)) {
+        xml.writeTextElement("text:p"_L1, xmlText(cellText(cell)));
+        return;
+    }
+    const std::vector<std::vector<model::Run>> lines = cellLines(cell);
+    if (std::any_of(lines.begin(), lines.end(), [](const std::vector<model::Run> &line) { return !line.empty(); })) {
         xml.writeAttribute("office:value-type"_L1, "string"_L1);
-        for (const std::vector<model::Run> &line : cellLines(cell)) {
-            const XmlElement element(xml, "text:p"_L1);
+        for (const std::vector<model::Run> &line : lines) {
+            const XmlElement paragraph(xml, "text:p"_L1);
             writeRuns(m_sink, withoutPageLinks(line), textStyle);
         }
     }
 }
 
-/// Returns a cell that shows the paragraph.
-model::Cell cellOf(const TextBand &band)
+/// Returns a cell that shows the text.
+model::Cell cellOf(const TextPart &part, std::size_t rows)
 {
     model::Cell cell;
-    cell.columnSpan = band.columnSpan;
-    cell.rowSpan = static_cast<int>(band.rowHeights.size());
-    cell.top = band.paragraph->borderAbove.line;
-    cell.bottom = band.paragraph->borderBelow.line;
-    cell.background = band.paragraph->shading;
-    cell.paragraphs.push_back(*band.paragraph);
+    cell.columnSpan = part.columnSpan;
+    cell.rowSpan = static_cast<int>(rows);
+    cell.top = part.paragraph->borderAbove.line;
+    cell.bottom = part.paragraph->borderBelow.line;
+    cell.background = part.paragraph->shading;
+    cell.paragraphs.push_back(*part.paragraph);
     return cell;
 }
 
@@ -215,11 +224,15 @@ void SheetWriter::writeBand(const TextBand &band)
     const std::vector<double> &heights = band.rowHeights;
     {
         const XmlElement row = beginRow(heights.front());
-        const bool wraps = band.columnSpan > 1 || heights.size() > 1 || band.paragraph->lines.size() > 1;
-        writeCell(cellOf(band), {u"bottom"_s, textIndent(*band.paragraph), wraps});
-        writeCovered(band.columnSpan - 1);
+        const bool divided = band.parts.size() > 1;
+        for (const TextPart &part : band.parts) {
+            const bool wraps = divided || part.columnSpan > 1 || heights.size() > 1 || part.paragraph->lines.size() > 1;
+            writeCell(cellOf(part, heights.size()), m_habits, {u"bottom"_s, textIndent(*part.paragraph), wraps});
+            writeCovered(part.columnSpan - 1);
+        }
     }
-    std::for_each(heights.begin() + 1, heights.end(), [&](double height) { writeCoveredRow(height, band.columnSpan); });
+    const int columns = band.parts.back().column + band.parts.back().columnSpan;
+    std::for_each(heights.begin() + 1, heights.end(), [&](double height) { writeCoveredRow(height, columns); });
 }
 
 void SheetWriter::writeBand(const TableBand &band, bool repeatsHead)
@@ -227,6 +240,8 @@ void SheetWriter::writeBand(const TableBand &band, bool repeatsHead)
     const model::Table &table = band.table;
     const std::vector<double> heights = sheetRows(table);
     const std::vector<double> indents = sheetIndents(table);
+    const CellHabits habits = tableHabits(cellTexts(table), m_habits);
+    const std::vector<bool> counting = countingCells(table);
     std::optional<XmlElement> head;
     const auto begin = [&](int row) {
         if (repeatsHead && row == 0) {
@@ -237,8 +252,9 @@ void SheetWriter::writeBand(const TableBand &band, bool repeatsHead)
         return beginRow(*(heights.begin() + row));
     };
     writeRows(m_sink.xml, table, begin, [&](const model::Cell &cell) {
-        const double indent = *(indents.begin() + (&cell - table.cells.data()));
-        writeCell(cell, {sheetVerticalAlignment(cell), indent, wrapsInSheet(cell)});
+        const auto index = &cell - table.cells.data();
+        const bool isText = *(counting.begin() + index);
+        writeCell(cell, habits, {sheetVerticalAlignment(cell), *(indents.begin() + index), wrapsInSheet(cell), isText});
     });
 }
 
@@ -284,29 +300,13 @@ void SheetWriter::write(const QString &name, const model::Page &page, const Shee
     }
 }
 
-/// Returns the texts of all cells of tables, by which the document shows how it writes numbers and dates.
-QStringList cellTexts(const model::Document &document)
-{
-    QStringList texts;
-    for (const model::Page &page : document.pages) {
-        forEachBlock(page, [&texts](const model::Block &block) {
-            if (const model::Table *table = block.table()) {
-                for (const model::Cell &cell : table->cells) {
-                    texts.push_back(cellText(cell));
-                }
-            }
-        });
-    }
-    return texts;
-}
-
 } // namespace
 
 void writeSheets(OdfFile &file, const model::Document &document, model::PictureSource &pictures)
 {
     const SheetPlanner planner(document);
     const std::vector<QString> names = sheetNames(document.pages);
-    SheetWriter writer(file, pictures, cellTexts(document));
+    SheetWriter writer(file, pictures, documentHabits(document));
     auto name = names.begin();
     for (const model::Page &page : document.pages) {
         if (!planner.isContinuation(page)) {

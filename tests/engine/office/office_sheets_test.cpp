@@ -2,12 +2,14 @@
 #include "office_fixture.h"
 
 #include "sheets/sheets_writer.h"
+#include "writers/sheets/cell_repairs.h"
 #include "writers/sheets/cell_value.h"
 #include "writers/sheets/sheet_date.h"
 #include "writers/sheets/sheet_layout.h"
 #include "writers/sheets/sheet_names.h"
 #include "writers/sheets/sheet_plan.h"
 #include "writers/sheets/sheet_tables.h"
+#include "writers/sheets/tab_columns.h"
 
 #include <QTest>
 
@@ -31,6 +33,11 @@ private Q_SLOTS:
     void onlyHeadsOfSingleTablesAreRepeated();
     void rightToLeftSheetsBeginAtTheRight();
     void lineEndsWithAMeaningStay();
+    void partsOfLinesAreCells();
+    void numbersOfSectionsStayWithTheirText();
+    void columnsBeginWherePartsDo();
+    void farCurrencySignsBelongToTheNextCell();
+    void countedColumnsAreNotNegative();
     void columnsHoldTheirTexts();
     void rowsHoldTheirLines();
     void textsKeepTheirPlaceInTheCell();
@@ -40,6 +47,8 @@ private Q_SLOTS:
     void eachParagraphKeepsItsLook();
     void datesAreReadAsTheDocumentWritesThem_data();
     void datesAreReadAsTheDocumentWritesThem();
+    void languagesDecideWhatIsOpen();
+    void formatsShowWhatThePageShows();
     void datesAreDays();
     void sheetsPrintOnOnePaperWidth();
 };
@@ -269,10 +278,97 @@ void OfficeSheetsTest::lineEndsWithAMeaningStay()
     QCOMPARE(cellText(table.cells[0]), QStringLiteral("12\n345"));
     QCOMPARE(cellText(table.cells[1]), QStringLiteral("Street 5\nTown"));
     QCOMPARE(cellText(table.cells[3]), QStringLiteral("a line that is as wideasthenextword"));
-    QVERIFY(!cellNumber(table.cells[0], NumberStyle::Comma));
+    QVERIFY(!cellNumber(table.cells[0], {NumberStyle::Comma}));
     const QString text = sheets(table);
     QVERIFY(text.contains(QLatin1String("<text:p>12</text:p><text:p>345</text:p>"))); // cells have no line breaks
     QVERIFY(!text.contains(QLatin1String("office:value-type=\"float\"")));
+}
+
+namespace {
+
+/// A line whose words are divided by tabs, each beginning at one of these places.
+model::Paragraph tabbed(const QStringList &words, const std::vector<double> &lefts, double top = 80)
+{
+    model::Paragraph paragraph = fixture::paragraph(words.join(u' '), {lefts[0], top, 540, top + 12});
+    for (std::size_t i = 0; i < lefts.size(); ++i) {
+        model::Word &word = paragraph.lines[0].words[i];
+        word.box = {lefts[i], top, lefts[i] + 5 * static_cast<double>(word.text.size()), top + 12};
+        word.separator = model::Separator::Tab;
+        paragraph.tabStops.push_back({lefts[i] - lefts[0], model::Alignment::Left, false});
+    }
+    return paragraph;
+}
+
+} // namespace
+
+void OfficeSheetsTest::partsOfLinesAreCells()
+{
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {
+        fixture::block(tabbed({QStringLiteral("Item"), QStringLiteral("Count")}, {72, 300})),
+        fixture::block(tabbed({QStringLiteral("Nails"), QStringLiteral("1,250")}, {72, 305}, 100)),
+        fixture::block(fixture::paragraph(QStringLiteral("a line without tabs"), {72, 120, 200, 132}))};
+    const model::Document document = fixture::document({page});
+    const SheetPlan plan = SheetPlanner(document).plan(document.pages[0]);
+    QCOMPARE(plan.columnWidths, (std::vector<double>{228, 240}));
+    const auto &line = std::get<TextBand>(plan.bands[1]);
+    QCOMPARE(line.parts.size(), std::size_t(2));
+    QCOMPARE(line.parts[1].column, 1);
+    const QString text = sheets(std::vector<model::Page>{page});
+    QVERIFY(text.contains(QLatin1String("office:value-type=\"float\" office:value=\"1250\"")));
+    QCOMPARE(fixture::paragraphs(text).size(), 5);
+}
+
+void OfficeSheetsTest::numbersOfSectionsStayWithTheirText()
+{
+    QCOMPARE(tabParts(tabbed({QStringLiteral("2.1"), QStringLiteral("Methods")}, {72, 100})).size(), std::size_t(0));
+    QCOMPARE(tabParts(tabbed({QStringLiteral("(a)"), QStringLiteral("first")}, {72, 100})).size(), std::size_t(0));
+    QCOMPARE(tabParts(tabbed({QStringLiteral("Sum"), QStringLiteral("2.1")}, {72, 100})).size(), std::size_t(2));
+    const QStringList three = {QStringLiteral("2"), QStringLiteral("Methods"), QStringLiteral("7")};
+    QCOMPARE(tabParts(tabbed(three, {72, 100, 500})).size(), std::size_t(3));
+}
+
+void OfficeSheetsTest::columnsBeginWherePartsDo()
+{
+    const QStringList words = {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
+    const std::vector<model::Paragraph> parts = tabParts(tabbed(words, {72, 170, 260}));
+    std::vector<double> widths = {100, 50, 50, 100};
+    std::vector<PartColumns> places = columnsForParts(parts, 72, widths);
+    QCOMPARE(places[0].span, 1);
+    QCOMPARE(places[1].column, 1);
+    QCOMPARE(places[1].span, 2);
+    QCOMPARE(places[2].column, 3);
+    widths = {400};
+    places = columnsForParts(parts, 72, widths);
+    QCOMPARE(widths.size(), std::size_t(3)); // one for each part
+    QCOMPARE(places[2].column, 2);
+}
+
+void OfficeSheetsTest::farCurrencySignsBelongToTheNextCell()
+{
+    model::Table table = fixture::table(2, {QStringLiteral("12 $"), QStringLiteral("2,772")});
+    moveCurrencySigns(table);
+    QCOMPARE(cellText(table.cells[0]), QStringLiteral("12 $")); // as in "12 $" and "14 $"
+    model::Word &sign = table.cells[0].paragraphs[0].lines[0].words[1];
+    sign.box = {140, sign.box.top, 145, sign.box.bottom};
+    moveCurrencySigns(table);
+    QCOMPARE(cellText(table.cells[0]), QStringLiteral("12"));
+    QCOMPARE(cellText(table.cells[1]), QStringLiteral("$ 2,772"));
+    QCOMPARE(cellNumber(table.cells[1], {})->prefix, QStringLiteral("$ "));
+    table = fixture::table(2, {QStringLiteral("$"), QStringLiteral("2,772")});
+    moveCurrencySigns(table);
+    QCOMPARE(cellText(table.cells[0]), QStringLiteral("$")); // in a column of its own
+}
+
+void OfficeSheetsTest::countedColumnsAreNotNegative()
+{
+    const model::Table table = fixture::table(
+        3, {QStringLiteral("(1)"), QStringLiteral("(2)"), QStringLiteral("(3)"), QStringLiteral("(7)"),
+            QStringLiteral("(7)"), QStringLiteral("5")});
+    QCOMPARE(countingCells(table), (std::vector<bool>{true, true, true, false, false, false}));
+    const QString text = sheets(table);
+    QVERIFY(!text.contains(QLatin1String("office:value=\"-2\"")));
+    QVERIFY(text.contains(QLatin1String("office:value=\"-7\"")));
 }
 
 void OfficeSheetsTest::columnsHoldTheirTexts()
@@ -337,14 +433,14 @@ void OfficeSheetsTest::marksOfNotesAreNoDigits()
 {
     model::Cell cell;
     cell.paragraphs = {withMark(QStringLiteral("8,935,112"), QStringLiteral("3"))};
-    const std::optional<Number> number = cellNumber(cell, NumberStyle::Point);
+    const std::optional<Number> number = cellNumber(cell, {NumberStyle::Point});
     QVERIFY(number);
     QCOMPARE(number->value, 8935112.0);
     QCOMPARE(number->suffix, QStringLiteral("\u00b3"));
     cell.paragraphs = {withMark(QStringLiteral("word"), QStringLiteral("3"))};
-    QVERIFY(!cellNumber(cell, NumberStyle::Point));
+    QVERIFY(!cellNumber(cell, {NumberStyle::Point}));
     cell.paragraphs = {fixture::paragraph(QStringLiteral("1,234"), {100, 100, 150, 112})};
-    QCOMPARE(cellNumber(cell, NumberStyle::Point)->value, 1234.0);
+    QCOMPARE(cellNumber(cell, {NumberStyle::Point})->value, 1234.0);
 }
 
 void OfficeSheetsTest::rightToLeftCellsReadSo()
@@ -369,41 +465,107 @@ void OfficeSheetsTest::eachParagraphKeepsItsLook()
 void OfficeSheetsTest::datesAreReadAsTheDocumentWritesThem_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("others"); // in the same document
-    QTest::addColumn<QDate>("day");
-    QTest::newRow("month first") << "8/9/2012"
-                                 << "10/31/2012" << QDate(2012, 8, 9);
-    QTest::newRow("day first") << "8/9/2012"
-                               << "31/10/2012" << QDate(2012, 9, 8);
-    QTest::newRow("either way") << "8/9/2012"
-                                << "1/2/2012" << QDate();
-    QTest::newRow("both ways") << "8/9/2012"
-                               << "31/10/2012 10/31/2012" << QDate();
-    QTest::newRow("year first") << "2012-08-09"
-                                << "" << QDate(2012, 8, 9);
-    QTest::newRow("points") << "8.9.2012"
-                            << "" << QDate(2012, 9, 8);
-    QTest::newRow("no such day") << "31/2/2012"
-                                 << "31/10/2012" << QDate();
-    QTest::newRow("short year") << "8/31/12"
-                                << "10/31/2012" << QDate();
-    QTest::newRow("a range") << "2012-13"
-                             << "" << QDate();
-    QTest::newRow("a version") << "1.2.3"
-                               << "" << QDate();
+    QTest::addColumn<QString>("others"); // in the same document, separated by "|"
+    QTest::addColumn<QString>("moment"); // as in ISO 8601; empty for text
+    const auto row = [](const char *name, const char *text, const char *others, const char *moment) {
+        QTest::newRow(name) << QString::fromUtf8(text) << QString::fromUtf8(others) << QString::fromUtf8(moment);
+    };
+    row("month first", "8/9/2012", "10/31/2012", "2012-08-09");
+    row("day first", "8/9/2012", "31/10/2012", "2012-09-08");
+    row("either way", "8/9/2012", "1/2/2012", "");
+    row("both ways", "8/9/2012", "31/10/2012|10/31/2012", "");
+    row("year first", "2012-08-09", "", "2012-08-09");
+    row("points", "8.9.2012", "", "2012-09-08");
+    row("points and spaces", "8. 9. 2012", "", "2012-09-08");
+    row("no such day", "31/2/2012", "31/10/2012", "");
+    row("short year", "8/9/12", "10/31/12", "2012-08-09");
+    row("short year of the last century", "8/9/98", "", "");
+    row("short year like long ones", "8/9/12", "31/10/2012", "2012-09-08");
+    row("short year, order unknown", "8/9/12", "1/2/12", "");
+    row("short year, day of a long one", "8/31/12", "10/31/2012", "2012-08-31");
+    row("short year with points", "10.11.12", "25.12.99", "2012-11-10");
+    row("chapters", "10.11.12", "1.2.3", "");
+    row("a range", "2012-13", "", "");
+    row("a version", "1.2.3", "", "");
+    row("month by name", "8 March 2012", "", "2012-03-08");
+    row("month before the day", "March 8, 2012", "", "2012-03-08");
+    row("short month", "8-Mar-12", "", "2012-03-08");
+    row("ordinal number", "8th March 2012", "", "2012-03-08");
+    row("German", "8. M\u00e4rz 2012", "", "2012-03-08");
+    row("Spanish", "8 de marzo de 2012", "", "2012-03-08");
+    row("Polish", "8 lutego 2012", "", "2012-02-08");
+    row("Japanese", "2012\u5e743\u67088\u65e5", "", "2012-03-08");
+    row("day of the week", "Thursday, March 8, 2012", "", "2012-03-08");
+    row("another day of the week", "Friday, March 8, 2012", "", "");
+    row("month of a year", "Mar 2012", "", "2012-03-01");
+    row("month of a short year", "Mar-12", "Dec-98", "2012-03-01");
+    row("month and day", "Mar-12", "Dec-24", "");
+    row("no such month", "8 Marchember 2012", "", "");
+    row("different months", "8 listopad 2012", "", "");
+    row("sentence", "in March 2012", "", "");
+    row("time", "9:05", "", "09:05:00");
+    row("seconds", "23:59:58", "", "23:59:58");
+    row("afternoon", "2:30 PM", "", "14:30:00");
+    row("midnight", "12:05 a.m.", "", "00:05:00");
+    row("no such time", "24:00", "", "");
+    row("no such minute", "2:75", "", "");
+    row("ratio", "2:1", "", "");
+    row("thirteen in the afternoon", "13:00 PM", "", "");
+    row("date and time", "2012-08-09 14:30", "", "2012-08-09T14:30:00");
+    row("two lines", "2012-08-09\n14:30", "", "");
+    row("before the first day", "1/31/1850", "", "");
 }
 
 void OfficeSheetsTest::datesAreReadAsTheDocumentWritesThem()
 {
     QFETCH(const QString, text);
     QFETCH(const QString, others);
-    QFETCH(const QDate, day);
-    const DateOrder order = dateOrderOf(others.split(u' ') + QStringList{text});
-    const std::optional<SheetDate> date = readDate(text, order);
-    QCOMPARE(date.has_value(), day.isValid());
+    QFETCH(const QString, moment);
+    const std::optional<SheetDate> date = readDate(text, dateHabitsOf(others.split(u'|') + QStringList{text}, {}));
+    QString found;
     if (date) {
-        QCOMPARE(date->day, day);
+        const QString day = date->day.isValid() ? date->day.toString(Qt::ISODate) : QString();
+        const QString time = date->time.isValid() ? date->time.toString(Qt::ISODate) : QString();
+        found = day + (day.isEmpty() || time.isEmpty() ? QString() : QStringLiteral("T")) + time;
     }
+    QCOMPARE(found, moment);
+}
+
+void OfficeSheetsTest::languagesDecideWhatIsOpen()
+{
+    const auto read = [](const QString &text, const QString &language) {
+        return readDate(text, dateHabitsOf({text}, language)).value_or(SheetDate{}).day;
+    };
+    const QString open = QStringLiteral("8/9/2012");
+    QCOMPARE(read(open, QStringLiteral("fr")), QDate(2012, 9, 8));
+    QCOMPARE(read(open, QStringLiteral("en-GB")), QDate(2012, 9, 8));
+    QCOMPARE(read(open, QStringLiteral("en-US")), QDate()); // programs write this tag into any file
+    QCOMPARE(read(QStringLiteral("8/31/2012"), QStringLiteral("fr")), QDate(2012, 8, 31));
+    QCOMPARE(read(QStringLiteral("8 listopad 2012"), QStringLiteral("hr")), QDate(2012, 10, 8));
+    QCOMPARE(read(QStringLiteral("8 listopad 2012"), QStringLiteral("cs-CZ")), QDate(2012, 11, 8));
+    model::Cell cell;
+    cell.paragraphs = {fixture::paragraph(QStringLiteral("1,234"), {100, 100, 150, 112})};
+    const auto numberIn = [&cell](const QString &language) {
+        return std::get<Number>(cellValue(cell, cellHabits({}, language))).value;
+    };
+    QCOMPARE(numberIn(QStringLiteral("de")), 1.234);
+    QCOMPARE(numberIn(QStringLiteral("en")), 1234.0);
+}
+
+void OfficeSheetsTest::formatsShowWhatThePageShows()
+{
+    const QString text = sheets(fixture::table(
+        1, {QStringLiteral("8 mars 2012"), QStringLiteral("2:05 PM"), QStringLiteral("2012-08-09 14:30"),
+            QStringLiteral("\u25b35"), QStringLiteral("7 \u2030"), QStringLiteral("1.5E+03"), QStringLiteral("3%*")}));
+    QVERIFY(text.contains(QLatin1String("number:language=\"fr\" number:country=\"FR\"")));
+    QVERIFY(text.contains(QLatin1String("<number:month number:style=\"long\" number:textual=\"true\"/>")));
+    QVERIFY(text.contains(QLatin1String("office:value-type=\"time\" office:time-value=\"PT14H05M00S\"")));
+    QVERIFY(text.contains(QLatin1String("<number:am-pm/>")));
+    QVERIFY(text.contains(QLatin1String("office:date-value=\"2012-08-09T14:30:00\"")));
+    QVERIFY(text.contains(QStringLiteral("<number:text>\u25b3</number:text>")));
+    QVERIFY(text.contains(QLatin1String("office:value=\"7\"")));
+    QVERIFY(text.contains(QLatin1String("<number:scientific-number number:decimal-places=\"1\"")));
+    QVERIFY(text.contains(QLatin1String("<number:text>%*</number:text>")));
 }
 
 void OfficeSheetsTest::datesAreDays()

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Reads the engine's outputs with third-party libraries, or directly where the format is simple."""
 import collections
+import datetime
 import html
 import html.parser
 import itertools
@@ -221,16 +222,34 @@ def sheet_text(path):
     return "\n".join(cell[4] for sheet in sheet_tables(path) for cell in sheet)
 
 
+def shown_moment(value, form):
+    """A date or time in a number format; names in English, whatever the language of the format."""
+    form = re.sub(r"\[[^\]]*\]", "", form)
+    directives = {"yyyy": "%Y", "yy": "%y", "mmmm": "%B", "mmm": "%b", "dddd": "%A", "ddd": "%a", "hh": "%H", "h": "%-H",
+                  "dd": "%d", "d": "%-d", "ss": "%S", "AM/PM": "%p"}
+    if "AM/PM" in form:
+        directives.update({"hh": "%I", "h": "%-I"})
+    parts = []
+    for text, part in re.findall(r'"([^"]*)"|(\\.|AM/PM|y+|m+|d+|h+|s+|.)', form):
+        if part in ("m", "mm"):
+            minutes = any(each in ("%H", "%-H", "%I", "%-I") for each in parts[-2:])
+            part = ("%M" if minutes else "%m") if part == "mm" else "%-M" if minutes else "%-m"
+        parts.append(text or directives.get(part, part.lstrip("\\")))
+    return value.strftime("".join(parts))
+
+
 def shown(cell):
     """The cell's text as its number format shows it, for the formats that the engine writes."""
     value, form = cell.value, cell.number_format or "General"
     if isinstance(value, str) or isinstance(value, bool):
         return str(value)
-    if hasattr(value, "year"):
-        parts = {"yyyy": value.year, "mm": "%02d" % value.month, "m": value.month, "dd": "%02d" % value.day, "d": value.day}
-        return re.sub("yyyy|mm|m|dd|d", lambda part: str(parts[part.group()]), re.sub(r"[\"\\]", "", form.lower()))
+    if isinstance(value, datetime.timedelta):
+        value = (datetime.datetime.min + value).time()
+    if isinstance(value, (datetime.date, datetime.time)):
+        return shown_moment(value, form)
     negative_part = form.split(";")[1] if value < 0 and ";" in form else None
-    if ";" in form:
+    sections = ";" in form
+    if sections:
         parts = form.split(";")
         # "[>=0]a;b" names the condition, "a;b" does not
         form = next((p for p in parts if (">=0" in p) == (value >= 0)), parts[0]) if "[" in form else (
@@ -242,7 +261,7 @@ def shown(cell):
     if not match:
         return ("%g" % value)
     decimals = len(match.group(1) or ".") - 1
-    negative = value < 0 and "(" not in form
+    negative = value < 0 and not sections
     number = ("{:,.%df}" if "," in match.group() else "{:.%df}").replace("%d", str(decimals)).format(abs(value))
     literal = lambda part: re.sub(r"[\"\\_]", "", part)
     return ("-" if negative else "") + literal(form[:match.start()]) + number + literal(form[match.end():])
