@@ -59,6 +59,18 @@ namedStyle(QLatin1String name, QLatin1String family, const Attributes &more = {}
     return {"style:style"_L1, attributes, std::move(children)};
 }
 
+/// Returns a named style of paragraphs; `shown` is the name for readers where it differs.
+Element basedOnStandard(QLatin1String name, const QString &shown = {})
+{
+    Attributes more = {{"style:parent-style-name"_L1, u"Standard"_s}};
+    if (!shown.isEmpty()) {
+        more.emplace_back("style:display-name"_L1, shown);
+    }
+    return namedStyle(name, "paragraph"_L1, more);
+}
+
+constexpr int maxHeadingLevel = 6; // as in HTML
+
 Element headingStyle(int level)
 {
     const QString number = QString::number(level);
@@ -130,14 +142,19 @@ std::vector<Element> fixedStyles(OdfKind kind, const QString &language)
         styles = {
             plainParagraph,
             namedStyle("Standard"_L1, "paragraph"_L1),
-            headingStyle(1),
-            headingStyle(2),
-            headingStyle(3),
-            namedStyle("Caption"_L1, "paragraph"_L1, {{"style:parent-style-name"_L1, u"Standard"_s}}),
-            namedStyle("Header"_L1, "paragraph"_L1, {{"style:parent-style-name"_L1, u"Standard"_s}}),
-            namedStyle("Footer"_L1, "paragraph"_L1, {{"style:parent-style-name"_L1, u"Standard"_s}}),
+            basedOnStandard("Title"_L1),
+            basedOnStandard("List"_L1),
+            basedOnStandard("Caption"_L1),
+            basedOnStandard("Footnote"_L1),
+            basedOnStandard("Header"_L1),
+            basedOnStandard("Footer"_L1),
+            basedOnStandard("Table_20_Contents"_L1, u"Table Contents"_s),
+            basedOnStandard("Empty_20_Line"_L1, u"Empty Line"_s),
             namedStyle("Frame"_L1, "graphic"_L1),
             namedStyle("Graphics"_L1, "graphic"_L1)};
+        for (int level = 1; level <= maxHeadingLevel; ++level) {
+            styles.push_back(headingStyle(level));
+        }
         break;
     case OdfKind::Presentation:
         styles = defaultStyles("graphic"_L1, languageProperties);
@@ -222,17 +239,9 @@ void OdfFile::writeStyles(QXmlStreamWriter &xml) const
         const XmlElement fonts(xml, "office:font-face-decls"_L1);
         m_styles.writeFonts(xml);
     }
-    {
-        const XmlElement styles(xml, "office:styles"_L1);
-        for (const Element &style : fixedStyles(m_kind, m_language)) {
-            writeElement(xml, style);
-        }
-        for (const Element &style : m_namedStyles) {
-            writeElement(xml, style);
-        }
-    }
-    const XmlElement automatic(xml, "office:automatic-styles"_L1);
-    m_styles.writeStyles(xml);
+    std::vector<Element> named = fixedStyles(m_kind, m_language);
+    named.insert(named.end(), m_namedStyles.begin(), m_namedStyles.end());
+    m_styles.writeStyles(xml, named);
 }
 
 void OdfFile::writeDocument(QXmlStreamWriter &xml, QFile &file)

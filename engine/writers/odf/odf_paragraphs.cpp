@@ -6,6 +6,7 @@
 #include "odf/odf_lists.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -16,24 +17,32 @@ namespace {
 struct Thresholds
 {
     double minRaggedIndent = 36;    ///< points; a smaller right indent of left-aligned text may be chance
+    double minRightIndent = 3;      ///< points; less is how far the lines reach rather than an indent
     double raggedReserve = 12;      ///< points; by which such an indent is reduced, for words in wider fonts
     std::size_t minRaggedLines = 3; ///< lines; fewer show no right indent
     double emptyFontSize = 1;       ///< points; of a paragraph without text
+    double naturalHeight = 1.15;    ///< em; of a line in common Latin fonts
+    double heightStep = 0.1;        ///< points; heights that differ by less are the same to the eye
 };
 constexpr Thresholds thresholds;
 
-QString parentStyle(const model::Paragraph &paragraph)
+QString parentStyle(const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
     switch (paragraph.role) {
     case model::Role::Heading:
         return u"Heading_20_%1"_s.arg(paragraph.headingLevel);
     case model::Role::Caption:
         return u"Caption"_s;
+    case model::Role::Footnote:
+        return u"Footnote"_s;
     case model::Role::PageHeader:
         return u"Header"_s;
-    default:
-        return u"Standard"_s;
+    case model::Role::ListItem:
+        return u"List"_s;
+    case model::Role::Body:
+        break;
     }
+    return place.inCell ? u"Table_20_Contents"_s : u"Standard"_s;
 }
 
 QString alignmentName(const model::Paragraph &paragraph)
@@ -72,13 +81,35 @@ double rightIndent(const model::Paragraph &paragraph)
     return 0;
 }
 
-QString lineHeight(const model::Paragraph &paragraph, const ParagraphPlace &place)
+/// Returns whether text of the paragraph is in ideographs or kana. How high their lines are differs much by font.
+bool hasIdeographs(const model::Paragraph &paragraph)
 {
-    if (!place.exactLeading) {
-        return u"100%"_s;
+    const QString text = model::plainText(paragraph);
+    return std::any_of(text.begin(), text.end(), [](QChar c) {
+        return c.script() == QChar::Script_Han || c.script() == QChar::Script_Hiragana ||
+               c.script() == QChar::Script_Katakana || c.script() == QChar::Script_Hangul;
+    });
+}
+
+Attributes::value_type lineHeight(const model::Paragraph &paragraph, const ParagraphPlace &place)
+{
+    const auto share = [](double part) {
+        return Attributes::value_type{"fo:line-height"_L1, QString::number(std::lround(100 * part)) + u'%'};
+    };
+    const double height = !place.exactLeading    ? 0
+                          : place.lineHeight > 0 ? place.lineHeight
+                                                 : lineLayout(paragraph).lineHeight;
+    if (height <= 0) {
+        return share(1);
     }
-    const double height = place.lineHeight > 0 ? place.lineHeight : lineLayout(paragraph).lineHeight;
-    return height > 0 ? pt(height) : u"100%"_s;
+    const double natural = thresholds.naturalHeight * model::largestSize(paragraph);
+    if (!place.linesGrow || (height < natural && hasIdeographs(paragraph))) {
+        return {"fo:line-height"_L1, pt(height)};
+    }
+    if (height < natural) {
+        return share(height / natural);
+    }
+    return {"style:line-height-at-least"_L1, pt(std::round(height / thresholds.heightStep) * thresholds.heightStep)};
 }
 
 /// Indents of the edges at which lines are aligned. Right-to-left text begins at the right.
@@ -90,7 +121,10 @@ Attributes indents(const model::Paragraph &paragraph, const ParagraphPlace &plac
     const double left = place.left + (keepsLeft ? paragraph.indentLeft : 0);
     // A single left-aligned line can extend to the margin; otherwise it would wrap in a wider font.
     const bool ragged = paragraph.alignment == model::Alignment::Left && paragraph.lines.size() == 1;
-    const double right = (ragged ? std::min(0.0, place.right) : place.right) + std::max(0.0, rightIndent(paragraph));
+    double right = (ragged ? std::min(0.0, place.right) : place.right) + std::max(0.0, rightIndent(paragraph));
+    if (std::abs(right) < thresholds.minRightIndent) {
+        right = 0;
+    }
     return {
         {"fo:margin-left"_L1, pt(paragraph.rightToLeft ? right : left)},
         {"fo:margin-right"_L1, pt(paragraph.rightToLeft ? left : right)},
@@ -104,7 +138,7 @@ Attributes paragraphProperties(const model::Paragraph &paragraph, const Paragrap
     properties.insert(
         properties.end(), {{"fo:margin-top"_L1, pt(std::max(0.0, paragraph.spaceBefore + place.above))},
                            {"fo:margin-bottom"_L1, u"0pt"_s},
-                           {"fo:line-height"_L1, lineHeight(paragraph, place)},
+                           lineHeight(paragraph, place),
                            {"fo:text-align"_L1, alignmentName(paragraph)},
                            {"style:writing-mode"_L1, paragraph.rightToLeft ? u"rl-tb"_s : u"lr-tb"_s}});
     if (place.breakBefore) {
@@ -243,7 +277,7 @@ Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &
 {
     Element style{
         "style:style"_L1,
-        {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, parentStyle(paragraph)}},
+        {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, parentStyle(paragraph, place)}},
         {{"style:paragraph-properties"_L1, paragraphProperties(paragraph, place), paragraphDetails(paragraph)},
          {"style:text-properties"_L1, textAttributes(textStyle)}}};
     if (!place.masterPage.isEmpty()) {
@@ -258,7 +292,14 @@ Element emptyParagraphStyle(const model::Paragraph &paragraph, const ParagraphPl
     textStyle.size = thresholds.emptyFontSize;
     ParagraphPlace low = place;
     low.lineHeight = emptyParagraphHeight;
-    return paragraphStyle(paragraph, low, textStyle);
+    low.linesGrow = false;
+    Element style = paragraphStyle(paragraph, low, textStyle);
+    for (auto &[name, value] : style.attributes) {
+        if (name == "style:parent-style-name"_L1) {
+            value = u"Empty_20_Line"_s;
+        }
+    }
+    return style;
 }
 
 void writeParagraph(const Sink &sink, const model::Paragraph &whole, const ParagraphPlace &place)

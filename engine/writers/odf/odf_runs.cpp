@@ -101,7 +101,7 @@ void writeNote(const Sink &sink, const QString &mark, const Note &note)
     xml.writeAttribute(
         "text:style-name"_L1, sink.styles.name(
                                   {"style:style"_L1,
-                                   {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Standard"_s}},
+                                   {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Footnote"_s}},
                                    {{"style:text-properties"_L1, textAttributes(textStyle)}}}));
     writeRuns({sink.xml, sink.styles}, runs, textStyle);
 }

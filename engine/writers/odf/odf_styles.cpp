@@ -3,6 +3,7 @@
 
 #include "base/xml_element.h"
 #include "base/xml_text.h"
+#include "common_looks.h"
 #include "document/font_family.h"
 #include "odf/font_widths.h"
 
@@ -100,13 +101,14 @@ Attributes textAttributes(const model::Style &style)
 
 QString StyleTable::name(const Element &definition)
 {
-    QString &name = m_names[keyOf(definition)];
-    if (name.isEmpty()) {
-        name = u"a%1"_s.arg(m_styles.size() + 1);
+    const auto [place, isNew] = m_places.emplace(keyOf(definition), m_styles.size());
+    const QString name = u"a%1"_s.arg(place->second + 1);
+    if (isNew) {
         Element named = definition;
         named.attributes.insert(named.attributes.begin(), {"style:name"_L1, name});
-        m_styles.push_back(std::move(named));
+        m_styles.push_back({std::move(named), 0});
     }
+    ++m_styles[place->second].uses;
     return name;
 }
 
@@ -159,10 +161,18 @@ void StyleTable::writeFonts(QXmlStreamWriter &xml) const
     }
 }
 
-void StyleTable::writeStyles(QXmlStreamWriter &xml) const
+void StyleTable::writeStyles(QXmlStreamWriter &xml, const std::vector<Element> &named) const
 {
-    for (const Element &element : m_styles) {
-        writeElement(xml, element);
+    const std::vector<CommonLook> looks = commonLooks(m_styles, named);
+    {
+        const XmlElement styles(xml, "office:styles"_L1);
+        for (const Element &style : named) {
+            writeElement(xml, withCommonLook(style, looks));
+        }
+    }
+    const XmlElement automatic(xml, "office:automatic-styles"_L1);
+    for (const UsedStyle &style : m_styles) {
+        writeElement(xml, withoutCommonLook(style.definition, looks));
     }
 }
 

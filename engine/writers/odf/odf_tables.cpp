@@ -71,6 +71,8 @@ void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &plac
     writeSpans(xml, cell);
     ParagraphPlace inside;
     inside.exactLeading = place.exactLeading;
+    inside.linesGrow = true;
+    inside.inCell = true;
     auto original = cell.paragraphs.begin();
     for (const CellParagraph &placed : placedInCell(cell)) {
         inside.lineHeight = placed.lineHeight;

@@ -189,6 +189,7 @@ void FlowWriter::writeText(const FlowItem &item)
     place.right = item.right - item.column.right;
     place.exactLeading = m_form.places;
     place.lineHeight = item.lineHeight;
+    place.linesGrow = true;
     place.list = m_sink.listPlace(*item.block->paragraph());
     writeParagraph(m_sink, placed, place);
 }

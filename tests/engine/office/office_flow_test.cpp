@@ -16,6 +16,8 @@ class OfficeFlowTest : public QObject
 private Q_SLOTS:
     void keepsParagraphsAndTheirLook();
     void writesHeadingsBulletsAndNumbers();
+    void namedStylesCarryTheLook();
+    void tightLinesShrinkWithTheFont();
     void countsListsOverOtherText();
     void writesListsInCells();
     void keepsColumnsOnlyWhereAsked();
@@ -92,6 +94,34 @@ void OfficeFlowTest::writesHeadingsBulletsAndNumbers()
     QVERIFY(text.contains(QStringLiteral("text:bullet-char=\"\u2022\"")));
     QVERIFY(text.contains(
         QLatin1String("style:num-format=\"i\" style:num-prefix=\"(\" style:num-suffix=\")\" text:start-value=\"4\"")));
+}
+
+void OfficeFlowTest::namedStylesCarryTheLook()
+{
+    model::Page page = fixture::page();
+    for (const double top : {72.0, 84.0, 96.0}) {
+        page.sections[0].blocks.push_back(
+            fixture::block(fixture::paragraph(QStringLiteral("plain"), {72, top, 97, top + 12}, fixture::style(9.5))));
+    }
+    page.sections[0].blocks.push_back(
+        fixture::block(fixture::paragraph(QStringLiteral("bold"), {72, 108, 92, 120}, fixture::style(9.5, true))));
+    const QString text = flow(fixture::document({page}));
+    const QString automatic = text.section(QLatin1String("<office:automatic-styles>"), 1)
+                                  .section(QLatin1String("</office:automatic-styles>"), 0, 0);
+    QCOMPARE(text.count(QLatin1String("fo:font-size=\"9.5pt\"")), 1); // of the named style
+    QVERIFY(!automatic.contains(QLatin1String("fo:font-size=\"9.5pt\"")));
+    QCOMPARE(automatic.count(QLatin1String("fo:font-weight=\"bold\"")), 1);
+    QVERIFY(!automatic.contains(QLatin1String("fo:font-weight=\"normal\"")));
+    QVERIFY(text.contains(QLatin1String("style:line-height-at-least=")));
+}
+
+void OfficeFlowTest::tightLinesShrinkWithTheFont()
+{
+    model::Paragraph tight = fixture::paragraph(QStringLiteral("one"), {72, 72, 300, 100}, fixture::style(20));
+    tight.lines.push_back(tight.lines[0]);
+    tight.lines[1].baseline += 20;
+    tight.lineDistance = 20;
+    QVERIFY(flow(oneBlock(tight)).contains(QLatin1String("fo:line-height=\"87%\"")));
 }
 
 void OfficeFlowTest::countsListsOverOtherText()

@@ -35,6 +35,8 @@ struct ParagraphPlace
     /// freely.
     bool exactLeading = true;
     double lineHeight = 0;    ///< with exactLeading; 0 for that of lineLayout()
+    bool linesGrow = false;   ///< with exactLeading: lines become higher for larger text
+    bool inCell = false;      ///< in a cell of a table
     bool breakBefore = false; ///< begins a new page
     bool breakColumn = false; ///< begins a new column
     QString masterPage;       ///< begins a new page of this master page

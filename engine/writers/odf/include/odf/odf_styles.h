@@ -3,12 +3,12 @@
 
 #include "document/raw_page.h"
 
-#include <QHash>
 #include <QLatin1String>
 #include <QSet>
 #include <QString>
 #include <QXmlStreamWriter>
 
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -45,6 +45,13 @@ QString officeFamily(const model::Style &style);
 /// Returns the attributes of style:text-properties for text of this style.
 Attributes textAttributes(const model::Style &style);
 
+/// An automatic style and how often it is used.
+struct UsedStyle
+{
+    Element definition;
+    int uses = 0;
+};
+
 /// The automatic styles of a file. Equal definitions have the same name.
 class StyleTable
 {
@@ -60,13 +67,16 @@ public:
     /// Declares the font family of the style; must be called for every family that a style refers to.
     void noteFont(const model::Style &style);
 
-    /// Write the declarations of all families and the definitions of all styles so far.
+    /// Writes the declarations of all families.
     void writeFonts(QXmlStreamWriter &xml) const;
-    void writeStyles(QXmlStreamWriter &xml) const;
+
+    /// Writes the elements of these named styles and of all automatic ones so far. A named style gets the look that
+    /// most paragraphs based on it have; an automatic one keeps what differs from that.
+    void writeStyles(QXmlStreamWriter &xml, const std::vector<Element> &named) const;
 
 private:
-    QHash<QByteArray, QString> m_names;
-    std::vector<Element> m_styles;
+    std::map<QByteArray, std::size_t> m_places; ///< of the definitions in m_styles
+    std::vector<UsedStyle> m_styles;
     std::vector<Element> m_fonts;
     QSet<QString> m_families;
 };
