@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "odf/odf_frames.h"
 
+#include "base/xml_text.h"
 #include "document/page_walk.h"
 
 #include <algorithm>
@@ -99,7 +100,9 @@ XmlElement beginTableFrame(const Sink &sink, const Box &box)
     return frame;
 }
 
-void writePicture(const Sink &sink, const model::EncodedPicture &picture, const Box &box, FrameAnchor anchor)
+void writePicture(
+    const Sink &sink, const model::EncodedPicture &picture, const Box &box, FrameAnchor anchor,
+    const PictureWords &words)
 {
     if (picture.bytes.isEmpty() || box.isEmpty()) {
         return;
@@ -107,11 +110,19 @@ void writePicture(const Sink &sink, const model::EncodedPicture &picture, const 
     QXmlStreamWriter &xml = sink.xml;
     const XmlElement frame(xml, "draw:frame"_L1);
     xml.writeAttribute("draw:style-name"_L1, frameStyle(sink, anchor, "Graphics"_L1, {}));
+    if (!words.name.isEmpty()) {
+        xml.writeAttribute("draw:name"_L1, words.name);
+    }
     writeAnchor(xml, anchor);
     writePlace(xml, box, anchor);
     xml.writeAttribute("svg:height"_L1, pt(box.height()));
-    const XmlElement image(xml, "draw:image"_L1);
-    xml.writeTextElement("office:binary-data"_L1, QLatin1String(picture.bytes.toBase64()));
+    {
+        const XmlElement image(xml, "draw:image"_L1);
+        xml.writeTextElement("office:binary-data"_L1, QLatin1String(picture.bytes.toBase64()));
+    }
+    if (!words.alternative.isEmpty()) {
+        xml.writeTextElement("svg:desc"_L1, xmlText(words.alternative));
+    }
 }
 
 void writePictures(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor)
@@ -121,6 +132,22 @@ void writePictures(const Sink &sink, const model::Page &page, model::PictureSour
             writePicture(sink, pictures.encode(*figure, model::DrawingWords::Apart), figure->box, anchor);
         }
     });
+}
+
+std::vector<model::Fill> visibleFills(const model::Page &page)
+{
+    std::vector<model::Fill> visible;
+    for (const model::Fill &fill : page.fills) {
+        const auto isBelow = [&](const model::Fill &other) {
+            return other.box.left < fill.box.right && other.box.right > fill.box.left &&
+                   other.box.top < fill.box.bottom && other.box.bottom > fill.box.top;
+        };
+        const bool seen = fill.colour != white || std::any_of(visible.begin(), visible.end(), isBelow);
+        if (seen && !fill.box.isEmpty()) {
+            visible.push_back(fill);
+        }
+    }
+    return visible;
 }
 
 void writeRule(const Sink &sink, const model::Rule &rule, FrameAnchor anchor)
@@ -142,7 +169,7 @@ void writeRule(const Sink &sink, const model::Rule &rule, FrameAnchor anchor)
 
 void writeFill(const Sink &sink, const model::Fill &fill, FrameAnchor anchor)
 {
-    if (fill.box.isEmpty() || fill.colour == white) {
+    if (fill.box.isEmpty()) {
         return;
     }
     QXmlStreamWriter &xml = sink.xml;

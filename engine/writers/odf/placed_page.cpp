@@ -137,7 +137,7 @@ void writeBackground(const Sink &sink, const model::Page &page, model::PictureSo
             return;
         }
     }
-    for (const model::Fill &fill : page.fills) {
+    for (const model::Fill &fill : visibleFills(page)) {
         writeFill(sink, fill, anchor);
     }
     writePictures(sink, page, pictures, anchor);

@@ -90,7 +90,7 @@ class BoxBuilder
 public:
     explicit BoxBuilder(const model::Page &page) : m_page(page) {}
 
-    void add(const model::Paragraph &paragraph, bool labels, bool mayJoin)
+    void add(const model::Paragraph &paragraph, bool labels, bool mayJoin, std::size_t place = 0)
     {
         const model::Paragraph upright = model::uprightParagraph(paragraph, m_page.width, m_page.height);
         std::vector<model::Paragraph> pieces = paragraphPieces(upright, labels);
@@ -101,7 +101,7 @@ public:
             return;
         }
         for (model::Paragraph &piece : pieces) {
-            m_boxes.push_back({BoxKind::Text, paragraph.rotation, {std::move(piece)}});
+            m_boxes.push_back({BoxKind::Text, paragraph.rotation, {std::move(piece)}, place});
         }
         m_open = whole && mayJoin;
     }
@@ -156,10 +156,12 @@ std::vector<SlideBox> slideBoxes(const model::Page &page, const model::FileFacts
         return std::find(title.begin(), title.end(), &paragraph) != title.end();
     };
     BoxBuilder builder(page);
+    std::size_t place = 0;
     model::forEachBlock(page, [&](const model::Block &block) {
         const model::Paragraph *paragraph = block.paragraph();
+        ++place;
         if (paragraph && !isTitle(*paragraph)) {
-            builder.add(*paragraph, false, true);
+            builder.add(*paragraph, false, true, place);
         } else if (!block.figure()) {
             builder.close();
         }
@@ -167,7 +169,7 @@ std::vector<SlideBox> slideBoxes(const model::Page &page, const model::FileFacts
     for (const auto *edge : {&page.header, &page.footer}) {
         for (const model::Paragraph &paragraph : *edge) {
             if (!isTitle(paragraph)) {
-                builder.add(paragraph, false, false);
+                builder.add(paragraph, false, false, place);
             }
         }
     }

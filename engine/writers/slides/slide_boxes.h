@@ -16,6 +16,7 @@ struct SlideBox
     BoxKind kind = BoxKind::Text;
     int rotation = 0; ///< degrees clockwise by which the box is turned on the slide
     std::vector<model::Paragraph> paragraphs;
+    std::size_t place = 0; ///< the index of the block of the page after which it is read
 };
 
 /// Returns the text boxes of the page: first the title, if there is one, then the text in reading order, and the header

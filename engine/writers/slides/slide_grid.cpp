@@ -63,7 +63,7 @@ void writeSlideGrid(const Sink &sink, const model::Page &page, const model::Tabl
 {
     const SlideTurn turn{table.rotation, page.width, page.height};
     for (const model::Cell &cell : table.cells) {
-        if (cell.background) {
+        if (cell.background && *cell.background != white) {
             writeFill(sink, {cell.box, *cell.background}, FrameAnchor::Slide);
         }
     }

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "slide_master.h"
 
+#include "base/colour.h"
 #include "base/xml_element.h"
+#include "odf/odf_frames.h"
 
 #include <algorithm>
 
@@ -63,9 +65,34 @@ Element masterPlaceholder(const model::Page &size, bool title)
     return frame;
 }
 
+void writeMaster(
+    OdfFile &file, const QString &name, const QString &layout, const model::Page &size,
+    const CommonBackground &background, model::PictureSource &pictures)
+{
+    const Sink sink{file.masters(), file.styles()};
+    const bool filled = !background.fills.empty() && coversPage(background.fills.front(), size);
+    const XmlElement master(sink.xml, "style:master-page"_L1);
+    sink.xml.writeAttribute("style:name"_L1, name);
+    sink.xml.writeAttribute("style:page-layout-name"_L1, layout);
+    if (filled) {
+        sink.xml.writeAttribute("draw:style-name"_L1, filledPageStyle(sink.styles, background.fills.front().colour));
+    }
+    for (std::size_t i = filled ? 1 : 0; i < background.fills.size(); ++i) {
+        writeFill(sink, background.fills[i], FrameAnchor::Slide);
+    }
+    for (const model::Figure &picture : background.pictures) {
+        writePicture(
+            sink, pictures.encode(picture, model::DrawingWords::Apart), picture.box, FrameAnchor::Slide,
+            {{}, picture.alternative});
+    }
+    writeElement(sink.xml, masterPlaceholder(size, true));
+    writeElement(sink.xml, masterPlaceholder(size, false));
+}
+
 } // namespace
 
-QString writeMaster(OdfFile &file, const model::Page &size)
+SlideMasters
+writeMasters(OdfFile &file, const model::Page &size, const CommonBackground &common, model::PictureSource &pictures)
 {
     const Element title = layoutPlaceholder(size, true);
     const Element outline = layoutPlaceholder(size, false);
@@ -79,12 +106,25 @@ QString writeMaster(OdfFile &file, const model::Page &size)
             {"fo:page-height"_L1, pt(size.height)},
             {"fo:margin"_L1, u"0pt"_s},
             {"style:print-orientation"_L1, size.width > size.height ? u"landscape"_s : u"portrait"_s}}}}});
-    const QString name = u"Default"_s;
-    writeElement(
-        file.masters(), {"style:master-page"_L1,
-                         {{"style:name"_L1, name}, {"style:page-layout-name"_L1, layout}},
-                         {masterPlaceholder(size, true), masterPlaceholder(size, false)}});
-    return name;
+    const auto write = [&](const QString &name, const CommonBackground &background) {
+        writeMaster(file, name, layout, size, background, pictures);
+        return name;
+    };
+    const QString plain = write(u"Default"_s, {});
+    return {common.isEmpty() ? plain : write(u"Common"_s, common), plain};
+}
+
+QString filledPageStyle(StyleTable &styles, Colour colour)
+{
+    return styles.name(
+        {"style:style"_L1,
+         {{"style:family"_L1, u"drawing-page"_s}},
+         {{"style:drawing-page-properties"_L1,
+           {{"draw:background-size"_L1, u"border"_s},
+            {"draw:fill"_L1, u"solid"_s},
+            {"draw:fill-color"_L1, colourName(colour)},
+            {"presentation:background-visible"_L1, u"true"_s},
+            {"presentation:background-objects-visible"_L1, u"true"_s}}}}});
 }
 
 QString layoutName(const std::vector<SlideBox> &boxes)

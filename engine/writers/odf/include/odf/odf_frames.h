@@ -4,7 +4,10 @@
 #include "document/picture_source.h"
 #include "odf/odf_runs.h"
 
+#include <QString>
 #include <QXmlStreamWriter>
+
+#include <vector>
 
 namespace quorra::office {
 
@@ -35,12 +38,24 @@ struct TextFrame
 /// Begins a frame for a table on a slide; the table follows.
 [[nodiscard]] XmlElement beginTableFrame(const Sink &sink, const Box &box);
 
+/// What programs tell about a picture. Empty texts are left out.
+struct PictureWords
+{
+    QString name = {};
+    QString alternative = {}; ///< what is read aloud in its place
+};
+
 /// Writes a picture at the box, unless it has no bytes.
-void writePicture(const Sink &sink, const model::EncodedPicture &picture, const Box &box, FrameAnchor anchor);
+void writePicture(
+    const Sink &sink, const model::EncodedPicture &picture, const Box &box, FrameAnchor anchor,
+    const PictureWords &words = {});
 
 /// Writes the pictures of the page at their positions, drawings without their labels. The picture of a scanned page is
 /// the whole page.
 void writePictures(const Sink &sink, const model::Page &page, model::PictureSource &pictures, FrameAnchor anchor);
+
+/// Returns the fills of the page that can be seen: white ones only on something else.
+std::vector<model::Fill> visibleFills(const model::Page &page);
 
 /// Draw a line or a filled rectangle at its position on the page or slide.
 void writeRule(const Sink &sink, const model::Rule &rule, FrameAnchor anchor);
