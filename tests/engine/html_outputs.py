@@ -33,18 +33,22 @@ def words(text):
 
 
 def plain(markup):
-    markup = re.sub(r"<(title|style)>.*?</\1>", "", markup, flags=re.S)
-    markup = re.sub(r"</?(?:b|i|a|span|sup|sub)\b[^>]*>", "", markup)
     return html.unescape(re.sub(r"<[^>]*>", " ", markup))
 
 
-def compare_words(suite, document, kind, markup):
+def compare_words(suite, document, kind, markup, path):
 
     def split(text):
         return list(words(text).elements())
 
     seen, repeated = readers.seen_words(str(document), split, *password(document))
-    ours, theirs = words(plain(markup)), core_support.collections.Counter(seen)
+    theirs = core_support.collections.Counter(seen)
+    if kind == "xml":
+        ours = words(plain(markup))
+    else:
+        text = readers.html_text(path)
+        ours = words(text.body)
+        readers.add_edges(ours, theirs, split(text.edges), split(text.numbers), max(1, text.numbers.count("\n") + 1))
     common = sum((ours & theirs).values())
     recall = common / max(1, sum(theirs.values())) if theirs else 1
     precision = common / max(1, sum(ours.values())) if ours else 1
@@ -72,7 +76,7 @@ def check_markup(suite, document, kind):
         # HTML has no empty-element tags: the following content would become part of the element.
         short = re.findall(r"<(?!(?:meta|img|br)\b)\w+[^>]*/>", markup)
         suite.check(not short, document.name, kind, "short empty elements:", short[:3])
-    compare_words(suite, document, kind, markup)
+    compare_words(suite, document, kind, markup, path)
     return path
 
 

@@ -19,17 +19,23 @@ public:
 };
 
 /// The document as HTML.
-inline QString html(quorra::model::Document document, bool xhtml = false)
+inline QString writtenHtml(const quorra::model::Document &document, bool xhtml = false)
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     OnePixel pictures;
-    quorra::model::joinContinuations(document, true);
     quorra::writeHtml(buffer, document, pictures, {xhtml, QStringLiteral("a < b")});
     return QString::fromUtf8(buffer.data());
 }
 
-/// For messages, which are cut: the style sheet tells nothing.
+/// The same with continuations joined, as the engine does it.
+inline QString html(quorra::model::Document document, bool xhtml = false)
+{
+    quorra::model::joinContinuations(document, true);
+    return writtenHtml(document, xhtml);
+}
+
+/// For messages, which are cut: without the style sheet.
 inline QString bodyOf(const QString &html)
 {
     return html.mid(html.indexOf(QStringLiteral("<body>")));

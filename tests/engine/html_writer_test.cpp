@@ -48,7 +48,7 @@ private Q_SLOTS:
         QCOMPARE(text.count(QStringLiteral("<div class=\"picture middle\"")), 1);
         QCOMPARE(errorOf(text), QString());
         QVERIFY(text.startsWith(QStringLiteral("<!DOCTYPE html>")));
-        QVERIFY(text.contains(QStringLiteral("<title>a &lt; b</title>")));
+        QVERIFY(text.contains(QStringLiteral("<title>Title &amp; more</title>")));
         QVERIFY(text.contains(QStringLiteral("Title &amp; more</h1>")));
         QVERIFY2(
             text.contains(
@@ -96,8 +96,8 @@ private Q_SLOTS:
         QTest::newRow("han") << QString::fromUtf8("这是一个中文文件") << QStringLiteral("zh");
         QTest::newRow("hangul") << QString::fromUtf8("한국어 문서") << QStringLiteral("ko");
         QTest::newRow("hebrew") << QString::fromUtf8("עולם שלום") << QStringLiteral("he");
-        QTest::newRow("a few letters") << QString::fromUtf8("The sign 日 means day and sun") << QString();
-        QTest::newRow("latin") << QStringLiteral("Many languages are written so") << QString();
+        QTest::newRow("a few letters") << QString::fromUtf8("The sign 日 means day and sun") << QStringLiteral("und");
+        QTest::newRow("latin") << QStringLiteral("Many languages are written so") << QStringLiteral("und");
     }
 
     void namesTheLanguageOfAScript()
@@ -108,7 +108,7 @@ private Q_SLOTS:
         page.text(60, 100, text);
         const QString attribute = QStringLiteral(" lang=\"%1\"").arg(language);
         const QString written = html(page.build());
-        QVERIFY(language.isEmpty() ? !written.contains(QStringLiteral(" lang=")) : written.contains(attribute));
+        QVERIFY2(written.contains(attribute), qPrintable(written.left(200)));
     }
 
     void emptyDocumentIsValid() { QCOMPARE(errorOf(html(buildDocument({RawPage()}))), QString()); }

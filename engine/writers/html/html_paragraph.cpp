@@ -3,7 +3,6 @@
 
 #include "base/xml_text.h"
 #include "document/faint_text.h"
-#include "document/line_pieces.h"
 #include "document/text.h"
 #include "html_leaders.h"
 #include "html_style.h"
@@ -37,17 +36,12 @@ bool isHeading(const Paragraph &paragraph)
     return paragraph.role == Role::Heading;
 }
 
-QString tagOf(const Paragraph &paragraph)
-{
-    return isHeading(paragraph) ? QStringLiteral("h%1").arg(paragraph.headingLevel) : QStringLiteral("p");
-}
-
-/// Returns the parts of a page header that are separate texts, such as a title and a page number.
-Lines headerParts(const Paragraph &header)
+/// Returns the texts of a page header without these page numbers; null leaves out nothing.
+Lines headerParts(const Paragraph &header, const HtmlPageNumbers *leftOut)
 {
     Lines parts;
-    for (const model::Line &line : header.lines) {
-        for (const model::Line &part : linePieces(line, model::pageHeaderLimits)) {
+    for (const model::Line &part : pageHeaderParts(header)) {
+        if (!leftOut || !leftOut->isPageNumber(model::plainText(part))) {
             parts.push_back(model::runsOf(part));
         }
     }
@@ -116,6 +110,25 @@ void writeTabbed(
     }
 }
 
+/// Writes the first word of a note as a link back to the reference, and the rest of its text.
+void writeNote(QXmlStreamWriter &xml, std::vector<Run> runs, model::NoteId note, const TextContext &context)
+{
+    const auto end = runs.front().text.indexOf(QLatin1Char(' '));
+    std::vector<Run> mark{runs.front()};
+    mark.front().link.clear();
+    mark.front().text = mark.front().text.left(end);
+    {
+        const XmlElement link(xml, QStringLiteral("a"));
+        xml.writeAttribute(QStringLiteral("href"), QLatin1Char('#') + HtmlAnchors::referenceId(note));
+        xml.writeAttribute(QStringLiteral("role"), QStringLiteral("doc-backlink"));
+        writeInline(xml, mark, context);
+    }
+    runs.front().text.remove(0, mark.front().text.size());
+    xml.writeCharacters(runs.front().text.startsWith(QLatin1Char(' ')) ? QStringLiteral(" ") : QString());
+    runs.front().text.remove(0, runs.front().text.startsWith(QLatin1Char(' ')) ? 1 : 0);
+    writeInline(xml, runs, context);
+}
+
 // The first letter of a paragraph beside its first lines, and the rest of its text.
 void writeDropCap(QXmlStreamWriter &xml, std::vector<Run> runs, const TextContext &context)
 {
@@ -131,7 +144,8 @@ void writeDropCap(QXmlStreamWriter &xml, std::vector<Run> runs, const TextContex
 TextContext textContext(const Paragraph &paragraph, const std::vector<Run> &runs, const ParagraphContext &context)
 {
     TextContext text{
-        elementStyle(runs, context.usual, isHeading(paragraph)), isHeading(paragraph), false, context.lostBackground};
+        elementStyle(runs, context.usual, isHeading(paragraph)), isHeading(paragraph), false, context.lostBackground,
+        context.anchors};
     if (context.lostBackground && model::isFaint(text.style.colour)) {
         text.style.colour = black;
     }
@@ -152,8 +166,13 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
         place.firstLineIndent = 0;
     }
     const XmlElement element = startBlock(
-        xml, preformatted.empty() ? tagOf(paragraph) : QStringLiteral("pre"),
+        xml, preformatted.empty() ? context.element : QStringLiteral("pre"),
         paragraph.role == Role::Caption ? "caption" : nullptr);
+    writeId(xml, context.id);
+    const bool isNote = paragraph.note && context.anchors && context.anchors->hasReference(*paragraph.note);
+    if (paragraph.note) {
+        xml.writeAttribute(QStringLiteral("role"), QStringLiteral("doc-footnote"));
+    }
     writeStyle(
         xml,
         joinedStyle(
@@ -163,6 +182,8 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
     xml.writeCharacters(QString());
     if (!preformatted.empty()) {
         writePreformatted(xml, preformatted, text);
+    } else if (isNote && !runs.empty()) {
+        writeNote(xml, runs, *paragraph.note, text);
     } else if (tabbed) {
         writeTabbed(xml, paragraph, runs, text);
     } else if (paragraph.dropCapLines > 0 && runs.size() > 1) {
@@ -197,15 +218,15 @@ void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const Parag
 }
 
 void writeHtmlPageHeader(
-    QXmlStreamWriter &xml, const QString &element, const Page &page, const Paragraph &header,
-    const ParagraphContext &context)
+    QXmlStreamWriter &xml, const Page &page, const Paragraph &header, const ParagraphContext &context,
+    const HtmlPageNumbers *leftOut)
 {
-    const Lines parts = headerParts(header);
-    const std::vector<Run> runs = model::runsOf(header);
+    const Lines parts = headerParts(header, leftOut);
+    const std::vector<Run> runs = parts.size() == 1 && leftOut ? parts.front() : model::runsOf(header);
     const TextContext text = textContext(header, runs, context);
     const bool rotated = header.rotation != 0;
     const bool spread = parts.size() > 1 && !rotated;
-    const XmlElement block = startBlock(xml, element, spread ? "parts" : nullptr);
+    const XmlElement block = startBlock(xml, context.element, spread ? "parts" : nullptr);
     writeStyle(
         xml, joinedStyle(
                  {paragraphStyle(header, text.style, context.usual),

@@ -30,6 +30,8 @@ struct Thresholds
     double minTextWidth = 288; ///< points; narrower columns are hard to read
     double minIndent = 4;      ///< points; smaller ones are inaccuracies of the page
     double maxIndent = 108;    ///< points; wider ones leave no room for the text in narrow windows
+    double fixedIndent = 24;   ///< points; wider indents are reduced in narrow windows
+    double narrowIndent = 8;   ///< percent of the window's width; the most of such an indent
     double minBorder = 0.5;    ///< points; not all browsers draw thinner ones
 };
 constexpr Thresholds thresholds;
@@ -37,6 +39,14 @@ constexpr Thresholds thresholds;
 QString points(double value)
 {
     return QString::number(std::round(value * 10) / 10) + QStringLiteral("pt");
+}
+
+/// Returns a length across the page, which is smaller in narrow windows.
+QString width(double value)
+{
+    return value > thresholds.fixedIndent
+               ? QStringLiteral("min(%1,%2vw)").arg(points(value), QString::number(thresholds.narrowIndent))
+               : points(value);
 }
 
 QString genericFamily(const Style &style)
@@ -177,7 +187,11 @@ QString styleSheet(const model::Document &document, const Style &usual)
                ".page{padding:1.5em 0;overflow-wrap:break-word}\n"
                ".page+.page{border-top:1px solid #bbb}\n"
                "p,pre{margin:0 0 .6em}\n"
-               "h1,h2,h3{margin:1em 0 .4em;font-weight:bold;line-height:1.2}\n"
+               ".number{float:right;margin-left:1em;font-size:.75em;color:#666}\n"
+               ".number::before{content:attr(title)}\n"
+               ".unseen{position:absolute;width:1px;height:1px;margin:0;overflow:hidden;clip-path:inset(50%);"
+               "white-space:nowrap}\n"
+               "h1,h2,h3,h4,h5,h6{margin:1em 0 .4em;font-weight:bold;line-height:1.2}\n"
                "pre{white-space:pre-wrap}\n"
                "sup,sub{font-size:.7em;line-height:0}\n"
                "ul,ol{margin:0 0 .6em;padding-left:1.6em}\n"
@@ -193,15 +207,21 @@ QString styleSheet(const model::Document &document, const Style &usual)
                ".wide{overflow-x:auto;margin:.6em 0}\n"
                "table{border-collapse:collapse;font-size:1em}\n"
                "td,th{padding:.1em .4em;vertical-align:top;text-align:left;font-weight:normal}\n"
-               "header,footer{margin:0 0 .6em}\n"
-               ".parts{display:flex;justify-content:space-between;gap:1em}\n"
+               "header,footer{margin:.6em 0}\n"
+               "nav{max-height:40vh;overflow-y:auto;margin:.6em 0;padding-bottom:.6em;border-bottom:1px solid #bbb}\n"
+               ".parts{display:flex;flex-wrap:wrap;justify-content:space-between;gap:1em}\n"
                ".shaded{padding:.4em .6em;margin:0 0 .6em}\n"
-               ".caption,.picture{margin:.4em 0}\n"
+               "figure,.caption,.picture{margin:.4em 0}\n"
+               ".comment{border-left:2px solid;padding-left:.6em;margin:0 0 .6em}\n"
                ".picture{position:relative;width:fit-content;max-width:100%;overflow:hidden}\n"
                "table.middle{margin:0 auto}\n"
                ".picture.middle{margin:.4em auto}\n"
                "img{display:block;max-width:100%;height:auto}\n"
-               ".label{position:absolute;color:transparent;white-space:nowrap;line-height:1}\n")
+               ".label{position:absolute;color:transparent;white-space:nowrap;line-height:1}\n"
+               "@media "
+               "print{body{max-width:none;padding:0}.page+.page{border:0;break-before:page}nav,.number{display:none}"
+               ".wide{overflow:visible}h1,h2,h3,h4,h5,h6{break-after:avoid}tr,figure,.picture{break-inside:avoid}"
+               "a{color:inherit}}\n")
         .arg(points(usual.size), family(usual), points(column), points(margin));
 }
 
@@ -230,14 +250,16 @@ QString paragraphStyle(const model::Paragraph &paragraph, const Style &style, co
     parts += alignment(paragraph.alignment);
     const double indent = std::min(paragraph.indentLeft, thresholds.maxIndent);
     if (indent > thresholds.minIndent && paragraph.role != model::Role::ListItem) {
-        parts += QStringLiteral("margin-left:") + points(indent);
+        parts += QStringLiteral("margin-left:") + width(indent);
     }
     const double hang = std::max(paragraph.firstLineIndent, -thresholds.maxIndent);
     if (std::abs(hang) > thresholds.minIndent && paragraph.lines.size() > 1 &&
         paragraph.role != model::Role::ListItem) {
-        parts += QStringLiteral("text-indent:") + points(std::min(hang, thresholds.maxIndent));
+        const double first = std::min(hang, thresholds.maxIndent);
+        parts += first < 0 ? QStringLiteral("text-indent:calc(-1 * %1)").arg(width(-first))
+                           : QStringLiteral("text-indent:") + width(first);
         if (hang < 0 && indent < -hang) { // otherwise text would be outside the window
-            parts += QStringLiteral("padding-left:") + points(-hang - std::max(0.0, indent));
+            parts += QStringLiteral("padding-left:") + width(-hang - std::max(0.0, indent));
         }
     }
     return joinedStyle(parts);

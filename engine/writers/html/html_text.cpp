@@ -3,7 +3,6 @@
 
 #include "base/xml_text.h"
 #include "document/faint_text.h"
-#include "document/link.h"
 #include "html_style.h"
 
 #include <QXmlStreamWriter>
@@ -17,8 +16,6 @@ namespace {
 
 using model::BaselineShift;
 using model::Run;
-
-constexpr QLatin1String pagePrefix("#page-"); // of the ids of the pages' elements
 
 /// Removes the spaces at the end of the text and returns them.
 QString takeTrailingSpaces(QString &text)
@@ -55,11 +52,15 @@ public:
                 m_spaces += spaces;
                 continue;
             }
-            const QString link = model::linkAddress(run.link, pagePrefix);
-            if (link != m_link) {
+            const bool isNote = run.note && m_context.anchors && m_context.anchors->hasNote(*run.note);
+            const QString link = linkOf(run);
+            if (link != m_link || isNote) {
                 closeLink();
                 writeText(m_spaces);
                 openLink(link);
+                if (isNote) {
+                    writeReference(*run.note);
+                }
             } else {
                 writeText(m_spaces);
             }
@@ -70,6 +71,25 @@ public:
     }
 
 private:
+    QString linkOf(const Run &run) const
+    {
+        if (!m_context.anchors) {
+            return {};
+        }
+        return run.note && m_context.anchors->hasNote(*run.note) ? QLatin1Char('#') + HtmlAnchors::noteId(*run.note)
+                                                                 : m_context.anchors->address(run.link);
+    }
+
+    /// Makes the open link a reference to a note.
+    void writeReference(model::NoteId note)
+    {
+        m_xml.writeAttribute(QStringLiteral("role"), QStringLiteral("doc-noteref"));
+        const QString id = m_context.anchors->addReference(note);
+        if (!id.isEmpty()) {
+            m_xml.writeAttribute(QStringLiteral("id"), id);
+        }
+    }
+
     void openLink(const QString &link)
     {
         m_link = link;
@@ -177,6 +197,13 @@ void writeDirection(QXmlStreamWriter &xml, bool rightToLeft)
 {
     if (rightToLeft) {
         xml.writeAttribute(QStringLiteral("dir"), QStringLiteral("rtl"));
+    }
+}
+
+void writeId(QXmlStreamWriter &xml, const QString &id)
+{
+    if (!id.isEmpty()) {
+        xml.writeAttribute(QStringLiteral("id"), id);
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "base/xml_element.h"
 #include "document/text.h"
+#include "html_anchors.h"
 
 #include <QString>
 
@@ -25,15 +26,17 @@ struct TextContext
     bool preformatted = false; ///< '\n' stays as it is; otherwise it becomes a line break element
     /// The background of the text on the page is not output: colours too light for white paper become black.
     bool lostBackground = false;
+    HtmlAnchors *anchors = nullptr; ///< what links lead to; without them there are no links
 };
 
 /// Writes runs as inline elements: links (one for all consecutive runs with the same target), bold, italic, superscript
-/// and subscript; other styles as attributes. Spaces at the end of a run follow its elements; those at the end of the
-/// text are removed.
+/// and subscript; other styles as attributes. Marks of notes are links to the notes. Spaces at the end of a run follow
+/// its elements; those at the end of the text are removed.
 void writeInline(QXmlStreamWriter &xml, const std::vector<model::Run> &runs, const TextContext &context);
 
-/// Write the attribute style or dir unless it would be empty.
+/// Write the attribute style, dir or id unless it would be empty.
 void writeStyle(QXmlStreamWriter &xml, const QString &style);
 void writeDirection(QXmlStreamWriter &xml, bool rightToLeft);
+void writeId(QXmlStreamWriter &xml, const QString &id);
 
 } // namespace quorra

@@ -5,6 +5,11 @@
 #include "document/faint_text.h"
 #include "document/language.h"
 #include "document/page_walk.h"
+#include "document/text.h"
+#include "html_anchors.h"
+#include "html_headings.h"
+#include "html_navigation.h"
+#include "html_page_edges.h"
 #include "html_paragraph.h"
 #include "html_picture.h"
 #include "html_style.h"
@@ -58,6 +63,11 @@ public:
         , m_document(document)
         , m_pictures(pictures)
         , m_usual(usualStyle(document))
+        , m_anchors(document)
+        , m_headings(document)
+        , m_numbers(document)
+        , m_headers(htmlPageHeaders(document, m_numbers))
+        , m_footers(htmlPageFooters(document, m_numbers))
     {}
 
     void write(const HtmlOptions &options)
@@ -83,18 +93,67 @@ private:
         const XmlElement html(m_xml, QStringLiteral("html"));
         m_xml.writeDefaultNamespace(QStringLiteral("http://www.w3.org/1999/xhtml"));
         const QString language = model::languageOf(m_document);
-        if (!language.isEmpty()) {
-            m_xml.writeAttribute(QStringLiteral("lang"), language);
-        }
-        writeHead(options);
+        m_xml.writeAttribute(QStringLiteral("lang"), language.isEmpty() ? QStringLiteral("und") : language);
+        const QString title = titleOf(options);
+        writeHead(title);
         const XmlElement body(m_xml, QStringLiteral("body"));
         m_xml.writeCharacters(QStringLiteral("\n"));
+        writeHtmlNavigation(m_xml, m_document, m_headings);
+        writeDocumentEdge(QStringLiteral("header"), m_headers);
+        writeMain(title);
+        writeDocumentEdge(QStringLiteral("footer"), m_footers);
+    }
+
+    QString titleOf(const HtmlOptions &options) const
+    {
+        for (const QString &title : {m_document.facts.title, m_headings.title(), options.title}) {
+            QString text = xmlText(title).simplified();
+            if (!text.isEmpty()) {
+                return text;
+            }
+        }
+        return QStringLiteral("Document");
+    }
+
+    void writeMain(const QString &title)
+    {
+        const XmlElement main = startBlock(m_xml, QStringLiteral("main"));
+        if (m_headings.title().isEmpty()) { // for screen readers
+            const XmlElement heading = startBlock(m_xml, QStringLiteral("h1"), "unseen");
+            m_xml.writeCharacters(title);
+        }
         for (const Page &page : m_document.pages) {
             writePage(page);
         }
     }
 
-    void writeHead(const HtmlOptions &options)
+    /// The page headers or footers of the whole document, once.
+    void writeDocumentEdge(const QString &tag, const HtmlPageEdge &edge)
+    {
+        if (!edge.ofDocument.empty()) {
+            const XmlElement element = startBlock(m_xml, tag);
+            for (const HtmlEdgePart &part : edge.ofDocument) {
+                writePageHeader(*part.page, *part.paragraph);
+            }
+        }
+    }
+
+    /// Those that begin to appear on the page.
+    void writePageEdge(const Page &page, const HtmlPageEdge &edge)
+    {
+        for (const Paragraph *paragraph : edge.ofPages.value(&page)) {
+            writePageHeader(page, *paragraph);
+        }
+    }
+
+    void writePageHeader(const Page &page, const Paragraph &paragraph)
+    {
+        ParagraphContext context = contextOf(page, paragraph);
+        context.element = QStringLiteral("div");
+        writeHtmlPageHeader(m_xml, page, paragraph, context, m_document.pages.size() > 1 ? &m_numbers : nullptr);
+    }
+
+    void writeHead(const QString &title)
     {
         const XmlElement head(m_xml, QStringLiteral("head"));
         m_xml.writeEmptyElement(QStringLiteral("meta"));
@@ -103,8 +162,7 @@ private:
         m_xml.writeAttribute(QStringLiteral("name"), QStringLiteral("viewport"));
         m_xml.writeAttribute(QStringLiteral("content"), QStringLiteral("width=device-width, initial-scale=1"));
         const model::FileFacts &facts = m_document.facts;
-        const QString title = facts.title.isEmpty() ? options.title : facts.title;
-        m_xml.writeTextElement(QStringLiteral("title"), title.isEmpty() ? QStringLiteral("Document") : xmlText(title));
+        m_xml.writeTextElement(QStringLiteral("title"), title);
         writeMeta("author", facts.author);
         writeMeta("description", facts.subject);
         writeMeta("keywords", facts.keywords);
@@ -123,20 +181,32 @@ private:
     void writePage(const Page &page)
     {
         const XmlElement element = startBlock(m_xml, QStringLiteral("section"), page.scanned ? "page scan" : "page");
-        m_xml.writeAttribute(QStringLiteral("id"), QStringLiteral("page-%1").arg(page.number));
+        writeId(m_xml, HtmlAnchors::pageId(page.number));
         m_xml.writeCharacters(QString()); // prevents a self-closing element
-        writePageHeaders(QStringLiteral("header"), page, page.header);
+        writePageBreak(page);
+        writePageEdge(page, m_headers);
         for (const model::Section &section : page.sections) {
             writeBlocks(page, section);
         }
         std::for_each(page.comments.begin(), page.comments.end(), [this](const auto &each) { writeComment(each); });
-        writePageHeaders(QStringLiteral("footer"), page, page.footer);
+        writePageEdge(page, m_footers);
+    }
+
+    /// Marks where the page begins, with its number.
+    void writePageBreak(const Page &page)
+    {
+        if (m_document.pages.size() > 1) {
+            const XmlElement mark = startBlock(m_xml, QStringLiteral("span"), "number");
+            m_xml.writeAttribute(QStringLiteral("role"), QStringLiteral("doc-pagebreak"));
+            m_xml.writeAttribute(QStringLiteral("title"), xmlText(m_numbers.of(page)));
+            m_xml.writeCharacters(QString());
+        }
     }
 
     void writeComment(const model::Comment &comment)
     {
-        const XmlElement element = startBlock(m_xml, QStringLiteral("aside"), "comment");
-        writeStyle(m_xml, QStringLiteral("border-left:2px solid;padding-left:.6em"));
+        const XmlElement element = startBlock(m_xml, QStringLiteral("div"), "comment");
+        m_xml.writeAttribute(QStringLiteral("role"), QStringLiteral("note"));
         if (!comment.author.isEmpty()) {
             m_xml.writeTextElement(QStringLiteral("cite"), xmlText(comment.author));
             m_xml.writeCharacters(QStringLiteral(": "));
@@ -144,23 +214,20 @@ private:
         m_xml.writeCharacters(xmlText(comment.text));
     }
 
-    void writePageHeaders(const QString &element, const Page &page, const std::vector<Paragraph> &paragraphs)
-    {
-        for (const Paragraph &paragraph : paragraphs) {
-            writeHtmlPageHeader(m_xml, element, page, paragraph, contextOf(page, paragraph));
-        }
-    }
-
     void writeBlocks(const Page &page, const model::Section &section)
     {
-        for (const Block &block : section.blocks) {
+        for (std::size_t i = 0; i < section.blocks.size(); ++i) {
+            const Block &block = section.blocks[i];
             const Paragraph *paragraph = block.paragraph();
             if (!paragraph || !paragraph->listItem) {
                 closeLists(0);
             }
             setBackground(paragraph ? paragraph->shading : std::nullopt);
-            if (const Table *table = block.table()) {
-                writeHtmlTable(m_xml, *table, m_usual, isCentred(page, section, block));
+            if (i + 1 < section.blocks.size() && isCaptioned(block, section.blocks[i + 1])) {
+                writeCaptioned(page, section, i);
+                ++i;
+            } else if (const Table *table = block.table()) {
+                writeHtmlTable(m_xml, *table, m_usual, isCentred(page, section, block), m_anchors);
             } else if (const Figure *figure = block.figure()) {
                 writeFigure(page, *figure, isCentred(page, section, block));
             } else if (paragraph->listItem) {
@@ -171,6 +238,34 @@ private:
         }
         closeLists(0);
         setBackground({});
+    }
+
+    /// Returns true for a figure and its caption, in either order.
+    static bool isCaptioned(const Block &first, const Block &second)
+    {
+        const Figure *figure = first.figure() ? first.figure() : second.figure();
+        const Paragraph *caption = first.paragraph() ? first.paragraph() : second.paragraph();
+        return figure && caption && caption->captionOf == figure->id;
+    }
+
+    void writeCaptioned(const Page &page, const model::Section &section, std::size_t first)
+    {
+        const XmlElement element = startBlock(m_xml, QStringLiteral("figure"));
+        const Block &one = section.blocks[first];
+        const Block &other = section.blocks[first + 1];
+        const Paragraph &caption = one.paragraph() ? *one.paragraph() : *other.paragraph();
+        const auto writeCaption = [&] {
+            ParagraphContext context = contextOf(page, caption);
+            context.element = QStringLiteral("figcaption");
+            writeHtmlParagraph(m_xml, caption, context);
+        };
+        if (const Figure *figure = one.figure()) {
+            writeFigure(page, *figure, isCentred(page, section, one), model::plainText(caption));
+            writeCaption();
+        } else if (const Figure *below = other.figure()) {
+            writeCaption();
+            writeFigure(page, *below, isCentred(page, section, other), model::plainText(caption));
+        }
     }
 
     /// Consecutive blocks with the same background share an element with this background.
@@ -212,20 +307,27 @@ private:
         writeHtmlListText(m_xml, item, contextOf(page, item));
     }
 
-    ParagraphContext contextOf(const Page &page, const Paragraph &paragraph) const
+    ParagraphContext contextOf(const Page &page, const Paragraph &paragraph)
     {
-        return {m_usual, !m_background && model::losesBackground(page, paragraph)};
+        ParagraphContext context{m_usual, !m_background && model::losesBackground(page, paragraph), &m_anchors};
+        if (const HtmlHeadings::Heading *heading = m_headings.find(paragraph)) {
+            context.element = QStringLiteral("h%1").arg(heading->level);
+            context.id = heading->id;
+        } else if (paragraph.note) {
+            context.id = HtmlAnchors::noteId(*paragraph.note);
+        }
+        return context;
     }
 
     /// Writes the labels as text if there is no picture.
-    void writeFigure(const Page &page, const Figure &figure, bool centred)
+    void writeFigure(const Page &page, const Figure &figure, bool centred, const QString &caption = {})
     {
         const model::EncodedPicture encoded = m_pictures.encode(figure, model::DrawingWords::InPicture);
         if (!encoded.bytes.isEmpty()) {
-            const QString alt = !figure.alternative.isEmpty() ? xmlText(figure.alternative)
+            const QString alt = !figure.alternative.isEmpty() ? figure.alternative
                                 : page.scanned                ? QStringLiteral("Page %1").arg(page.number)
-                                                              : QString();
-            writeHtmlFigure(m_xml, encoded, figure, alt, centred);
+                                                              : caption;
+            writeHtmlFigure(m_xml, encoded, figure, xmlText(alt), centred);
             return;
         }
         for (const Paragraph &label : figure.labels) {
@@ -237,6 +339,11 @@ private:
     const model::Document &m_document;
     model::PictureSource &m_pictures;
     Style m_usual;
+    HtmlAnchors m_anchors;
+    HtmlHeadings m_headings;
+    HtmlPageNumbers m_numbers;
+    HtmlPageEdge m_headers;
+    HtmlPageEdge m_footers;
     std::optional<Colour> m_background;
     std::optional<XmlElement> m_shaded;
     std::vector<OpenList> m_openLists;

@@ -72,20 +72,18 @@ def words_of(path, wanted, pages):
     if extension == ".txt":
         with open(path, encoding="utf-8") as file:
             return text_match.words(file.read())
-    if extension == ".html":
-        return text_match.words(readers.html_text(path))
     if extension == ".xml":
         return text_match.words(readers.xml_words(path))
     if extension == ".pptx":
         return text_match.words("\n".join(readers.slide_texts(path)))
     if extension == ".xlsx":
         return text_match.words(readers.sheet_text(path))
-    body, heads, page_field = _word_text(path)
-    found, wanted, heads = collections.Counter(body), collections.Counter(wanted), collections.Counter(heads)
-    missing = wanted - found
-    for word, count in heads.items():
-        found[word] += max(count, min(missing[word], count * pages))
-    if page_field:
-        for number in range(1, pages + 1):
-            found[str(number)] += min(1, (wanted - found)[str(number)])
+    if extension == ".html":
+        text = readers.html_text(path)
+        body, edges, numbers = (text_match.words(each) for each in text)
+    else:
+        body, edges, page_field = _word_text(path)
+        numbers = [str(number) for number in range(1, pages + 1)] if page_field else []
+    found = collections.Counter(body)
+    readers.add_edges(found, collections.Counter(wanted), edges, numbers, pages)
     return list(found.elements())

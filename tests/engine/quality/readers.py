@@ -268,33 +268,58 @@ def shown(cell):
 
 
 class _TextOfHtml(html.parser.HTMLParser):
-    BLOCKS = {"p", "h1", "h2", "h3", "li", "td", "th", "div", "br", "tr", "pre"}
+    """body: the text of the pages; edges: that of page headers and footers; numbers: those of the pages."""
+    BLOCKS = {"p", "h1", "h2", "h3", "h4", "h5", "h6", "li", "td", "th", "div", "br", "tr", "pre", "figcaption"}
+    LEFT_OUT = ("style", "script", "title", "nav")  # the outline is not on the pages
 
     def __init__(self):
         super().__init__()
-        self.parts = []
+        self.body, self.edges, self.numbers = [], [], []
         self.skipped = 0
+        self.in_edge = False
+
+    def _end_block(self, tag):
+        if tag in self.BLOCKS:
+            self.handle_data("\n")
 
     def handle_starttag(self, tag, attrs):
-        self.skipped += tag in ("style", "script", "title")
-        if tag in self.BLOCKS:
-            self.parts.append("\n")
+        attributes = dict(attrs)
+        unseen = tag == "h1" and attributes.get("class") == "unseen"
+        self.skipped += tag in self.LEFT_OUT or unseen
+        self.in_edge = self.in_edge or tag in ("header", "footer")
+        if attributes.get("role") == "doc-pagebreak":
+            self.numbers.append(attributes["title"])
+        self._end_block(tag)
 
     def handle_endtag(self, tag):
-        self.skipped -= tag in ("style", "script", "title")
-        if tag in self.BLOCKS:
-            self.parts.append("\n")
+        self.skipped -= tag in self.LEFT_OUT or (tag == "h1" and self.skipped > 0)
+        self.in_edge = self.in_edge and tag not in ("header", "footer")
+        self._end_block(tag)
 
     def handle_data(self, data):
         if not self.skipped:
-            self.parts.append(data)
+            (self.edges if self.in_edge else self.body).append(data)
+
+
+HtmlText = collections.namedtuple("HtmlText", "body edges numbers")
 
 
 def html_text(path):
+    """The texts of the pages, of page headers and footers (written once), and of page numbers (between the pages)."""
     reader = _TextOfHtml()
     with open(path, encoding="utf-8") as file:
         reader.feed(file.read())
-    return "".join(reader.parts)
+    return HtmlText(*("".join(each) for each in (reader.body, reader.edges)), "\n".join(reader.numbers))
+
+
+def add_edges(found, wanted, edges, numbers, pages):
+    """Adds the words of page headers and footers to the Counter of words found: as often as they are wanted, but at most
+    once a page; and page numbers, if they are wanted."""
+    missing = wanted - found
+    for word, count in collections.Counter(edges).items():
+        found[word] += max(count, min(missing[word], count * pages))
+    for number in numbers:
+        found[number] += min(1, (wanted - found)[number])
 
 
 def xml_words(path):
