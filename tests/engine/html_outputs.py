@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""HTML and XML outputs: well-formed, in one file, with the words that pdftotext finds; tables as a person marked them.
+"""HTML and XML outputs: well-formed, valid, in one file, with the words that pdftotext finds; tables as a person marked them.
 
 Tables are scored where the documents' folder has truth/NAME-str.xml.
 """
@@ -21,6 +21,7 @@ LEAST_OVERPRINTED = 0.97  # where the peer repeats letters that are drawn twice:
 # Of words, and of digits one by one: the letters and indices of formulas stand in other words than the peer's.
 LEAST = {"html": 0.995, "xhtml": 0.995, "xml": 0.98}
 MOST_MEGABYTES = 150
+SCHEMA = core_support.pathlib.Path(__file__).resolve().parents[2] / "docs" / "xml-format.xsd"
 LEAST_TABLES = 0.85
 # Text without spaces has no words to compare, so compare characters.
 IDEOGRAPH = "\u2e80-\ua4cf\uf900-\ufaff"
@@ -67,8 +68,9 @@ def check_markup(suite, document, kind):
     suite.check(result.megabytes <= MOST_MEGABYTES or "SANITIZE" in os.environ, document.name, kind,
                 f"{result.megabytes:.0f} MB")
     suite.check([each.name for each in folder.iterdir()] == [path.name], document.name, kind, "more than one file")
-    lint = subprocess.run(["xmllint", "--noout", "--nonet", "--huge", str(path)], capture_output=True, check=False)
-    suite.check(lint.returncode == 0, document.name, kind, "is not well-formed:", lint.stderr[:300])
+    schema = ["--schema", str(SCHEMA)] if kind == "xml" else []
+    lint = subprocess.run(["xmllint", "--noout", "--nonet", "--huge", *schema, str(path)], capture_output=True, check=False)
+    suite.check(lint.returncode == 0, document.name, kind, "is not well-formed or valid:", lint.stderr[:300])
     markup = path.read_text(encoding="utf-8")
     suite.check(not re.search(r"<(?:img|link|script|iframe)\b[^>]*\b(?:src|href)=\"(?!data:)", markup), document.name,
                 kind, "needs another file")

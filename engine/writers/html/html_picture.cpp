@@ -84,10 +84,7 @@ void writeHtmlFigure(
     constexpr double pixelsInPoint = 96.0 / 72;
     xml.writeAttribute(QStringLiteral("width"), QString::number(std::lround(box.width() * pixelsInPoint)));
     xml.writeAttribute(QStringLiteral("height"), QString::number(std::lround(box.height() * pixelsInPoint)));
-    xml.writeAttribute(
-        QStringLiteral("src"),
-        QStringLiteral("data:%1;base64,%2")
-            .arg(QString::fromLatin1(encoded.mimeType), QString::fromLatin1(encoded.bytes.toBase64())));
+    xml.writeAttribute(QStringLiteral("src"), model::dataAddress(encoded));
     for (const model::Paragraph &paragraph : figure.labels) {
         for (const Label &label : labelsOf(paragraph)) {
             xml.writeCharacters(QStringLiteral("\n"));

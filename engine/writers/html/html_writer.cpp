@@ -223,16 +223,18 @@ private:
                 closeLists(0);
             }
             setBackground(paragraph ? paragraph->shading : std::nullopt);
-            if (i + 1 < section.blocks.size() && isCaptioned(block, section.blocks[i + 1])) {
-                writeCaptioned(page, section, i);
+            const Paragraph *caption =
+                i + 1 < section.blocks.size() ? captionIn(block, section.blocks[i + 1]) : nullptr;
+            if (caption) {
+                writeCaptioned(page, section, i, *caption);
                 ++i;
             } else if (const Table *table = block.table()) {
                 writeHtmlTable(m_xml, *table, m_usual, isCentred(page, section, block), m_anchors);
             } else if (const Figure *figure = block.figure()) {
                 writeFigure(page, *figure, isCentred(page, section, block));
-            } else if (paragraph->listItem) {
+            } else if (paragraph && paragraph->listItem) {
                 writeListItem(page, *paragraph);
-            } else {
+            } else if (paragraph) {
                 writeHtmlParagraph(m_xml, *paragraph, contextOf(page, *paragraph));
             }
         }
@@ -240,31 +242,26 @@ private:
         setBackground({});
     }
 
-    /// Returns true for a figure and its caption, in either order.
-    static bool isCaptioned(const Block &first, const Block &second)
+    /// Returns the caption if the blocks are a figure and its caption, in either order; otherwise nullptr.
+    static const Paragraph *captionIn(const Block &first, const Block &second)
     {
         const Figure *figure = first.figure() ? first.figure() : second.figure();
         const Paragraph *caption = first.paragraph() ? first.paragraph() : second.paragraph();
-        return figure && caption && caption->captionOf == figure->id;
+        return figure && caption && caption->captionOf == figure->id ? caption : nullptr;
     }
 
-    void writeCaptioned(const Page &page, const model::Section &section, std::size_t first)
+    void writeCaptioned(const Page &page, const model::Section &section, std::size_t first, const Paragraph &caption)
     {
         const XmlElement element = startBlock(m_xml, QStringLiteral("figure"));
-        const Block &one = section.blocks[first];
-        const Block &other = section.blocks[first + 1];
-        const Paragraph &caption = one.paragraph() ? *one.paragraph() : *other.paragraph();
-        const auto writeCaption = [&] {
-            ParagraphContext context = contextOf(page, caption);
-            context.element = QStringLiteral("figcaption");
-            writeHtmlParagraph(m_xml, caption, context);
-        };
-        if (const Figure *figure = one.figure()) {
-            writeFigure(page, *figure, isCentred(page, section, one), model::plainText(caption));
-            writeCaption();
-        } else if (const Figure *below = other.figure()) {
-            writeCaption();
-            writeFigure(page, *below, isCentred(page, section, other), model::plainText(caption));
+        for (const std::size_t i : {first, first + 1}) {
+            const Block &block = section.blocks[i];
+            if (const Figure *figure = block.figure()) {
+                writeFigure(page, *figure, isCentred(page, section, block), model::plainText(caption));
+            } else {
+                ParagraphContext context = contextOf(page, caption);
+                context.element = QStringLiteral("figcaption");
+                writeHtmlParagraph(m_xml, caption, context);
+            }
         }
     }
 

@@ -37,10 +37,29 @@ QString roleName(const Paragraph &paragraph)
     return QStringLiteral("body");
 }
 
+/// Empty for left.
+QString alignmentName(model::Alignment alignment)
+{
+    switch (alignment) {
+    case model::Alignment::Centre:
+        return QStringLiteral("centre");
+    case model::Alignment::Right:
+        return QStringLiteral("right");
+    case model::Alignment::Justify:
+        return QStringLiteral("justify");
+    case model::Alignment::Left:
+        break;
+    }
+    return {};
+}
+
 class XmlWriter
 {
 public:
-    XmlWriter(QIODevice &out, const model::Document &document) : m_xml(&out), m_document(document)
+    XmlWriter(QIODevice &out, const model::Document &document, model::PictureSource *pictures)
+        : m_xml(&out)
+        , m_document(document)
+        , m_pictures(pictures)
     {
         m_xml.setAutoFormatting(true);
         m_xml.setAutoFormattingIndent(1);
@@ -51,6 +70,8 @@ public:
         m_xml.writeStartDocument();
         {
             const XmlElement document = start("document");
+            attribute("version", QStringLiteral("1"));
+            attribute("unit", QStringLiteral("pt"));
             writeFacts();
             for (const model::Page &page : m_document.pages) {
                 writePage(page);
@@ -101,8 +122,13 @@ private:
         text("label", page.label);
         number("width", page.width);
         number("height", page.height);
-        std::for_each(page.header.begin(), page.header.end(), [this](const Paragraph &each) { writeParagraph(each); });
-        std::for_each(page.footer.begin(), page.footer.end(), [this](const Paragraph &each) { writeParagraph(each); });
+        flag("scanned", page.scanned);
+        for (const Paragraph &each : page.header) {
+            writeParagraph(each, "header");
+        }
+        for (const Paragraph &each : page.footer) {
+            writeParagraph(each, "footer");
+        }
         for (const model::Section &section : page.sections) {
             const XmlElement part = start("section");
             number("columns", static_cast<double>(section.columns.size()));
@@ -129,26 +155,57 @@ private:
             writeParagraph(*paragraph);
         } else if (const model::Table *table = block.table()) {
             writeTable(*table);
-        } else {
-            m_xml.writeEmptyElement(QStringLiteral("picture"));
-            box(block.box());
-            text("alternative", block.figure()->alternative);
-            for (const Paragraph &label : block.figure()->labels) {
+        } else if (const model::Figure *figure = block.figure()) {
+            writePicture(*figure);
+            for (const Paragraph &label : figure->labels) {
                 writeParagraph(label);
             }
         }
     }
 
-    void writeParagraph(const Paragraph &paragraph)
+    void writePicture(const model::Figure &figure)
+    {
+        m_xml.writeEmptyElement(QStringLiteral("picture"));
+        box(figure.box);
+        text("alternative", figure.alternative);
+        identity("id", figure.id);
+        const model::EncodedPicture picture =
+            m_pictures ? m_pictures->encode(figure, model::DrawingWords::InPicture) : model::EncodedPicture{};
+        if (!picture.bytes.isEmpty()) {
+            attribute("source", model::dataAddress(picture));
+        }
+    }
+
+    /// The place is "header", "footer", or null.
+    void writeParagraph(const Paragraph &paragraph, const char *place = nullptr)
     {
         const XmlElement element = start("block");
         box(paragraph.box);
         attribute("role", roleName(paragraph));
+        if (place) {
+            attribute("place", QLatin1String(place));
+        }
+        text("alignment", alignmentName(paragraph.alignment));
         if (paragraph.rightToLeft) {
             attribute("direction", QStringLiteral("rtl"));
         }
         if (paragraph.continuesPrevious) {
             attribute("continues", QStringLiteral("yes"));
+        }
+        flag("preformatted", paragraph.preformatted);
+        if (paragraph.shading) {
+            attribute("shading", colourName(*paragraph.shading));
+        }
+        if (paragraph.listItem) {
+            number("level", paragraph.listItem->level + 1);
+            text("mark", paragraph.listItem->mark);
+            flag("ordered", paragraph.listItem->ordered);
+        }
+        if (paragraph.note) {
+            identity("note", *paragraph.note);
+        }
+        if (paragraph.captionOf) {
+            identity("captionof", *paragraph.captionOf);
         }
         for (std::size_t i = 0; i < paragraph.lines.size(); ++i) {
             const model::Line &line = paragraph.lines[i];
@@ -204,8 +261,16 @@ private:
         if (style.colour != black) {
             attribute("colour", colourName(style.colour));
         }
+        if (word.shift != model::BaselineShift::None) {
+            attribute(
+                "shift", word.shift == model::BaselineShift::Superscript ? QStringLiteral("superscript")
+                                                                         : QStringLiteral("subscript"));
+        }
         if (!word.link.isEmpty()) {
             attribute("link", xmlText(word.link));
+        }
+        if (word.note) {
+            identity("note", *word.note);
         }
         if (word.text.isEmpty()) {
             attribute("part", QStringLiteral("rest"));
@@ -219,6 +284,10 @@ private:
         box(table.box);
         number("rows", table.rows());
         number("columns", table.columns());
+        if (table.rotation != 0) {
+            number("rotation", table.rotation);
+        }
+        flag("continues", table.continuesPrevious);
         for (const model::Cell &cell : table.cells) {
             const XmlElement part = start("cell");
             number("row", cell.row);
@@ -230,6 +299,10 @@ private:
                 number("columnspan", cell.columnSpan);
             }
             box(cell.box);
+            flag("header", cell.row < table.headerRows);
+            if (cell.background) {
+                attribute("background", colourName(*cell.background));
+            }
             for (const Paragraph &paragraph : cell.paragraphs) {
                 writeParagraph(paragraph);
             }
@@ -248,6 +321,12 @@ private:
     {
         attribute(name, QString::number(std::round(value * 100) / 100, 'g', 10));
     }
+    /// Identities count from 0, their numbers from 1.
+    template <typename Id>
+    void identity(const char *name, Id id)
+    {
+        attribute(name, QString::number(static_cast<std::size_t>(id) + 1));
+    }
     void flag(const char *name, bool value)
     {
         if (value) {
@@ -264,13 +343,14 @@ private:
 
     QXmlStreamWriter m_xml;
     const model::Document &m_document;
+    model::PictureSource *m_pictures;
 };
 
 } // namespace
 
-void writeXml(QIODevice &out, const model::Document &document)
+void writeXml(QIODevice &out, const model::Document &document, model::PictureSource *pictures)
 {
-    XmlWriter(out, document).write();
+    XmlWriter(out, document, pictures).write();
 }
 
 } // namespace quorra

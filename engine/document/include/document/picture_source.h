@@ -4,6 +4,7 @@
 #include "document/document.h"
 
 #include <QByteArray>
+#include <QString>
 
 namespace quorra::model {
 
@@ -15,6 +16,9 @@ struct EncodedPicture
     int widthPixels = 0;
     int heightPixels = 0;
 };
+
+/// Returns a "data:" URI that contains the picture.
+QString dataAddress(const EncodedPicture &picture);
 
 /// Whether the words in a drawing are part of its picture, or the writer puts them over it as text.
 enum class DrawingWords { InPicture, Apart };
