@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "analysis/analysis.h"
 #include "convert/convert.h"
 #include "platform/output_file.h"
 #include "read_document.h"
@@ -10,7 +11,8 @@ void convertToText(const Job &job)
 {
     OutputFile file(job.options.outputPath);
     PdfFilePool pool(job.file);
-    const model::Document document = readDocument(job, pool, Collect::TextAndRules);
+    model::Document document = readDocument(job, pool, Collect::TextAndRules);
+    model::joinContinuations(document, false);
     for (const model::Page &page : document.pages) {
         const QByteArray text = pageAsText(page).toUtf8();
         file.write({text.constData(), static_cast<std::size_t>(text.size())});

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "document_maker.h"
 #include "page_maker.h"
 
 #include "text/text_writer.h"
@@ -61,6 +62,97 @@ private Q_SLOTS:
             page.text(90, 112 + 12 * i, QStringLiteral("an entry"));
         }
         QVERIFY(pageAsText(page.build().pages.front()).endsWith(QStringLiteral("and\n\n• an entry\n• an entry\n")));
+    }
+
+    void setsEntriesOfContentsBelowOneAnother()
+    {
+        DocumentMaker maker;
+        for (const char *text : {"Introduction", "Boats", "Ropes"}) {
+            Paragraph entry = maker.paragraph(QLatin1String(text) + QStringLiteral(" 7"));
+            entry.lines[0].words[0].separator = Separator::Tab;
+            entry.tabStops = {{471, Alignment::Right, true}};
+            entry.spaceBefore = QLatin1String(text) == QLatin1String("Ropes") ? 12 : 0;
+            entry.lines[0].baseline = entry.box.bottom;
+            maker.add({entry, 0});
+        }
+        maker.page().sections[0].blocks[2].paragraph()->lines[0].baseline += 12;
+        QCOMPARE(pageAsText(maker.page()), QStringLiteral("Introduction\t7\nBoats\t7\n\nRopes\t7\n"));
+    }
+
+    void linesAtEvenDistancesBelongTogether()
+    {
+        DocumentMaker maker;
+        const std::vector<double> baselines{100, 124, 148, 200, 250};
+        for (const double baseline : baselines) {
+            Paragraph line = maker.paragraph(QString::number(baseline));
+            line.lines[0].baseline = baseline;
+            maker.add({line, 0});
+        }
+        QCOMPARE(pageAsText(maker.page()), QStringLiteral("100\n124\n148\n\n200\n\n250\n"));
+    }
+
+    void evenLinesDifferByLittle_data()
+    {
+        QTest::addColumn<double>("difference");
+        QTest::addColumn<bool>("together");
+        QTest::newRow("less") << 0.95 << true;
+        QTest::newRow("more") << 1.05 << false;
+    }
+
+    void evenLinesDifferByLittle()
+    {
+        QFETCH(double, difference);
+        QFETCH(bool, together);
+        DocumentMaker maker;
+        for (const double baseline : {100.0, 124.0, 148.0 + difference}) {
+            Paragraph line = maker.paragraph(QStringLiteral("x"));
+            line.lines[0].baseline = baseline;
+            maker.add({line, 0});
+        }
+        QCOMPARE(pageAsText(maker.page()) == QStringLiteral("x\nx\nx\n"), together);
+    }
+
+    void keepsIndentsOfTheFirstColumn()
+    {
+        DocumentMaker maker;
+        Table table;
+        table.columnEdges = {60, 160, 260};
+        table.rowEdges = {100, 120, 140, 160};
+        const std::vector<double> indents{0, 10, 300}; // points; the font has 10
+        for (int row = 0; row < 3; ++row) {
+            Cell cell;
+            cell.row = row;
+            cell.paragraphs = {maker.paragraph(QStringLiteral("stub"))};
+            cell.paragraphs[0].box.left += indents[static_cast<std::size_t>(row)];
+            table.cells.push_back(cell);
+            cell.column = 1;
+            cell.paragraphs = {maker.paragraph(QString::number(row))};
+            table.cells.push_back(cell);
+        }
+        QCOMPARE(
+            tableAsText(table), QStringLiteral("stub              0\n"
+                                               "    stub          1\n"
+                                               "            stub  2\n"));
+    }
+
+    void shortensRowsOfDots()
+    {
+        DocumentMaker maker;
+        maker.add({maker.paragraph(QStringLiteral("Name ............ Town . . . . . . . end ..... five")), 0});
+        QCOMPARE(pageAsText(maker.page()), QStringLiteral("Name ... Town ... end ..... five\n"));
+    }
+
+    void joinsWordsOverColumns()
+    {
+        DocumentMaker maker;
+        Paragraph left = maker.paragraph(QStringLiteral("is cut in con-"));
+        left.lines[0].words.back().separator = Separator::Hyphen;
+        Paragraph right = maker.paragraph(QStringLiteral("versation, and goes on"));
+        right.continuesPrevious = true;
+        maker.add({left, 0});
+        maker.add({right, 1});
+        joinContinuations(maker.document(), false);
+        QCOMPARE(pageAsText(maker.page()), QStringLiteral("is cut in conversation,\nand goes on\n"));
     }
 
     void putsHeaderAndFooterAtTheirEnds()

@@ -3,9 +3,14 @@
 
 #include "document/text.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <vector>
 
 namespace quorra {
 
@@ -21,8 +26,20 @@ struct Thresholds
 {
     int columnGap = 2;         ///< characters; between the columns of a table
     double maxListSpace = 0.5; ///< em; more space above a list item separates it from the previous one
+    double evenSteps = 1;      ///< points; by which the distances of single lines that belong together differ
+    double indentStep = 0.25;  ///< em; of a space, for the indents in the first column of a table
+    qsizetype maxIndent = 12;  ///< spaces; of such an indent
 };
 constexpr Thresholds thresholds;
+
+/// Replaces rows of dots, which fill the gaps of lines, by three of them.
+QString withShortLeaders(QString text)
+{
+    static const QRegularExpression dots(QStringLiteral(R"(\.{6,}|(?:\. ){5,}\.?)"));
+    return text.replace(dots, QStringLiteral("... "))
+        .replace(QStringLiteral("...  "), QStringLiteral("... "))
+        .trimmed();
+}
 
 /// Returns the lines of a paragraph; a word hyphenated at a line end is completed on that line.
 QStringList paragraphLines(const Paragraph &paragraph)
@@ -36,7 +53,7 @@ QStringList paragraphLines(const Paragraph &paragraph)
     }
     bool hyphen = false;
     for (const Line &line : paragraph.lines) {
-        QString text = model::plainText(line);
+        QString text = withShortLeaders(model::plainText(line));
         if (hyphen && !lines.isEmpty()) {
             const auto space = text.indexOf(QLatin1Char(' '));
             lines.back().chop(1);
@@ -61,13 +78,43 @@ struct CellText
     qsizetype width = 0;
 };
 
+/// Whether the indent of the paragraph means something: it is one of the texts in the first column of a table.
+bool isStub(const model::Cell &cell, const Paragraph &paragraph)
+{
+    return cell.column == 0 && paragraph.alignment == Alignment::Left && paragraph.rotation == 0 &&
+           !paragraph.rightToLeft && !paragraph.lines.empty();
+}
+
+/// Returns where the leftmost texts of the first column begin.
+double leftOfStubs(const Table &table)
+{
+    double left = std::numeric_limits<double>::max();
+    for (const model::Cell &cell : table.cells) {
+        for (const Paragraph &paragraph : cell.paragraphs) {
+            left = isStub(cell, paragraph) ? std::min(left, paragraph.box.left) : left;
+        }
+    }
+    return left;
+}
+
+QString spaces(double indent, double size)
+{
+    const auto count = std::lround(std::max(0.0, indent) / (thresholds.indentStep * size));
+    return QString(std::min<qsizetype>(count, thresholds.maxIndent), QLatin1Char(' '));
+}
+
 std::vector<CellText> cellTexts(const Table &table)
 {
+    const double left = leftOfStubs(table);
     std::vector<CellText> texts;
     for (const model::Cell &cell : table.cells) {
         CellText text{cell.row, cell.column, cell.columnSpan, false, {}, 0};
         for (const Paragraph &paragraph : cell.paragraphs) {
-            text.lines += paragraphLines(paragraph);
+            const QString indent =
+                isStub(cell, paragraph) ? spaces(paragraph.box.left - left, model::largestSize(paragraph)) : QString();
+            for (const QString &line : paragraphLines(paragraph)) {
+                text.lines += indent + line;
+            }
             text.right = text.right || paragraph.alignment == Alignment::Right;
         }
         for (const QString &line : text.lines) {
@@ -140,17 +187,72 @@ void append(QString &page, const QString &text, bool close)
     }
 }
 
-/// Returns whether both are items of a list without space in between, which get no empty line.
-bool isSameList(const Block *before, const Block &block)
+/// Returns the paragraph if it is a single line of running text, with its baseline on the page.
+const Paragraph *singleLine(const Block *block)
 {
-    const Paragraph *entry = block.paragraph();
-    const Paragraph *last = before ? before->paragraph() : nullptr;
-    if (!entry || !last || !entry->listItem || !last->listItem) {
-        return false;
-    }
-    const std::vector<model::Run> runs = model::runsOf(*entry);
-    return !runs.empty() && entry->spaceBefore < thresholds.maxListSpace * runs.front().style.size;
+    const Paragraph *paragraph = block ? block->paragraph() : nullptr;
+    const bool isText = paragraph && (paragraph->role == model::Role::Body || paragraph->role == model::Role::ListItem);
+    return isText && paragraph->lines.size() == 1 && paragraph->rotation == 0 ? paragraph : nullptr;
 }
+
+/// Returns the distance between the baselines of single lines; nothing if one of them is none, or above the other.
+std::optional<double> stepBetween(const Block *before, const Block *after)
+{
+    const Paragraph *first = singleLine(before);
+    const Paragraph *second = singleLine(after);
+    if (!first || !second) {
+        return std::nullopt;
+    }
+    const double step = second->lines.front().baseline - first->lines.front().baseline;
+    return step > 0 ? std::optional(step) : std::nullopt;
+}
+
+/// The blocks of a page in reading order.
+class Blocks
+{
+public:
+    explicit Blocks(const model::Page &page)
+    {
+        for (const model::Section &section : page.sections) {
+            for (const Block &block : section.blocks) {
+                m_blocks.push_back(&block);
+            }
+        }
+    }
+
+    std::size_t size() const { return m_blocks.size(); }
+    const Block *at(std::size_t i) const { return i < m_blocks.size() ? m_blocks[i] : nullptr; }
+
+    /// Returns whether no empty line is above the block: it is an item of the same list or table of contents as the
+    /// block before it, without space in between, or one of three single lines or more at even distances.
+    bool isClose(std::size_t i) const { return i > 0 && (isSameList(*m_blocks[i - 1], *m_blocks[i]) || isEvenLine(i)); }
+
+private:
+    static bool isSameList(const Block &before, const Block &block)
+    {
+        const Paragraph *entry = block.paragraph();
+        const Paragraph *last = before.paragraph();
+        const auto isEntry = [](const Paragraph &each) { return each.listItem || !each.tabStops.empty(); };
+        if (!entry || !last || !isEntry(*entry) || !isEntry(*last)) {
+            return false;
+        }
+        const std::vector<model::Run> runs = model::runsOf(*entry);
+        return !runs.empty() && entry->spaceBefore < thresholds.maxListSpace * runs.front().style.size;
+    }
+
+    bool isEvenLine(std::size_t i) const
+    {
+        const std::optional<double> step = stepBetween(at(i - 1), at(i));
+        const std::optional<double> above = i > 1 ? stepBetween(at(i - 2), at(i - 1)) : std::nullopt;
+        const std::optional<double> below = stepBetween(at(i), at(i + 1));
+        const auto isEven = [&step](const std::optional<double> &other) {
+            return step && other && std::abs(*step - *other) < thresholds.evenSteps;
+        };
+        return isEven(above) || isEven(below);
+    }
+
+    std::vector<const Block *> m_blocks;
+};
 
 } // namespace
 
@@ -191,12 +293,9 @@ QString pageAsText(const model::Page &page)
         }
     };
     addPageHeaders(page.header);
-    const Block *before = nullptr;
-    for (const model::Section &section : page.sections) {
-        for (const Block &block : section.blocks) {
-            append(text, blockText(block), isSameList(before, block));
-            before = &block;
-        }
+    const Blocks blocks(page);
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        append(text, blockText(*blocks.at(i)), blocks.isClose(i));
     }
     addPageHeaders(page.footer);
     return text;
