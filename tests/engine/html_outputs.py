@@ -44,12 +44,7 @@ def compare_words(suite, document, kind, markup, path):
 
     seen, repeated = readers.seen_words(str(document), split, *password(document))
     theirs = core_support.collections.Counter(seen)
-    if kind == "xml":
-        ours = words(plain(markup))
-    else:
-        text = readers.html_text(path)
-        ours = words(text.body)
-        readers.add_edges(ours, theirs, split(text.edges), split(text.numbers), max(1, text.numbers.count("\n") + 1))
+    ours = words(plain(markup)) if kind == "xml" else readers.html_words(path, theirs, split)
     common = sum((ours & theirs).values())
     recall = common / max(1, sum(theirs.values())) if theirs else 1
     precision = common / max(1, sum(ours.values())) if ours else 1

@@ -79,11 +79,9 @@ def words_of(path, wanted, pages):
     if extension == ".xlsx":
         return text_match.words(readers.sheet_text(path))
     if extension == ".html":
-        text = readers.html_text(path)
-        body, edges, numbers = (text_match.words(each) for each in text)
-    else:
-        body, edges, page_field = _word_text(path)
-        numbers = [str(number) for number in range(1, pages + 1)] if page_field else []
+        return list(readers.html_words(path, wanted, text_match.words).elements())
+    body, edges, page_field = _word_text(path)
+    numbers = [str(number) for number in range(1, pages + 1)] if page_field else []
     found = collections.Counter(body)
     readers.add_edges(found, collections.Counter(wanted), edges, numbers, pages)
     return list(found.elements())

@@ -6,7 +6,6 @@ Usage: quality.py ENGINE [--check]
 The environment variable QUORRA_PDF_CORPUS names the folder of the files; without it nothing is measured.
 --check   ends with exit status 1 when a figure misses its target.
 """
-import collections
 import os
 import subprocess
 import sys
@@ -79,11 +78,7 @@ class Quality:
     def html_words(self, name):
         """The words of the HTML output; those of page headers as often as the PDF file shows them."""
         wanted = readers.tokens(readers.pdf_text(self.pdf(name)))
-        text = readers.html_text(self.convert(name, ".html"))
-        body, edges, numbers = (readers.tokens(each) for each in text)
-        found = collections.Counter(body)
-        readers.add_edges(found, collections.Counter(wanted), edges, numbers, max(1, len(text.numbers.splitlines())))
-        return " ".join(found.elements())
+        return " ".join(readers.html_words(self.convert(name, ".html"), wanted, readers.tokens).elements())
 
     def measure_tokens(self):
         wanted = {name: readers.tokens(readers.pdf_text(self.pdf(name))) for name in TEXT_FILES}

@@ -322,6 +322,16 @@ def add_edges(found, wanted, edges, numbers, pages):
         found[number] += min(1, (wanted - found)[number])
 
 
+def html_words(path, wanted, split):
+    """The words of an HTML output as a Counter; those of page headers and page numbers as often as they are wanted, but at
+    most once a page. `split` divides a text into words."""
+    text = html_text(path)
+    found = collections.Counter(split(text.body))
+    pages = max(1, len(text.numbers.splitlines()))
+    add_edges(found, collections.Counter(wanted), split(text.edges), split(text.numbers), pages)
+    return found
+
+
 def xml_words(path):
     """The text of the plain XML format: its leaves, one word each."""
     root = ElementTree.parse(path).getroot()

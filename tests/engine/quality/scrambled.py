@@ -36,7 +36,7 @@ FEWEST_WORDS = 20  # on a page that is judged
 FEWEST_ON_LINE = 4  # words; lines with fewer are cells, labels or headings, whose order is a matter of taste
 MOST_UNLIKE = 2  # words that are always allowed to be missing, and to be too many
 LEAST = {"recall": 0.97, "precision": 0.97, "sentences": 0.8}
-WHOLE = {".html": readers.html_text, ".xml": readers.xml_words}  # read as a whole
+WHOLE = [".html", ".xml"]  # read as a whole
 OFFICE = ".docx"
 
 RIGHT_TO_LEFT = re.compile("[\u0590-\u08ff]")
@@ -95,7 +95,7 @@ def sentences(lines, found):
 
 
 def figures_of(theirs, ours, words=None):
-    """The figures of an output's text, or of its words where they are known in no order."""
+    """The figures of an output's text; its words can be given apart, where the text lacks some or has no order."""
     wanted = words_of(joined(theirs))
     if len(wanted) < FEWEST_WORDS:
         return None
@@ -118,8 +118,11 @@ def judge(engine, document, folder, number, kinds):
             ours = pathlib.Path(path).read_text(encoding="utf-8").split("\f")
             for page, text in enumerate(theirs.split("\f"), 1):
                 found.append(("page %3d" % page, figures_of(text, ours[page - 1] if page <= len(ours) else "")))
-        elif kind in WHOLE:
-            found.append((kind, figures_of(theirs, WHOLE[kind](path))))
+        elif kind == ".html":
+            words = readers.html_words(path, words_of(joined(theirs)), words_of)
+            found.append((kind, figures_of(theirs, readers.html_text(path).body, list(words.elements()))))
+        elif kind == ".xml":
+            found.append((kind, figures_of(theirs, readers.xml_words(path))))
         else:
             words = outputs.words_of(path, text_match.words(joined(theirs)), theirs.count("\f"))
             found.append((kind, dict(figures_of(theirs, "", words) or {}, sentences=None)))
