@@ -58,6 +58,13 @@ void FlowBreaks::writeSpace(double height)
     }
 }
 
+void FlowBreaks::writeSpaceAboveColumns(double height)
+{
+    const Marks marks = std::exchange(m_pending.marks, {});
+    writeSpace(height);
+    addMarks(marks);
+}
+
 void FlowBreaks::flush()
 {
     if (m_hasPending) {

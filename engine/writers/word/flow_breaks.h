@@ -28,8 +28,12 @@ public:
     /// Returns what the next paragraph has to carry; the caller writes that paragraph.
     ParagraphPlace take();
 
-    /// Writes a blank space of this height (points) above columns or a table, with all that has been collected.
+    /// Writes a blank space of this height (points) above a table, with all that has been collected.
     void writeSpace(double height);
+
+    /// Does so above columns. Bookmarks and comments remain for the text in the columns: LibreOffice writes a bookmark
+    /// directly before a section twice.
+    void writeSpaceAboveColumns(double height);
 
     /// Writes an empty paragraph for what has been collected, if there is anything.
     void flush();

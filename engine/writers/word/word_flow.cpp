@@ -108,7 +108,7 @@ void FlowWriter::writeSection(const FlowPage &page, const FlowSection &section)
 {
     std::optional<XmlElement> columns;
     if (section.inColumns) {
-        m_breaks.writeSpace(section.spaceAbove);
+        m_breaks.writeSpaceAboveColumns(section.spaceAbove);
         columns.emplace(beginColumns(m_sink, *page.page, *section.section, page.margins, ++m_sections));
     }
     for (const FlowItem &item : section.items) {

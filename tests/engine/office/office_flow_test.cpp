@@ -18,6 +18,7 @@ private Q_SLOTS:
     void writesHeadingsBulletsAndNumbers();
     void namedStylesCarryTheLook();
     void tightLinesShrinkWithTheFont();
+    void bookmarksStandInTheColumns();
     void countsListsOverOtherText();
     void writesListsInCells();
     void keepsColumnsOnlyWhereAsked();
@@ -122,6 +123,17 @@ void OfficeFlowTest::tightLinesShrinkWithTheFont()
     tight.lines[1].baseline += 20;
     tight.lineDistance = 20;
     QVERIFY(flow(oneBlock(tight)).contains(QLatin1String("fo:line-height=\"87%\"")));
+}
+
+void OfficeFlowTest::bookmarksStandInTheColumns()
+{
+    model::Page page = fixture::page({{72, 72, 300, 720}, {312, 72, 540, 720}});
+    page.sections[0].blocks = {
+        fixture::block(fixture::paragraph(QStringLiteral("left"), {72, 72, 300, 84})),
+        fixture::block(fixture::paragraph(QStringLiteral("right"), {312, 72, 540, 84}), 1)};
+    const QString text = flow(fixture::document({page}));
+    QCOMPARE(text.count(QLatin1String("<text:bookmark ")), 1);
+    QVERIFY(text.contains(QLatin1String("<text:bookmark text:name=\"page1\"/>left")));
 }
 
 void OfficeFlowTest::countsListsOverOtherText()
