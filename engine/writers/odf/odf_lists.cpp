@@ -113,19 +113,20 @@ Element levelStyle(const model::List &list, int level)
         {position}};
 }
 
-/// Returns the name of the style of the list. All levels are defined, so that items can be moved to any.
+QString listName(const model::List &list)
+{
+    return u"list%1"_s.arg(list.id + 1);
+}
+
+/// Returns the name of the style of the list. All levels are defined, so that items can be moved to any. Each list has
+/// a style of its own: in Word's older format, lists of one style are one list and count on.
 QString listStyle(const Sink &sink, const model::List &list)
 {
-    Element style{"text:list-style"_L1};
+    Element style{"text:list-style"_L1, {{"style:display-name"_L1, listName(list)}}};
     for (int level = 0; level < model::maxListLevels; ++level) {
         style.children.push_back(levelStyle(list, level));
     }
     return sink.styles.name(style);
-}
-
-QString listName(const model::List &list)
-{
-    return u"list%1"_s.arg(list.id + 1);
 }
 
 } // namespace
