@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sheet_layout.h"
 
+#include "base/number.h"
+#include "document/text.h"
 #include "odf/cell_places.h"
 #include "odf/font_widths.h"
 #include "odf/line_breaking.h"
@@ -37,14 +39,61 @@ struct Thresholds
 };
 constexpr Thresholds thresholds;
 
-double textHeight(const model::Cell &cell)
+/// The widths of text in the fonts of the page, with a reserve for others.
+TextMeasure textMeasure()
+{
+    return {
+        [](const model::Word &word) {
+            const double drawn = word.rotation % 180 == 0 ? word.box.width() : word.box.height();
+            return thresholds.fontReserve * std::max(drawn, textWidth(word.text, *word.style).value_or(drawn));
+        },
+        [](const model::Style &style) { return usualSpaceWidth * style.size; }};
+}
+
+int linesAt(const model::Paragraph &paragraph, double width)
+{
+    return paragraph.preformatted ? static_cast<int>(paragraph.lines.size())
+                                  : countLines(unbreakableTexts(paragraph, textMeasure()), LineStrip{width});
+}
+
+/// Returns the number of lines of the paragraph in its cell: those on the page, or more if its columns are narrower.
+int linesInSheet(const model::Paragraph &paragraph, const model::Cell &cell, const std::vector<double> &columnWidths)
+{
+    const int lines = std::max(1, static_cast<int>(paragraph.lines.size()));
+    const auto end = static_cast<std::size_t>(cell.column) + static_cast<std::size_t>(cell.columnSpan);
+    if (end > columnWidths.size() || paragraph.rotation != 0) {
+        return lines;
+    }
+    const double width =
+        std::accumulate(columnWidths.begin() + cell.column, columnWidths.begin() + cell.column + cell.columnSpan, 0.0);
+    return width < paragraph.box.width() + thresholds.sidePadding
+               ? std::max(lines, linesAt(paragraph, width - thresholds.sidePadding))
+               : lines;
+}
+
+double textHeight(const model::Cell &cell, const std::vector<double> &columnWidths)
 {
     double height = thresholds.rowPadding;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
-        const auto lines = static_cast<double>(std::max<std::size_t>(1, paragraph.lines.size()));
-        height += lines * thresholds.lineHeight * largestSize(paragraph);
+        height += linesInSheet(paragraph, cell, columnWidths) * thresholds.lineHeight * largestSize(paragraph);
     }
     return height;
+}
+
+/// Returns the width that the cell must have at least: that of its longest word, or of its text if that is a figure,
+/// which does not wrap.
+double leastWidthOf(const model::Cell &cell)
+{
+    double width = 0;
+    for (const model::Paragraph &paragraph : cell.paragraphs) {
+        if (paragraph.lines.size() == 1 && looksNumeric(model::plainText(paragraph).trimmed())) {
+            width = std::max(width, thresholds.fontReserve * paragraph.box.width());
+        }
+        for (const UnbreakableText &text : unbreakableTexts(paragraph, textMeasure())) {
+            width = std::max(width, text.width);
+        }
+    }
+    return width + thresholds.sidePadding;
 }
 
 /// Returns the width at which a cell of one line is not cut off.
@@ -74,6 +123,11 @@ std::vector<double> rowsOfHeight(double height)
     return std::vector<double>(static_cast<std::size_t>(count), std::max(thresholds.minRowHeight, height / count));
 }
 
+std::size_t columnsOf(const model::Table &table)
+{
+    return static_cast<std::size_t>(table.columns());
+}
+
 bool isIndentable(const model::Cell &cell)
 {
     return cell.columnSpan == 1 && !cell.paragraphs.empty() && !cell.paragraphs.front().rightToLeft &&
@@ -82,25 +136,33 @@ bool isIndentable(const model::Cell &cell)
 
 } // namespace
 
-bool wrapsInSheet(const model::Cell &cell)
+bool wrapsInSheet(const model::Cell &cell, const std::vector<double> &columnWidths)
 {
-    return cell.paragraphs.size() > 1 || (!cell.paragraphs.empty() && cell.paragraphs.front().lines.size() > 1);
+    return cell.paragraphs.size() > 1 ||
+           (!cell.paragraphs.empty() && linesInSheet(cell.paragraphs.front(), cell, columnWidths) > 1);
 }
 
 std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables)
 {
     std::vector<double> widths;
+    const auto largest =
+        std::max_element(tables.begin(), tables.end(), [](const model::Table *a, const model::Table *b) {
+            return a->cells.size() < b->cells.size();
+        });
     for (const model::Table *table : tables) {
-        widths.resize(std::max(widths.size(), static_cast<std::size_t>(table->columns())));
-        for (std::size_t i = 0; i + 1 < table->columnEdges.size(); ++i) {
+        const std::size_t before = widths.size(); // columns from here on are those of this table alone, so far
+        widths.resize(std::max(before, static_cast<std::size_t>(table->columns())));
+        const std::size_t own = table == *largest ? 0 : std::max(before, columnsOf(**largest));
+        for (std::size_t i = own; i + 1 < table->columnEdges.size(); ++i) {
             widths[i] =
                 std::max(widths[i], table->columnEdges[i + 1] - table->columnEdges[i] + thresholds.sidePadding / 2);
         }
         for (const model::Cell &cell : table->cells) {
             const auto column = static_cast<std::size_t>(cell.column);
             const bool upright = !cell.paragraphs.empty() && cell.paragraphs.front().rotation == 0;
-            if (cell.columnSpan == 1 && upright && !wrapsInSheet(cell) && column < widths.size()) {
-                widths[column] = std::max(widths[column], textWidthOf(cell));
+            if (cell.columnSpan == 1 && upright && column < widths.size()) {
+                const bool fits = column >= own && !wrapsInSheet(cell);
+                widths[column] = std::max(widths[column], fits ? textWidthOf(cell) : leastWidthOf(cell));
             }
         }
     }
@@ -110,7 +172,7 @@ std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables
     return widths;
 }
 
-std::vector<double> sheetRows(const model::Table &table)
+std::vector<double> sheetRows(const model::Table &table, const std::vector<double> &columnWidths)
 {
     std::vector<double> heights;
     for (std::size_t i = 0; i + 1 < table.rowEdges.size(); ++i) {
@@ -126,7 +188,7 @@ std::vector<double> sheetRows(const model::Table &table)
         for (std::size_t i = row; i < last; ++i) {
             others += heights[i];
         }
-        heights[last] = std::max(heights[last], textHeight(cell) - others);
+        heights[last] = std::max(heights[last], textHeight(cell, columnWidths) - others);
     }
     for (double &height : heights) {
         height = std::min(height, thresholds.maxRowHeight);
@@ -146,15 +208,7 @@ std::vector<double> withTextColumn(std::vector<double> tableColumns, double text
 
 std::vector<double> textRows(const model::Paragraph &paragraph, double width)
 {
-    const TextMeasure measure{
-        [](const model::Word &word) {
-            const double drawn = word.rotation % 180 == 0 ? word.box.width() : word.box.height();
-            return thresholds.fontReserve * std::max(drawn, textWidth(word.text, *word.style).value_or(drawn));
-        },
-        [](const model::Style &style) { return usualSpaceWidth * style.size; }};
-    const LineStrip strip{width - thresholds.sidePadding - textIndent(paragraph)};
-    const int lines = paragraph.preformatted ? static_cast<int>(paragraph.lines.size())
-                                             : countLines(unbreakableTexts(paragraph, measure), strip);
+    const int lines = linesAt(paragraph, width - thresholds.sidePadding - textIndent(paragraph));
     const double lineHeight = thresholds.lineHeight * largestSize(paragraph);
     const double spaceAbove = std::clamp(paragraph.spaceBefore, 0.0, thresholds.maxSpaceAbove);
     return rowsOfHeight(lines * lineHeight + thresholds.rowPadding + spaceAbove);

@@ -11,11 +11,13 @@
 // and rows are slightly larger than on the page. Pure functions on the document model; lengths in points.
 namespace quorra::office {
 
-/// Returns the widths of the columns of a sheet with these tables, one below the other.
+/// Returns the widths of the columns of a sheet with these tables, one below the other. The columns are as wide as
+/// those of the largest table; in the others, text wraps more often than on the page, but no word or number is cut off.
 std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables);
 
-/// Returns the heights of the table's rows, each high enough for its lines of text.
-std::vector<double> sheetRows(const model::Table &table);
+/// Returns the heights of the table's rows, each high enough for its lines of text in columns of these widths; in those
+/// of the page without any.
+std::vector<double> sheetRows(const model::Table &table, const std::vector<double> &columnWidths = {});
 
 /// Returns the columns of a sheet with these tables and with text that is as wide as on the page: those of the tables,
 /// and one more beside them if they are narrower than the text.
@@ -31,8 +33,8 @@ double textIndent(const model::Paragraph &paragraph);
 /// Returns the heights of the rows for a picture of this height.
 std::vector<double> pictureRows(double height);
 
-/// Returns whether the text of the cell has several lines.
-bool wrapsInSheet(const model::Cell &cell);
+/// Returns whether the text of the cell has several lines, in columns of these widths or on the page.
+bool wrapsInSheet(const model::Cell &cell, const std::vector<double> &columnWidths = {});
 
 /// Returns the vertical alignment of the cell on a sheet: "top", "middle" or "bottom".
 QString sheetVerticalAlignment(const model::Cell &cell);

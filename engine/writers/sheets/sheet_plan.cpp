@@ -211,7 +211,7 @@ int headRows(const SheetPlan &plan)
         }
     }
     const model::Table &table = std::get<TableBand>(*only).table;
-    const std::vector<double> rows = sheetRows(table);
+    const std::vector<double> rows = sheetRows(table, plan.columnWidths);
     if (table.headerRows <= 0 || table.headerRows >= table.rows()) {
         return 0;
     }

@@ -83,7 +83,7 @@ public:
 private:
     [[nodiscard]] XmlElement beginRow(double height);
     void writeBand(const TextBand &band);
-    void writeBand(const TableBand &band, bool repeatsHead);
+    void writeBand(const TableBand &band, const SheetPlan &plan);
     void writeBand(const PictureBand &band);
     void writeEmptyRow(double height);
     void writeCoveredRow(double height, int columns);
@@ -235,16 +235,16 @@ void SheetWriter::writeBand(const TextBand &band)
     std::for_each(heights.begin() + 1, heights.end(), [&](double height) { writeCoveredRow(height, columns); });
 }
 
-void SheetWriter::writeBand(const TableBand &band, bool repeatsHead)
+void SheetWriter::writeBand(const TableBand &band, const SheetPlan &plan)
 {
     const model::Table &table = band.table;
-    const std::vector<double> heights = sheetRows(table);
+    const std::vector<double> heights = sheetRows(table, plan.columnWidths);
     const std::vector<double> indents = sheetIndents(table);
     const CellHabits habits = tableHabits(cellTexts(table), m_habits);
     const std::vector<bool> counting = countingCells(table);
     std::optional<XmlElement> head;
     const auto begin = [&](int row) {
-        if (repeatsHead && row == 0) {
+        if (plan.headRows > 0 && row == 0) {
             head.emplace(m_sink.xml, "table:table-header-rows"_L1);
         } else if (row == table.headerRows) {
             head.reset();
@@ -254,7 +254,9 @@ void SheetWriter::writeBand(const TableBand &band, bool repeatsHead)
     writeRows(m_sink.xml, table, begin, [&](const model::Cell &cell) {
         const auto index = &cell - table.cells.data();
         const bool isText = *(counting.begin() + index);
-        writeCell(cell, habits, {sheetVerticalAlignment(cell), *(indents.begin() + index), wrapsInSheet(cell), isText});
+        writeCell(
+            cell, habits,
+            {sheetVerticalAlignment(cell), *(indents.begin() + index), wrapsInSheet(cell, plan.columnWidths), isText});
     });
 }
 
@@ -291,7 +293,7 @@ void SheetWriter::write(const QString &name, const model::Page &page, const Shee
         if (const auto *text = std::get_if<TextBand>(&band)) {
             writeBand(*text);
         } else if (const auto *table = std::get_if<TableBand>(&band)) {
-            writeBand(*table, plan.headRows > 0);
+            writeBand(*table, plan);
         } else if (const auto *pictures = std::get_if<PictureBand>(&band)) {
             writeBand(*pictures);
         } else {

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void farCurrencySignsBelongToTheNextCell();
     void countedColumnsAreNotNegative();
     void columnsHoldTheirTexts();
+    void smallTablesTakeTheColumnsOfLargeOnes();
     void rowsHoldTheirLines();
     void textsKeepTheirPlaceInTheCell();
     void indentsCountFromTheColumnsTexts();
@@ -384,6 +385,25 @@ void OfficeSheetsTest::columnsHoldTheirTexts()
     model::Paragraph &wrapped = table.cells[1].paragraphs[0];
     wrapped.lines.push_back(wrapped.lines[0]);
     QVERIFY(sheetColumns({&table})[1] <= usual[1]); // wrapped text needs no wider column
+}
+
+void OfficeSheetsTest::smallTablesTakeTheColumnsOfLargeOnes()
+{
+    const model::Table large = fixture::table(3, QStringList(12, QStringLiteral("a")));
+    model::Table small = fixture::table(2, {QStringLiteral("some words of a text"), QStringLiteral("b")});
+    small.columnEdges = {72, 372, 472};
+    small.cells[0].paragraphs[0].box = {72, 100, 372, 112};
+    for (model::Word &word : small.cells[0].paragraphs[0].lines[0].words) {
+        word.box.right = word.box.left + 60;
+    }
+    const std::vector<double> widths = sheetColumns({&large, &small});
+    QCOMPARE(widths, sheetColumns({&large}));
+    QVERIFY(!wrapsInSheet(small.cells[0]));
+    QVERIFY(wrapsInSheet(small.cells[0], widths));
+    QVERIFY(sheetRows(small, widths)[0] > 2 * 12);
+    // Numbers do not wrap.
+    small.cells[0].paragraphs = {fixture::paragraph(QStringLiteral("1234567890"), {72, 100, 272, 112})};
+    QVERIFY(sheetColumns({&large, &small})[0] > 200);
 }
 
 void OfficeSheetsTest::rowsHoldTheirLines()
