@@ -2,6 +2,7 @@
 #include "read_document.h"
 
 #include "analysis/analysis.h"
+#include "analysis/headings.h"
 #include "pdf/file_facts.h"
 #include "pdf/page_reading.h"
 #include "pdf/structure.h"
@@ -16,6 +17,7 @@ model::Document readDocument(const Job &job, PdfFilePool &pool, Collect what)
         collectPages(pool, job.firstPage, job.pageCount(), what, &structure), forEachPage, structure.tree);
     if (what == Collect::Everything) {
         document.facts = readFileFacts(*pool.borrow());
+        useOutline(document);
     }
     return document;
 }

@@ -2,6 +2,8 @@
 #include "page_maker.h"
 #include "threshold_edges.h"
 
+#include "analysis/semantics/headings.h"
+#include "analysis/semantics/lists.h"
 #include "analysis/semantics/page_headers.h"
 #include "analysis/semantics/roles.h"
 
@@ -58,23 +60,24 @@ std::vector<Edge> roleEdges()
     const QString note = QStringLiteral("2 A note below the text");
     return {
         minimum(
-            "size of a heading", thresholds.minHeadingSize,
+            "size of a heading", headings::thresholds.minSize,
             [=](double size) { return firstRole(title, size * em) == Role::Heading; }),
         minimum(
-            "size of a bold heading", thresholds.minBoldHeadingSize,
+            "size of a bold heading", headings::thresholds.minBoldSize,
             [=](double size) { return firstRole(title, size * em, true) == Role::Heading; }),
         most(
-            "length of a heading", static_cast<std::size_t>(thresholds.maxHeadingLength),
+            "length of a heading", static_cast<std::size_t>(headings::thresholds.maxLength),
             [](double count) { return firstRole(letters(count), 2 * em) == Role::Heading; }),
         most(
-            "length of a bold heading", static_cast<std::size_t>(thresholds.maxBoldHeadingLength),
+            "length of a bold heading", static_cast<std::size_t>(headings::thresholds.maxBoldLength),
             [](double count) { return firstRole(letters(count), em, true) == Role::Heading; }),
         minimum(
-            "size of a heading of the same level", thresholds.sameHeadingSize,
+            "size of a heading of the same level", headings::thresholds.sameSize,
             [=](double size) {
                 const std::vector<Paragraph> all = paragraphsWith([&](PageMaker &page) {
                     page.text(60, 60, title, 2 * em);
                     page.text(60, 160, title, size * 2 * em);
+                    page.text(60, 260, title, 2 * em); // so that the first is not the document's title
                 });
                 return all[1].headingLevel == all[0].headingLevel;
             }),
@@ -91,7 +94,7 @@ std::vector<Edge> roleEdges()
             "place of a footnote", thresholds.minFootnoteTop,
             [=](double share) { return lastRole(note, share * 800 + 0.8 * 8, 8) == Role::Footnote; }),
         minimum(
-            "indent of an inner list", thresholds.listLevelIndent,
+            "indent of an inner list", lists::thresholds.levelIndent,
             [](double indent) {
                 const std::vector<Paragraph> all = paragraphsWith([&](PageMaker &page) {
                     const QString bullet = QStringLiteral("•");

@@ -184,7 +184,7 @@ std::size_t countHeadersByThemselves(const std::vector<EdgeLine> &edges, std::si
 
 // Stamps in the margin: words in another direction that are at the same place on other pages.
 void addRotatedStamps(
-    const std::vector<RawPage> &pages, std::size_t needed, std::vector<std::set<const RawWord *>> &heads)
+    const std::vector<RawPage> &pages, std::size_t needed, std::vector<std::set<const RawWord *>> &headers)
 {
     const auto keyOfWord = [](const RawWord &word) {
         return QStringLiteral("%1 %2 %3")
@@ -203,7 +203,36 @@ void addRotatedStamps(
     for (std::size_t i = 0; i < pages.size() && !count.isEmpty(); ++i) {
         for (const RawWord &word : pages[i].words) {
             if (word.rotation != 0 && count.value(keyOfWord(word)) >= needed) {
-                heads[i].insert(&word);
+                headers[i].insert(&word);
+            }
+        }
+    }
+}
+
+bool isSameLook(const EdgeLine &a, const EdgeLine &b)
+{
+    const auto style = [](const EdgeLine &edge) -> const Style & { return edge.line.words.front()->style; };
+    return std::abs(a.line.baseline - b.line.baseline) <= thresholds.exactHeight && style(a) == style(b);
+}
+
+// Adds outermost lines that look like the headers of other pages and stand at the same place: the running titles of
+// chapters differ, and a chapter may have a single page.
+void addOthersOfSameLook(
+    const std::vector<std::vector<EdgeLine>> &lines, std::vector<std::set<const RawWord *>> &headers)
+{
+    std::vector<EdgeLine> known;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        std::copy_if(lines[i].begin(), lines[i].end(), std::back_inserter(known), [&](const EdgeLine &edge) {
+            return edge.outermost && headers[i].count(edge.line.words.front()) > 0;
+        });
+    }
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        for (const EdgeLine &edge : lines[i]) {
+            const auto alike = std::count_if(
+                known.begin(), known.end(), [&edge](const EdgeLine &other) { return isSameLook(edge, other); });
+            if (edge.outermost && edge.gap > thresholds.minGap &&
+                static_cast<std::size_t>(alike) >= thresholds.minExactPages) {
+                headers[i].insert(edge.line.words.begin(), edge.line.words.end());
             }
         }
     }
@@ -213,7 +242,7 @@ void addRotatedStamps(
 
 std::vector<std::set<const RawWord *>> findPageHeaders(const std::vector<RawPage> &pages)
 {
-    std::vector<std::set<const RawWord *>> heads(pages.size());
+    std::vector<std::set<const RawWord *>> headers(pages.size());
     std::vector<std::vector<EdgeLine>> lines;
     QHash<QString, QList<double>> places; // the vertical positions of each text
     for (const RawPage &page : pages) {
@@ -224,7 +253,7 @@ std::vector<std::set<const RawWord *>> findPageHeaders(const std::vector<RawPage
     }
     const std::size_t needed = std::max(thresholds.minPages, pages.size() / thresholds.pagesPerHeader);
     const std::size_t neededExactly = std::max(thresholds.minExactPages, pages.size() / thresholds.pagesPerHeader);
-    addRotatedStamps(pages, needed, heads);
+    addRotatedStamps(pages, needed, headers);
     for (std::size_t i = 0; i < pages.size(); ++i) {
         // From the text outwards: a line that the text follows at its usual distance is part of it, such as a table's
         // header row that is repeated on each page.
@@ -242,18 +271,19 @@ std::vector<std::set<const RawWord *>> findPageHeaders(const std::vector<RawPage
                                   (line->outermost && line->gap >= thresholds.minWideGap &&
                                    countWithin(thresholds.exactHeight) >= neededExactly);
             if (repeated && (apart || isNumber)) {
-                heads[i].insert(line->line.words.begin(), line->line.words.end());
+                headers[i].insert(line->line.words.begin(), line->line.words.end());
             }
             apart = apart && !line->outermost; // the other end of the page begins anew
         }
         for (std::size_t k = 0; k < lines[i].size(); ++k) {
             const std::size_t count = lines[i][k].outermost ? countHeadersByThemselves(lines[i], k, pages[i]) : 0;
             for (std::size_t header = k; header < k + count; ++header) {
-                heads[i].insert(lines[i][header].line.words.begin(), lines[i][header].line.words.end());
+                headers[i].insert(lines[i][header].line.words.begin(), lines[i][header].line.words.end());
             }
         }
     }
-    return heads;
+    addOthersOfSameLook(lines, headers);
+    return headers;
 }
 
 void separateFooter(Page &page)

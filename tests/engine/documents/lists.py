@@ -99,3 +99,14 @@ def bullets_of_a_symbol_font(sheet):
                        ("✔", "A tick")]:
         sheet.text(LEFT + 10, y + 10, sign, "ZapfDingbats", 9)
         y = sheet.prose(LEFT + 28, y, FULL - 28, text)
+
+
+@document
+def list_levels_by_numbers(sheet):
+    """All marks are at the margin: letters and bullets below numbers, which count on after other text."""
+    y = 80
+    for mark, text in [("1.", "The boat"), ("(a)", "hull"), ("(b)", "ramp"), ("2.", "The towers"), ("•", "the northern one"),
+                       ("•", "the southern one")]:
+        y = item(sheet, y, mark, text, hang=28)
+    y = sheet.prose(LEFT, y + 8, FULL, TOWN[0])
+    item(sheet, y, "3.", "The house", hang=28)

@@ -64,6 +64,29 @@ def contents_without_leaders(sheet):
 
 
 @document
+def headings_by_outline(sheet):
+    """The entries of the outline look like text; the largest line is the title, which has no entry."""
+    y = sheet.heading(80, "The town and its river", 20)
+    for level, title, text in [(0, "The crossing", TOWN[0]), (1, "Cables", TOWN[1]), (1, "Crew", TOWN[2]),
+                               (0, "The tower", CLOCK[0])]:
+        sheet.canvas.bookmarkHorizontal(title, 0, sheet.height - y)
+        sheet.canvas.addOutlineEntry(title, title, level)
+        y = sheet.prose(LEFT, y + 4, FULL, title, "Serif-Italic", after=2)
+        y = sheet.prose(LEFT, y, FULL, text)
+
+
+@document
+def running_titles_of_chapters(sheet):
+    """The title above the second page is on no other page, at the place and in the type of the others."""
+    for page, (title, texts) in enumerate([("The town", TOWN), ("The garden", GARDEN), ("The town", CLOCK),
+                                           ("The town", GARDEN)], 1):
+        sheet.text(LEFT, 44, title, "Serif-Italic", 9)
+        sheet.paragraphs(LEFT, 90, FULL, texts)
+        if page < 4:
+            sheet.next_page()
+
+
+@document
 def header_and_footer(sheet):
     """Left, middle and right parts above, the number of the page below; three pages of text."""
     for page, texts in enumerate([TOWN, GARDEN, CLOCK], 1):

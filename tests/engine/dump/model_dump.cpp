@@ -9,6 +9,7 @@
 #include "raw_dump.h"
 
 #include "analysis/analysis.h"
+#include "analysis/headings.h"
 #include "base/failure.h"
 #include "cli/options.h"
 #include "pdf/file_facts.h"
@@ -90,6 +91,7 @@ void show(const Request &request)
     }
     model::Document found = model::buildDocument(std::move(pages), forEachPage, structure.tree);
     found.facts = readFileFacts(file);
+    useOutline(found);
     test::dump(found, std::cout);
 }
 
