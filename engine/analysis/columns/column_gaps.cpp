@@ -49,6 +49,26 @@ public:
             }
         }
     }
+    /// The bins where an empty strip of that width has something on its left and on its right, not necessarily at the
+    /// same height: only there can columns be divided. After coverStrips().
+    std::bitset<thresholds.maxBins> promisingBins(int width) const
+    {
+        std::bitset<thresholds.maxBins> all;
+        all.set();
+        std::bitset<thresholds.maxBins> rightOfSomething;
+        std::bitset<thresholds.maxBins> leftOfSomething;
+        for (const Slice &slice : m_slices) {
+            const auto empty = ~slice.bits;
+            if (slice.last >= 0) {
+                rightOfSomething |= empty & all << static_cast<std::size_t>(slice.first + 1);
+            }
+            if (slice.last >= width) {
+                leftOfSomething |=
+                    empty & all >> (thresholds.maxBins - 1 - static_cast<std::size_t>(slice.last - width));
+            }
+        }
+        return rightOfSomething & leftOfSomething;
+    }
     bool covered(int slice, int bin) const
     {
         return m_slices[static_cast<std::size_t>(slice)].bits[static_cast<std::size_t>(bin)];
@@ -372,8 +392,11 @@ findColumnGap(const RegionItems &items, const std::vector<ColumnGap> &known, std
     const int width = std::max(2, static_cast<int>(std::lround(thresholds.minWidth * size / coverage.binWidth())));
     coverage.coverStrips(width);
     std::vector<Candidate> candidates;
+    const auto promising = coverage.promisingBins(width);
     for (int bin = 1; bin + width < coverage.bins(); ++bin) {
-        addCandidates(coverage, bin, width, candidates);
+        if (promising[static_cast<std::size_t>(bin)]) {
+            addCandidates(coverage, bin, width, candidates);
+        }
     }
     for (const Candidate &candidate : oneOfEachStrip(std::move(candidates), width)) {
         const ColumnGap gap{
