@@ -15,7 +15,7 @@ QString withoutSubsetPrefix(const QString &name)
 
 QString spacedFamily(QString family)
 {
-    static const QRegularExpression hump(QStringLiteral("(?<=[a-z])(?=[A-Z])"));
+    static const QRegularExpression hump(QStringLiteral("(?<=[a-z])(?=[A-Z]|\\d+$)"));
     static const QRegularExpression trailing(QStringLiteral("(PS)?(MT)?$"));
     family.remove(trailing);
     return family.replace(hump, QStringLiteral(" ")).simplified();

@@ -3,6 +3,7 @@
 
 #include "character_texts.h"
 #include "drawn_characters.h"
+#include "font_families.h"
 #include "marked_content.h"
 #include "page_links.h"
 #include "page_notes.h"
@@ -159,6 +160,7 @@ public:
 
     const MarkedContent &contents() const { return m_contents; }
     DrawnCharacters &characters() { return m_characters; }
+    const FontFamilies &families() const { return m_families; }
 
     /// Around what is painted of each piece of content, text left out.
     const std::map<int, Box> &painted() const { return m_painted; }
@@ -179,6 +181,7 @@ public:
     void startPage(int number, GfxState *state, XRef *xref) override
     {
         TextOutputDev::startPage(number, state, xref);
+        m_file = xref;
         m_paint = {PaintState{}};
     }
 
@@ -194,6 +197,14 @@ public:
         TextOutputDev::restoreState(state);
         if (m_paint.size() > 1) {
             m_paint.pop_back();
+        }
+    }
+
+    void updateFont(GfxState *state) override
+    {
+        TextOutputDev::updateFont(state);
+        if (m_withPictures && m_file && state->getFont()) {
+            m_families.add(*state->getFont(), *m_file);
         }
     }
 
@@ -707,6 +718,8 @@ private:
     MarkedContent m_contents;
     DrawnCharacters m_characters;
     CharacterTexts m_texts;
+    FontFamilies m_families;
+    XRef *m_file = nullptr;
     int m_maskedImages = 0; ///< images that are drawn with a mask
     std::map<int, Box> m_painted;
     std::array<std::size_t, 3> m_seen{}; ///< how many pictures, fills and pieces of ink have been taken
@@ -780,7 +793,7 @@ model::RawPage PageCollector::collect(int pageNumber)
         read();
         device.collectPictures(false);
     }
-    readWords(device, device.contents(), device.characters(), page);
+    readWords(device, device.contents(), device.families(), device.characters(), page);
     if (what == Collect::Everything) {
         if (hasScan(page)) {
             addScanPictures(file, page);

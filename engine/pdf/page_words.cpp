@@ -3,6 +3,7 @@
 
 #include "document/direction.h"
 #include "drawn_characters.h"
+#include "font_families.h"
 #include "font_name.h"
 #include "marked_content.h"
 
@@ -27,9 +28,12 @@ Colour colourOf(double r, double g, double b)
 class WordReader
 {
 public:
-    WordReader(model::RawPage &page, const MarkedContent &contents, const DrawnCharacters &characters)
+    WordReader(
+        model::RawPage &page, const MarkedContent &contents, const FontFamilies &families,
+        const DrawnCharacters &characters)
         : m_page(page)
         , m_contents(contents)
+        , m_families(families)
         , m_characters(characters)
     {}
 
@@ -82,10 +86,10 @@ private:
         auto known = m_styles.constFind(info);
         if (known == m_styles.constEnd()) {
             const GooString *name = word->getFontName(0);
-            const model::FontName parsed =
-                model::parseFontName(name ? QString::fromLatin1(name->c_str(), name->getLength()) : QString());
+            const QByteArray bytes = name ? QByteArray(name->c_str(), name->getLength()) : QByteArray();
+            const model::FontName parsed = model::parseFontName(QString::fromLatin1(bytes));
             model::Style style;
-            style.family = parsed.family;
+            style.family = m_families.familyOf(bytes, parsed.family);
             style.bold = parsed.bold || info->isBold();
             style.italic = parsed.italic || info->isItalic();
             // The name is more reliable than the flags, which many fonts lack.
@@ -108,6 +112,7 @@ private:
 
     model::RawPage &m_page;
     const MarkedContent &m_contents;
+    const FontFamilies &m_families;
     const DrawnCharacters &m_characters;
     QHash<const TextFontInfo *, model::Style> m_styles;
 };
@@ -115,10 +120,11 @@ private:
 } // namespace
 
 void readWords(
-    const TextOutputDev &device, const MarkedContent &contents, DrawnCharacters &characters, model::RawPage &page)
+    const TextOutputDev &device, const MarkedContent &contents, const FontFamilies &families,
+    DrawnCharacters &characters, model::RawPage &page)
 {
     characters.finish();
-    WordReader reader(page, contents, characters);
+    WordReader reader(page, contents, families, characters);
     for (const TextFlow *flow = device.getFlows(); flow; flow = flow->getNext()) {
         for (const TextBlock *block = flow->getBlocks(); block; block = block->getNext()) {
             for (const TextLine *line = block->getLines(); line; line = line->getNext()) {

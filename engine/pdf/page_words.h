@@ -8,11 +8,13 @@ class TextOutputDev;
 namespace quorra {
 
 class DrawnCharacters;
+class FontFamilies;
 class MarkedContent;
 
 /// Appends the words that the device found on its last page, in the library's reading order, with what they belong to.
 /// Words that are covered by something other than an image are left out.
 void readWords(
-    const TextOutputDev &device, const MarkedContent &contents, DrawnCharacters &characters, model::RawPage &page);
+    const TextOutputDev &device, const MarkedContent &contents, const FontFamilies &families,
+    DrawnCharacters &characters, model::RawPage &page);
 
 } // namespace quorra

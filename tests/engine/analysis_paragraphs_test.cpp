@@ -287,6 +287,10 @@ private Q_SLOTS:
                                  << "DejaVu Sans" << false << true;
         QTest::newRow("capitals inside a word") << "ABCDEF+TeXGyreHeros-Bold"
                                                 << "TeX Gyre Heros" << true << false;
+        QTest::newRow("number") << "ABCDEF+SourceSans3-Regular"
+                                << "Source Sans 3" << false << false;
+        QTest::newRow("two words") << "FreeSerifBold"
+                                   << "Free Serif" << true << false;
         QTest::newRow("medium is not bold") << "Roboto-Medium"
                                             << "Roboto" << false << false;
         QTest::newRow("none") << ""

@@ -114,3 +114,35 @@ def map_with_exchanged_bytes():
     codes = b"".join(b"%04x" % ord(each) for each in "Pure black")
     add_page(pdf, line(72, 720, "The next line is a name:") + shown(72, 700, b"C", codes), C=font)
     return pdf.bytes()
+
+
+@written
+def stated_font_families():
+    """The fonts are "River Sans 2" and "iBeam Mono", as their descriptors state, whatever their PostScript names suggest."""
+    pdf = HandPdf()
+    fonts = {}
+    for name, base, family in [("A", b"RiverSans2-Regular", b"River Sans 2"), ("B", b"iBeamMono", b"iBeam Mono")]:
+        fonts[name] = pdf.add(
+            b"<</Type/Font/Subtype/TrueType/BaseFont/%s/Encoding/WinAnsiEncoding/FontDescriptor<</Type/FontDescriptor"
+            b"/FontName/%s/FontFamily(%s)/Flags 32/FontBBox[0 0 700 700]/ItalicAngle 0/Ascent 700/Descent 0"
+            b"/CapHeight 700/StemV 80>>>>" % (base, base, family))
+    add_page(pdf, shown(72, 700, b"A", b"The river is high.".hex().encode())
+             + shown(72, 660, b"B", b"The beam is long.".hex().encode()), **fonts)
+    return pdf.bytes()
+
+
+@written
+def vertical_text():
+    """Two columns of vertical Japanese, read from the right one to the left one."""
+    pdf = HandPdf()
+    inner = pdf.add(b"<</Type/Font/Subtype/CIDFontType0/BaseFont/HeiseiMin-W3/CIDSystemInfo<</Registry(Adobe)"
+                    b"/Ordering(Japan1)/Supplement 2>>/DW 1000/FontDescriptor<</Type/FontDescriptor"
+                    b"/FontName/HeiseiMin-W3/Flags 6/FontBBox[0 -120 1000 880]/ItalicAngle 0/Ascent 880/Descent -120"
+                    b"/CapHeight 700/StemV 80>>>>")
+    font = pdf.add(b"<</Type/Font/Subtype/Type0/BaseFont/HeiseiMin-W3/Encoding/UniJIS-UCS2-V/DescendantFonts[%d 0 R]>>" % inner)
+    content = b""
+    for x, text in [(480, "渡し船は百年前から川を渡る"), (460, "市の日には朝五時に出る"), (440, "冬は九日だけ休む"),
+                    (400, "時計は一日に四秒遅れる")]:
+        content += shown(x, 760, b"J", text.encode("utf-16-be").hex().encode(), 12)
+    add_page(pdf, content, J=font)
+    return pdf.bytes()
