@@ -18,15 +18,15 @@ using columnGaps::thresholds;
 class Coverage
 {
 public:
-    Coverage(const RegionItems &items, const Box &area)
+    Coverage(const RegionItems &items, const std::vector<Box> &bodies, const Box &area)
         : m_area(area)
         , m_binWidth(std::max(thresholds.minBinWidth, area.width() / (thresholds.maxBins - 2)))
         , m_sliceHeight(std::max(thresholds.minSliceHeight, area.height() / (thresholds.maxSlices - 2)))
         , m_bins(static_cast<int>(area.width() / m_binWidth) + 1)
         , m_slices(static_cast<std::size_t>(area.height() / m_sliceHeight) + 1)
     {
-        for (const RawWord *word : items.words) {
-            mark(bodyOf(*word));
+        for (const Box &body : bodies) {
+            mark(body);
         }
         for (const auto &obstacle : items.obstacles) {
             mark(obstacle.first);
@@ -301,15 +301,15 @@ enum class Evidence {
     Enough
 };
 
-Evidence evidenceFor(const RegionItems &items, const ColumnGap &gap)
+/// `bodies` are those of the region's words.
+Evidence evidenceFor(const RegionItems &items, const std::vector<Box> &bodies, const ColumnGap &gap)
 {
     Side left;
     Side right;
     const auto isBeside = [&gap](const Box &box) { return box.centreY() >= gap.top && box.centreY() <= gap.bottom; };
-    for (const RawWord *word : items.words) {
-        const Box body = bodyOf(*word);
-        if (isBeside(body)) {
-            (body.centreX() < gap.left ? left : right).add(word);
+    for (std::size_t i = 0; i < bodies.size(); ++i) {
+        if (isBeside(bodies[i])) {
+            (bodies[i].centreX() < gap.left ? left : right).add(items.words[i]);
         }
     }
     for (const auto &obstacle : items.obstacles) {
@@ -381,13 +381,16 @@ findColumnGap(const RegionItems &items, const std::vector<ColumnGap> &known, std
         return std::nullopt;
     }
     Box area;
+    std::vector<Box> bodies;
+    bodies.reserve(items.words.size());
     for (const RawWord *word : items.words) {
-        area = united(area, bodyOf(*word));
+        bodies.push_back(bodyOf(*word));
+        area = united(area, bodies.back());
     }
     for (const auto &obstacle : items.obstacles) {
         area = united(area, obstacle.first);
     }
-    Coverage coverage(items, area);
+    Coverage coverage(items, bodies, area);
     const double size = usualSize(items.words);
     const int width = std::max(2, static_cast<int>(std::lround(thresholds.minWidth * size / coverage.binWidth())));
     coverage.coverStrips(width);
@@ -402,7 +405,7 @@ findColumnGap(const RegionItems &items, const std::vector<ColumnGap> &known, std
         const ColumnGap gap{
             coverage.x(candidate.bin), coverage.x(candidate.bin + width),
             coverage.y(candidate.from) - thresholds.margin, coverage.y(candidate.to + 1) + thresholds.margin};
-        const Evidence evidence = evidenceFor(items, gap);
+        const Evidence evidence = evidenceFor(items, bodies, gap);
         const bool isKnown =
             std::any_of(known.begin(), known.end(), [&gap](const ColumnGap &other) { return continues(gap, other); });
         if (evidence == Evidence::Enough || (evidence == Evidence::IfKnown && isKnown)) {
