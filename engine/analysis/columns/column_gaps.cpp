@@ -60,11 +60,11 @@ public:
         for (const Slice &slice : m_slices) {
             const auto empty = ~slice.bits;
             if (slice.last >= 0) {
-                rightOfSomething |= empty & all << static_cast<std::size_t>(slice.first + 1);
+                rightOfSomething |= empty & all << (static_cast<std::size_t>(slice.first) + 1);
             }
             if (slice.last >= width) {
-                leftOfSomething |=
-                    empty & all >> (thresholds.maxBins - 1 - static_cast<std::size_t>(slice.last - width));
+                const std::size_t last = static_cast<std::size_t>(slice.last) - static_cast<std::size_t>(width);
+                leftOfSomething |= empty & all >> (thresholds.maxBins - 1 - last);
             }
         }
         return rightOfSomething & leftOfSomething;
