@@ -82,6 +82,29 @@ private Q_SLOTS:
         QVERIFY(text.contains(QStringLiteral("role=\"doc-pagebreak\" title=\"13\"></span>")));
     }
 
+    void headersOfFewPagesStayThere_data()
+    {
+        QTest::addColumn<int>("pages");
+        QTest::addColumn<bool>("ofDocument");
+        QTest::newRow("one of three") << 3 << true;
+        QTest::newRow("one of four") << 4 << false;
+    }
+
+    void headersOfFewPagesStayThere()
+    {
+        QFETCH(int, pages);
+        QFETCH(bool, ofDocument);
+        DocumentMaker maker;
+        maker.page().header = {maker.paragraph(QStringLiteral("Letterhead"))};
+        for (int i = 1; i < pages; ++i) {
+            maker.addPage();
+            maker.page().header = {maker.paragraph(QStringLiteral("Letter to A. Hale"))};
+        }
+        const QString text = writtenHtml(maker.document());
+        QCOMPARE(text.indexOf(QStringLiteral("Letterhead")) < text.indexOf(QStringLiteral("<main>")), ofDocument);
+        QVERIFY(text.indexOf(QStringLiteral("Letterhead")) < text.indexOf(QStringLiteral("id=\"page-2\"")));
+    }
+
     void onePageKeepsItsNumber()
     {
         DocumentMaker maker;

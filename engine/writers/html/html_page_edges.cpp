@@ -17,7 +17,9 @@ namespace {
 using model::Page;
 using model::Paragraph;
 
-constexpr int pagesOfDocumentEdge = 2; // left and right pages, or a first page and all others, have different headers
+// Of the pages with a header, those that have a header of the document. Left and right pages may have different ones;
+// the titles of chapters are on fewer.
+constexpr double minShareOfDocument = 0.3;
 
 /// Returns the digits or Roman numerals of a text that is nothing else; empty for any other text.
 QString numberIn(const QString &text)
@@ -62,17 +64,23 @@ QString withoutNumbers(const Paragraph &paragraph)
 HtmlPageEdge edgeOf(const model::Document &document, const HtmlPageNumbers &numbers, std::vector<Paragraph> Page::*edge)
 {
     HtmlPageEdge result;
-    QSet<QString> seen;
+    QHash<QString, int> counts;
     int pages = 0;
     for (const Page &page : document.pages) {
         pages += (page.*edge).empty() ? 0 : 1;
+        for (const Paragraph &paragraph : page.*edge) {
+            ++counts[withoutNumbers(paragraph)];
+        }
+    }
+    QSet<QString> seen;
+    for (const Page &page : document.pages) {
         for (const Paragraph &paragraph : page.*edge) {
             const QString text = withoutNumbers(paragraph);
             if (seen.contains(text) || (document.pages.size() > 1 && isOnlyPageNumber(paragraph, numbers))) {
                 continue;
             }
             seen.insert(text);
-            if (pages <= pagesOfDocumentEdge) {
+            if (counts.value(text) >= minShareOfDocument * pages) {
                 result.ofDocument.push_back({&page, &paragraph});
             } else {
                 result.ofPages[&page].push_back(&paragraph);

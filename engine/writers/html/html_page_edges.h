@@ -39,8 +39,8 @@ private:
 /// between the pages show it.
 struct HtmlPageEdge
 {
-    std::vector<HtmlEdgePart> ofDocument; ///< those of the first two pages that have any, which may differ
-    /// Those that appear on a later page for the first time, such as the titles of chapters.
+    std::vector<HtmlEdgePart> ofDocument; ///< those of many pages
+    /// Those of few pages, such as the titles of chapters, with the first page that has them.
     QHash<const model::Page *, std::vector<const model::Paragraph *>> ofPages;
 };
 
