@@ -50,8 +50,8 @@ std::vector<std::vector<model::Run>> cellLines(const model::Cell &cell)
 {
     std::vector<std::vector<model::Run>> lines;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
-        if (paragraph.preformatted) {
-            const std::vector<std::vector<model::Run>> preformatted = model::preformattedLines(paragraph);
+        const std::vector<std::vector<model::Run>> preformatted = model::preformattedLines(paragraph);
+        if (!preformatted.empty()) {
             lines.insert(lines.end(), preformatted.begin(), preformatted.end());
             continue;
         }

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void sheetsHoldEverythingInReadingOrder();
     void pagesWithoutTablesAreSheets();
     void longTextsSpanColumnsAndRows();
+    void columnsOfNumbersAreKept();
     void picturesHaveRowsAndTheirWords();
     void namesAreValidAndUnique();
     void continuedTablesAreWhole();
@@ -133,6 +134,19 @@ void OfficeSheetsTest::longTextsSpanColumnsAndRows()
     // Two columns for the table, and one for the rest of the text's width.
     QVERIFY(sheet.contains(QLatin1String("table:number-columns-spanned=\"3\" table:number-rows-spanned=\"2\"")));
     QVERIFY(sheet.contains(QLatin1String("<table:covered-table-cell table:number-columns-repeated=\"3\"/>")));
+}
+
+void OfficeSheetsTest::columnsOfNumbersAreKept()
+{
+    // Numbers of lines beside a transcript: one below the other, in a paragraph of their own.
+    model::Paragraph numbers = fixture::paragraph(QStringLiteral("1"), {72, 80, 77, 92});
+    numbers.preformatted = true;
+    numbers.lines.push_back(fixture::paragraph(QStringLiteral("2"), {72, 105, 77, 117}).lines[0]);
+    numbers.lines[0].words[0].separator = model::Separator::LineBreak;
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {fixture::block(numbers)};
+    const QString text = sheets(std::vector<model::Page>{page});
+    QCOMPARE(fixture::paragraphs(text), (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
 }
 
 void OfficeSheetsTest::picturesHaveRowsAndTheirWords()
