@@ -76,9 +76,9 @@ std::string name(BaselineShift shift)
 {
     switch (shift) {
     case BaselineShift::Superscript:
-        return "raised";
+        return "superscript";
     case BaselineShift::Subscript:
-        return "lowered";
+        return "subscript";
     case BaselineShift::None:
         break;
     }
@@ -178,7 +178,7 @@ std::string traitsOf(const Paragraph &paragraph)
 {
     return joined(
         {styleOf(paragraph), name(paragraph.alignment), paragraph.rightToLeft ? "right-to-left" : "",
-         paragraph.rotation == 0 ? "" : "turned " + std::to_string(paragraph.rotation)},
+         paragraph.rotation == 0 ? "" : "rotated " + std::to_string(paragraph.rotation)},
         "; ");
 }
 
@@ -298,7 +298,7 @@ void dumpTable(const Table &table, const std::string &margin, std::ostream &out)
     out << margin << "table of " << table.rows() << " rows, " << table.columns() << " columns ["
         << joined(
                {box(table.box), table.ruled ? "ruled" : "unruled",
-                table.headerRows == 0 ? "" : "head rows " + std::to_string(table.headerRows),
+                table.headerRows == 0 ? "" : "header rows " + std::to_string(table.headerRows),
                 table.continuesPrevious ? "goes on from the page before" : ""},
                "; ")
         << "]\n";
@@ -317,7 +317,7 @@ std::string pixelsOf(const Figure &figure)
     }
     const Box &whole = figure.stream->whole;
     return joined(
-        {"own pixels", figure.stream->rotation == 0 ? "" : "turned " + std::to_string(figure.stream->rotation),
+        {"own pixels", figure.stream->rotation == 0 ? "" : "rotated " + std::to_string(figure.stream->rotation),
          figure.stream->mirrored ? "mirrored" : "", box(whole) == box(figure.box) ? "" : "of " + box(whole)},
         " ");
 }

@@ -23,7 +23,7 @@ void dumpRaw(const model::RawPage &page, std::ostream &out)
         out << "  word ["
             << joined(
                    {exact(word.box), "baseline " + tenths(word.baseline), styleText(word.style, word.link),
-                    word.rotation == 0 ? "" : "turned " + std::to_string(word.rotation),
+                    word.rotation == 0 ? "" : "rotated " + std::to_string(word.rotation),
                     word.spaceAfter ? "" : "no space after", word.endsLine ? "ends line" : ""},
                    "; ")
             << "] " << visible(word.text) << '\n';
