@@ -112,33 +112,50 @@ QString spacesBetween(const model::Word &word, const model::Word &next)
     return spaces(gap / (fixedPitchWidth * word.style->size), word.spaceAfter() ? 1 : 0, thresholds.maxSpaces);
 }
 
+/// Replaces the font families that may not be kept by the common one of their kind.
+void exchangeFonts(model::Paragraph &paragraph, model::StyleTable &styles, bool (*mayKeep)(const QString &))
+{
+    std::map<const model::Style *, QString> texts;
+    for (const model::Line &line : paragraph.lines) {
+        for (const model::Word &word : line.words) {
+            texts[&*word.style] += word.text;
+        }
+    }
+    std::map<const model::Style *, model::StyleRef> exchanged;
+    for (const auto &[style, text] : texts) {
+        if (!mayKeep(style->family) && textWidth(text, *style)) {
+            model::Style common = *style;
+            common.family = measuredFamily(*style);
+            exchanged.emplace(style, styles.add(common));
+        }
+    }
+    for (model::Line &line : paragraph.lines) {
+        for (model::Word &word : line.words) {
+            const auto found = exchanged.find(&*word.style);
+            word.style = found == exchanged.end() ? word.style : found->second;
+        }
+    }
+}
+
 } // namespace
 
 void useCommonFonts(model::Document &document)
 {
     for (model::Page &page : document.pages) {
-        forEachParagraph(page, [&](model::Paragraph &paragraph) {
-            std::map<const model::Style *, QString> texts;
-            for (const model::Line &line : paragraph.lines) {
-                for (const model::Word &word : line.words) {
-                    texts[&*word.style] += word.text;
-                }
+        forEachBlock(page, [&](model::Block &block) {
+            model::Table *table = block.table();
+            if (!table) {
+                return;
             }
-            std::map<const model::Style *, model::StyleRef> exchanged;
-            for (const auto &[style, text] : texts) {
-                if (!isWidespread(style->family) && textWidth(text, *style)) {
-                    model::Style common = *style;
-                    common.family = measuredFamily(*style);
-                    exchanged.emplace(style, document.styles.add(common));
-                }
-            }
-            for (model::Line &line : paragraph.lines) {
-                for (model::Word &word : line.words) {
-                    const auto found = exchanged.find(&*word.style);
-                    word.style = found == exchanged.end() ? word.style : found->second;
+            // The rows of a table get the heights that they have in the fonts of this machine.
+            for (model::Cell &cell : table->cells) {
+                for (model::Paragraph &paragraph : cell.paragraphs) {
+                    exchangeFonts(paragraph, document.styles, isMeasured);
                 }
             }
         });
+        forEachParagraph(
+            page, [&](model::Paragraph &paragraph) { exchangeFonts(paragraph, document.styles, isWidespread); });
     }
 }
 

@@ -9,7 +9,7 @@
 namespace quorra::office {
 
 /// Replaces font families that are not widespread by the common one of their kind if the widths of all their characters
-/// are known.
+/// are known; in tables also those that are, but whose widths are not known.
 void useCommonFonts(model::Document &document);
 
 /// How text is made as wide as on the page.

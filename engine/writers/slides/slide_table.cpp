@@ -20,6 +20,7 @@ struct Thresholds
 {
     std::size_t maxCells = 1000; ///< cells; larger tables take presentation programs too long
     double padding = 0.3;        ///< points; on each side of a cell's text: 0 is replaced by the default padding
+    double rounding = 1;         ///< points; by which a line may be wider than on the page
     double minScale = 0.6;       ///< of font sizes, so that text fits its row; smaller text cannot be read
 };
 constexpr Thresholds thresholds;
@@ -102,6 +103,16 @@ double spacesOf(const model::Cell &cell)
     return roomForLine(cell, spaces) < lineHeights.min * size ? 0 : spaces;
 }
 
+/// Returns the width of the paragraph's only line; 0 if it has several.
+double widthOfLine(const model::Paragraph &paragraph)
+{
+    if (paragraph.lines.size() != 1 || paragraph.lines.front().words.empty()) {
+        return 0;
+    }
+    const std::vector<model::Word> &words = paragraph.lines.front().words;
+    return words.back().box.right - words.front().box.left;
+}
+
 /// Writes a paragraph of a cell with lines, and if need be type, that fit the height of its row.
 void writeCellParagraph(const Sink &sink, model::Paragraph placed, const model::Cell &cell, double width)
 {
@@ -109,9 +120,13 @@ void writeCellParagraph(const Sink &sink, model::Paragraph placed, const model::
     const double spaces = spacesOf(cell);
     const double room = roomForLine(cell, spaces);
     placed.spaceBefore = spaces > 0 ? placed.spaceBefore : 0;
-    const TextFit fit = fittingText(placed, width - placed.indentLeft);
-    const double scale =
-        std::min(fit.scale, std::max(thresholds.minScale, size > 0 ? room / (lineHeights.min * size) : 1.0));
+    const double available = width - placed.indentLeft;
+    const TextFit fit = fittingText(placed, available);
+    // A single line that is wider than its cell would wrap.
+    const double needed = widthOfLine(placed) + thresholds.rounding;
+    const double narrower = needed > available ? available / needed : 1.0;
+    const double lower = size > 0 ? room / (lineHeights.min * size) : 1.0;
+    const double scale = std::min(fit.scale, std::max(thresholds.minScale, std::min(fit.scale * narrower, lower)));
     const double least = scale * lineHeights.min * size;
     SlideParagraph text{scaledRuns(model::runsOf(placed), scale)};
     text.spacing = fit.spacing;
