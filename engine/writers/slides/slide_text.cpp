@@ -325,6 +325,7 @@ void writeEmptySlideParagraph(const Sink &sink, const model::Paragraph &paragrap
     leaded.lineDistance = 1;
     const XmlElement element(sink.xml, "text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(emptyParagraphStyle(leaded, {})));
+    sink.xml.writeEmptyElement("text:s"_L1); // a paragraph without any text has the default size of 18 or 24 points
 }
 
 void writeSlideBox(const Sink &sink, const model::Page &page, const SlideBox &box)
