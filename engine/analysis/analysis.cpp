@@ -14,6 +14,7 @@
 #include "semantics/captions.h"
 #include "semantics/page_headers.h"
 #include "semantics/roles.h"
+#include "tables/table_continuations.h"
 #include "tags/alternatives.h"
 #include "tags/tag_checks.h"
 #include "tags/tag_use.h"
@@ -127,6 +128,7 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach, cons
     }
     assignRoles(document);
     markContinuations(document);
+    markTableContinuations(document);
     keepHyphensOfCompounds(document);
     for (std::size_t i = 0; i < rotations.size(); ++i) {
         Page &page = document.pages[i];

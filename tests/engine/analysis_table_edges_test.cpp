@@ -9,6 +9,7 @@
 #include "analysis/tables/leaders.h"
 #include "analysis/tables/ruled_table.h"
 #include "analysis/tables/rulings.h"
+#include "analysis/tables/stacked_rows.h"
 #include "analysis/tables/table_content.h"
 #include "analysis/tables/text_grid.h"
 #include "analysis/tables/unruled_table.h"
@@ -212,6 +213,54 @@ std::vector<Edge> splitEdges()
     };
 }
 
+// A row of two cells, 200 points wide each, with those words in them.
+bool areSeveralRows(Words left, Words right)
+{
+    TableWords found;
+    found.table.columnEdges = {0, 200, 400};
+    found.table.rowEdges = {0, 400};
+    for (int column = 0; column < 2; ++column) {
+        Cell cell;
+        cell.column = column;
+        cell.box = {200.0 * column, 0, 200.0 * column + 200, 400};
+        found.table.cells.push_back(cell);
+    }
+    found.words = {refs(left), refs(right)};
+    return holdsSeveralRows(found);
+}
+
+// So many texts below one another.
+Words stackOf(const QString &each, double left, long count)
+{
+    Words words;
+    for (const double baseline : baselines(count)) {
+        words.push_back(word(each, left, 20, baseline));
+    }
+    return words;
+}
+
+std::vector<Edge> stackEdges()
+{
+    using stackedRows::thresholds;
+    const QString capitalised = QStringLiteral("Words");
+    return {
+        {"lines of words", thresholds.minLinesOfWords - 1, thresholds.minLinesOfWords, false,
+         [=](double count) {
+             return areSeveralRows(
+                 stackOf(capitalised, 10, std::lround(count)), stackOf(capitalised, 210, std::lround(count)));
+         }},
+        {"keys of ten numbers", 10 * thresholds.minKeys - 1, 10 * thresholds.minKeys, false,
+         [](double count) { return areSeveralRows(stackOf(text, 10, std::lround(count)), stackOf(number, 210, 10)); }},
+        minimum(
+            "blank before a word that did not wrap", thresholds.minBlank,
+            [](double blank) {
+                Words keys = stackOf(text, 10, 2);
+                keys.front().box.right = 190 - 20 - blank * em;
+                return areSeveralRows(std::move(keys), stackOf(number, 210, 2));
+            }),
+    };
+}
+
 // ---- content of cells
 
 // A table of one cell, 200 points wide and 20 high.
@@ -355,6 +404,69 @@ bool isTableOfTexts(int rows, int wordsInCell)
     return isUnruledTable(std::move(words));
 }
 
+// Four lines of three words with blanks of so many points, each second line shorter by the last value.
+bool isTableOfThreeWords(double firstBlank, double secondBlank, double shorter)
+{
+    Words words;
+    for (int i = 0; i < usualRows; ++i) {
+        const double y = 100 + 14 * i;
+        words.push_back(word(text, 0, 40, y));
+        words.push_back(word(text, 40 + firstBlank, 40, y));
+        words.push_back(word(text, 80 + firstBlank + secondBlank, i % 2 == 0 ? 40 : 40 - shorter, y));
+    }
+    return isUnruledTable(std::move(words));
+}
+
+// A head and so many rows of two lines between rules, with many words in two columns.
+bool isTableOfSentences(long rows)
+{
+    Words words{word(text, 0, 20, 100), word(text, 220, 20, 100)};
+    double y = 100;
+    for (long row = 0; row < rows; ++row) {
+        y += 8;
+        for (int line = 0; line < 2; ++line) {
+            y += 12;
+            for (int i = 0; i < 8; ++i) {
+                words.push_back(word(text, 24 * i, 20, y));
+                words.push_back(word(text, 220 + 24 * i, 20, y));
+            }
+        }
+    }
+    return !sizesOfTables(std::move(words), {across(88, 0, 410), across(105, 0, 410), across(y + 6, 0, 410)}).empty();
+}
+
+std::vector<Edge> justifiedEdges()
+{
+    const auto &grids = textGrid::thresholds;
+    return {
+        maximum(
+            "difference of justified blanks", grids.evenBlanks,
+            [](double more) { return !isTableOfThreeWords(20, 20 + more, 0); }),
+        maximum(
+            "width of justified blanks", grids.maxJustifiedBlank,
+            [](double blank) { return !isTableOfThreeWords(blank * em, blank * em, 0); }),
+        maximum(
+            "ends of justified lines", grids.sameMargin,
+            [](double shorter) { return !isTableOfThreeWords(20, 20, shorter); }),
+        fewest(
+            "rows of several lines that are set apart", grids.minRowsSetApart,
+            [](double count) { return isTableOfSentences(std::lround(count)); }),
+        maximum(
+            "heading of a group left or right of its rows", unruledTables::thresholds.maxOutdent,
+            [](double shift) {
+                Words words = rowsWithNumbers(3);
+                words.push_back(word(text, shift * em, 40, 168)); // farther below than rows are apart
+                for (RawWord each : rowsWithNumbers(3)) {
+                    each.baseline += 82;
+                    each.box.top += 82;
+                    each.box.bottom += 82;
+                    words.push_back(each);
+                }
+                return sizesOfTables(std::move(words)).size() == 1;
+            }),
+    };
+}
+
 std::vector<Edge> unruledTableEdges()
 {
     using unruledTables::thresholds;
@@ -450,6 +562,10 @@ private Q_SLOTS:
     void ruledTables() { checkRow(ruledTableEdges()); }
     void splitRows_data() { addRows(splitEdges()); }
     void splitRows() { checkRow(splitEdges()); }
+    void stackedRows_data() { addRows(stackEdges()); }
+    void stackedRows() { checkRow(stackEdges()); }
+    void justifiedText_data() { addRows(justifiedEdges()); }
+    void justifiedText() { checkRow(justifiedEdges()); }
     void contentOfCells_data() { addRows(contentEdges()); }
     void contentOfCells() { checkRow(contentEdges()); }
     void unruledTables_data() { addRows(unruledTableEdges()); }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "figures/networks.h"
 
+#include "base/disjoint_sets.h"
 #include "figures/rectangles.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numeric>
 
 namespace quorra::model {
 
@@ -26,26 +26,6 @@ struct Thresholds
 };
 constexpr Thresholds thresholds;
 
-/// Sets of numbered things that grow together.
-class Groups
-{
-public:
-    explicit Groups(std::size_t count) : m_parent(count) { std::iota(m_parent.begin(), m_parent.end(), 0U); }
-
-    std::size_t find(std::size_t i)
-    {
-        while (m_parent[i] != i) {
-            m_parent[i] = m_parent[m_parent[i]];
-            i = m_parent[i];
-        }
-        return i;
-    }
-    void join(std::size_t a, std::size_t b) { m_parent[find(a)] = find(b); }
-
-private:
-    std::vector<std::size_t> m_parent;
-};
-
 bool isLarge(const Box &box, const RawPage &page)
 {
     return std::max(box.width(), box.height()) > thresholds.maxFrame * std::max(page.width, page.height);
@@ -54,7 +34,7 @@ bool isLarge(const Box &box, const RawPage &page)
 // Frames that share sides, and frames inside others, are one.
 std::vector<Box> unitedFrames(std::vector<Box> frames)
 {
-    Groups groups(frames.size());
+    DisjointSets groups(frames.size());
     for (std::size_t i = 0; i < frames.size(); ++i) {
         for (std::size_t k = i + 1; k < frames.size(); ++k) {
             if (touch(frames[i], frames[k], thresholds.maxFrameGap)) {
@@ -198,7 +178,7 @@ std::vector<Box> findNetworks(const RawPage &page)
     }
     const std::vector<Box> lines = connectorsOf(page, frames);
     // Frames come first, then the lines.
-    Groups groups(frames.size() + lines.size());
+    DisjointSets groups(frames.size() + lines.size());
     for (std::size_t i = 0; i < lines.size(); ++i) {
         for (std::size_t f = 0; f < frames.size(); ++f) {
             if (leadsTo(lines[i], frames[f])) {

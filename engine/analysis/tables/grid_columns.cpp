@@ -26,6 +26,12 @@ bool followsSign(const RawWord &previous, const RawWord &word)
             !isBullet(word.text));
 }
 
+// A blank of a typewriter is as wide as a letter: it divides nothing.
+double minWeakGapAfter(const RawWord &word)
+{
+    return word.style.fixedPitch ? thresholds.minCellGap : thresholds.minWeakGap;
+}
+
 /// Counts for each point across the table the lines that have a gap there, and those whose text runs across.
 class StripVotes
 {
@@ -51,9 +57,9 @@ public:
             previous = word;
             const Box body = bodyOf(*word);
             const double gap = (body.left - reached) / sizeAt(line, *word);
-            const double strength = gap > thresholds.minCellGap    ? 1
-                                    : gap >= thresholds.minWeakGap ? thresholds.weakVote
-                                                                   : 0;
+            const double strength = gap > thresholds.minCellGap     ? 1
+                                    : gap >= minWeakGapAfter(*word) ? thresholds.weakVote
+                                                                    : 0;
             add(m_wide, reached, body.left, strength >= 1 ? weight : 0);
             add(strength > 0 ? m_votes : m_crossings, reached, body.left, strength > 0 ? strength * weight : weight);
             add(m_crossings, std::max(reached, body.left), body.right, weight);

@@ -1,42 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tables/ruled_table.h"
 
-#include "base/number.h"
-#include "base/statistics.h"
+#include "base/disjoint_sets.h"
 #include "tables/grid_columns.h"
 #include "tables/lattice.h"
+#include "tables/stacked_rows.h"
 #include "tables/unruled_table.h"
 
 #include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <numeric>
 
 namespace quorra::model {
 
 namespace {
 
 using ruledTables::thresholds;
-
-/// Groups of rules that touch one another.
-class Groups
-{
-public:
-    explicit Groups(std::size_t count) : m_parent(count) { std::iota(m_parent.begin(), m_parent.end(), 0U); }
-
-    std::size_t find(std::size_t i)
-    {
-        while (m_parent[i] != i) {
-            m_parent[i] = m_parent[m_parent[i]];
-            i = m_parent[i];
-        }
-        return i;
-    }
-    void join(std::size_t a, std::size_t b) { m_parent[find(a)] = find(b); }
-
-private:
-    std::vector<std::size_t> m_parent;
-};
 
 bool meet(const Rule &horizontal, const Rule &vertical)
 {
@@ -53,7 +32,7 @@ std::vector<Rulings> connectedRulings(const Rulings &all)
     if (h > thresholds.maxRules || v > thresholds.maxRules) {
         return {};
     }
-    Groups groups(h + v);
+    DisjointSets groups(h + v);
     for (std::size_t i = 0; i < h; ++i) {
         for (std::size_t j = 0; j < v; ++j) {
             if (meet(all.horizontal[i], all.vertical[j])) {
@@ -91,45 +70,6 @@ void placeWords(TableWords &found, const WordRefs &words)
             }
         }
     }
-}
-
-// Whether a row of the grid holds several rows, which no lines divide: a cell has several numbers, one below the other,
-// beside another cell of several lines, or most cells have as many lines as the median one.
-bool holdsSeveralRows(const TableWords &found)
-{
-    struct Row
-    {
-        std::size_t numbers = 0;   // in the cell with most of them
-        std::size_t cells = 0;     // with several lines
-        std::vector<double> lines; // of each cell with text
-        std::size_t wrapped = 0;   // lines that begin in lower case
-    };
-    std::vector<Row> rows(static_cast<std::size_t>(found.table.rows()));
-    for (std::size_t i = 0; i < found.words.size(); ++i) {
-        const std::vector<TextLine> lines = textLinesOf(found.words[i]);
-        const auto numbers = static_cast<std::size_t>(std::count_if(
-            lines.begin(), lines.end(), [](const TextLine &line) { return looksNumeric(joinedText(line.words)); }));
-        Row &row = rows[static_cast<std::size_t>(found.table.cells[i].row)];
-        row.cells += lines.size() > 1 ? 1 : 0;
-        if (!lines.empty()) {
-            row.lines.push_back(static_cast<double>(lines.size()));
-            row.wrapped +=
-                static_cast<std::size_t>(std::count_if(lines.begin() + 1, lines.end(), [](const TextLine &line) {
-                    return line.words.front()->text.front().isLower();
-                }));
-        }
-        row.numbers = 2 * numbers >= lines.size() ? std::max(row.numbers, numbers) : row.numbers;
-    }
-    return std::any_of(rows.begin(), rows.end(), [](const Row &row) {
-        const double usual = median(row.lines);
-        const auto alike = std::count(row.lines.begin(), row.lines.end(), usual);
-        const double all = std::accumulate(row.lines.begin(), row.lines.end(), 0.0);
-        const bool wraps = static_cast<double>(row.wrapped) > thresholds.maxWrappedLines * all;
-        const bool equal =
-            !wraps && row.cells > 1 && usual >= thresholds.minLinesOfRows &&
-            static_cast<double>(alike) >= thresholds.minAlikeCells * static_cast<double>(row.lines.size());
-        return equal || (row.numbers > 1 && row.cells > 1);
-    });
 }
 
 // Whether most of the cells that run over the whole grid, or over several of its columns, have texts side by side.
@@ -185,6 +125,20 @@ bool framesTable(const TableWords &found)
         return static_cast<double>(words.size()) >= thresholds.minTableInCell * static_cast<double>(all) &&
                holdsColumns(words);
     });
+}
+
+// Whether the texts between two lines down the grid, taken together, stand in several columns.
+bool mergesColumns(const TableWords &found)
+{
+    std::vector<WordRefs> columns(static_cast<std::size_t>(found.table.columns()));
+    for (std::size_t i = 0; i < found.words.size(); ++i) {
+        const Cell &cell = found.table.cells[i];
+        if (cell.columnSpan == 1) {
+            WordRefs &column = columns[static_cast<std::size_t>(cell.column)];
+            column.insert(column.end(), found.words[i].begin(), found.words[i].end());
+        }
+    }
+    return std::any_of(columns.begin(), columns.end(), holdsColumns);
 }
 
 // Adds the tables that the text in a box makes together with the lines there, if they hold most of it. Returns whether
@@ -356,7 +310,8 @@ void addGrids(std::vector<TableWords> &tables, const Rulings &rulings, const Rul
         found.table = lattice.table();
         placeWords(found, words);
         const bool swallows = swallowsPage(found);
-        const bool isOpen = leavesColumnsOpen(found) || holdsSeveralRows(found) || framesTable(found);
+        const bool isOpen =
+            leavesColumnsOpen(found) || mergesColumns(found) || holdsSeveralRows(found) || framesTable(found);
         if (isOpen && !(swallows && isPageHigh(found.table.box, words)) &&
             addOpenTables(tables, found.table.box, dividers, words)) {
             continue;

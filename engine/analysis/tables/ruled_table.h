@@ -29,9 +29,6 @@ struct Thresholds
     std::size_t minPageLines = 12; ///< in such a cell; fewer are a long cell
     double minPageHeight = 0.85;   ///< share of the height of the page's text; of lines that may belong to the page
     double minPageRule = 0.6;      ///< share of the grid's width or height; longer lines divide the page then
-    double minLinesOfRows = 4;     ///< in a cell; texts that wrap rarely make as many lines in most cells of a row
-    double maxWrappedLines = 0.5;  ///< share of the lines that begin in lower case; with more, texts wrap
-    double minAlikeCells = 0.6;    ///< share of the cells of a row with text that have the same number of lines
     double sameEnd = 4;            ///< points; ends of lines under the rows of one table agree to this
     double maxGapAlong = 20;       ///< points between lines side by side that together run across a table
     double minStackWidth = 72;     ///< points; shorter lines underline words

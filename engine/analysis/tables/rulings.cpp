@@ -9,9 +9,8 @@ namespace {
 
 using rulings::thresholds;
 
-bool isInvisible(Colour colour)
+bool isInvisible(Colour colour, Colour least = thresholds.nearlyWhite)
 {
-    constexpr Colour least = thresholds.nearlyWhite;
     return (colour >> 16U & 0xffU) >= least && (colour >> 8U & 0xffU) >= least && (colour & 0xffU) >= least;
 }
 
@@ -23,7 +22,7 @@ bool isOnFill(const Rule &rule, const std::vector<Fill> &fills)
     constexpr double reach = thresholds.fillReach;
     return std::any_of(fills.begin(), fills.end(), [&](const Fill &fill) {
         const Box &box = fill.box;
-        return !isInvisible(fill.colour) &&
+        return !isInvisible(fill.colour, thresholds.whiteFill) &&
                Box{box.left - reach, box.top - reach, box.right + reach, box.bottom + reach}.contains(x, y);
     });
 }
@@ -107,7 +106,8 @@ Rulings withFillEdges(Rulings rulings, const std::vector<Fill> &fills)
 {
     for (const Fill &fill : fills) {
         const Box &box = fill.box;
-        if (isInvisible(fill.colour) || std::min(box.width(), box.height()) < thresholds.minFillSide) {
+        if (isInvisible(fill.colour, thresholds.whiteFill) ||
+            std::min(box.width(), box.height()) < thresholds.minFillSide) {
             continue;
         }
         for (const double y : {box.top, box.bottom}) {

@@ -15,6 +15,7 @@ struct Thresholds
     double maxDashGap = 3.5;      ///< points along the line; wider gaps end a line
     double minLength = 4;         ///< points; shorter strokes are dots, letters and ticks
     Colour nearlyWhite = 0xf4;    ///< of each colour component; lighter lines are not seen on paper
+    Colour whiteFill = 0xfb;      ///< the same for fills, which are seen when paler
     double minCoveredSide = 0.55; ///< share of a cell's side that a line must cover to be its border
     double fillReach = 2;         ///< points from a light line to the fill on which it is seen
     double minFillSide = 6;       ///< points; smaller fills are bullets, boxes to tick and bars

@@ -339,6 +339,48 @@ bool TextGrid::isText(const GridRow &row) const
     });
 }
 
+// Whether most texts of the first lines line up with others of their column further down. Those above the rule over the
+// head are no part of the table otherwise.
+bool TextGrid::standInColumns(std::size_t lines) const
+{
+    constexpr double same = textLines::thresholds.sameEdge;
+    std::size_t all = 0;
+    std::size_t aligned = 0;
+    for (std::size_t i = 0; i < lines; ++i) {
+        for (const Piece &piece : m_grid[i].pieces) {
+            ++all;
+            aligned += std::any_of(
+                           m_grid.begin() + static_cast<std::ptrdiff_t>(lines), m_grid.end(),
+                           [&piece](const GridRow &row) {
+                               return std::any_of(row.pieces.begin(), row.pieces.end(), [&piece](const Piece &other) {
+                                   return std::abs(other.box.left - piece.box.left) <= same ||
+                                          std::abs(other.box.right - piece.box.right) <= same ||
+                                          std::abs(other.box.centreX() - piece.box.centreX()) <= same;
+                               });
+                           })
+                           ? 1
+                           : 0;
+        }
+    }
+    return 2 * aligned > all;
+}
+
+// Whether the lines from this one to the next rule over the whole table hold no numbers beside the first column.
+bool TextGrid::isHeadBetweenRules(std::size_t first) const
+{
+    for (std::size_t i = first; i + 1 < m_grid.size() && i < first + thresholds.maxTitleLines; ++i) {
+        for (const Piece &piece : m_grid[i].pieces) {
+            if (piece.column > 0 && isNumber(piece.words)) {
+                return false;
+            }
+        }
+        if (m_ruleAfter[i]) {
+            return m_grid[i].pieces.size() > 1;
+        }
+    }
+    return false;
+}
+
 std::size_t TextGrid::linesBefore() const
 {
     std::size_t lines = 0;
@@ -354,6 +396,11 @@ std::size_t TextGrid::linesBefore() const
                 return lines;
             }
             break;
+        }
+    }
+    for (std::size_t i = 0; i + 2 < m_grid.size(); ++i) {
+        if (m_ruleAfter[i] && isHeadBetweenRules(i + 1) && !standInColumns(i + 1)) {
+            return i + 1;
         }
     }
     for (lines = 0; lines + 1 < m_grid.size() && isText(m_grid[lines]);) {
@@ -399,10 +446,79 @@ bool TextGrid::isNumberedText() const
     return 2 * numbers > all;
 }
 
+// Whether nearly all lines reach both margins with even blanks between their words. Two words a line say so only if
+// sentences go on from line to line.
+bool TextGrid::isJustifiedText() const
+{
+    std::size_t full = 0;
+    std::size_t even = 0;
+    std::size_t severalBlanks = 0;
+    std::size_t lowerCase = 0;
+    const double left = m_edges.front() + gridColumns::thresholds.outerMargin;
+    const double right = m_edges.back() - gridColumns::thresholds.outerMargin;
+    for (const TextLine &line : m_lines) {
+        if (line.box.left > left + thresholds.sameMargin || line.box.right < right - thresholds.sameMargin) {
+            continue;
+        }
+        ++full;
+        double narrowest = right - left;
+        double widest = 0;
+        for (std::size_t i = 1; i < line.words.size(); ++i) {
+            const double blank = line.words[i]->box.left - line.words[i - 1]->box.right;
+            narrowest = std::min(narrowest, blank);
+            widest = std::max(widest, blank);
+        }
+        even +=
+            widest - narrowest <= thresholds.evenBlanks && widest <= thresholds.maxJustifiedBlank * line.size ? 1 : 0;
+        severalBlanks += line.words.size() > 2 ? 1 : 0;
+        lowerCase += line.words.front()->text.front().isLower() ? 1 : 0;
+    }
+    return static_cast<double>(full) >= thresholds.minJustified * static_cast<double>(m_lines.size()) &&
+           static_cast<double>(even) >= thresholds.minJustified * static_cast<double>(full) &&
+           (2 * severalBlanks > full || 2 * lowerCase > full);
+}
+
+bool TextGrid::isIndex() const
+{
+    static const QRegularExpression entry(QStringLiteral("^\\D.*[,\\s]\\d+(?:[-–]\\d+)?[.,;]?$"));
+    std::vector<std::pair<std::size_t, std::size_t>> counts(static_cast<std::size_t>(columns()));
+    for (const GridRow &row : m_grid) {
+        for (const Piece &piece : row.pieces) {
+            auto &[entries, all] = counts[static_cast<std::size_t>(piece.column)];
+            ++all;
+            const QString text = joinedText(piece.words, QStringLiteral(" "));
+            entries += text.front().isLetter() && entry.match(text).hasMatch() ? 1 : 0;
+        }
+    }
+    return std::all_of(counts.begin(), counts.end(), [](const auto &count) {
+        return static_cast<double>(count.first) >= thresholds.minEntries * static_cast<double>(count.second);
+    });
+}
+
 bool TextGrid::isRuled() const
 {
     const auto rules = std::count(m_ruleAfter.begin(), m_ruleAfter.end(), 1) + (m_ruleBefore ? 1 : 0);
     return static_cast<std::size_t>(rules) >= thresholds.minFullRules;
+}
+
+// Whether rules divide rows of several lines, or gaps do below a head with a rule. Columns of text would be long rows.
+bool TextGrid::isDivided() const
+{
+    const double gap = m_headLines > 0 && m_ruleAfter[m_headLines - 1] ? rowGap() : 0;
+    std::size_t rules = 0;
+    std::size_t rows = 1;
+    std::size_t linesInRow = 1;
+    for (std::size_t i = 1; i < m_grid.size(); ++i) {
+        const bool apart = gap > 0 && m_grid[i].baseline - m_grid[i - 1].baseline >= gap * m_grid[i].size;
+        rules += m_ruleAfter[i - 1] ? 1 : 0;
+        rows += apart || m_ruleAfter[i - 1] ? 1 : 0;
+        linesInRow = apart || m_ruleAfter[i - 1] ? 1 : linesInRow + 1;
+        if (linesInRow > thresholds.maxLinesInRow) {
+            return false;
+        }
+    }
+    return (rules + 1 >= thresholds.minBands || (gap > 0 && rows - 1 >= thresholds.minRowsSetApart)) &&
+           static_cast<double>(m_grid.size()) <= thresholds.maxLinesInBand * static_cast<double>(rows);
 }
 
 bool TextGrid::holdsProse() const
@@ -487,7 +603,8 @@ bool TextGrid::looksLikeTable() const
     const double numericShare = static_cast<double>(numeric) / std::max(1, besideKeys);
     const double wordsInPiece = static_cast<double>(words) / pieces;
     const double filled = static_cast<double>(pieces) / static_cast<double>(m_grid.size()) / columns();
-    if (wordsInPiece > thresholds.maxWords || filled < thresholds.minFilled || aligned < thresholds.minAligned) {
+    const double maxWords = isDivided() ? thresholds.maxWordsOfDivided : thresholds.maxWords;
+    if (wordsInPiece > maxWords || filled < thresholds.minFilled || aligned < thresholds.minAligned) {
         return false;
     }
     std::vector<double> gaps;
@@ -497,8 +614,12 @@ bool TextGrid::looksLikeTable() const
         }
     }
     const double gap = median(std::move(gaps));
-    if (isRuled() && (numericShare >= thresholds.minNumeric ||
-                      (wordsInPiece <= thresholds.maxWordsOfText && gap >= thresholds.minGapOfText))) {
+    if (numericShare < thresholds.someNumeric && isJustifiedText()) {
+        return false;
+    }
+    const double maxWordsOfText = isDivided() ? maxWords : thresholds.maxWordsOfText;
+    if (isRuled() &&
+        (numericShare >= thresholds.minNumeric || (wordsInPiece <= maxWordsOfText && gap >= thresholds.minGapOfText))) {
         return multi >= (numericShare >= thresholds.minNumeric ? thresholds.minRowsOfNumbers : thresholds.minRows);
     }
     if (numericShare >= thresholds.mostlyNumeric && columns() >= thresholds.minColumnsOfNumbers) {

@@ -68,6 +68,14 @@ struct Thresholds
     double minTextWidth = 0.6;     ///< share of the table's width; of such a line
     std::size_t minProseWords = 6; ///< in a text that runs over several columns at an end of the table: not a part
 
+    double sameMargin = 1.5;         ///< points; justified lines begin and end this close to the margins
+    double minJustified = 0.75;      ///< share of the lines of justified text that reach both margins
+    double evenBlanks = 1;           ///< points by which the blanks of a justified line differ at most
+    double maxJustifiedBlank = 8;    ///< em; wider blanks are gaps between columns
+    double minEntries = 0.6;         ///< share of the texts in every column of an index that end in page numbers
+    std::size_t minRowsSetApart = 3; ///< under a head between rules; fewer are paragraphs
+    double maxWordsOfDivided = 12;   ///< in the mean line of a cell, where such rules divide the rows
+
     double rowMargin = 2; ///< points between the outermost lines and the table's upper and lower edge, and to its rules
 };
 
@@ -88,11 +96,18 @@ public:
     /// Whether a column is running text, whose lines are nearly all full: rather a column of the page.
     bool holdsProse() const;
 
+    /// Whether most texts of each column are words with page numbers after them.
+    bool isIndex() const;
+
     /// Whether some of the texts beside the first column are numbers.
     bool hasNumbers() const;
 
     /// Whether rules run over the whole table, above or among its lines.
     bool isRuled() const;
+
+    /// Whether its rows are divided by rules over the whole table, or set apart below a head and a rule: a few lines
+    /// each.
+    bool isDivided() const;
 
     /// How many lines at the top are no part of the table: a title above the rule that opens it, or running text.
     std::size_t linesBefore() const;
@@ -137,7 +152,10 @@ private:
     void spanUnderlinedHeads();
     void spanCentredHeads();
     std::size_t headerLines() const;
+    bool standInColumns(std::size_t lines) const;
+    bool isHeadBetweenRules(std::size_t first) const;
     bool isNumberedText() const;
+    bool isJustifiedText() const;
     bool isText(const GridRow &row) const;
     void addBorders(Table &table) const;
 
@@ -147,6 +165,7 @@ private:
     void addRowsOfBand(std::vector<GridRow> &rows, std::size_t from, std::size_t to, double rowGap) const;
     double rowGap() const;
     bool canBeOneRow(std::size_t from, std::size_t to) const;
+    bool wrapsBeside(const GridRow &upper, const GridRow &lower) const;
     bool continues(const GridRow &upper, const GridRow &lower, double usualStep) const;
     bool ruleBetween(const Box &upper, const Box &lower) const;
     int columnAt(double x) const;

@@ -183,6 +183,23 @@ std::vector<TextGrid::GridRow> TextGrid::headRows() const
     return rows;
 }
 
+// Whether the upper row is the first part of a key whose last line stands beside the other cells: the key goes on in
+// lower case, with a word for which the line above had no room.
+bool TextGrid::wrapsBeside(const GridRow &upper, const GridRow &lower) const
+{
+    const Piece &last = upper.pieces.back();
+    const Piece &first = lower.pieces.front();
+    if (last.column > 0 || last.span > 1 || first.span > 1 || !first.words.front()->text.front().isLower()) {
+        return false;
+    }
+    double right = 0;
+    for (const GridRow &row : m_grid) {
+        const Piece &piece = row.pieces.front();
+        right = piece.column == 0 && piece.span == 1 ? std::max(right, piece.box.right) : right;
+    }
+    return last.box.right + first.words.front()->box.width() + thresholds.minPieceGap * lower.size > right;
+}
+
 // Whether the lower row only continues cells of the upper one: it has no key in the first column, and begins in lower
 // case or has fewer cells.
 bool TextGrid::continues(const GridRow &upper, const GridRow &lower, double usualStep) const
@@ -192,7 +209,7 @@ bool TextGrid::continues(const GridRow &upper, const GridRow &lower, double usua
     }
     const bool hasKey = lower.pieces.front().column == 0;
     if (hasKey && lower.pieces.size() > 1) {
-        return false;
+        return wrapsBeside(upper, lower);
     }
     bool lowerCase = false;
     for (const Piece &piece : lower.pieces) {

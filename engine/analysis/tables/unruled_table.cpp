@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tables/unruled_table.h"
 
+#include "base/number.h"
 #include "base/statistics.h"
 #include "paragraphs/list_mark.h"
 #include "tables/grid_columns.h"
@@ -99,6 +100,32 @@ bool staysInCells(const std::vector<Segment> &upper, const std::vector<Segment> 
     });
 }
 
+// Whether each text of the upper line lines up with one of the lower line.
+bool standOver(const std::vector<Segment> &upper, const std::vector<Segment> &lower)
+{
+    return std::all_of(upper.begin(), upper.end(), [&lower](const Segment &text) {
+        return std::any_of(lower.begin(), lower.end(), [&text](const Segment &other) { return linesUp(text, other); });
+    });
+}
+
+bool isNumber(const Segment &text)
+{
+    return looksNumeric(joinedText(text.words));
+}
+
+// Whether the lower line is one more row below the upper one: it has numbers, and nearly all of its texts line up.
+bool isRowBelow(const std::vector<Segment> &upper, const std::vector<Segment> &lower)
+{
+    std::size_t aligned = 0;
+    for (const Segment &text : lower) {
+        aligned +=
+            std::any_of(upper.begin(), upper.end(), [&text](const Segment &other) { return linesUp(other, text); }) ? 1
+                                                                                                                    : 0;
+    }
+    return lower.size() > 1 && aligned > 1 && aligned + 1 >= lower.size() &&
+           std::any_of(lower.begin() + 1, lower.end(), isNumber);
+}
+
 // Ranges of neighbouring lines nearly all of which have wide gaps.
 std::vector<LineRange> candidateRanges(
     const std::vector<TextLine> &lines, const std::vector<std::vector<Segment>> &segments,
@@ -106,6 +133,18 @@ std::vector<LineRange> candidateRanges(
 {
     std::vector<LineRange> ranges;
     const auto isMulti = [&](std::size_t i) { return segments[i].size() >= 2 && !isListLine(segments[i]); };
+    // Whether rows like those up to `last` follow, at most below the heading of a group.
+    const auto goesOn = [&](std::size_t last, std::size_t next) {
+        const std::size_t row = next < lines.size() && !isMulti(next) ? next + 1 : next;
+        for (std::size_t i = last + 1; i <= row && i < lines.size(); ++i) {
+            if (lines[i].baseline - lines[i - 1].baseline > thresholds.maxAlignedStep * lines[i].size) {
+                return false;
+            }
+        }
+        return row < lines.size() && isMulti(row) && isRowBelow(segments[last], segments[row]) &&
+               (row == next || std::abs(segments[next].front().box.left - segments[last].front().box.left) <=
+                                   thresholds.maxOutdent * lines[next].size);
+    };
     for (std::size_t i = 0; i < lines.size();) {
         if (!isMulti(i)) {
             ++i;
@@ -116,13 +155,14 @@ std::vector<LineRange> candidateRanges(
         std::size_t wrapped = 0;
         for (std::size_t j = i + 1; j < lines.size(); ++j) {
             double reach = thresholds.maxRowStep;
-            if (isMulti(j - 1) && isAligned(segments[j - 1], segments[j])) {
+            if (isAligned(segments[range.last], segments[j])) {
                 reach = thresholds.maxAlignedStep;
             }
             if (hasRuleBetween(horizontal, lines[j - 1], lines[j])) {
                 reach = std::max(reach, thresholds.maxRuledStep);
             }
-            if (lines[j].baseline - lines[j - 1].baseline > reach * std::max(lines[j].size, lines[j - 1].size)) {
+            if (lines[j].baseline - lines[j - 1].baseline > reach * std::max(lines[j].size, lines[j - 1].size) &&
+                !goesOn(range.last, j)) {
                 break;
             }
             if (isMulti(j)) {
@@ -135,8 +175,19 @@ std::vector<LineRange> candidateRanges(
             }
         }
         const std::size_t floor = ranges.empty() ? 0 : ranges.back().last + 1;
-        while (range.first > floor &&
-               isHeadingOver(lines[range.first - 1], lines[range.first], segments[range.first], horizontal)) {
+        const auto isBesideKeys = [&](const Segment &text) {
+            return std::any_of(
+                segments.begin() + static_cast<std::ptrdiff_t>(range.first),
+                segments.begin() + static_cast<std::ptrdiff_t>(range.last) + 1,
+                [&text](const auto &row) { return row.size() > 1 && row.front().box.right < text.box.left; });
+        };
+        const auto isHead = [&](std::size_t upper) {
+            const bool wraps =
+                lines[upper + 1].baseline - lines[upper].baseline <= thresholds.maxWrapStep * lines[upper].size;
+            return isHeadingOver(lines[upper], lines[upper + 1], segments[upper + 1], horizontal) ||
+                   (wraps && isBesideKeys(segments[upper].front()) && standOver(segments[upper], segments[upper + 1]));
+        };
+        while (range.first > floor && isHead(range.first - 1)) {
             --range.first;
         }
         std::size_t next = range.last + 1;
@@ -235,7 +286,8 @@ bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, Lines
         const auto leaderLines = std::count(clean.leaders.begin() + first, clean.leaders.begin() + end, 1);
         const bool contents = !grid.isRuled() && static_cast<double>(leaderLines) >
                                                      thresholds.maxLeaderLines * static_cast<double>(end - first);
-        const bool columns = linesOf == LinesOf::Page && (!grid.hasNumbers() || grid.holdsProse());
+        const bool columns = linesOf == LinesOf::Page &&
+                             (grid.isIndex() || (!grid.isDivided() && (!grid.hasNumbers() || grid.holdsProse())));
         if (contents || columns || !grid.looksLikeTable()) {
             return false;
         }

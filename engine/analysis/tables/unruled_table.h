@@ -16,6 +16,7 @@ struct Thresholds
     double maxRowStep = 2.6;              ///< em; between the baselines of neighbouring rows of one table
     double maxRuledStep = 2 * maxRowStep; ///< em; the same when a rule lies between them
     double maxAlignedStep = 5;            ///< em; the same when their texts line up
+    double maxOutdent = 2;                ///< em; between the left edges of a group's heading and of its rows
     std::size_t maxSingles = 2;      ///< consecutive lines of one segment in a table (group headings, wrapped cells)
     std::size_t minLines = 2;        ///< of a table
     std::size_t minLinesOfPart = 3;  ///< of a table that is found only between rules across the text

@@ -207,6 +207,9 @@ bool attachDropCap(std::vector<TextLine> &lines, const RawWord *letter)
 
 Box bodyOf(const RawWord &word)
 {
+    if (word.rotation != 0) {
+        return word.box;
+    }
     return {word.box.left, word.baseline - thresholds.capHeight * word.style.size, word.box.right, word.baseline};
 }
 

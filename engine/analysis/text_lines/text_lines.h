@@ -65,7 +65,7 @@ struct Segment
 };
 
 /// The word's box from the baseline up to the height of capitals. The full boxes of neighbouring lines overlap by their
-/// ascenders and descenders, the bodies do not.
+/// ascenders and descenders, the bodies do not. A rotated word has its whole box.
 Box bodyOf(const RawWord &word);
 
 /// Groups upright words into text lines, sorted from top to bottom. Superscripts and subscripts belong to the line of

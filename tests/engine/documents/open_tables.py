@@ -13,6 +13,29 @@ COUNTRIES = [["Country", "Area", "Share", "Change", "Farms"], ["Austria", "86.2"
 
 
 @document
+def open_table_over_three_pages(sheet):
+    """One table without lines between its rows: the head is on every page, below its title on the later ones, with a
+    note at the foot of the first. The texts of the pages differ in width. Another table of as many columns stands on
+    the last page, below its own title.
+    """
+    head = ["Ferry", "Built", "Cars", "Fares"]
+    names = ["Alder", "Brookland pearl", "Carver", "Dunn of the lower reach", "Eames", "Field"]
+    rows = [[names[n % (3 + 2 * (n % 2))], str(1900 + n * 7 % 99), str(n * 5 % 40), f"{n * 811 % 9000:,}"] for n in range(90)]
+    ruled = ("LINEBELOW", (0, 0), (-1, 0), 0.6, black)
+    widths = [200, 80, 80, 90]
+    for page, (first, end) in enumerate(((0, 42), (42, 80), (80, 90))):
+        title = "<b>Table 3.</b> Boats of the lower river" if page == 0 else "<b>Table 3</b> (continued)"
+        y = sheet.prose(LEFT, 70, FULL, title, size=9.5, after=2)
+        y = sheet.table(LEFT, y, [head] + rows[first:end], widths, ("FONT", (0, 0), (-1, 0), "Sans-Bold", 9), NUMBERS,
+                        ("TOPPADDING", (0, 0), (-1, -1), 1), ("BOTTOMPADDING", (0, 0), (-1, -1), 1.5), ruled, size=9.5)
+        if end < 90:
+            sheet.text(LEFT, 800, "Fares are those of the last full year.", size=8)
+            sheet.next_page()
+    y = sheet.prose(LEFT, y + 20, FULL, "<b>Table 4.</b> Ferries of the upper river", size=9.5)
+    sheet.table(LEFT, y, [head] + rows[5:12], widths, ("FONT", (0, 0), (-1, 0), "Sans-Bold", 9), NUMBERS, ruled, size=9.5)
+
+
+@document
 def table_with_lines_under_rows(sheet):
     """Six rows, five columns; the last row has a line below it too."""
     y = sheet.prose(LEFT, 80, FULL, GARDEN[0])
@@ -182,3 +205,56 @@ def glossary(sheet):
     for term, text in [("Cable", TOWN[1]), ("Crew", TOWN[2]), ("Seed", GARDEN[1]), ("Slugs", GARDEN[3])]:
         sheet.text(LEFT, y + 10, term, "Serif-Bold")
         y = sheet.prose(LEFT + 110, y, FULL - 110, text)
+
+
+@document
+def table_of_wrapped_words(sheet):
+    """Five rows and three columns of words in several lines each, set apart below a head with a line."""
+    rows = [["Plant", "What it needs", "When to sow"],
+            ["Beans", "¶Warm soil and poles to climb on, with water in the evening", "¶After the last frost of May"],
+            ["Kale", "¶Lime, and a place that had no cabbage in the three years before",
+             "¶From April to June, or under glass a month before that"],
+            ["Leeks", "¶Deep soil and patience", "¶March, under glass; planted out when they are as thick as a pencil"],
+            ["Peas", "¶A net against the birds for the first weeks after they come up", "¶As soon as the ground can be worked"]]
+    y = sheet.table(LEFT, 90, rows, [70, 200, 200], BOLD_HEAD, ("VALIGN", (0, 0), (-1, -1), "TOP"),
+                    ("BOTTOMPADDING", (0, 0), (-1, -1), 7), ("LINEABOVE", (0, 0), (-1, 0), 0.8, black),
+                    ("LINEBELOW", (0, 0), (-1, 0), 0.5, black), ("LINEBELOW", (0, -1), (-1, -1), 0.8, black))
+    sheet.prose(LEFT, y + 12, FULL, GARDEN[1])
+
+
+@document
+def table_with_values_beside_last_lines(sheet):
+    """Seven rows: the values stand beside the last line of texts that wrap, and a head of three lines ends at the same
+    baseline as the others. Rows are as close as the lines inside them.
+    """
+    for x, lines in ((360, ["Boats", "in", "service"]), (440, ["Cars"]), (RIGHT, ["Fares", "a year"])):
+        for n, line in enumerate(lines):
+            sheet.text(x, 122 - 11 * (len(lines) - 1 - n), line, "Sans-Bold", 9, "right")
+    sheet.line(LEFT, 127, RIGHT, 127)
+    y = 140
+    for lines, values in [(["Lower river"], ["4", "61,020", "90,400"]),
+                          (["Upper river with the lakes and all of the", "reservoirs above them"], ["2", "9,118", "12,077"]),
+                          (["Canals"], ["1", "310", "288"]), (["Coast"], ["7", "88,214", "240,118"]),
+                          (["Islands that are reached from the western", "harbour in summer only"], ["3", "4,400", "21,960"]),
+                          (["Harbours"], ["2", "75", "1,404"])]:
+        for line in lines:
+            sheet.text(LEFT, y, line, size=9.5)
+            y += 11.5
+        for x, value in zip((360, 440, RIGHT), values):
+            sheet.text(x, y - 11.5, value, size=9.5, align="right")
+
+
+@document
+def table_of_groups_set_apart(sheet):
+    """Groups of rows far apart, each below a line of its own; one group has a single row. One table."""
+    y = 100
+    for group, rows in [("Harbour office", [("Mooring", "100.0", "95", "30.3"), ("Cranes", "46.9", "104", "480")]),
+                        ("Ferry", [("Cable", "8.7", "32", "34")]),
+                        ("Gardens", [("Seed", "82.5", "650", "79"), ("Water", "114.6", "61", "91"), ("Tools", "7.1", "4", "12")])]:
+        y += 24
+        sheet.text(LEFT, y, group, "Serif-Bold", 9)
+        for name, *values in rows:
+            y += 13
+            sheet.text(LEFT, y, name, size=9)
+            for x, value in zip((300, 380, 460), values):
+                sheet.text(x, y, value, size=9, align="right")

@@ -166,3 +166,44 @@ def columns_under_one_drawn_column(sheet):
         sheet.text(LEFT + 6, y, name)
         sheet.text(LEFT + 230, y, count, align="right")
         sheet.text(LEFT + 344, y, fare, align="right")
+
+
+@document
+def ruled_table_with_shares(sheet):
+    """Seven rows: each cell holds a number and its share below it. A town may be written in two lines."""
+    rows = [["Town", "Cars", "Carts", "Walkers"]]
+    for n, town in enumerate(["Oldham", "Oldham Reach with\nthe islands", "Brookland", "Carver", "Lower Dunn and\nthe mill", "Eames"]):
+        rows.append([town] + [f"{(n + 2) * (k + 3) * 97 % 4000:,}\n({(n * 31 + k * 17) % 100}.{k}%)" for k in range(3)])
+    sheet.table(LEFT, 90, rows, [120, 80, 80, 80], GRID, HEAD, ("ALIGN", (1, 0), (-1, -1), "CENTER"))
+
+
+@document
+def ruled_table_with_some_lines(sheet):
+    """Eleven rows of five columns: lines stand between some of the rows and some of the columns only."""
+    rows = [["Boat", "Built", "Cars", "Crew", "Fares"]]
+    names = ["Alder", "Brookland", "Carver", "Dunn", "Eames", "Field", "Grant", "Hale", "Innes", "Jarvis"]
+    rows += [[name, str(1900 + n * 37 % 99), str(n * 7 % 40 + 3), str(n % 4 + 2), f"{n * 811 % 9000 + 100:,}"]
+             for n, name in enumerate(names)]
+    lines = [("LINEBELOW", (0, row), (-1, row), 0.6, black) for row in (0, 1, 4, 5, 7, 8)]
+    sheet.table(LEFT, 90, rows, [110, 60, 60, 60, 90], HEAD, ("BOX", (0, 0), (-1, -1), 0.6, black),
+                ("ALIGN", (1, 0), (-1, -1), "RIGHT"), ("LINEAFTER", (1, 0), (1, -1), 0.6, black), *lines)
+
+
+@document
+def table_below_pairs_in_one_box(sheet):
+    """Names with values stand above the table in the same frame; they are no rows of it. The table begins between two
+    lines.
+    """
+    for n, (name, value, other, number) in enumerate([("Customer:", "Oldham Reach Gardens", "Number:", "5517"),
+                                                      ("Street:", "Mill Road 3", "Order:", "2044")]):
+        y = 102 + 14 * n
+        for x, text in ((LEFT + 4, name), (LEFT + 70, value), (LEFT + 240, other), (LEFT + 318, number)):
+            sheet.text(x, y, text, size=10)
+    rows = [["Goods", "Boxes", "Weight", "Price", "Sum"], ["Apples", "12", "140", "11.50", "138.00"],
+            ["Pears", "7", "81", "14.00", "98.00"], ["Plums", "3", "26", "16.25", "48.75"], ["Quinces", "1", "9", "21.00", "21.00"]]
+    y = sheet.table(LEFT, 130, rows, [180, 70, 70, 70, 81], HEAD, ("ALIGN", (1, 0), (-1, -1), "RIGHT"),
+                    ("LINEABOVE", (0, 0), (-1, 0), 0.6, black), ("LINEBELOW", (0, 0), (-1, 0), 0.6, black),
+                    ("LINEBELOW", (0, -1), (-1, -1), 0.6, black))
+    sheet.line(LEFT, 86, RIGHT, 86)
+    for x in (LEFT, RIGHT):
+        sheet.line(x, 86, x, y)
