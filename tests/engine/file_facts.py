@@ -47,7 +47,8 @@ def described():
 
 def facts(suite):
     root = as_xml(suite, "described", described())
-    suite.check(root.attrib == {"title": "Grüße <1>", "author": "Ann & Bob", "keywords": "one, two", "language": "de-AT"},
+    suite.check(root.attrib == {"version": "1", "unit": "pt", "title": "Grüße <1>", "author": "Ann & Bob",
+                                "keywords": "one, two", "language": "de-AT"},
                 root.attrib)
     entries = [dict(each.attrib) for each in root.iter("entry")]
     suite.check(entries == [{"level": "1", "title": "One", "page": "1"},

@@ -13,9 +13,11 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path[:0] = [os.path.join(HERE, ".."), os.path.join(HERE, "..", "quality")]
 import core_support
 import metrics
+import office_rules
 import readers
 
 WORD, SLIDES, SHEETS = (".docx", ".doc", ".rtf"), (".pptx", ".ppt"), (".xlsx", ".xls")
+ZIPPED = (".docx", ".pptx", ".xlsx")
 LEAST_RECALL = {".docx": 0.98, ".doc": 0.98, ".pptx": 0.97, ".xlsx": 0.98}
 FEWEST_WORDS = 20
 FEWEST_FOR_ANTIWORD = 50  # it refuses files with less text
@@ -43,6 +45,9 @@ class Documents:
         result = self.suite.run(*options, "-call", str(path), str(target))
         good = self.suite.check(result.status == 0 and target.exists() and target.stat().st_size > 0,
                                 path.name, extension, options, "status", result.status, result.line)
+        if good and extension in ZIPPED:
+            broken = office_rules.violations(str(target))
+            self.suite.check(not broken, path.name, extension, options, "breaks", len(broken), "rules:", broken[:3])
         self.suite.check(os.listdir(self.suite.temp) == [], "left behind:", os.listdir(self.suite.temp))
         return str(target) if good else None
 

@@ -262,7 +262,7 @@ void OfficePlacedTest::documentsWithoutTablesGiveTheirLines()
     QCOMPARE(
         fixture::paragraphs(text),
         (QStringList{QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("far below")}));
-    QVERIFY(text.contains(QLatin1String("table:name=\"Text\"")));
+    QVERIFY(text.contains(QLatin1String("table:name=\"Page 1\"")));
 }
 
 QTEST_APPLESS_MAIN(OfficePlacedTest)
