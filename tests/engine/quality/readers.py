@@ -29,17 +29,28 @@ def tokens(text):
     return re.findall(r"\w+", unicodedata.normalize("NFKC", text.replace("\u00ad", "")))
 
 
-def _upright(text):
-    """The text with the bytes of its characters in order. pdftotext believes maps to Unicode that exchange the two bytes of
-    every character; then no lower byte but zero occurs."""
+def _is_exchanged(text):
+    """pdftotext believes maps to Unicode that exchange the two bytes of every character; then no lower byte but zero
+    occurs."""
     strange = [c for c in text if ord(c) > 0xff]
-    if len(strange) < FEWEST_EXCHANGED or any(ord(c) & 0xff or ord(c) > 0xffff for c in strange):
+    return len(strange) >= FEWEST_EXCHANGED and not any(ord(c) & 0xff or ord(c) > 0xffff for c in strange)
+
+
+def _upright(text):
+    """The text with the bytes of its characters in order."""
+    if not _is_exchanged(text):
         return text
     return "".join(chr(ord(c) >> 8) if ord(c) > 0xff else c for c in text)
 
 
 def pdf_text(path, *options):
     return _upright(run("pdftotext", *options, path, "-").decode("utf-8", "replace"))
+
+
+def has_exchanged_map(path, *options):
+    """Whether pdftotext reads the two bytes of each character in the wrong order. Zeros are wide spaces to it then, of which
+    it keeps one."""
+    return _is_exchanged(run("pdftotext", *options, path, "-").decode("utf-8", "replace"))
 
 
 def _letters(text):
