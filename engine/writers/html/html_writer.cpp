@@ -139,10 +139,14 @@ private:
     }
 
     /// Those that begin to appear on the page.
-    void writePageEdge(const Page &page, const HtmlPageEdge &edge)
+    void writePageEdge(const QString &tag, const Page &page, const HtmlPageEdge &edge)
     {
-        for (const Paragraph *paragraph : edge.ofPages.value(&page)) {
-            writePageHeader(page, *paragraph);
+        const auto paragraphs = edge.ofPages.constFind(&page);
+        if (paragraphs != edge.ofPages.constEnd()) {
+            const XmlElement element = startBlock(m_xml, tag);
+            for (const Paragraph *paragraph : *paragraphs) {
+                writePageHeader(page, *paragraph);
+            }
         }
     }
 
@@ -184,12 +188,12 @@ private:
         writeId(m_xml, HtmlAnchors::pageId(page.number));
         m_xml.writeCharacters(QString()); // prevents a self-closing element
         writePageBreak(page);
-        writePageEdge(page, m_headers);
+        writePageEdge(QStringLiteral("header"), page, m_headers);
         for (const model::Section &section : page.sections) {
             writeBlocks(page, section);
         }
         std::for_each(page.comments.begin(), page.comments.end(), [this](const auto &each) { writeComment(each); });
-        writePageEdge(page, m_footers);
+        writePageEdge(QStringLiteral("footer"), page, m_footers);
     }
 
     /// Marks where the page begins, with its number.

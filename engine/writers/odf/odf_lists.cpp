@@ -18,54 +18,11 @@ struct Thresholds
 };
 constexpr Thresholds thresholds;
 
-QString numberFormat(model::NumberFormat format)
-{
-    switch (format) {
-    case model::NumberFormat::Decimal:
-        break;
-    case model::NumberFormat::LowerLetter:
-        return u"a"_s;
-    case model::NumberFormat::UpperLetter:
-        return u"A"_s;
-    case model::NumberFormat::LowerRoman:
-        return u"i"_s;
-    case model::NumberFormat::UpperRoman:
-        return u"I"_s;
-    }
-    return u"1"_s;
-}
-
-/// Returns a character that all fonts have for a character of the private use area, where symbol fonts have their own.
-QChar commonBullet(QChar symbol)
-{
-    switch (symbol.unicode()) {
-    case 0xF0A7:
-        return u'\u25AA'; // small square
-    case 0xF06E:
-        return u'\u25A0'; // square
-    case 0xF06C:
-        return u'\u25CF'; // disc
-    case 0xF076:
-        return u'\u2756'; // diamond of diamonds
-    case 0xF071:
-    case 0xF0A8:
-        return u'\u25A1'; // empty square
-    case 0xF0D8:
-        return u'\u27A2'; // arrow head
-    case 0xF0E0:
-        return u'\u2192'; // arrow
-    case 0xF0FC:
-        return u'\u2713'; // tick
-    case 0xF02D:
-        return u'\u2013'; // dash
-    default:
-        return symbol.category() == QChar::Other_PrivateUse ? u'\u2022' : symbol;
-    }
-}
-
+/// Returns the bullet; a common one for a character that looks different in each font.
 QString bulletCharacter(const QString &mark)
 {
-    return mark.size() == 1 ? QString(commonBullet(mark[0])) : mark;
+    const bool isOfItsFont = mark.size() == 1 && mark[0].category() == QChar::Other_PrivateUse;
+    return isOfItsFont ? u"\u2022"_s : mark;
 }
 
 /// Returns the level of the list that is shown and nearest to this one, which need not be.
@@ -106,7 +63,7 @@ Element levelStyle(const model::List &list, int level)
     return {
         "text:list-level-style-number"_L1,
         {{"text:level"_L1, number},
-         {"style:num-format"_L1, numberFormat(like.number->format)},
+         {"style:num-format"_L1, numberFormatName(like.number->format)},
          {"style:num-prefix"_L1, xmlText(like.number->before)},
          {"style:num-suffix"_L1, xmlText(like.number->after)},
          {"text:start-value"_L1, QString::number(start)}},
@@ -130,6 +87,23 @@ QString listStyle(const Sink &sink, const model::List &list)
 }
 
 } // namespace
+
+QString numberFormatName(model::NumberFormat format)
+{
+    switch (format) {
+    case model::NumberFormat::Decimal:
+        break;
+    case model::NumberFormat::LowerLetter:
+        return u"a"_s;
+    case model::NumberFormat::UpperLetter:
+        return u"A"_s;
+    case model::NumberFormat::LowerRoman:
+        return u"i"_s;
+    case model::NumberFormat::UpperRoman:
+        return u"I"_s;
+    }
+    return u"1"_s;
+}
 
 model::Paragraph withHang(const model::Paragraph &paragraph)
 {

@@ -325,6 +325,10 @@ XmlElement beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place)
     XmlElement element(sink.xml, "text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(emptyParagraphStyle(empty, place)));
     writeMarks(sink.xml, place.marks);
+    if (!place.marks.bookmarks.isEmpty()) {
+        // LibreOffice writes a bookmark of a paragraph without text twice into .docx files.
+        sink.xml.writeEmptyElement("text:s"_L1);
+    }
     return element;
 }
 

@@ -5,6 +5,7 @@
 #include "document/list_number.h"
 #include "document/list_plan.h"
 #include "document/text.h"
+#include "odf/odf_lists.h"
 #include "odf/odf_paragraphs.h"
 
 #include <algorithm>
@@ -19,12 +20,9 @@ namespace {
 
 struct Thresholds
 {
-    int levels = 9;               ///< levels; presentation programs have no more
-    double maxHang = 8;           ///< em; between a mark and its text: marks farther off are columns of their own
-    double minMarkSize = 25;      ///< per cent of the text's size; what presentation programs allow
-    double maxMarkSize = 400;     ///< likewise
-    char16_t privateUse = 0xE000; ///< first of the characters that look different in each font
-    char16_t privateUseEnd = 0xF900;
+    double maxHang = 8;       ///< em; between a mark and its text: marks farther off are columns of their own
+    double minMarkSize = 25;  ///< per cent of the text's size; what presentation programs allow
+    double maxMarkSize = 400; ///< likewise
 };
 constexpr Thresholds thresholds;
 
@@ -34,23 +32,6 @@ struct LastNumber
     std::optional<model::ListNumber> number;
     int start = 1; ///< of its list
 };
-
-QString formatName(model::NumberFormat format)
-{
-    switch (format) {
-    case model::NumberFormat::Decimal:
-        break;
-    case model::NumberFormat::LowerLetter:
-        return u"a"_s;
-    case model::NumberFormat::UpperLetter:
-        return u"A"_s;
-    case model::NumberFormat::LowerRoman:
-        return u"i"_s;
-    case model::NumberFormat::UpperRoman:
-        return u"I"_s;
-    }
-    return u"1"_s;
-}
 
 /// Whether presentation programs can write the number: "1.", "1)", "(1)" or "1".
 bool canBeCounted(const model::ListNumber &number)
@@ -86,8 +67,7 @@ Element markLook(const model::Paragraph &paragraph, bool bullet)
          {"fo:font-size"_L1,
           QString::number(std::lround(std::clamp(share, thresholds.minMarkSize, thresholds.maxMarkSize))) + u'%'}}};
     if (bullet) {
-        const char16_t sign = paragraph.listItem->mark.front().unicode();
-        const bool ofItsFont = sign >= thresholds.privateUse && sign < thresholds.privateUseEnd;
+        const bool ofItsFont = paragraph.listItem->mark.front().category() == QChar::Other_PrivateUse;
         look.attributes.emplace_back("fo:font-family"_L1, ofItsFont ? officeFamily(mark) : u"Arial"_s);
     }
     return look;
@@ -108,7 +88,7 @@ Element listStyle(Element level, Element look)
 std::vector<std::optional<SlideList>> slideLists(const std::vector<model::Paragraph> &paragraphs)
 {
     std::vector<std::optional<SlideList>> lists;
-    std::vector<LastNumber> last(static_cast<std::size_t>(thresholds.levels));
+    std::vector<LastNumber> last(static_cast<std::size_t>(model::maxListLevels));
     for (const model::Paragraph &paragraph : paragraphs) {
         lists.emplace_back();
         const std::optional<double> hang = paragraph.listItem ? hangOf(paragraph) : std::nullopt;
@@ -117,7 +97,7 @@ std::vector<std::optional<SlideList>> slideLists(const std::vector<model::Paragr
             continue;
         }
         const model::ListItem &item = *paragraph.listItem;
-        const auto level = static_cast<std::size_t>(std::clamp(item.level, 0, thresholds.levels - 1));
+        const auto level = static_cast<std::size_t>(std::clamp(item.level, 0, model::maxListLevels - 1));
         std::fill(last.begin() + static_cast<std::ptrdiff_t>(level) + 1, last.end(), LastNumber{});
         const QString levelName = QString::number(level + 1);
         const std::optional<model::ListNumber> number = model::listNumber(item.mark, last[level].number);
@@ -129,7 +109,7 @@ std::vector<std::optional<SlideList>> slideLists(const std::vector<model::Paragr
                 listStyle(
                     {"text:list-level-style-number"_L1,
                      {{"text:level"_L1, levelName},
-                      {"style:num-format"_L1, formatName(number->format)},
+                      {"style:num-format"_L1, numberFormatName(number->format)},
                       {"style:num-prefix"_L1, number->before},
                       {"style:num-suffix"_L1, number->after},
                       {"text:start-value"_L1, QString::number(last[level].start)}}},

@@ -12,9 +12,10 @@ import sys
 import tempfile
 import time
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+sys.path[:0] = [os.path.dirname(os.path.abspath(__file__)), os.path.join(os.path.dirname(os.path.abspath(__file__)), "..")]
 import metrics
 import readers
+import table_score
 
 TEXT_FILES = ["tracemonkey", "multicolumn", "federal-register-2020-17221", "us-012", "us-017", "us-018", "us-030",
               "eu-003", "eu-014", "google-doc-document", "schools", "scotus-transcript-p1", "tabula-arabic",
@@ -75,13 +76,17 @@ class Quality:
             target = {0: 0.995, 4: None}.get(mode, 0.98)
             yield "Word, " + title, target, lambda n, m=mode: self.word(n, m).text()
 
+    def wanted(self, name):
+        """The words that the pages of the PDF file show."""
+        return readers.seen_words(self.pdf(name), readers.tokens)[0]
+
     def html_words(self, name):
         """The words of the HTML output; those of page headers as often as the PDF file shows them."""
-        wanted = readers.tokens(readers.pdf_text(self.pdf(name)))
+        wanted = self.wanted(name)
         return " ".join(readers.html_words(self.convert(name, ".html"), wanted, readers.tokens).elements())
 
     def measure_tokens(self):
-        wanted = {name: readers.tokens(readers.pdf_text(self.pdf(name))) for name in TEXT_FILES}
+        wanted = {name: self.wanted(name) for name in TEXT_FILES}
         for title, target, text in self.text_kinds():
             scores = {n: metrics.recall_precision(readers.tokens(text(n)), wanted[n]) for n in TEXT_FILES}
             worst = min(scores, key=lambda n: min(scores[n]))
@@ -103,11 +108,10 @@ class Quality:
         ours, peers, stored, numeric = [], [], 0, 0
         for name in TRUTH:
             truth = os.path.join(self.corpus, "truth", name + "-str.xml")
-            sheets = readers.sheet_tables(self.convert(name, ".xlsx"))
-            ours.append(metrics.table_f1(truth, [[c[:5] for c in cells] for cells in sheets]))
+            ours.append(table_score.score(truth, self.convert(name, ".html"))[2])
             peers.append(metrics.table_f1(truth, metrics.layout_tables(self.pdf(name))))
             self.report.row("table cells F1, %s" % name, ours[-1], None, "pdftotext -layout %.3f" % peers[-1])
-            for cells in sheets:
+            for cells in readers.sheet_tables(self.convert(name, ".xlsx")):
                 good, all_cells = metrics.numbers_as_numbers(cells)
                 stored, numeric = stored + good, numeric + all_cells
         self.report.row("table cells F1, mean of six", sum(ours) / len(ours), 0.85,

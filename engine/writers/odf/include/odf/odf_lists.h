@@ -8,6 +8,9 @@
 
 namespace quorra::office {
 
+/// Returns the value of style:num-format: "1", "a", "A", "i" or "I".
+QString numberFormatName(model::NumberFormat format);
+
 /// Returns the item with a hanging indent if it has only one line: a second line would begin below the text, not below
 /// the mark. Other paragraphs are returned unchanged.
 model::Paragraph withHang(const model::Paragraph &paragraph);
