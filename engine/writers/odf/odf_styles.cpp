@@ -102,7 +102,7 @@ Attributes textAttributes(const model::Style &style)
 QString StyleTable::name(const Element &definition)
 {
     const auto [place, isNew] = m_places.emplace(keyOf(definition), m_styles.size());
-    const QString name = u"a%1"_s.arg(place->second + 1);
+    QString name = u"a%1"_s.arg(place->second + 1);
     if (isNew) {
         Element named = definition;
         named.attributes.insert(named.attributes.begin(), {"style:name"_L1, name});
