@@ -319,11 +319,10 @@ void writeParagraph(const Sink &sink, const model::Paragraph &whole, const Parag
     writeContent(sink, paragraph, runs, place, textStyle);
 }
 
-XmlElement beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place)
+XmlElement beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place, const model::Paragraph &spaces)
 {
-    const model::Paragraph empty;
     XmlElement element(sink.xml, "text:p"_L1);
-    sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(emptyParagraphStyle(empty, place)));
+    sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(emptyParagraphStyle(spaces, place)));
     writeMarks(sink.xml, place.marks);
     if (!place.marks.bookmarks.isEmpty()) {
         // LibreOffice writes a bookmark of a paragraph without text twice into .docx files.

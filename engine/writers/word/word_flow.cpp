@@ -219,8 +219,7 @@ void FlowWriter::writeFigureInText(const FlowItem &item)
     holder.spaceBefore = item.spaceAbove;
     ParagraphPlace place = m_breaks.take();
     place.exactLeading = false; // the line must grow to the picture's height
-    const XmlElement element(m_sink.xml, "text:p"_L1);
-    m_sink.xml.writeAttribute("text:style-name"_L1, m_sink.styles.name(emptyParagraphStyle(holder, place)));
+    const XmlElement element = beginAnchorParagraph(m_sink, place, holder);
     Box box = figure.box;
     const double widest = item.right - item.left - holder.indentLeft;
     if (box.width() > widest && widest > 0) {

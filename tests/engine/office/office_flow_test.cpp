@@ -19,6 +19,7 @@ private Q_SLOTS:
     void namedStylesCarryTheLook();
     void tightLinesShrinkWithTheFont();
     void bookmarksStandInTheColumns();
+    void bookmarkOfPageThatBeginsWithFigure();
     void countsListsOverOtherText();
     void writesListsInCells();
     void keepsColumnsOnlyWhereAsked();
@@ -123,6 +124,18 @@ void OfficeFlowTest::tightLinesShrinkWithTheFont()
     tight.lines[1].baseline += 20;
     tight.lineDistance = 20;
     QVERIFY(flow(oneBlock(tight)).contains(QLatin1String("fo:line-height=\"87%\"")));
+}
+
+void OfficeFlowTest::bookmarkOfPageThatBeginsWithFigure()
+{
+    model::Page page = fixture::page({{72, 72, 540, 720}});
+    page.sections[0].blocks = {
+        {fixture::figure({72, 100, 172, 200}, model::FigureKind::Image), 0},
+        fixture::block(fixture::paragraph(QStringLiteral("text"), {72, 220, 300, 232}))};
+    const QString text = flow(fixture::document({page}));
+    QCOMPARE(text.count(QLatin1String("<text:bookmark ")), 1);
+    // The space keeps the bookmark single in .docx files.
+    QVERIFY(text.contains(QLatin1String("<text:bookmark text:name=\"page1\"/><text:s/><draw:frame")));
 }
 
 void OfficeFlowTest::bookmarksStandInTheColumns()

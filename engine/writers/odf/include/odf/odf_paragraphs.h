@@ -69,7 +69,8 @@ void writeParagraph(const Sink &sink, const model::Paragraph &paragraph, const P
 /// Writes an empty paragraph of emptyParagraphHeight, which carries a break.
 void writeAnchorParagraph(const Sink &sink, const ParagraphPlace &place);
 
-/// Begins such a paragraph as the anchor of frames, which follow.
-[[nodiscard]] XmlElement beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place);
+/// Begins such a paragraph as the anchor of frames, which follow, with the spaces and indents of another paragraph.
+[[nodiscard]] XmlElement
+beginAnchorParagraph(const Sink &sink, const ParagraphPlace &place, const model::Paragraph &spaces = {});
 
 } // namespace quorra::office
