@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <map>
 
 namespace quorra::office {
@@ -29,6 +30,8 @@ struct Thresholds
 };
 constexpr Thresholds thresholds;
 
+using Candidates = std::vector<const model::Paragraph *>;
+
 /// The letters and digits of the text, for comparisons.
 QString lettersOf(const QString &text)
 {
@@ -47,9 +50,9 @@ bool isUpright(const model::Paragraph &paragraph)
 }
 
 /// Returns the paragraphs that a title may consist of, from top to bottom.
-std::vector<const model::Paragraph *> candidatesOn(const model::Page &page)
+Candidates candidatesOn(const model::Page &page)
 {
-    std::vector<const model::Paragraph *> candidates;
+    Candidates candidates;
     const auto add = [&](const model::Paragraph &paragraph) {
         if (isUpright(paragraph) && !paragraph.preformatted && !lettersOf(model::plainText(paragraph)).isEmpty()) {
             candidates.push_back(&paragraph);
@@ -73,28 +76,34 @@ bool isAsLarge(const model::Paragraph &paragraph, double size)
     return model::largestSize(paragraph) >= thresholds.sameSize * size;
 }
 
-/// Returns the paragraph with those that continue it below: as large and close.
-std::vector<const model::Paragraph *>
-withContinuation(const std::vector<const model::Paragraph *> &candidates, const model::Paragraph &first)
+/// Returns the paragraph with those that continue it below: as large and close. Ends with the part that makes the text
+/// longer than a title can be.
+Candidates withContinuation(const Candidates &candidates, Candidates::const_iterator first)
 {
-    std::vector<const model::Paragraph *> parts = {&first};
-    const double size = model::largestSize(first);
-    for (const model::Paragraph *next : candidates) {
+    Candidates parts = {*first};
+    const double size = model::largestSize(**first);
+    qsizetype length = lettersOf(model::plainText(**first)).size();
+    for (auto at = std::next(first); at != candidates.end() && length <= thresholds.maxLength; ++at) {
+        const model::Paragraph *next = *at;
         const model::Paragraph &last = *parts.back();
         const double gap = next->box.top - last.box.bottom;
-        const bool below = next->box.top >= last.box.bottom - size / 2 && gap <= thresholds.maxGap * size;
+        if (gap > thresholds.maxGap * size) {
+            break; // so are all others, which begin still lower
+        }
+        const bool below = next->box.top >= last.box.bottom - size / 2;
         const bool sameColumn = next->box.left < last.box.right && next->box.right > last.box.left;
         const bool sameLook =
             isAsLarge(*next, size) && isAsLarge(last, model::largestSize(*next)) &&
             next->lines.front().words.front().style->colour == last.lines.back().words.back().style->colour;
-        if (next != &last && below && sameColumn && sameLook && !next->listItem) {
+        if (below && sameColumn && sameLook && !next->listItem) {
             parts.push_back(next);
+            length += lettersOf(model::plainText(*next)).size();
         }
     }
     return parts;
 }
 
-QString textOf(const std::vector<const model::Paragraph *> &parts)
+QString textOf(const Candidates &parts)
 {
     QString text;
     for (const model::Paragraph *part : parts) {
@@ -120,7 +129,7 @@ bool isTold(const QString &text, const model::Page &page, const model::FileFacts
 }
 
 /// The size of most text on the page other than these parts; 0 if there is none.
-double sizeOfOthers(const model::Page &page, const std::vector<const model::Paragraph *> &parts)
+double sizeOfOthers(const model::Page &page, const Candidates &parts)
 {
     std::map<double, qsizetype> counts;
     model::forEachParagraph(page, [&](const model::Paragraph &paragraph) {
@@ -137,18 +146,19 @@ double sizeOfOthers(const model::Page &page, const std::vector<const model::Para
 
 std::vector<const model::Paragraph *> slideTitle(const model::Page &page, const model::FileFacts &facts)
 {
-    const std::vector<const model::Paragraph *> candidates = candidatesOn(page);
+    const Candidates candidates = candidatesOn(page);
     double largest = 0;
     for (const model::Paragraph *candidate : candidates) {
         largest = std::max(largest, model::largestSize(*candidate));
     }
     const auto isLarge = [&](const model::Paragraph *candidate) { return isAsLarge(*candidate, largest); };
-    for (const model::Paragraph *candidate : candidates) {
-        if (!isLarge(candidate) && candidate != candidates.front()) {
+    const bool hasEntries = std::any_of(
+        facts.outline.begin(), facts.outline.end(), [&](const auto &entry) { return entry.page == page.number; });
+    for (auto candidate = candidates.begin(); hasEntries && candidate != candidates.end(); ++candidate) {
+        if (!isLarge(*candidate) && candidate != candidates.begin()) {
             continue;
         }
-        for (std::vector<const model::Paragraph *> parts = withContinuation(candidates, *candidate); !parts.empty();
-             parts.pop_back()) {
+        for (Candidates parts = withContinuation(candidates, candidate); !parts.empty(); parts.pop_back()) {
             if (isTold(textOf(parts), page, facts)) {
                 return parts;
             }
@@ -158,10 +168,10 @@ std::vector<const model::Paragraph *> slideTitle(const model::Page &page, const 
     if (first == candidates.end() || (*first)->listItem || (*first)->box.top > thresholds.maxTop * page.height) {
         return {};
     }
-    std::vector<const model::Paragraph *> title = withContinuation(candidates, **first);
+    Candidates title = withContinuation(candidates, first);
     const double others = sizeOfOthers(page, title);
     const bool stands = others == 0 ? (*first)->role == model::Role::Heading : largest >= thresholds.minRatio * others;
-    return stands && textOf(title).size() <= thresholds.maxLength ? title : std::vector<const model::Paragraph *>{};
+    return stands && textOf(title).size() <= thresholds.maxLength ? title : Candidates{};
 }
 
 namespace {
