@@ -52,12 +52,12 @@ void takeStyles(Page &page, StyleTable &styles)
 
 struct Thresholds
 {
-    int minPages = 2; ///< other pages with a gap, from which on it is known for all pages
+    int minPages = 2; ///< pages with a gap, from which on it is known for all pages
 };
 constexpr Thresholds thresholds;
 
-// The pages with strips that continue column gaps of several other pages: their few lines are columns, too. Makes these
-// gaps known to them.
+// The pages with strips that continue column gaps of several pages: their few lines are columns, too. Makes these gaps
+// known to them.
 std::vector<std::size_t> pagesWithKnownGaps(std::vector<PageGaps> &gaps)
 {
     std::vector<std::size_t> pages;
