@@ -4,6 +4,7 @@
 #include "analysis/headings.h"
 #include "document/page_walk.h"
 #include "document/text.h"
+#include "document/text_key.h"
 
 #include <QHash>
 #include <QMap>
@@ -98,24 +99,12 @@ bool isOpen(const Paragraph &paragraph)
     return !paragraph.headingTold && (paragraph.role == Role::Body || counted) && !paragraph.preformatted;
 }
 
-/// The letters and digits of a text, in which the outline and the page may agree whatever the spaces and capitals.
-QString keyOf(const QString &text)
-{
-    QString key;
-    for (const QChar c : text) {
-        if (c.isLetterOrNumber()) {
-            key += c.toCaseFolded();
-        }
-    }
-    return key;
-}
-
-/// The same without the number at the beginning, which the outline may leave out.
+/// The key of the text without the number at its beginning, which the outline may leave out.
 QString keyWithoutNumber(const QString &text)
 {
     static const QRegularExpression number(QStringLiteral("^(?:[A-Z]\\.|[\\dIVX]+[.)]?)(?:\\d+\\.?)*\\s+"));
     QString rest = text;
-    return keyOf(rest.remove(number));
+    return textKey(rest.remove(number));
 }
 
 void becomeHeading(Paragraph &paragraph, int level)
@@ -169,11 +158,11 @@ private:
             const bool shown = std::any_of(m_document.pages.begin(), m_document.pages.end(), [&](const Page &page) {
                 return page.number == outline[i].page;
             });
-            if (!shown || keyOf(outline[i].title).isEmpty()) {
+            if (!shown || textKey(outline[i].title).isEmpty()) {
                 continue;
             }
             ++inRange;
-            entries[pageKey(outline[i].page, keyOf(outline[i].title))].append(i);
+            entries[pageKey(outline[i].page, textKey(outline[i].title))].append(i);
             if (const QString rest = keyWithoutNumber(outline[i].title); !rest.isEmpty()) {
                 entries[pageKey(outline[i].page, rest)].append(i);
             }
@@ -186,7 +175,7 @@ private:
                 return;
             }
             const int number = m_document.pages[page].number;
-            for (const QString &key : {keyOf(text), keyWithoutNumber(text)}) {
+            for (const QString &key : {textKey(text), keyWithoutNumber(text)}) {
                 for (const std::size_t entry : entries.value(pageKey(number, key))) {
                     if (!taken[entry]) {
                         taken[entry] = true;

@@ -3,6 +3,7 @@
 
 #include "document/page_walk.h"
 #include "document/text.h"
+#include "document/text_key.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,18 +33,6 @@ constexpr Thresholds thresholds;
 
 using Candidates = std::vector<const model::Paragraph *>;
 
-/// The letters and digits of the text, for comparisons.
-QString lettersOf(const QString &text)
-{
-    QString letters;
-    for (const QChar c : text) {
-        if (c.isLetterOrNumber()) {
-            letters += c.toCaseFolded();
-        }
-    }
-    return letters;
-}
-
 bool isUpright(const model::Paragraph &paragraph)
 {
     return paragraph.rotation == 0 && !paragraph.lines.empty();
@@ -54,7 +43,7 @@ Candidates candidatesOn(const model::Page &page)
 {
     Candidates candidates;
     const auto add = [&](const model::Paragraph &paragraph) {
-        if (isUpright(paragraph) && !paragraph.preformatted && !lettersOf(model::plainText(paragraph)).isEmpty()) {
+        if (isUpright(paragraph) && !paragraph.preformatted && !model::textKey(model::plainText(paragraph)).isEmpty()) {
             candidates.push_back(&paragraph);
         }
     };
@@ -82,7 +71,7 @@ Candidates withContinuation(const Candidates &candidates, Candidates::const_iter
 {
     Candidates parts = {*first};
     const double size = model::largestSize(**first);
-    qsizetype length = lettersOf(model::plainText(**first)).size();
+    qsizetype length = model::textKey(model::plainText(**first)).size();
     for (auto at = std::next(first); at != candidates.end() && length <= thresholds.maxLength; ++at) {
         const model::Paragraph *next = *at;
         const model::Paragraph &last = *parts.back();
@@ -97,7 +86,7 @@ Candidates withContinuation(const Candidates &candidates, Candidates::const_iter
             next->lines.front().words.front().style->colour == last.lines.back().words.back().style->colour;
         if (below && sameColumn && sameLook && !next->listItem) {
             parts.push_back(next);
-            length += lettersOf(model::plainText(*next)).size();
+            length += model::textKey(model::plainText(*next)).size();
         }
     }
     return parts;
@@ -107,8 +96,8 @@ QString textOf(const Candidates &parts)
 {
     QString text;
     for (const model::Paragraph *part : parts) {
-        text += lettersOf(part->listItem ? part->listItem->mark : QString());
-        text += lettersOf(model::plainText(*part));
+        text += model::textKey(part->listItem ? part->listItem->mark : QString());
+        text += model::textKey(model::plainText(*part));
     }
     return text;
 }
@@ -120,7 +109,7 @@ bool isTold(const QString &text, const model::Page &page, const model::FileFacts
         if (entry.page != page.number) {
             return false;
         }
-        const QString told = lettersOf(entry.title);
+        const QString told = model::textKey(entry.title);
         const bool cutOff =
             told.size() >= thresholds.minToldLength && text.startsWith(told) &&
             static_cast<double>(told.size()) >= thresholds.minToldShare * static_cast<double>(text.size());
