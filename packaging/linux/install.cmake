@@ -8,6 +8,7 @@ set(linux "${CMAKE_CURRENT_LIST_DIR}")
 install(TARGETS quorra-converter RUNTIME DESTINATION .)
 if(TARGET Qtminw)
   install(TARGETS Qtminw RUNTIME DESTINATION .)
+  install(TARGETS Qtminw-ocr LIBRARY DESTINATION . PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 endif()
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/LICENSE"
   DESTINATION . OPTIONAL)
@@ -25,12 +26,14 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${PROJECT_HOMEPAGE_URL}")
 # The libraries are detected from the executables. This lists what the engine opens or starts by name: the tables of
-# Asian character sets, fonts for documents without embedded fonts, and the office suite that writes Word, Excel and
-# PowerPoint files.
+# Asian character sets, fonts for documents without embedded fonts, the office suite that writes Word, Excel and
+# PowerPoint files, and the data for reading English text in scanned pages. Data for other languages and for turned
+# pages are suggestions.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "poppler-data, fonts-liberation, fonts-dejavu-core, \
 libreoffice-writer-nogui | libreoffice-writer, libreoffice-calc-nogui | libreoffice-calc, \
-libreoffice-impress-nogui | libreoffice-impress")
+libreoffice-impress-nogui | libreoffice-impress, tesseract-ocr-eng")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils, fonts-wqy-zenhei")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "tesseract-ocr-osd, tesseract-ocr-all")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA "${linux}/postrm")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)

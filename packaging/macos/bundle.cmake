@@ -12,6 +12,9 @@ if(TARGET Qtminw)
   set_target_properties(Qtminw PROPERTIES
     RUNTIME_OUTPUT_DIRECTORY "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${bundle_name}.app/Contents/MacOS")
   install(TARGETS Qtminw RUNTIME DESTINATION "${bundle_name}.app/Contents/MacOS")
+  set_target_properties(Qtminw-ocr PROPERTIES
+    LIBRARY_OUTPUT_DIRECTORY "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${bundle_name}.app/Contents/MacOS")
+  install(TARGETS Qtminw-ocr LIBRARY DESTINATION "${bundle_name}.app/Contents/MacOS")
 endif()
 
 set(CPACK_GENERATOR DragNDrop)

@@ -18,6 +18,7 @@ SOURCE = Path(os.environ["QUORRA_SOURCE"])
 PACKAGES = Path(os.environ["QUORRA_PACKAGES"])
 AS_ROOT = os.geteuid() == 0
 PROGRAM_FILES = {"quorra-converter", "Qtminw"}
+MODULE = "Qtminw-ocr.so"  # what reads scanned pages; found beside the engine
 SHARED_FILES = {
     "applications/quorra-converter.desktop",
     "metainfo/example.marbeck.QuorraConverter.metainfo.xml",

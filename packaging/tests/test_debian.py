@@ -13,7 +13,7 @@ import unittest
 from pathlib import Path
 
 from desktop import LIMIT, wait_for
-from package_case import AS_ROOT, PROGRAM_FILES, SAMPLE_TEXT, SHARED_FILES, PackageCase, User, only_package
+from package_case import AS_ROOT, MODULE, PROGRAM_FILES, SAMPLE_TEXT, SHARED_FILES, PackageCase, User, only_package
 
 NAME = "quorra-converter"
 
@@ -79,9 +79,12 @@ class Debian(PackageCase):
         self.assertEqual(fields["Version"], os.environ["QUORRA_VERSION"] + "-1")
         needed = {word.split()[0] for word in fields["Depends"].split(", ")}
         self.assertLessEqual({"libqt6widgets6", "libqt6gui6", "libqt6core6", "poppler-data", "fonts-liberation",
-                              "libreoffice-writer-nogui", "libreoffice-calc-nogui", "libreoffice-impress-nogui"},
+                              "libreoffice-writer-nogui", "libreoffice-calc-nogui", "libreoffice-impress-nogui",
+                              "tesseract-ocr-eng"},
                              needed)
-        self.assertTrue(any(word.startswith("libpoppler") for word in needed), needed)
+        for library in ("libpoppler", "libtesseract", "liblept"):
+            self.assertTrue(any(word.startswith(library) for word in needed), needed)
+        self.assertIn("tesseract-ocr-osd", fields["Suggests"])
 
     def test_files_and_their_owners(self):
         listing = subprocess.run(["dpkg-deb", "-c", self.package], check=True, text=True,
@@ -95,7 +98,7 @@ class Debian(PackageCase):
                 names.add(name.removeprefix("./"))
         documents = {f"usr/share/doc/{NAME}/README.md", f"usr/share/doc/{NAME}/CHANGELOG.md"}
         self.assertEqual(names - documents,
-                         {f"opt/{NAME}/{name}" for name in PROGRAM_FILES}
+                         {f"opt/{NAME}/{name}" for name in PROGRAM_FILES | {MODULE}}
                          | {f"usr/share/{name}" for name in SHARED_FILES}
                          | {f"usr/share/doc/{NAME}/copyright", f"usr/bin/{NAME} -> /opt/{NAME}/{NAME}"})
 

@@ -48,6 +48,9 @@ class Converter:
         self.program = self.folder / "quorra-converter"
         shutil.copy2(Path(binaries) / "quorra-converter", self.program)
         shutil.copy2(engine or Path(binaries) / "Qtminw", self.folder / "Qtminw")
+        module = Path(binaries) / "Qtminw-ocr.so"
+        if engine is None and module.exists():
+            shutil.copy2(module, self.folder / module.name)
         self._begin([str(self.program), *arguments], environment)
 
     @classmethod

@@ -8,6 +8,7 @@ Takes the compile commands of the build; only the preprocessor runs.
 """
 import json
 import pathlib
+import re
 import shlex
 import subprocess
 import sys
@@ -19,6 +20,7 @@ VISIBLE = {
     "platform": ["base"],
     "document": ["base"],
     "image": ["base", "platform", "document"],
+    "ocr": ["base", "platform", "document", "image"],
     "pdf": ["base", "platform", "document", "image", "poppler"],
     "analysis": ["base", "document"],
     "writers/text": ["base", "document"],
@@ -31,10 +33,15 @@ VISIBLE = {
     "writers/ooxml": ["base"],
     "libreoffice": ["base", "platform"],
     "cli": ["base", "platform", "document", "image"],
-    "convert": ["base", "platform", "document", "image", "pdf", "analysis", "writers/text", "writers/html",
-                "writers/xml", "writers/odf", "writers/word", "writers/slides", "writers/sheets", "writers/ooxml",
+    "convert": ["base", "platform", "document", "image", "ocr", "pdf", "analysis", "writers/text",
+                "writers/html", "writers/xml", "writers/odf", "writers/word", "writers/slides", "writers/sheets", "writers/ooxml",
                 "libreoffice", "cli"],
 }
+
+
+# Headers that are in the compiler's own folders, so that every room could include them: whose they are.
+RECOGNITION_HEADERS = re.compile(r"#include <(tesseract|leptonica)/")
+RECOGNITION = "ocr/module"
 
 
 def public_header(engine, room):
@@ -61,6 +68,10 @@ def main():
     engine = pathlib.Path(__file__).resolve().parents[2] / "engine"
     commands = json.loads((build / "compile_commands.json").read_text())
     failures = 0
+    for file in sorted(engine.rglob("*.[ch]*")):
+        if RECOGNITION_HEADERS.search(file.read_text()) and not file.is_relative_to(engine / RECOGNITION):
+            print(f"FAILED: {file.relative_to(engine)} includes what only {RECOGNITION} can")
+            failures += 1
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
         for room, visible in VISIBLE.items():

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "module/page_words.h"
+
+#include <tesseract/resultiterator.h>
+
+#include <memory>
+
+namespace quorra::ocr {
+
+namespace {
+
+/// Height from the lowest descender to the highest ascender, as a part of the em: a mean of common text fonts.
+constexpr double rowHeightPerEm = 0.9;
+
+model::RecognisedWord wordAt(const tesseract::ResultIterator &it)
+{
+    model::RecognisedWord word;
+    const std::unique_ptr<char[]> text(it.GetUTF8Text(tesseract::RIL_WORD));
+    word.text = QString::fromUtf8(text.get());
+    word.confidence = it.Confidence(tesseract::RIL_WORD) / 100.0;
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+    it.BoundingBox(tesseract::RIL_WORD, &left, &top, &right, &bottom);
+    word.box = {double(left), double(top), double(right), double(bottom)};
+    int x1 = 0;
+    int y1 = 0;
+    int x2 = 0;
+    int y2 = 0;
+    word.baseline =
+        it.Baseline(tesseract::RIL_WORD, &x1, &y1, &x2, &y2) && x1 != x2 ? (double(y1) + y2) / 2 : double(bottom);
+    float rowHeight = 0;
+    float descenders = 0;
+    float ascenders = 0;
+    it.RowAttributes(&rowHeight, &descenders, &ascenders);
+    word.size = double(rowHeight) / rowHeightPerEm;
+    const char *language = it.WordRecognitionLanguage();
+    word.language = QString::fromUtf8(language);
+    word.endsLine = it.IsAtFinalElement(tesseract::RIL_TEXTLINE, tesseract::RIL_WORD);
+    return word;
+}
+
+} // namespace
+
+std::vector<model::RecognisedWord> pageWords(tesseract::TessBaseAPI &api)
+{
+    std::vector<model::RecognisedWord> words;
+    const std::unique_ptr<tesseract::ResultIterator> it(api.GetIterator());
+    if (!it) {
+        return words;
+    }
+    int line = 0;
+    do {
+        if (it->Empty(tesseract::RIL_WORD)) {
+            continue;
+        }
+        if (it->IsAtBeginningOf(tesseract::RIL_TEXTLINE)) {
+            ++line;
+        }
+        model::RecognisedWord word = wordAt(*it);
+        if (word.text.trimmed().isEmpty()) {
+            continue;
+        }
+        word.line = line;
+        words.push_back(std::move(word));
+    } while (it->Next(tesseract::RIL_WORD));
+    return words;
+}
+
+} // namespace quorra::ocr

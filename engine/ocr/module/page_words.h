@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "document/recognised_picture.h"
+
+#include <tesseract/baseapi.h>
+
+#include <vector>
+
+namespace quorra::ocr {
+
+/// Returns the words that were recognised, in reading order, in pixels of the picture that was recognised.
+std::vector<model::RecognisedWord> pageWords(tesseract::TessBaseAPI &api);
+
+} // namespace quorra::ocr
