@@ -17,7 +17,7 @@ class Drag(DesktopCase):
     def drag(self, converter, urls):
         """Drags the URLs to the centre of the window; returns the last report of the source."""
         source = self.desktop.start([str(TOOLS / "drag_source"), *urls])
-        told = self.desktop.log("drag_source")
+        report = self.desktop.log("drag_source")
         window = self.desktop.window("Drag source")
         # The converter's window is in the centre of the screen: the source is placed in a corner.
         self.desktop.run("xdotool", "windowmove", window, 20, 20)
@@ -26,16 +26,16 @@ class Drag(DesktopCase):
         self.desktop.run("xdotool", "mousedown", 1)
         steps = iter(range(45, 150, 4))
         wait_for("the drag to begin", lambda: (self.desktop.move(window, next(steps, 60), 60),
-                                               "dragging" in told.read_text())[1])
+                                               "dragging" in report.read_text())[1])
         for step in range(1, 6):
             self.desktop.move(converter.window, *converter.place(200 + 40 * step, 100 + 40 * step))
-        wait_for("an answer of the window", lambda: "accepted" in told.read_text() or "refused" in told.read_text())
+        wait_for("an answer of the window", lambda: "accepted" in report.read_text() or "refused" in report.read_text())
         self.picture("drag-over")
         self.desktop.run("xdotool", "mouseup", 1)
-        wait_for("the end of the drag", lambda: "dropped" in told.read_text())
+        wait_for("the end of the drag", lambda: "dropped" in report.read_text())
         converter.settle()  # the window fetches the addresses from the source after the pointer was let go
         source.terminate()
-        return told.read_text().split("\n")[-2]
+        return report.read_text().split("\n")[-2]
 
     def converted(self, converter):
         """The inputs that a run passes to the engine."""

@@ -274,10 +274,10 @@ void ChildProcessTest::setsEnvironmentAndFolder()
     qputenv("QUORRA_REPLACED", "inherited");
     ChildCommand command = shell(
         m_folder->path(),
-        "echo $QUORRA_KEPT $QUORRA_REPLACED $QUORRA_NEW $QUORRA > told; env | grep -c ^QUORRA_REPL > count");
+        "echo $QUORRA_KEPT $QUORRA_REPLACED $QUORRA_NEW $QUORRA > variables; env | grep -c ^QUORRA_REPL > count");
     command.environment = {"QUORRA_REPLACED=own", "QUORRA_NEW=new=value", "QUORRA=short"};
     QCOMPARE(runChild(command).end, ChildEnd::Exited);
-    QCOMPARE(content("told"), QByteArray("kept own new=value short"));
+    QCOMPARE(content("variables"), QByteArray("kept own new=value short"));
     QCOMPARE(content("count"), QByteArray("1"));
     qunsetenv("QUORRA_KEPT");
     qunsetenv("QUORRA_REPLACED");

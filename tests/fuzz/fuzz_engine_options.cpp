@@ -108,7 +108,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         checkPasswords(options);
     } catch (const Failure &failure) {
         fuzz::require(failure.status() == ExitStatus::Usage, "what is not understood is wrong usage");
-        fuzz::require(std::string(failure.what()).find('\n') == std::string::npos, "a failure is told in one line");
+        fuzz::require(std::string(failure.what()).find('\n') == std::string::npos, "a failure message is one line");
     }
     return 0;
 }

@@ -73,8 +73,8 @@ double ParagraphBreaks::usualStep(double size) const
 bool ParagraphBreaks::startsAt(std::size_t first, std::size_t next) const
 {
     const std::size_t before = next - 1;
-    if (const std::optional<bool> told = paragraphEndsBetween(m_lines[before], m_lines[next])) {
-        return *told;
+    if (const std::optional<bool> ends = paragraphEndsBetween(m_lines[before], m_lines[next])) {
+        return *ends;
     }
     const double step = m_lines[next].baseline - m_lines[before].baseline;
     const double size = std::max(m_styles[before].size, m_styles[next].size);

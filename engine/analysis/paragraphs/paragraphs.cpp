@@ -193,7 +193,7 @@ Paragraph makeParagraph(std::vector<Line> lines, const Box &column, const Paragr
         setRole(paragraph, tag);
     }
     const bool guess =
-        !tag.paragraph || !tag.paragraph->listsTold || isBullet(paragraph.lines.front().words.front().text);
+        !tag.paragraph || !tag.paragraph->listsTagged || isBullet(paragraph.lines.front().words.front().text);
     if (paragraph.role == Role::Body && guess) {
         takeListMark(paragraph);
     }

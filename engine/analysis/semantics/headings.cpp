@@ -95,8 +95,9 @@ int numberDepth(const QString &text)
 /// Whether the paragraph may become a heading by what the outline or its look says.
 bool isOpen(const Paragraph &paragraph)
 {
-    const bool counted = paragraph.role == Role::ListItem && paragraph.listItem->ordered && !paragraph.listItem->told;
-    return !paragraph.headingTold && (paragraph.role == Role::Body || counted) && !paragraph.preformatted;
+    const bool counted =
+        paragraph.role == Role::ListItem && paragraph.listItem->ordered && !paragraph.listItem->fromTags;
+    return !paragraph.headingFromTags && (paragraph.role == Role::Body || counted) && !paragraph.preformatted;
 }
 
 /// The key of the text without the number at its beginning, which the outline may leave out.
@@ -199,16 +200,16 @@ private:
         forEachOpenParagraph([&](std::size_t page, std::size_t place, Paragraph &paragraph) {
             const QString text = wholeText(paragraph);
             const auto inOutline = m_outlineLevel.find(&paragraph);
-            const bool told = inOutline != m_outlineLevel.end();
+            const bool listed = inOutline != m_outlineLevel.end();
             if (!isHeadingLike(paragraph, text)) {
                 return;
             }
             const double size = headingSize(paragraph);
             const bool large = size > thresholds.minSize * m_bodySize;
-            if (large || told || isBoldHeading(paragraph, text, size)) {
+            if (large || listed || isBoldHeading(paragraph, text, size)) {
                 m_found.push_back(
-                    {&paragraph, page, place, size, isBold(paragraph), numberDepth(text), told ? inOutline->second : 0,
-                     0});
+                    {&paragraph, page, place, size, isBold(paragraph), numberDepth(text),
+                     listed ? inOutline->second : 0, 0});
             }
         });
     }
@@ -391,8 +392,8 @@ void findHeadings(Document &document)
     for (Page &page : document.pages) {
         forEachBlock(page, [](Block &block) {
             Paragraph *paragraph = block.paragraph();
-            const bool guessed = paragraph && paragraph->role == Role::Heading && !paragraph->headingTold;
-            if (guessed && paragraph->rotation == 0) { // on sideways pages they cannot be found again
+            const bool fromLayout = paragraph && paragraph->role == Role::Heading && !paragraph->headingFromTags;
+            if (fromLayout && paragraph->rotation == 0) { // on sideways pages they cannot be found again
                 paragraph->role = Role::Body;
                 paragraph->headingLevel = 0;
             }

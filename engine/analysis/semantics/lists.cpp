@@ -81,8 +81,8 @@ private:
         for (std::size_t list = m_lists.size(); list-- > 0;) {
             for (std::size_t level = m_lists[list].size(); level-- > 0;) {
                 const Level &last = m_lists[list][level];
-                const bool placed = item.told ? static_cast<int>(level) == item.level
-                                              : std::abs(start - last.start) <= thresholds.levelIndent;
+                const bool placed = item.fromTags ? static_cast<int>(level) == item.level
+                                                  : std::abs(start - last.start) <= thresholds.levelIndent;
                 const auto next = std::find_if(numbers.begin(), numbers.end(), [&last](const ListNumber &number) {
                     return last.number && continuesNumbers(*last.number, number);
                 });
@@ -105,17 +105,17 @@ private:
     /// The level of an item that does not count on. Begins a list if there is none for it.
     std::size_t levelFor(const ListItem &item, double start, const std::optional<ListNumber> &number)
     {
-        const auto told = static_cast<std::size_t>(std::max(0, item.level));
-        if (const std::optional<std::size_t> outer = item.told ? std::nullopt : outerLevel(number)) {
+        const auto taggedLevel = static_cast<std::size_t>(std::max(0, item.level));
+        if (const std::optional<std::size_t> outer = item.fromTags ? std::nullopt : outerLevel(number)) {
             return *outer + 1;
         }
         if (!m_running) {
             beginList();
-            return item.told ? told : 0;
+            return item.fromTags ? taggedLevel : 0;
         }
         const List &levels = m_lists.back();
-        if (item.told) {
-            return told;
+        if (item.fromTags) {
+            return taggedLevel;
         }
         std::size_t level = levels.size();
         while (level > 0 && start < levels[level - 1].start - thresholds.levelIndent) {

@@ -268,7 +268,7 @@ ParagraphTag tagOf(const std::vector<TextLine> &lines)
 void setRole(Paragraph &paragraph, const ParagraphTag &tag)
 {
     paragraph.tag = tag.paragraph->number;
-    paragraph.headingTold = tag.paragraph->headingsTold;
+    paragraph.headingFromTags = tag.paragraph->headingsTagged;
     paragraph.role = roleOf(*tag.paragraph);
     paragraph.headingLevel = paragraph.role == Role::Heading ? tag.paragraph->level : 0;
     Line &first = paragraph.lines.front();

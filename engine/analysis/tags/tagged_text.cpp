@@ -246,8 +246,8 @@ TaggedText taggedText(const TagTree &tree)
     const bool headings = has(TagRole::Heading);
     const bool lists = has(TagRole::ListItem);
     for (TaggedParagraph &paragraph : text.paragraphs) {
-        paragraph.headingsTold = headings;
-        paragraph.listsTold = lists;
+        paragraph.headingsTagged = headings;
+        paragraph.listsTagged = lists;
     }
     return text;
 }

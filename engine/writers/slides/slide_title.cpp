@@ -16,16 +16,16 @@ namespace {
 
 struct Thresholds
 {
-    double sameSize = 0.95;      ///< share of the largest size; of text that is as large
-    double minRatio = 1.15;      ///< of the title's size to that of most other text
-    double maxTop = 0.6;         ///< share of the page's height; titles of first pages are near the middle
-    double maxGap = 0.8;         ///< em; between the parts of a title
-    qsizetype maxLength = 250;   ///< characters; longer text is no title
-    double minToldShare = 0.5;   ///< share of the title; that an outline entry which is cut off still has
-    qsizetype minToldLength = 8; ///< characters; of an entry that is cut off
-    double offMiddle = 0.01;     ///< share of the page's width; by which the middles of centred lines differ
-    double maxMargin = 0.1;      ///< share of the page's width; beside a title that extends to the page's margins
-    double minMargin = 0.02;     ///< likewise
+    double sameSize = 0.95;         ///< share of the largest size; of text that is as large
+    double minRatio = 1.15;         ///< of the title's size to that of most other text
+    double maxTop = 0.6;            ///< share of the page's height; titles of first pages are near the middle
+    double maxGap = 0.8;            ///< em; between the parts of a title
+    qsizetype maxLength = 250;      ///< characters; longer text is no title
+    double minOutlineShare = 0.5;   ///< share of the title; that an outline entry which is cut off still has
+    qsizetype minOutlineLength = 8; ///< characters; of an entry that is cut off
+    double offMiddle = 0.01;        ///< share of the page's width; by which the middles of centred lines differ
+    double maxMargin = 0.1;         ///< share of the page's width; beside a title that extends to the page's margins
+    double minMargin = 0.02;        ///< likewise
     double minCentred = 0.15; ///< likewise; beside a single line that is centred: wider ones are near the middle anyway
     double spare = 0.01;      ///< likewise; beside a title, for other fonts
 };
@@ -103,17 +103,17 @@ QString textOf(const Candidates &parts)
 }
 
 /// Whether an outline entry for the page has this text; long entries may be cut off.
-bool isTold(const QString &text, const model::Page &page, const model::FileFacts &facts)
+bool isInOutline(const QString &text, const model::Page &page, const model::FileFacts &facts)
 {
     return std::any_of(facts.outline.begin(), facts.outline.end(), [&](const model::OutlineEntry &entry) {
         if (entry.page != page.number) {
             return false;
         }
-        const QString told = model::textKey(entry.title);
+        const QString title = model::textKey(entry.title);
         const bool cutOff =
-            told.size() >= thresholds.minToldLength && text.startsWith(told) &&
-            static_cast<double>(told.size()) >= thresholds.minToldShare * static_cast<double>(text.size());
-        return cutOff || (!told.isEmpty() && told == text);
+            title.size() >= thresholds.minOutlineLength && text.startsWith(title) &&
+            static_cast<double>(title.size()) >= thresholds.minOutlineShare * static_cast<double>(text.size());
+        return cutOff || (!title.isEmpty() && title == text);
     });
 }
 
@@ -148,7 +148,7 @@ std::vector<const model::Paragraph *> slideTitle(const model::Page &page, const 
             continue;
         }
         for (Candidates parts = withContinuation(candidates, candidate); !parts.empty(); parts.pop_back()) {
-            if (isTold(textOf(parts), page, facts)) {
+            if (isInOutline(textOf(parts), page, facts)) {
                 return parts;
             }
         }

@@ -102,7 +102,7 @@ def header_and_footer(sheet):
 
 @document
 def header_of_a_single_page(sheet):
-    """A header line and a page number can be told on one page too, by their place and their size."""
+    """A header line and a page number are found on a single page too, by their place and their size."""
     sheet.text(LEFT, 40, "Garden notes", "Sans", 8)
     sheet.text(RIGHT, 40, "17", "Sans", 8, "right")
     sheet.line(LEFT, 45, RIGHT, 45, 0.4)

@@ -80,12 +80,12 @@ def dump(program, document, *options):
 
 def compare(program, document):
     """{figure: F1} of a document whose tags are used; None of others."""
-    told, guessed = dump(program, document), dump(program, document, "--ignore-tags")
-    told, guessed = pages(told), pages(guessed)
-    believed = [page for page, text in told.items() if BELIEVED in text.splitlines()[0]]
+    tagged, untagged = dump(program, document), dump(program, document, "--ignore-tags")
+    tagged, untagged = pages(tagged), pages(untagged)
+    believed = [page for page, text in tagged.items() if BELIEVED in text.splitlines()[0]]
     if not believed:
         return None
-    truth, found = (Found("\n".join(each.get(page, "") for page in believed)) for each in (told, guessed))
+    truth, found = (Found("\n".join(each.get(page, "") for page in believed)) for each in (tagged, untagged))
     texts = [[text for text, _ in each.headings] for each in (truth, found)]
     neighbours = [round_trip.relations([[tuple(cell) for cell in table if cell[4]] for table in each.tables])
                   for each in (truth, found)]

@@ -67,10 +67,10 @@ enum class Alignment { Left, Centre, Right, Justify };
 /// The mark of a list item: the first word of its paragraph, which is not part of its text.
 struct ListItem
 {
-    QString mark;         ///< "•", "3.", "(a)": as on the page
-    bool ordered = false; ///< the mark is a number or a letter
-    int level = 0;        ///< 0 for the outermost list
-    bool told = false;    ///< by the file's tags
+    QString mark;          ///< "•", "3.", "(a)": as on the page
+    bool ordered = false;  ///< the mark is a number or a letter
+    int level = 0;         ///< 0 for the outermost list
+    bool fromTags = false; ///< the item and its level come from the file's tags
 };
 
 /// Identifies a figure of a document: its index in Document::figures.
@@ -123,7 +123,7 @@ struct Paragraph
     std::optional<NoteId> note;       ///< set for a note that a mark in the text refers to; begins with its mark
     /// Which paragraph of the file's tags it is, or a part of; set where the tags say what it is.
     std::optional<std::size_t> tag;
-    bool headingTold = false;          ///< whether it is a heading comes from the file's tags
+    bool headingFromTags = false;      ///< whether it is a heading comes from the file's tags
     std::optional<FigureId> captionOf; ///< set for captions whose figure is known
     ParagraphBorder borderAbove;
     ParagraphBorder borderBelow;

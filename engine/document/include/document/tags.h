@@ -62,8 +62,8 @@ struct TaggedParagraph
     std::size_t number = 0;            ///< its place among the paragraphs of the file, in reading order
     int table = -1;                    ///< the table that it is in; -1 for none
     int cell = -1;                     ///< of that table
-    bool headingsTold = false;         ///< the file has tags for headings: what has another one is none
-    bool listsTold = false;            ///< likewise for list items
+    bool headingsTagged = false;       ///< the file has tags for headings: what has another one is none
+    bool listsTagged = false;          ///< likewise for list items
 };
 
 } // namespace quorra::model
