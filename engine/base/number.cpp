@@ -78,6 +78,20 @@ Count countOf(const QString &text)
     return count;
 }
 
+/// Returns whether the text contains more Latin letters in a row than a currency has.
+bool hasLongWord(const QString &text)
+{
+    constexpr int mostOfCurrency = 3; // of currencyPattern(): "EUR", "SFr."
+    int run = 0;
+    for (const QChar c : text) {
+        run = c.unicode() < 128 && c.isLetter() ? run + 1 : 0;
+        if (run > mostOfCurrency) {
+            return true;
+        }
+    }
+    return false;
+}
+
 bool isMostlyDigits(const Count &count)
 {
     constexpr int mostLetters = 2; // a unit, or the letter of a note
@@ -124,7 +138,8 @@ bool looksNumeric(const QString &text)
 {
     const Count count = countOf(text);
     if (count.digits > 0) {
-        return isMostlyDigits(count) || isMostlyDigits(countOf(withoutCurrency(text)));
+        // Most words with digits are decided without the regular expression.
+        return isMostlyDigits(count) || (!hasLongWord(text) && isMostlyDigits(countOf(withoutCurrency(text))));
     }
     static const QString standIns = u"-–—†‡*….#"_s; // for a missing number
     return count.letters == 0 &&

@@ -3,86 +3,215 @@
 
 #include "base/failure.h"
 
-#include <zip.h>
+#include <minizip/unzip.h>
+#include <minizip/zip.h>
 
-#include <deque>
+#include <cstdio>
+#include <map>
 #include <memory>
 
 namespace quorra::office {
 
 namespace {
 
+constexpr uLong utf8Names = 1U << 11; // general purpose flag of an entry
+
 struct Closer
 {
-    void operator()(zip_t *archive) const { zip_discard(archive); }
-    void operator()(zip_file_t *file) const { zip_fclose(file); }
+    void operator()(void *archive) const { unzClose(archive); }
 };
 
-using Archive = std::unique_ptr<zip_t, Closer>;
-
-[[noreturn]] void failToWrite(zip_t *archive)
-{
-    throw Failure(ExitStatus::CannotWrite, std::string("cannot change the exported file: ") + zip_strerror(archive));
-}
+using Source = std::unique_ptr<void, Closer>;
 
 [[noreturn]] void failToRead()
 {
     throw Failure(ExitStatus::Helper, "the file that LibreOffice wrote is damaged");
 }
 
-QByteArray contentOf(zip_t *archive, zip_uint64_t index, zip_uint64_t size)
+[[noreturn]] void failToWrite()
 {
-    const std::unique_ptr<zip_file_t, Closer> file(zip_fopen_index(archive, index, 0));
+    throw Failure(ExitStatus::CannotWrite, "cannot change the exported file");
+}
+
+/// Moves to the next entry of the archive. Returns whether there is one.
+bool next(unzFile source)
+{
+    const int status = unzGoToNextFile(source);
+    if (status != UNZ_OK && status != UNZ_END_OF_LIST_OF_FILE) {
+        failToRead();
+    }
+    return status == UNZ_OK;
+}
+
+struct Entry
+{
+    std::string name;
+    unz_file_info64 facts{};
+};
+
+Entry currentEntry(unzFile source)
+{
+    Entry entry;
+    if (unzGetCurrentFileInfo64(source, &entry.facts, nullptr, 0, nullptr, 0, nullptr, 0) != UNZ_OK) {
+        failToRead();
+    }
+    entry.name.resize(entry.facts.size_filename);
+    if (unzGetCurrentFileInfo64(
+            source, nullptr, entry.name.data(), entry.facts.size_filename, nullptr, 0, nullptr, 0) != UNZ_OK) {
+        failToRead();
+    }
+    return entry;
+}
+
+/// Returns `size` bytes of the current entry, which is open, and closes it.
+QByteArray openContent(unzFile source, ZPOS64_T size)
+{
     QByteArray content(static_cast<qsizetype>(size), Qt::Uninitialized);
-    char more = 0; // the end of the part, at which its checksum is compared
-    if (!file || zip_fread(file.get(), content.data(), size) != static_cast<zip_int64_t>(size) ||
-        zip_fread(file.get(), &more, 1) != 0) {
+    const int read = unzReadCurrentFile(source, content.data(), static_cast<unsigned>(size));
+    // Closing compares the checksum.
+    if (unzCloseCurrentFile(source) != UNZ_OK || read < 0 || static_cast<ZPOS64_T>(read) != size) {
         failToRead();
     }
     return content;
+}
+
+QByteArray contentOf(unzFile source, const Entry &entry)
+{
+    if (unzOpenCurrentFile(source) != UNZ_OK) {
+        failToRead();
+    }
+    return openContent(source, entry.facts.uncompressed_size);
+}
+
+/// The current entry as it is stored, with its compression method and level.
+struct StoredEntry
+{
+    int method = 0;
+    int level = 0;
+    QByteArray content;
+};
+
+StoredEntry storedContent(unzFile source, const Entry &entry)
+{
+    StoredEntry stored;
+    if (unzOpenCurrentFile2(source, &stored.method, &stored.level, 1) != UNZ_OK) {
+        failToRead();
+    }
+    stored.content = openContent(source, entry.facts.compressed_size);
+    return stored;
+}
+
+/// Writes archives; removes an unfinished one.
+class Target
+{
+public:
+    explicit Target(std::string path)
+        : m_path(std::move(path))
+        , m_archive(zipOpen64(m_path.c_str(), APPEND_STATUS_CREATE))
+    {
+        if (!m_archive) {
+            failToWrite();
+        }
+    }
+    ~Target()
+    {
+        if (m_archive) {
+            zipClose(m_archive, nullptr);
+            std::remove(m_path.c_str());
+        }
+    }
+    Target(const Target &) = delete;
+    Target &operator=(const Target &) = delete;
+
+    void add(const Entry &entry, const StoredEntry &stored)
+    {
+        write(entry, stored.content, stored.method, stored.level, true);
+        check(zipCloseFileInZipRaw64(m_archive, entry.facts.uncompressed_size, entry.facts.crc));
+    }
+
+    void add(const Entry &entry, const QByteArray &content)
+    {
+        write(entry, content, Z_DEFLATED, Z_DEFAULT_COMPRESSION, false);
+        check(zipCloseFileInZip(m_archive));
+    }
+
+    /// Puts the archive in the place of the file at `path`.
+    void replace(const std::string &path)
+    {
+        const int status = zipClose(m_archive, nullptr);
+        m_archive = nullptr;
+        if (status != ZIP_OK || std::rename(m_path.c_str(), path.c_str()) != 0) {
+            std::remove(m_path.c_str());
+            failToWrite();
+        }
+    }
+
+private:
+    static void check(int status)
+    {
+        if (status != ZIP_OK) {
+            failToWrite();
+        }
+    }
+
+    void write(const Entry &entry, const QByteArray &content, int method, int level, bool stored)
+    {
+        zip_fileinfo times{};
+        times.dosDate = entry.facts.dosDate;
+        check(zipOpenNewFileInZip4_64(
+            m_archive, entry.name.c_str(), &times, nullptr, 0, nullptr, 0, nullptr, method, level, stored ? 1 : 0,
+            -MAX_WBITS, DEF_MEM_LEVEL, Z_DEFAULT_STRATEGY, nullptr, 0, entry.facts.version,
+            entry.facts.flag & utf8Names, 0));
+        check(zipWriteInFileInZip(m_archive, content.constData(), static_cast<unsigned>(content.size())));
+    }
+
+    std::string m_path;
+    zipFile m_archive;
+};
+
+/// The new contents of the parts that change, by the names of their entries.
+std::map<std::string, QByteArray> changedParts(unzFile source, const PartChange &change)
+{
+    std::map<std::string, QByteArray> changed;
+    do {
+        const Entry entry = currentEntry(source);
+        const QString name = QString::fromStdString(entry.name);
+        if (!name.endsWith(QLatin1String(".xml"))) {
+            continue;
+        }
+        if (std::optional<QByteArray> content = change(name, contentOf(source, entry))) {
+            changed.emplace(entry.name, std::move(*content));
+        }
+    } while (next(source));
+    return changed;
 }
 
 } // namespace
 
 void changeParts(const std::string &path, const PartChange &change)
 {
-    int code = 0;
-    Archive archive(zip_open(path.c_str(), 0, &code));
-    if (!archive) {
+    const Source source(unzOpen64(path.c_str()));
+    if (!source || unzGoToFirstFile(source.get()) != UNZ_OK) {
         return;
     }
-    std::deque<QByteArray> contents; // until the archive is written
-    const zip_int64_t count = zip_get_num_entries(archive.get(), 0);
-    for (zip_int64_t i = 0; i < count; ++i) {
-        const auto index = static_cast<zip_uint64_t>(i);
-        zip_stat_t facts;
-        if (zip_stat_index(archive.get(), index, 0, &facts) != 0) {
-            failToRead();
-        }
-        const QString name = QString::fromUtf8(facts.name);
-        if (!name.endsWith(QLatin1String(".xml"))) {
-            continue;
-        }
-        std::optional<QByteArray> changed = change(name, contentOf(archive.get(), index, facts.size));
-        if (!changed) {
-            continue;
-        }
-        const QByteArray &content = contents.emplace_back(std::move(*changed));
-        zip_source_t *source =
-            zip_source_buffer(archive.get(), content.constData(), static_cast<zip_uint64_t>(content.size()), 0);
-        if (!source) {
-            failToWrite(archive.get());
-        }
-        if (zip_file_replace(archive.get(), index, source, 0) != 0) {
-            zip_source_free(source);
-            failToWrite(archive.get());
-        }
-        zip_file_set_mtime(archive.get(), index, facts.mtime, 0);
+    const std::map<std::string, QByteArray> changed = changedParts(source.get(), change);
+    if (changed.empty()) {
+        return;
     }
-    if (zip_close(archive.get()) != 0) {
-        failToWrite(archive.get());
+    if (unzGoToFirstFile(source.get()) != UNZ_OK) {
+        failToRead();
     }
-    static_cast<void>(archive.release()); // closed
+    Target target(path + ".new");
+    do {
+        const Entry entry = currentEntry(source.get());
+        const auto found = changed.find(entry.name);
+        if (found == changed.end()) {
+            target.add(entry, storedContent(source.get(), entry));
+        } else {
+            target.add(entry, found->second);
+        }
+    } while (next(source.get()));
+    target.replace(path);
 }
 
 } // namespace quorra::office
