@@ -10,6 +10,25 @@ if(TARGET Qtminw)
   install(TARGETS Qtminw RUNTIME DESTINATION .)
   install(TARGETS Qtminw-ocr LIBRARY DESTINATION . PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 endif()
+if(TARGET Qtminw AND NOT QUORRA_SANITIZE)
+  # Manual pages: the options are those that the engine prints.
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  set(pages "")
+  foreach(page Qtminw.1 quorra-converter.1)
+    set(template "${linux}/manual/${page}.in")
+    set(made "${CMAKE_CURRENT_BINARY_DIR}/manual/${page}")
+    add_custom_command(OUTPUT "${made}"
+      COMMAND "${CMAKE_COMMAND}" -E make_directory "${CMAKE_CURRENT_BINARY_DIR}/manual"
+      COMMAND Python3::Interpreter "${linux}/manual/make-manual" "$<TARGET_FILE:Qtminw>" "${PROJECT_VERSION}"
+        "${template}" "${made}"
+      DEPENDS Qtminw "${template}" "${linux}/manual/make-manual"
+      VERBATIM)
+    list(APPEND pages "${made}")
+  endforeach()
+  add_custom_target(manual ALL DEPENDS ${pages})
+  install(FILES ${pages} DESTINATION share/man/man1)
+  install(FILES "${linux}/completions/Qtminw" DESTINATION share/bash-completion/completions)
+endif()
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/LICENSE"
   DESTINATION . OPTIONAL)
 install(PROGRAMS "${linux}/add-to-menu" DESTINATION .)

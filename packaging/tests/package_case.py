@@ -19,7 +19,9 @@ PACKAGES = Path(os.environ["QUORRA_PACKAGES"])
 AS_ROOT = os.geteuid() == 0
 PROGRAM_FILES = {"quorra-converter", "Qtminw"}
 MODULE = "Qtminw-ocr.so"  # what reads scanned pages; found beside the engine
+MANUAL_PAGES = {"man/man1/Qtminw.1", "man/man1/quorra-converter.1"}  # compressed in the Debian package
 SHARED_FILES = {
+    "bash-completion/completions/Qtminw",
     "applications/quorra-converter.desktop",
     "metainfo/example.marbeck.QuorraConverter.metainfo.xml",
     "icons/hicolor/scalable/apps/quorra-converter.svg",

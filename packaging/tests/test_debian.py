@@ -13,7 +13,7 @@ import unittest
 from pathlib import Path
 
 from desktop import LIMIT, wait_for
-from package_case import AS_ROOT, MODULE, PROGRAM_FILES, SAMPLE_TEXT, SHARED_FILES, PackageCase, User, only_package
+from package_case import AS_ROOT, MANUAL_PAGES, MODULE, PROGRAM_FILES, SAMPLE_TEXT, SHARED_FILES, PackageCase, User, only_package
 
 NAME = "quorra-converter"
 
@@ -69,7 +69,8 @@ class Debian(PackageCase):
         dpkg("--purge", NAME)
         lock.truncate(0)
         self.assertFalse(Path("/opt", NAME).exists())
-        self.assertFalse(Path("/usr/bin", NAME).is_symlink())
+        for name in PROGRAM_FILES:
+            self.assertFalse(Path("/usr/bin", name).is_symlink())
 
     def test_control_fields(self):
         fields = dict(line.split(": ", 1) for line in subprocess.run(
@@ -100,7 +101,9 @@ class Debian(PackageCase):
         self.assertEqual(names - documents,
                          {f"opt/{NAME}/{name}" for name in PROGRAM_FILES | {MODULE}}
                          | {f"usr/share/{name}" for name in SHARED_FILES}
-                         | {f"usr/share/doc/{NAME}/copyright", f"usr/bin/{NAME} -> /opt/{NAME}/{NAME}"})
+                         | {f"usr/share/{name}.gz" for name in MANUAL_PAGES}
+                         | {f"usr/share/doc/{NAME}/copyright"}
+                         | {f"usr/bin/{name} -> /opt/{NAME}/{name}" for name in PROGRAM_FILES})
 
     def test_two_users_have_settings_of_their_own(self):
         root = self.installed_root()

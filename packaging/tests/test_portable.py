@@ -9,7 +9,7 @@ from pathlib import Path
 
 from converter import TITLE
 from desktop import wait_for
-from package_case import MODULE, PROGRAM_FILES, SAMPLE_TEXT, SHARED_FILES, PackageCase, User, only_package
+from package_case import MANUAL_PAGES, MODULE, PROGRAM_FILES, SAMPLE_TEXT, SHARED_FILES, PackageCase, User, only_package
 
 # A double quote is missing on purpose: the command line that the program builds for its engine cannot hold one.
 AWKWARD = "Übung & Straße, 文書 $HOME `x` 100% \\ it's"
@@ -34,7 +34,7 @@ class Portable(PackageCase):
         self.program = self.program_folder / "quorra-converter"
 
     def test_holds_what_it_needs(self):
-        expected = PROGRAM_FILES | {MODULE} | {f"share/{name}" for name in SHARED_FILES} | {"LICENSE", "add-to-menu"}
+        expected = PROGRAM_FILES | {MODULE} | {f"share/{name}" for name in SHARED_FILES | MANUAL_PAGES} | {"LICENSE", "add-to-menu"}
         documents = {"README.md", "CHANGELOG.md"}
         self.assertEqual(files_below(self.program_folder) - documents, expected)
         for name in PROGRAM_FILES | {MODULE}:

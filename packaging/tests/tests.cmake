@@ -24,6 +24,9 @@ quorra_add_script_test(packaging_files LABELS packaging
   ENVIRONMENT ${environment})
 
 if(TARGET Qtminw AND NOT QUORRA_SANITIZE)
+  quorra_add_script_test(packaging_manual LABELS packaging
+    COMMAND Python3::Interpreter "${tests}/test_manual.py" -v
+    ENVIRONMENT ${environment} "QUORRA_ENGINE=$<TARGET_FILE:Qtminw>" "QUORRA_MANUAL=${CMAKE_CURRENT_BINARY_DIR}/manual")
   quorra_add_script_test(packaging_pack LABELS packaging
     COMMAND "${CMAKE_CPACK_COMMAND}" --config "${CMAKE_BINARY_DIR}/CPackConfig.cmake" -B "${packages}")
   set_tests_properties(packaging_pack PROPERTIES FIXTURES_SETUP quorra_packages)
