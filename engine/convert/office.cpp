@@ -5,6 +5,7 @@
 #include "document/page_transform.h"
 #include "libreoffice/libreoffice.h"
 #include "ooxml/cell_margins.h"
+#include "ooxml/frozen_rows.h"
 #include "ooxml/package_parts.h"
 #include "page_size.h"
 #include "pdf/region_renderer.h"
@@ -21,6 +22,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <map>
 
 namespace quorra {
 
@@ -43,10 +45,26 @@ void correctSlides(const std::string &path)
     });
 }
 
-/// Reads and analyses the pages, has write(file, document, pictures) create a flat ODF file, and exports it.
-template <typename Writer>
+/// Freezes the first rows of exported sheets; `headRows` has their number for each sheet.
+void freezeHeads(const std::string &path, const std::vector<int> &headRows)
+{
+    std::map<QString, int> rowsOfPart;
+    int number = 0;
+    for (const int rows : headRows) {
+        rowsOfPart.emplace(QStringLiteral("xl/worksheets/sheet%1.xml").arg(++number), rows);
+    }
+    changeParts(path, [&rowsOfPart](const QString &name, const QByteArray &content) {
+        const auto found = rowsOfPart.find(name);
+        return found != rowsOfPart.end() ? withFrozenRows(content, found->second) : std::nullopt;
+    });
+}
+
+/// Reads and analyses the pages, has write(file, document, pictures) create a flat ODF file, exports it, and has
+/// correct(path) change the exported file.
+template <typename Writer, typename Correction>
 void convertThroughOffice(
-    const Job &job, OdfKind kind, Component component, model::DrawingWords words, const Writer &write)
+    const Job &job, OdfKind kind, Component component, model::DrawingWords words, const Writer &write,
+    const Correction &correct)
 {
     // First detect what fails at once: an output folder that is not writable, or missing LibreOffice.
     OutputFile output(job.options.outputPath);
@@ -69,9 +87,7 @@ void convertThroughOffice(
     }
     const std::string made =
         exportFile(folder, program, source, outputExtension(job.options.outputPath), job.pageCount(), helperTime(job));
-    if (outputExtension(job.options.outputPath) == ".pptx") {
-        correctSlides(made);
-    }
+    correct(made);
     output.writeFile(made);
     output.commit();
 }
@@ -110,7 +126,8 @@ void convertToWord(const Job &job)
                 flow(flowForms::continuous);
                 break;
             }
-        });
+        },
+        [](const std::string &) {});
 }
 
 void convertToSlides(const Job &job)
@@ -120,16 +137,27 @@ void convertToSlides(const Job &job)
         [](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
             unifyPages(document);
             writeSlides(file, document, pictures);
+        },
+        [&job](const std::string &path) {
+            if (outputExtension(job.options.outputPath) == ".pptx") {
+                correctSlides(path);
+            }
         });
 }
 
 void convertToSheets(const Job &job)
 {
+    std::vector<int> headRows;
     convertThroughOffice(
         job, OdfKind::Spreadsheet, Component::Calc, model::DrawingWords::InPicture,
-        [](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
+        [&headRows](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
             model::darkenFaintText(document, false);
-            writeSheets(file, document, pictures);
+            headRows = writeSheets(file, document, pictures);
+        },
+        [&](const std::string &path) {
+            if (outputExtension(job.options.outputPath) == ".xlsx") {
+                freezeHeads(path, headRows);
+            }
         });
 }
 

@@ -304,18 +304,22 @@ void SheetWriter::write(const QString &name, const model::Page &page, const Shee
 
 } // namespace
 
-void writeSheets(OdfFile &file, const model::Document &document, model::PictureSource &pictures)
+std::vector<int> writeSheets(OdfFile &file, const model::Document &document, model::PictureSource &pictures)
 {
     const SheetPlanner planner(document);
     const std::vector<QString> names = sheetNames(document.pages);
     SheetWriter writer(file, pictures, documentHabits(document));
+    std::vector<int> headRows;
     auto name = names.begin();
     for (const model::Page &page : document.pages) {
         if (!planner.isContinuation(page)) {
-            writer.write(*name, page, planner.plan(page));
+            const SheetPlan plan = planner.plan(page);
+            writer.write(*name, page, plan);
+            headRows.push_back(plan.headRows);
         }
         ++name;
     }
+    return headRows;
 }
 
 } // namespace quorra::office

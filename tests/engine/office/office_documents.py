@@ -168,6 +168,8 @@ def check_sheet(documents, samples):
         suite.check(any(c[0] != c[2] or c[1] != c[3] for c in cells), "no merged cells")
         stored, numeric = metrics.numbers_as_numbers(cells)
         suite.check(numeric > 3 and stored == numeric, "numbers stored as numbers", stored, numeric)
+        first = readers.first_scrolling_text(made)
+        suite.check(first == "Alder", "the head of the table does not stay visible:", first)
 
 
 def check_missing_office(suite, samples):

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ooxml/cell_margins.h"
+#include "ooxml/frozen_rows.h"
 #include "ooxml/package_parts.h"
 
 #include "base/failure.h"
@@ -21,6 +22,8 @@ class OfficePackageTest : public QObject
 private Q_SLOTS:
     void cellsGetTheMarginsOfTheirText();
     void otherSlidesStay();
+    void rowsAreFrozen();
+    void otherSheetsStay();
     void partsAreReplaced();
     void otherFilesStay();
     void damagedPackagesAreReported();
@@ -78,6 +81,27 @@ void OfficePackageTest::otherSlidesStay()
 {
     QVERIFY(!withCellMargins("<s><bodyPr tIns=\"1\" bIns=\"1\"/></s>"));
     QVERIFY(!withCellMargins("<s><tc><bodyPr tIns=\"1\" bIns=\"1\"/><tcPr/>")); // not well-formed
+}
+
+void OfficePackageTest::rowsAreFrozen()
+{
+    const QByteArray sheet =
+        "<w><sheetViews><sheetView tabSelected=\"1\"><selection pane=\"topLeft\" activeCell=\"A1\"/>"
+        "</sheetView></sheetViews><c t=\"\xc3\xa9\"/></w>";
+    QByteArray wanted = sheet;
+    wanted.replace(
+        "<selection pane=\"topLeft\"", "<pane ySplit=\"3\" topLeftCell=\"A4\" activePane=\"bottomLeft\" "
+                                       "state=\"frozen\"/><selection pane=\"bottomLeft\"");
+    QCOMPARE(withFrozenRows(sheet, 3).value_or(QByteArray()), wanted);
+    QVERIFY(!withFrozenRows(wanted, 3)); // frozen already
+    QVERIFY(!withFrozenRows(sheet, 0));
+}
+
+void OfficePackageTest::otherSheetsStay()
+{
+    QVERIFY(!withFrozenRows("<w><selection/></w>", 1)); // not of a view
+    QVERIFY(!withFrozenRows("<w><sheetView/></w>", 1));
+    QVERIFY(!withFrozenRows("no XML", 1));
 }
 
 void OfficePackageTest::partsAreReplaced()

@@ -228,6 +228,14 @@ def sheet_tables(path):
     return sheets
 
 
+def first_scrolling_text(path):
+    """The text of the first cell below the frozen rows of the first sheet, None if no rows are frozen."""
+    import openpyxl
+
+    sheet = openpyxl.load_workbook(path).worksheets[0]
+    return sheet[sheet.freeze_panes].value if sheet.freeze_panes else None
+
+
 def sheet_text(path):
     """All that is in the cells, as shown."""
     return "\n".join(cell[4] for sheet in sheet_tables(path) for cell in sheet)
