@@ -4,6 +4,7 @@
 #include "document/faint_text.h"
 #include "document/page_transform.h"
 #include "libreoffice/libreoffice.h"
+#include "odf/common_fonts.h"
 #include "ooxml/cell_margins.h"
 #include "ooxml/frozen_rows.h"
 #include "ooxml/package_parts.h"
@@ -59,6 +60,12 @@ void freezeHeads(const std::string &path, const std::vector<int> &headRows)
     });
 }
 
+/// Returns the form of flowing text as the file format needs it.
+FlowForm formFor(const FlowForm &form, const std::string &extension)
+{
+    return extension == ".doc" ? forOldWord(form) : form;
+}
+
 /// Reads and analyses the pages, has write(file, document, pictures) create a flat ODF file, exports it, and has
 /// correct(path) change the exported file.
 template <typename Writer, typename Correction>
@@ -99,13 +106,15 @@ void convertToWord(const Job &job)
     const WordMode mode = job.options.wordMode;
     const bool inFrames = mode == WordMode::FlowWithBoxes || mode == WordMode::Exact;
     const model::DrawingWords words = inFrames ? model::DrawingWords::Apart : model::DrawingWords::InPicture;
-    const bool oldFormat = outputExtension(job.options.outputPath) == ".doc";
+    const std::string extension = outputExtension(job.options.outputPath);
     convertThroughOffice(
         job, OdfKind::Text, Component::Writer, words,
-        [mode, oldFormat](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
+        [mode, extension](OdfFile &file, model::Document &document, model::PictureSource &pictures) {
             const auto flow = [&](const FlowForm &form) {
                 model::darkenFaintText(document, form.pages);
-                writeFlow(file, document, pictures, oldFormat ? forOldWord(form) : form);
+                replaceRareFonts(document);
+                file.styles().setWidthScales(characterScales(document));
+                writeFlow(file, document, pictures, formFor(form, extension));
             };
             switch (mode) {
             case WordMode::Combine:

@@ -273,13 +273,13 @@ Attributes ruleBorders(const ParagraphPlace &place)
     return borders;
 }
 
-Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &textStyle)
+Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place, const Attributes &textLook)
 {
     Element style{
         "style:style"_L1,
         {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, parentStyle(paragraph, place)}},
         {{"style:paragraph-properties"_L1, paragraphProperties(paragraph, place), paragraphDetails(paragraph)},
-         {"style:text-properties"_L1, textAttributes(textStyle)}}};
+         {"style:text-properties"_L1, textLook}}};
     if (!place.masterPage.isEmpty()) {
         style.attributes.emplace_back("style:master-page-name"_L1, place.masterPage);
     }
@@ -293,7 +293,7 @@ Element emptyParagraphStyle(const model::Paragraph &paragraph, const ParagraphPl
     ParagraphPlace low = place;
     low.lineHeight = emptyParagraphHeight;
     low.linesGrow = false;
-    Element style = paragraphStyle(paragraph, low, textStyle);
+    Element style = paragraphStyle(paragraph, low, textAttributes(textStyle));
     for (auto &[name, value] : style.attributes) {
         if (name == "style:parent-style-name"_L1) {
             value = u"Empty_20_Line"_s;
@@ -312,7 +312,8 @@ void writeParagraph(const Sink &sink, const model::Paragraph &whole, const Parag
     const int heading = place.withHeadings ? paragraph.headingLevel : 0;
     const ListPosition position(sink, place.list);
     const XmlElement element(xml, heading > 0 ? "text:h"_L1 : "text:p"_L1);
-    xml.writeAttribute("text:style-name"_L1, sink.styles.name(paragraphStyle(paragraph, place, textStyle)));
+    xml.writeAttribute(
+        "text:style-name"_L1, sink.styles.name(paragraphStyle(paragraph, place, sink.styles.textLook(textStyle))));
     if (heading > 0) {
         xml.writeAttribute("text:outline-level"_L1, QString::number(heading));
     }

@@ -31,7 +31,7 @@ QString spanStyle(StyleTable &styles, const model::Style &style, model::Baseline
         return styles.text(style);
     }
     styles.noteFont(style);
-    Attributes attributes = textAttributes(style);
+    Attributes attributes = styles.textLook(style);
     attributes.emplace_back(
         "style:text-position"_L1,
         shift == model::BaselineShift::Superscript ? "super "_L1 + shiftedSize : "sub "_L1 + shiftedSize);
@@ -102,7 +102,7 @@ void writeNote(const Sink &sink, const QString &mark, const Note &note)
         "text:style-name"_L1, sink.styles.name(
                                   {"style:style"_L1,
                                    {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Footnote"_s}},
-                                   {{"style:text-properties"_L1, textAttributes(textStyle)}}}));
+                                   {{"style:text-properties"_L1, sink.styles.textLook(textStyle)}}}));
     writeRuns({sink.xml, sink.styles}, runs, textStyle);
 }
 

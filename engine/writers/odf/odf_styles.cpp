@@ -99,6 +99,22 @@ Attributes textAttributes(const model::Style &style)
     return attributes;
 }
 
+SizedFont sizedFont(const model::Style &style)
+{
+    return {style.family, style.bold, style.italic, std::lround(2 * style.size)};
+}
+
+Attributes StyleTable::textLook(const model::Style &style) const
+{
+    Attributes attributes = textAttributes(style);
+    if (!m_widthScales.empty()) { // all text has the attribute then, so that named styles can carry it
+        const auto found = m_widthScales.find(sizedFont(style));
+        const double scale = found == m_widthScales.end() ? 1 : found->second;
+        attributes.emplace_back("style:text-scale"_L1, QString::number(std::lround(100 * scale)) + u'%');
+    }
+    return attributes;
+}
+
 QString StyleTable::name(const Element &definition)
 {
     const auto [place, isNew] = m_places.emplace(keyOf(definition), m_styles.size());
@@ -116,9 +132,7 @@ QString StyleTable::text(const model::Style &style)
 {
     noteFont(style);
     return name(
-        {"style:style"_L1,
-         {{"style:family"_L1, u"text"_s}},
-         {{"style:text-properties"_L1, textAttributes(style), {}}}});
+        {"style:style"_L1, {{"style:family"_L1, u"text"_s}}, {{"style:text-properties"_L1, textLook(style), {}}}});
 }
 
 QString StyleTable::graphic(const Attributes &properties, QLatin1String parent)

@@ -48,6 +48,16 @@ QString rowStyle(const Sink &sink, double height)
            {{"style:min-row-height"_L1, pt(height)}, {"fo:keep-together"_L1, u"always"_s}}}}});
 }
 
+/// Returns the direction of the cell's text if all of it runs up or down: 90 or 270 degrees; otherwise 0.
+int turnOf(const model::Cell &cell)
+{
+    const int turn = cell.paragraphs.empty() ? 0 : cell.paragraphs.front().rotation;
+    const bool same = std::all_of(cell.paragraphs.begin(), cell.paragraphs.end(), [turn](const auto &paragraph) {
+        return paragraph.rotation == turn;
+    });
+    return same && turn % 180 != 0 ? turn : 0;
+}
+
 QString cellStyle(const Sink &sink, const model::Cell &cell)
 {
     Attributes properties = {
@@ -59,8 +69,31 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
     if (cell.background) {
         properties.emplace_back("fo:background-color"_L1, colourName(*cell.background));
     }
+    switch (turnOf(cell)) {
+    case 90:
+        properties.emplace_back("style:writing-mode"_L1, u"tb-rl"_s);
+        break;
+    case 270:
+        properties.emplace_back("loext:writing-mode"_L1, u"bt-lr"_s);
+        break;
+    default:
+        break;
+    }
     return sink.styles.name(
         {"style:style"_L1, {{"style:family"_L1, u"table-cell"_s}}, {{"style:table-cell-properties"_L1, properties}}});
+}
+
+/// Writes text that runs up or down; across its direction, it is where the cell begins.
+void writeTurned(const Sink &sink, const model::Cell &cell, ParagraphPlace inside)
+{
+    inside.exactLeading = false;
+    for (model::Paragraph paragraph : cell.paragraphs) {
+        paragraph.indentLeft = 0;
+        paragraph.indentRight = 0;
+        paragraph.firstLineIndent = 0;
+        paragraph.spaceBefore = 0;
+        writeParagraph(sink, paragraph, inside);
+    }
 }
 
 void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &place)
@@ -73,6 +106,10 @@ void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &plac
     inside.exactLeading = place.exactLeading;
     inside.linesGrow = true;
     inside.inCell = true;
+    if (turnOf(cell) != 0) {
+        writeTurned(sink, cell, inside);
+        return;
+    }
     auto original = cell.paragraphs.begin();
     for (const CellParagraph &placed : placedInCell(cell)) {
         inside.lineHeight = placed.lineHeight;

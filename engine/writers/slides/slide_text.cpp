@@ -287,7 +287,7 @@ void writeSlideParagraph(const Sink &sink, const model::Paragraph &paragraph, co
     sink.styles.noteFont(textStyle);
     ParagraphPlace place;
     place.lineHeight = text.leading;
-    Element style = paragraphStyle(paragraph, place, textStyle);
+    Element style = paragraphStyle(paragraph, place, textAttributes(textStyle));
     if (paragraph.alignment == model::Alignment::Right) {
         for (auto &[name, value] : style.children.front().attributes) {
             if (name == "fo:text-align"_L1) {

@@ -38,12 +38,15 @@ double lineHeightOf(const FlowItem &item, const Fit &fit)
 /// Returns the height of the item without the space above it.
 double heightOf(const FlowItem &item, const Fit &fit)
 {
-    return item.block->paragraph() ? item.lines * lineHeightOf(item, fit) : item.height + thresholds.around;
+    if (item.block->paragraph()) {
+        return item.lines * lineHeightOf(item, fit) + item.height;
+    }
+    return item.height > 0 ? item.height + thresholds.around : 0;
 }
 
 double heightWithSpace(const FlowItem &item, const Fit &fit)
 {
-    return item.behindText ? 0 : reducedSpace(item.spaceAbove, fit) + heightOf(item, fit); // see anchorsOf()
+    return item.isPlaced() ? 0 : reducedSpace(item.spaceAbove, fit) + heightOf(item, fit); // see anchorsOf()
 }
 
 /// Fills columns of this height one after the other.
@@ -80,7 +83,7 @@ bool fitsColumns(const FlowSection &section, const Fit &fit, double height)
 {
     ColumnFiller filler(height);
     for (const FlowItem &item : section.items) {
-        if (item.behindText) {
+        if (item.isPlaced()) {
             continue;
         }
         if (item.beginsColumn) {
@@ -130,12 +133,12 @@ double columnsHeight(const FlowSection &section, const Fit &fit)
     return divided < section.section->columns.size() ? height + tallestLine : height; // balancing is not exact
 }
 
-/// Returns the height of the empty paragraphs for the section: before and after columns, and for pictures behind text.
+/// Returns the height of the empty paragraphs for the section: before and after columns, and for placed items.
 double anchorsOf(const FlowSection &section)
 {
-    const auto behind =
-        std::count_if(section.items.begin(), section.items.end(), [](const FlowItem &item) { return item.behindText; });
-    return emptyParagraphHeight * static_cast<double>(behind + (section.inColumns ? 2 : 0));
+    const auto placed =
+        std::count_if(section.items.begin(), section.items.end(), [](const FlowItem &item) { return item.isPlaced(); });
+    return emptyParagraphHeight * static_cast<double>(placed + (section.inColumns ? 2 : 0));
 }
 
 double heightOf(const FlowPage &page, const Fit &fit)

@@ -3,6 +3,7 @@
 
 #include "document/font_family.h"
 #include "document/page_walk.h"
+#include "odf/common_fonts.h"
 #include "odf/font_widths.h"
 #include "odf/line_breaking.h"
 #include "odf/line_layout.h"
@@ -26,6 +27,8 @@ struct Thresholds
     double roomForBreak =
         90; ///< points; below a column that is certain not to run over: word processors set text longer
     std::size_t longText = 4; ///< lines; paragraphs of columns of text are this long
+    double sameEdge = 12;     ///< points; columns whose edge is nearer to that of the page's text begin or end there
+    double minBeside = 0.5;   ///< share of the height of the lower one of two pictures side by side
     double wideFont = 1.1;    ///< times the width: by which the font that replaces an unknown one may be wider
 };
 constexpr Thresholds thresholds;
@@ -97,13 +100,6 @@ std::optional<double> baselineAfter(const model::Section &section, std::size_t b
     return next ? firstBaseline(*next) : std::nullopt;
 }
 
-/// Returns whether text of the style is output in a font with the widths of textWidth().
-bool hasCommonWidths(const model::Style &style)
-{
-    const model::FontFamily *known = model::findFontFamily(style.family);
-    return model::isTypesettingFace(style.family) || (known && known->widths == model::FontWidths::Measured);
-}
-
 /// Returns whether the output text is about as wide as on the page.
 bool keepsWidth(const model::Style &style)
 {
@@ -114,11 +110,10 @@ bool keepsWidth(const model::Style &style)
 double likelyWidth(const model::Word &word)
 {
     const double drawn = word.rotation % 180 == 0 ? word.box.width() : word.box.height();
-    const double common = textWidth(word.text, *word.style).value_or(drawn);
-    if (hasCommonWidths(*word.style)) {
-        return std::max(drawn, common);
+    if (hasCommonWidths(*word.style) || keepsWidth(*word.style)) {
+        return drawn; // wider characters are narrowed to it
     }
-    return keepsWidth(*word.style) ? drawn : thresholds.wideFont * std::max(drawn, common);
+    return thresholds.wideFont * std::max(drawn, textWidth(word.text, *word.style).value_or(drawn));
 }
 
 /// Returns the marks of the block of the page that is nearest to a point, or the first of these; without an x
@@ -143,6 +138,49 @@ Marks &marksNear(FlowPage &page, std::optional<double> x, double y)
     return *nearest;
 }
 
+/// Returns the height that the line drawn below the paragraph takes.
+double heightOfBorderBelow(const model::Paragraph &paragraph)
+{
+    const model::ParagraphBorder &border = paragraph.borderBelow;
+    return border.line.width > 0 ? border.gap + border.line.width : 0;
+}
+
+bool isSideways(const model::Paragraph &paragraph)
+{
+    return paragraph.rotation % 180 != 0;
+}
+
+/// Returns whether most paragraphs of the page run across it, so that others stand beside its text.
+bool runsAcross(const model::Page &page)
+{
+    int across = 0;
+    model::forEachBlock(page, [&across](const model::Block &block) {
+        if (const model::Paragraph *paragraph = block.paragraph()) {
+            across += isSideways(*paragraph) ? -1 : 1;
+        }
+    });
+    return across > 0;
+}
+
+/// Returns whether the picture stands to the right of the other one, next to most of its height or its own.
+bool standsBeside(const Box &picture, const Box &other)
+{
+    const double shared = std::min(picture.bottom, other.bottom) - std::max(picture.top, other.top);
+    return picture.left >= other.right - thresholds.sameEdge &&
+           shared > thresholds.minBeside * std::min(picture.height(), other.height());
+}
+
+/// Returns whether the picture stands beside the last item of the section, a picture of the same column.
+bool isBesideLast(const model::Block &picture, const FlowSection &planned)
+{
+    if (planned.items.empty()) {
+        return false;
+    }
+    const FlowItem &last = planned.items.back();
+    return last.block->figure() && !last.isPlaced() && last.block->column == picture.column &&
+           standsBeside(picture.box(), last.block->box());
+}
+
 /// Returns the width for the lines of the item's paragraph. A single left-aligned line can extend to the margin.
 double textWidth(const FlowItem &item)
 {
@@ -159,6 +197,7 @@ public:
         : m_page(page)
         , m_margins(margins)
         , m_form(form)
+        , m_framesSideways(form.frames && runsAcross(page))
         , m_end(textEnd(page, margins, page.footer))
         , m_bottom(form.places ? margins.top : page.content.top)
     {}
@@ -167,16 +206,19 @@ public:
 
 private:
     FlowSection planSection(const model::Section &section);
-    std::vector<Area> areasOf(const model::Section &section, bool inColumns) const;
+    double columnsEdge(double own, double page) const;
+    std::vector<Area> areasOf(const FlowSection &planned) const;
     void addItems(FlowSection &planned, std::vector<Area> &areas) const;
     void planText(FlowItem &item, Area &area, std::optional<double> baselineAfter) const;
+    void planPictureOrTable(FlowItem &item, Area &area) const;
     double spaceAbove(const Area &area, double top) const;
 
     const model::Page &m_page;
     const Margins &m_margins;
     const FlowForm &m_form;
-    double m_end;    // of the room for the page's text
-    double m_bottom; // of the sections so far
+    bool m_framesSideways; // text that runs up or down gets frames
+    double m_end;          // of the room for the page's text
+    double m_bottom;       // of the sections so far
 };
 
 FlowPage PagePlanner::plan()
@@ -201,7 +243,9 @@ FlowSection PagePlanner::planSection(const model::Section &section)
     if (planned.inColumns && m_form.places) {
         planned.spaceAbove = std::max(0.0, topOf(section) - m_bottom);
     }
-    std::vector<Area> areas = areasOf(section, planned.inColumns);
+    planned.left = columnsEdge(section.columns.front().left, m_margins.left);
+    planned.right = columnsEdge(section.columns.back().right, m_page.width - m_margins.right);
+    std::vector<Area> areas = areasOf(planned);
     addItems(planned, areas);
     for (const Area &area : areas) {
         m_bottom = std::max(m_bottom, area.bottom);
@@ -209,9 +253,18 @@ FlowSection PagePlanner::planSection(const model::Section &section)
     return planned;
 }
 
-/// The areas of a section's columns, before anything is put in them.
-std::vector<Area> PagePlanner::areasOf(const model::Section &section, bool inColumns) const
+/// Returns where the columns begin or end, given their own edge and that of the page's text. Paragraphs get the
+/// difference as an indent.
+double PagePlanner::columnsEdge(double own, double page) const
 {
+    return !m_form.columnMargins || std::abs(own - page) < thresholds.sameEdge ? page : own;
+}
+
+/// The areas of a section's columns, before anything is put in them.
+std::vector<Area> PagePlanner::areasOf(const FlowSection &planned) const
+{
+    const model::Section &section = *planned.section;
+    const bool inColumns = planned.inColumns;
     const bool ownStrip = inColumns || !m_form.places || hasLongParagraphInColumns(section);
     const double top = topOf(section);
     std::vector<Area> areas;
@@ -222,6 +275,10 @@ std::vector<Area> PagePlanner::areasOf(const model::Section &section, bool inCol
         // A column that comes below the one before it has nothing to do with that one's end.
         area.bottom = inColumns || !areas.empty() ? top : m_bottom;
         areas.push_back(area);
+    }
+    if (inColumns) {
+        areas.front().left = planned.left;
+        areas.back().right = planned.right;
     }
     return areas;
 }
@@ -239,8 +296,23 @@ void PagePlanner::planText(FlowItem &item, Area &area, std::optional<double> bas
     item.spaceAbove = spaceAbove(area, layout.top);
     item.lineHeight = layout.lineHeight;
     item.lines = likelyLines(paragraph, textWidth(item));
-    area.bottom = layout.bottom;
+    item.height = heightOfBorderBelow(paragraph);
+    area.bottom = layout.bottom + item.height;
     area.baseline = lastBaseline(paragraph);
+}
+
+void PagePlanner::planPictureOrTable(FlowItem &item, Area &area) const
+{
+    const Box box = item.block->box();
+    if (item.beside) {
+        item.height = std::max(0.0, box.bottom - area.bottom);
+        area.bottom = std::max(area.bottom, box.bottom);
+        return;
+    }
+    item.spaceAbove = spaceAbove(area, box.top);
+    item.height = box.height();
+    area.bottom = box.bottom;
+    area.baseline.reset();
 }
 
 void PagePlanner::addItems(FlowSection &planned, std::vector<Area> &areas) const
@@ -262,13 +334,16 @@ void PagePlanner::addItems(FlowSection &planned, std::vector<Area> &areas) const
         item.beginsColumn = planned.inColumns && column > before && !area.begun && !full;
         before = column;
         item.behindText = m_form.pages && block.figure() && block.figure()->behindText;
+        item.sideways = m_framesSideways && block.paragraph() && isSideways(*block.paragraph());
+        if (item.isPlaced()) {
+            planned.items.push_back(item);
+            continue;
+        }
         if (block.paragraph()) {
             planText(item, area, baselineAfter(section, i));
-        } else if (!item.behindText) {
-            item.spaceAbove = spaceAbove(area, block.box().top);
-            item.height = block.box().height();
-            area.bottom = block.box().bottom;
-            area.baseline.reset();
+        } else {
+            item.beside = m_form.places && block.figure() && isBesideLast(block, planned);
+            planPictureOrTable(item, area);
         }
         area.begun = true;
         area.followsOther = false;

@@ -22,9 +22,14 @@ struct FlowItem
     double spaceAbove = 0;     ///< between the previous block of its area and its first line, table or picture
     double lineHeight = 0;     ///< of text: height of its lines; 0 for the natural height of the font
     int lines = 0;             ///< of text: the expected number of lines
-    double height = 0;         ///< of a table or picture
+    double height = 0;         ///< of a table or picture, and what a line below a paragraph takes
     bool behindText = false;   ///< a picture at its position on the page, which takes up no room in the text
+    bool sideways = false;     ///< text that runs up or down beside the page's text, likewise
+    bool beside = false;       ///< a picture to the right of the previous item, another picture
     Marks marks;               ///< bookmarks and comments at its beginning
+
+    /// Whether it is at its position on the page and takes up no room in the text.
+    bool isPlaced() const { return behindText || sideways; }
 };
 
 /// A section of a page.
@@ -32,7 +37,9 @@ struct FlowSection
 {
     const model::Section *section = nullptr;
     bool inColumns = false; ///< its columns are kept
-    double spaceAbove = 0;  ///< of such columns
+    double left = 0;        ///< edges of such columns: that of the first one and that of the last one
+    double right = 0;
+    double spaceAbove = 0; ///< of such columns
     std::vector<FlowItem> items;
 };
 

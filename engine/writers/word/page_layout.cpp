@@ -2,9 +2,13 @@
 #include "page_layout.h"
 
 #include "document/page_transform.h"
+#include "document/page_walk.h"
+#include "odf/exact_lines.h"
+#include "odf/line_layout.h"
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -32,6 +36,20 @@ double quantile(std::vector<double> values, double part)
     return *at;
 }
 
+/// Returns where the content of the page begins, with the line drawn above its first paragraph.
+double contentTop(const model::Page &page)
+{
+    double top = page.content.top;
+    model::forEachBlock(page, [&top](const model::Block &block) {
+        const model::Paragraph *paragraph = block.paragraph();
+        if (paragraph && paragraph->borderAbove.line.width > 0) {
+            const model::ParagraphBorder &border = paragraph->borderAbove;
+            top = std::min(top, lineLayout(*paragraph).top - border.gap - border.line.width);
+        }
+    });
+    return top;
+}
+
 /// Left and right margins are those of most pages: text further out gets a negative indent. Top and bottom margins are
 /// those of the fullest pages: text that does not fit would begin another page.
 Margins commonMargins(const model::Page &like, const model::Document &document)
@@ -43,7 +61,7 @@ Margins commonMargins(const model::Page &like, const model::Document &document)
     for (const model::Page &page : document.pages) {
         if (!page.scanned && model::haveSameSize(page, like) && !page.content.isEmpty()) {
             lefts.push_back(page.content.left);
-            tops.push_back(page.content.top);
+            tops.push_back(contentTop(page));
             rights.push_back(page.width - page.content.right);
             bottoms.push_back(page.height - page.content.bottom);
         }
@@ -89,6 +107,16 @@ Box unitedBox(const ParagraphRefs &paragraphs)
 Box unitedBox(const Paragraphs &paragraphs)
 {
     return unitedBox(refsOf(paragraphs));
+}
+
+/// Returns the paragraphs that run across the page, or those that run up or down beside its text.
+Paragraphs paragraphsAlong(const Paragraphs &paragraphs, bool across)
+{
+    Paragraphs found;
+    std::copy_if(paragraphs.begin(), paragraphs.end(), std::back_inserter(found), [across](const auto &paragraph) {
+        return (paragraph.rotation % 180 == 0) == across;
+    });
+    return found;
 }
 
 /// The horizontal extent of header and footer.
@@ -159,7 +187,7 @@ void writeHeaderLine(const Sink &sink, ParagraphRefs parts, const Strip &strip, 
         "style:style"_L1,
         {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Header"_s}},
         {{"style:paragraph-properties"_L1, properties, {stops}},
-         {"style:text-properties"_L1, textAttributes(textStyle)}}};
+         {"style:text-properties"_L1, sink.styles.textLook(textStyle)}}};
     const XmlElement element(sink.xml, "text:p"_L1);
     sink.xml.writeAttribute("text:style-name"_L1, sink.styles.name(style));
     for (const model::Paragraph *part : parts) {
@@ -185,6 +213,18 @@ void writeHeader(const Sink &sink, const Paragraphs &header, const Strip &strip,
         writeHeaderLine(sink, line, strip, unitedBox(line).top - bottom);
         bottom = unitedBox(line).bottom;
         first = last;
+    }
+}
+
+/// Writes text that runs up or down into frames at their positions, which repeat on all pages.
+void writeSideways(const Sink &sink, const Paragraphs &sideways, double pageWidth)
+{
+    if (sideways.empty()) {
+        return;
+    }
+    const XmlElement holder = beginAnchorParagraph(sink, {});
+    for (const model::Paragraph &paragraph : sideways) {
+        writeExactLines(sink, paragraph, pageWidth, FrameAnchor::Page);
     }
 }
 
@@ -249,15 +289,18 @@ MasterPages::layout(const model::Page &page, const Margins &margins, const Parag
 
 QString MasterPages::name(const model::Page &page, const Margins &margins, bool withHeaders)
 {
-    static const Paragraphs none;
-    const Paragraphs &header = withHeaders ? page.header : none;
-    const Paragraphs &footer = withHeaders ? page.footer : none;
+    const Paragraphs header = withHeaders ? paragraphsAlong(page.header, true) : Paragraphs{};
+    const Paragraphs footer = withHeaders ? paragraphsAlong(page.footer, true) : Paragraphs{};
+    Paragraphs sideways = withHeaders ? paragraphsAlong(page.header, false) : Paragraphs{};
+    const Paragraphs fromFooter = withHeaders ? paragraphsAlong(page.footer, false) : Paragraphs{};
+    sideways.insert(sideways.end(), fromFooter.begin(), fromFooter.end());
     QString content;
     QXmlStreamWriter xml(&content);
     const Sink sink{xml, m_masters.styles};
     const Strip strip{margins.left, page.width - margins.right};
-    if (!header.empty()) {
+    if (!header.empty() || !sideways.empty()) {
         const XmlElement element(xml, "style:header"_L1);
+        writeSideways(sink, sideways, page.width);
         writeHeader(sink, header, strip, unitedBox(header).top);
     }
     if (!footer.empty()) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "flow_plan.h"
 #include "odf/odf_runs.h"
 #include "page_layout.h"
 
@@ -10,7 +11,7 @@ namespace quorra::office {
 bool canHaveColumns(const model::Section &section);
 
 /// Begins a section of the text with the columns at their positions. The number makes its name unique.
-[[nodiscard]] XmlElement beginColumns(
-    const Sink &sink, const model::Page &page, const model::Section &section, const Margins &margins, int number);
+[[nodiscard]] XmlElement
+beginColumns(const Sink &sink, const model::Page &page, const FlowSection &planned, const Margins &margins, int number);
 
 } // namespace quorra::office

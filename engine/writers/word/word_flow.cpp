@@ -5,6 +5,7 @@
 #include "flow_breaks.h"
 #include "flow_fit.h"
 #include "flow_plan.h"
+#include "odf/exact_lines.h"
 #include "odf/odf_frames.h"
 #include "odf/odf_tables.h"
 #include "page_layout.h"
@@ -18,6 +19,12 @@ using namespace Qt::Literals::StringLiterals;
 namespace quorra::office {
 
 namespace {
+
+struct Thresholds
+{
+    double rounding = 0.5; ///< points; by which word processors may set pictures side by side wider
+};
+constexpr Thresholds thresholds;
 
 /// Writes a plan, block by block.
 class FlowWriter
@@ -40,12 +47,13 @@ private:
     void beginPage(const FlowPage &page);
     void writeScan(const model::Page &page);
     void writeSection(const FlowPage &page, const FlowSection &section);
-    void writeItem(const FlowItem &item);
+    void writeItem(const std::vector<const FlowItem *> &row);
     void writeText(const FlowItem &item);
     void writePartialBorder(const FlowItem &item, ParagraphPlace place);
     void writeTableItem(const FlowItem &item);
-    void writeFigureInText(const FlowItem &item);
+    void writeFiguresInText(const std::vector<const FlowItem *> &items);
     void writeFigureBehind(const model::Figure &figure);
+    void writeSideways(const model::Paragraph &paragraph, double pageWidth);
     void writeLabels(const model::Figure &figure);
 
     Notes m_notes;
@@ -80,6 +88,8 @@ void FlowWriter::writePage(const FlowPage &page)
         for (const FlowItem &item : section.items) {
             if (item.behindText) {
                 writeFigureBehind(*item.block->figure());
+            } else if (item.sideways) {
+                writeSideways(*item.block->paragraph(), page.page->width);
             }
         }
     }
@@ -104,18 +114,28 @@ void FlowWriter::writeFigureBehind(const model::Figure &figure)
     writePicture(m_sink, m_pictures.encode(figure, model::DrawingWords::InPicture), figure.box, FrameAnchor::Behind);
 }
 
+void FlowWriter::writeSideways(const model::Paragraph &paragraph, double pageWidth)
+{
+    const XmlElement holder = beginAnchorParagraph(m_sink, m_breaks.take());
+    writeExactLines(m_sink, paragraph, pageWidth, FrameAnchor::Page);
+}
+
 void FlowWriter::writeSection(const FlowPage &page, const FlowSection &section)
 {
     std::optional<XmlElement> columns;
     if (section.inColumns) {
         m_breaks.writeSpaceAboveColumns(section.spaceAbove);
-        columns.emplace(beginColumns(m_sink, *page.page, *section.section, page.margins, ++m_sections));
+        columns.emplace(beginColumns(m_sink, *page.page, section, page.margins, ++m_sections));
     }
-    for (const FlowItem &item : section.items) {
-        if (item.beginsColumn) {
+    for (auto item = section.items.begin(); item != section.items.end();) {
+        if (item->beginsColumn) {
             m_breaks.addColumn();
         }
-        writeItem(item);
+        std::vector<const FlowItem *> row{&*item};
+        for (++item; item != section.items.end() && item->beside; ++item) {
+            row.push_back(&*item);
+        }
+        writeItem(row);
     }
     if (section.inColumns) {
         columns.reset();
@@ -123,19 +143,26 @@ void FlowWriter::writeSection(const FlowPage &page, const FlowSection &section)
     }
 }
 
-void FlowWriter::writeItem(const FlowItem &item)
+/// Writes an item, with the pictures beside it.
+void FlowWriter::writeItem(const std::vector<const FlowItem *> &row)
 {
-    m_breaks.addMarks(item.marks);
+    const FlowItem &item = *row.front();
+    for (const FlowItem *each : row) {
+        m_breaks.addMarks(each->marks);
+    }
     const model::Paragraph *paragraph = item.block->paragraph();
     if (paragraph && paragraph->note && m_notes.count(*paragraph->note) > 0) {
         return; // it is written at its mark
+    }
+    if (item.sideways) {
+        return; // so has this
     }
     if (paragraph) {
         writeText(item);
     } else if (item.block->table()) {
         writeTableItem(item);
     } else if (!item.behindText) {
-        writeFigureInText(item);
+        writeFiguresInText(row);
     } else if (!item.block->figure()->labels.empty()) { // the picture has been written
         const XmlElement holder = beginAnchorParagraph(m_sink, m_breaks.take());
         writeLabels(*item.block->figure());
@@ -149,7 +176,7 @@ void FlowWriter::writeTableItem(const FlowItem &item)
     TablePlace place;
     place.left = table.box.left - item.left;
     place.exactLeading = m_form.places;
-    place.repeatsHeader = !m_form.pages;
+    place.repeatsHeader = !m_form.pages; // LibreOffice would end such tables before the end of the page
     writeTable(m_sink, table, place);
     m_breaks.afterTable();
 }
@@ -211,23 +238,40 @@ void FlowWriter::writeLabels(const model::Figure &figure)
     }
 }
 
-void FlowWriter::writeFigureInText(const FlowItem &item)
+/// Writes pictures that stand side by side, each but the first one at a tab stop; wider ones than there is room for
+/// become smaller.
+void FlowWriter::writeFiguresInText(const std::vector<const FlowItem *> &items)
 {
-    const model::Figure &figure = *item.block->figure();
+    const FlowItem &first = *items.front();
+    const double right = items.back()->block->box().right;
     model::Paragraph holder;
-    holder.indentLeft = std::max(0.0, figure.box.left - item.left);
-    holder.spaceBefore = item.spaceAbove;
-    ParagraphPlace place = m_breaks.take();
-    place.exactLeading = false; // the line must grow to the picture's height
-    const XmlElement element = beginAnchorParagraph(m_sink, place, holder);
-    Box box = figure.box;
-    const double widest = item.right - item.left - holder.indentLeft;
-    if (box.width() > widest && widest > 0) {
-        box.bottom = box.top + box.height() * widest / box.width();
-        box.right = box.left + widest;
+    holder.indentLeft = std::max(0.0, first.block->box().left - first.left);
+    holder.spaceBefore = first.spaceAbove;
+    const double start = first.left + holder.indentLeft;
+    const double reserve = items.size() > 1 ? thresholds.rounding : 0;
+    const double widest = first.right - start - reserve;
+    const double scale = widest > 0 ? std::min(1.0, widest / (right - first.block->box().left)) : 1;
+    const auto place = [&](double x) { return start + scale * (x - first.block->box().left); };
+    const auto isApart = [&items](std::size_t i) {
+        return items[i]->block->box().left > items[i - 1]->block->box().right + thresholds.rounding;
+    };
+    for (std::size_t i = 1; i < items.size(); ++i) {
+        if (isApart(i)) {
+            holder.tabStops.push_back({place(items[i]->block->box().left) - first.left, model::Alignment::Left, false});
+        }
     }
-    writePicture(m_sink, m_pictures.encode(figure, model::DrawingWords::InPicture), box, FrameAnchor::Line);
-    writeLabels(*item.block->figure());
+    ParagraphPlace inText = m_breaks.take();
+    inText.exactLeading = false; // the line must grow to the picture's height
+    const XmlElement element = beginAnchorParagraph(m_sink, inText, holder);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (i > 0 && isApart(i)) {
+            m_sink.xml.writeEmptyElement("text:tab"_L1);
+        }
+        const model::Figure &figure = *items[i]->block->figure();
+        const Box box{0, 0, scale * figure.box.width(), scale * figure.box.height()};
+        writePicture(m_sink, m_pictures.encode(figure, model::DrawingWords::InPicture), box, FrameAnchor::Line);
+        writeLabels(figure);
+    }
 }
 
 } // namespace

@@ -72,7 +72,8 @@ QString written(const std::function<void(const Sink &)> &write)
 
 QString marginRight(const model::Paragraph &paragraph)
 {
-    return attribute(paragraphStyle(paragraph, {}, fixture::style()).children.front(), "fo:margin-right");
+    return attribute(
+        paragraphStyle(paragraph, {}, textAttributes(fixture::style())).children.front(), "fo:margin-right");
 }
 
 bool isIndentedRight(model::Alignment alignment, std::size_t lines, double indent)
@@ -101,7 +102,8 @@ std::vector<Edge> paragraphEdges()
                 ParagraphPlace place;
                 place.lineHeight = height * em;
                 place.linesGrow = true;
-                const Element style = paragraphStyle(lineAt({72, 100, 500, 112}), place, fixture::style());
+                const Element style =
+                    paragraphStyle(lineAt({72, 100, 500, 112}), place, textAttributes(fixture::style()));
                 return !attribute(style.children.front(), "style:line-height-at-least").isEmpty();
             }),
     };
@@ -247,7 +249,7 @@ bool fits(const model::Block &block, FlowItem item, double room)
     item.block = &block;
     FlowPage page;
     page.room = room;
-    page.sections.push_back({nullptr, false, 0, {item}});
+    page.sections.emplace_back().items = {item};
     const Fit fit = fitOf(page);
     return fit.spaces == 1 && fit.lines == 1;
 }
@@ -262,7 +264,7 @@ FlowItem leastOf(double lineHeight, double space)
     item.lineHeight = lineHeight;
     item.spaceAbove = space;
     FlowPage page;
-    page.sections.push_back({nullptr, false, 0, {item}});
+    page.sections.emplace_back().items = {item};
     fitToRoom(page);
     return page.sections[0].items[0];
 }

@@ -28,6 +28,10 @@ private Q_SLOTS:
     void lineBreaksAndNarrowColumnsMakeLines();
     void marksGoToTheNearestBlock();
     void columnsShareTheirText();
+    void columnsBeginWithThePagesText();
+    void picturesStandSideBySide();
+    void sidewaysTextTakesNoRoom();
+    void lineBelowTakesItsHeight();
 };
 
 namespace {
@@ -238,6 +242,61 @@ void OfficeFlowPlanTest::columnsShareTheirText()
     FlowPage below = planPage(page, {}, flowForms::inOneColumn);
     below.room = 300;
     QVERIFY(fitOf(below).lines < 1.0);
+}
+
+// In the older format, LibreOffice begins a page with columns that have margins of their own.
+void OfficeFlowPlanTest::columnsBeginWithThePagesText()
+{
+    const Margins margins{70, 72, 72, 72}; // the text ends at 540
+    const auto sectionOf = [&margins](double left, const FlowForm &form) {
+        model::Page page = fixture::page({{left, 72, 300, 720}, {312, 72, 545, 720}});
+        page.sections[0].blocks = {textAt(72, left), textAt(72, 312, 1)};
+        return planPage(page, margins, form).sections.front();
+    };
+    const FlowSection near = sectionOf(81, flowForms::inColumns);
+    QCOMPARE(near.left, 70.0);
+    QCOMPARE(near.right, 540.0);
+    QCOMPARE(near.items[0].left, 70.0); // its text gets an indent of 11 points
+    QCOMPARE(near.items[0].column.left, 81.0);
+    QCOMPARE(near.items[1].right, 540.0);
+    QCOMPARE(sectionOf(83, flowForms::inColumns).left, 83.0);
+    QCOMPARE(sectionOf(83, forOldWord(flowForms::inColumns)).left, 70.0);
+}
+
+void OfficeFlowPlanTest::picturesStandSideBySide()
+{
+    const model::Page page = pageOf(
+        {textAt(72), pictureAt({72, 100, 200, 150}), pictureAt({210, 110, 300, 160}), pictureAt({210, 140, 300, 200}),
+         textAt(210)});
+    const FlowPage plan = planPage(page, {}, flowForms::inColumns);
+    QVERIFY(!itemsOf(plan)[1].beside);
+    QVERIFY(itemsOf(plan)[2].beside);
+    QCOMPARE(itemsOf(plan)[2].spaceAbove, 0.0);
+    QCOMPARE(itemsOf(plan)[2].height, 10.0); // below the first one
+    QVERIFY(!itemsOf(plan)[3].beside);       // it stands below
+    QVERIFY(!itemsOf(planPage(page, {}, flowForms::continuous))[2].beside);
+}
+
+void OfficeFlowPlanTest::sidewaysTextTakesNoRoom()
+{
+    model::Block sideways = textAt(72, 20);
+    sideways.paragraph()->rotation = 270;
+    const model::Page page = pageOf({sideways, textAt(72), textAt(100)});
+    const FlowPage plan = planPage(page, {}, flowForms::inColumns);
+    QVERIFY(itemsOf(plan)[0].sideways);
+    QCOMPARE(itemsOf(plan)[1].spaceAbove, 0.4);
+    QVERIFY(!itemsOf(planPage(page, {}, flowForms::inOneColumn))[0].sideways); // it has no frames
+    QVERIFY(!itemsOf(planPage(pageOf({sideways, sideways, textAt(100)}), {}, flowForms::inColumns))[0].sideways);
+}
+
+void OfficeFlowPlanTest::lineBelowTakesItsHeight()
+{
+    model::Block lined = textAt(72);
+    lined.paragraph()->borderBelow.line = {1, black};
+    lined.paragraph()->borderBelow.gap = 4;
+    const FlowPage plan = planPage(pageOf({lined, textAt(100)}), {}, flowForms::inColumns);
+    QCOMPARE(itemsOf(plan)[0].height, 5.0);
+    QCOMPARE(itemsOf(plan)[1].spaceAbove, 11.0);
 }
 
 QTEST_APPLESS_MAIN(OfficeFlowPlanTest)

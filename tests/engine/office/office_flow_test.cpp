@@ -29,6 +29,10 @@ private Q_SLOTS:
     void writesTablesWithSpans();
     void keepsLinksThatAreSafe();
     void placesPictures();
+    void putsPicturesSideBySide();
+    void putsSidewaysTextIntoFrames();
+    void turnsTextInCells();
+    void lineAboveThePageIsInItsMargin();
     void writesScansAsPages();
     void dropsCharactersThatXmlCannotHold();
     void malformedOutputIsNoticed();
@@ -296,6 +300,56 @@ void OfficeFlowTest::placesPictures()
     QCOMPARE(text.count(QLatin1String("text:anchor-type=\"as-char\"")), 1);
     QVERIFY(text.contains(QLatin1String("style:run-through=\"background\"")));
     QVERIFY(text.contains(QLatin1String("svg:y=\"400.00pt\"")));
+}
+
+void OfficeFlowTest::putsPicturesSideBySide()
+{
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {
+        {fixture::figure({72, 100, 272, 200}, model::FigureKind::Image), 0},
+        {fixture::figure({372, 110, 572, 210}, model::FigureKind::Image), 0}};
+    const QString text = flow(fixture::document({page}));
+    QCOMPARE(fixture::paragraphs(text).filter(QStringLiteral("\t")).size(), 1);
+    // Scaled by the width of the text, less half a point, divided by 500 points.
+    QCOMPARE(text.count(QLatin1String("svg:width=\"187.00pt\" svg:height=\"93.50pt\"")), 2);
+    QVERIFY(text.contains(QLatin1String("<style:tab-stop style:position=\"280.50pt\"")));
+}
+
+void OfficeFlowTest::putsSidewaysTextIntoFrames()
+{
+    model::Paragraph sideways = fixture::paragraph(QStringLiteral("reprinted"), {20, 100, 30, 200});
+    sideways.rotation = 270;
+    sideways.lines[0].rotation = 270;
+    sideways.lines[0].words[0].rotation = 270;
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {
+        fixture::block(sideways), fixture::block(fixture::paragraph(QStringLiteral("text"), {72, 72, 160, 84})),
+        fixture::block(fixture::paragraph(QStringLiteral("more"), {72, 90, 160, 102}))};
+    const QString text = flow(fixture::document({page}));
+    QCOMPARE(text.count(QLatin1String("<draw:text-box")), 1);
+    QCOMPARE(text.count(QLatin1String("reprinted")), 1);
+    QVERIFY(text.contains(QLatin1String("loext:writing-mode=\"bt-lr\"")));
+    QCOMPARE(flow(fixture::document({page}), flowForms::inOneColumn).count(QLatin1String("<draw:text-box")), 0);
+}
+
+void OfficeFlowTest::turnsTextInCells()
+{
+    model::Table table = fixture::table(2, {QStringLiteral("up"), QStringLiteral("across")});
+    table.cells[0].paragraphs[0].rotation = 270;
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {{table, 0}};
+    const QString text = flow(fixture::document({page}));
+    QCOMPARE(text.count(QLatin1String("loext:writing-mode=\"bt-lr\"")), 1);
+    QVERIFY(fixture::paragraphs(text).contains(QStringLiteral("across")));
+}
+
+// The line above the first paragraph lies above the page's content.
+void OfficeFlowTest::lineAboveThePageIsInItsMargin()
+{
+    model::Paragraph paragraph = fixture::paragraph(QStringLiteral("below the line"), {72, 72, 300, 84});
+    paragraph.borderAbove.line = {1, black};
+    paragraph.borderAbove.gap = 20;
+    QVERIFY(flow(oneBlock(paragraph)).contains(QLatin1String("fo:margin-top=\"51.40pt\"")));
 }
 
 void OfficeFlowTest::writesScansAsPages()

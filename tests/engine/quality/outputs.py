@@ -3,6 +3,7 @@
 import collections
 import concurrent.futures
 import os
+import signal
 import subprocess
 import tempfile
 
@@ -28,9 +29,15 @@ def convert(engine, document, extension, path):
 
 def _office(paths, form, folder):
     with tempfile.TemporaryDirectory(prefix="quorra-quality-") as profile:
-        subprocess.run(["soffice", "-env:UserInstallation=file://" + profile, "--headless", "--convert-to", form,
-                        "--outdir", folder, *paths], stdin=subprocess.DEVNULL, capture_output=True,
-                       timeout=PATIENCE, check=False)
+        command = ["soffice", "-env:UserInstallation=file://" + profile, "--headless", "--convert-to", form,
+                   "--outdir", folder, *paths]
+        with subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL, start_new_session=True) as process:
+            try:
+                process.wait(PATIENCE)
+            except subprocess.TimeoutExpired:
+                os.killpg(process.pid, signal.SIGKILL)  # the command is a script that starts LibreOffice
+                raise
 
 
 def through_office(paths, form, folder, workers):

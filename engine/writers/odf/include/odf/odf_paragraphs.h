@@ -57,8 +57,8 @@ QString borderText(const model::Border &border);
 /// Returns the attributes for the borders ruleAbove and ruleBelow.
 Attributes ruleBorders(const ParagraphPlace &place);
 
-/// Returns the definition of the paragraph's style; textStyle is the style of most of its text.
-Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place, const model::Style &textStyle);
+/// Returns the definition of the paragraph's style; textLook is that of most of its text (see textAttributes()).
+Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place, const Attributes &textLook);
 
 /// Returns the same for a paragraph without text, of emptyParagraphHeight.
 Element emptyParagraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &place);

@@ -9,6 +9,7 @@
 #include <QXmlStreamWriter>
 
 #include <map>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -45,6 +46,27 @@ QString officeFamily(const model::Style &style);
 /// Returns the attributes of style:text-properties for text of this style.
 Attributes textAttributes(const model::Style &style);
 
+/// A font at a size.
+struct SizedFont
+{
+    QString family;
+    bool bold = false;
+    bool italic = false;
+    long halfPoints = 0;
+
+    bool operator<(const SizedFont &other) const
+    {
+        return std::tie(family, bold, italic, halfPoints) <
+               std::tie(other.family, other.bold, other.italic, other.halfPoints);
+    }
+};
+
+/// Returns the font of the style at its size.
+SizedFont sizedFont(const model::Style &style);
+
+/// The factors by which characters are narrower than in the font; 1 for fonts that are not listed.
+using WidthScales = std::map<SizedFont, double>;
+
 /// An automatic style and how often it is used.
 struct UsedStyle
 {
@@ -64,6 +86,12 @@ public:
     QString text(const model::Style &style);
     QString graphic(const Attributes &properties, QLatin1String parent);
 
+    /// Sets the widths of characters for all text from now on.
+    void setWidthScales(WidthScales scales) { m_widthScales = std::move(scales); }
+
+    /// Returns textAttributes() of the style and the width of its characters.
+    Attributes textLook(const model::Style &style) const;
+
     /// Declares the font family of the style; must be called for every family that a style refers to.
     void noteFont(const model::Style &style);
 
@@ -79,6 +107,7 @@ private:
     std::vector<UsedStyle> m_styles;
     std::vector<Element> m_fonts;
     QSet<QString> m_families;
+    WidthScales m_widthScales;
 };
 
 } // namespace quorra::office

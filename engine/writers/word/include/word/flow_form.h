@@ -9,16 +9,20 @@ struct FlowForm
     bool columns = false; ///< columns are kept; otherwise their text becomes a single column
     bool pages = true;    ///< page breaks, headers and footers are kept
     bool places = true;   ///< indents and spacing are those of the page
+    bool frames = false;  ///< text beside the page's text that runs up or down gets frames
     /// Breaks before and after columns get empty paragraphs of their own. Without them they are lost in Word's newer
     /// formats; in the older format, such a paragraph fills a page.
     bool separateBreaks = true;
+    /// Columns may have margins of their own. In the older format, LibreOffice begins a page with such columns.
+    bool columnMargins = true;
 };
 
 /// The available forms, for Word's newer formats; see forOldWord().
 namespace flowForms {
 
 /// Pages with columns.
-inline constexpr FlowForm inColumns{.columns = true, .pages = true, .places = true, .separateBreaks = true};
+inline constexpr FlowForm inColumns{
+    .columns = true, .pages = true, .places = true, .frames = true, .separateBreaks = true};
 
 /// Pages with a single column.
 inline constexpr FlowForm inOneColumn{.columns = false, .pages = true, .places = true, .separateBreaks = true};
@@ -32,6 +36,7 @@ inline constexpr FlowForm continuous{.columns = false, .pages = false, .places =
 constexpr FlowForm forOldWord(FlowForm form)
 {
     form.separateBreaks = false;
+    form.columnMargins = false;
     return form;
 }
 
