@@ -2,7 +2,7 @@
 #include "module/tesseract_recogniser.h"
 
 #include "module/page_words.h"
-#include "module/pix.h"
+#include "module/preparation.h"
 
 #include <tesseract/baseapi.h>
 #include <tesseract/ocrclass.h>
@@ -17,9 +17,6 @@ extern "C" __attribute__((weak)) void omp_set_num_threads(int count); // NOLINT(
 namespace quorra::ocr {
 
 namespace {
-
-/// Assumed if the caller does not know: what most scanners use.
-constexpr double usualDotsPerInch = 300;
 
 std::chrono::nanoseconds threadTime()
 {
@@ -52,22 +49,29 @@ public:
     recognise(const Raster &picture, double dotsPerInch, const RecognitionLimits &limits) override
     {
         model::RecognisedPicture found;
-        if (picture.width < 1 || picture.rows < 1) {
-            return found;
-        }
         if (omp_set_num_threads != nullptr) {
             omp_set_num_threads(1); // pages are read in parallel; applies to the calling thread
         }
-        const PixPtr gray = grayPix(picture);
+        const PreparedPicture page = prepared(picture, dotsPerInch);
+        if (!page.gray) {
+            return found;
+        }
         m_api.SetPageSegMode(tesseract::PSM_AUTO);
-        m_api.SetImage(gray.get());
-        m_api.SetSourceResolution(static_cast<int>(std::lround(dotsPerInch > 0 ? dotsPerInch : usualDotsPerInch)));
+        m_api.SetImage(page.gray.get());
+        m_api.SetSourceResolution(static_cast<int>(std::lround(page.dotsPerInch)));
         std::chrono::nanoseconds end = threadTime() + limits.processorTime;
         tesseract::ETEXT_DESC monitor;
         monitor.cancel = isOver;
         monitor.cancel_this = &end;
         found.complete = m_api.Recognize(&monitor) == 0 && !isOver(&end, 0);
         found.words = pageWords(m_api);
+        for (model::RecognisedWord &word : found.words) {
+            word.box = page.frame.onGiven(word.box);
+            word.baseline = page.frame.baselineOnGiven(word.baseline);
+            word.size /= page.frame.scale;
+            word.rotation = page.frame.rotation;
+        }
+        found.skew = page.frame.skew;
         m_api.Clear();
         return found;
     }

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "module/preparation.h"
+
+#include "module/cleaning.h"
+#include "module/levelling.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace quorra::ocr {
+
+namespace {
+
+constexpr struct
+{
+    int leastSide = 24;                     ///< pixels: nothing can be read in a smaller picture
+    int largestSide = 20'000;               ///< pixels
+    std::int64_t largestArea = 250'000'000; ///< pixels
+    std::int64_t workArea = 40'000'000;     ///< pixels of the prepared picture: a page of A2 at 300 dots per inch
+    double target = 300;                    ///< dots per inch: Tesseract is made for it
+    double lowTarget = 250;          ///< dots per inch to which low resolutions are enlarged: more only costs time
+    double lowResolution = 140;      ///< dots per inch below which a picture is enlarged
+    double highResolution = 400;     ///< dots per inch above which a picture is reduced
+    double greatestScale = 4;        ///< enlarging more adds nothing
+    double leastDotsPerInch = 40;    ///< less than that is a wrong statement
+    double mostDotsPerInch = 2400;   ///< likewise
+    double usualHeight = 11.7;       ///< inches, of a page whose resolution is unknown
+    double analysisResolution = 220; ///< dots per inch above which half the resolution tells how the lines lie
+    double leastSkew = 0.15;         ///< degrees: Tesseract takes lines with less for level
+} thresholds;
+
+bool isReadable(const Raster &picture)
+{
+    return std::min(picture.width, picture.rows) >= thresholds.leastSide &&
+           std::max(picture.width, picture.rows) <= thresholds.largestSide &&
+           std::int64_t(picture.width) * picture.rows <= thresholds.largestArea;
+}
+
+double resolutionOf(const Raster &picture, double stated)
+{
+    if (stated >= thresholds.leastDotsPerInch && stated <= thresholds.mostDotsPerInch) {
+        return stated;
+    }
+    return std::max(picture.width, picture.rows) / thresholds.usualHeight;
+}
+
+/// By how much to enlarge or reduce the picture.
+double scaleFor(const Raster &picture, double dotsPerInch)
+{
+    double scale = 1;
+    if (dotsPerInch < thresholds.lowResolution) {
+        scale = std::min(thresholds.lowTarget / dotsPerInch, thresholds.greatestScale);
+    } else if (dotsPerInch > thresholds.highResolution) {
+        scale = thresholds.target / dotsPerInch;
+    }
+    const double area = double(picture.width) * picture.rows;
+    return std::min(scale, std::sqrt(double(thresholds.workArea) / area));
+}
+
+PixPtr scaled(PIX *gray, double scale)
+{
+    const auto factor = static_cast<float>(scale);
+    return checked(scale < 1 ? pixScaleAreaMap(gray, factor, factor) : pixScaleGrayLI(gray, factor, factor));
+}
+
+} // namespace
+
+PreparedPicture prepared(const Raster &picture, double dotsPerInch)
+{
+    PreparedPicture result;
+    if (!isReadable(picture)) {
+        return result;
+    }
+    const double resolution = resolutionOf(picture, dotsPerInch);
+    PageFrame &frame = result.frame;
+    frame.scale = scaleFor(picture, resolution);
+    result.dotsPerInch = resolution * frame.scale;
+
+    PixPtr gray = grayPix(picture);
+    invertDarkPage(gray.get());
+    if (PixPtr clean = withoutNoise(gray.get())) {
+        gray = std::move(clean);
+    }
+    if (frame.scale != 1) {
+        gray = scaled(gray.get(), frame.scale);
+    }
+    if (PixPtr even = withWhitePaper(gray.get())) {
+        gray = std::move(even);
+    }
+    frame.width = pixGetWidth(gray.get());
+    frame.height = pixGetHeight(gray.get());
+
+    result.darkScale = result.dotsPerInch > thresholds.analysisResolution ? 2 : 1;
+    const PixPtr half = result.darkScale == 2 ? checked(pixScaleAreaMap2(gray.get())) : checked(pixClone(gray.get()));
+    result.dark = checked(pixThresholdToBinary(half.get(), darkThreshold(half.get())));
+    const Lie lie = lieOf(result.dark.get());
+    if (std::abs(lie.skew) >= thresholds.leastSkew) {
+        frame.skew = lie.skew;
+        gray = turnedBy(gray.get(), -lie.skew);
+        result.dark = turnedBy(result.dark.get(), -lie.skew);
+    }
+    const Upright upright = uprightOf(result.dark.get(), lie.sideways);
+    result.upright = upright.certain;
+    frame.rotation = upright.rotation;
+    if (frame.rotation != 0) {
+        gray = quarterTurned(gray.get(), 360 - frame.rotation);
+        result.dark = quarterTurned(result.dark.get(), 360 - frame.rotation);
+    }
+    result.gray = std::move(gray);
+    return result;
+}
+
+} // namespace quorra::ocr
