@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 #include <vector>
 
@@ -227,7 +228,8 @@ PixPtr withoutNoise(PIX *gray)
     if (noise.specks >= thresholds.specks) {
         removeSpecks(clean.get());
     }
-    for (double grain = noise.grain; grain >= thresholds.grain; grain -= thresholds.grainPerPass) {
+    const int passes = static_cast<int>(std::ceil((noise.grain - thresholds.grain) / thresholds.grainPerPass));
+    for (int i = 0; i < passes; ++i) {
         smooth(clean.get());
     }
     return clean;

@@ -11,21 +11,21 @@ namespace {
 
 constexpr struct
 {
-    float widestSkew = 11;     ///< degrees: more than scanners with a feeder skew pages
-    float sweepStep = 1;       ///< degrees between angles that are tried at first
-    float finestStep = 0.01F;  ///< degrees to which the angle is found
-    int sweepReduction = 4;    ///< of the picture, for trying angles
-    int searchReduction = 2;   ///< of the picture, for the best angle
-    float certainty = 3;       ///< the best angle's score is this many times that of the worst if there are lines
-    double sidewaysLead = 1.5; ///< lines run sideways only if that is this many times as clear
-    float upConfidence = 4;    ///< standard deviations by which ascenders outnumber descenders
+    float widestSkew = 11;    ///< degrees: more than scanners with a feeder skew pages
+    float sweepStep = 1;      ///< degrees between angles that are tried at first
+    float finestStep = 0.01F; ///< degrees to which the angle is found
+    int sweepReduction = 4;   ///< of the picture, for trying angles
+    int searchReduction = 2;  ///< of the picture, for the best angle
+    float certainty = 3;      ///< the best angle's score is this many times that of the worst if there are lines
+    double sidewaysLead = 2;  ///< lines run sideways only if that direction scores this many times as much
+    float upConfidence = 4;   ///< standard deviations by which ascenders outnumber descenders
 } thresholds;
 
 struct Sweep
 {
     float angle = 0;
     float confidence = 0;
-    float score = 0;
+    float score = 0; ///< how much the number of dark pixels differs from row to row
 };
 
 Sweep sweep(PIX *dark)
@@ -47,7 +47,7 @@ Lie lieOf(PIX *dark)
     const PixPtr turned(pixRotateOrth(dark, 1));
     const Sweep upended = turned ? sweep(turned.get()) : Sweep();
     Lie lie;
-    lie.sideways = upended.confidence > thresholds.sidewaysLead * level.confidence;
+    lie.sideways = upended.score > thresholds.sidewaysLead * level.score;
     const Sweep &best = lie.sideways ? upended : level;
     lie.certain = best.confidence >= thresholds.certainty;
     // The library gives the angle that makes the picture level.

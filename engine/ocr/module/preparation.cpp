@@ -64,7 +64,21 @@ PixPtr scaled(PIX *gray, double scale)
     return checked(scale < 1 ? pixScaleAreaMap(gray, factor, factor) : pixScaleGrayLI(gray, factor, factor));
 }
 
+/// Sets what is derived from the gray picture.
+void reduce(PreparedPicture &page, PIX *gray)
+{
+    page.small = checked(page.reduction == 2 ? pixScaleAreaMap2(gray) : pixClone(gray));
+    page.dark = checked(pixThresholdToBinary(page.small.get(), darkThreshold(page.small.get())));
+}
+
 } // namespace
+
+void turnUpsideDown(PreparedPicture &page)
+{
+    page.gray = quarterTurned(page.gray.get(), 180);
+    page.frame.rotation = (page.frame.rotation + 180) % 360;
+    reduce(page, page.gray.get());
+}
 
 PreparedPicture prepared(const Raster &picture, double dotsPerInch)
 {
@@ -88,24 +102,24 @@ PreparedPicture prepared(const Raster &picture, double dotsPerInch)
     if (PixPtr even = withWhitePaper(gray.get())) {
         gray = std::move(even);
     }
-    frame.width = pixGetWidth(gray.get());
-    frame.height = pixGetHeight(gray.get());
 
-    result.darkScale = result.dotsPerInch > thresholds.analysisResolution ? 2 : 1;
-    const PixPtr half = result.darkScale == 2 ? checked(pixScaleAreaMap2(gray.get())) : checked(pixClone(gray.get()));
-    result.dark = checked(pixThresholdToBinary(half.get(), darkThreshold(half.get())));
+    result.reduction = result.dotsPerInch > thresholds.analysisResolution ? 2 : 1;
+    reduce(result, gray.get());
+    frame.scale /= result.reduction;
+    frame.width = pixGetWidth(result.small.get());
+    frame.height = pixGetHeight(result.small.get());
     const Lie lie = lieOf(result.dark.get());
     if (std::abs(lie.skew) >= thresholds.leastSkew) {
         frame.skew = lie.skew;
         gray = turnedBy(gray.get(), -lie.skew);
-        result.dark = turnedBy(result.dark.get(), -lie.skew);
+        reduce(result, gray.get());
     }
     const Upright upright = uprightOf(result.dark.get(), lie.sideways);
     result.upright = upright.certain;
     frame.rotation = upright.rotation;
     if (frame.rotation != 0) {
         gray = quarterTurned(gray.get(), 360 - frame.rotation);
-        result.dark = quarterTurned(result.dark.get(), 360 - frame.rotation);
+        reduce(result, gray.get());
     }
     result.gray = std::move(gray);
     return result;
