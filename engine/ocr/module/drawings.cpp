@@ -27,6 +27,7 @@ constexpr struct
     double hole = 0.3;            ///< inches, of the bright text on a dark area
     double leastDark = 0.15;      ///< inches, for each side of a dark area
     double rectangle = 0.9;       ///< part of its box that a dark rectangle fills
+    double covered = 0.6;         ///< part of the box of a photograph that its dark parts cover
     double words = 0.1;           ///< part of a drawing that its labels cover; letters and frames have more
 } thresholds;
 
@@ -128,6 +129,18 @@ std::vector<Box> joined(std::vector<Box> boxes, double apart)
     return boxes;
 }
 
+/// The part of the box that is black.
+double coverage(PIX *dark, const Box &box)
+{
+    BOX *place = boxCreate(
+        static_cast<int>(box.left), static_cast<int>(box.top), static_cast<int>(box.width()),
+        static_cast<int>(box.height()));
+    l_int32 count = 0;
+    pixCountPixelsInRect(dark, place, &count, nullptr);
+    boxDestroy(&place);
+    return count / std::max(1.0, box.area());
+}
+
 bool isLarge(const Box &box, double dotsPerInch)
 {
     return std::min(box.width(), box.height()) >= thresholds.leastFigure * dotsPerInch;
@@ -165,7 +178,8 @@ std::vector<Box> photographs(PIX *dark, PIX *gray, double dotsPerInch)
     }
     std::vector<Box> boxes = joined(connectedBoxes(mask.get()), thresholds.apart * dotsPerInch);
     const auto isNone = [&](const Box &box) {
-        return !isLarge(box, dotsPerInch) || midtones(gray, box) < thresholds.midtones;
+        return !isLarge(box, dotsPerInch) || coverage(mask.get(), box) < thresholds.covered ||
+               midtones(gray, box) < thresholds.midtones;
     };
     boxes.erase(std::remove_if(boxes.begin(), boxes.end(), isNone), boxes.end());
     return boxes;
@@ -190,13 +204,7 @@ std::vector<Box> darkBoxes(PIX *dark, double dotsPerInch, const std::vector<Box>
             })) {
             return true;
         }
-        BOX *place = boxCreate(
-            static_cast<int>(box.left), static_cast<int>(box.top), static_cast<int>(box.width()),
-            static_cast<int>(box.height()));
-        l_int32 count = 0;
-        pixCountPixelsInRect(filled.get(), place, &count, nullptr);
-        boxDestroy(&place);
-        return count < thresholds.rectangle * box.area();
+        return coverage(filled.get(), box) < thresholds.rectangle;
     };
     boxes.erase(std::remove_if(boxes.begin(), boxes.end(), isNone), boxes.end());
     return boxes;

@@ -3,6 +3,7 @@
 
 #include <tesseract/resultiterator.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace quorra::ocr {
@@ -11,6 +12,9 @@ namespace {
 
 /// Height from the lowest descender to the highest ascender, as a part of the em: a mean of common text fonts.
 constexpr double rowHeightPerEm = 0.9;
+
+/// Part of a type size by which the heights of its lines differ.
+constexpr double sizeTolerance = 0.08;
 
 model::RecognisedWord wordAt(const tesseract::ResultIterator &it)
 {
@@ -42,6 +46,28 @@ model::RecognisedWord wordAt(const tesseract::ResultIterator &it)
 }
 
 } // namespace
+
+void evenSizes(std::vector<model::RecognisedWord> &words)
+{
+    std::vector<model::RecognisedWord *> sorted;
+    sorted.reserve(words.size());
+    for (model::RecognisedWord &word : words) {
+        sorted.push_back(&word);
+    }
+    std::sort(sorted.begin(), sorted.end(), [](const auto *a, const auto *b) { return a->size < b->size; });
+    for (std::size_t first = 0; first < sorted.size();) {
+        std::size_t end = first;
+        double sum = 0;
+        while (end < sorted.size() && sorted[end]->size <= sorted[first]->size * (1 + sizeTolerance)) {
+            sum += sorted[end]->size;
+            ++end;
+        }
+        const double mean = sum / double(end - first);
+        for (; first < end; ++first) {
+            sorted[first]->size = mean;
+        }
+    }
+}
 
 std::vector<model::RecognisedWord> pageWords(tesseract::TessBaseAPI &api)
 {

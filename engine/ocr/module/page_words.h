@@ -9,6 +9,10 @@
 
 namespace quorra::ocr {
 
+/// Makes type sizes equal that differ by less than what can be measured in a line: lines without ascenders or
+/// descenders seem smaller or larger.
+void evenSizes(std::vector<model::RecognisedWord> &words);
+
 /// Returns the words that were recognised, in reading order, in pixels of the picture that was recognised.
 std::vector<model::RecognisedWord> pageWords(tesseract::TessBaseAPI &api);
 

@@ -168,6 +168,7 @@ private:
         }
         found.figures.insert(found.figures.end(), drawings.begin(), drawings.end());
         keepPlausible(found.words, found.rules, found.figures);
+        evenSizes(found.words);
         const auto isOnFigure = [&](const model::Rule &rule) {
             return std::any_of(found.figures.begin(), found.figures.end(), [&](const Box &figure) {
                 const Box around = expanded(figure, 2);
