@@ -10,15 +10,32 @@ namespace {
 
 constexpr struct
 {
-    double word = 0.25; ///< confidence below which a word is rubbish
-    double line = 0.45; ///< mean confidence of the words of a line below which all of them are
-    double sign = 0.6;  ///< confidence below which a word without letters and digits is rubbish
-    double on = 0.5;    ///< part of a word that is on a figure if it belongs to that
+    double word = 0.25;   ///< confidence below which a word is rubbish
+    double line = 0.45;   ///< mean confidence of the words of a line below which all of them are
+    double sign = 0.6;    ///< confidence below which a word without letters and digits is rubbish
+    double on = 0.5;      ///< part of a word that is on a figure if it belongs to that
+    double largeSign = 3; ///< heights of the usual word: larger signs are parts of drawings
 } thresholds;
 
 int letters(const QString &text)
 {
     return static_cast<int>(std::count_if(text.begin(), text.end(), [](QChar c) { return c.isLetterOrNumber(); }));
+}
+
+/// The median of their heights; 0 if there are no words.
+double usualHeight(const std::vector<model::RecognisedWord> &words)
+{
+    if (words.empty()) {
+        return 0;
+    }
+    std::vector<double> heights;
+    heights.reserve(words.size());
+    for (const model::RecognisedWord &word : words) {
+        heights.push_back(word.box.height());
+    }
+    const auto middle = heights.begin() + static_cast<std::ptrdiff_t>(heights.size() / 2);
+    std::nth_element(heights.begin(), middle, heights.end());
+    return *middle;
 }
 
 bool isOn(const Box &word, const Box &place)
@@ -64,10 +81,13 @@ void keepPlausible(
         lines[word.line].sum += word.confidence;
         ++lines[word.line].words;
     }
+    const double height = usualHeight(words);
     const auto isRubbish = [&](const model::RecognisedWord &word) {
         const Line &line = lines[word.line];
         return word.confidence < thresholds.word || line.sum < thresholds.line * line.words ||
-               (letters(word.text) == 0 && word.confidence < thresholds.sign) || isRule(word, rules) ||
+               (letters(word.text) == 0 &&
+                (word.confidence < thresholds.sign || word.box.height() > thresholds.largeSign * height)) ||
+               isRule(word, rules) ||
                std::any_of(figures.begin(), figures.end(), [&](const Box &box) { return isOn(word.box, box); });
     };
     words.erase(std::remove_if(words.begin(), words.end(), isRubbish), words.end());

@@ -183,6 +183,7 @@ void OcrDrawingsTest::keepsPlausibleWords()
         word(QStringLiteral("faint"), {0, 40, 40, 50}, 0.4, 2),
         word(QStringLiteral("dirt"), {50, 40, 90, 50}, 0.35, 2),
         word(QStringLiteral("—"), {0, 98, 40, 102}, 0.9, 3),
+        word(QStringLiteral("("), {0, 200, 100, 240}, 0.92, 5),
         word(QStringLiteral("sign"), {500, 500, 540, 510}, 0.9, 4),
     };
     keepPlausible(words, {rule}, {{490, 490, 600, 600}});
