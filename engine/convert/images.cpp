@@ -41,16 +41,16 @@ Plan makePlan(const Job &job)
 {
     Plan plan{job, outputExtension(job.options.outputPath), ColourDepth::Colour, {}};
     plan.depth = pictureDepth(job.options, plan.extension);
-    double asked = 0;
+    double requested = 0;
     double usual = 0;
     for (int page = job.firstPage; page <= job.lastPage; ++page) {
         const PageSize points = job.file.pageSize(page);
         const PictureSize size = pictureSize(job.options, page, points.width, points.height);
-        asked += static_cast<double>(size.width) * size.height;
+        requested += static_cast<double>(size.width) * size.height;
         usual += points.width * points.height * pictureResolution * pictureResolution / (pointsPerInch * pointsPerInch);
         plan.sizes.push_back(size);
     }
-    limitTime(job, asked / usual);
+    limitTime(job, requested / usual);
     return plan;
 }
 
