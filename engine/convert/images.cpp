@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/units.h"
 #include "cli/naming.h"
 #include "convert/convert.h"
 #include "image/picture_writer.h"
@@ -18,7 +19,6 @@ namespace {
 
 /// Number of pixels in memory, shared by all threads; larger pictures are rendered in slices.
 constexpr std::int64_t mostPixels = 16'000'000;
-constexpr double pointsPerInch = 72;
 
 /// Those of the page, of a transparency group on it, and of the mask of the group.
 constexpr std::uint64_t bitmapsInDrawing = 3;
