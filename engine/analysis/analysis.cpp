@@ -12,6 +12,8 @@
 #include "recognised_text.h"
 #include "sanitised_page.h"
 #include "semantics/captions.h"
+#include "semantics/contents.h"
+#include "semantics/page_fields.h"
 #include "semantics/page_headers.h"
 #include "semantics/roles.h"
 #include "tables/table_continuations.h"
@@ -127,6 +129,7 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach, cons
         takeStyles(page, document.styles);
     }
     assignRoles(document);
+    findContents(document);
     markContinuations(document);
     markTableContinuations(document);
     keepHyphensOfCompounds(document);
@@ -141,6 +144,7 @@ Document buildDocument(std::vector<RawPage> pages, const PageLoop &forEach, cons
         giveAlternatives(page, alternatives[i]);
         page.comments = std::move(comments[i]);
     }
+    findPageFields(document);
     return document;
 }
 

@@ -63,7 +63,7 @@ void freezeHeads(const std::string &path, const std::vector<int> &headRows)
 /// Returns the form of flowing text as the file format needs it.
 FlowForm formFor(const FlowForm &form, const std::string &extension)
 {
-    return extension == ".doc" ? forOldWord(form) : form;
+    return extension == ".doc" ? forOldWord(form) : extension == ".rtf" ? forRichText(form) : form;
 }
 
 /// Reads and analyses the pages, has write(file, document, pictures) create a flat ODF file, exports it, and has

@@ -2,7 +2,6 @@
 #include "paper_size.h"
 
 #include "base/failure.h"
-#include "base/units.h"
 
 #include <cmath>
 
@@ -10,6 +9,7 @@ namespace quorra {
 
 namespace {
 
+constexpr double pointsPerInch = 72;
 constexpr double largestPaper = 14400; ///< points; 200 inches
 
 int points(double length)

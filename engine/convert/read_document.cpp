@@ -3,6 +3,7 @@
 
 #include "analysis/analysis.h"
 #include "analysis/headings.h"
+#include "analysis/languages.h"
 #include "pdf/file_facts.h"
 #include "pdf/page_reading.h"
 #include "pdf/structure.h"
@@ -18,6 +19,7 @@ model::Document readDocument(const Job &job, PdfFilePool &pool, Collect what)
     if (what == Collect::Everything) {
         document.facts = readFileFacts(*pool.borrow());
         useOutline(document);
+        findLanguages(document);
     }
     return document;
 }

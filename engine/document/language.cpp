@@ -3,95 +3,56 @@
 
 #include "document/page_walk.h"
 #include "document/text.h"
+#include "document/text_language.h"
 
-#include <QChar>
+#include <algorithm>
+#include <map>
+#include <utility>
 
 namespace quorra::model {
 
 namespace {
 
-struct Thresholds
+/// How much text tells the language of a document: the beginnings of its first paragraphs.
+struct Sample
 {
-    int minShare = 40; ///< percent of the letters; names, addresses and commands are Latin in any document
-    int minKana = 5;   ///< percent of ideographs and kana; Japanese text without kana does not exist
+    std::size_t paragraphs = 1'000;
+    qsizetype length = 200;    ///< characters of a paragraph
+    double minShare = 0.4;     ///< of the sample in the language; names, numbers and code are in none
+    double minJapanese = 0.05; ///< of the text in ideographs; short Japanese texts do without kana
 };
-constexpr Thresholds thresholds;
-
-struct LetterCount
-{
-    int all = 0;
-    int han = 0;
-    int kana = 0;
-    int hangul = 0;
-    int hebrew = 0;
-    int greek = 0;
-    int thai = 0;
-};
-
-void count(LetterCount &letters, QChar c)
-{
-    if (!c.isLetter()) {
-        return;
-    }
-    ++letters.all;
-    switch (c.script()) {
-    case QChar::Script_Han:
-        ++letters.han;
-        break;
-    case QChar::Script_Hiragana:
-    case QChar::Script_Katakana:
-        ++letters.kana;
-        break;
-    case QChar::Script_Hangul:
-        ++letters.hangul;
-        break;
-    case QChar::Script_Hebrew:
-        ++letters.hebrew;
-        break;
-    case QChar::Script_Greek:
-        ++letters.greek;
-        break;
-    case QChar::Script_Thai:
-        ++letters.thai;
-        break;
-    default:
-        break;
-    }
-}
-
-/// Returns the language of the script of most letters; empty if many languages use it.
-QString languageByScript(const Document &document)
-{
-    LetterCount letters;
-    for (const Page &page : document.pages) {
-        forEachParagraph(page, [&letters](const Paragraph &paragraph) {
-            const QString text = plainText(paragraph);
-            for (const QChar c : text) {
-                count(letters, c);
-            }
-        });
-    }
-    const auto isMain = [&letters](int some) { return 100 * some > thresholds.minShare * letters.all; };
-    if (isMain(letters.hangul)) {
-        return QStringLiteral("ko");
-    }
-    const int ideographs = letters.han + letters.kana;
-    if (isMain(ideographs)) {
-        return 100 * letters.kana > thresholds.minKana * ideographs ? QStringLiteral("ja") : QStringLiteral("zh");
-    }
-    return isMain(letters.hebrew)  ? QStringLiteral("he")
-           : isMain(letters.greek) ? QStringLiteral("el")
-           : isMain(letters.thai)  ? QStringLiteral("th")
-                                   : QString();
-}
+constexpr Sample sample;
 
 } // namespace
 
 QString languageOf(const Document &document)
 {
-    const QString byScript = languageByScript(document);
+    std::map<QString, qsizetype> letters; // by language
+    std::size_t paragraphs = 0;
+    for (const Page &page : document.pages) {
+        forEachParagraph(page, [&](const Paragraph &paragraph) {
+            if (++paragraphs <= sample.paragraphs) {
+                const QString text = plainText(paragraph).left(sample.length);
+                letters[languageOfText(text, document.facts.language)] += text.size();
+            }
+        });
+    }
+    qsizetype all = 0;
+    for (const auto &[language, count] : letters) {
+        all += count;
+    }
+    letters.erase(QString());
+    qsizetype &japanese = letters[QStringLiteral("ja")];
+    qsizetype &chinese = letters[QStringLiteral("zh")];
+    if (static_cast<double>(japanese) > sample.minJapanese * static_cast<double>(japanese + chinese)) {
+        japanese += std::exchange(chinese, 0);
+    }
+    const auto most = std::max_element(
+        letters.begin(), letters.end(), [](const auto &a, const auto &b) { return a.second < b.second; });
+    const bool clear = static_cast<double>(most->second) > sample.minShare * static_cast<double>(all);
+    const QString byText = clear ? most->first : QString();
     const QString &stated = document.facts.language;
-    return byScript.isEmpty() || stated.section(QLatin1Char('-'), 0, 0) == byScript ? stated : byScript;
+    return byText.isEmpty() || isSameLanguage(stated, byText) ? stated : byText;
 }
 
 } // namespace quorra::model

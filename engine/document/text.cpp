@@ -19,13 +19,13 @@ public:
     void add(const Word &word)
     {
         const bool same = !m_runs.empty() && m_runs.back().shift == word.shift && m_runs.back().link == word.link &&
-                          m_runs.back().note == word.note &&
+                          m_runs.back().note == word.note && m_runs.back().field == word.field &&
                           (m_style == &*word.style || m_runs.back().style == *word.style);
         m_style = &*word.style;
         if (same) {
             m_runs.back().text += word.text;
         } else {
-            m_runs.push_back({word.text, *word.style, word.shift, word.link, word.note});
+            m_runs.push_back({word.text, *word.style, word.shift, word.link, word.note, word.field});
         }
     }
 

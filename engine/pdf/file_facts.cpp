@@ -9,8 +9,6 @@
 #include <Object.h>
 #include <XRef.h>
 
-#include <QRegularExpression>
-#include <QStringList>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -43,25 +41,6 @@ QString realText(QString text)
     });
     const bool letters = std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetterOrNumber(); });
     return placeholder || !letters ? QString() : text;
-}
-
-/// A language tag in its usual spelling; empty for what is none.
-QString languageTag(const QString &text)
-{
-    static const QRegularExpression tag(QStringLiteral("^[A-Za-z]{2,3}(?:-[A-Za-z0-9]{1,8})*$"));
-    QString language = text.trimmed().replace(QLatin1Char('_'), QLatin1Char('-'));
-    if (!tag.match(language).hasMatch()) {
-        return {};
-    }
-    QStringList parts = language.split(QLatin1Char('-'));
-    parts.front() = parts.front().toLower();
-    for (qsizetype i = 1; i < parts.size(); ++i) {
-        constexpr qsizetype regionLength = 2;
-        parts[i] = parts[i].size() == regionLength ? parts[i].toUpper() : parts[i];
-    }
-    return parts.front() == QLatin1String("und") || parts.front() == QLatin1String("zxx")
-               ? QString()
-               : parts.join(QLatin1Char('-'));
 }
 
 /// The title that the metadata stream has, for files without one in their information dictionary.

@@ -31,6 +31,7 @@ struct Limits
     int roleSteps = 16;               ///< from a role of the file's own to a standard one
     int span = 1'000;                 ///< rows or columns of a cell
     qsizetype alternative = 5'000;    ///< characters
+    qsizetype language = 35;          ///< characters of a language tag
 };
 
 constexpr Limits limits;
@@ -215,6 +216,9 @@ private:
             setSpans(tag, element);
         } else if (tag.role == TagRole::Figure || tag.role == TagRole::Formula) {
             tag.alternative = textString(element.dictLookup("Alt")).simplified().left(limits.alternative);
+        }
+        if (const Object language = element.dictLookup("Lang"); language.isString()) {
+            tag.language = languageTag(textString(language).left(limits.language));
         }
         const int place = static_cast<int>(m_structure.tree.tags.size());
         const int page = pageOf(element, parent.page);

@@ -4,7 +4,9 @@
 #include <Object.h>
 #include <PDFDocEncoding.h>
 
+#include <QRegularExpression>
 #include <QStringDecoder>
+#include <QStringList>
 
 namespace quorra {
 
@@ -61,6 +63,24 @@ QString textString(const std::string &bytes)
 QString textString(const Object &object)
 {
     return object.isString() ? textString(object.getString()->toStr()) : QString();
+}
+
+QString languageTag(const QString &text)
+{
+    static const QRegularExpression tag(QStringLiteral("^[A-Za-z]{2,3}(?:-[A-Za-z0-9]{1,8})*$"));
+    QString language = text.trimmed().replace(QLatin1Char('_'), QLatin1Char('-'));
+    if (!tag.match(language).hasMatch()) {
+        return {};
+    }
+    QStringList parts = language.split(QLatin1Char('-'));
+    parts.front() = parts.front().toLower();
+    for (qsizetype i = 1; i < parts.size(); ++i) {
+        constexpr qsizetype regionLength = 2;
+        parts[i] = parts[i].size() == regionLength ? parts[i].toUpper() : parts[i];
+    }
+    return parts.front() == QLatin1String("und") || parts.front() == QLatin1String("zxx")
+               ? QString()
+               : parts.join(QLatin1Char('-'));
 }
 
 } // namespace quorra

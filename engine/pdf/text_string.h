@@ -16,4 +16,7 @@ QString textString(const std::string &bytes);
 /// The same for an object; empty for one that is no string.
 QString textString(const Object &object);
 
+/// Returns the language tag in its usual spelling; empty for what is none.
+QString languageTag(const QString &text);
+
 } // namespace quorra

@@ -53,6 +53,36 @@ class AnalysisListsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void lettersAndNumbersOfPartsAreMarksBeforeWideGaps_data()
+    {
+        QTest::addColumn<QString>("mark");
+        QTest::addColumn<double>("gap");
+        QTest::addColumn<bool>("isItem");
+        for (const char *mark : {"o", "1.1", "2.10.3", "A.3"}) {
+            QTest::addRow("%s", mark) << QString::fromLatin1(mark) << 12.0 << true;
+            QTest::addRow("%s in a text", mark) << QString::fromLatin1(mark) << 2.5 << false;
+        }
+        QTest::newRow("a word") << QStringLiteral("a") << 12.0 << false;
+        QTest::newRow("a number") << QStringLiteral("2024") << 12.0 << false;
+    }
+
+    void lettersAndNumbersOfPartsAreMarksBeforeWideGaps()
+    {
+        QFETCH(QString, mark);
+        QFETCH(double, gap);
+        PageMaker page;
+        double y = page.lines(60, 80, prose(2)) + 24;
+        for (int i = 0; i < 2; ++i, y += 14) {
+            const double end = page.text(80, y, mark) - 2.5; // without the space after it
+            page.text(end + gap, y, QStringLiteral("An entry of a list, which is not long."));
+        }
+        int items = 0;
+        forEachParagraph(
+            page.build().pages.front(), [&items](const Paragraph &paragraph) { items += paragraph.listItem ? 1 : 0; });
+        QFETCH(bool, isItem);
+        QCOMPARE(items, isItem ? 2 : 0);
+    }
+
     void findsLevels_data()
     {
         QTest::addColumn<std::vector<Item>>("items");

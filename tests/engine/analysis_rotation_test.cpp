@@ -24,26 +24,26 @@ class AnalysisRotationTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cellsLieInTheirTables_data() { rotations(); }
+    void cellsLieInTheirTables_data() { turns(); }
     void cellsLieInTheirTables();
-    void edgesLieOnTheirTable_data() { rotations(); }
+    void edgesLieOnTheirTable_data() { turns(); }
     void edgesLieOnTheirTable();
-    void scalingMovesEdgesWithTheirTable_data() { rotations(); }
+    void scalingMovesEdgesWithTheirTable_data() { turns(); }
     void scalingMovesEdgesWithTheirTable();
-    void scalingKeepsIndentsAlongTheText_data() { rotations(); }
+    void scalingKeepsIndentsAlongTheText_data() { turns(); }
     void scalingKeepsIndentsAlongTheText();
-    void xmlNestsItsBoxes_data() { rotations(); }
+    void xmlNestsItsBoxes_data() { turns(); }
     void xmlNestsItsBoxes();
-    void htmlAlignsCellsAsUpright_data() { rotations(); }
+    void htmlAlignsCellsAsUpright_data() { turns(); }
     void htmlAlignsCellsAsUpright();
-    void wordIndentsCellsAsUpright_data() { rotations(); }
+    void wordIndentsCellsAsUpright_data() { turns(); }
     void wordIndentsCellsAsUpright();
-    void slidesDrawTheGridAroundItsTable_data() { rotations(); }
+    void slidesDrawTheGridAroundItsTable_data() { turns(); }
     void slidesDrawTheGridAroundItsTable();
     void inverseUndoesARotation();
 
 private:
-    static void rotations();
+    static void turns();
 };
 
 namespace {
@@ -123,7 +123,7 @@ Document scaled(Document document, double scaleX, double scaleY)
 
 } // namespace
 
-void AnalysisRotationTest::rotations()
+void AnalysisRotationTest::turns()
 {
     QTest::addColumn<int>("rotation");
     QTest::addColumn<unsigned>("seed");

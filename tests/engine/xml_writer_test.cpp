@@ -51,6 +51,25 @@ private Q_SLOTS:
                     .contains(QStringLiteral("role=\"listitem\" level=\"2\" mark=\"b)\" ordered=\"yes\">")));
     }
 
+    void writesEntriesOfContents()
+    {
+        DocumentMaker maker;
+        Paragraph entry = maker.paragraph(QStringLiteral("Cables iv"));
+        entry.contentsEntry = ContentsEntry{1, QStringLiteral("iv"), QStringLiteral("#page=6")};
+        maker.add({entry, 0});
+        QVERIFY(xmlOf(maker.document())
+                    .contains(QStringLiteral(" role=\"body\" contents=\"2\" page=\"iv\" target=\"#page=6\">")));
+    }
+
+    void writesLanguages()
+    {
+        DocumentMaker maker;
+        Paragraph foreign = maker.paragraph(QStringLiteral("ord"));
+        foreign.language = QStringLiteral("sv-SE");
+        maker.add({foreign, 0});
+        QVERIFY(xmlOf(maker.document()).contains(QStringLiteral(" language=\"sv-SE\"")));
+    }
+
     void writesNotes()
     {
         DocumentMaker maker;

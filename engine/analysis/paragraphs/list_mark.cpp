@@ -3,6 +3,8 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace quorra::model {
 
 bool isBullet(const QString &text)
@@ -26,6 +28,21 @@ bool isOrdinalMark(const QString &text)
     static const QRegularExpression mark(QStringLiteral(
         "^(?:\\d{1,3}[.)]|\\(\\d{1,3}\\)|\\[\\d{1,3}\\]|[A-Za-z][.)]|\\([A-Za-z]\\)|\\(?[ivxIVX]{1,5}[.)])$"));
     return mark.match(text).hasMatch();
+}
+
+bool isSpacedMark(const QString &text)
+{
+    static const QRegularExpression mark(QStringLiteral("^(?:o|(?:\\d{1,3}|[A-Z])(?:\\.\\d{1,3}){1,5}[.)]?)$"));
+    return mark.match(text).hasMatch();
+}
+
+bool isSpaced(const std::vector<double> &gaps, double size)
+{
+    using listMarks::thresholds;
+    return !gaps.empty() && gaps.front() >= thresholds.minSpacedGap * size &&
+           std::all_of(gaps.begin() + 1, gaps.end(), [&gaps](double gap) {
+               return gaps.front() >= thresholds.minGapRatio * gap;
+           });
 }
 
 } // namespace quorra::model

@@ -147,6 +147,22 @@ bool ParagraphBreaks::differsInStyle(std::size_t a, std::size_t b) const
            x.fixedPitch != y.fixedPitch || (x.rightToLeft != y.rightToLeft && longEnough);
 }
 
+bool ParagraphBreaks::beginsWithMark(std::size_t i) const
+{
+    const std::vector<const RawWord *> &words = m_lines[i].words;
+    if (isListMark(firstWord(i))) {
+        return true;
+    }
+    if (m_styles[i].rightToLeft || !isSpacedMark(words.front()->text)) {
+        return false;
+    }
+    std::vector<double> gaps;
+    for (std::size_t word = 1; word < words.size(); ++word) {
+        gaps.push_back(words[word]->box.left - words[word - 1]->box.right);
+    }
+    return isSpaced(gaps, words.front()->style.size);
+}
+
 bool ParagraphBreaks::isListStart(std::size_t first, std::size_t next) const
 {
     const TextLine &line = m_lines[next];
@@ -154,12 +170,12 @@ bool ParagraphBreaks::isListStart(std::size_t first, std::size_t next) const
         return false;
     }
     const QString mark = line.words.front()->text;
-    if (!isListMark(mark)) {
+    if (!beginsWithMark(next)) {
         return false;
     }
-    const bool afterItem = isListMark(firstWord(first));
+    const bool afterItem = beginsWithMark(first);
     const bool outdented = line.box.left < m_lines[next - 1].box.left - thresholds.minIndent * line.size;
-    if (isBullet(mark) && !isDashBullet(mark)) {
+    if ((isBullet(mark) && !isDashBullet(mark)) || isLetterBullet(mark)) {
         return true;
     }
     return (afterItem && next - 1 == first) || outdented || endsSentence(lastWord(next - 1)) ||
@@ -191,8 +207,8 @@ bool ParagraphBreaks::isIndentBreak(std::size_t first, std::size_t next) const
         return true;
     }
     // The second line is indented: so are entries with a hanging indent; a new paragraph is outdented again.
-    if (isListMark(firstWord(first)) || next + 1 >= m_lines.size()) {
-        return !isListMark(firstWord(first)) && endsSentence(lastWord(before));
+    if (beginsWithMark(first) || next + 1 >= m_lines.size()) {
+        return !beginsWithMark(first) && endsSentence(lastWord(before));
     }
     const double after = m_lines[next + 1].box.left - m_lines[next].box.left;
     return after < -minIndent && endsSentence(lastWord(before));

@@ -71,6 +71,7 @@ private:
 
     static LineStyle styleOf(const TextLine &line);
     bool differsInStyle(std::size_t a, std::size_t b) const;
+    bool beginsWithMark(std::size_t i) const;
     bool isListStart(std::size_t first, std::size_t next) const;
     bool isIndentBreak(std::size_t first, std::size_t next) const;
     bool isCentred(std::size_t i) const;

@@ -144,15 +144,33 @@ void setTabStops(
     paragraph.firstLineIndent = paragraph.lines.front().box.left - left;
 }
 
+// Whether the first word of the line is a list mark, with others after it.
+bool beginsWithMark(const Line &line, bool rightToLeft)
+{
+    const std::vector<Word> &words = line.words;
+    if (words.size() < 2 || !words.front().spaceAfter()) {
+        return false;
+    }
+    const QString &mark = words.front().text;
+    if (isListMark(mark) || rightToLeft || !isSpacedMark(mark)) {
+        return isListMark(mark);
+    }
+    std::vector<double> gaps;
+    for (std::size_t i = 1; i < words.size(); ++i) {
+        gaps.push_back(words[i].box.left - words[i - 1].box.right);
+    }
+    return isSpaced(gaps, words.front().style->size);
+}
+
 // Makes the paragraph a list item if its first word is a list mark.
 void takeListMark(Paragraph &paragraph)
 {
     const Line &first = paragraph.lines.front();
-    if (first.words.size() < 2 || !isListMark(first.words.front().text) || !first.words.front().spaceAfter()) {
+    if (!beginsWithMark(first, paragraph.rightToLeft)) {
         return;
     }
     const QString &mark = first.words.front().text;
-    const bool bullet = isBullet(mark);
+    const bool bullet = isBullet(mark) || isLetterBullet(mark);
     const bool bold = std::all_of(first.words.begin(), first.words.end(), [](const Word &w) { return w.style->bold; });
     if (!bullet && bold && paragraph.lines.size() <= 2) {
         return; // the number of a heading

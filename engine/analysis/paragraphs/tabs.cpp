@@ -39,7 +39,7 @@ double usualGap(const std::vector<TextLine> &lines, std::size_t index)
 bool isNumbering(const QString &text)
 {
     static const QRegularExpression number(QStringLiteral("^(?:§|[0-9]{1,2}(?:\\.[0-9]{1,2})*\\.?)$"));
-    return isListMark(text) || number.match(text).hasMatch();
+    return isListMark(text) || isSpacedMark(text) || number.match(text).hasMatch();
 }
 
 bool hasFixedPitch(const TextLine &line)

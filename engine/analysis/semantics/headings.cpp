@@ -149,7 +149,7 @@ private:
         }
     }
 
-    /// Finds the paragraphs that entries of the outline lead to. An outline that agrees with few lines is ignored.
+    /// Finds the paragraphs that entries of the outline lead to. An outline that agrees with few lines is not believed.
     void matchOutline()
     {
         QHash<QString, QList<std::size_t>> entries; // by page and text
@@ -296,6 +296,7 @@ private:
         }
         for (std::size_t i = 0; i < count; ++i) {
             becomeHeading(*m_found[i].paragraph, 1);
+            m_found[i].paragraph->title = true;
         }
         m_found.erase(m_found.begin(), m_found.begin() + static_cast<std::ptrdiff_t>(count));
     }
@@ -396,6 +397,7 @@ void findHeadings(Document &document)
             if (fromLayout && paragraph->rotation == 0) { // on sideways pages they cannot be found again
                 paragraph->role = Role::Body;
                 paragraph->headingLevel = 0;
+                paragraph->title = false;
             }
         });
     }

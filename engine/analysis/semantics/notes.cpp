@@ -3,6 +3,7 @@
 
 #include "document/page_walk.h"
 #include "document/text.h"
+#include "semantics/cut_word.h"
 
 #include <algorithm>
 #include <set>
@@ -119,26 +120,6 @@ std::vector<Reference> referencesOf(Page &page, const std::vector<Paragraph *> &
     return references;
 }
 
-/// Makes the signs at the end of a word a word of their own, unless they are one already; returns the index of that
-/// word.
-std::size_t cutSign(Line &line, std::size_t index, qsizetype signs)
-{
-    Word &word = line.words[index];
-    const qsizetype letters = word.text.size() - signs;
-    if (signs == 0 || letters == 0) {
-        return index;
-    }
-    Word sign = word;
-    const double width = word.box.width() * static_cast<double>(letters) / static_cast<double>(word.text.size());
-    sign.text = word.text.mid(letters);
-    sign.box.left = word.box.left + width;
-    word.text.truncate(letters);
-    word.box.right = sign.box.left;
-    word.separator = Separator::None;
-    line.words.insert(line.words.begin() + static_cast<std::ptrdiff_t>(index) + 1, std::move(sign));
-    return index + 1;
-}
-
 void linkNotes(Page &page, double bodySize, std::size_t &count)
 {
     const std::vector<Paragraph *> candidates = notesAtFeet(page, bodySize);
@@ -155,7 +136,7 @@ void linkNotes(Page &page, double bodySize, std::size_t &count)
             continue;
         }
         const std::size_t before = found->line->words.size();
-        const std::size_t word = cutSign(*found->line, found->word, areSigns(mark) ? mark.size() : 0);
+        const std::size_t word = areSigns(mark) ? cutWordEnd(*found->line, found->word, mark.size()) : found->word;
         found->line->words[word].note = note->note = NoteId{count++};
         note->role = Role::Footnote;
         note->listItem.reset();

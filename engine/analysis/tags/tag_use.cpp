@@ -145,14 +145,14 @@ bool counts(const QString &mark)
 void applyTags(std::vector<RawPage> &pages, const TaggedText &text)
 {
     std::vector<bool> sound(pages.size(), false);
-    std::size_t unsoundPages = 0;
-    std::size_t soundPages = 0;
+    std::size_t lying = 0;
+    std::size_t believed = 0;
     for (std::size_t i = 0; i < pages.size() && !text.contents.empty(); ++i) {
         sound[i] = areTagsSound(pages[i], text);
-        soundPages += sound[i] ? 1 : 0;
-        unsoundPages += !sound[i] && !pages[i].words.empty() ? 1 : 0;
+        believed += sound[i] ? 1 : 0;
+        lying += !sound[i] && !pages[i].words.empty() ? 1 : 0;
     }
-    const bool none = unsoundPages >= thresholds.minPages && unsoundPages > soundPages;
+    const bool none = lying >= thresholds.minPages && lying > believed;
     for (std::size_t i = 0; i < pages.size(); ++i) {
         if (sound[i] && !none) {
             apply(pages[i], text);
@@ -271,6 +271,10 @@ void setRole(Paragraph &paragraph, const ParagraphTag &tag)
     paragraph.headingFromTags = tag.paragraph->headingsTagged;
     paragraph.role = roleOf(*tag.paragraph);
     paragraph.headingLevel = paragraph.role == Role::Heading ? tag.paragraph->level : 0;
+    paragraph.language = tag.paragraph->language;
+    if (tag.paragraph->role == TagRole::ContentsEntry) {
+        paragraph.contentsEntry.emplace();
+    }
     Line &first = paragraph.lines.front();
     const bool hasText = paragraph.lines.size() > 1 || first.words.size() > tag.labelWords;
     if (tag.labelWords > 0 && hasText && !paragraph.rightToLeft) {

@@ -168,6 +168,7 @@ public:
             paragraph->cell = m_places[tag].cell;
             paragraph->role = key == around.item ? role(around.item) : around.role;
             paragraph->level = key == around.item ? std::max(0, around.lists - 1) : 0;
+            paragraph->language = around.language;
         }
         if (holderRole == TagRole::Heading) { // one with a number may be a list item
             const int level = m_tags[static_cast<std::size_t>(around.holder)].level;
@@ -189,6 +190,7 @@ private:
         bool label = false;
         bool figure = false;
         bool artifact = false;
+        QString language; ///< of the holder; a part of it may be in another one
     };
 
     TagRole role(int tag) const { return m_tags[static_cast<std::size_t>(tag)].role; }
@@ -209,6 +211,9 @@ private:
             if (isItem(here) && inItem) {
                 around.item = at;
                 inItem = false;
+            }
+            if (around.holder >= 0 && around.language.isEmpty()) {
+                around.language = m_tags[static_cast<std::size_t>(at)].language;
             }
             around.lists += here == TagRole::List ? 1 : 0;
             around.groups += here == TagRole::Group ? 1 : 0;

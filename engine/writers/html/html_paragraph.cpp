@@ -179,6 +179,7 @@ void writeHtmlParagraph(QXmlStreamWriter &xml, const Paragraph &paragraph, const
             {paragraphStyle(place, text.style, context.usual), borderStyle("border-top", paragraph.borderAbove.line),
              borderStyle("border-bottom", paragraph.borderBelow.line)}));
     writeDirection(xml, paragraph.rightToLeft);
+    writeLanguage(xml, paragraph.language);
     xml.writeCharacters(QString());
     if (!preformatted.empty()) {
         writePreformatted(xml, preformatted, text);
@@ -206,6 +207,7 @@ void writeHtmlListText(QXmlStreamWriter &xml, const Paragraph &item, const Parag
     const TextContext text = textContext(item, runs, context);
     writeStyle(xml, runStyle(text.style, context.usual, false));
     writeDirection(xml, item.rightToLeft);
+    writeLanguage(xml, item.language);
     xml.writeCharacters(QString());
     if (showsMark(*item.listItem)) {
         {
@@ -232,6 +234,7 @@ void writeHtmlPageHeader(
                  {paragraphStyle(header, text.style, context.usual),
                   spread || rotated ? QString() : headerAlignment(page, header.box)}));
     writeDirection(xml, header.rightToLeft);
+    writeLanguage(xml, header.language);
     xml.writeCharacters(QString());
     if (!spread) {
         writeInline(xml, runs, text);

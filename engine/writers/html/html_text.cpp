@@ -200,6 +200,13 @@ void writeDirection(QXmlStreamWriter &xml, bool rightToLeft)
     }
 }
 
+void writeLanguage(QXmlStreamWriter &xml, const QString &tag)
+{
+    if (!tag.isEmpty()) {
+        xml.writeAttribute(QStringLiteral("lang"), tag);
+    }
+}
+
 void writeId(QXmlStreamWriter &xml, const QString &id)
 {
     if (!id.isEmpty()) {

@@ -37,6 +37,9 @@ void writeInline(QXmlStreamWriter &xml, const std::vector<model::Run> &runs, con
 /// Write the attribute style, dir or id unless it would be empty.
 void writeStyle(QXmlStreamWriter &xml, const QString &style);
 void writeDirection(QXmlStreamWriter &xml, bool rightToLeft);
+
+/// Writes the attribute for text in another language than that of the document; nothing for an empty tag.
+void writeLanguage(QXmlStreamWriter &xml, const QString &tag);
 void writeId(QXmlStreamWriter &xml, const QString &id);
 
 } // namespace quorra

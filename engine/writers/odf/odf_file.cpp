@@ -5,10 +5,8 @@
 #include "base/xml_element.h"
 #include "base/xml_text.h"
 #include "document/language.h"
+#include "odf/odf_paragraphs.h"
 
-#include <QStringList>
-
-#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -71,6 +69,17 @@ Element basedOnStandard(QLatin1String name, const QString &shown = {})
 
 constexpr int maxHeadingLevel = 6; // as in HTML
 
+Element contentsEntryStyle(int level)
+{
+    return {
+        "style:style"_L1,
+        {{"style:name"_L1, contentsStyle(level)},
+         {"style:display-name"_L1, u"Contents %1"_s.arg(level)},
+         {"style:family"_L1, u"paragraph"_s},
+         {"style:parent-style-name"_L1, u"Standard"_s}},
+        {}};
+}
+
 Element headingStyle(int level)
 {
     const QString number = QString::number(level);
@@ -83,32 +92,6 @@ Element headingStyle(int level)
          {"style:next-style-name"_L1, u"Standard"_s},
          {"style:default-outline-level"_L1, number}},
         {}};
-}
-
-/// Returns the attributes for text in the language of this tag; none for an empty tag. ODF has three sets of
-/// attributes, for Asian scripts, scripts with complex layout, and all others.
-Attributes languageAttributes(const QString &tag)
-{
-    static const QStringList asian = {u"ja"_s, u"ko"_s, u"zh"_s};
-    static const QStringList complex = {u"ar"_s, u"bn"_s, u"dv"_s, u"fa"_s, u"gu"_s, u"he"_s, u"hi"_s, u"km"_s,
-                                        u"kn"_s, u"lo"_s, u"ml"_s, u"mr"_s, u"my"_s, u"ne"_s, u"pa"_s, u"ps"_s,
-                                        u"ta"_s, u"te"_s, u"th"_s, u"ug"_s, u"ur"_s, u"yi"_s};
-    constexpr qsizetype countryLength = 2;
-    const QStringList parts = tag.split(u'-');
-    const QString language = parts.front().toLower();
-    if (language.isEmpty()) {
-        return {};
-    }
-    const auto country =
-        std::find_if(parts.begin() + 1, parts.end(), [](const QString &part) { return part.size() == countryLength; });
-    const QString countryName = country == parts.end() ? u"none"_s : country->toUpper();
-    if (asian.contains(language)) {
-        return {{"style:language-asian"_L1, language}, {"style:country-asian"_L1, countryName}};
-    }
-    if (complex.contains(language)) {
-        return {{"style:language-complex"_L1, language}, {"style:country-complex"_L1, countryName}};
-    }
-    return {{"fo:language"_L1, language}, {"fo:country"_L1, countryName}};
 }
 
 /// Returns the default style of a family, which sets the language; nothing if it is not known.
@@ -149,11 +132,15 @@ std::vector<Element> fixedStyles(OdfKind kind, const QString &language)
             basedOnStandard("Header"_L1),
             basedOnStandard("Footer"_L1),
             basedOnStandard("Table_20_Contents"_L1, u"Table Contents"_s),
+            basedOnStandard("Contents_20_Heading"_L1, u"Contents Heading"_s),
             basedOnStandard("Empty_20_Line"_L1, u"Empty Line"_s),
             namedStyle("Frame"_L1, "graphic"_L1),
             namedStyle("Graphics"_L1, "graphic"_L1)};
         for (int level = 1; level <= maxHeadingLevel; ++level) {
             styles.push_back(headingStyle(level));
+        }
+        for (int level = 1; level <= contentsLevels; ++level) {
+            styles.push_back(contentsEntryStyle(level));
         }
         break;
     case OdfKind::Presentation:

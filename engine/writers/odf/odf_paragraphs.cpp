@@ -28,6 +28,15 @@ constexpr Thresholds thresholds;
 
 QString parentStyle(const model::Paragraph &paragraph, const ParagraphPlace &place)
 {
+    if (paragraph.contentsEntry) {
+        return contentsStyle(std::min(paragraph.contentsEntry->level + 1, contentsLevels));
+    }
+    if (place.headsContents) {
+        return u"Contents_20_Heading"_s;
+    }
+    if (paragraph.title) {
+        return u"Title"_s;
+    }
     switch (paragraph.role) {
     case model::Role::Heading:
         return u"Heading_20_%1"_s.arg(paragraph.headingLevel);
@@ -146,6 +155,9 @@ Attributes paragraphProperties(const model::Paragraph &paragraph, const Paragrap
     } else if (place.breakColumn) {
         properties.emplace_back("fo:break-before"_L1, u"column"_s);
     }
+    if (place.pageNumber) {
+        properties.emplace_back("style:page-number"_L1, QString::number(*place.pageNumber));
+    }
     if (place.background) {
         properties.emplace_back("fo:background-color"_L1, colourName(*place.background));
     }
@@ -186,6 +198,13 @@ std::vector<Element> tabStops(const model::Paragraph &paragraph)
         }
     }
     return stops.children.empty() ? std::vector<Element>{} : std::vector<Element>{stops};
+}
+
+Attributes withLanguage(Attributes textLook, const QString &tag)
+{
+    const Attributes language = languageAttributes(tag);
+    textLook.insert(textLook.end(), language.begin(), language.end());
+    return textLook;
 }
 
 /// Returns the elements inside the properties of the paragraph.
@@ -251,6 +270,11 @@ void Marks::add(const Marks &more)
     comments.insert(comments.end(), more.comments.begin(), more.comments.end());
 }
 
+QString contentsStyle(int level)
+{
+    return u"Contents_20_%1"_s.arg(level);
+}
+
 QString borderText(const model::Border &border)
 {
     if (border.width <= 0) {
@@ -279,7 +303,7 @@ Element paragraphStyle(const model::Paragraph &paragraph, const ParagraphPlace &
         "style:style"_L1,
         {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, parentStyle(paragraph, place)}},
         {{"style:paragraph-properties"_L1, paragraphProperties(paragraph, place), paragraphDetails(paragraph)},
-         {"style:text-properties"_L1, textLook}}};
+         {"style:text-properties"_L1, withLanguage(textLook, paragraph.language)}}};
     if (!place.masterPage.isEmpty()) {
         style.attributes.emplace_back("style:master-page-name"_L1, place.masterPage);
     }
@@ -309,7 +333,9 @@ void writeParagraph(const Sink &sink, const model::Paragraph &whole, const Parag
     const std::vector<model::Run> runs = model::runsOf(paragraph);
     const model::Style textStyle = dominantStyle(runs);
     sink.styles.noteFont(textStyle);
-    const int heading = place.withHeadings ? paragraph.headingLevel : 0;
+    // The title of a document and the heading of its contents are no parts of its outline.
+    const bool inOutline = place.withHeadings && !paragraph.title && !place.headsContents;
+    const int heading = inOutline ? paragraph.headingLevel : 0;
     const ListPosition position(sink, place.list);
     const XmlElement element(xml, heading > 0 ? "text:h"_L1 : "text:p"_L1);
     xml.writeAttribute(

@@ -3,6 +3,8 @@
 
 #include "base/xml_text.h"
 #include "document/link.h"
+#include "document/page_number.h"
+#include "odf/odf_lists.h"
 
 #include <algorithm>
 #include <cmath>
@@ -106,6 +108,24 @@ void writeNote(const Sink &sink, const QString &mark, const Note &note)
     writeRuns({sink.xml, sink.styles}, runs, textStyle);
 }
 
+/// Writes the number of the page, or of pages, and the space after it.
+void writePageField(QXmlStreamWriter &xml, const model::Run &run)
+{
+    const QString shown = run.text.trimmed();
+    {
+        const bool isNumber = run.field == model::PageField::Number;
+        const XmlElement field(xml, isNumber ? "text:page-number"_L1 : "text:page-count"_L1);
+        if (const std::optional<model::PageNumber> number = model::readPageNumber(shown)) {
+            xml.writeAttribute("style:num-format"_L1, numberFormatName(number->format));
+        }
+        if (isNumber) {
+            xml.writeAttribute("text:select-page"_L1, "current"_L1);
+        }
+        xml.writeCharacters(shown);
+    }
+    writeText(xml, run.text.mid(shown.size()));
+}
+
 } // namespace
 
 void writeRuns(
@@ -136,7 +156,11 @@ void writeRuns(
             span.emplace(xml, "text:span"_L1);
             xml.writeAttribute("text:style-name"_L1, spanStyle(sink.styles, style, run.shift));
         }
-        writeText(xml, run.text);
+        if (sink.pageFields && run.field != model::PageField::None) {
+            writePageField(xml, run);
+        } else {
+            writeText(xml, run.text);
+        }
     }
 }
 

@@ -7,6 +7,9 @@
 #include "document/font_family.h"
 #include "odf/font_widths.h"
 
+#include <QStringList>
+
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
@@ -113,6 +116,30 @@ Attributes StyleTable::textLook(const model::Style &style) const
         attributes.emplace_back("style:text-scale"_L1, QString::number(std::lround(100 * scale)) + u'%');
     }
     return attributes;
+}
+
+Attributes languageAttributes(const QString &tag)
+{
+    static const QStringList asian = {u"ja"_s, u"ko"_s, u"zh"_s};
+    static const QStringList complex = {u"ar"_s, u"bn"_s, u"dv"_s, u"fa"_s, u"gu"_s, u"he"_s, u"hi"_s, u"km"_s,
+                                        u"kn"_s, u"lo"_s, u"ml"_s, u"mr"_s, u"my"_s, u"ne"_s, u"pa"_s, u"ps"_s,
+                                        u"ta"_s, u"te"_s, u"th"_s, u"ug"_s, u"ur"_s, u"yi"_s};
+    constexpr qsizetype countryLength = 2;
+    const QStringList parts = tag.split(u'-');
+    const QString language = parts.front().toLower();
+    if (language.isEmpty()) {
+        return {};
+    }
+    const auto country =
+        std::find_if(parts.begin() + 1, parts.end(), [](const QString &part) { return part.size() == countryLength; });
+    const QString countryName = country == parts.end() ? u"none"_s : country->toUpper();
+    if (asian.contains(language)) {
+        return {{"style:language-asian"_L1, language}, {"style:country-asian"_L1, countryName}};
+    }
+    if (complex.contains(language)) {
+        return {{"style:language-complex"_L1, language}, {"style:country-complex"_L1, countryName}};
+    }
+    return {{"fo:language"_L1, language}, {"fo:country"_L1, countryName}};
 }
 
 QString StyleTable::name(const Element &definition)

@@ -22,11 +22,12 @@ void FlowBreaks::addMarks(const Marks &marks)
     m_hasPending = m_hasPending || !marks.isEmpty();
 }
 
-void FlowBreaks::addPage(const QString &masterPage, bool breaks)
+void FlowBreaks::addPage(const QString &masterPage, bool breaks, std::optional<int> number)
 {
     separateFromColumns();
     m_pending.breakBefore = breaks;
     m_pending.masterPage = masterPage;
+    m_pending.pageNumber = number;
     m_hasPending = true;
 }
 

@@ -19,8 +19,9 @@ public:
     /// Adds bookmarks and comments to the next paragraph.
     void addMarks(const Marks &marks);
 
-    /// Makes the next paragraph begin a page: by a page break if `breaks`, by this master page unless it is empty.
-    void addPage(const QString &masterPage, bool breaks);
+    /// Makes the next paragraph begin a page: by a page break if `breaks`, by this master page unless it is empty, and
+    /// with this page number if there is one.
+    void addPage(const QString &masterPage, bool breaks, std::optional<int> number);
 
     /// Makes the next paragraph begin a column.
     void addColumn();

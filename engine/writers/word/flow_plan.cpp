@@ -100,6 +100,17 @@ std::optional<double> baselineAfter(const model::Section &section, std::size_t b
     return next ? firstBaseline(*next) : std::nullopt;
 }
 
+/// Whether the block is a heading with an entry of a table of contents directly below it.
+bool headsContents(const model::Section &section, std::size_t block)
+{
+    if (block + 1 >= section.blocks.size()) {
+        return false;
+    }
+    const model::Paragraph *heading = section.blocks[block].paragraph();
+    const model::Paragraph *next = section.blocks[block + 1].paragraph();
+    return heading && heading->headingLevel > 0 && next && next->contentsEntry;
+}
+
 /// Returns whether the output text is about as wide as on the page.
 bool keepsWidth(const model::Style &style)
 {
@@ -350,6 +361,7 @@ void PagePlanner::addItems(FlowSection &planned, std::vector<Area> &areas) const
         if (block.paragraph()) {
             noteLines(*block.paragraph(), section, areas, column);
         }
+        item.headsContents = headsContents(section, i);
         planned.items.push_back(item);
     }
 }
@@ -393,10 +405,13 @@ void addMarks(std::vector<FlowPage> &pages, const model::Document &document)
 std::vector<FlowPage> planFlow(const model::Document &document, const FlowForm &form)
 {
     const std::vector<Margins> margins = pageMargins(document);
+    const std::vector<PageStyle> styles =
+        form.pages ? planPageStyles(document, margins, form) : std::vector<PageStyle>();
     std::vector<FlowPage> pages;
     for (std::size_t i = 0; i < document.pages.size(); ++i) {
         const model::Page &page = document.pages[i];
         pages.push_back(planPage(page, margins[i], form));
+        pages.back().style = form.pages ? styles[i] : PageStyle();
         pages.back().newPage = i == 0 || form.pages || page.scanned || document.pages[i - 1].scanned;
     }
     addMarks(pages, document);

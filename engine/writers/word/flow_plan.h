@@ -3,6 +3,7 @@
 
 #include "document/document.h"
 #include "page_layout.h"
+#include "page_styles.h"
 #include "word/flow_form.h"
 
 #include <vector>
@@ -18,15 +19,16 @@ struct FlowItem
     Box column;      ///< its column on the page
     double left = 0; ///< edges of its area: a column, or the page within its margins
     double right = 0;
-    bool beginsColumn = false; ///< it follows a column break
-    double spaceAbove = 0;     ///< between the previous block of its area and its first line, table or picture
-    double lineHeight = 0;     ///< of text: height of its lines; 0 for the natural height of the font
-    int lines = 0;             ///< of text: the expected number of lines
-    double height = 0;         ///< of a table or picture, and what a line below a paragraph takes
-    bool behindText = false;   ///< a picture at its position on the page, which takes up no room in the text
-    bool sideways = false;     ///< text that runs up or down beside the page's text, likewise
-    bool beside = false;       ///< a picture to the right of the previous item, another picture
-    Marks marks;               ///< bookmarks and comments at its beginning
+    bool beginsColumn = false;  ///< it follows a column break
+    double spaceAbove = 0;      ///< between the previous block of its area and its first line, table or picture
+    double lineHeight = 0;      ///< of text: height of its lines; 0 for the natural height of the font
+    int lines = 0;              ///< of text: the expected number of lines
+    double height = 0;          ///< of a table or picture, and what a line below a paragraph takes
+    bool behindText = false;    ///< a picture at its position on the page, which takes up no room in the text
+    bool sideways = false;      ///< text that runs up or down beside the page's text, likewise
+    bool beside = false;        ///< a picture to the right of the previous item, another picture
+    bool headsContents = false; ///< the heading above a table of contents, which does not list it
+    Marks marks;                ///< bookmarks and comments at its beginning
 
     /// Whether it is at its position on the page and takes up no room in the text.
     bool isPlaced() const { return behindText || sideways; }
@@ -48,6 +50,7 @@ struct FlowPage
 {
     const model::Page *page = nullptr;
     Margins margins;
+    PageStyle style;                   ///< its headers and footers, where it begins a page
     bool newPage = true;               ///< begins a page of the text
     double room = 0;                   ///< height for the page's text
     Marks marks;                       ///< bookmarks and comments at its beginning

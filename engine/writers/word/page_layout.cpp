@@ -5,6 +5,8 @@
 #include "document/page_walk.h"
 #include "odf/exact_lines.h"
 #include "odf/line_layout.h"
+#include "odf/odf_lists.h"
+#include "page_styles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -119,11 +121,12 @@ Paragraphs paragraphsAlong(const Paragraphs &paragraphs, bool across)
     return found;
 }
 
-/// The horizontal extent of header and footer.
+/// The horizontal extent of header or footer.
 struct Strip
 {
     double left = 0;
     double right = 0;
+    QString style; ///< the named style of its lines
 };
 
 /// A part keeps its distance from the edge of the strip where it is, or from the middle, so that a page number stays
@@ -185,7 +188,7 @@ void writeHeaderLine(const Sink &sink, ParagraphRefs parts, const Strip &strip, 
     properties.insert(properties.end(), borders.begin(), borders.end());
     const Element style{
         "style:style"_L1,
-        {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, u"Header"_s}},
+        {{"style:family"_L1, u"paragraph"_s}, {"style:parent-style-name"_L1, strip.style}},
         {{"style:paragraph-properties"_L1, properties, {stops}},
          {"style:text-properties"_L1, sink.styles.textLook(textStyle)}}};
     const XmlElement element(sink.xml, "text:p"_L1);
@@ -198,8 +201,8 @@ void writeHeaderLine(const Sink &sink, ParagraphRefs parts, const Strip &strip, 
     }
 }
 
-/// Writes a header or footer whose area begins at `top`.
-void writeHeader(const Sink &sink, const Paragraphs &header, const Strip &strip, double top)
+/// Writes the lines of a header or footer whose area begins at `top`.
+void writeHeaderLines(const Sink &sink, const Paragraphs &header, const Strip &strip, double top)
 {
     ParagraphRefs parts = refsOf(header);
     std::stable_sort(
@@ -226,6 +229,67 @@ void writeSideways(const Sink &sink, const Paragraphs &sideways, double pageWidt
     for (const model::Paragraph &paragraph : sideways) {
         writeExactLines(sink, paragraph, pageWidth, FrameAnchor::Page);
     }
+}
+
+/// Writes the paragraph of a header or footer that only other pages have, if it is empty.
+void writeEmptyLine(QXmlStreamWriter &xml, bool isEmpty)
+{
+    if (isEmpty) {
+        xml.writeEmptyElement("text:p"_L1);
+    }
+}
+
+/// Header and footer of a page, and the text beside its text that runs up or down.
+struct Edges
+{
+    Paragraphs header;
+    Paragraphs footer;
+    Paragraphs sideways;
+};
+
+Paragraphs joined(const Paragraphs &one, const Paragraphs &other)
+{
+    Paragraphs both = one;
+    both.insert(both.end(), other.begin(), other.end());
+    return both;
+}
+
+Edges edgesOf(const model::Page &page)
+{
+    return {
+        paragraphsAlong(page.header, true), paragraphsAlong(page.footer, true),
+        joined(paragraphsAlong(page.header, false), paragraphsAlong(page.footer, false))};
+}
+
+Element pageLayout(
+    const model::Page &page, const Margins &margins, const Edges &edges,
+    model::NumberFormat format = model::NumberFormat::Decimal)
+{
+    const double top = edges.header.empty() ? margins.top : std::min(margins.top, unitedBox(edges.header).top);
+    const double end = textEnd(page, margins, edges.footer);
+    const double footerBottom = edges.footer.empty() ? end : std::max(end, unitedBox(edges.footer).bottom);
+    const auto area = [](QLatin1String name, double height) {
+        return Element{name, {}, {{"style:header-footer-properties"_L1, {{"fo:min-height"_L1, pt(height)}}}}};
+    };
+    Attributes properties = {
+        {"fo:page-width"_L1, pt(page.width)},
+        {"fo:page-height"_L1, pt(page.height)},
+        {"style:print-orientation"_L1, page.width > page.height ? u"landscape"_s : u"portrait"_s},
+        {"fo:margin-left"_L1, pt(margins.left)},
+        {"fo:margin-right"_L1, pt(margins.right)},
+        {"fo:margin-top"_L1, pt(std::max(0.0, top))},
+        {"fo:margin-bottom"_L1, pt(std::max(0.0, page.height - footerBottom))}};
+    if (format != model::NumberFormat::Decimal) {
+        properties.emplace_back("style:num-format"_L1, numberFormatName(format));
+    }
+    Element layout{"style:page-layout"_L1, {}, {{"style:page-layout-properties"_L1, properties}}};
+    if (!edges.header.empty()) {
+        layout.children.push_back(area("style:header-style"_L1, margins.top - top));
+    }
+    if (!edges.footer.empty()) {
+        layout.children.push_back(area("style:footer-style"_L1, footerBottom - end));
+    }
+    return layout;
 }
 
 } // namespace
@@ -258,57 +322,55 @@ double textEnd(const model::Page &page, const Margins &margins, const std::vecto
     return std::min(farthest, end + std::min(thresholds.maxOverrun, margins.bottom / 2));
 }
 
-QString
-MasterPages::layout(const model::Page &page, const Margins &margins, const Paragraphs &header, const Paragraphs &footer)
+QString MasterPages::name(const model::Page &page, const Margins &margins)
 {
-    const double headerTop = header.empty() ? margins.top : std::min(margins.top, unitedBox(header).top);
-    const double end = textEnd(page, margins, footer);
-    const double footerBottom = footer.empty() ? end : std::max(end, unitedBox(footer).bottom);
-    const auto area = [](QLatin1String name, double height) {
-        return Element{name, {}, {{"style:header-footer-properties"_L1, {{"fo:min-height"_L1, pt(height)}}}}};
-    };
-    Element layout{
-        "style:page-layout"_L1,
-        {},
-        {{"style:page-layout-properties"_L1,
-          {{"fo:page-width"_L1, pt(page.width)},
-           {"fo:page-height"_L1, pt(page.height)},
-           {"style:print-orientation"_L1, page.width > page.height ? u"landscape"_s : u"portrait"_s},
-           {"fo:margin-left"_L1, pt(margins.left)},
-           {"fo:margin-right"_L1, pt(margins.right)},
-           {"fo:margin-top"_L1, pt(std::max(0.0, headerTop))},
-           {"fo:margin-bottom"_L1, pt(std::max(0.0, page.height - footerBottom))}}}}};
-    if (!header.empty()) {
-        layout.children.push_back(area("style:header-style"_L1, margins.top - headerTop));
-    }
-    if (!footer.empty()) {
-        layout.children.push_back(area("style:footer-style"_L1, footerBottom - end));
-    }
-    return m_masters.styles.name(layout);
+    return name(pageLayout(page, margins, {}), QString());
 }
 
-QString MasterPages::name(const model::Page &page, const Margins &margins, bool withHeaders)
+QString MasterPages::name(const PageStyle &style, const Margins &margins)
 {
-    const Paragraphs header = withHeaders ? paragraphsAlong(page.header, true) : Paragraphs{};
-    const Paragraphs footer = withHeaders ? paragraphsAlong(page.footer, true) : Paragraphs{};
-    Paragraphs sideways = withHeaders ? paragraphsAlong(page.header, false) : Paragraphs{};
-    const Paragraphs fromFooter = withHeaders ? paragraphsAlong(page.footer, false) : Paragraphs{};
-    sideways.insert(sideways.end(), fromFooter.begin(), fromFooter.end());
+    const model::Page &page = *style.right;
+    const bool differ = style.right != style.left;
+    const Edges right = edgesOf(page);
+    const Edges left = differ ? edgesOf(*style.left) : Edges();
+    const Edges both{joined(right.header, left.header), joined(right.footer, left.footer), {}};
+    const double headerTop = unitedBox(both.header).top;
+    const double footerTop = textEnd(page, margins, both.footer);
+    const double edge = page.width - margins.right;
     QString content;
     QXmlStreamWriter xml(&content);
-    const Sink sink{xml, m_masters.styles};
-    const Strip strip{margins.left, page.width - margins.right};
-    if (!header.empty() || !sideways.empty()) {
-        const XmlElement element(xml, "style:header"_L1);
-        writeSideways(sink, sideways, page.width);
-        writeHeader(sink, header, strip, unitedBox(header).top);
+    Sink sink{xml, m_masters.styles};
+    sink.pageFields = style.fields;
+    const auto writeHeader = [&](const QString &name, const Edges &own) {
+        const XmlElement element(xml, name);
+        writeEmptyLine(xml, own.header.empty() && own.sideways.empty());
+        writeSideways(sink, own.sideways, page.width);
+        writeHeaderLines(sink, own.header, {margins.left, edge, u"Header"_s}, headerTop);
+    };
+    const auto writeFooter = [&](const QString &name, const Edges &own) {
+        const XmlElement element(xml, name);
+        writeEmptyLine(xml, own.footer.empty());
+        writeHeaderLines(sink, own.footer, {margins.left, edge, u"Footer"_s}, footerTop);
+    };
+    if (!both.header.empty() || !right.sideways.empty() || !left.sideways.empty()) {
+        writeHeader(u"style:header"_s, right);
+        if (differ) {
+            writeHeader(u"style:header-left"_s, left);
+        }
     }
-    if (!footer.empty()) {
-        const XmlElement element(xml, "style:footer"_L1);
-        writeHeader(sink, footer, strip, textEnd(page, margins, footer));
+    if (!both.footer.empty()) {
+        writeFooter(u"style:footer"_s, right);
+        if (differ) {
+            writeFooter(u"style:footer-left"_s, left);
+        }
     }
-    const QString pageLayout = layout(page, margins, header, footer);
-    const QString key = pageLayout + u'\n' + content;
+    return name(pageLayout(page, margins, both, style.format), content);
+}
+
+QString MasterPages::name(const Element &layout, const QString &content)
+{
+    const QString layoutName = m_masters.styles.name(layout);
+    const QString key = layoutName + u'\n' + content;
     const auto known =
         std::find_if(m_known.begin(), m_known.end(), [&](const auto &each) { return each.first == key; });
     if (known != m_known.end()) {
@@ -318,7 +380,7 @@ QString MasterPages::name(const model::Page &page, const Margins &margins, bool 
     m_known.emplace_back(key, name);
     const XmlElement master(m_masters.xml, "style:master-page"_L1);
     m_masters.xml.writeAttribute("style:name"_L1, name);
-    m_masters.xml.writeAttribute("style:page-layout-name"_L1, pageLayout);
+    m_masters.xml.writeAttribute("style:page-layout-name"_L1, layoutName);
     // The content has been serialised above.
     m_masters.xml.writeCharacters(QString());
     m_masters.xml.device()->write(content.toUtf8());

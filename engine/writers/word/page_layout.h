@@ -28,19 +28,22 @@ std::vector<Margins> pageMargins(const model::Document &document);
 /// longer in other fonts, but above the footer (empty if the page has none, or is written without).
 double textEnd(const model::Page &page, const Margins &margins, const std::vector<model::Paragraph> &footer);
 
-/// The master pages of a text document, one for each combination of size, margins, header and footer.
+struct PageStyle;
+
+/// The master pages of a text document, one for each combination of size, margins, headers and footers.
 class MasterPages
 {
 public:
     explicit MasterPages(const Sink &masters) : m_masters(masters) {}
 
-    /// Returns the name of the master page for this page, with or without its header and footer.
-    QString name(const model::Page &page, const Margins &margins, bool withHeaders);
+    /// Returns the name of the master page for this page without header and footer.
+    QString name(const model::Page &page, const Margins &margins);
+
+    /// Returns the name of the master page for pages of this style.
+    QString name(const PageStyle &style, const Margins &margins);
 
 private:
-    using Paragraphs = std::vector<model::Paragraph>;
-
-    QString layout(const model::Page &page, const Margins &margins, const Paragraphs &header, const Paragraphs &footer);
+    QString name(const Element &layout, const QString &content);
 
     Sink m_masters;
     std::vector<std::pair<QString, QString>> m_known; // definition and name

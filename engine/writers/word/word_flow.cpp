@@ -10,6 +10,7 @@
 #include "odf/odf_tables.h"
 #include "page_layout.h"
 #include "word_columns.h"
+#include "word_contents.h"
 
 #include <algorithm>
 #include <utility>
@@ -41,12 +42,17 @@ public:
     {}
 
     void writePage(const FlowPage &page);
-    void finish() { m_breaks.flush(); }
+    void finish()
+    {
+        m_contents.reset();
+        m_breaks.flush();
+    }
 
 private:
     void beginPage(const FlowPage &page);
     void writeScan(const model::Page &page);
     void writeSection(const FlowPage &page, const FlowSection &section);
+    void placeInContents(const FlowItem &item);
     void writeItem(const std::vector<const FlowItem *> &row);
     void writeText(const FlowItem &item);
     void writePartialBorder(const FlowItem &item, ParagraphPlace place);
@@ -65,15 +71,22 @@ private:
     FlowBreaks m_breaks;
     QString m_masterPage;
     int m_sections = 0;
+    std::optional<ContentsField> m_contents; ///< while its entries are written
+    int m_contentsFields = 0;
 };
 
 void FlowWriter::beginPage(const FlowPage &page)
 {
     m_breaks.addMarks(page.marks);
     if (page.newPage) {
-        const QString master = m_masters.name(*page.page, page.margins, m_form.pages && !page.page->scanned);
-        const bool sameMaster = master == m_masterPage;
-        m_breaks.addPage(sameMaster ? QString() : master, sameMaster);
+        const bool withHeaders = m_form.pages && !page.page->scanned;
+        const QString master =
+            withHeaders ? m_masters.name(page.style, page.margins) : m_masters.name(*page.page, page.margins);
+        const bool goesOn = master == m_masterPage && !page.style.firstNumber;
+        if (!goesOn) {
+            m_contents.reset(); // LibreOffice ignores page styles inside it
+        }
+        m_breaks.addPage(goesOn ? QString() : master, goesOn, page.style.firstNumber);
         m_masterPage = master;
     }
 }
@@ -124,6 +137,7 @@ void FlowWriter::writeSection(const FlowPage &page, const FlowSection &section)
 {
     std::optional<XmlElement> columns;
     if (section.inColumns) {
+        m_contents.reset();
         m_breaks.writeSpaceAboveColumns(section.spaceAbove);
         columns.emplace(beginColumns(m_sink, *page.page, section, page.margins, ++m_sections));
     }
@@ -135,11 +149,24 @@ void FlowWriter::writeSection(const FlowPage &page, const FlowSection &section)
         for (++item; item != section.items.end() && item->beside; ++item) {
             row.push_back(&*item);
         }
+        placeInContents(*row.front());
         writeItem(row);
     }
     if (section.inColumns) {
+        m_contents.reset();
         columns.reset();
         m_breaks.afterColumns();
+    }
+}
+
+/// Begins a table of contents before its first entry, and ends it after the last.
+void FlowWriter::placeInContents(const FlowItem &item)
+{
+    const model::Paragraph *paragraph = item.block->paragraph();
+    if (!paragraph || !paragraph->contentsEntry) {
+        m_contents.reset();
+    } else if (!m_contents) {
+        m_contents.emplace(m_sink.xml, ++m_contentsFields, contentsLevels);
     }
 }
 
@@ -217,6 +244,7 @@ void FlowWriter::writeText(const FlowItem &item)
     place.exactLeading = m_form.places;
     place.lineHeight = item.lineHeight;
     place.linesGrow = true;
+    place.headsContents = item.headsContents;
     place.list = m_sink.listPlace(*item.block->paragraph());
     writeParagraph(m_sink, placed, place);
 }

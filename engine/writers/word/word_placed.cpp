@@ -43,7 +43,7 @@ void writePages(OdfFile &file, const model::Document &document, const PageWriter
     QString before;
     for (std::size_t i = 0; i < document.pages.size(); ++i) {
         const model::Page &page = document.pages[i];
-        const QString master = masters.name(page, margins[i], false);
+        const QString master = masters.name(page, margins[i]);
         ParagraphPlace place;
         place.breakBefore = master == before;
         place.masterPage = master == before ? QString() : master;

@@ -182,6 +182,7 @@ private:
         const XmlElement element = start("block");
         box(paragraph.box);
         attribute("role", roleName(paragraph));
+        flag("title", paragraph.title);
         if (place) {
             attribute("place", QLatin1String(place));
         }
@@ -189,6 +190,7 @@ private:
         if (paragraph.rightToLeft) {
             attribute("direction", QStringLiteral("rtl"));
         }
+        text("language", paragraph.language);
         if (paragraph.continuesPrevious) {
             attribute("continues", QStringLiteral("yes"));
         }
@@ -200,6 +202,11 @@ private:
             number("level", paragraph.listItem->level + 1);
             text("mark", paragraph.listItem->mark);
             flag("ordered", paragraph.listItem->ordered);
+        }
+        if (paragraph.contentsEntry) {
+            number("contents", paragraph.contentsEntry->level + 1);
+            text("page", paragraph.contentsEntry->page);
+            text("target", paragraph.contentsEntry->link);
         }
         if (paragraph.note) {
             identity("note", *paragraph.note);

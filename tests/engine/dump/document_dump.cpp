@@ -26,7 +26,7 @@ std::string name(const Paragraph &paragraph)
 {
     switch (paragraph.role) {
     case Role::Heading:
-        return "heading " + std::to_string(paragraph.headingLevel);
+        return std::string(paragraph.title ? "title, heading " : "heading ") + std::to_string(paragraph.headingLevel);
     case Role::ListItem: {
         const ListItem item = paragraph.listItem.value_or(ListItem{});
         return std::string(item.ordered ? "numbered item " : "bullet item ") + visible(item.mark) + " level " +
@@ -85,6 +85,19 @@ std::string name(BaselineShift shift)
     return "level";
 }
 
+std::string name(PageField field)
+{
+    switch (field) {
+    case PageField::Number:
+        return "page number";
+    case PageField::Count:
+        return "page count";
+    case PageField::None:
+        break;
+    }
+    return "no page field";
+}
+
 /// A length with its name; nothing if it is rounded to 0.
 std::string length(const std::string &what, double value)
 {
@@ -116,7 +129,7 @@ std::string change(const Run &from, const Run &to)
          from.link == to.link ? ""
          : to.link.isEmpty()  ? "no link"
                               : "link " + visible(to.link),
-         from.shift == to.shift ? "" : name(to.shift),
+         from.shift == to.shift ? "" : name(to.shift), from.field == to.field ? "" : name(to.field),
          to.note ? "of footnote " + std::to_string(static_cast<std::size_t>(*to.note) + 1) : ""},
         " ");
 }
@@ -146,7 +159,9 @@ std::string styleOf(const Paragraph &paragraph)
     }
     const Run &first = runs.front();
     return joined(
-        {styleText(first.style, first.link), first.shift == BaselineShift::None ? "" : name(first.shift)}, " ");
+        {styleText(first.style, first.link), first.shift == BaselineShift::None ? "" : name(first.shift),
+         first.field == PageField::None ? "" : name(first.field)},
+        " ");
 }
 
 std::string tabsOf(const Paragraph &paragraph)
@@ -173,12 +188,25 @@ std::string spacingOf(const Paragraph &paragraph)
         "; ");
 }
 
+std::string contentsOf(const Paragraph &paragraph)
+{
+    if (!paragraph.contentsEntry) {
+        return {};
+    }
+    const ContentsEntry &entry = *paragraph.contentsEntry;
+    return joined(
+        {"contents entry of level " + std::to_string(entry.level + 1),
+         entry.page.isEmpty() ? "" : "for page " + visible(entry.page), visible(entry.link)},
+        " ");
+}
+
 /// Properties of all paragraphs, including those in cells.
 std::string traitsOf(const Paragraph &paragraph)
 {
     return joined(
         {styleOf(paragraph), name(paragraph.alignment), paragraph.rightToLeft ? "right-to-left" : "",
-         paragraph.rotation == 0 ? "" : "rotated " + std::to_string(paragraph.rotation)},
+         paragraph.rotation == 0 ? "" : "rotated " + std::to_string(paragraph.rotation),
+         paragraph.language.isEmpty() ? "" : "language " + visible(paragraph.language), contentsOf(paragraph)},
         "; ");
 }
 
@@ -382,7 +410,8 @@ void dumpPage(const Page &page, Continuations &continuations, std::ostream &out)
         << joined(
                {whole(page.width) + " x " + whole(page.height), page.scanned ? "scanned" : "",
                 page.recognised ? "recognised" : "", page.label.isEmpty() ? "" : "label " + visible(page.label),
-                isTagged(page) ? "tags used" : "", page.content.isEmpty() ? "empty" : "content " + box(page.content),
+                isTagged(page) ? "tags believed" : "",
+                page.content.isEmpty() ? "empty" : "content " + box(page.content),
                 page.background ? "needs its background as a picture" : ""},
                "; ")
         << "]\n";

@@ -10,6 +10,7 @@
 
 #include "analysis/analysis.h"
 #include "analysis/headings.h"
+#include "analysis/languages.h"
 #include "base/failure.h"
 #include "cli/options.h"
 #include "pdf/file_facts.h"
@@ -92,6 +93,7 @@ void show(const Request &request)
     model::Document found = model::buildDocument(std::move(pages), forEachPage, structure.tree);
     found.facts = readFileFacts(file);
     useOutline(found);
+    findLanguages(found);
     test::dump(found, std::cout);
 }
 

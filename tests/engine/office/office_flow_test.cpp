@@ -22,6 +22,8 @@ private Q_SLOTS:
     void bookmarkOfPageThatBeginsWithFigure();
     void countsListsOverOtherText();
     void writesListsInCells();
+    void contentsAreFields();
+    void paragraphsHaveLanguages();
     void keepsColumnsOnlyWhereAsked();
     void keepsPageBreaksAndSizes();
     void putsHeaderAndFooterIntoThePage();
@@ -191,6 +193,40 @@ void OfficeFlowTest::writesListsInCells()
     const QString text = flow(fixture::document({page}));
     QCOMPARE(text.count(QLatin1String("<text:list ")), 2);
     QVERIFY(fixture::paragraphs(text).contains(QStringLiteral("second")));
+}
+
+void OfficeFlowTest::contentsAreFields()
+{
+    const auto entry = [](const QString &text, double top, int level) {
+        model::Paragraph made = fixture::paragraph(text, {72, top, 300, top + 12});
+        made.contentsEntry = model::ContentsEntry{level, {}, {}};
+        return fixture::block(made);
+    };
+    model::Paragraph heading = fixture::paragraph(QStringLiteral("before"), {72, 72, 300, 84});
+    heading.role = model::Role::Heading;
+    heading.headingLevel = 1;
+    model::Page page = fixture::page();
+    page.sections[0].blocks = {
+        fixture::block(heading), entry(QStringLiteral("first"), 90, 0), entry(QStringLiteral("inner"), 110, 1),
+        fixture::block(fixture::paragraph(QStringLiteral("after"), {72, 130, 300, 142}))};
+    const QString text = flow(fixture::document({page}));
+    QCOMPARE(text.count(QLatin1String("<text:table-of-content ")), 1);
+    const QString inside =
+        text.section(QLatin1String("<text:index-body>"), 1).section(QLatin1String("</text:index-body>"), 0, 0);
+    QVERIFY(inside.contains(QLatin1String("first")) && inside.contains(QLatin1String("inner")));
+    QVERIFY(!inside.contains(QLatin1String("before")) && !inside.contains(QLatin1String("after")));
+    QVERIFY(text.contains(QLatin1String("style:parent-style-name=\"Contents_20_2\"")));
+    QVERIFY(text.contains(QLatin1String("style:parent-style-name=\"Contents_20_Heading\"")));
+    QVERIFY(!text.contains(QLatin1String("<text:h ")));
+}
+
+void OfficeFlowTest::paragraphsHaveLanguages()
+{
+    model::Paragraph foreign = fixture::paragraph(QStringLiteral("ord"), {72, 72, 300, 84});
+    foreign.language = QStringLiteral("sv-SE");
+    const QString text = flow(oneBlock(foreign));
+    QVERIFY(text.contains(QLatin1String("fo:language=\"sv\"")));
+    QVERIFY(text.contains(QLatin1String("fo:country=\"SE\"")));
 }
 
 void OfficeFlowTest::keepsColumnsOnlyWhereAsked()

@@ -32,6 +32,9 @@ enum class Separator {
     Hyphen     ///< a line end inside a word: the hyphen at the end of this part is not part of the word
 };
 
+/// What a word of a page header or footer stands for: the number of its page, or how many pages there are.
+enum class PageField { None, Number, Count };
+
 /// Identifies a note of a document: counted from 0.
 enum class NoteId : std::size_t {};
 
@@ -46,8 +49,9 @@ struct Word
     Separator separator = Separator::Space; ///< what follows; has no meaning after the last word of a paragraph
     QString link; ///< an address, or "#page=N" for a page of the same document; empty if there is none
 
-    std::optional<NoteId> note; ///< set for the mark in the text that refers to this note
-    bool leader = false;        ///< dots that fill the gap of a tab: seen on the page, but no text
+    std::optional<NoteId> note;        ///< set for the mark in the text that refers to this note
+    PageField field = PageField::None; ///< of a word in a page header or footer
+    bool leader = false;               ///< dots that fill the gap of a tab: seen on the page, but no text
 
     bool spaceAfter() const { return separator != Separator::None; }
 };
@@ -71,6 +75,14 @@ struct ListItem
     bool ordered = false;  ///< the mark is a number or a letter
     int level = 0;         ///< 0 for the outermost list
     bool fromTags = false; ///< the item and its level come from the file's tags
+};
+
+/// A paragraph that is an entry of a table of contents: a text, and the page on which it stands.
+struct ContentsEntry
+{
+    int level = 0; ///< 0 for the outermost entries
+    QString page;  ///< as printed at its end, which is part of its text
+    QString link;  ///< where it leads, as Word::link; empty if the file does not say
 };
 
 /// Identifies a figure of a document: its index in Document::figures.
@@ -123,7 +135,10 @@ struct Paragraph
     std::optional<NoteId> note;       ///< set for a note that a mark in the text refers to; begins with its mark
     /// Which paragraph of the file's tags it is, or a part of; set where the tags say what it is.
     std::optional<std::size_t> tag;
-    bool headingFromTags = false;      ///< whether it is a heading comes from the file's tags
+    bool headingFromTags = false;               ///< whether it is a heading comes from the file's tags
+    bool title = false;                         ///< the title of the whole document, a heading of level 1
+    std::optional<ContentsEntry> contentsEntry; ///< set for entries of a table of contents
+    QString language; ///< a language tag, where it is not that of the document (languageOf()) and known
     std::optional<FigureId> captionOf; ///< set for captions whose figure is known
     ParagraphBorder borderAbove;
     ParagraphBorder borderBelow;

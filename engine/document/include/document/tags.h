@@ -7,7 +7,7 @@
 #include <vector>
 
 // The structure tree of a tagged PDF file as plain data: which part of the text is a heading, a paragraph, a list, a
-// table. A file can say anything here; engine/analysis/tags decides what is used.
+// table. A file can say anything here; engine/analysis/tags decides what to believe.
 namespace quorra::model {
 
 enum class TagRole {
@@ -43,6 +43,7 @@ struct Tag
     int columnSpan = 1;  ///< of a cell
     bool head = false;   ///< of a group of rows: the head of its table
     QString alternative; ///< what is read aloud in place of a figure or formula
+    QString language;    ///< a language tag; empty for that of the parent
 };
 
 /// The elements of a file, and the pieces of page content that belong to them.
@@ -64,6 +65,7 @@ struct TaggedParagraph
     int cell = -1;                     ///< of that table
     bool headingsTagged = false;       ///< the file has tags for headings: what has another one is none
     bool listsTagged = false;          ///< likewise for list items
+    QString language;                  ///< a language tag; empty for that of the file
 };
 
 } // namespace quorra::model

@@ -8,14 +8,15 @@
 
 namespace quorra::model {
 
-/// Consecutive text of one style, baseline shift and link.
+/// Consecutive text of one style, baseline shift, link and page field.
 struct Run
 {
     QString text;
     Style style;
     BaselineShift shift = BaselineShift::None;
     QString link;
-    std::optional<NoteId> note = {}; ///< set for a mark that refers to a note
+    std::optional<NoteId> note = {};   ///< set for a mark that refers to a note
+    PageField field = PageField::None; ///< as in Word
 };
 
 /// Splits the text of the paragraph where its style, baseline shift or link changes. Separators belong to the run

@@ -34,12 +34,13 @@ struct ParagraphPlace
     /// Lines have the distance that they have on the page; otherwise that of the font, so that text can be edited
     /// freely.
     bool exactLeading = true;
-    double lineHeight = 0;    ///< with exactLeading; 0 for that of lineLayout()
-    bool linesGrow = false;   ///< with exactLeading: lines become higher for larger text
-    bool inCell = false;      ///< in a cell of a table
-    bool breakBefore = false; ///< begins a new page
-    bool breakColumn = false; ///< begins a new column
-    QString masterPage;       ///< begins a new page of this master page
+    double lineHeight = 0;         ///< with exactLeading; 0 for that of lineLayout()
+    bool linesGrow = false;        ///< with exactLeading: lines become higher for larger text
+    bool inCell = false;           ///< in a cell of a table
+    bool breakBefore = false;      ///< begins a new page
+    bool breakColumn = false;      ///< begins a new column
+    QString masterPage;            ///< begins a new page of this master page
+    std::optional<int> pageNumber; ///< with masterPage: pages are counted from this number on
     Marks marks;
     std::optional<Colour> background;
     model::Border ruleAbove; ///< drawn lines that become borders of the paragraph
@@ -48,8 +49,15 @@ struct ParagraphPlace
     double gapBelow = 2;
     bool withLinks = true;
     const model::ListPlace *list = nullptr; ///< an item of a list; otherwise the mark is text
+    bool headsContents = false;             ///< the heading of a table of contents
     bool withHeadings = true;               ///< headings as such; otherwise as paragraphs
 };
+
+/// The number of levels for which entries of a table of contents have named styles.
+inline constexpr int contentsLevels = 6;
+
+/// Returns the name of the style of entries of this level, from 1.
+QString contentsStyle(int level);
 
 /// Returns "0.50pt solid #000000", or "none" for width 0.
 QString borderText(const model::Border &border);

@@ -30,6 +30,7 @@ struct Sink
     StyleTable &styles;
     const Notes *notes = nullptr;           ///< without any, marks and notes are ordinary text
     const model::ListPlan *lists = nullptr; ///< without any, the marks of list items are ordinary text
+    bool pageFields = false;                ///< the numbers of pages are counted; otherwise they are ordinary text
 
     /// Returns the place of the paragraph in its list; null if it is in none.
     const model::ListPlace *listPlace(const model::Paragraph &paragraph) const
@@ -47,8 +48,8 @@ QString bookmarkAddress(const QString &link);
 /// Writes text inside a paragraph, with elements for consecutive spaces, tabs and line breaks.
 void writeText(QXmlStreamWriter &xml, const QString &text);
 
-/// Writes the runs as spans, links and notes; runs in the style of the paragraph get no span. Without `withLinks`,
-/// links are left out.
+/// Writes the runs as spans, links, notes and page numbers; runs in the style of the paragraph get no span. Without
+/// `withLinks`, links are left out.
 void writeRuns(
     const Sink &sink, const std::vector<model::Run> &runs, const model::Style &paragraphStyle, bool withLinks = true);
 

@@ -46,6 +46,10 @@ QString officeFamily(const model::Style &style);
 /// Returns the attributes of style:text-properties for text of this style.
 Attributes textAttributes(const model::Style &style);
 
+/// Returns the attributes for text in the language of this tag; none for an empty tag. ODF has three sets of
+/// attributes, for Asian scripts, scripts with complex layout, and all others.
+Attributes languageAttributes(const QString &tag);
+
 /// A font at a size.
 struct SizedFont
 {

@@ -15,20 +15,21 @@ struct FlowForm
     bool separateBreaks = true;
     /// Columns may have margins of their own. In the older format, LibreOffice begins a page with such columns.
     bool columnMargins = true;
+    bool numbersBeginAnew = true; ///< page numbers can begin anew in the midst of the text, or with another than 1
+    bool leftAndRight = true;     ///< left and right pages can have different headers
 };
 
 /// The available forms, for Word's newer formats; see forOldWord().
 namespace flowForms {
 
 /// Pages with columns.
-inline constexpr FlowForm inColumns{
-    .columns = true, .pages = true, .places = true, .frames = true, .separateBreaks = true};
+inline constexpr FlowForm inColumns{.columns = true, .pages = true, .places = true, .frames = true};
 
 /// Pages with a single column.
-inline constexpr FlowForm inOneColumn{.columns = false, .pages = true, .places = true, .separateBreaks = true};
+inline constexpr FlowForm inOneColumn{.columns = false, .pages = true, .places = true};
 
 /// Text without pages.
-inline constexpr FlowForm continuous{.columns = false, .pages = false, .places = false, .separateBreaks = true};
+inline constexpr FlowForm continuous{.columns = false, .pages = false, .places = false};
 
 } // namespace flowForms
 
@@ -37,6 +38,14 @@ constexpr FlowForm forOldWord(FlowForm form)
 {
     form.separateBreaks = false;
     form.columnMargins = false;
+    return form;
+}
+
+/// Returns the form as rich text (.rtf) needs it: LibreOffice writes neither first page numbers nor left pages there.
+constexpr FlowForm forRichText(FlowForm form)
+{
+    form.numbersBeginAnew = false;
+    form.leftAndRight = false;
     return form;
 }
 
