@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/units.h"
 #include "cli/naming.h"
 #include "convert/convert.h"
 #include "image/picture_writer.h"
@@ -18,7 +19,6 @@ namespace {
 
 /// Number of pixels in memory, shared by all threads; larger pictures are rendered in slices.
 constexpr std::int64_t mostPixels = 16'000'000;
-constexpr double pointsPerInch = 72;
 
 /// Those of the page, of a transparency group on it, and of the mask of the group.
 constexpr std::uint64_t bitmapsInDrawing = 3;
@@ -41,16 +41,16 @@ Plan makePlan(const Job &job)
 {
     Plan plan{job, outputExtension(job.options.outputPath), ColourDepth::Colour, {}};
     plan.depth = pictureDepth(job.options, plan.extension);
-    double asked = 0;
+    double requested = 0;
     double usual = 0;
     for (int page = job.firstPage; page <= job.lastPage; ++page) {
         const PageSize points = job.file.pageSize(page);
         const PictureSize size = pictureSize(job.options, page, points.width, points.height);
-        asked += static_cast<double>(size.width) * size.height;
+        requested += static_cast<double>(size.width) * size.height;
         usual += points.width * points.height * pictureResolution * pictureResolution / (pointsPerInch * pointsPerInch);
         plan.sizes.push_back(size);
     }
-    limitTime(job, asked / usual);
+    limitTime(job, requested / usual);
     return plan;
 }
 

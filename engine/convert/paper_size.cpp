@@ -2,6 +2,7 @@
 #include "paper_size.h"
 
 #include "base/failure.h"
+#include "base/units.h"
 
 #include <cmath>
 
@@ -9,7 +10,6 @@ namespace quorra {
 
 namespace {
 
-constexpr double pointsPerInch = 72;
 constexpr double largestPaper = 14400; ///< points; 200 inches
 
 int points(double length)

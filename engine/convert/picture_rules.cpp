@@ -2,6 +2,7 @@
 #include "picture_rules.h"
 
 #include "base/failure.h"
+#include "base/units.h"
 #include "platform/limits.h"
 
 #include <array>
@@ -11,8 +12,6 @@
 namespace quorra {
 
 namespace {
-
-constexpr double pointsPerInch = 72;
 
 constexpr int faxColumns = 1728;
 constexpr int faxXRes = 204;

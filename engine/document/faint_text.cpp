@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/faint_text.h"
 
+#include "base/luma.h"
 #include "document/page_walk.h"
 #include "document/text.h"
 
@@ -40,8 +41,7 @@ void darken(Paragraph &paragraph, StyleTable &styles)
 
 bool isFaint(Colour colour)
 {
-    const double light = 0.299 * (colour >> 16 & 0xff) + 0.587 * (colour >> 8 & 0xff) + 0.114 * (colour & 0xff);
-    return light > minFaint * 0xff;
+    return lumaOf(colour) > minFaint * 0xff;
 }
 
 bool losesBackground(const Page &page, const Paragraph &paragraph)

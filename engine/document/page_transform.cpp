@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/page_transform.h"
 
+#include "base/luma.h"
 #include "document/page_walk.h"
 #include "document/rotation.h"
 
@@ -130,10 +131,7 @@ Colour reduced(Colour colour, ColourDepth depth, Colour inMono)
     if (depth == ColourDepth::Mono) {
         return inMono;
     }
-    const double red = (colour >> 16) & 0xff;
-    const double green = (colour >> 8) & 0xff;
-    const double blue = colour & 0xff;
-    const auto gray = static_cast<Colour>(std::lround(0.299 * red + 0.587 * green + 0.114 * blue));
+    const auto gray = static_cast<Colour>(std::lround(lumaOf(colour)));
     return gray << 16 | gray << 8 | gray;
 }
 

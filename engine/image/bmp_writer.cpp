@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/picture_writer.h"
+
+#include "base/units.h"
 #include "little_endian.h"
 
 #include <algorithm>
@@ -12,7 +14,6 @@ namespace {
 
 constexpr std::uint32_t fileHeaderBytes = 14;
 constexpr std::uint32_t infoHeaderBytes = 40;
-constexpr double inchesPerMetre = 1 / 0.0254;
 
 int bitsPerPixel(ColourDepth depth)
 {

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/failure.h"
+
+#include "base/units.h"
 #include "image/picture_writer.h"
 
 #include <png.h>
@@ -20,7 +22,6 @@ namespace {
 // of the time of the library's defaults, and for text they are smaller than filtered rows.
 constexpr int packerLevel = 3;
 constexpr int packerBuffer = 64 * 1024;
-constexpr double inchesPerMetre = 1 / 0.0254;
 
 png_uint_32 perMetre(double perInch)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/page_reader.h"
 
+#include "base/units.h"
 #include "character_texts.h"
 #include "drawn_characters.h"
 #include "font_families.h"
@@ -46,6 +47,7 @@ struct Thresholds
 {
     double minOpacity = 0.02;    ///< less is not seen
     double maxOpacity = 0.99;    ///< more hides what is below
+    double minRuleWidth = 0.1;   ///< points; of lines that are drawn as thin as possible
     double maxSlant = 0.002;     ///< of the direction of an image's rows: less is upright, but for inaccuracies
     double sameEdge = 1;         ///< points; the ends of marks that are no farther apart are one
     std::size_t maxBelow = 2000; ///< earlier marks of a kind among which those below a new one are looked for
@@ -55,7 +57,6 @@ struct Thresholds
     double scanResolution = 36;  ///< dots per inch; enough to distinguish pictures from paper
 };
 constexpr Thresholds thresholds;
-constexpr double pointsPerInch = 72;
 
 /// The shape of the region that paint is clipped to, within its bounding box; the simplest first.
 enum class ClipShape {
@@ -294,7 +295,7 @@ public:
         }
         GfxRGB rgb;
         state->getStrokeRGB(&rgb);
-        const double width = std::max(0.1, state->getTransformedLineWidth());
+        const double width = std::max(thresholds.minRuleWidth, state->getTransformedLineWidth());
         forEachSubpath(state, [&](const GfxSubpath *subpath) {
             const std::vector<Point> points = uprightPoints(state, subpath);
             if (points.empty()) {
@@ -495,9 +496,8 @@ private:
     /// Whether what is filled now hides everything under it.
     bool isOpaque(const GfxState *state) const
     {
-        constexpr double opaque = 0.99;
         const PaintState &paint = m_paint.back();
-        return fillOpacity(state) > opaque && state->getBlendMode() == gfxBlendNormal &&
+        return fillOpacity(state) > thresholds.maxOpacity && state->getBlendMode() == gfxBlendNormal &&
                paint.groupBlend == gfxBlendNormal && paint.clip == ClipShape::Rectangle && !paint.masked &&
                !paint.hidden;
     }
@@ -566,7 +566,7 @@ private:
             seen = mixed(blended(colour, below.value_or(white), blend), below.value_or(white), opacity);
         }
         if (thickness <= maxRuleWidth) {
-            addRule(box, box.width() >= box.height(), std::max(0.1, thickness), seen);
+            addRule(box, box.width() >= box.height(), std::max(thresholds.minRuleWidth, thickness), seen);
         } else {
             m_page.fills.push_back({box, seen, exact});
         }

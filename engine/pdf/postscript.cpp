@@ -2,6 +2,7 @@
 #include "pdf/postscript.h"
 
 #include "base/failure.h"
+#include "base/units.h"
 #include "pdf_file_handles.h"
 #include "platform/output_file.h"
 #include "platform/page_time.h"
@@ -19,7 +20,6 @@ namespace quorra {
 
 namespace {
 
-constexpr double pointsPerInch = 72;
 constexpr int sizeOfPage = -1;
 constexpr PaperSize ownSize{sizeOfPage, sizeOfPage};
 

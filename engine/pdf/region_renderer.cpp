@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/region_renderer.h"
 
+#include "base/units.h"
 #include "character_texts.h"
 #include "document/page_walk.h"
 #include "image/encode_picture.h"
@@ -19,7 +20,6 @@ namespace quorra {
 
 namespace {
 
-constexpr double pointsPerInch = 72;
 constexpr int rowAlignment = 4;
 constexpr double mostPixels = 60e6;    // of one page; larger ones are drawn at a lower resolution
 constexpr double bitmapsInDrawing = 4; // two cached ones, a transparency group on the page and its mask

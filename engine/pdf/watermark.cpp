@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "watermark.h"
 
+#include "base/units.h"
+
 #include <GfxState.h>
 
 #include <algorithm>
@@ -17,8 +19,6 @@ struct Thresholds
     double minLight = 0.55; ///< of white, of what is seen on white paper; darker text is meant to be read
 };
 constexpr Thresholds thresholds;
-
-constexpr double pointsPerInch = 72;
 
 double lightOf(GfxState *state)
 {

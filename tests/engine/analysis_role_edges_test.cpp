@@ -2,6 +2,7 @@
 #include "page_maker.h"
 #include "threshold_edges.h"
 
+#include "analysis/paragraphs/list_mark.h"
 #include "analysis/semantics/headings.h"
 #include "analysis/semantics/lists.h"
 #include "analysis/semantics/page_headers.h"
@@ -71,6 +72,23 @@ std::vector<Edge> roleEdges()
         most(
             "length of a bold heading", static_cast<std::size_t>(headings::thresholds.maxBoldLength),
             [](double count) { return firstRole(letters(count), em, true) == Role::Heading; }),
+        most(
+            "lines of a heading", headings::thresholds.maxLines,
+            [](double count) {
+                return paragraphsWith([count](PageMaker &page) {
+                           for (int line = 0; line < std::lround(count); ++line) {
+                               page.text(60, 60 + 24 * line, letters(40), 2 * em);
+                           }
+                       })
+                           .front()
+                           .role == Role::Heading;
+            }),
+        fewest(
+            "length of a number of a list", static_cast<std::size_t>(listMarks::thresholds.minOrdinalLength),
+            [](double count) { return isOrdinalMark(QStringLiteral("1.").left(std::lround(count))); }),
+        most(
+            "length of a long number of a list", static_cast<std::size_t>(listMarks::thresholds.maxOrdinalLength),
+            [](double count) { return isOrdinalMark(u'(' + QString(std::lround(count) - 2, u'x') + u')'); }),
         minimum(
             "size of a heading of the same level", headings::thresholds.sameSize,
             [=](double size) {

@@ -24,26 +24,26 @@ class AnalysisRotationTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cellsLieInTheirTables_data() { turns(); }
+    void cellsLieInTheirTables_data() { rotations(); }
     void cellsLieInTheirTables();
-    void edgesLieOnTheirTable_data() { turns(); }
+    void edgesLieOnTheirTable_data() { rotations(); }
     void edgesLieOnTheirTable();
-    void scalingMovesEdgesWithTheirTable_data() { turns(); }
+    void scalingMovesEdgesWithTheirTable_data() { rotations(); }
     void scalingMovesEdgesWithTheirTable();
-    void scalingKeepsIndentsAlongTheText_data() { turns(); }
+    void scalingKeepsIndentsAlongTheText_data() { rotations(); }
     void scalingKeepsIndentsAlongTheText();
-    void xmlNestsItsBoxes_data() { turns(); }
+    void xmlNestsItsBoxes_data() { rotations(); }
     void xmlNestsItsBoxes();
-    void htmlAlignsCellsAsUpright_data() { turns(); }
+    void htmlAlignsCellsAsUpright_data() { rotations(); }
     void htmlAlignsCellsAsUpright();
-    void wordIndentsCellsAsUpright_data() { turns(); }
+    void wordIndentsCellsAsUpright_data() { rotations(); }
     void wordIndentsCellsAsUpright();
-    void slidesDrawTheGridAroundItsTable_data() { turns(); }
+    void slidesDrawTheGridAroundItsTable_data() { rotations(); }
     void slidesDrawTheGridAroundItsTable();
     void inverseUndoesARotation();
 
 private:
-    static void turns();
+    static void rotations();
 };
 
 namespace {
@@ -123,7 +123,7 @@ Document scaled(Document document, double scaleX, double scaleY)
 
 } // namespace
 
-void AnalysisRotationTest::turns()
+void AnalysisRotationTest::rotations()
 {
     QTest::addColumn<int>("rotation");
     QTest::addColumn<unsigned>("seed");

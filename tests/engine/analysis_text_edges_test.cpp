@@ -165,7 +165,7 @@ std::vector<Edge> superscriptEdges()
         minimum(
             "drop", thresholds.minDrop,
             [](double drop) { return shiftOf(0, -drop * em, 7) == BaselineShift::Subscript; }),
-        maximum("gap", thresholds.maxGap, [=](double gap) { return isSuperscript(gap * em, 4, 7); }),
+        maximum("gap", textLines::thresholds.maxNoteMarkGap, [=](double gap) { return isSuperscript(gap * em, 4, 7); }),
         maximum("size", lines.maxShiftedSize, [=](double size) { return isSuperscript(0, 4, size * em); }),
         maximum("baseline", lines.maxBaselineDistance, [=](double raise) { return isSuperscript(0, raise * em, 7); }),
     };

@@ -143,48 +143,48 @@ void CoreNamingTest::path()
 void CoreNamingTest::depth_data()
 {
     QTest::addColumn<QString>("extension");
-    QTest::addColumn<int>("asked");
+    QTest::addColumn<int>("requested");
     QTest::addColumn<int>("compression");
     QTest::addColumn<int>("expected");
     const int colour = static_cast<int>(ColourDepth::Colour);
     const int gray = static_cast<int>(ColourDepth::Gray);
     const int mono = static_cast<int>(ColourDepth::Mono);
-    const auto row = [](const char *extension, int asked, int compression, int expected) {
-        QTest::addRow("%s %d %d", extension, asked, compression)
-            << QString::fromLatin1(extension) << asked << compression << expected;
+    const auto row = [](const char *extension, int requested, int compression, int expected) {
+        QTest::addRow("%s %d %d", extension, requested, compression)
+            << QString::fromLatin1(extension) << requested << compression << expected;
     };
     for (const char *free : {".png", ".tga", ".gif", ".bmp", ".pnm", ".tif", ".tiff"}) {
-        for (const int asked : {colour, gray, mono}) {
-            row(free, asked, 0, asked);
+        for (const int requested : {colour, gray, mono}) {
+            row(free, requested, 0, requested);
         }
     }
     for (const char *jpeg : {".jpg", ".jpeg", ".jpe"}) {
-        for (const int asked : {colour, gray, mono}) {
-            row(jpeg, asked, 0, asked == mono ? gray : asked);
+        for (const int requested : {colour, gray, mono}) {
+            row(jpeg, requested, 0, requested == mono ? gray : requested);
         }
     }
-    for (const int asked : {colour, gray, mono}) {
-        row(".pbm", asked, 0, mono);
-        row(".pgm", asked, 0, gray);
-        row(".ppm", asked, 0, colour);
+    for (const int requested : {colour, gray, mono}) {
+        row(".pbm", requested, 0, mono);
+        row(".pgm", requested, 0, gray);
+        row(".ppm", requested, 0, colour);
         for (const int fax : {3, 4, 88882, 88883, 88884}) {
-            row(".tif", asked, fax, mono);
+            row(".tif", requested, fax, mono);
         }
         for (const int other : {1, 5, 32773}) {
-            row(".tiff", asked, other, asked);
+            row(".tiff", requested, other, requested);
         }
-        row(".png", asked, 4, asked);
+        row(".png", requested, 4, requested);
     }
 }
 
 void CoreNamingTest::depth()
 {
     QFETCH(QString, extension);
-    QFETCH(int, asked);
+    QFETCH(int, requested);
     QFETCH(int, compression);
     QFETCH(int, expected);
     Options options;
-    options.colourDepth = static_cast<ColourDepth>(asked);
+    options.colourDepth = static_cast<ColourDepth>(requested);
     if (compression != 0) {
         options.compression = static_cast<Compression>(compression);
     }
@@ -193,8 +193,8 @@ void CoreNamingTest::depth()
 
 void CoreNamingTest::size_data()
 {
-    QTest::addColumn<QList<int>>("asked");    // width, height, xres, yres, compression; 0: absent
-    QTest::addColumn<QList<int>>("expected"); // width, height
+    QTest::addColumn<QList<int>>("requested"); // width, height, xres, yres, compression; 0: absent
+    QTest::addColumn<QList<int>>("expected");  // width, height
     QTest::addColumn<QList<double>>("tags");
     using Ints = QList<int>;
     using Tags = QList<double>;
@@ -214,22 +214,22 @@ void CoreNamingTest::size_data()
 
 void CoreNamingTest::size()
 {
-    QFETCH(QList<int>, asked);
+    QFETCH(QList<int>, requested);
     QFETCH(QList<int>, expected);
     QFETCH(QList<double>, tags);
     Options options;
     options.outputPath = "a.tif";
-    const auto set = [&asked](std::optional<int> &option, int index) {
-        if (asked[index] > 0) {
-            option = asked[index];
+    const auto set = [&requested](std::optional<int> &option, int index) {
+        if (requested[index] > 0) {
+            option = requested[index];
         }
     };
     set(options.width, 0);
     set(options.height, 1);
     set(options.xres, 2);
     set(options.yres, 3);
-    if (asked[4] != 0) {
-        options.compression = static_cast<Compression>(asked[4]);
+    if (requested[4] != 0) {
+        options.compression = static_cast<Compression>(requested[4]);
     }
     const PictureSize size = pictureSize(options, 1, 612, 792);
     QCOMPARE(size.width, expected[0]);
@@ -279,10 +279,10 @@ void CoreNamingTest::tooLarge()
 
 void CoreNamingTest::paper_data()
 {
-    QTest::addColumn<QList<int>>("asked");    // width, height, xres, yres
-    QTest::addColumn<QList<int>>("expected"); // empty: none
+    QTest::addColumn<QList<int>>("requested"); // width, height, xres, yres
+    QTest::addColumn<QList<int>>("expected");  // empty: none
     using Ints = QList<int>;
-    QTest::newRow("nothing asked") << Ints{0, 0, 300, 300} << Ints{};
+    QTest::newRow("nothing requested") << Ints{0, 0, 300, 300} << Ints{};
     QTest::newRow("both") << Ints{960, 480, 0, 0} << Ints{720, 360};
     QTest::newRow("width") << Ints{816, 0, 0, 0} << Ints{612, 792};
     QTest::newRow("height") << Ints{0, 1056, 0, 0} << Ints{612, 792};
@@ -292,20 +292,20 @@ void CoreNamingTest::paper_data()
 
 void CoreNamingTest::paper()
 {
-    QFETCH(QList<int>, asked);
+    QFETCH(QList<int>, requested);
     QFETCH(QList<int>, expected);
     Options options;
-    if (asked[0] > 0) {
-        options.width = asked[0];
+    if (requested[0] > 0) {
+        options.width = requested[0];
     }
-    if (asked[1] > 0) {
-        options.height = asked[1];
+    if (requested[1] > 0) {
+        options.height = requested[1];
     }
-    if (asked[2] > 0) {
-        options.xres = asked[2];
+    if (requested[2] > 0) {
+        options.xres = requested[2];
     }
-    if (asked[3] > 0) {
-        options.yres = asked[3];
+    if (requested[3] > 0) {
+        options.yres = requested[3];
     }
     const std::optional<PaperSize> paper = paperSize(options, 612, 792);
     QCOMPARE(paper.has_value(), !expected.isEmpty());

@@ -218,7 +218,7 @@ void CoreOptionsTest::range_data()
     QTest::newRow("last past the end") << 4 << 99 << 9 << 4 << 9;
     QTest::newRow("first past the end") << 10 << 0 << 9 << 0 << 0;
     QTest::newRow("both past the end") << 10 << 12 << 9 << 0 << 0;
-    QTest::newRow("turned round") << 5 << 4 << 9 << 0 << 0;
+    QTest::newRow("reversed") << 5 << 4 << 9 << 0 << 0;
 }
 
 void CoreOptionsTest::range()

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """PostScript and EPS: drawn again they hold as much ink as the document, pages and boxes are right, mono and gray leave
-no colour, and an asked size is the size."""
+no colour, and a requested size is kept."""
 import re
 
 import core_support
@@ -54,9 +54,9 @@ def eps_pages(suite, document):
         suite.check(text.startswith(b"%!PS-Adobe-3.0 EPSF-3.0"), name, "is no EPS")
         box = [int(each) for each in re.search(rb"^%%BoundingBox: (-?\d+) (-?\d+) (-?\d+) (-?\d+)", text, re.M).groups()]
         crop = re.search(rf"Page +{number} CropBox: +([-\d.]+) +([-\d.]+) +([-\d.]+) +([-\d.]+)", info)
-        turned = re.search(rf"Page +{number} rot: +(\d+)", info)
+        rotation = re.search(rf"Page +{number} rot: +(\d+)", info)
         wide, high = float(crop.group(3)) - float(crop.group(1)), float(crop.group(4)) - float(crop.group(2))
-        if turned and int(turned.group(1)) % 180:
+        if rotation and int(rotation.group(1)) % 180:
             wide, high = high, wide
         suite.check(abs(box[2] - box[0] - wide) <= 1.5 and abs(box[3] - box[1] - high) <= 1.5,
                     document.name, name, box, wide, high)

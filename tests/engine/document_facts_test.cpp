@@ -259,9 +259,9 @@ private Q_SLOTS:
             QCOMPARE(linePieces(twoWords(limits.gap - 0.01), limits).size(), std::size_t{1});
             QCOMPARE(linePieces(twoWords(limits.gap + 0.01), limits).size(), std::size_t{2});
         }
-        Line turned = twoWords(10);
-        turned.rotation = 90;
-        QCOMPARE(linePieces(turned, textLimits).size(), std::size_t{1});
+        Line rotated = twoWords(10);
+        rotated.rotation = 90;
+        QCOMPARE(linePieces(rotated, textLimits).size(), std::size_t{1});
         Line backwards = twoWords(10);
         std::swap(backwards.words[0], backwards.words[1]);
         QCOMPARE(linePieces(backwards, textLimits).size(), std::size_t{2});

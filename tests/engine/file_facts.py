@@ -67,7 +67,7 @@ def facts(suite):
 
 
 def languages(suite):
-    """The script of the text is believed more than the file, and words that are no language count for nothing."""
+    """The script of the text takes precedence over the file, and words that are no language count for nothing."""
     for said, expected in [("en_GB", "en-GB"), ("english please", None), ("und", None), ("fr", "fr"), ("<b>", None)]:
         pdf = HandPdf()
         pdf.page(line(72, 700, "Some text."))

@@ -113,7 +113,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("height");
         QTest::newRow("whole") << 1.0 << 0 << 160 << 160;
         QTest::newRow("cut") << 0.5 << 0 << 160 << 80;
-        QTest::newRow("cut and turned") << 0.5 << 90 << 160 << 80;
+        QTest::newRow("cut and rotated") << 0.5 << 90 << 160 << 80;
     }
 
     void picturesKeepTheirOwnPixels()

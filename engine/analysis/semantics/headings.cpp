@@ -149,7 +149,7 @@ private:
         }
     }
 
-    /// Finds the paragraphs that entries of the outline lead to. An outline that agrees with few lines is not believed.
+    /// Finds the paragraphs that entries of the outline lead to. An outline that agrees with few lines is ignored.
     void matchOutline()
     {
         QHash<QString, QList<std::size_t>> entries; // by page and text

@@ -13,7 +13,7 @@ struct Thresholds
     double minCovered = 0.8;   ///< share of the letters that belong to an element, artifacts left out
     double maxArtifacts = 0.5; ///< share of the letters; running titles and page numbers are a small part of a page
     double maxForeign = 0.1;   ///< share of the words that are inside paragraphs other than their own
-    std::size_t maxSteps = 5'000'000; ///< of the search for those; a page that takes more is not believed
+    std::size_t maxSteps = 5'000'000; ///< of the search for those; the tags of a page that takes more are ignored
     double maxTorn = 0.2;      ///< share of the words in paragraphs that cannot be one: wide gaps, different sizes
     double minGap = 3.5;       ///< em; between baselines, no paragraph is set wider
     double minSizeRatio = 1.6; ///< of the font sizes of two lines; initials and notes are set in other paragraphs
@@ -37,7 +37,7 @@ inline constexpr Thresholds thresholds;
 /// page's text do not count. A page without tagged words has no sound tags.
 bool areTagsSound(const RawPage &page, const TaggedText &text);
 
-/// Takes back the role of headings that are far too long. Where most of the text is a heading, nothing is believed:
+/// Takes back the role of headings that are far too long. Where most of the text is a heading, all tags are ignored:
 /// then the text has no contents any more.
 void checkHeadings(const std::vector<RawPage> &pages, TaggedText &text);
 

@@ -145,14 +145,14 @@ bool counts(const QString &mark)
 void applyTags(std::vector<RawPage> &pages, const TaggedText &text)
 {
     std::vector<bool> sound(pages.size(), false);
-    std::size_t lying = 0;
-    std::size_t believed = 0;
+    std::size_t unsoundPages = 0;
+    std::size_t soundPages = 0;
     for (std::size_t i = 0; i < pages.size() && !text.contents.empty(); ++i) {
         sound[i] = areTagsSound(pages[i], text);
-        believed += sound[i] ? 1 : 0;
-        lying += !sound[i] && !pages[i].words.empty() ? 1 : 0;
+        soundPages += sound[i] ? 1 : 0;
+        unsoundPages += !sound[i] && !pages[i].words.empty() ? 1 : 0;
     }
-    const bool none = lying >= thresholds.minPages && lying > believed;
+    const bool none = unsoundPages >= thresholds.minPages && unsoundPages > soundPages;
     for (std::size_t i = 0; i < pages.size(); ++i) {
         if (sound[i] && !none) {
             apply(pages[i], text);

@@ -10,17 +10,16 @@
 #include <set>
 #include <vector>
 
-// What the believed tags of a file decide. Words without a tag are analysed from the page alone.
+// What the sound tags of a file decide. Words without a tag are analysed from the page alone.
 namespace quorra::model {
 
 namespace tagUse {
 
 struct Thresholds
 {
-    qsizetype maxLabel = 8;      ///< characters; "(xxviii)" is the longest mark of a list item
-    std::size_t minPages = 2;    ///< pages whose tags are not sound, one for each that is, before none is believed
-    double minCommonWords = 0.3; ///< share of a table's words in paragraphs that run over its columns
-    double minMeantGap = 0.4;    ///< share of the column's width; a line so short was broken on purpose
+    qsizetype maxLabel = 8;   ///< characters; "(xxviii)" is the longest mark of a list item
+    std::size_t minPages = 2; ///< pages; if so many have unsound tags, and fewer have sound ones, no tags are used
+    double minMeantGap = 0.4; ///< share of the column's width; a line so short was broken on purpose
 };
 
 inline constexpr Thresholds thresholds;
@@ -28,7 +27,7 @@ inline constexpr Thresholds thresholds;
 } // namespace tagUse
 
 /// Assigns the words of pages with sound tags to their paragraphs, and removes from all other words what the file says
-/// about them. Where most pages have tags that are not sound, none are believed. `text` must outlive the pages.
+/// about them. Where most pages have tags that are not sound, none are used. `text` must outlive the pages.
 void applyTags(std::vector<RawPage> &pages, const TaggedText &text);
 
 /// Adds what the file calls artifacts to the words of the page's header and footer, if it is above or below all of

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tags/tagged_tables.h"
 
+#include "tables/ruled_table.h"
+#include "tables/rulings.h"
+
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -50,7 +53,7 @@ struct Line
 std::vector<Line> linesOf(const std::vector<Rule> &rules, bool horizontal)
 {
     std::vector<Line> lines;
-    if (rules.size() > thresholds.maxLines) {
+    if (rules.size() > ruledTables::thresholds.maxRules) {
         return lines;
     }
     lines.reserve(rules.size());
@@ -135,8 +138,9 @@ edgesOf(std::vector<Extent> extents, const std::vector<Line> &lines, const Exten
     const auto lineIn = [&](double from, double to, double wanted) -> std::optional<double> {
         std::optional<double> best;
         for (const Line &line : lines) {
-            const bool beside = std::min(line.to, along.to) - std::max(line.from, along.from) >
-                                thresholds.minCoveredSide * std::min(line.to - line.from, along.to - along.from);
+            const bool beside =
+                std::min(line.to, along.to) - std::max(line.from, along.from) >
+                rulings::thresholds.minCoveredSide * std::min(line.to - line.from, along.to - along.from);
             if (beside && line.at >= from && line.at <= to &&
                 (!best || std::abs(line.at - wanted) < std::abs(*best - wanted))) {
                 best = line.at;
@@ -176,7 +180,7 @@ Border borderAt(double at, double from, double to, const std::vector<Line> &line
             border = line.border.width > border.width ? line.border : border;
         }
     }
-    return covered >= thresholds.minCoveredSide * (to - from) ? border : Border{};
+    return covered >= rulings::thresholds.minCoveredSide * (to - from) ? border : Border{};
 }
 
 std::vector<Extent> extentsOf(const Part &part, bool ofRows)

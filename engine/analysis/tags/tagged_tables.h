@@ -10,15 +10,13 @@ namespace taggedTables {
 
 struct Thresholds
 {
-    double tolerance = 2;         ///< points by which the texts of neighbouring rows and columns may overlap
-    double padding = 3;           ///< points from the text to the edge of a table without lines
-    double maxEdgeGap = 15;       ///< points from the text to the line at the edge of its table
-    double sameLine = 2.5;        ///< points; lines so close to the edge of a cell are its border
-    double minCoveredSide = 0.55; ///< share of a cell's side that lines must cover to be its border
-    double maxPlaces = 10'000;    ///< rows times columns on a page; nobody can read more
-    std::size_t maxLines = 3'000; ///< of one direction; more are a drawing, and would take too long to compare
-    double minSameWords = 0.9;    ///< share of the words at the same place of the grid that lines draw
-    double maxAcross = 0.3;       ///< share of a table's words in paragraphs that run over its columns
+    double tolerance = 2;      ///< points by which the texts of neighbouring rows and columns may overlap
+    double padding = 3;        ///< points from the text to the edge of a table without lines
+    double maxEdgeGap = 15;    ///< points from the text to the line at the edge of its table
+    double sameLine = 2.5;     ///< points; lines so close to the edge of a cell are its border
+    double maxPlaces = 10'000; ///< rows times columns on a page; nobody can read more
+    double minSameWords = 0.9; ///< share of the words at the same place of the grid that lines draw
+    double maxAcross = 0.3;    ///< share of a table's words in paragraphs that run over its columns
 };
 
 inline constexpr Thresholds thresholds;

@@ -90,7 +90,7 @@ void markSuperscripts(Line &line, std::size_t first)
     }
     const auto isNextTo = [&](std::size_t i, std::size_t neighbour) {
         return neighbour < shifts.size() && isBase[neighbour] &&
-               gapBetween(words[i].box, words[neighbour].box) < thresholds.maxGap * text.size;
+               gapBetween(words[i].box, words[neighbour].box) < lineThresholds.maxNoteMarkGap * text.size;
     };
     for (std::size_t i = 0; i < shifts.size(); ++i) {
         isBase[i] = isBase[i] || (shifts[i] != BaselineShift::None && isNextTo(i, i - 1));

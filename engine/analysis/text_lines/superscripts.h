@@ -14,7 +14,6 @@ struct Thresholds
 {
     double minRaise = 0.12;         ///< em; words raised by more are superscripts
     double minDrop = 0.08;          ///< em; words lowered by more are subscripts, which are set closer to the baseline
-    double maxGap = 0.45;           ///< em; a space may separate a footnote mark from its text
     double sameBaseline = 0.05;     ///< em; words of the main text differ by less (rounding, hinting)
     double sameSizeTolerance = 0.1; ///< em; font sizes of words of the main text differ by less
 };

@@ -32,11 +32,8 @@ double lineDistanceOf(const model::Paragraph &paragraph)
 bool belongsTo(const TextBlock &block, const model::Paragraph &paragraph)
 {
     const model::Paragraph &last = *block.paragraphs.back();
-    const double gap = paragraph.box.top - last.box.bottom;
-    const double shared = std::min(block.box.right, paragraph.box.right) - std::max(block.box.left, paragraph.box.left);
-    return last.rotation == paragraph.rotation && gap > -thresholds.maxOverlap * lineDistanceOf(paragraph) &&
-           gap < thresholds.maxGap * lineDistanceOf(paragraph) &&
-           shared > thresholds.minSharedWidth * std::min(block.box.width(), paragraph.box.width());
+    return last.rotation == paragraph.rotation &&
+           isCloseBelow(paragraph.box, lineDistanceOf(paragraph), block.box, last.box.bottom);
 }
 
 void writeTextBlock(const Sink &sink, const model::Page &page, const TextBlock &block, FrameAnchor anchor)
@@ -74,6 +71,14 @@ void writePlacedTable(const Sink &sink, const model::Table &table, FrameAnchor a
 }
 
 } // namespace
+
+bool isCloseBelow(const Box &paragraph, double lineDistance, const Box &text, double textBottom)
+{
+    const double gap = paragraph.top - textBottom;
+    const double shared = std::min(text.right, paragraph.right) - std::max(text.left, paragraph.left);
+    return gap > -thresholds.maxOverlap * lineDistance && gap < thresholds.maxGap * lineDistance &&
+           shared > thresholds.minSharedWidth * std::min(text.width(), paragraph.width());
+}
 
 std::vector<TextBlock> textBlocks(const model::Page &page, bool joined)
 {

@@ -22,8 +22,6 @@ struct Thresholds
 {
     double minColumnWidth = 20;  ///< points; narrower columns show no text
     double maxColumnWidth = 400; ///< points; wider columns fill the window
-    double sidePadding = 7;      ///< points; on the left and right of the text in a cell together
-    double fontReserve = 1.08;   ///< factor; by which another font may be wider
     double lineHeight =
         1.22;              ///< em; of the fonts that spreadsheets use, rounded up: cells cut off text that does not fit
     double rowPadding = 2; ///< points; above and below the text of a cell together
@@ -45,7 +43,7 @@ TextMeasure textMeasure()
     return {
         [](const model::Word &word) {
             const double drawn = word.rotation % 180 == 0 ? word.box.width() : word.box.height();
-            return thresholds.fontReserve * std::max(drawn, textWidth(word.text, *word.style).value_or(drawn));
+            return cellReserves.font * std::max(drawn, textWidth(word.text, *word.style).value_or(drawn));
         },
         [](const model::Style &style) { return usualSpaceWidth * style.size; }};
 }
@@ -66,8 +64,8 @@ int linesInSheet(const model::Paragraph &paragraph, const model::Cell &cell, con
     }
     const double width =
         std::accumulate(columnWidths.begin() + cell.column, columnWidths.begin() + cell.column + cell.columnSpan, 0.0);
-    return width < paragraph.box.width() + thresholds.sidePadding
-               ? std::max(lines, linesAt(paragraph, width - thresholds.sidePadding))
+    return width < paragraph.box.width() + cellReserves.sidePadding
+               ? std::max(lines, linesAt(paragraph, width - cellReserves.sidePadding))
                : lines;
 }
 
@@ -87,19 +85,19 @@ double leastWidthOf(const model::Cell &cell)
     double width = 0;
     for (const model::Paragraph &paragraph : cell.paragraphs) {
         if (paragraph.lines.size() == 1 && looksNumeric(model::plainText(paragraph).trimmed())) {
-            width = std::max(width, thresholds.fontReserve * paragraph.box.width());
+            width = std::max(width, cellReserves.font * paragraph.box.width());
         }
         for (const UnbreakableText &text : unbreakableTexts(paragraph, textMeasure())) {
             width = std::max(width, text.width);
         }
     }
-    return width + thresholds.sidePadding;
+    return width + cellReserves.sidePadding;
 }
 
 /// Returns the width at which a cell of one line is not cut off.
 double textWidthOf(const model::Cell &cell)
 {
-    return cell.paragraphs.front().box.width() * thresholds.fontReserve + thresholds.sidePadding;
+    return cell.paragraphs.front().box.width() * cellReserves.font + cellReserves.sidePadding;
 }
 
 /// Returns the leftmost x coordinate at which several texts of a column begin: a single text can begin further left.
@@ -155,7 +153,7 @@ std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables
         const std::size_t own = table == *largest ? 0 : std::max(before, columnsOf(**largest));
         for (std::size_t i = own; i + 1 < table->columnEdges.size(); ++i) {
             widths[i] =
-                std::max(widths[i], table->columnEdges[i + 1] - table->columnEdges[i] + thresholds.sidePadding / 2);
+                std::max(widths[i], table->columnEdges[i + 1] - table->columnEdges[i] + cellReserves.sidePadding / 2);
         }
         for (const model::Cell &cell : table->cells) {
             const auto column = static_cast<std::size_t>(cell.column);
@@ -208,7 +206,7 @@ std::vector<double> withTextColumn(std::vector<double> tableColumns, double text
 
 std::vector<double> textRows(const model::Paragraph &paragraph, double width)
 {
-    const int lines = linesAt(paragraph, width - thresholds.sidePadding - textIndent(paragraph));
+    const int lines = linesAt(paragraph, width - cellReserves.sidePadding - textIndent(paragraph));
     const double lineHeight = thresholds.lineHeight * largestSize(paragraph);
     const double spaceAbove = std::clamp(paragraph.spaceBefore, 0.0, thresholds.maxSpaceAbove);
     return rowsOfHeight(lines * lineHeight + thresholds.rowPadding + spaceAbove);

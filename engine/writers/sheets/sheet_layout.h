@@ -11,6 +11,14 @@
 // and rows are slightly larger than on the page. Pure functions on the document model; lengths in points.
 namespace quorra::office {
 
+/// What a cell needs beyond the width that its text has on the page.
+struct CellReserves
+{
+    double sidePadding = 7; ///< points; on the left and right of the text together
+    double font = 1.08;     ///< factor; by which another font may be wider
+};
+inline constexpr CellReserves cellReserves;
+
 /// Returns the widths of the columns of a sheet with these tables, one below the other. The columns are as wide as
 /// those of the largest table; in the others, text wraps more often than on the page, but no word or number is cut off.
 std::vector<double> sheetColumns(const std::vector<const model::Table *> &tables);

@@ -2,6 +2,7 @@
 #include "tab_columns.h"
 
 #include "document/text.h"
+#include "sheet_layout.h"
 
 #include <QRegularExpression>
 
@@ -15,8 +16,6 @@ namespace {
 struct Thresholds
 {
     double minColumnWidth = 24;  ///< points; parts that begin closer to one another share a column
-    double fontReserve = 1.08;   ///< factor; by which another font may be wider
-    double sidePadding = 7;      ///< points; on the left and right of the text in a cell together
     std::size_t maxColumns = 16; ///< more beginnings than these are no columns
 };
 constexpr Thresholds thresholds;
@@ -43,7 +42,7 @@ bool isSectionNumber(const model::Paragraph &part)
 
 double neededWidth(const model::Paragraph &part)
 {
-    return thresholds.fontReserve * part.box.width() + thresholds.sidePadding;
+    return cellReserves.font * part.box.width() + cellReserves.sidePadding;
 }
 
 } // namespace
@@ -103,7 +102,7 @@ columnsForParts(const std::vector<model::Paragraph> &parts, double left, std::ve
         double end = offset + columnWidths[column++];
         const bool last = i + 1 == parts.size();
         const double next = last ? 0 : parts[i + 1].box.left;
-        while (column < columnWidths.size() && (end < parts[i].box.right - thresholds.sidePadding ||
+        while (column < columnWidths.size() && (end < parts[i].box.right - cellReserves.sidePadding ||
                                                 (!last && end + columnWidths[column] / 2 < next))) {
             end += columnWidths[column++];
             ++place.span;

@@ -3,7 +3,7 @@
 
 #include "document/page_walk.h"
 #include "document/rotation.h"
-#include "odf/line_layout.h"
+#include "odf/placed_page.h"
 #include "slide_fit.h"
 #include "slide_text.h"
 #include "slide_title.h"
@@ -18,9 +18,6 @@ namespace {
 
 struct Thresholds
 {
-    double maxOverlap = 0.5;      ///< line distances; by which paragraphs of a box overlap
-    double maxGap = 1.8;          ///< line distances; between paragraphs of a box
-    double minSharedWidth = 0.5;  ///< share of the narrower one's width; that is below the other
     double offCentre = 3;         ///< points; by which the middles of centred paragraphs differ
     std::size_t minJustified = 3; ///< lines; of a paragraph that shows whether text is justified
 };
@@ -75,11 +72,7 @@ bool belongsTo(const SlideBox &box, const model::Paragraph &paragraph)
     const model::Paragraph &last = box.paragraphs.back();
     const Box before = boxOf(box);
     const Box all = united(before, paragraph.box);
-    const double gap = paragraph.box.top - last.box.bottom;
-    const double leading = slideLeading(paragraph);
-    const double shared = std::min(before.right, paragraph.box.right) - std::max(before.left, paragraph.box.left);
-    const bool below = gap > -thresholds.maxOverlap * leading && gap < thresholds.maxGap * leading &&
-                       shared > thresholds.minSharedWidth * std::min(before.width(), paragraph.box.width());
+    const bool below = isCloseBelow(paragraph.box, slideLeading(paragraph), before, last.box.bottom);
     const auto fits = [&](const model::Paragraph &each) { return isAligned(each, all) && wrapLimit(each) > all.right; };
     return below && !last.rightToLeft && !paragraph.rightToLeft && fits(paragraph) &&
            std::all_of(box.paragraphs.begin(), box.paragraphs.end(), fits);

@@ -14,7 +14,7 @@ enum class BoxKind { Text, Title, Outline };
 struct SlideBox
 {
     BoxKind kind = BoxKind::Text;
-    int rotation = 0; ///< degrees clockwise by which the box is turned on the slide
+    int rotation = 0; ///< degrees clockwise by which the box is rotated on the slide
     std::vector<model::Paragraph> paragraphs;
     std::size_t place = 0; ///< the index of the block of the page after which it is read
 };

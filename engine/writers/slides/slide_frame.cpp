@@ -13,9 +13,9 @@ namespace {
 
 constexpr double quarterTurn = 1.5707963268; // radians, the unit of angles in ODF
 
-model::PageRotation toSlide(const SlideTurn &turn)
+model::PageRotation toSlide(const SlideOrientation &orientation)
 {
-    return model::rotationToPage(turn.rotation, turn.width, turn.height);
+    return model::rotationToPage(orientation.rotation, orientation.width, orientation.height);
 }
 
 /// Writes what makes an open frame a text box, or a placeholder of the slide's layout.
@@ -50,14 +50,14 @@ QString sideName(model::Alignment alignment)
 
 } // namespace
 
-Box onSlide(const Box &box, const SlideTurn &turn)
+Box onSlide(const Box &box, const SlideOrientation &orientation)
 {
-    return toSlide(turn).box(box);
+    return toSlide(orientation).box(box);
 }
 
-model::Rule onSlide(const model::Rule &rule, const SlideTurn &turn)
+model::Rule onSlide(const model::Rule &rule, const SlideOrientation &orientation)
 {
-    const Box box = onSlide(Box{rule.x1, rule.y1, rule.x2, rule.y2}, turn);
+    const Box box = onSlide(Box{rule.x1, rule.y1, rule.x2, rule.y2}, orientation);
     return {box.left, box.top, box.right, box.bottom, rule.width, rule.colour};
 }
 
@@ -76,15 +76,15 @@ TextFrame beginSlideFrame(const Sink &sink, const FrameLook &look)
         {"draw:textarea-vertical-align"_L1, u"top"_s}};
     QXmlStreamWriter &xml = sink.xml;
     const Box &box = look.box;
-    const SlideTurn &turn = look.turn;
+    const SlideOrientation &orientation = look.orientation;
     XmlElement frame(xml, "draw:frame"_L1);
     writeFrameKind(sink, look.kind, properties);
-    const auto [x, y] = toSlide(turn).point(box.left, box.top);
-    if (turn.rotation == 0) {
+    const auto [x, y] = toSlide(orientation).point(box.left, box.top);
+    if (orientation.rotation == 0) {
         xml.writeAttribute("svg:x"_L1, pt(x));
         xml.writeAttribute("svg:y"_L1, pt(y));
     } else {
-        const QString angle = QString::number(-quarterTurn * turn.rotation / 90, 'f', 6);
+        const QString angle = QString::number(-quarterTurn * orientation.rotation / 90, 'f', 6);
         xml.writeAttribute(
             "draw:transform"_L1, "rotate ("_L1 + angle + ") translate ("_L1 + pt(x) + u' ' + pt(y) + u')');
     }

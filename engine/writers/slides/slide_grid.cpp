@@ -61,14 +61,14 @@ std::vector<model::Rule> gridLines(const model::Table &table)
 
 void writeSlideGrid(const Sink &sink, const model::Page &page, const model::Table &table)
 {
-    const SlideTurn turn{table.rotation, page.width, page.height};
+    const SlideOrientation orientation{table.rotation, page.width, page.height};
     for (const model::Cell &cell : table.cells) {
         if (cell.background && *cell.background != white) {
             writeFill(sink, {cell.box, *cell.background}, FrameAnchor::Slide);
         }
     }
     for (const model::Rule &rule : gridLines(table)) {
-        writeRule(sink, onSlide(rule, turn), FrameAnchor::Slide);
+        writeRule(sink, onSlide(rule, orientation), FrameAnchor::Slide);
     }
     std::map<int, model::Paragraph> columns;
     for (const model::Cell &cell : table.cells) {

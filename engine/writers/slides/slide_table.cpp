@@ -34,7 +34,7 @@ std::size_t lineCount(const model::Cell &cell)
     return lines;
 }
 
-bool isTurned(const model::Table &table)
+bool isRotated(const model::Table &table)
 {
     return table.rotation != 0 || std::any_of(table.cells.begin(), table.cells.end(), [](const model::Cell &cell) {
                return std::any_of(
@@ -157,7 +157,7 @@ void writeCell(const Sink &sink, const model::Cell &cell)
 
 bool canBeTable(const model::Table &table)
 {
-    return table.rows() > 0 && table.columns() > 0 && table.cells.size() <= thresholds.maxCells && !isTurned(table);
+    return table.rows() > 0 && table.columns() > 0 && table.cells.size() <= thresholds.maxCells && !isRotated(table);
 }
 
 void writeSlideTable(const Sink &sink, const model::Table &table)

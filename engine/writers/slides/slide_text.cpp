@@ -86,13 +86,13 @@ Box roomOfLines(const Box &box, model::Alignment alignment)
 }
 
 /// Returns the frame for text that wraps: as wide as on the page; wider if there is room and the widths are not known.
-Box roomOfFlow(const model::Page &page, const model::Paragraph &paragraph, const SlideTurn &turn)
+Box roomOfFlow(const model::Page &page, const model::Paragraph &paragraph, const SlideOrientation &orientation)
 {
     if (paragraph.alignment == model::Alignment::Justify) {
         return paragraph.box;
     }
     if (!hasKnownWidths(paragraph)) {
-        return turn.rotation == 0 && !paragraph.rightToLeft ? roomyBox(page, paragraph.box) : paragraph.box;
+        return orientation.rotation == 0 && !paragraph.rightToLeft ? roomyBox(page, paragraph.box) : paragraph.box;
     }
     Box room = paragraph.box;
     room.left -= paragraph.rightToLeft ? thresholds.flowSpare : 0;
@@ -148,7 +148,7 @@ struct BoxLayout
     bool wraps = true;
 };
 
-BoxLayout layoutOf(const model::Page &page, const SlideBox &box, const SlideTurn &turn)
+BoxLayout layoutOf(const model::Page &page, const SlideBox &box, const SlideOrientation &orientation)
 {
     const model::Paragraph &first = box.paragraphs.front();
     const model::Paragraph &last = box.paragraphs.back();
@@ -158,7 +158,7 @@ BoxLayout layoutOf(const model::Page &page, const SlideBox &box, const SlideTurn
     } else {
         layout.wraps = !keepsLines(first);
         layout.frame =
-            layout.wraps ? roomOfFlow(page, first, turn) : roomOfLines(first.box, alignedAlone(first).alignment);
+            layout.wraps ? roomOfFlow(page, first, orientation) : roomOfLines(first.box, alignedAlone(first).alignment);
     }
     layout.frame.top = baselineOf(first) - slideRise(first);
     layout.frame.bottom = baselineOf(last) - slideRise(last) + heightOf(last, slideLeading(last));
@@ -334,10 +334,10 @@ void writeSlideBox(const Sink &sink, const model::Page &page, const SlideBox &bo
         writeTitle(sink, page, box.paragraphs.front());
         return;
     }
-    const SlideTurn turn{box.rotation, page.width, page.height};
-    const BoxLayout layout = layoutOf(page, box, turn);
+    const SlideOrientation orientation{box.rotation, page.width, page.height};
+    const BoxLayout layout = layoutOf(page, box, orientation);
     const model::Alignment alignment = alignedAlone(box.paragraphs.front()).alignment;
-    const TextFrame frame = beginSlideFrame(sink, {box.kind, layout.frame, turn, layout.wraps, alignment});
+    const TextFrame frame = beginSlideFrame(sink, {box.kind, layout.frame, orientation, layout.wraps, alignment});
     const std::vector<std::optional<SlideList>> lists = slideLists(box.paragraphs);
     double above = layout.frame.top;
     for (std::size_t i = 0; i < box.paragraphs.size(); ++i) {

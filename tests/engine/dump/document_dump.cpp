@@ -410,8 +410,7 @@ void dumpPage(const Page &page, Continuations &continuations, std::ostream &out)
         << joined(
                {whole(page.width) + " x " + whole(page.height), page.scanned ? "scanned" : "",
                 page.recognised ? "recognised" : "", page.label.isEmpty() ? "" : "label " + visible(page.label),
-                isTagged(page) ? "tags believed" : "",
-                page.content.isEmpty() ? "empty" : "content " + box(page.content),
+                isTagged(page) ? "tags used" : "", page.content.isEmpty() ? "empty" : "content " + box(page.content),
                 page.background ? "needs its background as a picture" : ""},
                "; ")
         << "]\n";

@@ -151,7 +151,7 @@ def check_options(documents, samples):
     made = documents.convert(samples / "rotated.pdf", ".docx", name="rotated-sizes")
     if made:
         # The rotated page is landscape in the file and portrait when displayed.
-        suite.check(all(h > w for w, h in readers.WordFile(made).page_sizes), "turned page",
+        suite.check(all(h > w for w, h in readers.WordFile(made).page_sizes), "rotated page",
                     readers.WordFile(made).page_sizes)
     made = documents.convert(report, ".docx", name="links")
     if made:

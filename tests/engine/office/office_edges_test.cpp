@@ -9,6 +9,7 @@
 #include "odf/odf_paragraphs.h"
 #include "odf/placed_page.h"
 #include "writers/sheets/sheet_layout.h"
+#include "writers/sheets/tab_columns.h"
 #include "writers/word/flow_breaks.h"
 #include "writers/word/flow_fit.h"
 #include "writers/word/flow_plan.h"
@@ -356,11 +357,23 @@ qsizetype headerLines(double offset)
     return text.mid(text.indexOf(QLatin1String("<style:header>"))).count(QLatin1String("<text:p "));
 }
 
-Margins marginsFor(double left, double top)
+Margins marginsFor(double left, double top, double width = 612)
 {
     model::Page page = pageOf({});
-    page.content = {left, top, 540, 720};
+    page.width = width;
+    page.content = {left, top, width - 72, 720};
     return pageMargins(fixture::document({page})).front();
+}
+
+/// The margins of eleven pages, so many of which begin at 30 points, the others at 60.
+Margins marginsOfPages(double count)
+{
+    std::vector<model::Page> pages(11, pageOf({}));
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        const double edge = static_cast<double>(i) < count ? 30 : 60;
+        pages[i].content = {edge, edge, 540, 720};
+    }
+    return pageMargins(fixture::document(pages)).front();
 }
 
 std::vector<Edge> pageEdges()
@@ -373,6 +386,13 @@ std::vector<Edge> pageEdges()
             [](double left) { return marginsFor(left, 72).left == left; }),
         maximum(
             "top margin of a page that is not full", 144, [](double top) { return marginsFor(72, top).top == top; }),
+        maximum( // 72 points remain between margins
+            "margin of a narrow page", 50, [](double left) { return marginsFor(left, 72, 172).left == left; }),
+        fewest(
+            "pages whose side margin is the usual one", 6,
+            [](double count) { return marginsOfPages(count).left == 30; }),
+        fewest(
+            "pages whose top margin is the usual one", 2, [](double count) { return marginsOfPages(count).top == 30; }),
         maximum( // half of the bottom margin, but no more than 48 points
             "room below the last line", 96,
             [](double bottom) {
@@ -419,6 +439,16 @@ double cellIndent(const std::vector<double> &starts)
     return sheetIndents(table).back();
 }
 
+/// The columns of a line with parts that begin that far from one another.
+std::size_t columnsFor(std::size_t parts, double distance)
+{
+    std::vector<model::Paragraph> line;
+    for (std::size_t i = 0; i < parts; ++i) {
+        line.push_back(lineAt({distance * static_cast<double>(i), 100, distance * static_cast<double>(i) + 5, 112}));
+    }
+    return columnsFromParts({line}, 0, 1000).size();
+}
+
 std::vector<Edge> sheetEdges()
 {
     return {
@@ -448,6 +478,12 @@ std::vector<Edge> sheetEdges()
             "wide indent in a cell", 100,
             [](double indent) {
                 return cellIndent({0, 0, indent}) == indent;
+            }),
+        minimum("distance of columns", 24, [](double distance) { return columnsFor(2, distance) == 2; }),
+        most(
+            "columns of the parts of a line", 16,
+            [](double count) {
+                return columnsFor(static_cast<std::size_t>(count), 30) == static_cast<std::size_t>(count);
             }),
         maximum(
             "beginnings of the texts of a column", 1,

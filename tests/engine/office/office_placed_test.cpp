@@ -28,10 +28,10 @@ private Q_SLOTS:
     void knowsWidthsOfCommonFaces();
     void exactLinesStandOverTheBackground();
     void exactLinesKeepLinks();
-    void exactLinesKeepTheirTurn();
+    void exactLinesKeepTheirRotation();
     void oneSlideForEachPage();
     void otherPageSizesAreCentred();
-    void pagesTakeTheSizeAskedFor();
+    void pagesTakeTheRequestedSize();
     void pagesLargerThanPaperAreRefused();
     void coloursAreReduced();
     void sheetsHoldNumbersAsNumbers();
@@ -134,24 +134,24 @@ void OfficePlacedTest::exactLinesKeepLinks()
     QVERIFY(fixture::paragraphs(text).join(u' ').contains(QLatin1String("far below")));
 }
 
-void OfficePlacedTest::exactLinesKeepTheirTurn()
+void OfficePlacedTest::exactLinesKeepTheirRotation()
 {
     fixture::Pictures pictures;
-    model::Paragraph turned = fixture::paragraph(QStringLiteral("up"), {72, 300, 82, 310});
-    turned.rotation = 270;
-    turned.lines[0].rotation = 270;
-    turned.lines[0].baseline = 80;
-    turned.lines[0].words[0].rotation = 270;
-    turned.lines[0].words[0].baseline = 80;
+    model::Paragraph rotated = fixture::paragraph(QStringLiteral("up"), {72, 300, 82, 310});
+    rotated.rotation = 270;
+    rotated.lines[0].rotation = 270;
+    rotated.lines[0].baseline = 80;
+    rotated.lines[0].words[0].rotation = 270;
+    rotated.lines[0].words[0].baseline = 80;
     const auto exact = [&] {
-        const model::Document document = fixture::document({pageOf({turned})});
+        const model::Document document = fixture::document({pageOf({rotated})});
         return fixture::odf(OdfKind::Text, [&](OdfFile &file) { writeExact(file, document, pictures); });
     };
     const QString up = exact();
     QVERIFY(up.contains(QLatin1String("loext:writing-mode=\"bt-lr\"")));
     // The tops of the characters are left of the baseline, and the line begins at the bottom.
     QVERIFY(up.contains(QLatin1String("svg:x=\"70.40pt\" svg:y=\"276.00pt\" svg:width=\"12.00pt\"")));
-    turned.lines[0].rotation = 90;
+    rotated.lines[0].rotation = 90;
     const QString down = exact();
     QVERIFY(down.contains(QLatin1String("style:writing-mode=\"tb-rl\"")));
     QVERIFY(down.contains(QLatin1String("svg:x=\"77.60pt\" svg:y=\"300.00pt\" svg:width=\"12.00pt\"")));
@@ -184,7 +184,7 @@ void OfficePlacedTest::otherPageSizesAreCentred()
     QCOMPARE(document.pages[1].sections[0].blocks[0].box(), (Box{0, 198, 50, 203}));
 }
 
-void OfficePlacedTest::pagesTakeTheSizeAskedFor()
+void OfficePlacedTest::pagesTakeTheRequestedSize()
 {
     model::Document document = fixture::document({threeParagraphs()});
     Options options;

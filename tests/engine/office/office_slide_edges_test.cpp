@@ -5,8 +5,10 @@
 #include "odf/font_widths.h"
 #include "writers/slides/slide_boxes.h"
 #include "writers/slides/slide_fit.h"
+#include "writers/slides/slide_lists.h"
 #include "writers/slides/slide_table.h"
 #include "writers/slides/slide_text.h"
+#include "writers/slides/slide_title.h"
 
 using namespace quorra;
 using namespace quorra::office;
@@ -71,10 +73,10 @@ bool hasSize(double height, double scale)
 std::vector<Edge> fitEdges()
 {
     return {
-        {"width at which letters come closer", 0.96, 0.98, true,
+        {"width at which text shrinks", 0.9695, 0.9705, true, // letters come closer by 3 % before
          [](double ratio) { return fittingText(lineOfWidth(ratio), 500).scale < 1; }},
-        {"width at which text shrinks no more", 0.77, 0.782, true,
-         [](double ratio) { return fittingText(lineOfWidth(ratio), 500).scale <= 0.8; }},
+        {"width at which text shrinks no more", 0.7755, 0.7765, true,
+         [](double ratio) { return qFuzzyCompare(fittingText(lineOfWidth(ratio), 500).scale, 0.8); }},
         {"letter spacing of wide text", 1.29, 1.31, true, // 0.15 em for letters of 0.5 em
          [](double ratio) {
              return std::abs(fittingText(lineOfWidth(ratio), 500).spacing - (ratio - 1) * 0.5 * em) < 0.03;
@@ -173,10 +175,100 @@ std::vector<Edge> boxEdges()
     };
 }
 
+// ---- titles and lists
+
+/// A line of this font size.
+model::Paragraph textAt(const QString &text, double top, double size)
+{
+    return fixture::paragraph(text, {72, top, 272, top + size}, fixture::style(size));
+}
+
+/// How many paragraphs the title has on a page with these paragraphs and with text of 10 points in its middle.
+std::size_t titleParts(std::vector<model::Paragraph> paragraphs, const QString &outlineEntry = {})
+{
+    paragraphs.push_back(textAt(QString(20, u'm'), 500, em));
+    const model::Document document = pageWith(std::move(paragraphs));
+    model::FileFacts facts;
+    if (!outlineEntry.isEmpty()) {
+        model::OutlineEntry entry;
+        entry.title = outlineEntry;
+        entry.page = document.pages[0].number;
+        facts.outline = {entry};
+    }
+    return slideTitle(document.pages[0], facts).size();
+}
+
+QString letters(double count)
+{
+    return QString(std::lround(count), u'n');
+}
+
+/// The page is 612 points wide.
+constexpr double pageWidth = 612;
+
+bool isCentred(double left, double right)
+{
+    const model::Document document = pageWith({fixture::paragraph(tenLetters(), {left, 72, right, 92})});
+    const model::Page &page = document.pages[0];
+    return titleParagraph({page.sections[0].blocks[0].paragraph()}, page).alignment == model::Alignment::Centre;
+}
+
+/// Whether a title that begins there ends as far from the right edge of the page.
+bool isFrameSymmetric(double left)
+{
+    const model::Document document = pageWith({});
+    model::Paragraph title = fixture::paragraph(tenLetters(), {left, 72, left + 100, 92});
+    return qFuzzyCompare(titleFrame(title, document.pages[0]).box.right, pageWidth - left);
+}
+
+std::vector<Edge> titleEdges()
+{
+    return {
+        minimum(
+            "size of a title", 1.15, [](double size) { return titleParts({textAt(letters(5), 72, size * em)}) > 0; }),
+        {"size of the first large text", 0.94, 0.96, false, // otherwise the title is the second one, with two parts
+         [](double size) {
+             return titleParts(
+                        {textAt(letters(5), 72, size * 20), textAt(letters(6), 200, 20),
+                         textAt(letters(7), 225, 20)}) == 1;
+         }},
+        maximum(
+            "place of a title", 0.6, [](double top) { return titleParts({textAt(letters(5), top * 792, 20)}) > 0; }),
+        maximum(
+            "gap between the parts of a title", 0.8,
+            [](double gap) {
+                return titleParts({textAt(letters(5), 72, 20), textAt(letters(6), 92 + gap * 20, 20)}) == 2;
+            }),
+        most("letters of a title", 250, [](double count) { return titleParts({textAt(letters(count), 72, 20)}) > 0; }),
+        fewest( // of 40
+            "letters of an entry that is cut off", 20,
+            [](double count) { return titleParts({textAt(letters(40), 72, em)}, letters(count)) > 0; }),
+        fewest( // of 12
+            "letters of a short entry that is cut off", 8,
+            [](double count) { return titleParts({textAt(letters(12), 72, em)}, letters(count)) > 0; }),
+        maximum(
+            "title off the middle", 0.01,
+            [](double off) { return isCentred(200, pageWidth - 200 + 2 * off * pageWidth); }),
+        minimum(
+            "blank beside a centred title", 0.15,
+            [](double share) { return isCentred(share * pageWidth, (1 - share) * pageWidth); }),
+        maximum("margin beside a title", 0.1, [](double share) { return isFrameSymmetric(share * pageWidth); }),
+        minimum("narrow margin beside a title", 0.02, [](double share) { return isFrameSymmetric(share * pageWidth); }),
+        maximum(
+            "gap after a mark", 8,
+            [](double hang) {
+                model::Paragraph item = fixture::listItem(QStringLiteral("* text"), {72, 100, 272, 112});
+                std::vector<model::Word> &words = item.lines[0].words;
+                words[1].box.left = words[0].box.left + hang * em;
+                return slideLists({item}).front().has_value();
+            }),
+    };
+}
+
 std::vector<Edge> allEdges()
 {
     std::vector<Edge> all;
-    for (const auto &edges : {fitEdges(), tableEdges(), boxEdges()}) {
+    for (const auto &edges : {fitEdges(), tableEdges(), boxEdges(), titleEdges()}) {
         all.insert(all.end(), edges.begin(), edges.end());
     }
     return all;

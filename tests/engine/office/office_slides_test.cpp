@@ -33,7 +33,7 @@ private Q_SLOTS:
     void spacingFollowsThePage();
     void tightTextBecomesSmaller();
     void tightTablesHaveSmallerText();
-    void turnedTablesAreDrawn();
+    void rotatedTablesAreDrawn();
     void emptyCellsStayLow();
     void cellTextKeepsItsBlankSides();
 };
@@ -146,9 +146,9 @@ void OfficeSlidesTest::marksKeepTheirDistance()
 void OfficeSlidesTest::rotatedTextRotatesItsFrame()
 {
     // Upright it is at 100, 50 on a page of 792 x 612; rotated by 90 degrees, this is 612 - 50 from the left.
-    model::Paragraph paragraph = lineAt(QStringLiteral("turned"), {100, 50, 130, 62});
-    const SlideTurn turn{90, 612, 792};
-    const Box box = onSlide(Box{100, 50, 130, 62}, turn);
+    model::Paragraph paragraph = lineAt(QStringLiteral("rotated"), {100, 50, 130, 62});
+    const SlideOrientation orientation{90, 612, 792};
+    const Box box = onSlide(Box{100, 50, 130, 62}, orientation);
     QCOMPARE(box, (Box{550, 100, 562, 130}));
     paragraph.rotation = 90;
     paragraph.box = box;
@@ -279,7 +279,7 @@ void OfficeSlidesTest::tightTablesHaveSmallerText()
     QVERIFY(!tight.contains(QLatin1String("fo:font-size=\"10.0pt\"")));
 }
 
-void OfficeSlidesTest::turnedTablesAreDrawn()
+void OfficeSlidesTest::rotatedTablesAreDrawn()
 {
     model::Page page = fixture::page();
     model::Table table = fixture::table(2, {QStringLiteral("a"), QStringLiteral("b")});

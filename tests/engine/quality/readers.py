@@ -30,7 +30,7 @@ def tokens(text):
 
 
 def _is_exchanged(text):
-    """pdftotext believes maps to Unicode that exchange the two bytes of every character; then no lower byte but zero
+    """pdftotext relies on maps to Unicode that exchange the two bytes of every character; then no lower byte but zero
     occurs."""
     strange = [c for c in text if ord(c) > 0xff]
     return len(strange) >= FEWEST_EXCHANGED and not any(ord(c) & 0xff or ord(c) > 0xffff for c in strange)

@@ -30,7 +30,7 @@ CELL = re.compile(r"^ *cell (\d+),(\d+)(?: \[([^\]]*)\])?(.*)$")
 SPANS = re.compile(r"(\d+) (rows|columns)")
 LOOK = re.compile(r"\{[^{}]*\}")  # where the look of the text changes
 PAGE = re.compile(r"^page (\d+) ", re.MULTILINE)
-BELIEVED = "tags believed"
+TAGS_USED = "tags used"
 FIGURES = ("headings", "heading levels", "paragraphs", "list items", "table cells")
 
 
@@ -82,10 +82,10 @@ def compare(program, document):
     """{figure: F1} of a document whose tags are used; None of others."""
     tagged, untagged = dump(program, document), dump(program, document, "--ignore-tags")
     tagged, untagged = pages(tagged), pages(untagged)
-    believed = [page for page, text in tagged.items() if BELIEVED in text.splitlines()[0]]
-    if not believed:
+    used = [page for page, text in tagged.items() if TAGS_USED in text.splitlines()[0]]
+    if not used:
         return None
-    truth, found = (Found("\n".join(each.get(page, "") for page in believed)) for each in (tagged, untagged))
+    truth, found = (Found("\n".join(each.get(page, "") for page in used)) for each in (tagged, untagged))
     texts = [[text for text, _ in each.headings] for each in (truth, found)]
     neighbours = [round_trip.relations([[tuple(cell) for cell in table if cell[4]] for table in each.tables])
                   for each in (truth, found)]

@@ -35,7 +35,7 @@ struct RawWord
     QString link;          ///< an address, or "#page=N" for a page of the same document; empty if there is none
     int content = -1;      ///< the piece of tagged content it is part of: a place in TagTree::contents; -1 for none
     bool artifact = false; ///< the file says that it is no content of the document: a page number, a running title
-    const TaggedParagraph *tagged = nullptr; ///< set during the analysis where the tags are believed
+    const TaggedParagraph *tagged = nullptr; ///< set during the analysis where the tags are used
     bool inLabel = false;                    ///< likewise: part of the mark of a list item
 };
 

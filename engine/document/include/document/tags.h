@@ -7,7 +7,7 @@
 #include <vector>
 
 // The structure tree of a tagged PDF file as plain data: which part of the text is a heading, a paragraph, a list, a
-// table. A file can say anything here; engine/analysis/tags decides what to believe.
+// table. A file can say anything here; engine/analysis/tags decides what is used.
 namespace quorra::model {
 
 enum class TagRole {

@@ -17,6 +17,10 @@ struct TextBlock
     bool labels = false; ///< labels of a drawing, each line of which has its own position
 };
 
+/// Returns whether the paragraph with this box and distance of lines is close enough below some text to share a frame
+/// with it. `text` is the box of the text, `textBottom` where its last paragraph ends.
+bool isCloseBelow(const Box &paragraph, double lineDistance, const Box &text, double textBottom);
+
 /// Returns the text blocks of a page in reading order, followed by the header and the footer. With `joined`, close
 /// paragraphs of a column form one block; otherwise each paragraph is a block.
 std::vector<TextBlock> textBlocks(const model::Page &page, bool joined);
