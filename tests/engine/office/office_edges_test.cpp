@@ -14,6 +14,7 @@
 #include "writers/word/flow_fit.h"
 #include "writers/word/flow_plan.h"
 #include "writers/word/page_layout.h"
+#include "writers/word/page_styles.h"
 
 using namespace quorra;
 using namespace quorra::office;
@@ -352,7 +353,8 @@ qsizetype headerLines(double offset)
     model::Page page = pageOf({});
     page.header = {lineAt({72, 40, 172, 50}), lineAt({400, 40 + offset, 500, 50 + offset})};
     const QString text = fixture::odf(OdfKind::Text, [&](OdfFile &file) {
-        MasterPages({file.masters(), file.styles()}).name(page, {}, true);
+        MasterPages({file.masters(), file.styles()})
+            .name(PageStyle{&page, &page, false, model::NumberFormat::Decimal, {}}, Margins{});
     });
     return text.mid(text.indexOf(QLatin1String("<style:header>"))).count(QLatin1String("<text:p "));
 }
