@@ -86,6 +86,24 @@ private Q_SLOTS:
         QVERIFY2(xml.contains(QStringLiteral(" role=\"footnote\" note=\"3\">")), qPrintable(xml));
     }
 
+    void writesHowSureRecognitionIs()
+    {
+        DocumentMaker maker;
+        Paragraph text = maker.paragraph(QStringLiteral("One Two three"));
+        std::vector<Word> &words = text.lines[0].words;
+        words[0].confidence = 0.914;
+        words[1].confidence = 0.8;
+        words[1].separator = Separator::None;
+        words[2].confidence = 0.5;
+        maker.add({text, 0});
+        QVERIFY(!xmlOf(maker.document()).contains(QStringLiteral("recognised")));
+        maker.document().pages[0].recognised = true;
+        const QString xml = xmlOf(maker.document());
+        QVERIFY2(xml.contains(QStringLiteral(" recognised=\"yes\"")), qPrintable(xml));
+        QVERIFY2(xml.contains(QStringLiteral(" confidence=\"0.91\">One</word>")), qPrintable(xml));
+        QVERIFY2(xml.contains(QStringLiteral(" confidence=\"0.5\">Twothree</word>")), qPrintable(xml));
+    }
+
     void writesPicturesWithTheirCaptions()
     {
         DocumentMaker maker;

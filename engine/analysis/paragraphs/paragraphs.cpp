@@ -248,6 +248,7 @@ Word wordOf(const RawWord &raw, StyleTable &styles)
     word.rotation = raw.rotation;
     word.style = styles.add(raw.style);
     word.link = raw.link;
+    word.confidence = raw.confidence;
     return word;
 }
 

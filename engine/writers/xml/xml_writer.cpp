@@ -123,6 +123,7 @@ private:
         number("width", page.width);
         number("height", page.height);
         flag("scanned", page.scanned);
+        flag("recognised", page.recognised);
         for (const Paragraph &each : page.header) {
             writeParagraph(each, "header");
         }
@@ -240,6 +241,9 @@ private:
             while (i + 1 < words.size() && !words[i].spaceAfter()) {
                 word.text += words[++i].text;
                 word.box = united(word.box, words[i].box);
+                if (words[i].confidence) {
+                    word.confidence = std::min(word.confidence.value_or(1), *words[i].confidence);
+                }
             }
             if (i + 1 == words.size() && !after.empty() && words[i].separator == model::Separator::Hyphen) {
                 word.text.chop(1);
@@ -281,6 +285,9 @@ private:
         }
         if (word.text.isEmpty()) {
             attribute("part", QStringLiteral("rest"));
+        }
+        if (word.confidence) {
+            number("confidence", *word.confidence);
         }
         m_xml.writeCharacters(xmlText(word.text));
     }

@@ -52,6 +52,7 @@ struct Word
     std::optional<NoteId> note;        ///< set for the mark in the text that refers to this note
     PageField field = PageField::None; ///< of a word in a page header or footer
     bool leader = false;               ///< dots that fill the gap of a tab: seen on the page, but no text
+    std::optional<double> confidence;  ///< as in RawWord
 
     bool spaceAfter() const { return separator != Separator::None; }
 };

@@ -37,6 +37,8 @@ struct RawWord
     bool artifact = false; ///< the file says that it is no content of the document: a page number, a running title
     const TaggedParagraph *tagged = nullptr; ///< set during the analysis where the tags are used
     bool inLabel = false;                    ///< likewise: part of the mark of a list item
+    /// How sure character recognition is of the word, from 0 to 1; only of words that the engine itself recognised.
+    std::optional<double> confidence = {};
 };
 
 /// A straight horizontal or vertical line, drawn as a stroke or as a thin filled rectangle.
@@ -86,8 +88,9 @@ struct RawPicture
 {
     Box box; ///< the visible part
     std::optional<ImageSource> stream = {};
-    bool scan = false; ///< it shows the recognised text of the page, which replaces it
-    bool part = false; ///< a part of a scan that shows a picture rather than text
+    bool scan = false;      ///< it shows the recognised text of the page, which replaces it
+    bool part = false;      ///< a part of a scan that shows a picture rather than text
+    double dotsPerInch = 0; ///< of its pixels on the page, along the finer side; 0 if unknown
 };
 
 /// What is read aloud in place of a figure.
