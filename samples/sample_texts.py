@@ -107,3 +107,14 @@ def _shape_word(word):
 def visual(line):
     """A right-to-left line as a PDF stores it: shaped, in the order in which it is drawn from the left."""
     return " ".join(word if word.isdigit() else _shape_word(word)[::-1] for word in reversed(line.split()))
+
+SCAN_TITLE = "Notice to all visitors"
+
+SCAN_TEXT = [
+    "The press hall may be visited on weekdays between nine and noon. Please report to the porter, who keeps the list "
+    "of guided tours and lends ear protection to everybody who enters the hall while the machines are running.",
+    "Photographs are allowed everywhere except in the proof room. Children under twelve must be accompanied by an adult "
+    "at all times. The table shows the machines that can be seen this week.",
+]
+
+SCAN_CAPTION = "The hills behind the works"

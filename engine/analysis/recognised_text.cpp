@@ -83,6 +83,19 @@ bool isPictureOnScan(const RawPicture &piece, const RawPage &page)
            });
 }
 
+// Removes the lines that recognition found in pictures on a scan, such as their edges.
+void removeRulesOfParts(RawPage &page)
+{
+    const auto isOfPart = [&page](const Rule &rule) {
+        const double x = (rule.x1 + rule.x2) / 2;
+        const double y = (rule.y1 + rule.y2) / 2;
+        return std::any_of(page.pictures.begin(), page.pictures.end(), [x, y](const RawPicture &picture) {
+            return picture.part && expanded(picture.box, thresholds.partMargin).contains(x, y);
+        });
+    };
+    page.rules.erase(std::remove_if(page.rules.begin(), page.rules.end(), isOfPart), page.rules.end());
+}
+
 // Fonts of recognised text are often placeholders without a design.
 void makeReadable(Style &style)
 {
@@ -123,10 +136,13 @@ void resolveHiddenWords(RawPage &page)
             page.words.begin(), page.words.end(),
             [&](const RawWord &word) { return word.hidden && (!onScan(word.box) || inPart(word)); }),
         page.words.end());
+    removeRulesOfParts(page);
     for (RawWord &word : page.words) {
         if (word.hidden) {
             page.recognised = true;
-            makeReadable(word.style);
+            if (!word.confidence) { // the engine's own words have a style that is readable
+                makeReadable(word.style);
+            }
         }
     }
 }

@@ -13,6 +13,7 @@ struct Thresholds
     double minTextArea = 0.2;  ///< share of a smaller image that hidden words on it cover; less are labels in a picture
     double maxOverlap = 0.5;   ///< share of a hidden word's width that a visible word may cover
     double sameBaseline = 0.5; ///< em; baselines of words that overlap differ by less
+    double partMargin = 4;     ///< points around a picture on a scan, whose place is not known more exactly
 };
 
 inline constexpr Thresholds thresholds;

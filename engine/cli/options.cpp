@@ -53,6 +53,27 @@ WordMode wordMode(const std::string &option, const std::string &text)
     return static_cast<WordMode>(wanted);
 }
 
+/// Checks names of recognition data that are joined by "+". Throws Failure(Usage) for anything else.
+std::vector<std::string> languages(const std::string &option, const std::string &text)
+{
+    std::vector<std::string> names(1);
+    for (const char c : text) {
+        const bool isName = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+        if (c == '+') {
+            names.emplace_back();
+        } else if (isName) {
+            names.back() += c;
+        } else {
+            names.assign(1, {});
+            break;
+        }
+    }
+    if (std::find(names.begin(), names.end(), std::string()) != names.end()) {
+        throw Failure(ExitStatus::Usage, "option " + option + " requires names such as eng or deu+eng");
+    }
+    return names;
+}
+
 /// The headings of the help text, in its order.
 enum class Group {
     Pages,
@@ -75,13 +96,14 @@ struct Switch
     void (*set)(Options &);
 };
 
-constexpr std::array<Switch, 5> switches = {{
+constexpr std::array<Switch, 6> switches = {{
     {"-tempname1", Group::Names, "use the template even if there is only one output file",
      [](Options &o) { o.tempNameForSingle = true; }},
     {"-mono", Group::Images, "black and white", [](Options &o) { o.colourDepth = ColourDepth::Mono; }},
     {"-gray", Group::Images, "grey", [](Options &o) { o.colourDepth = ColourDepth::Gray; }},
     {"-multipage", Group::Images, ".tif, .tiff: all pages in one file", [](Options &o) { o.multipage = true; }},
     {"-htmlformat", Group::Documents, ".xml: write XHTML", [](Options &o) { o.htmlFormat = true; }},
+    {"-noocr", Group::Documents, "leave the text in scanned pages unread", [](Options &o) { o.recogniseText = false; }},
 }};
 
 struct ValueOption
@@ -95,7 +117,7 @@ struct ValueOption
 
 using Text = const std::string &;
 
-constexpr std::array<ValueOption, 11> valueOptions = {{
+constexpr std::array<ValueOption, 12> valueOptions = {{
     {"-tempname", "T", Group::Names, "images, EPS: template; %d or %03d becomes 1, 2, ...",
      [](Options &o, Text, Text value) { o.tempName = value; }},
     {"-f", "N", Group::Pages, "first page, counted from 1",
@@ -118,6 +140,10 @@ constexpr std::array<ValueOption, 11> valueOptions = {{
      ".doc, .docx, .rtf: 0 automatic, 1 text boxes, 2 exact positions,\n"
      "3 flowing text, 4 continuous text",
      [](Options &o, Text name, Text value) { o.wordMode = wordMode(name, value); }},
+    {"-ocrlang", "L", Group::Documents,
+     "languages of scanned pages, such as deu+eng; if not given, that of the\n"
+     "file or of the system, and English",
+     [](Options &o, Text name, Text value) { o.recognitionLanguages = languages(name, value); }},
     {"-upw", "P", Group::Passwords, "user password", [](Options &o, Text, Text value) { o.userPassword = value; }},
     {"-opw", "P", Group::Passwords, "owner password", [](Options &o, Text, Text value) { o.ownerPassword = value; }},
 }};

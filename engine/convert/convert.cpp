@@ -3,6 +3,7 @@
 
 #include "base/failure.h"
 #include "cli/page_range.h"
+#include "ocr/recogniser.h"
 #include "picture_rules.h"
 #include "platform/limits.h"
 #include "platform/output_file.h"
@@ -34,6 +35,22 @@ constexpr std::array<Row, 26> rows = {{
     {".pbm", convertToImages},     {".pgm", convertToImages},
 }};
 
+/// Throws Failure for a language that the user asked for and that cannot be recognised.
+void checkLanguages(const std::vector<std::string> &languages)
+{
+    const std::vector<std::string> installed =
+        languages.empty() ? std::vector<std::string>() : ocr::installedLanguages();
+    for (const std::string &language : languages) {
+        if (std::find(installed.begin(), installed.end(), language) == installed.end()) {
+            std::string line = "no recognition data for language " + language + "; installed are";
+            for (const std::string &each : installed) {
+                line += ' ' + each;
+            }
+            throw Failure(ExitStatus::Usage, installed.empty() ? line + " none" : line);
+        }
+    }
+}
+
 } // namespace
 
 Converter converterFor(std::string_view extension)
@@ -56,18 +73,19 @@ std::string versionText()
     return "Qtminw " QUORRA_VERSION "\npoppler " + pdfLibraryVersion() + '\n';
 }
 
-TimeAllowance timeAllowed(const Job &job, double finer)
+TimeAllowance timeAllowed(const Job &job, double finer, int scans)
 {
     const double share = static_cast<double>(job.pageCount()) / job.file.pageCount();
     const auto bytes = static_cast<std::uint64_t>(share * static_cast<double>(job.file.fileBytes()));
-    return timeAllowance({job.pageCount(), bytes, finer}, timeFactor(std::getenv("QUORRA_TIME_FACTOR")));
+    return timeAllowance({job.pageCount(), bytes, finer, scans}, timeFactor(std::getenv("QUORRA_TIME_FACTOR")));
 }
 
-void limitTime(const Job &job, double finer)
+TimeAllowance limitTime(const Job &job, double finer, int scans)
 {
-    const TimeAllowance allowed = timeAllowed(job, finer);
+    TimeAllowance allowed = timeAllowed(job, finer, scans);
     allowPageTime(allowed.page);
     limits::allowProcessorTime(allowed.run);
+    return allowed;
 }
 
 double finerThanUsual(const Options &options)
@@ -86,6 +104,7 @@ void convert(const Options &options)
             ExitStatus::Usage, extension.empty() ? std::string("the output name has no extension")
                                                  : "unknown output extension " + extension);
     }
+    checkLanguages(options.recognitionLanguages);
     PdfFile file(options.inputPath, options.userPassword, options.ownerPassword);
     const PageRange range = pageRange(options, file.pageCount());
     // Remove part files left by killed runs.

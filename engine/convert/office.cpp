@@ -34,8 +34,7 @@ using namespace office;
 /// LibreOffice also gets the remaining time of this process: pages with many words take most of their time there.
 std::chrono::milliseconds helperTime(const Job &job)
 {
-    const TimeAllowance allowed = timeAllowed(job, finerThanUsual(job.options));
-    return allowed.helper + std::max(std::chrono::milliseconds{0}, allowed.run - limits::processorTimeTaken());
+    return timeAllowed(job, finerThanUsual(job.options)).helper + limits::processorTimeLeft();
 }
 
 /// Adds to exported slides what LibreOffice leaves out.

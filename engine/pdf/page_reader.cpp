@@ -369,7 +369,7 @@ public:
         GfxState *state, Object *ref, Stream *str, int width, int height, bool invert, bool interpolate,
         bool inlineImage) override
     {
-        addImage(state, nullptr);
+        addImage(state, nullptr, {width, height});
         OutputDev::drawImageMask(state, ref, str, width, height, invert, interpolate, inlineImage);
     }
 
@@ -378,7 +378,7 @@ public:
         const int *maskColours, bool inlineImage) override
     {
         const bool masked = maskColours || m_maskedImages > 0;
-        const Box box = addImage(state, masked || inlineImage ? nullptr : ref);
+        const Box box = addImage(state, masked || inlineImage ? nullptr : ref, {width, height});
         if (!masked && isOpaque(state) && isUpright(state)) {
             m_characters.cover(box, DrawnCharacters::Cover::Image);
         }
@@ -624,8 +624,24 @@ private:
         return true;
     }
 
+    /// The size of an image in the file.
+    struct Pixels
+    {
+        int width;
+        int height;
+    };
+
+    /// The resolution, in dots per inch, at which the page shows an image.
+    static double resolutionOf(const GfxState *state, const Pixels &pixels)
+    {
+        const auto ctm = state->getCTM();
+        const double across = std::hypot(ctm[0], ctm[1]);
+        const double down = std::hypot(ctm[2], ctm[3]);
+        return across > 0 && down > 0 ? pointsPerInch * std::max(pixels.width / across, pixels.height / down) : 0;
+    }
+
     /// Adds an image; ref is its object if its pixels can be taken as they are, or null.
-    Box addImage(const GfxState *state, const Object *ref)
+    Box addImage(const GfxState *state, const Object *ref, const Pixels &pixels)
     {
         if (m_paint.back().hidden || isUnseen(fillOpacity(state))) {
             return {};
@@ -642,7 +658,8 @@ private:
         if (std::min(box.width(), box.height()) > maxRuleWidth) {
             m_paintedPictures.push_back(
                 {m_page.pictures.size(), m_page.rules.size(), m_page.fills.size(), m_page.ink.size()});
-            m_page.pictures.push_back({box, ref ? imageSource(state, *ref, whole) : std::nullopt});
+            m_page.pictures.push_back(
+                {box, ref ? imageSource(state, *ref, whole) : std::nullopt, false, false, resolutionOf(state, pixels)});
         } else if (std::max(box.width(), box.height()) > maxRuleWidth) {
             addRule(box, box.width() >= box.height(), std::min(box.width(), box.height()), black);
         }
@@ -735,7 +752,8 @@ bool hasScan(const model::RawPage &page)
            });
 }
 
-/// Adds the pictures on a scan, which are only visible in its pixels.
+} // namespace
+
 void addScanPictures(PdfFile &file, model::RawPage &page)
 {
     const double dot = thresholds.scanResolution / pointsPerInch;
@@ -755,8 +773,6 @@ void addScanPictures(PdfFile &file, model::RawPage &page)
             {{picture.left / dot, picture.top / dot, picture.right / dot, picture.bottom / dot}, {}, false, true});
     }
 }
-
-} // namespace
 
 struct PageCollector::State
 {

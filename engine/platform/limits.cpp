@@ -28,6 +28,7 @@ constexpr unsigned cpuGraceSeconds = 10;
 constexpr std::size_t signalStackBytes = 64 * 1024;
 
 int lineDescriptor = STDERR_FILENO;
+std::atomic<std::chrono::milliseconds> allowed{std::chrono::milliseconds{0}};
 
 template <typename Resource>
 void setSoftLimit(Resource resource, rlim_t soft, rlim_t hardAbove)
@@ -126,7 +127,7 @@ void apply()
     // The sanitizers reserve terabytes of address space.
     setSoftLimit(RLIMIT_AS, addressSpaceBytes, 0);
 #endif
-    setSoftLimit(RLIMIT_CPU, openingSeconds, cpuSeconds - openingSeconds + cpuGraceSeconds);
+    setSoftLimit(RLIMIT_CPU, openingSeconds, cpuSecondsWithScans - openingSeconds + cpuGraceSeconds);
     setSoftLimit(RLIMIT_FSIZE, outputBytes, 0);
     const rlimit none{0, 0};
     setrlimit(RLIMIT_CORE, &none);
@@ -137,15 +138,17 @@ void apply()
 
 void allowProcessorTime(std::chrono::milliseconds time)
 {
+    allowed = time;
     const std::chrono::seconds seconds = std::chrono::ceil<std::chrono::seconds>(time);
     setSoftLimit(RLIMIT_CPU, static_cast<rlim_t>(std::max<std::int64_t>(1, seconds.count())), 0);
 }
 
-std::chrono::milliseconds processorTimeTaken()
+std::chrono::milliseconds processorTimeLeft()
 {
     timespec time{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return std::chrono::seconds{time.tv_sec} + std::chrono::milliseconds{time.tv_nsec / 1'000'000};
+    const auto taken = std::chrono::seconds{time.tv_sec} + std::chrono::milliseconds{time.tv_nsec / 1'000'000};
+    return std::max(std::chrono::milliseconds{0}, allowed.load() - taken);
 }
 
 void catchFatalSignals(int errorDescriptor)

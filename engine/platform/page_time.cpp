@@ -61,11 +61,21 @@ void allowPageTime(nanoseconds allowance)
     accounts().allow(allowance);
 }
 
-PageTime::PageTime(int page) : m_page(page), m_begin(threadTime()), m_alarm(accounts().left(page), page) {}
+PageTime::PageTime(int page) : m_page(page), m_apart(false), m_begin(threadTime()), m_alarm(accounts().left(page), page)
+{}
+
+PageTime::PageTime(int page, nanoseconds allowance)
+    : m_page(page)
+    , m_apart(true)
+    , m_begin(threadTime())
+    , m_alarm(allowance, page)
+{}
 
 PageTime::~PageTime()
 {
-    accounts().add(m_page, threadTime() - m_begin);
+    if (!m_apart) {
+        accounts().add(m_page, threadTime() - m_begin);
+    }
 }
 
 } // namespace quorra

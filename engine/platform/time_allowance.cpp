@@ -16,6 +16,7 @@ constexpr double onePage = 20;    // the slowest legitimate page that was tried 
 constexpr double eachPage = 0.25; // ordinary pages take a fifth of it
 constexpr double megabyte = 2;    // JPEG 2000 written as PostScript takes 1.7
 constexpr double aroundPages = 2; // opening the file, analysis, writing
+constexpr double eachScan = 20;   // a page of small print takes a quarter of it
 constexpr double helperStart = 4; // LibreOffice starts in half a second
 constexpr double helperPage = 1;
 
@@ -40,6 +41,11 @@ TimeAllowance timeAllowance(const Workload &workload, double factor)
     TimeAllowance allowance;
     allowance.page = milliseconds(factor * (onePage + ofPixels + ofBytes / claimed), limits::cpuSeconds);
     allowance.run = milliseconds(factor * (aroundPages + onePage + ofPixels * pages + ofBytes), limits::cpuSeconds);
+    allowance.scan = milliseconds(factor * eachScan, limits::cpuSeconds);
+    if (workload.scans > 0) {
+        allowance.run = std::min<std::chrono::milliseconds>(
+            allowance.run + workload.scans * allowance.scan, std::chrono::seconds{limits::cpuSecondsWithScans});
+    }
     allowance.helper = milliseconds(factor * (helperStart + helperPage * pages), limits::helperCpuSeconds);
     return allowance;
 }

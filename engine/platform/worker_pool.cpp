@@ -18,7 +18,6 @@ namespace quorra {
 namespace {
 
 constexpr int mostThreads = 4;
-constexpr int pagesPerThread = 4;
 
 /// Address space for each thread: the allocator reserves 64 MiB, the stack has 8 MiB, and the file is opened again.
 constexpr std::uint64_t threadBytes = 96ULL << 20;
@@ -88,19 +87,19 @@ private:
 
 } // namespace
 
-int threadsFor(int pageCount, int processors, std::uint64_t bytesLeft, const PoolMemory &memory)
+int threadsFor(int pageCount, int processors, std::uint64_t bytesLeft, const PoolMemory &memory, int pagesEach)
 {
     const std::uint64_t forThreads = bytesLeft > memory.shared ? bytesLeft - memory.shared : 0;
     const auto fitting = static_cast<int>(
         std::min<std::uint64_t>(forThreads / (threadBytes + memory.perThread), std::uint64_t{mostThreads}));
-    return std::max(1, std::min({processors, pageCount / pagesPerThread, fitting}));
+    return std::max(1, std::min({processors, pageCount / pagesEach, fitting}));
 }
 
-int poolSize(int pageCount, const PoolMemory &memory)
+int poolSize(int pageCount, const PoolMemory &memory, int pagesEach)
 {
     const int assumed = assumedProcessors;
     const int processors = assumed > 0 ? assumed : static_cast<int>(std::thread::hardware_concurrency());
-    return threadsFor(pageCount, processors, memoryLeft(), memory);
+    return threadsFor(pageCount, processors, memoryLeft(), memory, pagesEach);
 }
 
 void assumeProcessors(int count)

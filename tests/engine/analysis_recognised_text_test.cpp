@@ -55,6 +55,15 @@ std::vector<Edge> edges()
                 return isKept(page);
             }),
         maximum(
+            "rule beside a picture", thresholds.partMargin,
+            [](double distance) {
+                RawPage page = pageWith({0, 0, 600, 800});
+                page.pictures.push_back({{300, 300, 500, 500}, {}, false, true});
+                page.rules.push_back({300, 500 + distance, 500, 500 + distance});
+                resolveHiddenWords(page);
+                return page.rules.empty();
+            }),
+        maximum(
             "baseline of a visible word", thresholds.sameBaseline,
             [](double distance) {
                 RawPage page = pageWith({0, 0, 600, 800});

@@ -68,7 +68,8 @@ void CoreOptionsTest::accepted_data()
     row("", [](const Options &o) {
         return !o.firstPage && !o.lastPage && !o.width && !o.height && !o.xres && !o.yres && !o.compression &&
                !o.multipage && !o.htmlFormat && !o.tempNameForSingle && o.tempName.empty() && o.userPassword.empty() &&
-               o.ownerPassword.empty() && o.colourDepth == ColourDepth::Colour && o.wordMode == WordMode::Combine;
+               o.ownerPassword.empty() && o.recogniseText && o.recognitionLanguages.empty() &&
+               o.colourDepth == ColourDepth::Colour && o.wordMode == WordMode::Combine;
     });
     row("-f 7", [](const Options &o) { return o.firstPage == 7 && !o.lastPage; });
     row("-l 0012", [](const Options &o) { return o.lastPage == 12; });
@@ -93,6 +94,10 @@ void CoreOptionsTest::accepted_data()
     row("-wordmode 3", [](const Options &o) { return o.wordMode == WordMode::FlowWithoutBoxes; });
     row("-wordmode 4", [](const Options &o) { return o.wordMode == WordMode::Continuous; });
     row("-htmlformat", [](const Options &o) { return o.htmlFormat; });
+    row("-noocr", [](const Options &o) { return !o.recogniseText; });
+    row("-ocrlang chi_sim+eng", [](const Options &o) {
+        return o.recognitionLanguages == std::vector<std::string>{"chi_sim", "eng"};
+    });
     row("-tempname p%04d -tempname1", [](const Options &o) { return o.tempName == "p%04d" && o.tempNameForSingle; });
     row("-upw one -opw two", [](const Options &o) { return o.userPassword == "one" && o.ownerPassword == "two"; });
     row("-upw -call", [](const Options &o) { return o.userPassword == "-call"; });
@@ -138,6 +143,12 @@ void CoreOptionsTest::refused_data()
           "-compress 88885 -call a b",
           "-compress x -call a b",
           "-wordmode 5 -call a b",
+          "-ocrlang -call a b",
+          "-ocrlang deu+ -call a b",
+          "-ocrlang +deu -call a b",
+          "-ocrlang deu++eng -call a b",
+          "-ocrlang deu,eng -call a b",
+          "-ocrlang ../deu -call a b",
           "-wordmode -1 -call a b",
           "-Mono -call a b",
           "mono -call a b",
@@ -280,7 +291,8 @@ void CoreOptionsTest::helpNamesOptionsAndExtensions()
     };
     for (const char *option :
          {"-f N", "-l N", "-upw P", "-opw P", "-width W", "-height H", "-xres X", "-yres Y", "-mono", "-gray",
-          "-compress C", "-multipage", "-wordmode M", "-tempname T", "-tempname1", "-htmlformat"}) {
+          "-compress C", "-multipage", "-wordmode M", "-tempname T", "-tempname1", "-htmlformat", "-ocrlang L",
+          "-noocr"}) {
         QVERIFY2(begins(QStringLiteral("  %1 ").arg(QLatin1String(option))) == 1, option);
     }
     QVERIFY(lines.contains(QStringLiteral("  .txt .png")));

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Text output against pdftotext: the same words (recall and precision), UTF-8, a form feed after each page, page ranges."""
+"""Text output, without character recognition, against pdftotext: the same words (recall and precision), UTF-8, a form
+feed after each page, page ranges."""
 import collections
 import os
 import re
@@ -34,7 +35,7 @@ def recall_and_precision(ours, theirs):
 
 def compare(suite, document, *options):
     path = suite.folder / "out.txt"
-    suite.convert(document, path, *options)
+    suite.convert(document, path, "-noocr", *options)
     data = path.read_bytes()
     suite.check(not data.startswith(b"\xef\xbb\xbf"), document.name, "begins with a byte order mark")
     ours = data.decode()  # raises for what is no UTF-8

@@ -23,6 +23,8 @@ private Q_SLOTS:
     void timeGrowsWithWhatIsAskedFor();
     void claimedPagesNeedBytes();
     void aRunNeverGetsMoreThanTheLimit();
+    void scannedPagesLengthenTheRun();
+    void recognitionHasALimitOfItsOwn();
     void readsTheFactor_data();
     void readsTheFactor();
     void noticesASlowPage();
@@ -127,6 +129,44 @@ void CoreTimeTest::aRunNeverGetsMoreThanTheLimit()
     QCOMPARE(time.run, std::chrono::milliseconds{limits::cpuSeconds * 1000});
     QVERIFY(time.page <= time.run);
     QCOMPARE(time.helper, std::chrono::milliseconds{limits::helperCpuSeconds * 1000});
+}
+
+void CoreTimeTest::scannedPagesLengthenTheRun()
+{
+    const Workload plain{300, 30'000'000, 1};
+    const auto with = [&plain](int scans) {
+        Workload workload = plain;
+        workload.scans = scans;
+        return allowed(workload);
+    };
+    QCOMPARE(with(0).run, allowed(plain).run);
+    QCOMPARE(with(10).run, allowed(plain).run + 200s);
+    QCOMPARE(with(10).page, allowed(plain).page);
+    QCOMPARE(with(10).scan, 20s);
+    QCOMPARE(with(100'000).run, 7200s);
+    const TimeAllowance largest = allowed({1'000'000, 10'000'000'000, 1000, 1});
+    QCOMPARE(largest.run, 620s); // all other work keeps its limit
+}
+
+void CoreTimeTest::recognitionHasALimitOfItsOwn()
+{
+#ifndef Q_OS_LINUX
+    QSKIP("not run: this system does not watch over a thread's time");
+#endif
+    const CaughtSignal caught;
+    allowPageTime(100ms);
+    {
+        const PageTime recognition(51, 10s);
+        work(150ms);
+    }
+    {
+        const PageTime time(51); // has all of its time left
+        work(30ms);
+    }
+    QCOMPARE(slowPage, noPage);
+    const PageTime recognition(52, 50ms);
+    work(10s);
+    QCOMPARE(slowPage, 52);
 }
 
 void CoreTimeTest::readsTheFactor_data()

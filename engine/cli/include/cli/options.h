@@ -41,6 +41,8 @@ struct Options
     std::string tempName; ///< template for names of page files; empty if there is none
     bool tempNameForSingle = false;
     bool htmlFormat = false;
+    bool recogniseText = true;                     ///< in scanned pages
+    std::vector<std::string> recognitionLanguages; ///< names of recognition data, such as "eng"
 
     /// Dots per inch for each axis. If only one is given, it applies to both; if none is given, `fallback`.
     int horizontalResolution(int fallback) const { return xres.value_or(yres.value_or(fallback)); }

@@ -47,11 +47,12 @@ std::string versionText();
 /// Returns the number of pixels at the requested resolution, relative to the default resolution.
 double finerThanUsual(const Options &options);
 
-/// Returns the processor time limits of the job; `finer` is the number of pixels relative to the default resolution.
-TimeAllowance timeAllowed(const Job &job, double finer);
+/// Returns the processor time limits of the job; `finer` is the number of pixels relative to the default resolution,
+/// `scans` the number of pages whose text has to be recognised.
+TimeAllowance timeAllowed(const Job &job, double finer, int scans = 0);
 
-/// Applies these limits to this process.
-void limitTime(const Job &job, double finer);
+/// Applies these limits to this process, and returns them.
+TimeAllowance limitTime(const Job &job, double finer, int scans = 0);
 
 /// Opens the input, determines the page range and converts. Throws Failure.
 void convert(const Options &options);

@@ -31,4 +31,8 @@ private:
     std::unique_ptr<State> m_state;
 };
 
+/// Adds the pictures on a scanned page, which are only visible in its pixels, as parts of the scan: regions with ink
+/// and without words.
+void addScanPictures(PdfFile &file, model::RawPage &page);
+
 } // namespace quorra

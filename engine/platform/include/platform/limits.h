@@ -10,6 +10,7 @@ namespace quorra::limits {
 // minutes.
 inline constexpr std::uint64_t addressSpaceBytes = 1ULL << 30;
 inline constexpr unsigned cpuSeconds = 600;
+inline constexpr unsigned cpuSecondsWithScans = 7200; ///< of a run that recognises text in many pictures of pages
 inline constexpr std::uint64_t helperAddressSpaceBytes = 4ULL << 30;
 inline constexpr unsigned helperCpuSeconds = 300;
 inline constexpr std::uint64_t outputBytes = 4ULL << 30; ///< largest file that the engine writes
@@ -27,8 +28,8 @@ void apply();
 /// Sets the total processor time of this process, counted from its start. The system rounds to seconds.
 void allowProcessorTime(std::chrono::milliseconds time);
 
-/// Returns the processor time used by all threads of this process.
-std::chrono::milliseconds processorTimeTaken();
+/// Returns what is left of the time that was last passed to allowProcessorTime(), or 0.
+std::chrono::milliseconds processorTimeLeft();
 
 /// Converts fatal signals in the PDF library (out of memory, processor time, crashes) to one line and an exit status.
 /// An abort is reported as lack of memory only if an allocation has failed before. The line is written to

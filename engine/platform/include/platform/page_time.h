@@ -18,12 +18,16 @@ class PageTime
 public:
     /// Pages are numbered from 1.
     explicit PageTime(int page);
+
+    /// For work on the page that has a limit of its own, which is not part of that of the page.
+    PageTime(int page, std::chrono::nanoseconds allowance);
     ~PageTime();
     PageTime(const PageTime &) = delete;
     PageTime &operator=(const PageTime &) = delete;
 
 private:
     int m_page;
+    bool m_apart; ///< from the other work on the page
     std::chrono::nanoseconds m_begin;
     platform::ThreadAlarm m_alarm;
 };

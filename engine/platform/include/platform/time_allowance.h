@@ -12,6 +12,7 @@ struct Workload
     int pages = 1;           ///< pages to convert
     std::uint64_t bytes = 0; ///< share of the file size that belongs to these pages
     double finer = 1;        ///< number of pixels relative to the default resolution
+    int scans = 0;           ///< pages whose text has to be recognised
 };
 
 /// Processor time limits of a conversion.
@@ -20,6 +21,7 @@ struct TimeAllowance
     std::chrono::milliseconds page{};   ///< one page, including all renderings of it
     std::chrono::milliseconds run{};    ///< the whole process, from its start
     std::chrono::milliseconds helper{}; ///< the helper process that exports the document
+    std::chrono::milliseconds scan{};   ///< the recognition of text in one page, in addition to the page's time
 };
 
 /// Computes the limits; docs/limits.md explains them. A workload without pages is treated like one page. `factor`

@@ -9,6 +9,9 @@ namespace quorra {
 /// Returns the next position, starting from 1; 0 when there is none left. Can be called by any thread.
 using PageSource = std::function<int()>;
 
+/// The number of pages, by default, that make one more thread worth its start.
+inline constexpr int pagesPerThread = 4;
+
 /// Peak memory in bytes for work on pages, in addition to the opened file.
 struct PoolMemory
 {
@@ -17,11 +20,13 @@ struct PoolMemory
 };
 
 /// Returns how many threads to use for a number of pages (or pictures) on a machine with `processors` processors, if
-/// the process can still allocate `bytesLeft` bytes of address space. At least one.
-int threadsFor(int pageCount, int processors, std::uint64_t bytesLeft, const PoolMemory &memory);
+/// the process can still allocate `bytesLeft` bytes of address space. `pagesEach` pages are worth a thread. At least
+/// one.
+int threadsFor(
+    int pageCount, int processors, std::uint64_t bytesLeft, const PoolMemory &memory, int pagesEach = pagesPerThread);
 
 /// threadsFor() for this machine and process. Each thread opens the file again.
-int poolSize(int pageCount, const PoolMemory &memory = {});
+int poolSize(int pageCount, const PoolMemory &memory = {}, int pagesEach = pagesPerThread);
 
 /// Makes poolSize() assume a number of processors; 0 restores that of the machine. For tests.
 void assumeProcessors(int count);
