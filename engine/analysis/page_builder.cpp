@@ -199,7 +199,7 @@ void useWords(const std::vector<TableWords> &tables, WordSet &used)
     }
 }
 
-// Tables of numbers and those with lines between their rows may be as wide as the page. They are found before its
+// Tables of numbers may be as wide as the page. They are found before its
 // columns: gaps between columns of a table would pass for those between columns of text. Adds their words to those in
 // use.
 void addOpenTables(
@@ -227,10 +227,6 @@ void addOpenTables(
         taken.push_back(box);
         tables.push_back(std::move(table.found));
     }
-    useWords(tables, used);
-    free.erase(
-        std::remove_if(free.begin(), free.end(), [&](const RawWord *word) { return !isFree(word); }), free.end());
-    addTablesBetweenRules(tables, taken, dividers, free);
     useWords(tables, used);
     // Leaders and typed lines in tables are no text.
     for (const RawWord *word : free) {
@@ -279,6 +275,9 @@ Page builtPage(
     const Rulings rulings = mergeRules(rulesOutside(known.formulas, rulesOutside(known.networks, raw.rules)), fills);
     const Rulings dividers = withFillEdges(rulings, fills);
     std::vector<TableWords> tables = findRuledTables(rulings, dividers, words);
+    std::vector<Box> drawings = known.networks;
+    drawings.insert(drawings.end(), known.formulas.begin(), known.formulas.end());
+    addTablesBetweenRules(tables, drawings, rulings, dividers, words);
     const auto drawn = [&raw](const TableWords &table) { return isPlot(table.table, raw.ink); };
     tables.erase(std::remove_if(tables.begin(), tables.end(), drawn), tables.end());
     useTaggedTables(tables, tagged, rulings, words);

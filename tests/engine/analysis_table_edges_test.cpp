@@ -417,7 +417,7 @@ bool isTableOfThreeWords(double firstBlank, double secondBlank, double shorter)
     return isUnruledTable(std::move(words));
 }
 
-// A head and so many rows of two lines between rules, with many words in two columns.
+// A head between rules and so many rows of two lines, with many words in two columns.
 bool isTableOfSentences(long rows)
 {
     Words words{word(text, 0, 20, 100), word(text, 220, 20, 100)};
@@ -432,7 +432,7 @@ bool isTableOfSentences(long rows)
             }
         }
     }
-    return !sizesOfTables(std::move(words), {across(88, 0, 410), across(105, 0, 410), across(y + 6, 0, 410)}).empty();
+    return !sizesOfTables(std::move(words), {across(88, 0, 410), across(105, 0, 410)}).empty();
 }
 
 std::vector<Edge> justifiedEdges()

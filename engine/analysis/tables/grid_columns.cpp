@@ -32,6 +32,43 @@ double minWeakGapAfter(const RawWord &word)
     return word.style.fixedPitch ? thresholds.minCellGap : thresholds.minWeakGap;
 }
 
+bool hasDigit(const QString &text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); });
+}
+
+// Whether the text has a sign that amounts have and numbers of pages, years and counts have not.
+bool hasSeparator(const QString &text)
+{
+    static const QString separators = QStringLiteral(".,%$€£¥+-\u2212\u2013");
+    return std::any_of(text.begin(), text.end(), [](QChar c) { return separators.contains(c); });
+}
+
+// Whether the text can be the next three digits of a number, and its decimals.
+bool isGroupOfDigits(const QString &text)
+{
+    constexpr qsizetype digits = 3;
+    return text.size() >= digits &&
+           std::all_of(text.begin(), text.begin() + digits, [](QChar c) { return c.isDigit(); }) &&
+           (text.size() == digits || !text.at(digits).isDigit());
+}
+
+// Whether both words are numbers that cannot be parts of one: neither groups of digits nor a number with its share or
+// error in parentheses.
+bool isBetweenNumbers(const RawWord &previous, const RawWord &word)
+{
+    const QChar end = previous.text.back();
+    const QChar begin = word.text.front();
+    if ((!end.isDigit() && end != QLatin1Char('%') && end != QLatin1Char(')')) || begin.isLetter() ||
+        begin == QLatin1Char('(')) {
+        return false;
+    }
+    const bool amounts = hasDigit(word.text) && looksNumeric(previous.text) && looksNumeric(word.text) &&
+                         (hasSeparator(previous.text) || hasSeparator(word.text));
+    const bool whole = previous.text.contains(QLatin1Char(',')) || previous.text.contains(QLatin1Char('.'));
+    return amounts && (whole || !isGroupOfDigits(word.text));
+}
+
 /// Counts for each point across the table the lines that have a gap there, and those whose text runs across.
 class StripVotes
 {
@@ -54,10 +91,11 @@ public:
             if (previous && followsSign(*previous, *word)) {
                 reached = bodyOf(*word).left; // says nothing about columns
             }
+            const bool numbers = previous && isBetweenNumbers(*previous, *word);
             previous = word;
             const Box body = bodyOf(*word);
             const double gap = (body.left - reached) / sizeAt(line, *word);
-            const double strength = gap > thresholds.minCellGap     ? 1
+            const double strength = gap > thresholds.minCellGap || (numbers && gap >= thresholds.minNumberGap) ? 1
                                     : gap >= minWeakGapAfter(*word) ? thresholds.weakVote
                                                                     : 0;
             add(m_wide, reached, body.left, strength >= 1 ? weight : 0);
@@ -76,7 +114,8 @@ public:
 
     bool isOpen(std::size_t bin) const
     {
-        return m_votes[bin] >= thresholds.minVotes && m_wide[bin] >= thresholds.minWideVotes &&
+        const bool clear = m_votes[bin] >= thresholds.minClearVotes && m_crossings[bin] <= 0;
+        return m_votes[bin] >= thresholds.minVotes && (m_wide[bin] >= thresholds.minWideVotes || clear) &&
                m_crossings[bin] <= thresholds.maxCrossing * m_votes[bin];
     }
 
@@ -215,6 +254,31 @@ void addStrip(
 
 } // namespace
 
+namespace {
+
+// The texts between wide gaps, and between numbers side by side.
+std::vector<Segment> dividedSegments(const TextLine &line)
+{
+    std::vector<Segment> parts;
+    for (Segment &segment : segmentsOf(line, thresholds.minCellGap)) {
+        Segment part;
+        for (const RawWord *word : segment.words) {
+            const RawWord *previous = part.words.empty() ? nullptr : part.words.back();
+            if (previous && isBetweenNumbers(*previous, *word) &&
+                bodyOf(*word).left - bodyOf(*previous).right >= thresholds.minNumberGap * sizeAt(line, *word)) {
+                parts.push_back(std::move(part));
+                part = {};
+            }
+            part.words.push_back(word);
+            part.box = united(part.box, bodyOf(*word));
+        }
+        parts.push_back(std::move(part));
+    }
+    return parts;
+}
+
+} // namespace
+
 bool isCurrencySign(const RawWord &word)
 {
     constexpr qsizetype maxLength = 3; // "US$"
@@ -227,7 +291,7 @@ bool isCurrencySign(const RawWord &word)
 std::vector<Segment> cellTexts(const TextLine &line)
 {
     std::vector<Segment> texts;
-    for (Segment &segment : segmentsOf(line, thresholds.minCellGap)) {
+    for (Segment &segment : dividedSegments(line)) {
         if (!texts.empty() && followsSign(*texts.back().words.back(), *segment.words.front())) {
             Segment &last = texts.back();
             last.words.insert(last.words.end(), segment.words.begin(), segment.words.end());

@@ -13,16 +13,18 @@ namespace gridColumns {
 /// Lengths in em are multiples of the text's font size.
 struct Thresholds
 {
-    double minCellGap = 0.75;  ///< em; narrower gaps between words of a line are word spaces
-    double minWeakGap = 0.45;  ///< em; a gap from this on separates cells where others do; justified text has wide ones
-    double weakVote = 0.25;    ///< lines; such a gap counts as so many
-    double headVote = 0.5;     ///< lines; a line of the head counts as so many, because heads span columns
-    double minBodyLines = 3;   ///< lines under the head; with fewer, the head counts in full
-    double minVotes = 1.5;     ///< lines with text on both sides of a strip; one of them agrees by chance
-    double minWideVotes = 1;   ///< lines with a wide gap there, or drawn lines
-    double maxCrossing = 0.25; ///< of the lines with a gap there; more lines with text across the strip close it
-    double minStrip = 0.3;     ///< em; the narrowest strip between columns, which wide cells nearly close
-    double ruleVote = 2;       ///< lines; a vertical line drawn in a part of the table counts as so many
+    double minCellGap = 0.75; ///< em; narrower gaps between words of a line are word spaces
+    double minWeakGap = 0.45; ///< em; a gap from this on separates cells where others do; justified text has wide ones
+    double minNumberGap = 0.15;  ///< em; a blank between two numbers that cannot be one divides cells
+    double weakVote = 0.25;      ///< lines; such a gap counts as so many
+    double headVote = 0.5;       ///< lines; a line of the head counts as so many, because heads span columns
+    double minBodyLines = 3;     ///< lines under the head; with fewer, the head counts in full
+    double minVotes = 1.5;       ///< lines with text on both sides of a strip; one of them agrees by chance
+    double minWideVotes = 1;     ///< lines with a wide gap there, or drawn lines
+    double minClearVotes = 2;    ///< lines, where no text crosses the strip; so many agree without wide gaps, too
+    double maxCrossing = 0.25;   ///< of the lines with a gap there; more lines with text across the strip close it
+    double minStrip = 0.3;       ///< em; the narrowest strip between columns, which wide cells nearly close
+    double ruleVote = 2;         ///< lines; a vertical line drawn in a part of the table counts as so many
     double minRuleHeight = 0.5;  ///< share of the table's height; a longer vertical line is an edge by itself
     double ruleReach = 3;        ///< points between a drawn line and the strip that it divides
     double binWidth = 0.5;       ///< points; resolution of the search

@@ -2,6 +2,7 @@
 #include "tables/ruled_table.h"
 
 #include "base/disjoint_sets.h"
+#include "tables/drawn_regions.h"
 #include "tables/grid_columns.h"
 #include "tables/lattice.h"
 #include "tables/stacked_rows.h"
@@ -25,7 +26,7 @@ bool meet(const Rule &horizontal, const Rule &vertical)
            horizontal.y1 <= vertical.y2 + thresholds.maxJointGap;
 }
 
-std::vector<Rulings> connectedRulings(const Rulings &all)
+std::vector<Rulings> connectedRulings(const Rulings &all, std::size_t minAcross = thresholds.minRulesAcross)
 {
     const std::size_t h = all.horizontal.size();
     const std::size_t v = all.vertical.size();
@@ -50,7 +51,7 @@ std::vector<Rulings> connectedRulings(const Rulings &all)
     byRoot.erase(
         std::remove_if(
             byRoot.begin(), byRoot.end(),
-            [](const Rulings &r) { return r.horizontal.size() < thresholds.minRulesAcross || r.vertical.empty(); }),
+            [minAcross](const Rulings &r) { return r.horizontal.size() < minAcross || r.vertical.empty(); }),
         byRoot.end());
     return byRoot;
 }
@@ -220,76 +221,6 @@ Rulings withoutPageRules(Rulings rules, const Box &grid)
     return rules;
 }
 
-// Lines across with the same ends, one below the other: the boxes between the first and the last.
-std::vector<Box> stacks(std::vector<Rule> rules)
-{
-    std::sort(rules.begin(), rules.end(), [](const Rule &a, const Rule &b) {
-        return a.y1 != b.y1 ? a.y1 < b.y1 : a.x1 < b.x1;
-    });
-    std::vector<Rule> across; // collinear ones joined
-    for (const Rule &rule : rules) {
-        if (!across.empty() && std::abs(across.back().y1 - rule.y1) <= rulings::thresholds.sameLine &&
-            rule.x1 - across.back().x2 <= thresholds.maxGapAlong) {
-            across.back().x2 = std::max(across.back().x2, rule.x2);
-        } else {
-            across.push_back(rule);
-        }
-    }
-    struct Stack
-    {
-        Box box;
-        int rules = 1;
-    };
-    std::vector<Stack> all;
-    for (const Rule &rule : across) {
-        if (rule.length() < thresholds.minStackWidth) {
-            continue;
-        }
-        const auto stack = std::find_if(all.begin(), all.end(), [&rule](const Stack &s) {
-            return std::abs(s.box.left - rule.x1) <= thresholds.sameEnd &&
-                   std::abs(s.box.right - rule.x2) <= thresholds.sameEnd &&
-                   rule.y1 - s.box.bottom <= thresholds.maxBand;
-        });
-        if (stack != all.end()) {
-            stack->box.bottom = rule.y1;
-            ++stack->rules;
-        } else {
-            all.push_back({{rule.x1, rule.y1, rule.x2, rule.y1}});
-        }
-    }
-    std::vector<Box> boxes;
-    for (const Stack &stack : all) {
-        if (stack.rules >= thresholds.minStackRules && stack.box.height() > rulings::thresholds.minFillSide) {
-            boxes.push_back(stack.box);
-        }
-    }
-    return boxes;
-}
-
-// Extends a stack by the lines of cells right above and below it.
-Box withRowsAround(Box box, const WordRefs &words)
-{
-    WordRefs across;
-    std::copy_if(words.begin(), words.end(), std::back_inserter(across), [&box](const RawWord *word) {
-        const double x = word->box.centreX();
-        return word->rotation == 0 && x > box.left && x < box.right;
-    });
-    const std::vector<TextLine> lines = textLinesOf(std::move(across));
-    const auto isRow = [](const TextLine &line) { return cellTexts(line).size() > 1; };
-    for (const TextLine &line : lines) {
-        if (line.box.top > box.bottom && line.box.top < box.bottom + thresholds.maxStep * line.size && isRow(line)) {
-            box.bottom = line.box.bottom;
-        }
-    }
-    for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
-        if (line->box.bottom < box.top && line->box.bottom > box.top - thresholds.maxStep * line->size &&
-            isRow(*line)) {
-            box.top = line->box.top;
-        }
-    }
-    return box;
-}
-
 bool isTable(const TableWords &found, double innerLines)
 {
     const auto filled = std::count_if(found.words.begin(), found.words.end(), [](const auto &w) { return !w.empty(); });
@@ -319,9 +250,12 @@ void addGrids(std::vector<TableWords> &tables, const Rulings &rulings, const Rul
         if (swallows) {
             addGrids(tables, withoutPageRules(group, found.table.box), dividers, words);
         } else if (lattice.columns() > 1 && isTable(found, lattice.innerLineShare())) {
+            splitOpenSpans(found);
             splitAlignedLines(found);
             splitTextColumns(found);
             tables.push_back(std::move(found));
+        } else if (!isOpen) {
+            addOpenTables(tables, found.table.box, dividers, words);
         }
     }
 }
@@ -353,10 +287,20 @@ std::vector<TableWords> findRuledTables(const Rulings &rulings, const Rulings &d
 }
 
 void addTablesBetweenRules(
-    std::vector<TableWords> &tables, const std::vector<Box> &taken, const Rulings &dividers, const WordRefs &words)
+    std::vector<TableWords> &tables, const std::vector<Box> &taken, const Rulings &rulings, const Rulings &dividers,
+    const WordRefs &words)
 {
-    for (const Box &stack : stacks(dividers.horizontal)) {
-        const Box box = withRowsAround(stack, words);
+    std::vector<Box> regions = tableRegions(dividers, words);
+    for (const Rulings &group : connectedRulings(rulings, 1)) {
+        Box box;
+        for (const auto *rules : {&group.horizontal, &group.vertical}) {
+            for (const Rule &rule : *rules) {
+                box = united(box, {rule.x1, rule.y1, rule.x2, rule.y2});
+            }
+        }
+        regions.push_back(box);
+    }
+    for (const Box &box : regions) {
         const auto overlaps = [&box](const Box &other) { return !intersected(other, box).isEmpty(); };
         if (std::none_of(taken.begin(), taken.end(), overlaps) &&
             std::none_of(tables.begin(), tables.end(), [&](const TableWords &t) { return overlaps(t.table.box); })) {

@@ -29,12 +29,6 @@ struct Thresholds
     std::size_t minPageLines = 12; ///< in such a cell; fewer are a long cell
     double minPageHeight = 0.85;   ///< share of the height of the page's text; of lines that may belong to the page
     double minPageRule = 0.6;      ///< share of the grid's width or height; longer lines divide the page then
-    double sameEnd = 4;            ///< points; ends of lines under the rows of one table agree to this
-    double maxGapAlong = 20;       ///< points between lines side by side that together run across a table
-    double minStackWidth = 72;     ///< points; shorter lines underline words
-    double maxBand = 200;          ///< points between two lines of one stack
-    int minStackRules = 4;         ///< that divide rows; fewer leave open where the table ends
-    double maxStep = 2.6;          ///< em; from a stack to a line of cells above or below it
     double minInside = 0.6;        ///< share of a grid's area in another grid; that much makes it part of a cell's text
 };
 
@@ -73,6 +67,18 @@ inline constexpr Thresholds thresholds;
 
 } // namespace splitColumns
 
+namespace splitSpans {
+
+struct Thresholds
+{
+    double maxReach = 1.5;           ///< points by which a text may reach over the edge of its column
+    std::size_t minDividedCells = 2; ///< in a table; in fewer, the texts fill all of the columns between them
+};
+
+inline constexpr Thresholds thresholds;
+
+} // namespace splitSpans
+
 /// A table whose cells are known, while their words do not form paragraphs yet.
 struct TableWords
 {
@@ -87,14 +93,20 @@ struct TableWords
 /// only, the text and the `dividers` (see withFillEdges) divide the rest.
 std::vector<TableWords> findRuledTables(const Rulings &rulings, const Rulings &dividers, const WordRefs &words);
 
-/// Adds the tables whose rows are divided by lines with the same ends, without lines between columns. Nothing that
-/// overlaps other tables or the boxes `taken` is added.
+/// Adds the tables that lines or fills show in part, such as lines across with the same ends or a line under the head
+/// that meets lines between columns; the text shows the rest. Nothing that overlaps other tables or the boxes `taken`
+/// is added.
 void addTablesBetweenRules(
-    std::vector<TableWords> &tables, const std::vector<Box> &taken, const Rulings &dividers, const WordRefs &words);
+    std::vector<TableWords> &tables, const std::vector<Box> &taken, const Rulings &rulings, const Rulings &dividers,
+    const WordRefs &words);
 
 /// Splits columns of a ruled table in which several columns of text are between two drawn lines. Cells without the
 /// gap span the new columns.
 void splitTextColumns(TableWords &found);
+
+/// Splits cells over several columns in which texts stand side by side, each in one of the columns: lines between
+/// columns are often drawn in the head only, or left out in some rows.
+void splitOpenSpans(TableWords &found);
 
 /// Splits rows of a ruled table in which only the columns are ruled: where the lines of text in all cells share their
 /// baselines and most are numbers, each line becomes a row.

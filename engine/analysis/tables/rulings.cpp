@@ -27,6 +27,12 @@ bool isOnFill(const Rule &rule, const std::vector<Fill> &fills)
     });
 }
 
+// Whether the rule is as long as thick: a dot of a dotted line, whose direction only its neighbours show.
+bool isDot(const Rule &rule)
+{
+    return rule.length() <= thresholds.maxDotRatio * rule.width;
+}
+
 // A rule seen along its direction, whichever that is.
 struct Span
 {
@@ -86,6 +92,16 @@ Rulings mergeRules(const std::vector<Rule> &rules, const std::vector<Fill> &fill
             horizontal.push_back({rule.y1, rule.x1, rule.x2, rule.width, rule.colour});
         } else {
             vertical.push_back({rule.x1, rule.y1, rule.y2, rule.width, rule.colour});
+        }
+        if (isDot(rule)) {
+            const double half = rule.width / 2;
+            const double x = (rule.x1 + rule.x2) / 2;
+            const double y = (rule.y1 + rule.y2) / 2;
+            if (rule.isHorizontal()) {
+                vertical.push_back({x, y - half, y + half, rule.length(), rule.colour});
+            } else {
+                horizontal.push_back({y, x - half, x + half, rule.length(), rule.colour});
+            }
         }
     }
     Rulings merged;

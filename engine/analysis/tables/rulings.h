@@ -13,6 +13,7 @@ struct Thresholds
 {
     double sameLine = 1.2;        ///< points across the line; parallel strokes this close (a bar's edges) are one line
     double maxDashGap = 3.5;      ///< points along the line; wider gaps end a line
+    double maxDotRatio = 1.5;     ///< of a dot's length to its width
     double minLength = 4;         ///< points; shorter strokes are dots, letters and ticks
     Colour nearlyWhite = 0xf4;    ///< of each colour component; lighter lines are not seen on paper
     Colour whiteFill = 0xfb;      ///< the same for fills, which are seen when paler

@@ -385,14 +385,16 @@ std::size_t TextGrid::linesBefore() const
 {
     std::size_t lines = 0;
     std::size_t words = 0;
+    std::size_t divided = 0;
     const bool atLeft = m_grid.front().pieces.front().column == 0; // unlike headings without one of the first column
     while (lines + 1 < m_grid.size() && lines < thresholds.maxTitleLines &&
            m_grid[lines].pieces.size() <= thresholds.maxTitlePieces) {
         for (const Piece &piece : m_grid[lines].pieces) {
             words += piece.words.size();
         }
+        divided += m_grid[lines].pieces.size() > 1 ? 1 : 0;
         if (m_ruleAfter[lines++]) {
-            if (words >= thresholds.minTitleWords && atLeft) {
+            if (words >= thresholds.minTitleWords && atLeft && (divided == 0 || !standInColumns(lines))) {
                 return lines;
             }
             break;
@@ -497,19 +499,59 @@ bool TextGrid::isIndex() const
 
 bool TextGrid::isRuled() const
 {
-    const auto rules = std::count(m_ruleAfter.begin(), m_ruleAfter.end(), 1) + (m_ruleBefore ? 1 : 0);
+    const double height = m_lines.back().box.bottom - m_lines.front().box.top;
+    const auto between = std::count_if(m_rules.vertical.begin(), m_rules.vertical.end(), [&](const Rule &rule) {
+        return rule.x1 > m_edges.front() + thresholds.maxRuleOverhang &&
+               rule.x1 < m_edges.back() - thresholds.maxRuleOverhang &&
+               rule.length() >= thresholds.minFullRule * height;
+    });
+    const auto rules = std::count(m_ruleAfter.begin(), m_ruleAfter.end(), 1) + (m_ruleBefore ? 1 : 0) + between;
     return static_cast<std::size_t>(rules) >= thresholds.minFullRules;
+}
+
+// Whether the table is between rules, with a rule under its head.
+bool TextGrid::hasRuledHead() const
+{
+    return m_ruleBefore && m_headLines > 0 && m_headLines <= thresholds.maxTitleLines && m_ruleAfter[m_headLines - 1] &&
+           m_grid[m_headLines - 1].pieces.size() > 1 && m_ruleAfter.back();
+}
+
+// Whether gaps across all columns divide rows whose texts wrap in some columns only. Texts in columns of a page have
+// their gaps each at other heights.
+bool TextGrid::areSetApart() const
+{
+    const std::vector<std::pair<std::size_t, std::size_t>> rows = groupsSetApart(rowGap());
+    std::size_t several = 0;
+    std::size_t filled = 0; // with texts in most columns
+    for (const auto &[from, to] : rows) {
+        if (to - from > thresholds.maxLinesInRow) {
+            return false;
+        }
+        std::vector<char> used(static_cast<std::size_t>(columns()), 0);
+        for (std::size_t i = from; i < to; ++i) {
+            for (const Piece &piece : m_grid[i].pieces) {
+                used[static_cast<std::size_t>(piece.column)] = 1;
+            }
+        }
+        several += to - from > 1 ? 1 : 0;
+        filled += 2 * std::count(used.begin(), used.end(), 1) > columns() ? 1 : 0;
+    }
+    return rows.size() >= thresholds.minTextsSetApart && 2 * several > rows.size() && 2 * filled > rows.size() &&
+           wrapInSomeColumns(rows) && !holdsProse();
 }
 
 // Whether rules divide rows of several lines, or gaps do below a head with a rule. Columns of text would be long rows.
 bool TextGrid::isDivided() const
 {
+    if (hasRuledHead() || areSetApart()) {
+        return true;
+    }
     const double gap = m_headLines > 0 && m_ruleAfter[m_headLines - 1] ? rowGap() : 0;
     std::size_t rules = 0;
     std::size_t rows = 1;
     std::size_t linesInRow = 1;
     for (std::size_t i = 1; i < m_grid.size(); ++i) {
-        const bool apart = gap > 0 && m_grid[i].baseline - m_grid[i - 1].baseline >= gap * m_grid[i].size;
+        const bool apart = gap > 0 && stepTo(i) >= gap;
         rules += m_ruleAfter[i - 1] ? 1 : 0;
         rows += apart || m_ruleAfter[i - 1] ? 1 : 0;
         linesInRow = apart || m_ruleAfter[i - 1] ? 1 : linesInRow + 1;
@@ -604,7 +646,9 @@ bool TextGrid::looksLikeTable() const
     const double wordsInPiece = static_cast<double>(words) / pieces;
     const double filled = static_cast<double>(pieces) / static_cast<double>(m_grid.size()) / columns();
     const double maxWords = isDivided() ? thresholds.maxWordsOfDivided : thresholds.maxWords;
-    if (wordsInPiece > maxWords || filled < thresholds.minFilled || aligned < thresholds.minAligned) {
+    const bool sparse = wordsInPiece <= thresholds.maxWordsOfMarks && aligned >= thresholds.minAlignedOfMarks;
+    const double minFilled = isRuled() && sparse ? thresholds.minFilledOfMarks : thresholds.minFilled;
+    if (wordsInPiece > maxWords || filled < minFilled || aligned < thresholds.minAligned) {
         return false;
     }
     std::vector<double> gaps;
@@ -614,7 +658,7 @@ bool TextGrid::looksLikeTable() const
         }
     }
     const double gap = median(std::move(gaps));
-    if (numericShare < thresholds.someNumeric && isJustifiedText()) {
+    if (numericShare < thresholds.someNumeric && (isJustifiedText() || (isRuled() && holdsProse() && !isDivided()))) {
         return false;
     }
     const double maxWordsOfText = isDivided() ? maxWords : thresholds.maxWordsOfText;
@@ -636,7 +680,7 @@ bool TextGrid::looksLikeTable() const
     const bool listing = 2 * static_cast<std::size_t>(typed) > m_lines.size();
     return multi >= thresholds.minRowsOfText && !listing && gap >= thresholds.minGapOfText &&
            wordsInPiece <= thresholds.maxWordsOfText && aligned >= thresholds.minAlignedOfText &&
-           filled >= thresholds.minFilledOfText;
+           (sparse || filled >= thresholds.minFilledOfText);
 }
 
 } // namespace quorra::model

@@ -37,19 +37,24 @@ struct Thresholds
     // Rows of several lines.
     double maxWrapStep = 1.15;     ///< of the usual distance of baselines; between the lines of a wrapped cell
     double minRowGap = 1.15;       ///< of the distance of baselines inside a row; between rows that are set apart
+    double minInnerStep = 0.9;     ///< em; lines that are closer are beside one another
     double maxInnerStep = 1.4;     ///< em; the same distance, at most
     double maxLinesInBand = 4;     ///< on average between rules; with more, the rules divide groups of rows
     std::size_t minBands = 3;      ///< between rules; fewer are head, body and sum
     std::size_t maxLinesInRow = 8; ///< more are a group of rows
+    double minRagged = 0.6;        ///< share of the groups of lines whose columns have unequal numbers of lines
     double maxFirstShare = 0.5;    ///< of the lines of a table that one row may hold
 
     // Tables against text that happens to have gaps.
-    double maxWords = 7;            ///< in the mean cell; more are sentences
-    double maxWordsOfText = 5;      ///< the same in a table of hardly any numbers
-    double minFilled = 0.3;         ///< share of rows times columns that hold a text
-    double minFilledOfText = 0.5;   ///< the same in a table of hardly any numbers
-    double minAligned = 0.5;        ///< share of the texts that agree in an edge with their column
-    double minAlignedOfText = 0.65; ///< the same in a table of hardly any numbers
+    double maxWords = 7;             ///< in the mean cell; more are sentences
+    double maxWordsOfText = 5;       ///< the same in a table of hardly any numbers
+    double minFilled = 0.3;          ///< share of rows times columns that hold a text
+    double minFilledOfText = 0.5;    ///< the same in a table of hardly any numbers
+    double maxWordsOfMarks = 2.5;    ///< in the mean cell; short marks may leave most places empty
+    double minAlignedOfMarks = 0.85; ///< share of such texts that agree in an edge with their column
+    double minFilledOfMarks = 0.1;   ///< share of the places between rules that hold such a text
+    double minAligned = 0.5;         ///< share of the texts that agree in an edge with their column
+    double minAlignedOfText = 0.65;  ///< the same in a table of hardly any numbers
     double minGapOfText = 1.2; ///< em; the median gap between the texts of a row; blanks in justified text are narrower
     double minNumeric =
         0.35; ///< share of the texts beside the first column; tables with fewer numbers must be more regular
@@ -68,13 +73,14 @@ struct Thresholds
     double minTextWidth = 0.6;     ///< share of the table's width; of such a line
     std::size_t minProseWords = 6; ///< in a text that runs over several columns at an end of the table: not a part
 
-    double sameMargin = 1.5;         ///< points; justified lines begin and end this close to the margins
-    double minJustified = 0.75;      ///< share of the lines of justified text that reach both margins
-    double evenBlanks = 1;           ///< points by which the blanks of a justified line differ at most
-    double maxJustifiedBlank = 8;    ///< em; wider blanks are gaps between columns
-    double minEntries = 0.6;         ///< share of the texts in every column of an index that end in page numbers
-    std::size_t minRowsSetApart = 3; ///< under a head between rules; fewer are paragraphs
-    double maxWordsOfDivided = 12;   ///< in the mean line of a cell, where such rules divide the rows
+    double sameMargin = 1.5;          ///< points; justified lines begin and end this close to the margins
+    double minJustified = 0.75;       ///< share of the lines of justified text that reach both margins
+    double evenBlanks = 1;            ///< points by which the blanks of a justified line differ at most
+    double maxJustifiedBlank = 8;     ///< em; wider blanks are gaps between columns
+    double minEntries = 0.6;          ///< share of the texts in every column of an index that end in page numbers
+    std::size_t minRowsSetApart = 3;  ///< under a head between rules; fewer are paragraphs
+    std::size_t minTextsSetApart = 4; ///< rows of wrapped texts without any rule; fewer are paragraphs side by side
+    double maxWordsOfDivided = 12;    ///< in the mean line of a cell, where such rules divide the rows
 
     double rowMargin = 2; ///< points between the outermost lines and the table's upper and lower edge, and to its rules
 };
@@ -157,14 +163,20 @@ private:
     bool isNumberedText() const;
     bool isJustifiedText() const;
     bool isText(const GridRow &row) const;
+    bool hasRuledHead() const;
     void addBorders(Table &table) const;
 
     std::vector<GridRow> headRows() const;
     std::vector<HeadCell> headCells() const;
     std::vector<GridRow> bodyRows() const;
-    void addRowsOfBand(std::vector<GridRow> &rows, std::size_t from, std::size_t to, double rowGap) const;
+    void
+    addRowsOfBand(std::vector<GridRow> &rows, std::size_t from, std::size_t to, double rowGap, bool keysWrap) const;
+    double stepTo(std::size_t line) const;
     double rowGap() const;
-    bool canBeOneRow(std::size_t from, std::size_t to) const;
+    bool areSetApart() const;
+    std::vector<std::pair<std::size_t, std::size_t>> groupsSetApart(double rowGap) const;
+    bool wrapInSomeColumns(const std::vector<std::pair<std::size_t, std::size_t>> &groups) const;
+    bool canBeOneRow(std::size_t from, std::size_t to, bool keysWrap) const;
     bool wrapsBeside(const GridRow &upper, const GridRow &lower) const;
     bool continues(const GridRow &upper, const GridRow &lower, double usualStep) const;
     bool ruleBetween(const Box &upper, const Box &lower) const;

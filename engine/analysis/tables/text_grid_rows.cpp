@@ -222,18 +222,33 @@ bool TextGrid::continues(const GridRow &upper, const GridRow &lower, double usua
     return lowerCase || (!hasKey && lower.pieces.size() < upper.pieces.size() && upper.pieces.front().column == 0);
 }
 
+// The distance from the lines above to this line, in em: that of the baselines, unless lines of other columns reach
+// farther down. Such lines are beside one another because cells are centred in their rows.
+double TextGrid::stepTo(std::size_t line) const
+{
+    double reached = m_grid[line - 1].box.bottom;
+    for (std::size_t i = line - 1; i > 0 && line - i < thresholds.maxLinesInRow; --i) {
+        reached = std::max(reached, m_grid[i - 1].box.bottom);
+    }
+    const GridRow &row = m_grid[line];
+    return (row.baseline - reached) / row.size;
+}
+
 // The distance of baselines from which on lines of the body are different rows because rows are set apart; 0 if they
 // are not.
 double TextGrid::rowGap() const
 {
     std::vector<double> steps;
+    bool beside = false;
     for (std::size_t i = m_headLines + 1; i < m_grid.size(); ++i) {
-        if (!m_ruleAfter[i - 1]) {
-            steps.push_back((m_grid[i].baseline - m_grid[i - 1].baseline) / m_grid[i].size);
+        const double step = stepTo(i);
+        if (!m_ruleAfter[i - 1] && step >= thresholds.minInnerStep) {
+            steps.push_back(step);
         }
+        beside = beside || step < thresholds.minInnerStep;
     }
     std::sort(steps.begin(), steps.end());
-    double gap = 0;
+    double gap = beside ? thresholds.minInnerStep : 0;
     double widest = thresholds.minRowGap;
     for (std::size_t i = 1; i < steps.size() && steps[i - 1] <= thresholds.maxInnerStep; ++i) {
         if (steps[i] >= widest * steps[i - 1]) {
@@ -244,9 +259,30 @@ double TextGrid::rowGap() const
     return gap;
 }
 
+// Whether most groups of lines are one row each because texts wrap in some of their columns only. Rows that stand close
+// together have a text in each line of most columns.
+bool TextGrid::wrapInSomeColumns(const std::vector<std::pair<std::size_t, std::size_t>> &groups) const
+{
+    std::size_t several = 0;
+    std::size_t ragged = 0;
+    for (const auto &[from, to] : groups) {
+        std::vector<std::size_t> lines(static_cast<std::size_t>(columns()), 0);
+        for (std::size_t i = from; i < to; ++i) {
+            for (const Piece &piece : m_grid[i].pieces) {
+                ++lines[static_cast<std::size_t>(piece.column)];
+            }
+        }
+        lines.erase(std::remove(lines.begin(), lines.end(), 0U), lines.end());
+        const auto [fewest, most] = std::minmax_element(lines.begin(), lines.end());
+        several += *most > 1 ? 1 : 0;
+        ragged += *most > *fewest ? 1 : 0;
+    }
+    return static_cast<double>(ragged) >= thresholds.minRagged * static_cast<double>(several);
+}
+
 // Whether the lines can be one row: no column holds two numbers, and no two lines have a key with other cells beside
-// it.
-bool TextGrid::canBeOneRow(std::size_t from, std::size_t to) const
+// it, unless keys wrap.
+bool TextGrid::canBeOneRow(std::size_t from, std::size_t to, bool keysWrap) const
 {
     std::vector<int> numbers(static_cast<std::size_t>(columns()), 0);
     int keys = 0;
@@ -259,11 +295,12 @@ bool TextGrid::canBeOneRow(std::size_t from, std::size_t to) const
         const Piece &first = m_grid[i].pieces.front();
         keys += first.column == 0 && m_grid[i].pieces.size() > 1 && !startsInLowerCase(first.words) ? 1 : 0;
     }
-    return keys < 2 && to - from <= thresholds.maxLinesInRow &&
+    return (keysWrap || keys < 2) && to - from <= thresholds.maxLinesInRow &&
            static_cast<double>(to - from) <= thresholds.maxFirstShare * static_cast<double>(m_grid.size());
 }
 
-void TextGrid::addRowsOfBand(std::vector<GridRow> &rows, std::size_t from, std::size_t to, double rowGap) const
+void TextGrid::addRowsOfBand(
+    std::vector<GridRow> &rows, std::size_t from, std::size_t to, double rowGap, bool keysWrap) const
 {
     std::vector<double> steps;
     for (std::size_t i = 1; i < m_grid.size(); ++i) {
@@ -290,11 +327,10 @@ void TextGrid::addRowsOfBand(std::vector<GridRow> &rows, std::size_t from, std::
     };
     for (std::size_t i = from; i < to;) {
         std::size_t end = i + 1;
-        while (end < to &&
-               (rowGap == 0 || m_grid[end].baseline - m_grid[end - 1].baseline < rowGap * m_grid[end].size)) {
+        while (end < to && (rowGap == 0 || stepTo(end) < rowGap)) {
             ++end;
         }
-        const bool together = rowGap > 0 && end > i + 1 && canBeOneRow(i, end);
+        const bool together = rowGap > 0 && end > i + 1 && canBeOneRow(i, end, keysWrap);
         const std::size_t first = rows.size();
         for (std::size_t k = i; k < end; ++k) {
             const bool joins = rows.size() > first && (together || continues(rows.back(), m_grid[k], usualStep));
@@ -306,6 +342,20 @@ void TextGrid::addRowsOfBand(std::vector<GridRow> &rows, std::size_t from, std::
         }
         i = end;
     }
+}
+
+// The lines of the body that are closer to one another than rows are.
+std::vector<std::pair<std::size_t, std::size_t>> TextGrid::groupsSetApart(double rowGap) const
+{
+    std::vector<std::pair<std::size_t, std::size_t>> groups;
+    for (std::size_t i = m_headLines; i < m_grid.size(); ++i) {
+        if (groups.empty() || m_ruleAfter[i - 1] || rowGap == 0 || stepTo(i) >= rowGap) {
+            groups.emplace_back(i, i + 1);
+        } else {
+            groups.back().second = i + 1;
+        }
+    }
+    return groups;
 }
 
 // The rows under the head. Where rules divide them, the lines between two rules are one row, unless they cannot be.
@@ -323,10 +373,13 @@ std::vector<TextGrid::GridRow> TextGrid::bodyRows() const
     const bool ruled =
         bands.size() >= thresholds.minBands && lines <= thresholds.maxLinesInBand * static_cast<double>(bands.size());
     const double gap = rowGap();
+    const bool bandsWrap = ruled && wrapInSomeColumns(bands);
+    const bool groupsWrap = wrapInSomeColumns(groupsSetApart(gap));
     constexpr double always = 1e9;
     std::vector<GridRow> rows;
     for (const auto &[first, end] : bands) {
-        addRowsOfBand(rows, first, end, ruled && canBeOneRow(first, end) ? always : gap);
+        const bool whole = ruled && canBeOneRow(first, end, bandsWrap);
+        addRowsOfBand(rows, first, end, whole ? always : gap, whole ? bandsWrap : groupsWrap);
     }
     return rows;
 }

@@ -269,6 +269,11 @@ bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, Lines
         }
         if (before + after > 0) {
             const LineRange inner{range.first + before, range.last - after};
+            if (before >= thresholds.minLinesOfPart &&
+                addTables(tables, clean, linesOf, {range.first, inner.first - 1})) {
+                range = inner; // what is above this table is another one
+                continue;
+            }
             for (std::size_t i = range.first; linesOf == LinesOf::Page && i <= range.last; ++i) {
                 const bool outside = i < inner.first || i > inner.last;
                 if (outside && cellTexts(clean.lines[i]).size() > 1) {

@@ -20,6 +20,7 @@ import figures  # noqa: E402,F401
 import forms  # noqa: E402,F401
 import lists  # noqa: E402,F401
 import open_tables  # noqa: E402,F401
+import partly_ruled_tables  # noqa: E402,F401
 import prose  # noqa: E402,F401
 import right_to_left  # noqa: E402,F401
 import ruled_tables  # noqa: E402,F401
