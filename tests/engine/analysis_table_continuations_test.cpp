@@ -159,6 +159,25 @@ private Q_SLOTS:
         QVERIFY(!goesOn(pageWith(tableAt(300, 750, upper())), second(QStringLiteral("Table 3 (continued)"))));
     }
 
+    void rowsGoOnInsideSentences()
+    {
+        const auto second = [](const QString &town, const QString &boats) {
+            return lastTable(
+                {pageWith(tableAt(
+                     300, 750,
+                     {head, QStringLiteral("Boats"), QStringLiteral("Alder"),
+                      QStringLiteral("Four, of which two are mo-")})),
+                 pageWith(tableAt(
+                     50, 200,
+                     {head, QStringLiteral("Boats"), town, boats, QStringLiteral("Dunn"), QStringLiteral("7")}))});
+        };
+        QVERIFY(second({}, QStringLiteral("tor boats")).continuesRow);
+        QVERIFY(!second({}, QStringLiteral("Other")).continuesRow);                          // a sentence of its own
+        QVERIFY(!second(QStringLiteral("Brook"), QStringLiteral("tor boats")).continuesRow); // a row of its own
+        QVERIFY(!second(QStringLiteral("alder"), QStringLiteral("Eight")).continuesRow);
+        QVERIFY(!second({}, {}).continuesRow);
+    }
+
     void notesAtTheFootStandBetween()
     {
         Paragraph note = textAt(770, QStringLiteral("Without rafts."));

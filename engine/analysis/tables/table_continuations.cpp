@@ -3,6 +3,7 @@
 
 #include "document/page_walk.h"
 #include "document/text.h"
+#include "paragraphs/dehyphenation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -125,6 +126,53 @@ bool sameEdges(const Table &a, const Table &b)
                [&](double x, double y) { return std::abs(x + shift - y) <= tolerance; });
 }
 
+// Whether the cells go on in the middle of a sentence: the upper one, which begins one, does not end it.
+bool goesOn(const QString &upper, const QString &lower)
+{
+    return !upper.isEmpty() && upper.front().isUpper() && !QStringView(u".!?").contains(upper.back()) &&
+           lower.front().isLower();
+}
+
+/// The two parts of a cell whose row a page break divides.
+struct DividedCell
+{
+    Cell *upper = nullptr;
+    const Cell *lower = nullptr;
+};
+
+// The cells with text in that row of `next`, if the row is the rest of the last row of `last`: each of these texts goes
+// on from the cell above it. The other cells of the row, such as short names and numbers, are complete above.
+std::vector<DividedCell> dividedCells(Table &last, const Table &next, int row)
+{
+    std::vector<DividedCell> divided;
+    for (const Cell &cell : next.cells) {
+        const QString lower = cell.row == row ? plainText(runsOf(cell)).simplified() : QString();
+        if (lower.isEmpty()) {
+            continue;
+        }
+        const auto above = std::find_if(last.cells.begin(), last.cells.end(), [&](const Cell &other) {
+            return other.row + other.rowSpan == last.rows() && other.column == cell.column &&
+                   other.columnSpan == cell.columnSpan;
+        });
+        if (above == last.cells.end() || cell.rowSpan > 1 || !goesOn(plainText(runsOf(*above)).simplified(), lower)) {
+            return {};
+        }
+        divided.push_back({&*above, &cell});
+    }
+    return divided;
+}
+
+// Sets what stands between the parts of the cells.
+void joinTexts(const std::vector<DividedCell> &cells)
+{
+    for (const DividedCell &cell : cells) {
+        const bool hyphen =
+            endsInHyphen(plainText(runsOf(*cell.upper)).trimmed(), plainText(runsOf(*cell.lower)).trimmed());
+        cell.upper->paragraphs.back().lines.back().words.back().separator =
+            hyphen ? Separator::Hyphen : Separator::Space;
+    }
+}
+
 } // namespace
 
 void markTableContinuations(Document &document)
@@ -139,6 +187,9 @@ void markTableContinuations(Document &document)
             if (repeated > 0 || sameEdges(*before.table, *next.table)) {
                 next.table->continuesPrevious = true;
                 next.table->headerRows = repeated;
+                const std::vector<DividedCell> divided = dividedCells(*before.table, *next.table, repeated);
+                next.table->continuesRow = !divided.empty();
+                joinTexts(divided);
                 first->headerRows = std::max(first->headerRows, repeated);
             }
         }

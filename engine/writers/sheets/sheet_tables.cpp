@@ -74,6 +74,26 @@ bool endsOnPurpose(const model::Line &line, const model::Line &next, double room
     return needed < room || isNumber(line) || isNumber(next);
 }
 
+/// Adds the texts of that row of the continuation to the cells of the table's last row.
+void appendToLastRow(model::Table &table, const model::Table &continuation, int row)
+{
+    for (const model::Cell &rest : continuation.cells) {
+        if (rest.row != row || rest.paragraphs.empty()) {
+            continue;
+        }
+        const auto above = std::find_if(table.cells.begin(), table.cells.end(), [&](const model::Cell &cell) {
+            return cell.row + cell.rowSpan == table.rows() && cell.column == rest.column;
+        });
+        if (above == table.cells.end() || above->paragraphs.empty()) {
+            continue;
+        }
+        auto next = rest.paragraphs.begin();
+        std::vector<model::Line> &lines = above->paragraphs.back().lines;
+        lines.insert(lines.end(), next->lines.begin(), next->lines.end());
+        above->paragraphs.insert(above->paragraphs.end(), next + 1, rest.paragraphs.end());
+    }
+}
+
 } // namespace
 
 model::Table mirroredTable(model::Table table)
@@ -102,7 +122,11 @@ bool continuesTable(const model::Table &table, const model::Table &continuation)
 
 void appendTable(model::Table &table, const model::Table &continuation)
 {
-    const int skipped = repeatedRows(table, continuation);
+    int skipped = repeatedRows(table, continuation);
+    if (continuation.continuesRow && skipped < continuation.rows()) {
+        appendToLastRow(table, continuation, skipped);
+        ++skipped;
+    }
     const int shift = table.rows() - skipped;
     const double offset = table.rowEdges.back() - continuation.rowEdges[static_cast<std::size_t>(skipped)];
     for (auto edge = continuation.rowEdges.begin() + skipped + 1; edge != continuation.rowEdges.end(); ++edge) {

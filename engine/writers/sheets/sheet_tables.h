@@ -13,8 +13,8 @@ model::Table mirroredTable(model::Table table);
 /// Returns whether the rows of the second table can be appended to the first: they have the same columns.
 bool continuesTable(const model::Table &table, const model::Table &continuation);
 
-/// Appends the rows of a table that continues it on the next page, without the head rows that it repeats. Both are
-/// upright.
+/// Appends the rows of a table that continues it on the next page, without the head rows that it repeats. The
+/// rest of a row that the page break divides is added to the last row. Both are upright.
 void appendTable(model::Table &table, const model::Table &continuation);
 
 /// Turns those line ends in cells into line breaks that the text does not owe to the width of its column: where the

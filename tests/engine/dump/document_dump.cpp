@@ -327,7 +327,8 @@ void dumpTable(const Table &table, const std::string &margin, std::ostream &out)
         << joined(
                {box(table.box), table.ruled ? "ruled" : "unruled",
                 table.headerRows == 0 ? "" : "header rows " + std::to_string(table.headerRows),
-                table.continuesPrevious ? "goes on from the page before" : ""},
+                table.continuesPrevious ? "goes on from the page before" : "",
+                table.continuesRow ? "begins inside a row" : ""},
                "; ")
         << "]\n";
     out << margin << "  column edges" << positions(table.columnEdges) << '\n';

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void picturesHaveRowsAndTheirWords();
     void namesAreValidAndUnique();
     void continuedTablesAreWhole();
+    void rowsAreWholeAgain();
     void otherTablesStayOnTheirPage();
     void onlyHeadsOfSingleTablesAreRepeated();
     void rightToLeftSheetsBeginAtTheRight();
@@ -228,6 +229,14 @@ void OfficeSheetsTest::continuedTablesAreWhole()
     text = sheets(pages);
     QCOMPARE(fixture::paragraphs(text).join(u' '), QStringLiteral("Year Sum 1 2 3 4 after"));
     QCOMPARE(text.count(QLatin1String("<table:table ")), 2);
+}
+
+void OfficeSheetsTest::rowsAreWholeAgain()
+{
+    std::vector<model::Page> pages = continuedPages();
+    pages[1].sections[0].blocks[0].table()->continuesRow = true;
+    const QString text = sheets(pages);
+    QCOMPARE(fixture::paragraphs(text).join(u'|'), QStringLiteral("Year|Sum|1 3|2 4"));
 }
 
 void OfficeSheetsTest::otherTablesStayOnTheirPage()

@@ -176,6 +176,7 @@ struct Table
     bool ruled = false; ///< found by its rules rather than by its text
     int headerRows = 0;
     bool continuesPrevious = false; ///< it continues the table at the end of the previous page
+    bool continuesRow = false;      ///< the row after its head rows is the rest of the last row of the previous page
 
     int columns() const { return columnEdges.empty() ? 0 : static_cast<int>(columnEdges.size()) - 1; }
     int rows() const { return rowEdges.empty() ? 0 : static_cast<int>(rowEdges.size()) - 1; }
