@@ -195,7 +195,7 @@ QString languageOfText(const QString &whole, const QString &stated)
     const auto isMain = [all](int some) { return 100 * some > thresholds.minShare * all; };
     for (const auto &[script, count] : letters) {
         if (isMain(count)) {
-            if (const QString language = languageOfScript(script, text); !language.isEmpty()) {
+            if (QString language = languageOfScript(script, text); !language.isEmpty()) {
                 return language;
             }
         }
