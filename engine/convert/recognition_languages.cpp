@@ -67,7 +67,7 @@ recognitionLanguages(const QString &stated, const QString &locale, const std::ve
 QString userLocale()
 {
     for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        if (const QString value = qEnvironmentVariable(name); !value.isEmpty()) {
+        if (QString value = qEnvironmentVariable(name); !value.isEmpty()) {
             return value;
         }
     }
