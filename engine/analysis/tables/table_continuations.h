@@ -23,9 +23,9 @@ inline constexpr Thresholds thresholds;
 
 /// Sets Table::continuesPrevious for the tables at the top of a page that go on from the end of the page before: both
 /// have the same number of columns, and the same rows of heads or the same edges. A title ("Table 3, continued") may
-/// stand above the second part, notes at the foot below the first. The rows that it repeats are its head rows. Also sets
-/// Table::continuesRow where the page break divides a row: all texts of the row go on in the middle of a sentence. The
-/// pages must be upright, with the roles of paragraphs known.
+/// stand above the second part, notes at the foot below the first. The rows that it repeats are its head rows. Also
+/// sets Table::continuesRow where the page break divides a row: all texts of the row go on in the middle of a sentence.
+/// The pages must be upright, with the roles of paragraphs known.
 void markTableContinuations(Document &document);
 
 } // namespace quorra::model
