@@ -14,6 +14,7 @@ import xml.etree.ElementTree as ElementTree
 import zipfile
 
 W = "{http://schemas.openxmlformats.org/wordprocessingml/2006/main}"
+WPS = "{http://schemas.microsoft.com/office/word/2010/wordprocessingShape}"
 A = "{http://schemas.openxmlformats.org/drawingml/2006/main}"
 FEWEST_EXCHANGED = 10  # characters
 COVERED = 0.8  # share of the width of a word that lies on another one
@@ -142,7 +143,13 @@ def _pages_begun(section, number, elements):
 
 def _is_heading(paragraph):
     style = paragraph.find(W + "pPr/" + W + "pStyle")
-    return style is not None and style.get(W + "val").startswith("Heading")
+    return style is not None and style.get(W + "val").startswith(("Heading", "Title"))
+
+
+def _is_upright_box(content):
+    """Whether the text in a text box is upright. Rotated text has no other place in Word."""
+    properties = content.getparent().getparent().find(WPS + "bodyPr")
+    return properties is None or properties.get("vert", "horz") == "horz"
 
 
 def _number_notes(body):
@@ -176,7 +183,7 @@ class WordFile:
         # Headings are no sentences; they have a style of their own.
         self.sentences = [_own_text(each) for each in _shown(body) if each.tag == W + "p" and not _is_heading(each)]
         self.sentences += self.notes
-        self.text_boxes = sum(1 for each in _shown(body) if each.tag == W + "txbxContent")
+        self.text_boxes = sum(1 for each in _shown(body) if each.tag == W + "txbxContent" and _is_upright_box(each))
         self.framed = sum(1 for each in _shown(body) if each.tag == W + "framePr")
         self.tables = len(document.tables)
         self.heads = []
