@@ -44,6 +44,8 @@ class Documents:
         password = core_support.PASSWORDS.get(path.name)
         if password:
             options = ("-upw", password, *options)
+        if self.suite.corpus:
+            options = ("-noocr", *options)  # the reference does not read scanned pages
         result = self.suite.run(*options, "-call", str(path), str(target))
         good = self.suite.check(result.status == 0 and target.exists() and target.stat().st_size > 0,
                                 path.name, extension, options, "status", result.status, result.line)

@@ -19,7 +19,8 @@ READ_AS = {".doc": ".docx", ".rtf": ".docx", ".xls": ".xlsx", ".ppt": ".pptx"}
 
 def convert(engine, document, extension, path):
     """Converts a document; returns whether the file was created."""
-    command = [engine, *document.options, "-call", str(document.path), path]
+    # The references do not contain the text of scanned pages, which scans.py measures.
+    command = [engine, "-noocr", *document.options, "-call", str(document.path), path]
     try:
         done = subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, timeout=PATIENCE, check=False)
     except subprocess.TimeoutExpired:
