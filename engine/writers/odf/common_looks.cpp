@@ -140,7 +140,9 @@ Element withoutCommonLook(const Element &style, const std::vector<CommonLook> &l
             removeAttributes(child.attributes, look->text);
         }
     }
-    const auto isEmpty = [](const Element &child) { return child.attributes.empty() && child.children.empty(); };
+    const auto isEmpty = [](const Element &child) {
+        return child.attributes.empty() && child.children.empty() && child.text.isEmpty();
+    };
     rest.children.erase(std::remove_if(rest.children.begin(), rest.children.end(), isEmpty), rest.children.end());
     return rest;
 }
