@@ -193,11 +193,19 @@ class WordFile:
             if element.tag == W + "sectPr" or element.find(W + "pPr/" + W + "sectPr") is not None:
                 sections.append(open_section)
                 open_section = []
+        sides = document.settings.odd_and_even_pages_header_footer
+        page = 0
         for number, (section, elements) in enumerate(zip(document.sections, sections)):
-            # A header or footer is shown on every page that begins in its section.
-            for part in (section.header, section.footer):
-                texts = [_own_text(each) for each in part._element.iter(W + "p")]
-                self.heads += texts * _pages_begun(section, number, elements)
+            first = section._sectPr.find(W + "pgNumType")
+            if first is not None and first.get(W + "start"):
+                page = int(first.get(W + "start")) - 1
+            # A header or footer is shown on every page that begins in its section, or on the left or right ones of them.
+            parts = {False: (section.header, section.footer)}
+            parts[True] = (section.even_page_header, section.even_page_footer) if sides else parts[False]
+            for _ in range(_pages_begun(section, number, elements)):
+                page += 1
+                for part in parts[page % 2 == 0]:
+                    self.heads += [_own_text(each) for each in part._element.iter(W + "p")]
         self.page_sizes = [(each.page_width.pt, each.page_height.pt) for each in document.sections]
 
     def text(self):
