@@ -7,7 +7,6 @@
 #include <atomic>
 
 using namespace quorra;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -36,7 +35,7 @@ public:
         word.box = {dotsPerInch, dotsPerInch, 2 * dotsPerInch, 1.2 * dotsPerInch}; // an inch from the edges
         word.baseline = 1.2 * dotsPerInch;
         word.size = dotsPerInch / 6;
-        if (picture.depth == ColourDepth::Gray && limits.processorTime == 7s) {
+        if (picture.depth == ColourDepth::Gray && limits.processorTime == std::chrono::seconds(7)) {
             found.words.push_back(word);
         }
         return found;
@@ -52,7 +51,7 @@ ScanReading readingWith(Calls &calls)
         [&calls] { return std::make_unique<FakeRecogniser>(calls); },
         [&calls](int scans) {
             calls.announced += scans;
-            return 7s;
+            return std::chrono::seconds(7);
         }};
 }
 
@@ -125,7 +124,7 @@ private Q_SLOTS:
     {
         Calls calls;
         ScanReading reading = readingWith(calls);
-        reading.allowTime = [](int) { return 1s; }; // the recogniser finds nothing then
+        reading.allowTime = [](int) { return std::chrono::seconds(1); }; // the recogniser finds nothing then
         const model::RawPage page = pageOf("scanned.pdf", Collect::TextAndRules, reading);
         QCOMPARE(calls.pictures.load(), 1);
         QVERIFY(page.words.empty() && page.pictures.empty());

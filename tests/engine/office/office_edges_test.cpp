@@ -503,7 +503,7 @@ std::vector<Edge> sheetEdges()
     };
 }
 
-std::vector<Edge> allEdges()
+std::vector<Edge> everyEdge()
 {
     std::vector<Edge> all;
     for (const auto &edges :
@@ -525,7 +525,7 @@ private Q_SLOTS:
     void thresholdsDecide() { checkRow(m_edges); }
 
 private:
-    std::vector<Edge> m_edges = allEdges();
+    std::vector<Edge> m_edges = everyEdge();
 };
 
 QTEST_GUILESS_MAIN(OfficeEdgesTest)

@@ -265,7 +265,7 @@ std::vector<Edge> titleEdges()
     };
 }
 
-std::vector<Edge> allEdges()
+std::vector<Edge> everyEdge()
 {
     std::vector<Edge> all;
     for (const auto &edges : {fitEdges(), tableEdges(), boxEdges(), titleEdges()}) {
@@ -286,7 +286,7 @@ private Q_SLOTS:
     void thresholdsDecide() { checkRow(m_edges); }
 
 private:
-    std::vector<Edge> m_edges = allEdges();
+    std::vector<Edge> m_edges = everyEdge();
 };
 
 QTEST_GUILESS_MAIN(OfficeSlideEdgesTest)
