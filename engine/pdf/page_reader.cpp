@@ -4,6 +4,7 @@
 #include "base/units.h"
 #include "character_texts.h"
 #include "drawn_characters.h"
+#include "drawn_fonts.h"
 #include "font_families.h"
 #include "marked_content.h"
 #include "page_links.h"
@@ -27,6 +28,7 @@
 #include <cstdlib>
 #include <iterator>
 #include <map>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -203,9 +205,15 @@ public:
 
     void updateFont(GfxState *state) override
     {
+        const std::shared_ptr<GfxFont> font = state->getFont();
+        const double size = state->getFontSize();
+        if (font) {
+            state->setFont(font, sizeForLibrary(*font, size));
+        }
         TextOutputDev::updateFont(state);
-        if (m_withPictures && m_file && state->getFont()) {
-            m_families.add(*state->getFont(), *m_file);
+        state->setFont(font, size);
+        if (m_withPictures && m_file && font) {
+            m_families.add(*font, *m_file);
         }
     }
 
