@@ -238,6 +238,8 @@ private Q_SLOTS:
             {u"number 1"_s, u"number 3"_s});
         add("a year", {u"Log of 2024"_s, u"Log of 2024"_s, u"Log of 2024"_s}, {}, {});
         add("single page", {u"Page 7"_s}, {}, {u"number 7"_s});
+        const QString many = u" 100"_s.repeated(20000); // takes minutes if each is compared with all
+        add("among many numbers", {u"Page 1"_s + many, u"Page 2"_s + many}, {}, {u"number 1"_s, u"number 2"_s});
     }
 
     void findsPageNumbers()

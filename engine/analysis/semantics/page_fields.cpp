@@ -3,6 +3,7 @@
 
 #include "document/page_number.h"
 #include "semantics/cut_word.h"
+#include "semantics/page_number_words.h"
 
 #include <QRegularExpression>
 
@@ -19,48 +20,60 @@ namespace {
 
 using pageFields::thresholds;
 
-/// A number in a page header or footer.
+/// A number in a line of a page header or footer.
 struct Number
 {
-    bool inHeader = false;
-    Line *line = nullptr;
     std::size_t word = 0;
     qsizetype start = 0; ///< in the word
     qsizetype length = 0;
+    qsizetype offset = 0; ///< in the text of the line
     PageNumber read;
 };
 
-/// The numbers of a line: Roman numerals that are whole words, and digits anywhere.
-void addNumbers(std::vector<Number> &numbers, Line &line, bool inHeader)
+/// A line that has numbers.
+struct NumberedLine
+{
+    Line *line = nullptr;
+    bool inHeader = false;
+    QString text; ///< with a space between two words
+    std::vector<Number> numbers;
+};
+
+/// The text of the line with its numbers: Roman numerals that are whole words, and digits anywhere.
+NumberedLine readNumbers(Line &line, bool inHeader)
 {
     static const QRegularExpression digits(QStringLiteral("[0-9]+"));
+    NumberedLine read{&line, inHeader, {}, {}};
     for (std::size_t word = 0; word < line.words.size(); ++word) {
         const QString &text = line.words[word].text;
+        const qsizetype offset = read.text.size();
+        read.text += text + QLatin1Char(' ');
         if (const std::optional<PageNumber> whole = readPageNumber(text)) {
-            numbers.push_back({inHeader, &line, word, 0, text.size(), *whole});
+            read.numbers.push_back({word, 0, text.size(), offset, *whole});
             continue;
         }
         QRegularExpressionMatchIterator matches = digits.globalMatch(text);
         while (matches.hasNext()) {
             const QRegularExpressionMatch match = matches.next();
             if (const std::optional<PageNumber> part = readPageNumber(match.captured())) {
-                numbers.push_back({inHeader, &line, word, match.capturedStart(), match.capturedLength(), *part});
+                const qsizetype start = match.capturedStart();
+                read.numbers.push_back({word, start, match.capturedLength(), offset + start, *part});
             }
         }
     }
+    return read;
 }
 
-/// The lines of the page's header and footer that have numbers, with these.
-std::vector<std::vector<Number>> numbersByLine(Page &page)
+/// The lines of the page's header and footer that have numbers.
+std::vector<NumberedLine> numberedLines(Page &page)
 {
-    std::vector<std::vector<Number>> lines;
+    std::vector<NumberedLine> lines;
     for (auto *edge : {&page.header, &page.footer}) {
         for (Paragraph &paragraph : *edge) {
             for (Line &line : paragraph.lines) {
-                std::vector<Number> numbers;
-                addNumbers(numbers, line, edge == &page.header);
-                if (!numbers.empty()) {
-                    lines.push_back(std::move(numbers));
+                NumberedLine read = readNumbers(line, edge == &page.header);
+                if (!read.numbers.empty()) {
+                    lines.push_back(std::move(read));
                 }
             }
         }
@@ -68,68 +81,47 @@ std::vector<std::vector<Number>> numbersByLine(Page &page)
     return lines;
 }
 
-/// The text of the line before the number, or after it.
-QString textBefore(const Number &number)
-{
-    QString text;
-    for (std::size_t i = 0; i < number.word; ++i) {
-        text += number.line->words[i].text + QLatin1Char(' ');
-    }
-    return text + number.line->words[number.word].text.left(number.start);
-}
-
-QString textAfter(const Number &number)
-{
-    const std::vector<Word> &words = number.line->words;
-    QString text = words[number.word].text.mid(number.start + number.length);
-    for (std::size_t i = number.word + 1; i < words.size(); ++i) {
-        text += QLatin1Char(' ') + words[i].text;
-    }
-    return text;
-}
-
 /// Whether the text before and after a number is that of a page number, wherever it stands.
-bool isWrittenLikePageNumber(const Number &number)
+bool isWrittenLikePageNumber(const NumberedLine &line, const Number &number)
 {
-    static const QRegularExpression named(
-        QStringLiteral(
-            "(?:^|\\W)(?:page|p\\.|seite|s\\.|pagina|página|pág\\.|strona|sida|side|sivu|oldal|стр\\.|страница)"
-            "[\\s:]*$"),
-        QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression named(QStringLiteral("(?:^|\\W)(?:%1)[\\s:]*$").arg(pageNames), pageNumberOptions);
     static const QRegularExpression alone(QStringLiteral("^[\\s\\-–—|]*$"));
-    const QString before = textBefore(number);
-    return named.match(before).hasMatch() ||
-           (alone.match(before).hasMatch() && alone.match(textAfter(number)).hasMatch());
+    const qsizetype before = std::min(number.offset, thresholds.maxNameLength);
+    return named.match(line.text.mid(number.offset - before, before)).hasMatch() ||
+           (line.numbers.size() == 1 &&
+            alone.match(QString(line.text).remove(number.offset, number.length)).hasMatch());
 }
 
-/// The number after a page number that tells how many pages there are.
-const Number *countAfter(const Number &number, const std::vector<Number> &numbers, int pages)
+/// The number after a page number that tells how many pages there are. A word between the two may read as a Roman
+/// numeral.
+const Number *countAfter(const NumberedLine &line, std::size_t index, int pages)
 {
     static const QRegularExpression between(
-        QStringLiteral("^\\s*(?:/|of|von|de|sur|di|z|av|af|van|из)\\s*$"), QRegularExpression::CaseInsensitiveOption);
-    for (const Number &next : numbers) {
-        const qsizetype length = textBefore(next).size() - textBefore(number).size() - number.length;
-        const bool counts = next.read == PageNumber{pages, NumberFormat::Decimal};
-        if (length > 0 && counts && between.match(textAfter(number).left(length)).hasMatch()) {
+        QStringLiteral("^\\s*(?:%1)\\s*$").arg(pageCountSeparators), pageNumberOptions);
+    const PageNumber count{pages, NumberFormat::Decimal};
+    const qsizetype after = line.numbers[index].offset + line.numbers[index].length;
+    for (std::size_t i = index + 1; i < std::min(index + 3, line.numbers.size()); ++i) {
+        const Number &next = line.numbers[i];
+        if (next.read == count && between.match(line.text.mid(after, next.offset - after)).hasMatch()) {
             return &next;
         }
     }
     return nullptr;
 }
 
-void mark(const Number &number, PageField field)
+void mark(Line &line, const Number &number, PageField field)
 {
-    const qsizetype rest = number.line->words[number.word].text.size() - number.start - number.length;
-    cutWordEnd(*number.line, number.word, rest);
-    number.line->words[cutWordEnd(*number.line, number.word, number.length)].field = field;
+    const qsizetype rest = line.words[number.word].text.size() - number.start - number.length;
+    cutWordEnd(line, number.word, rest);
+    line.words[cutWordEnd(line, number.word, number.length)].field = field;
 }
 
 /// Numbers with the same difference to the index of their page, in the same place and format, run with the pages.
 using Sequence = std::tuple<bool, NumberFormat, int>;
 
-Sequence sequenceOf(const Number &number, std::size_t page)
+Sequence sequenceOf(const NumberedLine &line, const Number &number, std::size_t page)
 {
-    return {number.inHeader, number.read.format, number.read.value - static_cast<int>(page)};
+    return {line.inHeader, number.read.format, number.read.value - static_cast<int>(page)};
 }
 
 /// Decides which numbers are those of pages.
@@ -139,10 +131,10 @@ public:
     explicit PageNumbers(Document &document) : m_document(document)
     {
         for (Page &page : document.pages) {
-            m_lines.push_back(numbersByLine(page));
-            for (const std::vector<Number> &line : m_lines.back()) {
-                for (const Number &number : line) {
-                    m_pagesOf[sequenceOf(number, m_lines.size() - 1)].insert(m_lines.size() - 1);
+            m_lines.push_back(numberedLines(page));
+            for (const NumberedLine &line : m_lines.back()) {
+                for (const Number &number : line.numbers) {
+                    m_pagesOf[sequenceOf(line, number, m_lines.size() - 1)].insert(m_lines.size() - 1);
                 }
             }
         }
@@ -151,28 +143,29 @@ public:
     void mark()
     {
         for (std::size_t page = 0; page < m_lines.size(); ++page) {
-            for (const std::vector<Number> &line : m_lines[page]) {
-                const Number *number = numberOf(line, page);
+            for (const NumberedLine &line : m_lines[page]) {
+                const std::optional<std::size_t> number = numberOf(line, page);
                 if (!number) {
                     continue;
                 }
-                if (const Number *count = countAfter(*number, line, pageCount())) {
-                    model::mark(*count, PageField::Count); // the later one first: places before it stay
+                if (const Number *count = countAfter(line, *number, pageCount())) {
+                    model::mark(*line.line, *count, PageField::Count); // the later one first: places before it stay
                 }
-                model::mark(*number, PageField::Number);
+                model::mark(*line.line, line.numbers[*number], PageField::Number);
             }
         }
     }
 
 private:
-    /// The page number in the line: one that is written like it, otherwise the last; null if there is none.
-    const Number *numberOf(const std::vector<Number> &line, std::size_t page) const
+    /// The index of the page number in the line: one that is written like it, otherwise the last.
+    std::optional<std::size_t> numberOf(const NumberedLine &line, std::size_t page) const
     {
-        const Number *found = nullptr;
-        for (const Number &number : line) {
-            const bool written = isWrittenLikePageNumber(number) || countAfter(number, line, pageCount());
-            if (countsOn(number, page) || isLabel(number, page) || (written && isNumberOf(number, page))) {
-                found = &number;
+        std::optional<std::size_t> found;
+        for (std::size_t i = 0; i < line.numbers.size(); ++i) {
+            const Number &number = line.numbers[i];
+            const bool written = isWrittenLikePageNumber(line, number) || countAfter(line, i, pageCount());
+            if (countsOn(line, number, page) || isLabel(number, page) || (written && isNumberOf(number, page))) {
+                found = i;
                 if (written) {
                     break;
                 }
@@ -183,13 +176,12 @@ private:
 
     int pageCount() const { return static_cast<int>(m_lines.size()); }
 
-    bool countsOn(const Number &number, std::size_t page) const
+    bool countsOn(const NumberedLine &line, const Number &number, std::size_t page) const
     {
-        const std::set<std::size_t> &pages = m_pagesOf.at(sequenceOf(number, page));
-        return std::any_of(pages.begin(), pages.end(), [page](std::size_t other) {
-            const std::size_t distance = other > page ? other - page : page - other;
-            return distance > 0 && distance <= thresholds.maxDistance;
-        });
+        const std::set<std::size_t> &pages = m_pagesOf.at(sequenceOf(line, number, page));
+        const auto first = pages.lower_bound(page - std::min(page, thresholds.maxDistance));
+        const auto end = pages.upper_bound(page + thresholds.maxDistance);
+        return std::any_of(first, end, [page](std::size_t other) { return other != page; });
     }
 
     bool isLabel(const Number &number, std::size_t page) const
@@ -205,8 +197,8 @@ private:
     }
 
     Document &m_document;
-    std::vector<std::vector<std::vector<Number>>> m_lines; ///< by page and line
-    std::map<Sequence, std::set<std::size_t>> m_pagesOf;   ///< indices of pages
+    std::vector<std::vector<NumberedLine>> m_lines;      ///< by page
+    std::map<Sequence, std::set<std::size_t>> m_pagesOf; ///< indices of pages
 };
 
 } // namespace

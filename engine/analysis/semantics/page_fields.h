@@ -11,7 +11,8 @@ namespace pageFields {
 
 struct Thresholds
 {
-    std::size_t maxDistance = 2; ///< pages to the next one whose number counts on: left and right pages may differ
+    std::size_t maxDistance = 2;  ///< pages to the next one whose number counts on: left and right pages may differ
+    qsizetype maxNameLength = 16; ///< characters before a number in which a name such as "Page: " is looked for
 };
 
 inline constexpr Thresholds thresholds;

@@ -2,6 +2,7 @@
 #include "semantics/page_headers.h"
 
 #include "base/statistics.h"
+#include "semantics/page_number_words.h"
 
 #include <QHash>
 #include <QRegularExpression>
@@ -101,10 +102,9 @@ std::vector<EdgeLine> edgeLines(const RawPage &page)
 bool isPageNumber(const QString &text)
 {
     static const QRegularExpression number(
-        QStringLiteral(
-            "^(?:[-–—] ?|(?:page|p\\.|seite|s\\.|pagina|página|pág\\.|strona|sida|side) ?)?(?:\\d{1,4}|[ivxl]{1,6})"
-            "(?: ?[-–—]| ?(?:/|of|von|de|sur|di|z|av|af|van) ?\\d{1,4})?$"),
-        QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+        QStringLiteral("^(?:[-–—] ?|(?:%1) ?)?(?:\\d{1,4}|[ivxl]{1,6})(?: ?[-–—]| ?(?:%2) ?\\d{1,4})?$")
+            .arg(pageNames, pageCountSeparators),
+        pageNumberOptions);
     return number.match(text).hasMatch();
 }
 

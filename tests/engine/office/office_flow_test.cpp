@@ -40,6 +40,7 @@ private Q_SLOTS:
     void malformedOutputIsNoticed();
     void writesBookmarksAndComments();
     void statesMetadataAndLanguage();
+    void stylesWithoutAParentStayWhole();
     void balancesColumns();
 };
 
@@ -459,6 +460,21 @@ void OfficeFlowTest::statesMetadataAndLanguage()
     document.facts.language = QStringLiteral("ar");
     QVERIFY(
         fileOf(OdfKind::Text).contains(QLatin1String("style:language-complex=\"ar\" style:country-complex=\"none\"")));
+}
+
+// The default style of a language has no name, and such styles name no parent: they have nothing in common with it.
+void OfficeFlowTest::stylesWithoutAParentStayWhole()
+{
+    model::Document document;
+    document.facts.language = QStringLiteral("en-GB");
+    for (const OdfKind kind : {OdfKind::Text, OdfKind::Presentation, OdfKind::Spreadsheet}) {
+        const QString file = fixture::odf(kind, [&document](OdfFile &made) {
+            made.describe(document);
+            made.styles().text(fixture::style(10, true));
+            made.styles().text(fixture::style(12, true));
+        });
+        QCOMPARE(file.count(QLatin1String("fo:font-weight=\"bold\"")), 2);
+    }
 }
 
 // LibreOffice does not balance columns of almost full pages without these; an empty page follows them then.
