@@ -107,7 +107,10 @@ std::vector<CommonLook> commonLooks(const std::vector<UsedStyle> &styles, const 
 {
     std::set<QString> names;
     for (const Element &style : named) {
-        names.insert(valueOf(style, "style:name"_L1));
+        const QString name = valueOf(style, "style:name"_L1);
+        if (!name.isEmpty()) { // default styles have none, and styles without a parent name none
+            names.insert(name);
+        }
     }
     std::map<QString, std::pair<Values, Values>> values;
     for (const UsedStyle &style : styles) {
@@ -141,7 +144,7 @@ Element withoutCommonLook(const Element &style, const std::vector<CommonLook> &l
         }
     }
     const auto isEmpty = [](const Element &child) {
-        return child.attributes.empty() && child.children.empty() && child.text.isEmpty();
+        return child.attributes.empty() && child.children.empty();
     };
     rest.children.erase(std::remove_if(rest.children.begin(), rest.children.end(), isEmpty), rest.children.end());
     return rest;
