@@ -28,8 +28,11 @@ std::string joined(const std::vector<std::string> &names)
 /// Recognises the text of scanned pages, if the data for that are installed.
 void readScans(std::vector<model::RawPage> &pages, const Job &job, PdfFilePool &pool, Collect what)
 {
+    if (!job.options.recogniseText) {
+        return;
+    }
     const std::vector<std::string> installed = ocr::installedLanguages();
-    if (!job.options.recogniseText || installed.empty()) {
+    if (installed.empty()) {
         return;
     }
     std::string languages = joined(job.options.recognitionLanguages);

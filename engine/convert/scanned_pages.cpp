@@ -2,6 +2,7 @@
 #include "scanned_pages.h"
 
 #include "analysis/scanned_pages.h"
+#include "base/units.h"
 #include "pdf/page_renderer.h"
 #include "platform/page_time.h"
 #include "platform/worker_pool.h"
@@ -18,7 +19,6 @@ namespace {
 using model::RawPage;
 using model::TextLayer;
 
-constexpr double pointsPerInch = 72;
 constexpr double mostPixels = 40e6; ///< of a picture; larger pages are recognised at a lower resolution
 
 /// Address space of the libraries, of a recogniser, and for each pixel of a picture, which recognition scales to a

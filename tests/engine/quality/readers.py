@@ -172,6 +172,15 @@ def _notes(path, numbers):
                 for note in notes]
 
 
+def _blocks(container):
+    """The paragraphs, tables and section properties of the body, those within content controls included."""
+    for element in container:
+        if element.tag == W + "sdt":
+            yield from _blocks(element.find(W + "sdtContent"))
+        else:
+            yield element
+
+
 class WordFile:
     def __init__(self, path):
         import docx
@@ -188,7 +197,7 @@ class WordFile:
         self.tables = len(document.tables)
         self.heads = []
         sections, open_section = [], []
-        for element in body:
+        for element in _blocks(body):
             open_section.append(element)
             if element.tag == W + "sectPr" or element.find(W + "pPr/" + W + "sectPr") is not None:
                 sections.append(open_section)
