@@ -355,7 +355,7 @@ private Q_SLOTS:
         QCOMPARE(words[3].size, 42.);
     }
 
-    void turnedWordsStandOnTheirBaselines_data()
+    void rotatedWordsStandOnTheirBaselines_data()
     {
         QTest::addColumn<int>("rotation");
         QTest::addColumn<Box>("box");
@@ -364,7 +364,7 @@ private Q_SLOTS:
         QTest::newRow("up") << 270 << Box{60, 0, 110, 200};
     }
 
-    void turnedWordsStandOnTheirBaselines()
+    void rotatedWordsStandOnTheirBaselines()
     {
         QFETCH(int, rotation);
         std::vector<RecognisedWord> words(1);

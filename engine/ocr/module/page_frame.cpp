@@ -5,21 +5,21 @@ namespace quorra::ocr {
 
 Box PageFrame::onGiven(const Box &box) const
 {
-    Box turned = box;
+    Box rotated = box;
     switch (rotation) {
     case 90:
-        turned = {width - box.bottom, box.left, width - box.top, box.right};
+        rotated = {width - box.bottom, box.left, width - box.top, box.right};
         break;
     case 180:
-        turned = {width - box.right, height - box.bottom, width - box.left, height - box.top};
+        rotated = {width - box.right, height - box.bottom, width - box.left, height - box.top};
         break;
     case 270:
-        turned = {box.top, height - box.right, box.bottom, height - box.left};
+        rotated = {box.top, height - box.right, box.bottom, height - box.left};
         break;
     default:
         break;
     }
-    return {turned.left / scale, turned.top / scale, turned.right / scale, turned.bottom / scale};
+    return {rotated.left / scale, rotated.top / scale, rotated.right / scale, rotated.bottom / scale};
 }
 
 double PageFrame::baselineOnGiven(double y) const

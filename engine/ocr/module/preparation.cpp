@@ -2,7 +2,7 @@
 #include "module/preparation.h"
 
 #include "module/cleaning.h"
-#include "module/levelling.h"
+#include "module/orientation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,7 +26,7 @@ constexpr struct
     double leastDotsPerInch = 40;    ///< less than that is a wrong statement
     double mostDotsPerInch = 2400;   ///< likewise
     double usualHeight = 11.7;       ///< inches, of a page whose resolution is unknown
-    double analysisResolution = 220; ///< dots per inch above which half the resolution tells how the lines lie
+    double analysisResolution = 220; ///< dots per inch above which half the resolution tells the direction of the lines
     double leastSkew = 0.15;         ///< degrees: Tesseract takes lines with less for level
 } thresholds;
 
@@ -75,7 +75,7 @@ void reduce(PreparedPicture &page, PIX *gray)
 
 void turnUpsideDown(PreparedPicture &page)
 {
-    page.gray = quarterTurned(page.gray.get(), 180);
+    page.gray = rotatedByRightAngle(page.gray.get(), 180);
     page.frame.rotation = (page.frame.rotation + 180) % 360;
     reduce(page, page.gray.get());
 }
@@ -108,17 +108,17 @@ PreparedPicture prepared(const Raster &picture, double dotsPerInch)
     frame.scale /= result.reduction;
     frame.width = pixGetWidth(result.small.get());
     frame.height = pixGetHeight(result.small.get());
-    const Lie lie = lieOf(result.dark.get());
-    if (std::abs(lie.skew) >= thresholds.leastSkew) {
-        frame.skew = lie.skew;
-        gray = turnedBy(gray.get(), -lie.skew);
+    const LineDirection direction = lineDirectionOf(result.dark.get());
+    if (std::abs(direction.skew) >= thresholds.leastSkew) {
+        frame.skew = direction.skew;
+        gray = rotatedBy(gray.get(), -direction.skew);
         reduce(result, gray.get());
     }
-    const Upright upright = uprightOf(result.dark.get(), lie.sideways);
+    const Upright upright = uprightOf(result.dark.get(), direction.sideways);
     result.upright = upright.certain;
     frame.rotation = upright.rotation;
     if (frame.rotation != 0) {
-        gray = quarterTurned(gray.get(), 360 - frame.rotation);
+        gray = rotatedByRightAngle(gray.get(), 360 - frame.rotation);
         reduce(result, gray.get());
     }
     result.gray = std::move(gray);

@@ -24,7 +24,7 @@ struct PreparedPicture
 void turnUpsideDown(PreparedPicture &page);
 
 /// Prepares a picture of a page: makes bright text on a dark page dark on white, removes noise, evens the paper, scales
-/// to about 300 dots per inch, and turns it level and upright. `dotsPerInch` is 0 if unknown.
+/// to about 300 dots per inch, and deskews and rotates it upright. `dotsPerInch` is 0 if unknown.
 PreparedPicture prepared(const Raster &picture, double dotsPerInch);
 
 } // namespace quorra::ocr

@@ -37,16 +37,16 @@ inline QImage textPage(int width = 1000, int height = 1000)
     return page;
 }
 
-/// The page turned clockwise about its centre, with its size unchanged and white corners.
+/// The page rotated clockwise about its centre, with its size unchanged and white corners.
 inline QImage skewedPage(const QImage &page, double degrees)
 {
-    QImage turned = whitePage(page.width(), page.height());
-    QPainter painter(&turned);
+    QImage rotated = whitePage(page.width(), page.height());
+    QPainter painter(&rotated);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.translate(page.width() / 2.0, page.height() / 2.0);
     painter.rotate(degrees);
     painter.drawImage(QPointF(-page.width() / 2.0, -page.height() / 2.0), page);
-    return turned;
+    return rotated;
 }
 
 /// The pixels of the image, which must outlive the raster.

@@ -38,8 +38,8 @@ FLOORS = {
     "skewed 7": 0.97,
     "noisy": 0.95,
     "low 75": 0.9,
-    "turned 90": 0.97,
-    "turned 180": 0.97,
+    "rotated 90": 0.97,
+    "rotated 180": 0.97,
     "inverted": 0.97,
 }
 SHORT_PAGE = (440, 470)  # points

@@ -125,9 +125,9 @@ CLASSES = {
     "noisy": (200, noisy),
     "low 100": (100, lambda p: p),
     "low 75": (75, lambda p: p),
-    "turned 90": (200, lambda p: p.transpose(Image.ROTATE_270)),
-    "turned 180": (200, lambda p: p.transpose(Image.ROTATE_180)),
-    "turned 270": (200, lambda p: p.transpose(Image.ROTATE_90)),
+    "rotated 90": (200, lambda p: p.transpose(Image.ROTATE_270)),
+    "rotated 180": (200, lambda p: p.transpose(Image.ROTATE_180)),
+    "rotated 270": (200, lambda p: p.transpose(Image.ROTATE_90)),
     "inverted": (200, ImageOps.invert),
     "bilevel 600": (600, lambda p: p.point(lambda v: 255 if v > 140 else 0)),
 }

@@ -197,7 +197,7 @@ void OcrPreparationTest::mapsBoxes()
     QFETCH(const int, rotation);
     QFETCH(const double, baseline);
     // The given picture is 100 wide and 200 high, prepared at twice the size. A mark at its top left corner, 10 wide
-    // and 20 high, is where the turned picture has it.
+    // and 20 high, is where the rotated picture has it.
     const PageFrame frame{2, 0, rotation, 200, 400};
     const quorra::Box given{0, 0, 10, 20};
     const std::map<int, quorra::Box> preparedBoxes = {

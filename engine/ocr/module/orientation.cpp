@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "module/levelling.h"
+#include "module/orientation.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -41,25 +41,25 @@ Sweep sweep(PIX *dark)
 
 } // namespace
 
-Lie lieOf(PIX *dark)
+LineDirection lineDirectionOf(PIX *dark)
 {
     const Sweep level = sweep(dark);
-    const PixPtr turned(pixRotateOrth(dark, 1));
-    const Sweep upended = turned ? sweep(turned.get()) : Sweep();
-    Lie lie;
-    lie.sideways = upended.score > thresholds.sidewaysLead * level.score;
-    const Sweep &best = lie.sideways ? upended : level;
-    lie.certain = best.confidence >= thresholds.certainty;
+    const PixPtr rotated(pixRotateOrth(dark, 1));
+    const Sweep upended = rotated ? sweep(rotated.get()) : Sweep();
+    LineDirection direction;
+    direction.sideways = upended.score > thresholds.sidewaysLead * level.score;
+    const Sweep &best = direction.sideways ? upended : level;
+    direction.certain = best.confidence >= thresholds.certainty;
     // The library gives the angle that makes the picture level.
-    lie.skew = lie.certain ? -double(best.angle) : 0;
-    return lie;
+    direction.skew = direction.certain ? -double(best.angle) : 0;
+    return direction;
 }
 
 Upright uprightOf(PIX *dark, bool sideways)
 {
     Upright found;
     found.rotation = sideways ? 90 : 0;
-    const PixPtr level = quarterTurned(dark, sideways ? 270 : 0);
+    const PixPtr level = rotatedByRightAngle(dark, sideways ? 270 : 0);
     float up = 0;
     if (pixUpDownDetect(level.get(), &up, 0, 0, 0) != 0 || std::abs(up) < thresholds.upConfidence) {
         return found;
@@ -71,7 +71,7 @@ Upright uprightOf(PIX *dark, bool sideways)
     return found;
 }
 
-PixPtr turnedBy(PIX *pix, double degrees)
+PixPtr rotatedBy(PIX *pix, double degrees)
 {
     const auto angle = static_cast<float>(degrees * std::numbers::pi / 180);
     constexpr l_uint8 white = 255;
@@ -80,7 +80,7 @@ PixPtr turnedBy(PIX *pix, double degrees)
                               : pixRotateAMGray(pix, angle, white));
 }
 
-PixPtr quarterTurned(PIX *pix, int degrees)
+PixPtr rotatedByRightAngle(PIX *pix, int degrees)
 {
     return checked(pixRotateOrth(pix, degrees / 90));
 }
