@@ -13,6 +13,7 @@
 #include "sanitised_page.h"
 #include "semantics/captions.h"
 #include "semantics/contents.h"
+#include "semantics/continuations.h"
 #include "semantics/page_fields.h"
 #include "semantics/page_headers.h"
 #include "semantics/roles.h"

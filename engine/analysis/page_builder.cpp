@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page_builder.h"
 
-#include "columns/column_builder.h"
+#include "column_builder.h"
 #include "columns/page_segmentation.h"
 #include "document/rotation.h"
 #include "figures/figures.h"
@@ -12,9 +12,9 @@
 #include "tables/leaders.h"
 #include "tables/rulings.h"
 #include "tables/table_content.h"
+#include "tables/tagged_tables.h"
 #include "tables/unruled_table.h"
 #include "tags/tag_use.h"
-#include "tags/tagged_tables.h"
 #include "text_lines/word_fragments.h"
 
 #include <algorithm>
@@ -244,7 +244,7 @@ void addOpenTables(
 std::vector<Band> bandsOf(RegionItems items, PageGaps &gaps)
 {
     std::vector<Band> bands = segmentPage(items, gaps);
-    if (tearLines(bands)) {
+    if (tearTaggedLines(bands)) {
         Band::Column column;
         for (const Band &band : bands) {
             for (const Band::Column &each : band.columns) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page_maker.h"
 
-#include "analysis/paragraphs/list_mark.h"
+#include "analysis/text_lines/list_mark.h"
 #include "analysis/text_lines/text_lines.h"
 #include "document/direction.h"
 #include "document/text.h"

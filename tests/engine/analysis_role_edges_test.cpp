@@ -2,11 +2,11 @@
 #include "page_maker.h"
 #include "threshold_edges.h"
 
-#include "analysis/paragraphs/list_mark.h"
 #include "analysis/semantics/headings.h"
 #include "analysis/semantics/lists.h"
 #include "analysis/semantics/page_headers.h"
 #include "analysis/semantics/roles.h"
+#include "analysis/text_lines/list_mark.h"
 
 using namespace quorra;
 using namespace quorra::model;

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Adds an include of every other room to a source of each room and sees whether the build takes it.
+"""Adds an include of every other room to a source of each room and sees whether the build takes it. Then compares the
+includes between the folders of a room, which the build cannot refuse, with the table of its layers.
 
     room_includes.py BUILD_FOLDER
 
@@ -38,6 +39,24 @@ VISIBLE = {
                 "libreoffice", "cli"],
 }
 
+# Folders inside rooms, from the lowest to the highest, and what each can include besides itself and the room's public
+# headers. No folder can include the sources that are beside the folders, which use all of them.
+LAYERS = {
+    "analysis": {
+        "text_lines": [],
+        "columns": ["text_lines"],
+        "tags": ["text_lines"],
+        "paragraphs": ["text_lines", "tags"],
+        "tables": ["text_lines", "tags", "paragraphs"],
+        "figures": ["text_lines", "columns", "paragraphs"],
+        "semantics": ["text_lines", "paragraphs"],
+        "scans": [],
+    },
+    "ocr": {"module": [""]},  # the interface of the module, which the room loads
+}
+
+INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
+
 
 # Headers that are in the compiler's own folders, so that every room could include them: whose they are.
 RECOGNITION_HEADERS = re.compile(r"#include <(tesseract|leptonica)/")
@@ -61,6 +80,48 @@ def preprocess(command, source, folder):
     done = subprocess.run([words[0], *flags, "-E", "-o", "/dev/null", str(source)], cwd=command["directory"],
                           stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True, check=False)
     return done.returncode == 0, done.stderr
+
+
+def forbidden_includes(room, layers, folder, text):
+    """The includes of a source in the folder of a room that are neither in its own folder nor in one that it can see.
+    Files beside the folders are in folder ""."""
+    refused = []
+    for name in INCLUDE.findall(text):
+        if (room / folder / name).is_file() or not (room / name).is_file():
+            continue  # beside the source, or a header of another room or a public one
+        other = str(pathlib.PurePath(name).parent)
+        other = "" if other == "." else other
+        if other not in (folder, *layers[folder]):
+            refused.append(name)
+    return refused
+
+
+def check_layers(engine):
+    """Compares the folders of the rooms in LAYERS with their tables; returns the failures. Adds an include of each folder
+    to a source of each other one, to see that the comparison can fail."""
+    failures = []
+    for name in VISIBLE:
+        room = engine / name
+        layers = LAYERS.get(name, {})
+        below = [""]
+        for folder, visible in layers.items():
+            failures += [f"{name}/{folder} sees {other}, which is not below it" for other in visible if other not in below]
+            below.append(folder)
+        folders = {str(file.parent.relative_to(room)) for file in room.rglob("*.cpp")} - {"."}
+        if folders != set(layers):
+            failures.append(f"the folders of {name} are {sorted(folders)}, not {sorted(layers)}")
+            continue
+        for folder, visible in layers.items():
+            headers = {other: sorted((room / other).glob("*.h")) for other in ("", *layers)}
+            for source in sorted((room / folder).glob("*.[ch]*")):
+                text = source.read_text()
+                failures += [f"{source.relative_to(engine)} includes {include}"
+                             for include in forbidden_includes(room, layers, folder, text)]
+            for other in headers:
+                added = f'#include "{headers[other][0].relative_to(room)}"\n'
+                if bool(forbidden_includes(room, layers, folder, added)) != (other not in (folder, *visible)):
+                    failures.append(f"an include of {other} in {name}/{folder} is judged wrongly")
+    return failures
 
 
 def main():
@@ -94,6 +155,9 @@ def main():
                 if taken != (other in visible):
                     print(f"FAILED: {room} {'can' if taken else 'cannot'} include {other}")
                     failures += 1
+    for failure in check_layers(engine):
+        print(f"FAILED: {failure}")
+        failures += 1
     print(f"{len(VISIBLE)} rooms, {failures} failures")
     return 1 if failures else 0
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 
 namespace quorra::model {
 
@@ -149,6 +150,25 @@ std::vector<Band> segmentPage(RegionItems items, PageGaps &gaps)
 {
     const std::vector<ColumnGap> known = gaps.known;
     return split(std::move(items), 0, known, gaps);
+}
+
+bool tearTaggedLines(const std::vector<Band> &bands)
+{
+    for (const Band &band : bands) {
+        std::map<std::pair<const TaggedParagraph *, long>, std::size_t> columnOf; // of a paragraph's baseline
+        for (std::size_t column = 0; column < band.columns.size() && band.columns.size() > 1; ++column) {
+            for (const RegionItems &part : band.columns[column].parts) {
+                for (const RawWord *word : part.words) {
+                    const auto baseline = static_cast<long>(word->baseline);
+                    if (word->tagged &&
+                        columnOf.emplace(std::pair(word->tagged, baseline), column).first->second != column) {
+                        return true;
+                    }
+                }
+            }
+        }
+    }
+    return false;
 }
 
 } // namespace quorra::model

@@ -60,4 +60,7 @@ struct PageGaps
 /// no bands. Adds what it finds to `gaps`.
 std::vector<Band> segmentPage(RegionItems items, PageGaps &gaps);
 
+/// Whether columns separate words that the tags of the file put on one line of a paragraph.
+bool tearTaggedLines(const std::vector<Band> &bands);
+
 } // namespace quorra::model

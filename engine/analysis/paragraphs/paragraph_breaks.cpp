@@ -3,9 +3,9 @@
 
 #include "document/direction.h"
 #include "paragraphs/dehyphenation.h"
-#include "paragraphs/list_mark.h"
-#include "paragraphs/paragraphs.h"
 #include "tags/tag_use.h"
+#include "text_lines/list_mark.h"
+#include "text_lines/sentence_end.h"
 
 #include <algorithm>
 #include <cmath>

@@ -4,9 +4,9 @@
 #include "document/direction.h"
 #include "document/text.h"
 #include "paragraphs/dehyphenation.h"
-#include "paragraphs/list_mark.h"
 #include "paragraphs/paragraph_breaks.h"
 #include "tags/tag_use.h"
+#include "text_lines/list_mark.h"
 #include "text_lines/superscripts.h"
 
 #include <algorithm>
@@ -364,17 +364,6 @@ bool isPreformatted(const Paragraph &paragraph)
         }
     }
     return broken && fixed > thresholds.minFixedPitch * letters;
-}
-
-bool endsSentence(const QString &text)
-{
-    static const QString ends = QStringLiteral(".!?:;。！？：；؟۔");
-    static const QString closing = QStringLiteral("\"'”’)]»）」』");
-    auto i = text.size() - 1;
-    while (i >= 0 && (text.at(i).isSpace() || closing.contains(text.at(i)))) {
-        --i;
-    }
-    return i >= 0 && ends.contains(text.at(i));
 }
 
 } // namespace quorra::model

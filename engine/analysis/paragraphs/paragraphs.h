@@ -51,7 +51,4 @@ std::vector<Paragraph> cellParagraphs(const WordRefs &words, const Box &cell, St
 /// Whether the paragraph is preformatted text: most letters have fixed pitch, and its line breaks are kept.
 bool isPreformatted(const Paragraph &paragraph);
 
-/// Whether the text ends as a sentence, a heading or a list entry does; closing quotes and brackets may follow.
-bool endsSentence(const QString &text);
-
 } // namespace quorra::model

@@ -2,8 +2,8 @@
 #include "paragraphs/tabs.h"
 
 #include "base/statistics.h"
-#include "paragraphs/list_mark.h"
 #include "text_lines/leader_words.h"
+#include "text_lines/list_mark.h"
 
 #include <QRegularExpression>
 

@@ -22,7 +22,4 @@ inline constexpr Thresholds thresholds;
 /// Gives the paragraphs of the whole document their roles: captions, headings, footnotes, levels of lists.
 void assignRoles(Document &document);
 
-/// Marks paragraphs that go on from one column or page to the next.
-void markContinuations(Document &document);
-
 } // namespace quorra::model

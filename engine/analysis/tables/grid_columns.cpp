@@ -2,7 +2,7 @@
 #include "tables/grid_columns.h"
 
 #include "base/number.h"
-#include "paragraphs/list_mark.h"
+#include "text_lines/list_mark.h"
 
 #include <algorithm>
 #include <cmath>

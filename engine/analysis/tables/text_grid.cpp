@@ -2,8 +2,8 @@
 #include "tables/text_grid.h"
 
 #include "base/number.h"
-#include "paragraphs/list_mark.h"
 #include "tables/grid_columns.h"
+#include "text_lines/list_mark.h"
 
 #include <QRegularExpression>
 

@@ -3,10 +3,10 @@
 
 #include "base/number.h"
 #include "base/statistics.h"
-#include "paragraphs/list_mark.h"
 #include "tables/grid_columns.h"
 #include "tables/leaders.h"
 #include "tables/text_grid.h"
+#include "text_lines/list_mark.h"
 
 #include <algorithm>
 #include <cmath>

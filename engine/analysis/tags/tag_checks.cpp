@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tags/tag_checks.h"
 
-#include "paragraphs/paragraphs.h"
+#include "text_lines/sentence_end.h"
 #include "text_lines/text_lines.h"
 
 #include <algorithm>

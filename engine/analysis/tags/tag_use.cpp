@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tags/tag_use.h"
 
-#include "paragraphs/list_mark.h"
 #include "tags/tag_checks.h"
+#include "text_lines/list_mark.h"
 
 #include <algorithm>
 #include <iterator>
@@ -209,25 +209,6 @@ std::optional<bool> paragraphEndsBetween(const TextLine &line, const TextLine &n
     const TaggedParagraph *before = paragraphOf(line);
     const TaggedParagraph *after = paragraphOf(next);
     return before && after ? std::optional(before != after) : std::nullopt;
-}
-
-bool tearLines(const std::vector<Band> &bands)
-{
-    for (const Band &band : bands) {
-        std::map<std::pair<const TaggedParagraph *, long>, std::size_t> columnOf; // of a paragraph's baseline
-        for (std::size_t column = 0; column < band.columns.size() && band.columns.size() > 1; ++column) {
-            for (const RegionItems &part : band.columns[column].parts) {
-                for (const RawWord *word : part.words) {
-                    const auto baseline = static_cast<long>(word->baseline);
-                    if (word->tagged &&
-                        columnOf.emplace(std::pair(word->tagged, baseline), column).first->second != column) {
-                        return true;
-                    }
-                }
-            }
-        }
-    }
-    return false;
 }
 
 ParagraphTag tagOf(const std::vector<TextLine> &lines)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "columns/page_segmentation.h"
 #include "document/document.h"
 #include "tags/tagged_text.h"
 #include "text_lines/text_lines.h"
@@ -41,9 +40,6 @@ std::vector<TextLine> inReadingOrder(const std::vector<TextLine> &lines);
 
 /// Whether a paragraph ends between two lines that follow one another; nothing if the tags do not decide.
 std::optional<bool> paragraphEndsBetween(const TextLine &line, const TextLine &next);
-
-/// Whether columns separate words of one line of a paragraph.
-bool tearLines(const std::vector<Band> &bands);
 
 /// The tags of a paragraph that was made from text lines.
 struct ParagraphTag

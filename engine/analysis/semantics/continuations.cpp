@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "semantics/continuations.h"
+
 #include "analysis/analysis.h"
 #include "document/text.h"
 #include "paragraphs/dehyphenation.h"
 #include "paragraphs/paragraph_breaks.h"
 #include "paragraphs/paragraphs.h"
-#include "semantics/roles.h"
+#include "text_lines/sentence_end.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "columns/column_builder.h"
+#include "column_builder.h"
 
 #include "paragraphs/paragraphs.h"
 #include "tables/table_content.h"
+#include "tables/tagged_tables.h"
 #include "tables/unruled_table.h"
 #include "tags/tag_use.h"
-#include "tags/tagged_tables.h"
 
 #include <algorithm>
 #include <iterator>

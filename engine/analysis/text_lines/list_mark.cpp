@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "paragraphs/list_mark.h"
+#include "text_lines/list_mark.h"
 
 #include <QRegularExpression>
 

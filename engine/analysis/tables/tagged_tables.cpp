@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tags/tagged_tables.h"
+#include "tables/tagged_tables.h"
 
 #include "tables/ruled_table.h"
 #include "tables/rulings.h"
