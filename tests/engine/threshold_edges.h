@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <initializer_list>
 #include <utility>
 #include <vector>
 
@@ -42,6 +43,16 @@ inline Edge fewest(const char *name, std::size_t threshold, std::function<bool(d
 {
     const auto first = static_cast<double>(threshold);
     return {name, first - 1, first, false, std::move(isFound)};
+}
+
+/// All edges of the lists, one after the other.
+inline std::vector<Edge> joined(std::initializer_list<std::vector<Edge>> lists)
+{
+    std::vector<Edge> all;
+    for (const std::vector<Edge> &edges : lists) {
+        all.insert(all.end(), edges.begin(), edges.end());
+    }
+    return all;
 }
 
 /// Adds a row to a data-driven test for each edge: its index.

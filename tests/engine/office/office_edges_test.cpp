@@ -503,16 +503,6 @@ std::vector<Edge> sheetEdges()
     };
 }
 
-std::vector<Edge> everyEdge()
-{
-    std::vector<Edge> all;
-    for (const auto &edges :
-         {paragraphEdges(), cellEdges(), exactLineEdges(), textBlockEdges(), flowEdges(), pageEdges(), sheetEdges()}) {
-        all.insert(all.end(), edges.begin(), edges.end());
-    }
-    return all;
-}
-
 } // namespace
 
 /// The thresholds of the writers of ODF, Word and sheets.
@@ -525,7 +515,8 @@ private Q_SLOTS:
     void thresholdsDecide() { checkRow(m_edges); }
 
 private:
-    std::vector<Edge> m_edges = everyEdge();
+    std::vector<Edge> m_edges = joined(
+        {paragraphEdges(), cellEdges(), exactLineEdges(), textBlockEdges(), flowEdges(), pageEdges(), sheetEdges()});
 };
 
 QTEST_GUILESS_MAIN(OfficeEdgesTest)

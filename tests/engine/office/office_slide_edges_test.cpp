@@ -265,15 +265,6 @@ std::vector<Edge> titleEdges()
     };
 }
 
-std::vector<Edge> everyEdge()
-{
-    std::vector<Edge> all;
-    for (const auto &edges : {fitEdges(), tableEdges(), boxEdges(), titleEdges()}) {
-        all.insert(all.end(), edges.begin(), edges.end());
-    }
-    return all;
-}
-
 } // namespace
 
 /// The thresholds of the writer of slides.
@@ -286,7 +277,7 @@ private Q_SLOTS:
     void thresholdsDecide() { checkRow(m_edges); }
 
 private:
-    std::vector<Edge> m_edges = everyEdge();
+    std::vector<Edge> m_edges = joined({fitEdges(), tableEdges(), boxEdges(), titleEdges()});
 };
 
 QTEST_GUILESS_MAIN(OfficeSlideEdgesTest)
