@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page_maker.h"
+#include "test_text.h"
 #include "threshold_edges.h"
 
+#include "analysis/headings.h"
+#include "analysis/semantics/contents.h"
 #include "analysis/semantics/headings.h"
 #include "analysis/semantics/lists.h"
+#include "analysis/semantics/notes.h"
 #include "analysis/semantics/page_headers.h"
 #include "analysis/semantics/roles.h"
 #include "analysis/text_lines/list_mark.h"
@@ -106,7 +110,7 @@ std::vector<Edge> roleEdges()
                 return firstRole(start + letters(count - static_cast<double>(start.size())), em) == Role::Caption;
             }),
         maximum(
-            "size of a footnote", thresholds.maxFootnoteSize,
+            "size of a footnote", notes::thresholds.maxSmallSize,
             [=](double size) { return lastRole(note, 700, size * em) == Role::Footnote; }),
         minimum(
             "place of a footnote", thresholds.minFootnoteTop,
@@ -122,6 +126,146 @@ std::vector<Edge> roleEdges()
                     page.text(75 + indent, 114, QStringLiteral("another entry"));
                 });
                 return all[1].listItem->level == 1;
+            }),
+    };
+}
+
+// ---- headings that other paragraphs or the outline decide
+
+Role firstRoleOf(const std::function<void(PageMaker &)> &draw)
+{
+    return paragraphsWith(draw).front().role;
+}
+
+// A title of so many lines, each a paragraph, with a heading below it.
+bool hasTitle(int paragraphs, double top)
+{
+    PageMaker page;
+    for (int i = 0; i < paragraphs; ++i) {
+        page.text(60, top + 0.8 * 24 + 60 * i, QStringLiteral("A title of the text"), 24);
+    }
+    const double below = top + 60 * paragraphs;
+    page.text(60, below + 30, QStringLiteral("A heading"), 16);
+    page.lines(60, below + 60, prose(8));
+    return page.build().pages.front().sections.front().blocks.front().paragraph()->title;
+}
+
+// Whether an outline makes ordinary lines headings: one of so many entries, of which so many are found on the page.
+bool isOutlineUsed(int entries, int found)
+{
+    PageMaker page;
+    page.lines(60, 100, prose(8));
+    for (int i = 0; i < found; ++i) {
+        page.text(60, 250 + 30 * i, QStringLiteral("Chapter %1").arg(QChar(u'a' + i)));
+    }
+    Document document = page.build();
+    for (int i = 0; i < entries; ++i) {
+        document.facts.outline.push_back({QStringLiteral("Chapter %1").arg(QChar(u'a' + i)), 0, 1, 0});
+    }
+    useOutline(document);
+    return document.pages.front().sections.front().blocks.back().paragraph()->role == Role::Heading;
+}
+
+// Whether a paragraph at the foot of the page that begins with that number is a note, referred to above.
+bool isNote(const QString &number, double size)
+{
+    Document document;
+    Style style;
+    style.size = em;
+    Paragraph body = testText::paragraphOf(QStringLiteral("Text with a mark") + u' ' + number, style);
+    body.lines.front().words.back().shift = BaselineShift::Superscript;
+    style.size = size;
+    Paragraph note = testText::paragraphOf(number + QStringLiteral(" A note"), style);
+    Page page;
+    page.sections.push_back({{{0, 0, 600, 800}}, {}});
+    page.sections.front().blocks.push_back({body, 0});
+    page.sections.front().blocks.push_back({note, 0});
+    document.pages.push_back(page);
+    linkNotes(document, em);
+    return document.pages.front().sections.front().blocks.back().paragraph()->note.has_value();
+}
+
+Block listItem(const QString &mark, double left, bool ordered)
+{
+    Paragraph item = testText::paragraphOf(mark + QStringLiteral(" text"));
+    item.lines.front().box.left = left;
+    item.listItem = ListItem{mark, ordered};
+    item.role = Role::ListItem;
+    return {item, 0};
+}
+
+// Whether an inner item counts on after so many other lists with text before each.
+bool countsOnAfterLists(int others)
+{
+    Page page;
+    page.width = 600;
+    page.height = 800;
+    page.sections.push_back({{{0, 0, 600, 800}}, {}});
+    std::vector<Block> &blocks = page.sections.front().blocks;
+    blocks = {listItem(QStringLiteral("1."), 60, true), listItem(QStringLiteral("a)"), 90, true)};
+    for (int i = 0; i < others; ++i) {
+        blocks.push_back({testText::paragraphOf(QStringLiteral("Text")), 0});
+        blocks.push_back(listItem(QStringLiteral("•"), 60, false));
+    }
+    blocks.push_back({testText::paragraphOf(QStringLiteral("Text")), 0});
+    blocks.push_back(listItem(QStringLiteral("b)"), 90, true));
+    Document document;
+    document.pages.push_back(page);
+    assignListLevels(document);
+    return document.pages.front().sections.front().blocks.back().paragraph()->listItem->level == 1;
+}
+
+std::vector<Edge> documentEdges()
+{
+    using headings::thresholds;
+    return {
+        most(
+            "lines of a bold heading", thresholds.maxBoldLines,
+            [](double count) {
+                return firstRoleOf([count](PageMaker &page) {
+                           for (int line = 0; line < static_cast<int>(count); ++line) {
+                               page.bold(60, 60 + 12 * line, letters(30));
+                           }
+                       }) == Role::Heading;
+            }),
+        most(
+            "bold lines one after the other", thresholds.maxBoldStack,
+            [](double count) {
+                return firstRoleOf([count](PageMaker &page) {
+                           for (int line = 0; line < static_cast<int>(count); ++line) {
+                               page.bold(60, 60 + 30 * line, QStringLiteral("A label"));
+                           }
+                       }) == Role::Heading;
+            }),
+        most("paragraphs of a title", thresholds.maxTitle, [](double count) { return hasTitle(int(count), 60); }),
+        maximum("place of a title", thresholds.maxTitleTop, [](double share) { return hasTitle(1, share * 800); }),
+        fewest( // of ten
+            "entries of an outline on their pages", 5, [](double count) { return isOutlineUsed(10, int(count)); }),
+        fewest(
+            "entries of an outline", thresholds.minEntries,
+            [](double count) { return isOutlineUsed(int(count), int(count)); }),
+        maximum(
+            "size of a note", notes::thresholds.maxSmallSize,
+            [](double size) { return isNote(QStringLiteral("1"), size * em); }),
+        most(
+            "digits of the number of a note", static_cast<std::size_t>(notes::thresholds.maxDigits),
+            [](double count) { return isNote(QString(int(count), QLatin1Char('1')), 8); }),
+        most(
+            "lists before one that counts on", lists::thresholds.maxInterrupted - 1,
+            [](double count) { return countsOnAfterLists(static_cast<int>(count)); }),
+        fewest(
+            "entries of a table of contents", contents::thresholds.minEntries,
+            [](double count) {
+                PageMaker page;
+                for (int i = 0; i < static_cast<int>(count); ++i) {
+                    page.text(60, 100 + 14 * i, QStringLiteral("Chapter ........ %1").arg(i + 1));
+                }
+                return page.build()
+                    .pages.front()
+                    .sections.front()
+                    .blocks.front()
+                    .paragraph()
+                    ->contentsEntry.has_value();
             }),
     };
 }
@@ -142,9 +286,71 @@ bool hasHeader(const std::vector<double> &baselines, double gap)
     return !findPageHeaders(pages).front().empty();
 }
 
+// What is above the text of a page that is the only one of its kind.
+struct LoneHeader
+{
+    QString text = QStringLiteral("A report");
+    double size = 8;
+    double gap = 3;       ///< em of the text
+    double rule = 0;      ///< share of the text's width
+    double baseline = 40; ///< points
+    double numberGap = 0; ///< em of the header, to a page number beside it; 0 for none
+};
+
+bool isLoneHeader(const LoneHeader &header)
+{
+    PageMaker page;
+    const double right = 60 + 0.5 * header.size * static_cast<double>(header.text.size()); // of a text of one word
+    page.text(60, header.baseline, header.text, header.size);
+    if (header.numberGap > 0) {
+        page.text(right + header.numberGap * header.size, header.baseline, QStringLiteral("7"), header.size);
+    }
+    const double below = header.baseline + header.gap * em;
+    page.lines(60, below, prose(20));
+    Box all;
+    for (const RawWord &word : page.raw().words) {
+        all = united(all, word.box);
+    }
+    if (header.rule > 0) {
+        page.rule(60, below - 15, 60 + header.rule * all.width(), below - 15);
+    }
+    return !findPageHeaders({page.raw()}).front().empty();
+}
+
+// Whether the first of 48 pages has a header when the first pages have it, close to their text.
+bool hasHeaderOnSome(int count)
+{
+    std::vector<RawPage> pages;
+    for (int i = 0; i < 48; ++i) {
+        PageMaker page(i + 1);
+        if (i < count) {
+            page.text(60, 40, QStringLiteral("A report of the year"));
+        }
+        page.lines(60, 60, prose(40, letters(i + 3)));
+        pages.push_back(page.raw());
+    }
+    return !findPageHeaders(pages).front().empty();
+}
+
+// Whether rotated words are stamps when they are that far from one another on three pages.
+bool areStamps(double shift)
+{
+    std::vector<RawPage> pages;
+    for (int i = 0; i < 3; ++i) {
+        PageMaker page(i + 1);
+        page.lines(60, 60, prose(40, letters(i + 3)));
+        RawWord stamp = word(QStringLiteral("draft"), 20 + i * shift / 2, 10, 408);
+        stamp.rotation = 90;
+        page.raw().words.push_back(stamp);
+        pages.push_back(page.raw());
+    }
+    return !findPageHeaders(pages).front().empty();
+}
+
 std::vector<Edge> headerEdges()
 {
     using pageHeaders::thresholds;
+    const QString oneWord = QStringLiteral("Report");
     return {
         minimum(
             "gap below a header", thresholds.minGap,
@@ -172,6 +378,35 @@ std::vector<Edge> headerEdges()
             [](double shift) {
                 return hasHeader({40, 40 - shift, 40 + shift}, 3);
             }),
+        maximum(
+            "place of a page number", thresholds.zone,
+            [](double share) { // the middle of the number's box
+                return isLoneHeader({QStringLiteral("7"), em, 6, 0, share * 800 + 0.3 * em});
+            }),
+        fewest(
+            "pages of a long document with a header", 48 / thresholds.pagesPerHeader,
+            [](double count) { return hasHeaderOnSome(static_cast<int>(count)); }),
+        minimum(
+            "high gap below a header", thresholds.minFarGap,
+            [=](double gap) {
+                return isLoneHeader({oneWord, 8, gap});
+            }),
+        maximum(
+            "size of a header", thresholds.maxSmallSize,
+            [=](double size) {
+                return isLoneHeader({oneWord, size * em, 8});
+            }),
+        minimum(
+            "rule below a header", thresholds.minRule,
+            [=](double share) {
+                return isLoneHeader({oneWord, 8, 3, share});
+            }),
+        minimum(
+            "gap before the page number of a header", thresholds.minPartGap,
+            [=](double gap) {
+                return isLoneHeader({oneWord, 8, 3, 0, 40, gap});
+            }),
+        maximum("places of stamps", thresholds.stampGrid / 2, areStamps),
     };
 }
 
@@ -184,6 +419,8 @@ class AnalysisRoleEdgesTest : public QObject
 private Q_SLOTS:
     void roles_data() { addRows(roleEdges()); }
     void roles() { checkRow(roleEdges()); }
+    void documents_data() { addRows(documentEdges()); }
+    void documents() { checkRow(documentEdges()); }
     void pageHeaders_data() { addRows(headerEdges()); }
     void pageHeaders() { checkRow(headerEdges()); }
 };

@@ -8,6 +8,7 @@
 #include "analysis/paragraphs/paragraphs.h"
 #include "analysis/paragraphs/tabs.h"
 #include "analysis/text_lines/leader_words.h"
+#include "analysis/text_lines/list_mark.h"
 #include "analysis/text_lines/superscripts.h"
 #include "analysis/text_lines/word_fragments.h"
 
@@ -236,6 +237,52 @@ bool isTextWithNumbers(double share)
     return areProseLines(refs(words));
 }
 
+// Two columns of lines that begin in capitals, unless told otherwise.
+struct TwoColumns
+{
+    int lines = 20;
+    int small = 10;   ///< of these begin with a small letter
+    int cased = 20;   ///< these begin with a letter
+    int aligned = 20; ///< these begin at the right column's edge
+    bool known = false;
+};
+
+bool haveColumns(const TwoColumns &columns)
+{
+    Words words;
+    for (int i = 0; i < columns.lines; ++i) {
+        const double y = 100 + step * i;
+        const QString begin = i < columns.small   ? QStringLiteral("goes")
+                              : i < columns.cased ? QStringLiteral("Then")
+                                                  : QStringLiteral("§");
+        const double indent = i < columns.aligned ? 0 : 4 * (i - columns.aligned + 1);
+        for (const double left : {0.0, 200 + indent}) {
+            words.push_back(word(begin, left, 20, y));
+            words.push_back(word(QStringLiteral("sixteen-letter-words"), left + 23, 155 - i % 4 * 3, y));
+        }
+    }
+    std::vector<ColumnGap> possible;
+    std::vector<ColumnGap> known;
+    if (columns.known) {
+        known.push_back({180, 200, 0, 100});
+    }
+    return findColumnGap({refs(words), {}}, known, possible).has_value();
+}
+
+// A column of text beside ten short texts, of which so many are on lines of the column.
+bool isColumnBesideShortTexts(int shared)
+{
+    Words words;
+    for (int i = 0; i < 10; ++i) {
+        const double y = 100 + step * i;
+        words.push_back(word(i % 3 == 0 ? QStringLiteral("goes") : QStringLiteral("Then"), 0, 20, y));
+        words.push_back(word(QStringLiteral("sixteen-letter-words"), 23, 155 - i % 4 * 3, y));
+        words.push_back(word(QStringLiteral("ab"), 200, 10, i < shared ? y : y + 6));
+    }
+    std::vector<ColumnGap> possible;
+    return findColumnGap({refs(words), {}}, {}, possible).has_value();
+}
+
 std::vector<Edge> columnEdges()
 {
     using columnGaps::thresholds;
@@ -259,6 +306,29 @@ std::vector<Edge> columnEdges()
             [](double count) { return isText(2, static_cast<int>(count), width); }),
         minimum("width of a line", thresholds.minLineWidth, [](double share) { return isText(5, 40, share * width); }),
         maximum("numbers in running text", thresholds.maxNumericWords, isTextWithNumbers),
+        fewest( // of 20
+            "lines that begin in the middle of a sentence", 3,
+            [](double count) {
+                return haveColumns(TwoColumns{20, static_cast<int>(count)});
+            }),
+        most(
+            "lines in capitals that do not decide", thresholds.minCasedLines - 1,
+            [](double count) {
+                return haveColumns(TwoColumns{8, 0, static_cast<int>(count), 8});
+            }),
+        fewest( // of 10
+            "lines that begin below one another", 6,
+            [](double count) {
+                return haveColumns(TwoColumns{10, 5, 10, static_cast<int>(count)});
+            }),
+        fewest( // of 10
+            "lines that begin below one another beside a known gap", 4,
+            [](double count) {
+                return haveColumns(TwoColumns{10, 5, 10, static_cast<int>(count), true});
+            }),
+        most( // of 10
+            "short texts on lines of a column", 5,
+            [](double count) { return isColumnBesideShortTexts(static_cast<int>(count)); }),
     };
 }
 
@@ -365,6 +435,88 @@ std::vector<Edge> breakEdges()
     };
 }
 
+// ---- the usual distance of lines
+
+// So many lines of that width at that distance; in points.
+double usualStep(int lines, double distance, double lineWidth)
+{
+    Words words;
+    for (int i = 0; i < lines; ++i) {
+        words.push_back(word(text, 0, lineWidth, 100 + distance * i));
+    }
+    const std::vector<TextLine> found = textLinesOf(refs(words));
+    return ParagraphBreaks(found, {0, 0, width, 800}).usualStep(em);
+}
+
+// Three lines, the third of which is off the middle of a column so narrow that a share of its width is too little.
+std::size_t paragraphsInNarrowColumn(double shift)
+{
+    constexpr double narrow = 100;
+    const auto line = [](double wide, double baseline, double moved) {
+        return word(text, (narrow - wide) / 2 + moved, wide, baseline);
+    };
+    Words words{line(70, 100, 0), line(70, 100 + step, 0), line(50, 100 + 2 * step, shift)};
+    StyleTable styles;
+    return paragraphsOf(textLinesOf(refs(words)), {0, 0, narrow, 800}, styles).size();
+}
+
+std::vector<Edge> stepEdges()
+{
+    using paragraphBreaks::thresholds;
+    constexpr double partly = 100; // short lines
+    return {
+        minimum(
+            "close lines that count", thresholds.minSampleStep,
+            [](double distance) { return usualStep(4, distance * em, partly) < thresholds.defaultStep * em; }),
+        maximum(
+            "distant lines that count", thresholds.maxSampleStep,
+            [](double distance) { return usualStep(4, distance * em, partly) > 2 * em; }),
+        maximum(
+            "distance of full lines", thresholds.maxFullStep,
+            [](double distance) { return usualStep(4, distance * em, width) > 2 * em; }),
+        fewest(
+            "full lines", thresholds.minFullSteps,
+            [](double count) { return usualStep(static_cast<int>(count) + 1, 2.5 * em, width) > 2 * em; }),
+        maximum(
+            "least usual distance", thresholds.minUsualStep,
+            [](double distance) { return usualStep(4, distance * em, partly) > distance * em + 0.01; }),
+        minimum(
+            "largest usual distance", thresholds.maxUsualStep,
+            [](double distance) { return usualStep(4, distance * em, width) < distance * em - 0.01; }),
+        maximum(
+            "gap between close lines", thresholds.minGap * thresholds.minOwnStep,
+            [](double gap) {
+                const double close = 0.9 * em;
+                return isOneParagraph(
+                    {word(text, 0, width, 100), word(text, 0, width, 100 + close),
+                     word(text, 0, width, 100 + 2 * close), word(text, 0, width, 100 + 2 * close + gap * em)});
+            }),
+        maximum(
+            "distances of the lines of a paragraph", thresholds.sameStep,
+            [](double share) {
+                constexpr double wide = 20;
+                return paragraphs(with(
+                                      full(4), {word(text, 0, width, 140), word(text, 0, width, 140 + wide),
+                                                word(text, 0, width, 140 + wide + (1 + share) * wide)}))
+                           .size() == 2;
+            }),
+        fewest(
+            "words of a line in another direction", thresholds.minDirectionWords,
+            [](double count) {
+                Words words;
+                for (int i = 0; i < static_cast<int>(count); ++i) {
+                    const double wide = width / count;
+                    words.push_back(word(text, wide * i, wide - 3, 100));
+                    words.push_back(word(QString::fromUtf8("שלום"), wide * i, wide - 3, 100 + step));
+                }
+                return !isOneParagraph(words);
+            }),
+        maximum(
+            "centred line in a narrow column", thresholds.minCentredTolerance / 2,
+            [](double shift) { return paragraphsInNarrowColumn(shift) == 1; }),
+    };
+}
+
 Alignment alignmentOf(Words words)
 {
     return paragraphs(std::move(words)).front().alignment;
@@ -396,9 +548,68 @@ bool hasDropCap(double size, double gap)
     return found.front().dropCapLines > 0;
 }
 
+// A text after a tab.
+TabStop stopOfTextAt(double left, double right)
+{
+    return paragraphs({word(text, 0, 30, 100), word(text, 33, 30, 100), word(text, left, right - left, 100)})
+        .front()
+        .tabStops.front();
+}
+
+// A letter as high as two lines, beside so many.
+bool hasDropCapBeside(int lines)
+{
+    constexpr double close = 9;
+    Words words{word(QStringLiteral("T"), 0, 12, 99 + close, 2 * em)};
+    for (int i = 0; i < 2; ++i) {
+        words.push_back(word(text, i < lines ? 14 : 0, 100, 100 + (i < lines ? i : 3) * close));
+    }
+    return paragraphs(words).front().dropCapLines > 0;
+}
+
 std::vector<Edge> tabEdges()
 {
     return {
+        minimum(
+            "gap among wide spaces", tabs::thresholds.minUsualGaps,
+            [](double times) {
+                constexpr double space = 1.5 * em;
+                return !paragraphs({word(text, 0, 30, 100), word(text, 30 + space, 30, 100),
+                                    word(text, 60 + 2 * space, 30, 100), word(text, 90 + (2 + times) * space, 30, 100)})
+                            .front()
+                            .tabStops.empty();
+            }),
+        maximum(
+            "text at the right edge", tabs::thresholds.sameColumnEdge,
+            [](double distance) { return stopOfTextAt(300, width - distance).alignment == Alignment::Right; }),
+        maximum(
+            "text in the middle", tabs::thresholds.centred,
+            [](double distance) {
+                return stopOfTextAt(180 + distance, 220 + distance).alignment == Alignment::Centre;
+            }),
+        maximum(
+            "line below the text after a tab", tabs::thresholds.hanging,
+            [](double shift) {
+                return isOneParagraph(
+                    {word(text, 0, 30, 100), word(text, 33, 30, 100), word(text, 150, 250, 100),
+                     word(text, 150 + shift * em, 200, 100 + step)});
+            }),
+        minimum(
+            "gap after a mark that may be a number", listMarks::thresholds.minSpacedGap,
+            [](double gap) {
+                return isSpaced({gap * em, 1}, em);
+            }),
+        minimum(
+            "gap after a mark in a justified line", listMarks::thresholds.minGapRatio,
+            [](double ratio) {
+                return isSpaced({ratio * 8, 8}, em);
+            }),
+        maximum(
+            "text under a drop cap", textLines::thresholds.maxDropCapOverlap,
+            [](double overlap) { return hasDropCap(2, -overlap); }),
+        fewest(
+            "lines beside a drop cap", textLines::thresholds.minDropCapLines,
+            [](double count) { return hasDropCapBeside(static_cast<int>(count)); }),
         minimum("gap of a tab", tabs::thresholds.minGap, [](double gap) { return hasTab(gap * em); }),
         fewest("dots of a leader", static_cast<std::size_t>(leaderWords::thresholds.minDots), hasLeader),
         minimum(
@@ -491,6 +702,8 @@ private Q_SLOTS:
     }
     void paragraphBreaks_data() { addRows(breakEdges()); }
     void paragraphBreaks() { checkRow(breakEdges()); }
+    void usualSteps_data() { addRows(stepEdges()); }
+    void usualSteps() { checkRow(stepEdges()); }
     void tabs_data() { addRows(tabEdges()); }
     void tabs() { checkRow(tabEdges()); }
     void paragraphs_data() { addRows(paragraphEdges()); }

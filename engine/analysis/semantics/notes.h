@@ -9,7 +9,7 @@ namespace notes {
 
 struct Thresholds
 {
-    double maxSmallSize = 0.93; ///< of the body's font size; a note whose mark is not raised is smaller than this
+    double maxSmallSize = 0.93; ///< of the body's font size; notes are set smaller than this
     qsizetype maxDigits = 3;    ///< of the number of a note; longer ones are years and amounts
 };
 

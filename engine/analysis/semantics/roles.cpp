@@ -40,7 +40,7 @@ bool isCaption(const QString &text)
 bool isFootnote(const Page &page, const Paragraph &paragraph, double body)
 {
     const QString text = plainText(paragraph).trimmed();
-    return meanFontSize(paragraph) < thresholds.maxFootnoteSize * body &&
+    return meanFontSize(paragraph) < notes::thresholds.maxSmallSize * body &&
            paragraph.box.top > thresholds.minFootnoteTop * page.height && !text.isEmpty() &&
            (text.front().isDigit() || QStringLiteral("*†‡∗§¹²³").contains(text.front()));
 }

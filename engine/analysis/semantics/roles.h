@@ -7,12 +7,10 @@ namespace quorra::model {
 
 namespace roles {
 
-/// Font sizes are relative to that of the body text.
 struct Thresholds
 {
-    qsizetype maxCaption = 150;    ///< characters; longer texts are sentences that begin with a figure's name
-    double maxFootnoteSize = 0.93; ///< of the body's font size; notes are set smaller than this
-    double minFootnoteTop = 0.6;   ///< share of the page's height; notes are in the lower part of the page
+    qsizetype maxCaption = 150;  ///< characters; longer texts are sentences that begin with a figure's name
+    double minFootnoteTop = 0.6; ///< share of the page's height; notes are in the lower part of the page
 };
 
 inline constexpr Thresholds thresholds;

@@ -233,12 +233,8 @@ ParagraphTag tagOf(const std::vector<TextLine> &lines)
         tag.labelWords = 1;
     } else if (tag.labelWords == 0) { // a mark without a label of its own is at least a piece of content of its own
         tag.labelWords = countWhile([&words](const RawWord *word) { return word->content == words.front()->content; });
-        qsizetype length = 0;
-        for (std::size_t i = 0; i < tag.labelWords; ++i) {
-            length += words[i]->text.size();
-        }
         const bool whole = lines.size() == 1 && tag.labelWords == words.size();
-        const bool text = length > thresholds.maxLabel || tag.labelWords > 1 || words.front()->text.size() > 2;
+        const bool text = tag.labelWords > 1 || words.front()->text.size() > thresholds.maxBullet;
         const bool counted = isOrdinalMark(words.front()->text) || words.front()->text.contains(QLatin1Char('.')) ||
                              words.front()->text.contains(QLatin1Char(')'));
         tag.labelWords = whole || (text && !counted) ? 0 : tag.labelWords;

@@ -16,7 +16,7 @@ namespace tagUse {
 
 struct Thresholds
 {
-    qsizetype maxLabel = 8;   ///< characters; "(xxviii)" is the longest mark of a list item
+    qsizetype maxBullet = 2;  ///< characters; a longer mark without a label of its own is a number or text
     std::size_t minPages = 2; ///< pages; if so many have unsound tags, and fewer have sound ones, no tags are used
     double minMeantGap = 0.4; ///< share of the column's width; a line so short was broken on purpose
 };
