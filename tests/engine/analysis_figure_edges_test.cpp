@@ -106,7 +106,7 @@ std::vector<Edge> signEdges()
             [](double ratio) {
                 RawPage page = checkBox(10, 10);
                 page.ink.push_back({{55 - ratio * 5, 93, 55 + ratio * 5, 99}, false});
-                return withDrawnSigns(page).words.front().text == QChar(0x2612);
+                return withDrawnSigns(page).words.front().text.front() == QChar(0x2612);
             }),
         minimum("size of a bullet", 1.2, [](double size) { return hasSign(bullets({size})); }),
         maximum(

@@ -138,7 +138,7 @@ Role firstRoleOf(const std::function<void(PageMaker &)> &draw)
 }
 
 // A title of so many lines, each a paragraph, with a heading below it.
-bool hasTitle(int paragraphs, double top)
+bool hasTitle(double top, int paragraphs)
 {
     PageMaker page;
     for (int i = 0; i < paragraphs; ++i) {
@@ -237,8 +237,10 @@ std::vector<Edge> documentEdges()
                            }
                        }) == Role::Heading;
             }),
-        most("paragraphs of a title", thresholds.maxTitle, [](double count) { return hasTitle(int(count), 60); }),
-        maximum("place of a title", thresholds.maxTitleTop, [](double share) { return hasTitle(1, share * 800); }),
+        most(
+            "paragraphs of a title", thresholds.maxTitle,
+            [](double count) { return hasTitle(60, static_cast<int>(count)); }),
+        maximum("place of a title", thresholds.maxTitleTop, [](double share) { return hasTitle(share * 800, 1); }),
         fewest( // of ten
             "entries of an outline on their pages", 5, [](double count) { return isOutlineUsed(10, int(count)); }),
         fewest(

@@ -3,7 +3,7 @@
 
 #include "base/xml_element.h"
 #include "base/xml_text.h"
-#include "common_looks.h"
+#include "common_properties.h"
 #include "document/font_family.h"
 #include "odf/font_widths.h"
 
@@ -204,16 +204,16 @@ void StyleTable::writeFonts(QXmlStreamWriter &xml) const
 
 void StyleTable::writeStyles(QXmlStreamWriter &xml, const std::vector<Element> &named) const
 {
-    const std::vector<CommonLook> looks = commonLooks(m_styles, named);
+    const std::vector<CommonProperties> common = commonProperties(m_styles, named);
     {
         const XmlElement styles(xml, "office:styles"_L1);
         for (const Element &style : named) {
-            writeElement(xml, withCommonLook(style, looks));
+            writeElement(xml, withCommonProperties(style, common));
         }
     }
     const XmlElement automatic(xml, "office:automatic-styles"_L1);
     for (const UsedStyle &style : m_styles) {
-        writeElement(xml, withoutCommonLook(style.definition, looks));
+        writeElement(xml, withoutCommonProperties(style.definition, common));
     }
 }
 

@@ -48,14 +48,14 @@ QString rowStyle(const Sink &sink, double height)
            {{"style:min-row-height"_L1, pt(height)}, {"fo:keep-together"_L1, u"always"_s}}}}});
 }
 
-/// Returns the direction of the cell's text if all of it runs up or down: 90 or 270 degrees; otherwise 0.
-int turnOf(const model::Cell &cell)
+/// Returns the rotation of the cell's text if all of it is rotated by 90 or by 270 degrees; otherwise 0.
+int textRotation(const model::Cell &cell)
 {
-    const int turn = cell.paragraphs.empty() ? 0 : cell.paragraphs.front().rotation;
-    const bool same = std::all_of(cell.paragraphs.begin(), cell.paragraphs.end(), [turn](const auto &paragraph) {
-        return paragraph.rotation == turn;
+    const int rotation = cell.paragraphs.empty() ? 0 : cell.paragraphs.front().rotation;
+    const bool same = std::all_of(cell.paragraphs.begin(), cell.paragraphs.end(), [rotation](const auto &paragraph) {
+        return paragraph.rotation == rotation;
     });
-    return same && turn % 180 != 0 ? turn : 0;
+    return same && rotation % 180 != 0 ? rotation : 0;
 }
 
 QString cellStyle(const Sink &sink, const model::Cell &cell)
@@ -69,7 +69,7 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
     if (cell.background) {
         properties.emplace_back("fo:background-color"_L1, colourName(*cell.background));
     }
-    switch (turnOf(cell)) {
+    switch (textRotation(cell)) {
     case 90:
         properties.emplace_back("style:writing-mode"_L1, u"tb-rl"_s);
         break;
@@ -83,8 +83,8 @@ QString cellStyle(const Sink &sink, const model::Cell &cell)
         {"style:style"_L1, {{"style:family"_L1, u"table-cell"_s}}, {{"style:table-cell-properties"_L1, properties}}});
 }
 
-/// Writes text that runs up or down; across its direction, it is where the cell begins.
-void writeTurned(const Sink &sink, const model::Cell &cell, ParagraphPlace inside)
+/// Writes text that is rotated by 90 or 270 degrees; across its direction, it is where the cell begins.
+void writeRotated(const Sink &sink, const model::Cell &cell, ParagraphPlace inside)
 {
     inside.exactLeading = false;
     for (model::Paragraph paragraph : cell.paragraphs) {
@@ -106,8 +106,8 @@ void writeCell(const Sink &sink, const model::Cell &cell, const TablePlace &plac
     inside.exactLeading = place.exactLeading;
     inside.linesGrow = true;
     inside.inCell = true;
-    if (turnOf(cell) != 0) {
-        writeTurned(sink, cell, inside);
+    if (textRotation(cell) != 0) {
+        writeRotated(sink, cell, inside);
         return;
     }
     auto original = cell.paragraphs.begin();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "common_looks.h"
+#include "common_properties.h"
 
 #include <algorithm>
 #include <map>
@@ -86,11 +86,11 @@ Attributes attributesOf(const Element &style, QLatin1String child)
     return found == style.children.end() ? Attributes{} : found->attributes;
 }
 
-const CommonLook *findLook(const std::vector<CommonLook> &looks, const QString &style)
+const CommonProperties *findProperties(const std::vector<CommonProperties> &common, const QString &style)
 {
-    const auto found =
-        std::find_if(looks.begin(), looks.end(), [&](const CommonLook &look) { return look.style == style; });
-    return found == looks.end() ? nullptr : &*found;
+    const auto found = std::find_if(
+        common.begin(), common.end(), [&](const CommonProperties &properties) { return properties.style == style; });
+    return found == common.end() ? nullptr : &*found;
 }
 
 void removeAttributes(Attributes &attributes, const Attributes &common)
@@ -103,7 +103,7 @@ void removeAttributes(Attributes &attributes, const Attributes &common)
 
 } // namespace
 
-std::vector<CommonLook> commonLooks(const std::vector<UsedStyle> &styles, const std::vector<Element> &named)
+std::vector<CommonProperties> commonProperties(const std::vector<UsedStyle> &styles, const std::vector<Element> &named)
 {
     std::set<QString> names;
     for (const Element &style : named) {
@@ -121,44 +121,42 @@ std::vector<CommonLook> commonLooks(const std::vector<UsedStyle> &styles, const 
             text.add(attributesOf(style.definition, textProperties), style.uses);
         }
     }
-    std::vector<CommonLook> looks;
-    looks.reserve(values.size());
+    std::vector<CommonProperties> common;
+    common.reserve(values.size());
     for (const auto &[name, both] : values) {
-        looks.push_back({name, both.first.common(), both.second.common()});
+        common.push_back({name, both.first.common(), both.second.common()});
     }
-    return looks;
+    return common;
 }
 
-Element withoutCommonLook(const Element &style, const std::vector<CommonLook> &looks)
+Element withoutCommonProperties(const Element &style, const std::vector<CommonProperties> &common)
 {
-    const CommonLook *look = findLook(looks, parentOf(style));
-    if (!look) {
+    const CommonProperties *properties = findProperties(common, parentOf(style));
+    if (!properties) {
         return style;
     }
     Element rest = style;
     for (Element &child : rest.children) {
         if (child.name == paragraphProperties) {
-            removeAttributes(child.attributes, look->paragraph);
+            removeAttributes(child.attributes, properties->paragraph);
         } else if (child.name == textProperties) {
-            removeAttributes(child.attributes, look->text);
+            removeAttributes(child.attributes, properties->text);
         }
     }
-    const auto isEmpty = [](const Element &child) {
-        return child.attributes.empty() && child.children.empty();
-    };
+    const auto isEmpty = [](const Element &child) { return child.attributes.empty() && child.children.empty(); };
     rest.children.erase(std::remove_if(rest.children.begin(), rest.children.end(), isEmpty), rest.children.end());
     return rest;
 }
 
-Element withCommonLook(const Element &style, const std::vector<CommonLook> &looks)
+Element withCommonProperties(const Element &style, const std::vector<CommonProperties> &common)
 {
     Element full = style;
-    const CommonLook *look = valueOf(style, "style:family"_L1) == "paragraph"_L1
-                                 ? findLook(looks, valueOf(style, "style:name"_L1))
-                                 : nullptr;
-    if (look) {
-        full.children.push_back({paragraphProperties, look->paragraph});
-        full.children.push_back({textProperties, look->text});
+    const CommonProperties *properties = valueOf(style, "style:family"_L1) == "paragraph"_L1
+                                             ? findProperties(common, valueOf(style, "style:name"_L1))
+                                             : nullptr;
+    if (properties) {
+        full.children.push_back({paragraphProperties, properties->paragraph});
+        full.children.push_back({textProperties, properties->text});
     }
     return full;
 }
