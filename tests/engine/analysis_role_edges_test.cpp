@@ -239,7 +239,7 @@ std::vector<Edge> documentEdges()
             }),
         most(
             "paragraphs of a title", thresholds.maxTitle,
-            [](double count) { return hasTitle(60, static_cast<int>(count)); }),
+            [](double count) { return hasTitle(60.0, static_cast<int>(count)); }),
         maximum("place of a title", thresholds.maxTitleTop, [](double share) { return hasTitle(share * 800, 1); }),
         fewest( // of ten
             "entries of an outline on their pages", 5, [](double count) { return isOutlineUsed(10, int(count)); }),
