@@ -67,9 +67,6 @@ void setModuleFolder(const std::string &folder)
 
 std::unique_ptr<Recogniser> makeRecogniser(const std::string &languages)
 {
-#ifdef QUORRA_SANITIZED
-    return nullptr; // the module brings in libraries that the sanitizers have not been tried on
-#endif
     const std::string folder = dataFolder();
     const std::string installed = folder.empty() ? std::string() : installedOnes(languages, folder);
     if (installed.empty()) {

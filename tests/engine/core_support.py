@@ -26,6 +26,8 @@ PASSWORDS = {
 NOT_READABLE = {"bomb_giant.pdf", "poppler-85140-0.pdf", "poppler-742-0-fuzzed.pdf"}
 
 Result = collections.namedtuple("Result", "status line seconds megabytes")
+# The sanitizers multiply memory and time.
+SANITIZED = "ASAN_OPTIONS" in os.environ
 
 
 class Suite:

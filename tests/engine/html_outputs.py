@@ -62,7 +62,7 @@ def check_markup(suite, document, kind):
     result = suite.convert(document, path, "-noocr", *(["-htmlformat"] if kind == "xhtml" else []))
     if not path.exists():
         return None
-    suite.check(result.megabytes <= MOST_MEGABYTES or "SANITIZE" in os.environ, document.name, kind,
+    suite.check(result.megabytes <= MOST_MEGABYTES or core_support.SANITIZED, document.name, kind,
                 f"{result.megabytes:.0f} MB")
     suite.check([each.name for each in folder.iterdir()] == [path.name], document.name, kind, "more than one file")
     schema = ["--schema", str(SCHEMA)] if kind == "xml" else []
