@@ -32,6 +32,20 @@ endif()
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${PROJECT_SOURCE_DIR}/LICENSE"
   DESTINATION . OPTIONAL)
 install(PROGRAMS "${linux}/add-to-menu" DESTINATION .)
+
+# What the engine opens or starts by name: the tables of Asian character sets, fonts for documents without embedded
+# fonts, the office suite that writes Word, Excel and PowerPoint files, and the data for reading English text in scanned
+# pages. Data for other languages and for rotated pages are suggestions.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "poppler-data, fonts-liberation, fonts-dejavu-core, \
+libreoffice-writer-nogui | libreoffice-writer, libreoffice-calc-nogui | libreoffice-calc, \
+libreoffice-impress-nogui | libreoffice-impress, tesseract-ocr-eng")
+if(TARGET Qtminw)
+  set(dependencies "${CMAKE_CURRENT_BINARY_DIR}/DEPENDENCIES")
+  install(CODE "execute_process(COMMAND_ERROR_IS_FATAL ANY COMMAND \"${linux}/list-dependencies\" \"${dependencies}\"
+    \"${CPACK_DEBIAN_PACKAGE_DEPENDS}\"
+    \"$<TARGET_FILE:quorra-converter>\" \"$<TARGET_FILE:Qtminw>\" \"$<TARGET_FILE:Qtminw-ocr>\")")
+  install(FILES "${dependencies}" DESTINATION . OPTIONAL)
+endif()
 install(FILES "${linux}/quorra-converter.desktop" DESTINATION share/applications)
 install(FILES "${linux}/${QUORRA_APPLICATION_ID}.metainfo.xml" DESTINATION share/metainfo)
 install(DIRECTORY "${linux}/icons/" DESTINATION share/icons/hicolor)
@@ -44,14 +58,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${PROJECT_HOMEPAGE_URL}")
-# The libraries are detected from the executables. This lists what the engine opens or starts by name: the tables of
-# Asian character sets, fonts for documents without embedded fonts, the office suite that writes Word, Excel and
-# PowerPoint files, and the data for reading English text in scanned pages. Data for other languages and for turned
-# pages are suggestions.
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "poppler-data, fonts-liberation, fonts-dejavu-core, \
-libreoffice-writer-nogui | libreoffice-writer, libreoffice-calc-nogui | libreoffice-calc, \
-libreoffice-impress-nogui | libreoffice-impress, tesseract-ocr-eng")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON) # besides CPACK_DEBIAN_PACKAGE_DEPENDS
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils, fonts-wqy-zenhei")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "tesseract-ocr-osd, tesseract-ocr-all")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA "${linux}/postrm")

@@ -79,11 +79,10 @@ class Debian(PackageCase):
         self.assertEqual(fields["Package"], NAME)
         self.assertEqual(fields["Version"], os.environ["QUORRA_VERSION"] + "-1")
         needed = {word.split()[0] for word in fields["Depends"].split(", ")}
-        self.assertLessEqual({"libqt6widgets6", "libqt6gui6", "libqt6core6", "poppler-data", "fonts-liberation",
-                              "libreoffice-writer-nogui", "libreoffice-calc-nogui", "libreoffice-impress-nogui",
-                              "tesseract-ocr-eng"},
-                             needed)
-        for library in ("libpoppler", "libtesseract", "liblept"):
+        self.assertLessEqual({"poppler-data", "fonts-liberation", "libreoffice-writer-nogui",
+                              "libreoffice-calc-nogui", "libreoffice-impress-nogui", "tesseract-ocr-eng"}, needed)
+        # The ends of their names differ between releases of Debian.
+        for library in ("libqt6widgets6", "libqt6gui6", "libqt6core6", "libpoppler", "libtesseract", "liblept"):
             self.assertTrue(any(word.startswith(library) for word in needed), needed)
         self.assertIn("tesseract-ocr-osd", fields["Suggests"])
 

@@ -34,7 +34,8 @@ class Portable(PackageCase):
         self.program = self.program_folder / "quorra-converter"
 
     def test_holds_what_it_needs(self):
-        expected = PROGRAM_FILES | {MODULE} | {f"share/{name}" for name in SHARED_FILES | MANUAL_PAGES} | {"LICENSE", "add-to-menu"}
+        expected = PROGRAM_FILES | {MODULE} | {f"share/{name}" for name in SHARED_FILES | MANUAL_PAGES}
+        expected |= {"LICENSE", "add-to-menu", "DEPENDENCIES"}
         documents = {"README.md", "CHANGELOG.md"}
         self.assertEqual(files_below(self.program_folder) - documents, expected)
         for name in PROGRAM_FILES | {MODULE}:
@@ -42,6 +43,13 @@ class Portable(PackageCase):
                                        stdout=subprocess.PIPE).stdout
             self.assertNotIn("not found", libraries)
             self.assertNotIn(os.environ["QUORRA_BUILD"], libraries)
+
+    def test_lists_packages_that_exist(self):
+        packages = (self.program_folder / "DEPENDENCIES").read_text(encoding="utf-8").split()
+        self.assertLessEqual({"poppler-data", "tesseract-ocr-eng", "libreoffice-writer-nogui"}, set(packages))
+        for library in ("libqt6widgets6", "libpoppler", "libtesseract"):
+            self.assertTrue(any(name.startswith(library) for name in packages), packages)
+        subprocess.run(["dpkg-query", "--show", *packages], check=True, stdout=subprocess.DEVNULL)
 
     def test_installing_gives_the_same_folder(self):
         target = self.folder / "installed"
