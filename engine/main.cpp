@@ -2,6 +2,7 @@
 #include "base/failure.h"
 #include "convert/convert.h"
 #include "platform/limits.h"
+#include "platform/progress.h"
 #include "platform/streams.h"
 
 #include <QHashSeed>
@@ -61,9 +62,11 @@ int main(int argc, char **argv)
     const quorra::ErrorLine errorLine;
     quorra::limits::catchFatalSignals(errorLine.descriptor());
     quorra::limits::apply();
+    quorra::progress::enable(errorLine.descriptor());
     ExitStatus status = ExitStatus::Done;
     try {
         run(arguments);
+        quorra::progress::clear();
     } catch (const Failure &failure) {
         status = failure.status();
         errorLine.print(failure.what());

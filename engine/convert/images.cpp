@@ -7,6 +7,7 @@
 #include "pdf/page_renderer.h"
 #include "pdf/pdf_file_pool.h"
 #include "picture_rules.h"
+#include "platform/progress.h"
 #include "platform/worker_pool.h"
 
 #include <algorithm>
@@ -128,6 +129,7 @@ void writeMultipage(const Plan &plan)
     {
         TiffFile tiff(file, plan.job.options.compression.value_or(defaultTiffCompression), count);
         for (int position = 1; position <= count; ++position) {
+            progress::showPage(position, count);
             writeTiffPage(plan, renderer, position, tiff);
         }
     }
@@ -139,6 +141,7 @@ void writeMultipage(const Plan &plan)
 void convertToImages(const Job &job)
 {
     Plan plan = makePlan(job);
+    progress::beginStep("Drawing");
     if (plan.isTiff() && job.options.multipage) {
         writeMultipage(plan);
         return;

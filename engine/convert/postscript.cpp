@@ -4,6 +4,7 @@
 #include "convert/convert.h"
 #include "paper_size.h"
 #include "platform/output_file.h"
+#include "platform/progress.h"
 
 namespace quorra {
 
@@ -30,8 +31,10 @@ void writeEpsFile(const Job &job, int page)
 
 void convertToPostScript(const Job &job)
 {
+    progress::beginStep("Writing");
     if (outputExtension(job.options.outputPath) == ".eps") {
         for (int page = job.firstPage; page <= job.lastPage; ++page) {
+            progress::showPage(page - job.firstPage + 1, job.pageCount());
             writeEpsFile(job, page);
         }
         return;

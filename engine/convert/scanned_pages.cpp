@@ -5,6 +5,7 @@
 #include "base/units.h"
 #include "pdf/page_renderer.h"
 #include "platform/page_time.h"
+#include "platform/progress.h"
 #include "platform/worker_pool.h"
 
 #include <algorithm>
@@ -120,6 +121,7 @@ void readScannedPages(std::vector<RawPage> &pages, PdfFilePool &pool, Collect co
     }
     const int count = static_cast<int>(scans.size());
     const std::chrono::milliseconds time = reading.allowTime(count);
+    progress::beginStep("Recognising");
     runPool(poolSize(count, memoryFor(scans, pages), 1), count, [&](const PageSource &next) {
         const std::unique_ptr<ocr::Recogniser> recogniser = reading.makeRecogniser();
         if (!recogniser) {

@@ -4,6 +4,7 @@
 #include "base/failure.h"
 #include "platform/child_process.h"
 #include "platform/limits.h"
+#include "platform/progress.h"
 #include "platform/temp_folder.h"
 
 #include <QCryptographicHash>
@@ -310,6 +311,7 @@ std::string exportFile(
     const std::chrono::seconds limit = wallSeconds + pageCount * wallSecondsPerPage;
     command.wallLimit = limit;
 
+    progress::show("Exporting with LibreOffice");
     const std::chrono::microseconds before = timeOfChildren();
     ChildResult result;
     int starts = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/page_reading.h"
 
+#include "platform/progress.h"
 #include "platform/worker_pool.h"
 
 namespace quorra {
@@ -16,6 +17,7 @@ collectPages(PdfFilePool &pool, int firstPage, int pageCount, Collect what, cons
             pages[static_cast<std::size_t>(position) - 1] = collector.collect(firstPage + position - 1);
         }
     };
+    progress::beginStep("Reading");
     runPool(poolSize(pageCount), pageCount, collect);
     return pages;
 }

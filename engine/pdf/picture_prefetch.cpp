@@ -2,6 +2,7 @@
 #include "pdf/picture_prefetch.h"
 
 #include "document/page_walk.h"
+#include "platform/progress.h"
 #include "platform/worker_pool.h"
 
 #include <algorithm>
@@ -66,6 +67,7 @@ PrefetchedPictures::PrefetchedPictures(
         return;
     }
     std::mutex mutex;
+    progress::beginStep("Drawing pictures of");
     runPool(threads, pageCount, [&](const PageSource &next) {
         const PdfFilePool::Loan lent = pool.borrow();
         PagePictureSource pictures(*lent, document, quality, model::DrawingWords::InPicture);

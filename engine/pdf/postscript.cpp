@@ -6,6 +6,7 @@
 #include "pdf_file_handles.h"
 #include "platform/output_file.h"
 #include "platform/page_time.h"
+#include "platform/progress.h"
 
 #include <PSOutputDev.h>
 
@@ -66,6 +67,7 @@ void writePages(
         device.setRasterResolution(form.rasterResolution);
         for (const int page : pages) {
             const PageTime time(page);
+            progress::showPage(page - pages.front() + 1, static_cast<int>(pages.size()));
             doc->displayPage(&device, page, pointsPerInch, pointsPerInch, 0, false, true, true);
         }
     }

@@ -4,6 +4,7 @@
 #include "base/failure.h"
 #include "platform/part_file.h"
 #include "platform/platform.h"
+#include "platform/progress.h"
 #include "platform/temp_folder.h"
 
 #include <algorithm>
@@ -82,6 +83,7 @@ void noteFailedNew()
 {
     removePartFilesNow();
     removeTempFolderNow();
+    progress::clear();
     [[maybe_unused]] const ssize_t written = write(lineDescriptor, line.data(), line.size());
     _exit(static_cast<int>(status));
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/streams.h"
 
+#include "platform/progress.h"
+
 #include <algorithm>
 
 #include <fcntl.h>
@@ -37,6 +39,7 @@ void ErrorLine::print(const std::string &text) const
     std::replace_if(
         line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }, ' ');
     line += '\n';
+    progress::clear();
     [[maybe_unused]] const ssize_t written = write(m_descriptor, line.data(), line.size());
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/limits.h"
 #include "platform/memory_left.h"
+#include "platform/progress.h"
 
 #include <algorithm>
 #include <atomic>
@@ -119,7 +120,13 @@ void runPool(int threads, int pageCount, const std::function<void(const PageSour
 {
     FirstFailure failure;
     const PageSource pages = pagesOneByOne(pageCount);
-    const PageSource next = [&failure, &pages] { return failure.any() ? 0 : pages(); };
+    const PageSource next = [&failure, &pages, pageCount] {
+        const int position = failure.any() ? 0 : pages();
+        if (position > 0) {
+            progress::showPage(position, pageCount);
+        }
+        return position;
+    };
     const auto workAndKeepFailure = [&] {
         try {
             work(next);
