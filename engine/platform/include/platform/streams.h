@@ -12,7 +12,8 @@ class ErrorLine
 public:
     ErrorLine();
 
-    /// Prints "Qtminw: " and the text as one line; control characters, line breaks included, are replaced by spaces. Clears progress.
+    /// Prints "Qtminw: " and the text as one line; control characters, line breaks included, are replaced by spaces.
+    /// Clears progress.
     void print(const std::string &text) const;
 
     int descriptor() const { return m_descriptor; }

@@ -35,8 +35,8 @@ void assumeProcessors(int count);
 PageSource pagesOneByOne(int pageCount);
 
 /// Runs `work` in a number of threads, including the calling one, which share the pages. If the system cannot start all
-/// threads, the others do the work. The pages are shown as progress. After the first failure no more pages are handed out; it is rethrown when all
-/// threads have finished.
+/// threads, the others do the work. The pages are shown as progress. After the first failure no more pages are handed
+/// out; it is rethrown when all threads have finished.
 void runPool(int threads, int pageCount, const std::function<void(const PageSource &)> &work);
 
 /// Calls `work` for each page, numbered from 0, for several pages in parallel if there are many. The first failure is
