@@ -15,7 +15,7 @@
 #include <mutex>
 
 /// Of the OpenMP library, if Tesseract was built with it.
-extern "C" __attribute__((weak)) void omp_set_num_threads(int count); // NOLINT(readability-identifier-naming)
+extern "C" __attribute__((weak)) void omp_set_max_active_levels(int count); // NOLINT(readability-identifier-naming)
 
 namespace quorra::ocr {
 
@@ -119,8 +119,10 @@ public:
     model::RecognisedPicture
     recognise(const Raster &picture, double dotsPerInch, const RecognitionLimits &limits) override
     {
-        if (omp_set_num_threads != nullptr) {
-            omp_set_num_threads(1); // pages are read in parallel; applies to the calling thread
+        // Pages are read in parallel: Tesseract's own threads would only wait for one another. omp_set_num_threads()
+        // does not prevent them, because Tesseract states a number of threads. Applies to the calling thread.
+        if (omp_set_max_active_levels != nullptr) {
+            omp_set_max_active_levels(0);
         }
         const std::chrono::nanoseconds end = threadTime() + limits.processorTime;
         PreparedPicture page = prepared(picture, dotsPerInch);

@@ -66,6 +66,7 @@ class OcrRecogniserTest : public QObject
 
 private Q_SLOTS:
     void initTestCase();
+    void startsNoThreads();
     void readsWords();
     void keepsToTheTime();
     void hostilePicturesEndSoon_data();
@@ -81,6 +82,18 @@ void OcrRecogniserTest::initTestCase()
 {
     ocr::setModuleFolder(QUORRA_MODULE_FOLDER);
     m_recogniser = ocr::makeRecogniser("eng");
+}
+
+// Must be the first to recognise: threads of OpenMP remain.
+void OcrRecogniserTest::startsNoThreads()
+{
+    const QDir threads(QStringLiteral("/proc/self/task"));
+    if (!m_recogniser || !threads.exists()) {
+        QSKIP("not run: no recognition data or no /proc");
+    }
+    const auto before = threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+    QVERIFY(!m_recogniser->recognise(rasterOf(textPage()), resolution).words.empty());
+    QCOMPARE(threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), before);
 }
 
 void OcrRecogniserTest::readsWords()
