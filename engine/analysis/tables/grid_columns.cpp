@@ -69,6 +69,13 @@ bool isBetweenNumbers(const RawWord &previous, const RawWord &word)
     return amounts && (whole || !isGroupOfDigits(word.text));
 }
 
+// Whether both words are such numbers with at least the gap of numbers between them. `size` is that of the later one.
+bool areApart(const RawWord &previous, const RawWord &word, double size)
+{
+    return bodyOf(word).left - bodyOf(previous).right >= thresholds.minNumberGap * size &&
+           isBetweenNumbers(previous, word);
+}
+
 /// Counts for each point across the table the lines that have a gap there, and those whose text runs across.
 class StripVotes
 {
@@ -91,13 +98,13 @@ public:
             if (previous && followsSign(*previous, *word)) {
                 reached = bodyOf(*word).left; // says nothing about columns
             }
-            const bool numbers = previous && isBetweenNumbers(*previous, *word);
-            previous = word;
             const Box body = bodyOf(*word);
             const double gap = (body.left - reached) / sizeAt(line, *word);
-            const double strength = gap > thresholds.minCellGap || (numbers && gap >= thresholds.minNumberGap) ? 1
-                                    : gap >= minWeakGapAfter(*word) ? thresholds.weakVote
-                                                                    : 0;
+            const bool numbers = previous && gap >= thresholds.minNumberGap && isBetweenNumbers(*previous, *word);
+            const double strength = gap > thresholds.minCellGap || numbers ? 1
+                                    : gap >= minWeakGapAfter(*word)        ? thresholds.weakVote
+                                                                           : 0;
+            previous = word;
             add(m_wide, reached, body.left, strength >= 1 ? weight : 0);
             add(strength > 0 ? m_votes : m_crossings, reached, body.left, strength > 0 ? strength * weight : weight);
             add(m_crossings, std::max(reached, body.left), body.right, weight);
@@ -254,31 +261,6 @@ void addStrip(
 
 } // namespace
 
-namespace {
-
-// The texts between wide gaps, and between numbers side by side.
-std::vector<Segment> dividedSegments(const TextLine &line)
-{
-    std::vector<Segment> parts;
-    for (Segment &segment : segmentsOf(line, thresholds.minCellGap)) {
-        Segment part;
-        for (const RawWord *word : segment.words) {
-            const RawWord *previous = part.words.empty() ? nullptr : part.words.back();
-            if (previous && isBetweenNumbers(*previous, *word) &&
-                bodyOf(*word).left - bodyOf(*previous).right >= thresholds.minNumberGap * sizeAt(line, *word)) {
-                parts.push_back(std::move(part));
-                part = {};
-            }
-            part.words.push_back(word);
-            part.box = united(part.box, bodyOf(*word));
-        }
-        parts.push_back(std::move(part));
-    }
-    return parts;
-}
-
-} // namespace
-
 bool isCurrencySign(const RawWord &word)
 {
     constexpr qsizetype maxLength = 3; // "US$"
@@ -291,14 +273,19 @@ bool isCurrencySign(const RawWord &word)
 std::vector<Segment> cellTexts(const TextLine &line)
 {
     std::vector<Segment> texts;
-    for (Segment &segment : dividedSegments(line)) {
-        if (!texts.empty() && followsSign(*texts.back().words.back(), *segment.words.front())) {
-            Segment &last = texts.back();
-            last.words.insert(last.words.end(), segment.words.begin(), segment.words.end());
-            last.box = united(last.box, segment.box);
-        } else {
-            texts.push_back(std::move(segment));
+    Box reached; // around the words since the last wide gap
+    for (const RawWord *word : line.words) {
+        const Box body = bodyOf(*word);
+        const double size = sizeAt(line, *word);
+        const RawWord *previous = texts.empty() ? nullptr : texts.back().words.back();
+        const bool wide = previous && body.left - reached.right > thresholds.minCellGap * size;
+        const bool divided = wide || (previous && areApart(*previous, *word, size));
+        if (!previous || (divided && !followsSign(*previous, *word))) {
+            texts.emplace_back();
         }
+        texts.back().words.push_back(word);
+        texts.back().box = united(texts.back().box, body);
+        reached = wide ? body : united(reached, body);
     }
     return texts;
 }
