@@ -180,6 +180,16 @@ WordRefs takeLargeLetters(WordRefs &words)
     return letters;
 }
 
+// Sorts, and keeps equal elements in order. Most lists are in order already, above all the many short ones of cells;
+// they are spared the memory that std::stable_sort() requests.
+template <typename List, typename Less>
+void sortStably(List &list, const Less &less)
+{
+    if (!std::is_sorted(list.begin(), list.end(), less)) {
+        std::stable_sort(list.begin(), list.end(), less);
+    }
+}
+
 // Adds a drop cap to the first of the lines that are beside it, and marks the others as beginning there.
 bool attachDropCap(std::vector<TextLine> &lines, const RawWord *letter)
 {
@@ -205,22 +215,17 @@ bool attachDropCap(std::vector<TextLine> &lines, const RawWord *letter)
 
 } // namespace
 
-Box bodyOf(const RawWord &word)
-{
-    if (word.rotation != 0) {
-        return word.box;
-    }
-    return {word.box.left, word.baseline - thresholds.capHeight * word.style.size, word.box.right, word.baseline};
-}
-
 std::vector<TextLine> textLinesOf(WordRefs words)
 {
-    std::stable_sort(
-        words.begin(), words.end(), [](const RawWord *a, const RawWord *b) { return a->baseline < b->baseline; });
+    std::vector<TextLine> lines;
+    if (words.size() == 1) { // as in most cells of tables
+        add(lines.emplace_back(), words.front(), bodyOf(*words.front()));
+        return lines;
+    }
+    sortStably(words, [](const RawWord *a, const RawWord *b) { return a->baseline < b->baseline; });
     const bool hasFragments =
         std::any_of(words.begin(), words.end(), [](const RawWord *word) { return !word->endsLine; });
     const WordRefs largeLetters = takeLargeLetters(words);
-    std::vector<TextLine> lines;
     for (const RawWord *word : words) {
         const Box body = bodyOf(*word);
         TextLine *home = homeOf(*word, body, lines);
@@ -239,12 +244,9 @@ std::vector<TextLine> textLinesOf(WordRefs words)
     }
     attachShiftedLines(lines);
     for (TextLine &line : lines) {
-        std::stable_sort(line.words.begin(), line.words.end(), [](const RawWord *a, const RawWord *b) {
-            return a->box.left < b->box.left;
-        });
+        sortStably(line.words, [](const RawWord *a, const RawWord *b) { return a->box.left < b->box.left; });
     }
-    std::stable_sort(
-        lines.begin(), lines.end(), [](const TextLine &a, const TextLine &b) { return a.baseline < b.baseline; });
+    sortStably(lines, [](const TextLine &a, const TextLine &b) { return a.baseline < b.baseline; });
     return lines;
 }
 

@@ -66,7 +66,11 @@ struct Segment
 
 /// The word's box from the baseline up to the height of capitals. The full boxes of neighbouring lines overlap by their
 /// ascenders and descenders, the bodies do not. A rotated word has its whole box.
-Box bodyOf(const RawWord &word);
+inline Box bodyOf(const RawWord &word)
+{
+    const double height = textLines::thresholds.capHeight * word.style.size;
+    return word.rotation != 0 ? word.box : Box{word.box.left, word.baseline - height, word.box.right, word.baseline};
+}
 
 /// Groups upright words into text lines, sorted from top to bottom. Superscripts and subscripts belong to the line of
 /// their base, the mark of a note to the line that it begins, and a drop cap to the first of the lines beside it. No
