@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace quorra::model {
 
@@ -34,8 +35,10 @@ constexpr Thresholds thresholds;
 
 bool isOperator(const RawWord &word)
 {
-    static const QString operators = QString::fromUtf8("∑∏∐∫∬∭∮⋀⋁⋂⋃⨀⨁⨂");
-    return std::any_of(word.text.begin(), word.text.end(), [](QChar c) { return operators.contains(c); });
+    static const QString operators = QString::fromUtf8("∏∐∑∫∬∭∮⋀⋁⋂⋃⨀⨁⨂"); // sorted
+    const QChar first = operators.front();
+    return std::any_of(
+        word.text.begin(), word.text.end(), [first](QChar c) { return c >= first && operators.contains(c); });
 }
 
 bool isNumber(const RawWord &word)
@@ -53,38 +56,73 @@ bool isProse(const RawWord &word)
            !function.match(word.text).hasMatch();
 }
 
-/// Extends the box by the words that fulfil a condition; returns whether there was one.
+/// The upright words of a page, sorted by their baselines.
+struct UprightWords
+{
+    explicit UprightWords(const RawPage &page)
+    {
+        for (const RawWord &word : page.words) {
+            if (word.rotation == 0) {
+                words.push_back(&word);
+                largest = std::max(largest, word.style.size);
+            }
+        }
+        std::stable_sort(
+            words.begin(), words.end(), [](const RawWord *a, const RawWord *b) { return a->baseline < b->baseline; });
+    }
+
+    /// The first word whose baseline is not above `y`.
+    WordRefs::const_iterator from(double y) const
+    {
+        return std::partition_point(
+            words.begin(), words.end(), [y](const RawWord *word) { return word->baseline < y; });
+    }
+
+    WordRefs words;
+    double largest = 0; ///< font size
+};
+
+/// Extends the box by the words whose baselines are in [top, bottom] and that fulfil a condition; returns whether there
+/// was one.
 template <typename Condition>
-bool addWords(Box &box, const RawPage &page, const Condition &belongs)
+bool addWords(Box &box, const UprightWords &page, double top, double bottom, const Condition &belongs)
 {
     bool any = false;
-    for (const RawWord &word : page.words) {
-        if (word.rotation == 0 && belongs(word, bodyOf(word))) {
-            box = united(box, word.box);
+    for (auto word = page.from(top); word != page.words.end() && (*word)->baseline <= bottom; ++word) {
+        if (belongs(**word, bodyOf(**word))) {
+            box = united(box, (*word)->box);
             any = true;
         }
     }
     return any;
 }
 
+/// The same for all words.
+template <typename Condition>
+bool addWords(Box &box, const UprightWords &page, const Condition &belongs)
+{
+    constexpr double all = std::numeric_limits<double>::infinity();
+    return addWords(box, page, -all, all, belongs);
+}
+
 // The fraction around a bar; an empty box if the line is none.
-Box fractionAt(const Rule &bar, const RawPage &page)
+Box fractionAt(const Rule &bar, const UprightWords &page)
 {
     const auto fits = [&bar](const Box &body) {
         return body.left >= bar.x1 - thresholds.maxBarOverhang && body.right <= bar.x2 + thresholds.maxBarOverhang;
     };
     Box above;
     Box below;
-    const bool filled = addWords(
-                            above, page,
-                            [&](const RawWord &word, const Box &body) {
-                                return fits(body) && word.baseline <= bar.y1 &&
-                                       bar.y1 - word.baseline < thresholds.maxBarDistance * word.style.size;
-                            }) &&
-                        addWords(below, page, [&](const RawWord &word, const Box &body) {
-                            return fits(body) && body.centreY() > bar.y1 &&
-                                   body.top - bar.y1 < thresholds.maxBarDistance * word.style.size;
-                        });
+    const bool filled =
+        addWords(
+            above, page, bar.y1 - thresholds.maxBarDistance * page.largest, bar.y1,
+            [&](const RawWord &word, const Box &body) {
+                return fits(body) && bar.y1 - word.baseline < thresholds.maxBarDistance * word.style.size;
+            }) &&
+        addWords(below, page, [&](const RawWord &word, const Box &body) {
+            return fits(body) && body.centreY() > bar.y1 &&
+                   body.top - bar.y1 < thresholds.maxBarDistance * word.style.size;
+        });
     Box beside;
     const bool hasNeighbour = filled && addWords(beside, page, [&](const RawWord &word, const Box &body) {
                                   const double gap = std::max(body.left - bar.x2, bar.x1 - body.right);
@@ -96,7 +134,7 @@ Box fractionAt(const Rule &bar, const RawPage &page)
 }
 
 // The sum, product or integral with its limits; an empty box where it has none above or below it.
-Box operatorWithLimits(const RawWord &sign, const RawPage &page)
+Box operatorWithLimits(const RawWord &sign, const UprightWords &page)
 {
     Box box = sign.box;
     const Box body = bodyOf(sign);
@@ -113,11 +151,11 @@ Box operatorWithLimits(const RawWord &sign, const RawPage &page)
 bool isOnRow(const RawWord &word, const Box &formula)
 {
     const Box body = bodyOf(word);
-    return word.rotation == 0 && body.centreY() > formula.top && body.centreY() < formula.bottom;
+    return body.centreY() > formula.top && body.centreY() < formula.bottom;
 }
 
 // The formula that a fraction or sum belongs to, with everything beside it.
-Box grown(Box formula, const RawPage &page)
+Box grown(Box formula, const UprightWords &page)
 {
     Box before;
     while (before != formula) {
@@ -130,10 +168,10 @@ Box grown(Box formula, const RawPage &page)
     return formula;
 }
 
-bool isInSentence(const Box &formula, const RawPage &page)
+bool isInSentence(const Box &formula, const UprightWords &page)
 {
-    return std::count_if(page.words.begin(), page.words.end(), [&formula](const RawWord &word) {
-               return isOnRow(word, formula) && isProse(word);
+    return std::count_if(page.words.begin(), page.words.end(), [&formula](const RawWord *word) {
+               return isOnRow(*word, formula) && isProse(*word);
            }) > thresholds.maxProse;
 }
 
@@ -141,6 +179,7 @@ bool isInSentence(const Box &formula, const RawPage &page)
 
 std::vector<Box> findFormulas(const RawPage &page)
 {
+    const UprightWords words(page);
     std::vector<Box> seeds;
     const auto add = [&seeds](const Box &box) {
         if (!box.isEmpty()) {
@@ -151,18 +190,18 @@ std::vector<Box> findFormulas(const RawPage &page)
     for (const Rule &rule : page.rules) {
         if (rule.isHorizontal() && rule.length() >= thresholds.minBar &&
             rule.length() <= thresholds.maxBar * page.width && ++bars <= thresholds.maxSeeds) {
-            add(fractionAt(rule, page));
+            add(fractionAt(rule, words));
         }
     }
     for (const RawWord &word : page.words) {
         if (word.rotation == 0 && isOperator(word) && seeds.size() < thresholds.maxSeeds) {
-            add(operatorWithLimits(word, page));
+            add(operatorWithLimits(word, words));
         }
     }
     std::vector<Box> formulas;
     for (const Box &seed : seeds) {
-        Box formula = grown(seed, page);
-        if (isInSentence(formula, page)) {
+        Box formula = grown(seed, words);
+        if (isInSentence(formula, words)) {
             continue;
         }
         formula = {
