@@ -13,6 +13,44 @@ namespace {
 
 constexpr double usualSize = 10; // points; for paragraphs without text
 
+// Adds what stands between two words to the text of the first one.
+void append(QString &text, Separator separator)
+{
+    switch (separator) {
+    case Separator::None:
+        break;
+    case Separator::Space:
+        text += QLatin1Char(' ');
+        break;
+    case Separator::LineBreak:
+        text += QLatin1Char('\n');
+        break;
+    case Separator::Tab:
+        text += QLatin1Char('\t');
+        break;
+    case Separator::Hyphen:
+        text.chop(1);
+        break;
+    }
+}
+
+// Calls use(word, separator before it) for the words of a paragraph that are its text.
+template <typename Use>
+void forEachWord(const Paragraph &paragraph, const Use &use)
+{
+    Separator before = Separator::None;
+    bool isMark = paragraph.listItem.has_value();
+    for (const Line &line : paragraph.lines) {
+        for (const Word &word : line.words) {
+            if (std::exchange(isMark, false) || word.leader) {
+                continue;
+            }
+            use(word, before);
+            before = word.separator;
+        }
+    }
+}
+
 class RunBuilder
 {
 public:
@@ -32,25 +70,8 @@ public:
     // Separators belong to the run before them, so that a link or an underline does not begin with a space.
     void add(Separator separator)
     {
-        if (m_runs.empty()) {
-            return;
-        }
-        QString &text = m_runs.back().text;
-        switch (separator) {
-        case Separator::None:
-            break;
-        case Separator::Space:
-            text += QLatin1Char(' ');
-            break;
-        case Separator::LineBreak:
-            text += QLatin1Char('\n');
-            break;
-        case Separator::Tab:
-            text += QLatin1Char('\t');
-            break;
-        case Separator::Hyphen:
-            text.chop(1);
-            break;
+        if (!m_runs.empty()) {
+            append(m_runs.back().text, separator);
         }
     }
 
@@ -119,20 +140,10 @@ std::vector<Run> spacedLine(const Line &line, double left, double width)
 std::vector<Run> runsOf(const Paragraph &paragraph)
 {
     RunBuilder builder;
-    const Word *before = nullptr;
-    bool isMark = paragraph.listItem.has_value();
-    for (const Line &line : paragraph.lines) {
-        for (const Word &word : line.words) {
-            if (std::exchange(isMark, false) || word.leader) {
-                continue;
-            }
-            if (before) {
-                builder.add(before->separator);
-            }
-            builder.add(word);
-            before = &word;
-        }
-    }
+    forEachWord(paragraph, [&builder](const Word &word, Separator before) {
+        builder.add(before);
+        builder.add(word);
+    });
     return builder.take();
 }
 
@@ -169,7 +180,12 @@ QString plainText(const std::vector<Run> &runs)
 
 QString plainText(const Paragraph &paragraph)
 {
-    return plainText(runsOf(paragraph));
+    QString text;
+    forEachWord(paragraph, [&text](const Word &word, Separator before) {
+        append(text, before);
+        text += word.text;
+    });
+    return text;
 }
 
 QString plainText(const Line &line)

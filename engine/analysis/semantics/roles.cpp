@@ -39,10 +39,12 @@ bool isCaption(const QString &text)
 
 bool isFootnote(const Page &page, const Paragraph &paragraph, double body)
 {
+    if (paragraph.box.top <= thresholds.minFootnoteTop * page.height ||
+        meanFontSize(paragraph) >= notes::thresholds.maxSmallSize * body) {
+        return false;
+    }
     const QString text = plainText(paragraph).trimmed();
-    return meanFontSize(paragraph) < notes::thresholds.maxSmallSize * body &&
-           paragraph.box.top > thresholds.minFootnoteTop * page.height && !text.isEmpty() &&
-           (text.front().isDigit() || QStringLiteral("*†‡∗§¹²³").contains(text.front()));
+    return !text.isEmpty() && (text.front().isDigit() || QStringLiteral("*†‡∗§¹²³").contains(text.front()));
 }
 
 } // namespace
