@@ -106,8 +106,10 @@ QString latinLanguage(const QString &text, const QString &stated)
     bool clear = words >= thresholds.minWords && *best >= thresholds.minHits &&
                  *best >= thresholds.minFrequent * static_cast<double>(words);
     for (auto other = hits.cbegin(); clear && other != hits.cend(); ++other) {
-        const double lead = isSameLanguage(language(other), stated) ? thresholds.minLeadOverStated : thresholds.minLead;
-        clear = other == best || *best >= lead * *other;
+        if (other != best && *other > 0) {
+            const bool isStated = isSameLanguage(language(other), stated);
+            clear = *best >= (isStated ? thresholds.minLeadOverStated : thresholds.minLead) * *other;
+        }
     }
     return clear ? QString(language(best)) : QString();
 }
@@ -173,10 +175,13 @@ QString languageOfScript(QChar::Script script, const QString &text)
 bool isSameLanguage(const QString &a, const QString &b)
 {
     const auto first = [](const QString &tag) {
-        const QString language = tag.section(QLatin1Char('-'), 0, 0).section(QLatin1Char('_'), 0, 0).toLower();
-        return language == QLatin1String("no") ? QStringLiteral("nb") : language; // Norwegian is mostly Bokmål
+        const auto isSeparator = [](QChar c) { return c == QLatin1Char('-') || c == QLatin1Char('_'); };
+        const auto end = std::find_if(tag.begin(), tag.end(), isSeparator);
+        const QStringView language(tag.begin(), end);
+        const bool norwegian = language.compare(QLatin1String("no"), Qt::CaseInsensitive) == 0;
+        return norwegian ? QStringView(u"nb") : language; // mostly Bokmål
     };
-    return first(a) == first(b);
+    return first(a).compare(first(b), Qt::CaseInsensitive) == 0;
 }
 
 QString languageOfText(const QString &whole, const QString &stated)
