@@ -157,32 +157,72 @@ double usualSize(const WordRefs &words)
 
 using Lines = std::vector<TextLine>;
 
-// Whether lines [first, first + count) are prose: long and made of letters.
-bool areProse(const Lines &lines, std::size_t first, std::size_t count)
+/// What tells prose from other text, for each of some lines.
+class ProseFacts
 {
-    if (count < thresholds.minLines) {
-        return false;
-    }
-    Box all;
-    std::vector<double> letters;
-    std::vector<double> widths;
-    std::size_t words = 0;
-    int numeric = 0;
-    for (std::size_t i = first; i < first + count; ++i) {
-        all = united(all, lines[i].box);
-        int letterSum = 0;
-        for (const RawWord *word : lines[i].words) {
-            letterSum += letterCount(word->text);
-            numeric += looksNumeric(word->text) ? 1 : 0;
+public:
+    explicit ProseFacts(const Lines &lines)
+    {
+        m_facts.reserve(lines.size());
+        for (const TextLine &line : lines) {
+            Facts facts{line.box, line.words.size()};
+            for (const RawWord *word : line.words) {
+                facts.letters += letterCount(word->text);
+                facts.numbers += looksNumeric(word->text) ? 1 : 0;
+            }
+            m_facts.push_back(facts);
         }
-        words += lines[i].words.size();
-        letters.push_back(letterSum);
-        widths.push_back(lines[i].box.width());
     }
-    const double minLetters = count == 2 ? thresholds.minLettersOfTwoLines : thresholds.minLetters;
-    return median(letters) >= minLetters && median(widths) >= thresholds.minLineWidth * all.width() &&
-           numeric < thresholds.maxNumericWords * static_cast<double>(words);
-}
+
+    // Whether lines [first, first + count) are prose: long and made of letters.
+    bool areProse(std::size_t first, std::size_t count) const
+    {
+        if (count < thresholds.minLines) {
+            return false;
+        }
+        Box all;
+        std::vector<double> letters;
+        std::vector<double> widths;
+        std::size_t words = 0;
+        int numbers = 0;
+        for (std::size_t i = first; i < first + count; ++i) {
+            const Facts &line = m_facts[i];
+            all = united(all, line.box);
+            letters.push_back(line.letters);
+            widths.push_back(line.box.width());
+            words += line.words;
+            numbers += line.numbers;
+        }
+        const double minLetters = count == 2 ? thresholds.minLettersOfTwoLines : thresholds.minLetters;
+        return numbers < thresholds.maxNumericWords * static_cast<double>(words) &&
+               median(std::move(letters)) >= minLetters &&
+               median(std::move(widths)) >= thresholds.minLineWidth * all.width();
+    }
+
+    // Whether all lines are prose.
+    bool areProse() const { return areProse(0, m_facts.size()); }
+
+    // Whether some lines in a row are prose.
+    bool holdProse() const
+    {
+        bool found = areProse();
+        for (std::size_t i = 0; i + thresholds.stretch <= m_facts.size() && !found; ++i) {
+            found = areProse(i, thresholds.stretch);
+        }
+        return found;
+    }
+
+private:
+    struct Facts
+    {
+        Box box;
+        std::size_t words = 0;
+        int letters = 0;
+        int numbers = 0; ///< words that are numbers
+    };
+
+    std::vector<Facts> m_facts;
+};
 
 // Whether enough lines begin in the middle of a sentence. Text in capitals, in scripts without them, and text of a few
 // lines does not decide, and is taken for text that does.
@@ -222,20 +262,10 @@ public:
     const Lines &lines() const { return m_lines; }
     bool hasObstacle() const { return m_hasObstacle; }
 
-    bool isText() const { return areProse(m_lines, 0, m_lines.size()) && goesOn(m_lines, m_rightToLeft); }
+    bool isText() const { return goesOn(m_lines, m_rightToLeft) && ProseFacts(m_lines).areProse(); }
 
     // A column may hold a table or a list beside its text.
-    bool hasText() const
-    {
-        if (!goesOn(m_lines, m_rightToLeft)) {
-            return false;
-        }
-        bool found = areProse(m_lines, 0, m_lines.size());
-        for (std::size_t i = 0; i + thresholds.stretch <= m_lines.size() && !found; ++i) {
-            found = areProse(m_lines, i, thresholds.stretch);
-        }
-        return found;
-    }
+    bool hasText() const { return goesOn(m_lines, m_rightToLeft) && ProseFacts(m_lines).holdProse(); }
 
     // Whether most lines begin where others do: at the edge of the column, or at an indent.
     bool isAligned() const { return agree(m_rightToLeft, thresholds.minAligned); }
@@ -365,8 +395,7 @@ std::vector<Candidate> oneOfEachStrip(std::vector<Candidate> candidates, int wid
 
 bool areProseLines(const WordRefs &words)
 {
-    const Lines lines = textLinesOf(words);
-    return areProse(lines, 0, lines.size());
+    return ProseFacts(textLinesOf(words)).areProse();
 }
 
 bool continues(const ColumnGap &gap, const ColumnGap &other)
