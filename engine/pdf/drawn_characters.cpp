@@ -97,8 +97,12 @@ bool DrawnCharacters::add(const GfxState *state, double x, double y, int bytes, 
 const DrawnCharacters::Character *DrawnCharacters::find(const Character &wanted) const
 {
     const double reach = std::min(thresholds.maxShift * wanted.size, thresholds.cellSize);
-    for (int cellX = cellOf(wanted.x - reach); cellX <= cellOf(wanted.x + reach); ++cellX) {
-        for (int cellY = cellOf(wanted.y - reach); cellY <= cellOf(wanted.y + reach); ++cellY) {
+    const int firstX = cellOf(wanted.x - reach);
+    const int firstY = cellOf(wanted.y - reach);
+    const int lastX = cellOf(wanted.x + reach);
+    const int lastY = cellOf(wanted.y + reach);
+    for (int cellX = firstX; cellX <= lastX; ++cellX) {
+        for (int cellY = firstY; cellY <= lastY; ++cellY) {
             for (int i = m_buckets[bucketOf(wanted.text, cellX, cellY)]; i >= 0;) {
                 const Character &other = m_characters[static_cast<std::size_t>(i)];
                 if (other.text == wanted.text && std::abs(other.x - wanted.x) <= reach &&
@@ -163,13 +167,16 @@ DrawnCharacters::Appearance DrawnCharacters::appearanceOf(int position, int byte
     }
     appearance.invisible = 2 * invisible > bytes;
     appearance.overprinted = 2 * repeated > bytes;
-    for (const Covered &cover : m_covers) {
-        if (cover.position <= position || !isUnder(body, cover.box)) {
+    auto cover = std::upper_bound(m_covers.begin(), m_covers.end(), position, [](int value, const Covered &each) {
+        return value < each.position;
+    });
+    for (; cover != m_covers.end(); ++cover) {
+        if (!isUnder(body, cover->box)) {
             continue;
         }
-        if (cover.position > drawnAt) {
+        if (cover->position > drawnAt) {
             appearance.covered = true;
-            appearance.underImage = cover.kind == Cover::Image;
+            appearance.underImage = cover->kind == Cover::Image;
         } else { // drawn once more, on the cover
             appearance.overprinted = false;
         }

@@ -98,7 +98,7 @@ private:
     std::vector<int> m_buckets;
     std::vector<Repetition> m_repetitions;
     std::vector<Range> m_invisible;
-    std::vector<Covered> m_covers;
+    std::vector<Covered> m_covers; ///< sorted by position, as they are painted
 };
 
 } // namespace quorra
