@@ -40,12 +40,15 @@ public:
     void read(const TextWord *word)
     {
         QString text;
+        text.reserve(word->getLength());
         for (int i = 0; i < word->getLength(); ++i) {
-            text += QString::fromUcs4(reinterpret_cast<const char32_t *>(word->getChar(i)), 1);
+            if (const char32_t letter = *word->getChar(i); letter != QChar::ByteOrderMark) {
+                text += QChar::fromUcs4(letter);
+            }
         }
         model::RawWord own;
         own.text = model::plainLetters(model::uprightBrackets(model::logicalWord(text)));
-        if (own.text.trimmed().isEmpty()) {
+        if (std::all_of(own.text.cbegin(), own.text.cend(), [](QChar c) { return c.isSpace(); })) {
             return;
         }
         word->getBBox(&own.box.left, &own.box.top, &own.box.right, &own.box.bottom);
