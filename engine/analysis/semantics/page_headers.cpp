@@ -99,8 +99,18 @@ std::vector<EdgeLine> edgeLines(const RawPage &page)
     return found;
 }
 
+// Whether the text ends like Arabic and Roman numbers, and those in dashes.
+bool endsLikeNumber(const QString &text)
+{
+    static const QString others = QStringLiteral("ivxlIVXL-–—");
+    return !text.isEmpty() && (text.back().isDigit() || others.contains(text.back()));
+}
+
 bool isPageNumber(const QString &text)
 {
+    if (!endsLikeNumber(text)) {
+        return false; // most lines are spared the regular expression
+    }
     static const QRegularExpression number(
         QStringLiteral("^(?:[-–—] ?|(?:%1) ?)?(?:\\d{1,4}|[ivxl]{1,6})(?: ?[-–—]| ?(?:%2) ?\\d{1,4})?$")
             .arg(pageNames, pageCountSeparators),

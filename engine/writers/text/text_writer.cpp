@@ -35,6 +35,9 @@ constexpr Thresholds thresholds;
 /// Replaces rows of dots, which fill the gaps of lines, by three of them.
 QString withShortLeaders(QString text)
 {
+    if (!text.contains(QLatin1String("..")) && !text.contains(QLatin1String(". . "))) {
+        return text.trimmed();
+    }
     static const QRegularExpression dots(QStringLiteral(R"(\.{6,}|(?:\. ){5,}\.?)"));
     return text.replace(dots, QStringLiteral("... "))
         .replace(QStringLiteral("...  "), QStringLiteral("... "))
@@ -260,23 +263,27 @@ QString tableAsText(const Table &table)
 {
     const std::vector<CellText> texts = cellTexts(table);
     const std::vector<qsizetype> starts = columnStarts(texts, table.columns());
+    std::vector<std::vector<const CellText *>> rows(static_cast<std::size_t>(table.rows()));
+    for (const CellText &text : texts) {
+        rows[static_cast<std::size_t>(text.row)].push_back(&text);
+    }
     QString all;
-    for (int row = 0; row < table.rows(); ++row) {
+    for (const std::vector<const CellText *> &row : rows) {
         qsizetype height = 0;
-        for (const CellText &text : texts) {
-            height = text.row == row ? std::max(height, text.lines.size()) : height;
+        for (const CellText *text : row) {
+            height = std::max(height, text->lines.size());
         }
         for (qsizetype i = 0; i < height; ++i) {
             QString line;
-            for (const CellText &text : texts) {
-                if (text.row != row || i >= text.lines.size()) {
+            for (const CellText *text : row) {
+                if (i >= text->lines.size()) {
                     continue;
                 }
-                const int behind = text.column + text.columnSpan;
+                const int behind = text->column + text->columnSpan;
                 const auto afterLast = static_cast<std::size_t>(behind);
                 const qsizetype end = starts[afterLast] - thresholds.columnGap;
-                const qsizetype start = starts[static_cast<std::size_t>(text.column)];
-                put(line, text.lines[i], text.right ? std::max(start, end - text.lines[i].size()) : start);
+                const qsizetype start = starts[static_cast<std::size_t>(text->column)];
+                put(line, text->lines[i], text->right ? std::max(start, end - text->lines[i].size()) : start);
             }
             all += line + QLatin1Char('\n');
         }
