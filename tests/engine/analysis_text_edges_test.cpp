@@ -706,6 +706,34 @@ private Q_SLOTS:
     void usualSteps() { checkRow(stepEdges()); }
     void tabs_data() { addRows(tabEdges()); }
     void tabs() { checkRow(tabEdges()); }
+
+    // Dots that are drawn together with the words of an entry. Each is as wide as a dot can be at this font size.
+    void leadersAreCutOffTheirWords()
+    {
+        Words words{word(QStringLiteral("Contents.....4"), 100, 70, 100), word(QStringLiteral("so...."), 200, 30, 100)};
+        cutLeadersOff(words);
+        QCOMPARE(words.size(), std::size_t(4));
+        QCOMPARE(words[0].text, QStringLiteral("Contents"));
+        QCOMPARE(words[1].text, QStringLiteral("....."));
+        QCOMPARE(words[2].text, QStringLiteral("4"));
+        QCOMPARE(words[3].text, QStringLiteral("so....")); // an ellipsis
+        QCOMPARE(words[0].box.left, 100.0);
+        QCOMPARE(words[1].box.left, words[0].box.right);
+        QCOMPARE(words[1].box.width(), 5 * leaderWords::thresholds.dotWidth * em);
+        QCOMPARE(words[2].box.left, words[1].box.right);
+        QCOMPARE(words[2].box.right, 170.0);
+        QVERIFY(words[0].spaceAfter && !words[0].endsLine && words[2].endsLine);
+    }
+
+    // Where the text runs in another direction, or is nothing but dots, words stay whole.
+    void otherLeadersStay()
+    {
+        Words words{word(QStringLiteral("Contents....."), 100, 70, 100), word(QStringLiteral("......"), 200, 30, 100)};
+        words.front().rotation = 90;
+        cutLeadersOff(words);
+        QCOMPARE(words.size(), std::size_t(2));
+        QCOMPARE(words.front().text, QStringLiteral("Contents....."));
+    }
     void paragraphs_data() { addRows(paragraphEdges()); }
     void paragraphs() { checkRow(paragraphEdges()); }
 };
