@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/failure.h"
 #include "convert/convert.h"
+#include "platform/guards.h"
 #include "platform/limits.h"
 #include "platform/progress.h"
 #include "platform/streams.h"
@@ -30,6 +31,13 @@ void hidePasswords(int count, char **arguments)
     }
 }
 
+/// Returns a line with the guards that a conversion has. It tells what the system has accepted, so this process can
+/// hardly do anything afterwards.
+std::string activeGuards()
+{
+    return "guards: " + quorra::guards::describe(quorra::guards::lockIn({}, quorra::guards::Programs::None)) + '\n';
+}
+
 /// Answers --help or --version, which must be the only argument, on standard output; returns whether it was one of
 /// them.
 bool answered(const std::vector<std::string> &arguments)
@@ -37,8 +45,8 @@ bool answered(const std::vector<std::string> &arguments)
     if (arguments.size() != 1 || (arguments[0] != "--help" && arguments[0] != "--version")) {
         return false;
     }
-    const std::string text =
-        arguments[0] == "--help" ? quorra::helpText(quorra::outputExtensions()) : quorra::versionText();
+    const std::string text = arguments[0] == "--help" ? quorra::helpText(quorra::outputExtensions())
+                                                      : quorra::versionText() + activeGuards();
     std::fputs(text.c_str(), stdout);
     return true;
 }

@@ -3,17 +3,21 @@
 
 #include "base/failure.h"
 #include "cli/page_range.h"
+#include "guard_rules.h"
+#include "libreoffice/libreoffice.h"
 #include "ocr/recogniser.h"
 #include "picture_rules.h"
 #include "platform/limits.h"
 #include "platform/output_file.h"
 #include "platform/page_time.h"
 #include "platform/part_file.h"
+#include "platform/temp_folder.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <iterator>
+#include <optional>
 
 namespace quorra {
 
@@ -34,6 +38,12 @@ constexpr std::array<Row, 26> rows = {{
     {".pnm", convertToImages},     {".gif", convertToImages},  {".bmp", convertToImages},  {".ppm", convertToImages},
     {".pbm", convertToImages},     {".pgm", convertToImages},
 }};
+
+bool exportsThroughOffice(Converter converter)
+{
+    constexpr std::array<Converter, 3> converters = {convertToWord, convertToSlides, convertToSheets};
+    return std::find(converters.begin(), converters.end(), converter) != converters.end();
+}
 
 /// Throws Failure for a language that the user asked for and that cannot be recognised.
 void checkLanguages(const std::vector<std::string> &languages)
@@ -105,12 +115,19 @@ void convert(const Options &options)
                                                  : "unknown output extension " + extension);
     }
     checkLanguages(options.recognitionLanguages);
+    std::optional<TempFolder> folder;
+    if (exportsThroughOffice(converter)) {
+        office::sweepSockets();
+        folder.emplace();
+    }
+    guards::lockIn(
+        guardRules(options, folder ? folder->path() : std::string()),
+        folder ? guards::Programs::ByFileRules : guards::Programs::None);
     PdfFile file(options.inputPath, options.userPassword, options.ownerPassword);
     const PageRange range = pageRange(options, file.pageCount());
     // Remove part files left by killed runs.
-    const std::size_t slash = options.outputPath.rfind('/');
-    sweepPartFiles(slash == std::string::npos ? "." : options.outputPath.substr(0, slash + 1));
-    const Job job{options, file, range.first, range.last};
+    sweepPartFiles(folderOf(options.outputPath));
+    const Job job{options, file, range.first, range.last, folder ? &*folder : nullptr};
     limitTime(job, finerThanUsual(options));
     converter(job);
     syncFolderOf(options.outputPath);

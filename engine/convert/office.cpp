@@ -76,8 +76,7 @@ void convertThroughOffice(
     OutputFile output(job.options.outputPath);
     const std::string program =
         findOffice(officeCandidates(std::getenv("QUORRA_SOFFICE"), std::getenv("PATH")), component);
-    sweepSockets();
-    const TempFolder folder;
+    const TempFolder &folder = *job.folder;
     const std::string source = folder.path() + "/document.xml";
     {
         PdfFilePool pool(job.file);

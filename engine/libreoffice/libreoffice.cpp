@@ -4,7 +4,9 @@
 #include "base/failure.h"
 #include "platform/child_process.h"
 #include "platform/limits.h"
+#include "platform/output_file.h"
 #include "platform/progress.h"
+#include "platform/system_files.h"
 #include "platform/temp_folder.h"
 
 #include <QCryptographicHash>
@@ -161,8 +163,8 @@ bool endsWith(std::string_view text, std::string_view end)
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
-/// Removes the sockets of these profiles. LibreOffice prefixes the name with the user ID, unless the user has no entry
-/// in the password database, so sockets are identified by the rest of the name.
+/// Removes the sockets of these profiles, whoever's they are. LibreOffice prefixes the name with a user ID, unless it
+/// cannot tell it, so sockets are identified by the rest of the name.
 void removeSockets(const std::vector<std::string> &profileAddresses)
 {
     if (profileAddresses.empty()) {
@@ -183,6 +185,50 @@ void removeSockets(const std::vector<std::string> &profileAddresses)
             }
         }
     }
+}
+
+/// Removes the socket of a profile of this user. Unlike removeSockets(), it does not list the folders, which a guarded
+/// process cannot.
+void removeOwnSocket(const std::string &profileAddress)
+{
+    const std::string name = socketName(profileAddress);
+    for (const char *folder : socketFolders) {
+        std::string path = std::string(folder) + "/" + std::string(socketPrefix);
+        unlink((path + name).c_str());
+        path.append(std::to_string(getuid())).append("_").append(name);
+        unlink(path.c_str());
+    }
+}
+
+// Where the packages of distributions keep parts of the installation, to which it has links.
+constexpr std::array<const char *, 3> linkedFolders = {
+    "/etc/libreoffice", "/var/lib/libreoffice", "/var/spool/libreoffice"};
+
+using guards::Access;
+
+void append(guards::FileRules &rules, const guards::FileRules &more)
+{
+    rules.insert(rules.end(), more.begin(), more.end());
+}
+
+/// What LibreOffice needs, besides fonts and libraries of the system.
+guards::FileRules officeRules(const std::string &program, const std::string &folder)
+{
+    guards::FileRules rules = guards::programFiles(program);
+    std::error_code error;
+    const fs::path real = fs::canonical(program, error);
+    // Another folder may be that of a script, such as the user's home.
+    if (!error && real.parent_path().filename() == "program") {
+        rules.push_back({Access::Read, real.parent_path().parent_path().string()});
+    }
+    for (const char *linked : linkedFolders) {
+        rules.push_back({Access::Read, linked});
+    }
+    for (const char *sockets : socketFolders) {
+        rules.push_back({Access::Sockets, sockets});
+    }
+    rules.push_back({Access::ChangeAll, folder});
+    return rules;
 }
 
 /// Processor time of all child processes that have been reaped.
@@ -278,6 +324,13 @@ void sweepSockets()
     removeSockets(addresses);
 }
 
+guards::FileRules exportRules(const std::string &program, const std::string &folder)
+{
+    guards::FileRules rules = officeRules(program, folder);
+    rules.push_back({Access::RemoveFolders, folderOf(folder)});
+    return rules;
+}
+
 std::string exportFile(
     const TempFolder &folder, const std::string &program, const std::string &sourcePath, std::string_view extension,
     int pageCount, std::chrono::milliseconds processorTime)
@@ -312,6 +365,12 @@ std::string exportFile(
     command.wallLimit = limit;
 
     progress::show("Exporting with LibreOffice");
+    if (!guards::isScript(program)) {
+        command.files = officeRules(program, folder.path());
+        append(command.files, guards::systemFiles());
+        append(command.files, guards::fontFiles());
+    }
+
     const std::chrono::microseconds before = timeOfChildren();
     ChildResult result;
     int starts = 0;
@@ -319,7 +378,7 @@ std::string exportFile(
         result = runChild(command);
     } while (result.end == ChildEnd::Exited && result.status == restartStatus && ++starts < mostStarts);
     // It removes its socket unless it is killed.
-    removeSockets({address});
+    removeOwnSocket(address);
     // The system kills it at this limit, or slightly earlier, because it counts clock ticks.
     if (result.end == ChildEnd::Signalled &&
         timeOfChildren() - before >= ticksError * std::chrono::seconds{command.cpuSeconds}) {

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "entry_point.h"
 #include "ocr/recogniser.h"
+#include "platform/system_files.h"
 #include "recognition_data.h"
 
+#include <algorithm>
 #include <climits>
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -41,10 +44,20 @@ fs::path executableFolder()
 #endif
 }
 
+fs::path moduleFolder()
+{
+    return chosenFolder().empty() ? executableFolder() : fs::path(chosenFolder());
+}
+
+bool isIn(const fs::path &path, const fs::path &folder)
+{
+    return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
+}
+
 /// Returns null if the module, or a library that it needs, is missing, or if it is of another version.
 const Module *loadModule()
 {
-    const fs::path folder = chosenFolder().empty() ? executableFolder() : fs::path(chosenFolder());
+    const fs::path folder = moduleFolder();
     // Without a folder, the system would look for the name elsewhere.
     if (folder.empty()) {
         return nullptr;
@@ -63,6 +76,20 @@ const Module *loadModule()
 void setModuleFolder(const std::string &folder)
 {
     chosenFolder() = folder;
+}
+
+guards::FileRules recognitionFiles()
+{
+    guards::FileRules rules = guards::linkedFolder(dataFolder());
+    const fs::path folder = moduleFolder();
+    rules.push_back({guards::Access::Read, (folder / QUORRA_OCR_MODULE).string()});
+    // The program may have been copied to the home itself, with all the files there around it.
+    const char *const home = std::getenv("HOME");
+    std::error_code error;
+    if (!folder.empty() && (home == nullptr || !isIn(fs::canonical(home, error), folder))) {
+        rules.push_back({guards::Access::Read, folder.string()});
+    }
+    return rules;
 }
 
 std::unique_ptr<Recogniser> makeRecogniser(const std::string &languages)

@@ -59,7 +59,8 @@ void limit(Resource resource, rlim_t value)
     setrlimit(resource, &both);
 }
 
-[[noreturn]] void becomeCommand(const ChildCommand &command, char **arguments, char **environment, pid_t parent)
+[[noreturn]] void becomeCommand(
+    const ChildCommand &command, const guards::PreparedRules &files, char **arguments, char **environment, pid_t parent)
 {
     setpgid(0, 0);
     platform::dieWithParent(parent);
@@ -86,6 +87,7 @@ void limit(Resource resource, rlim_t value)
         close(nowhere);
     }
     if (command.workingFolder.empty() || chdir(command.workingFolder.c_str()) == 0) {
+        files.enter();
         execve(command.program.c_str(), arguments, environment);
     }
     _exit(notStartedStatus);
@@ -127,13 +129,15 @@ ChildResult runChild(const ChildCommand &command)
     const std::vector<char *> arguments = pointers(argumentTexts);
     const std::vector<char *> environment = pointers(environmentTexts);
 
+    const guards::PreparedRules files(command.files);
     const pid_t parent = getpid();
     const pid_t child = fork();
     if (child < 0) {
         return {};
     }
     if (child == 0) {
-        becomeCommand(command, const_cast<char **>(arguments.data()), const_cast<char **>(environment.data()), parent);
+        becomeCommand(
+            command, files, const_cast<char **>(arguments.data()), const_cast<char **>(environment.data()), parent);
     }
     setpgid(child, child);
     bool inTime = false;

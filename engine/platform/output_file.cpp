@@ -22,12 +22,6 @@ constexpr std::size_t bufferBytes = 64 * 1024;
     throw Failure(ExitStatus::CannotWrite, "cannot write " + path + ": " + std::strerror(error));
 }
 
-std::string folderOf(const std::string &path)
-{
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
-}
-
 /// Calls `writeSome`, which gets the remaining bytes and returns how many it has written, until none remain.
 template <typename WriteSome>
 void writeAll(std::string_view bytes, const std::string &path, WriteSome writeSome)
@@ -139,6 +133,12 @@ void OutputFile::append(std::string_view bytes)
 {
     writeAll(
         bytes, m_path, [this](std::string_view rest) { return ::write(m_file.descriptor, rest.data(), rest.size()); });
+}
+
+std::string folderOf(const std::string &path)
+{
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
 }
 
 void syncFolderOf(const std::string &path)

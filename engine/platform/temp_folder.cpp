@@ -5,6 +5,7 @@
 #include "platform/part_file.h"
 #include "platform/platform.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
@@ -41,12 +42,37 @@ std::string resolvedPath(const std::string &folder)
     return error ? folder : resolved.string();
 }
 
+/// Returns whether programs of the user's locale take the bytes of names for UTF-8. The C library asks the variables in
+/// this order.
+bool namesAreUtf8()
+{
+    for (const char *variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        const char *const value = std::getenv(variable);
+        if (value && *value) {
+            return strcasestr(value, "utf-8") || strcasestr(value, "utf8");
+        }
+    }
+    return false;
+}
+
+bool isAscii(const std::string &text)
+{
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+/// LibreOffice would work in a folder of another name, beside this one.
+bool isMisread(const std::string &folder)
+{
+    return !isAscii(folder) && !namesAreUtf8();
+}
+
 /// $TMPDIR, unless it is not an absolute path or LibreOffice cannot use it.
 std::string parentFolder()
 {
     const char *const given = std::getenv("TMPDIR");
     const std::string folder = resolvedPath(given && *given == '/' ? given : systemFolder);
-    return folder.find_first_of(unusable) == std::string::npos ? folder : resolvedPath(systemFolder);
+    const bool good = folder.find_first_of(unusable) == std::string::npos && !isMisread(folder);
+    return good ? folder : resolvedPath(systemFolder);
 }
 
 bool isOurs(const std::string &path)

@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <array>
 
 using namespace quorra;
 using namespace quorra::office;
@@ -30,6 +31,7 @@ private Q_SLOTS:
     void startsAgainWhenAskedTo();
     void avoidsFoldersThatLibreOfficeCannotName_data();
     void avoidsFoldersThatLibreOfficeCannotName();
+    void avoidsNamesThatLibreOfficeMisreads();
     void tellsWhatWentWrong_data();
     void tellsWhatWentWrong();
     void endsWhatTakesTooMuchTime();
@@ -196,6 +198,33 @@ void OfficeHelperTest::avoidsFoldersThatLibreOfficeCannotName()
     const std::string line = failureOf(
         [&] { exportFile(folder, program.toStdString(), folder.path() + "/in.xml", ".doc", 1, timeEnough); }, status);
     QVERIFY2(line.empty(), line.c_str());
+}
+
+/// With a locale that is not one of UTF-8, LibreOffice takes the bytes of such a name for other letters.
+void OfficeHelperTest::avoidsNamesThatLibreOfficeMisreads()
+{
+    const QTemporaryDir around;
+    const QString name = QStringLiteral("caf\u00e9");
+    QVERIFY(QDir(around.path()).mkdir(name));
+    const std::array<const char *, 3> variables = {"TMPDIR", "LC_ALL", "LANG"};
+    std::array<QByteArray, 3> inherited;
+    std::transform(
+        variables.begin(), variables.end(), inherited.begin(), [](const char *each) { return qgetenv(each); });
+    const auto restore = qScopeGuard([&] {
+        for (std::size_t i = 0; i < variables.size(); ++i) {
+            inherited[i].isNull() ? qunsetenv(variables[i]) : qputenv(variables[i], inherited[i]);
+        }
+    });
+    const QByteArray folder = around.filePath(name).toUtf8();
+    qputenv("TMPDIR", folder);
+    qputenv("LC_ALL", "C");
+    QVERIFY(!QByteArray::fromStdString(TempFolder().path()).startsWith(folder));
+    qputenv("LC_ALL", "de_AT.utf8");
+    QVERIFY(QByteArray::fromStdString(TempFolder().path()).startsWith(folder));
+    qputenv("LC_ALL", "");
+    qputenv("LANG", "en_US.UTF-8");
+    qunsetenv("LC_CTYPE");
+    QVERIFY(QByteArray::fromStdString(TempFolder().path()).startsWith(folder));
 }
 
 void OfficeHelperTest::tellsWhatWentWrong_data()

@@ -11,6 +11,8 @@
 
 namespace quorra {
 
+class TempFolder;
+
 /// A conversion of the pages `firstPage` to `lastPage` (numbered from 1, inclusive, both in the file) of an open
 /// file.
 struct Job
@@ -19,6 +21,7 @@ struct Job
     PdfFile &file;
     int firstPage;
     int lastPage;
+    const TempFolder *folder = nullptr; ///< for the source of LibreOffice and what it makes; null for other formats
 
     int pageCount() const { return lastPage - firstPage + 1; }
 };
@@ -54,7 +57,8 @@ TimeAllowance timeAllowed(const Job &job, double finer, int scans = 0);
 /// Applies these limits to this process, and returns them.
 TimeAllowance limitTime(const Job &job, double finer, int scans = 0);
 
-/// Opens the input, determines the page range and converts. Throws Failure.
+/// Opens the input, determines the page range and converts. Throws Failure. Before it opens the input, it restricts the
+/// process to what the conversion needs (see platform/guards.h); the process cannot do another one with other files.
 void convert(const Options &options);
 
 } // namespace quorra

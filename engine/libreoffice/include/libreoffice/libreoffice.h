@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/guards.h"
+
 #include <chrono>
 #include <string>
 #include <string_view>
@@ -32,9 +34,15 @@ std::string socketName(const std::string &profileAddress);
 /// TempFolder: that removes the folders from which the names of the sockets are derived.
 void sweepSockets();
 
+/// Returns what this process must be allowed to do with files, so that exportFile() with the program, which need not
+/// exist, and with a folder of this path can do its work and clean up.
+guards::FileRules exportRules(const std::string &program, const std::string &folder);
+
 /// Exports a flat ODF file in `folder` to the format of the extension (lower case, with its dot). `program` is the
 /// result of findOffice(). LibreOffice may use `processorTime`, rounded down to seconds. Returns the path of the new
 /// file, which is in `folder`, as are all files that LibreOffice creates for itself; its installation is not modified.
+/// LibreOffice can read itself and the system's fonts, and nothing else; a script instead of it, which only the user
+/// can name, can do what this process can.
 /// Throws Failure(Helper), Failure(Limit) or Failure(CannotWrite).
 std::string exportFile(
     const TempFolder &folder, const std::string &program, const std::string &sourcePath, std::string_view extension,

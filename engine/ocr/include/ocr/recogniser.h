@@ -3,6 +3,7 @@
 
 #include "document/recognised_picture.h"
 #include "image/raster.h"
+#include "platform/guards.h"
 
 #include <chrono>
 #include <memory>
@@ -42,6 +43,9 @@ std::unique_ptr<Recogniser> makeRecogniser(const std::string &languages);
 /// Returns the names of the installed recognition data in alphabetical order ("deu", "eng"), without those that are not
 /// for a language; empty if there are none. Does not load the module.
 std::vector<std::string> installedLanguages();
+
+/// Returns the rules for the files that makeRecogniser() needs and the system does not have in its own folders.
+guards::FileRules recognitionFiles();
 
 /// Sets the folder of the module, before the first recogniser is made. By default, it is that of the executable.
 void setModuleFolder(const std::string &folder);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/guards.h"
+
 #include <chrono>
 #include <cstdint>
 #include <string>
@@ -18,6 +20,7 @@ struct ChildCommand
     std::uint64_t addressSpaceBytes = 0;  ///< 0: inherited
     unsigned cpuSeconds = 0;              ///< 0: inherited
     std::chrono::milliseconds wallLimit{60'000};
+    guards::FileRules files; ///< all that it can use; empty: what this process can use
 };
 
 enum class ChildEnd { Exited, Signalled, TimedOut, NotStarted };

@@ -47,6 +47,9 @@ private:
     std::string m_buffer;
 };
 
+/// Returns the folder that the path is in: "." for a plain name.
+std::string folderOf(const std::string &path);
+
 /// Syncs the names in the folder of this path to disk. Call it once, after the last file of a run. Throws
 /// Failure(CannotWrite).
 void syncFolderOf(const std::string &path);

@@ -6,7 +6,8 @@
 
 namespace quorra {
 
-/// A private folder (mode 0700) under $TMPDIR, or under /tmp where LibreOffice cannot use that (its path holds ; or |).
+/// A private folder (mode 0700) under $TMPDIR, or under /tmp where LibreOffice cannot use that: its path has ; or |, or
+/// letters outside ASCII where the locale is not one of UTF-8.
 /// The destructor removes it with everything in it; the constructor removes folders left by killed runs.
 class TempFolder
 {

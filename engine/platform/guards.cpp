@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/guards.h"
+
+namespace quorra::guards {
+
+std::string describe(const Active &active)
+{
+    std::string text;
+    if (active.landlock > 0) {
+        text = "Landlock " + std::to_string(active.landlock);
+    }
+    if (active.seccomp) {
+        text += text.empty() ? "seccomp" : ", seccomp";
+    }
+    return text.empty() ? "none" : text;
+}
+
+} // namespace quorra::guards
