@@ -53,6 +53,30 @@ private Q_SLOTS:
         QCOMPARE(document.pages.front().sections.back().columns.size(), std::size_t(2));
     }
 
+    // The longest line of an address ends nowhere in particular.
+    void oneLongLineMakesNoMargin_data()
+    {
+        QTest::addColumn<bool>("otherLines");
+        QTest::newRow("an address alone") << false;
+        QTest::newRow("above lines that end with it") << true;
+    }
+
+    void oneLongLineMakesNoMargin()
+    {
+        QFETCH(bool, otherLines);
+        PageMaker page;
+        page.text(300, 100, QStringLiteral("35 Old Harbour Lane"));
+        page.text(300, 112, QStringLiteral("69100 Oakham"));
+        if (otherLines) {
+            page.text(300, 160, QStringLiteral("35 Old Harbour Lane"));
+            page.text(300, 172, QStringLiteral("69100 Oakham"));
+        }
+        const Document document = page.build();
+        const Paragraph *paragraph = paragraphWith(document, QStringLiteral("Old Harbour"));
+        QVERIFY(paragraph && paragraph->lines.size() == 2);
+        QCOMPARE(paragraph->alignment, otherLines ? Alignment::Justify : Alignment::Left);
+    }
+
     // A caption whose first line is all bold: what looks like a heading goes on in the middle of a word.
     void aWordCutAtALinesEndKeepsTheParagraphTogether()
     {

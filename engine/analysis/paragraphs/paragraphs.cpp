@@ -58,8 +58,17 @@ bool isCentred(const std::vector<Line> &lines, const Box &column)
     return inMiddle && atEdge <= 1 && last->box.centreX() - first->box.centreX() <= thresholds.sameCentre;
 }
 
-Alignment alignmentOf(const std::vector<Line> &lines, const Box &column)
+/// The column that a paragraph stands in. Its right edge is a margin if more than one line ends there; otherwise, it is
+/// only where the longest line happens to end.
+struct ParagraphColumn
 {
+    Box box;
+    bool hasRightMargin = true;
+};
+
+Alignment alignmentOf(const std::vector<Line> &lines, const ParagraphColumn &place)
+{
+    const Box &column = place.box;
     const std::size_t n = lines.size();
     if (n == 1) {
         const Box &box = lines.front().box;
@@ -77,23 +86,24 @@ Alignment alignmentOf(const std::vector<Line> &lines, const Box &column)
     const auto left = [](const Line &l) { return l.box.left; };
     const auto right = [](const Line &l) { return l.box.right; };
     const bool rights = agree(lines, 0, n - 1, right);
+    const bool fillsFirst =
+        place.hasRightMargin && n == 2 && column.right - lines.front().box.right < lineThresholds.sameEdge;
     const bool lefts = n == 2 ? agree(lines, 0, n, left) : agree(lines, 1, n, left);
     if (lefts) {
-        return (n > 2 && rights) || (n == 2 && column.right - lines.front().box.right < lineThresholds.sameEdge)
-                   ? Alignment::Justify
-                   : Alignment::Left;
+        return (n > 2 && rights) || fillsFirst ? Alignment::Justify : Alignment::Left;
     }
     if (isCentred(lines, column)) {
         return Alignment::Centre;
     }
-    if (n == 2 && column.right - lines.front().box.right < lineThresholds.sameEdge) {
+    if (fillsFirst) {
         return Alignment::Justify; // the first line is indented
     }
     return agree(lines, 0, n, right) ? Alignment::Right : rights ? Alignment::Justify : Alignment::Left;
 }
 
-void measure(Paragraph &paragraph, const Box &column)
+void measure(Paragraph &paragraph, const ParagraphColumn &place)
 {
+    const Box &column = place.box;
     const std::vector<Line> &lines = paragraph.lines;
     double left = lines.front().box.left;
     double right = lines.front().box.right;
@@ -101,7 +111,7 @@ void measure(Paragraph &paragraph, const Box &column)
         left = i == 1 ? lines[i].box.left : std::min(left, lines[i].box.left);
         right = std::max(right, lines[i].box.right);
     }
-    paragraph.alignment = alignmentOf(lines, column);
+    paragraph.alignment = alignmentOf(lines, place);
     if (paragraph.rightToLeft && paragraph.alignment != Alignment::Centre) {
         paragraph.alignment = Alignment::Right;
     }
@@ -197,7 +207,7 @@ void finishLines(std::vector<Line> &lines, bool keepBreaks, bool withMark)
     }
 }
 
-Paragraph makeParagraph(std::vector<Line> lines, const Box &column, const ParagraphTag &tag = {})
+Paragraph makeParagraph(std::vector<Line> lines, const ParagraphColumn &column, const ParagraphTag &tag = {})
 {
     Paragraph paragraph;
     paragraph.lines = std::move(lines);
@@ -217,7 +227,7 @@ Paragraph makeParagraph(std::vector<Line> lines, const Box &column, const Paragr
     }
     finishLines(paragraph.lines, isFixedPitch(paragraph.lines), paragraph.listItem.has_value());
     if (tag.paragraph) {
-        keepMeantBreaks(paragraph, column);
+        keepMeantBreaks(paragraph, column.box);
     }
     paragraph.preformatted = isPreformatted(paragraph);
     return paragraph;
@@ -291,6 +301,10 @@ std::vector<Paragraph> paragraphsOf(const std::vector<TextLine> &lines, const Bo
 {
     std::vector<Paragraph> paragraphs;
     const ParagraphBreaks breaks(lines, column);
+    const auto atRightEdge = std::count_if(lines.begin(), lines.end(), [&column](const TextLine &line) {
+        return column.right - line.box.right < lineThresholds.sameEdge;
+    });
+    const ParagraphColumn place{column, atRightEdge > 1};
     double lastBaseline = 0;
     for (std::size_t start = 0; start < lines.size();) {
         std::size_t end = start + 1;
@@ -302,7 +316,7 @@ std::vector<Paragraph> paragraphsOf(const std::vector<TextLine> &lines, const Bo
             own.push_back(lineOf(lines[i], styles, breaks.tabs(i)));
         }
         const auto at = [&lines](std::size_t i) { return lines.begin() + static_cast<std::ptrdiff_t>(i); };
-        paragraphs.push_back(makeParagraph(std::move(own), column, tagOf({at(start), at(end)})));
+        paragraphs.push_back(makeParagraph(std::move(own), place, tagOf({at(start), at(end)})));
         paragraphs.back().dropCapLines = lines[start].dropCapLines;
         setTabStops(paragraphs.back(), lines, start, end, breaks, column);
         if (start > 0) {
@@ -334,7 +348,7 @@ std::vector<Paragraph> cellParagraphs(const WordRefs &words, const Box &cell, St
                 paragraphs.back().box = united(paragraphs.back().box, line.box);
                 paragraphs.back().lines.push_back(line);
             } else {
-                paragraphs.push_back(makeParagraph({line}, cell));
+                paragraphs.push_back(makeParagraph({line}, {cell}));
                 paragraphs.back().rotation = word->rotation;
             }
         }
