@@ -91,6 +91,7 @@ bool TextGrid::isNextCell(const Piece &piece, const RawWord &word) const
 
 void TextGrid::addPiece(GridRow &row, const Segment &segment) const
 {
+    const std::size_t before = row.pieces.size();
     std::vector<Piece> pieces;
     for (const RawWord *word : segment.words) {
         const Box body = bodyOf(*word);
@@ -121,6 +122,7 @@ void TextGrid::addPiece(GridRow &row, const Segment &segment) const
             piece.span = std::max(1, end - piece.column);
         }
         if (last && last->end() > piece.column) { // both reach into the column: one cell
+            row.joined = row.joined || row.pieces.size() == before;
             last->words.insert(last->words.end(), piece.words.begin(), piece.words.end());
             last->box = united(last->box, piece.box);
             last->span = std::max(last->span, piece.end() - last->column);
@@ -418,6 +420,16 @@ std::size_t TextGrid::linesAfter() const
         ++lines;
     }
     return lines;
+}
+
+std::size_t TextGrid::conflicts() const
+{
+    const auto body = m_grid.begin() + static_cast<std::ptrdiff_t>(m_headLines);
+    return static_cast<std::size_t>(std::count_if(body, m_grid.end(), [](const GridRow &row) {
+        return row.joined ||
+               (row.pieces.size() > 1 &&
+                std::any_of(row.pieces.begin(), row.pieces.end(), [](const Piece &p) { return p.span > 1; }));
+    }));
 }
 
 std::size_t TextGrid::textAmongRows() const

@@ -123,6 +123,13 @@ public:
     /// The first line of running text among the rows; the number of lines if there is none.
     std::size_t textAmongRows() const;
 
+    /// The number of lines below the head in which texts with a gap between them are in one column, or a text runs over
+    /// columns beside others: the lines do not have these columns in common.
+    std::size_t conflicts() const;
+
+    /// Whether the first line is a head: texts beside one another, none of them numbers beside the first one.
+    bool startsWithHead() const;
+
     int columns() const { return static_cast<int>(m_edges.size()) - 1; }
 
     /// The table with its words. The lines of a wrapped cell are one row.
@@ -145,6 +152,7 @@ private:
         Box box;
         double baseline = 0;
         double size = 0;
+        bool joined = false; ///< whether a piece is made of texts with a gap between them
     };
     struct HeadCell;
 

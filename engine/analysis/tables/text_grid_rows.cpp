@@ -101,6 +101,14 @@ std::size_t TextGrid::headerLines() const
     return lines > 0 ? lines : firstNumbers;
 }
 
+bool TextGrid::startsWithHead() const
+{
+    const std::vector<Piece> &pieces = m_grid.front().pieces;
+    return pieces.size() > 1 && std::none_of(pieces.begin() + 1, pieces.end(), [](const Piece &piece) {
+               return isNumber(piece.words) && !isDate(piece.words);
+           });
+}
+
 // The headings, each with all of its lines, and its level in the head.
 std::vector<TextGrid::HeadCell> TextGrid::headCells() const
 {

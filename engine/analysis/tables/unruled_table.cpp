@@ -21,6 +21,8 @@ struct LineRange
 {
     std::size_t first = 0;
     std::size_t last = 0; // included
+
+    std::size_t size() const { return last - first + 1; }
 };
 
 bool isListLine(const std::vector<Segment> &segments)
@@ -252,6 +254,68 @@ struct CleanLines
     Rulings rulings;
 };
 
+TextGrid gridOf(const CleanLines &clean, const LineRange &range)
+{
+    const auto first = clean.lines.begin() + static_cast<std::ptrdiff_t>(range.first);
+    return TextGrid({first, first + static_cast<std::ptrdiff_t>(range.size())}, clean.rulings);
+}
+
+bool isSingleText(const CleanLines &clean, std::size_t line)
+{
+    return cellTexts(clean.lines[line]).size() == 1;
+}
+
+// The lines at which another table with a head may begin: below a gap or at a title.
+std::vector<LineRange> lowerParts(const CleanLines &clean, const LineRange &range)
+{
+    std::vector<double> steps;
+    for (std::size_t i = range.first + 1; i <= range.last; ++i) {
+        steps.push_back(clean.lines[i].baseline - clean.lines[i - 1].baseline);
+    }
+    const double usual = median(steps);
+    std::vector<LineRange> parts;
+    for (std::size_t i = range.first + thresholds.minLinesOfPart; i + thresholds.minLinesOfPart <= range.last + 1;
+         ++i) {
+        const bool title = isSingleText(clean, i);
+        if ((title && isSingleText(clean, i - 1)) ||
+            (!title && steps[i - range.first - 1] < thresholds.minPartGap * usual)) {
+            continue;
+        }
+        std::size_t first = i;
+        while (first < range.last && isSingleText(clean, first)) {
+            ++first;
+        }
+        if (range.last - first + 1 >= thresholds.minLinesOfPart) {
+            parts.push_back({i, range.last});
+        }
+    }
+    return parts;
+}
+
+// Where a range of lines is two tables, one above the other, whose columns are not the same: the first line of the
+// lower one, or of the title above it. The end of the range otherwise.
+std::size_t beginOfOtherTable(const CleanLines &clean, const LineRange &range, std::size_t conflicts)
+{
+    std::size_t begin = range.last + 1;
+    std::size_t fewest = static_cast<std::size_t>(thresholds.maxConflictsOfParts * static_cast<double>(conflicts)) + 1;
+    for (const LineRange &lower : lowerParts(clean, range)) {
+        LineRange below = lower;
+        while (isSingleText(clean, below.first)) {
+            ++below.first;
+        }
+        const TextGrid grid = gridOf(clean, below);
+        if (!grid.startsWithHead()) {
+            continue;
+        }
+        const std::size_t both = grid.conflicts() + gridOf(clean, {range.first, lower.first - 1}).conflicts();
+        if (both < fewest) {
+            fewest = both;
+            begin = lower.first;
+        }
+    }
+    return begin;
+}
+
 // Adds the tables in a range of lines, without lines of text around and among them. Returns whether there is one.
 bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, LinesOf linesOf, LineRange range)
 {
@@ -261,7 +325,7 @@ bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, Lines
         }
         const auto first = static_cast<std::ptrdiff_t>(range.first);
         const auto end = static_cast<std::ptrdiff_t>(range.last) + 1;
-        const TextGrid grid({clean.lines.begin() + first, clean.lines.begin() + end}, clean.rulings);
+        const TextGrid grid = gridOf(clean, range);
         const std::size_t before = grid.linesBefore();
         const std::size_t after = before == 0 ? grid.linesAfter() : 0;
         if (before + after > range.last - range.first) {
@@ -287,6 +351,18 @@ bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, Lines
         if (text > range.first && text < range.last) {
             const bool above = addTables(tables, clean, linesOf, {range.first, text - 1});
             return addTables(tables, clean, linesOf, {text + 1, range.last}) || above;
+        }
+        const std::size_t conflicts = grid.conflicts();
+        if (conflicts >= std::max(thresholds.minConflicts, range.size() / thresholds.maxLinesForConflict)) {
+            const std::size_t other = beginOfOtherTable(clean, range, conflicts);
+            if (other <= range.last) {
+                std::size_t below = other;
+                while (isSingleText(clean, below)) {
+                    ++below;
+                }
+                const bool above = addTables(tables, clean, linesOf, {range.first, other - 1});
+                return addTables(tables, clean, linesOf, {below, range.last}) || above;
+            }
         }
         const auto leaderLines = std::count(clean.leaders.begin() + first, clean.leaders.begin() + end, 1);
         const bool contents = !grid.isRuled() && static_cast<double>(leaderLines) >
