@@ -2,10 +2,12 @@
 #include "tables/grid_columns.h"
 
 #include "base/number.h"
+#include "base/statistics.h"
 #include "text_lines/list_mark.h"
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace quorra::model {
 
@@ -76,12 +78,62 @@ bool areApart(const RawWord &previous, const RawWord &word, double size)
            isBetweenNumbers(previous, word);
 }
 
+// The left edges at which texts begin behind numbers in several lines, with a gap that is wider than the usual blank.
+std::vector<double> startsBehindNumbers(const std::vector<TextLine> &lines)
+{
+    struct Start
+    {
+        double x;
+        double gap;
+        QString text;
+    };
+    std::vector<double> blanks;
+    std::vector<Start> starts;
+    for (const TextLine &line : lines) {
+        for (std::size_t i = 1; i < line.words.size(); ++i) {
+            const RawWord &previous = *line.words[i - 1];
+            const RawWord &word = *line.words[i];
+            const double gap = (bodyOf(word).left - bodyOf(previous).right) / sizeAt(line, word);
+            if (gap < thresholds.minCellGap) {
+                blanks.push_back(gap);
+            }
+            if (i > 1 && word.text.front().isLetter() && hasDigit(previous.text) && looksNumeric(previous.text)) {
+                starts.push_back({bodyOf(word).left, gap, word.text});
+            }
+        }
+    }
+    if (blanks.empty()) {
+        return {};
+    }
+    const double minGap = thresholds.minWiderBlank * median(std::move(blanks));
+    std::sort(starts.begin(), starts.end(), [](const Start &a, const Start &b) { return a.x < b.x; });
+    std::vector<double> result;
+    for (auto from = starts.begin(); from != starts.end();) {
+        const auto to = std::find_if(
+            from, starts.end(), [from](const Start &start) { return start.x - from->x > thresholds.insideTolerance; });
+        std::set<QString> texts;
+        bool wide = true;
+        std::for_each(from, to, [&](const Start &start) {
+            texts.insert(start.text);
+            wide = wide && start.gap >= minGap;
+        });
+        if (wide && static_cast<std::size_t>(to - from) >= thresholds.minStarts &&
+            texts.size() >= thresholds.minStarts - 1) {
+            result.push_back(from->x);
+        }
+        from = to;
+    }
+    return result;
+}
+
 /// Counts for each point across the table the lines that have a gap there, and those whose text runs across.
 class StripVotes
 {
 public:
-    StripVotes(double left, double right)
+    /// `starts` are the left edges of texts that begin behind numbers.
+    StripVotes(double left, double right, std::vector<double> starts)
         : m_left(left)
+        , m_starts(std::move(starts))
         , m_votes(static_cast<std::size_t>(std::ceil((right - left) / thresholds.binWidth)) + 1)
         , m_wide(m_votes.size())
         , m_crossings(m_votes.size())
@@ -100,10 +152,11 @@ public:
             }
             const Box body = bodyOf(*word);
             const double gap = (body.left - reached) / sizeAt(line, *word);
+            const bool start = gap >= thresholds.minNumberGap && isStart(body.left);
             const bool numbers = previous && gap >= thresholds.minNumberGap && isBetweenNumbers(*previous, *word);
-            const double strength = gap > thresholds.minCellGap || numbers ? 1
-                                    : gap >= minWeakGapAfter(*word)        ? thresholds.weakVote
-                                                                           : 0;
+            const double strength = gap > thresholds.minCellGap || numbers || start ? 1
+                                    : gap >= minWeakGapAfter(*word)                 ? thresholds.weakVote
+                                                                                    : 0;
             previous = word;
             add(m_wide, reached, body.left, strength >= 1 ? weight : 0);
             add(strength > 0 ? m_votes : m_crossings, reached, body.left, strength > 0 ? strength * weight : weight);
@@ -156,6 +209,13 @@ public:
     }
 
 private:
+    bool isStart(double x) const
+    {
+        return std::any_of(m_starts.begin(), m_starts.end(), [x](double start) {
+            return x >= start - thresholds.insideTolerance && x <= start + thresholds.insideTolerance;
+        });
+    }
+
     void add(std::vector<double> &counts, double from, double to, double weight)
     {
         if (to <= from) {
@@ -169,6 +229,7 @@ private:
     }
 
     double m_left;
+    std::vector<double> m_starts;
     std::vector<double> m_votes;
     std::vector<double> m_wide; ///< the votes of wide gaps alone
     std::vector<double> m_crossings;
@@ -296,7 +357,7 @@ std::vector<double> findColumnEdges(const std::vector<TextLine> &lines, const st
     for (const TextLine &line : lines) {
         area = united(area, line.box);
     }
-    StripVotes votes(area.left, area.right);
+    StripVotes votes(area.left, area.right, startsBehindNumbers(lines));
     const std::vector<DividedLine> divided = dividedLines(lines);
     for (const DividedLine &line : divided) {
         votes.addLine(*line.line, line.head ? thresholds.headVote : 1);

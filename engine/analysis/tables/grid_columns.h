@@ -27,6 +27,8 @@ struct Thresholds
     double ruleVote = 2;         ///< lines; a vertical line drawn in a part of the table counts as so many
     double minRuleHeight = 0.5;  ///< share of the table's height; a longer vertical line is an edge by itself
     double ruleReach = 3;        ///< points between a drawn line and the strip that it divides
+    double minWiderBlank = 1.2;  ///< of the usual blank; in front of texts that begin a column behind numbers
+    std::size_t minStarts = 4;   ///< such texts, one below the other; fewer are dates or amounts with units
     double binWidth = 0.5;       ///< points; resolution of the search
     double outerMargin = 1;      ///< points between the outermost texts and the table's left and right edges
     double insideTolerance = 1;  ///< points by which a text that has a column to itself may touch the sides of a strip

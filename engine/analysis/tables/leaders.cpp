@@ -25,51 +25,68 @@ qsizetype dotsAtEnd(const QString &text)
     return last - text.crbegin();
 }
 
-bool hasLoneDots(const TextLine &line)
+// Whether the word is dots alone beside others. A word of dots away from others is a mark for a missing value.
+bool isLoneDot(const TextLine &line, std::size_t i)
 {
-    return std::count_if(line.words.begin(), line.words.end(), [](const RawWord *word) {
-               return dotsAtEnd(word->text) == word->text.size();
-           }) >= thresholds.minDots;
+    const QString &text = line.words[i]->text;
+    const auto follow = [&line](std::size_t left) {
+        const RawWord &a = *line.words[left];
+        const RawWord &b = *line.words[left + 1];
+        return dotsAtEnd(a.text) > 0 && dotsAtEnd(b.text) > 0 &&
+               bodyOf(b).left - bodyOf(a).right <= thresholds.maxDotGap * line.size;
+    };
+    return dotsAtEnd(text) == text.size() && ((i > 0 && follow(i - 1)) || (i + 1 < line.words.size() && follow(i)));
+}
+
+// For each word whether it is part of a leader or ends with one.
+std::vector<char> leaderWords(const TextLine &line)
+{
+    std::vector<char> marks(line.words.size(), 0);
+    for (std::size_t i = 0; i < line.words.size(); ++i) {
+        marks[i] = isLoneDot(line, i) ? 1 : 0;
+    }
+    const bool lone = std::count(marks.begin(), marks.end(), 1) >= thresholds.minDots;
+    for (std::size_t i = 0; i < line.words.size(); ++i) {
+        marks[i] = (lone && marks[i]) || dotsAtEnd(line.words[i]->text) >= thresholds.minDots ? 1 : 0;
+    }
+    return marks;
 }
 
 } // namespace
 
 bool hasLeader(const TextLine &line)
 {
-    return hasLoneDots(line) || std::any_of(line.words.begin(), line.words.end(), [](const RawWord *word) {
-               return dotsAtEnd(word->text) >= thresholds.minDots;
-           });
+    const std::vector<char> marks = leaderWords(line);
+    return std::find(marks.begin(), marks.end(), 1) != marks.end();
 }
 
 bool leadsToOneText(const TextLine &line)
 {
-    if (!hasLeader(line)) {
+    const std::vector<char> marks = leaderWords(line);
+    const auto last = std::find(marks.rbegin(), marks.rend(), 1);
+    if (last == marks.rend()) {
         return false;
     }
     TextLine after = line;
-    const auto last = std::find_if(line.words.rbegin(), line.words.rend(), [](const RawWord *word) {
-        return dotsAtEnd(word->text) == word->text.size() || dotsAtEnd(word->text) >= thresholds.minDots;
-    });
-    after.words.assign(last.base(), line.words.end());
+    after.words.assign(line.words.begin() + (last.base() - marks.begin()), line.words.end());
     return segmentsOf(after, thresholds.maxWordGap).size() <= 1;
 }
 
 TextLine withoutLeaders(const TextLine &line)
 {
-    if (!hasLeader(line)) {
+    const std::vector<char> marks = leaderWords(line);
+    if (std::find(marks.begin(), marks.end(), 1) == marks.end()) {
         return line;
     }
-    const bool lone = hasLoneDots(line);
     TextLine result = line;
     result.words.clear();
     result.box = {};
-    for (const RawWord *word : line.words) {
-        const qsizetype dots = dotsAtEnd(word->text);
-        if (dots == word->text.size() && (lone || dots >= thresholds.minDots)) {
-            continue;
+    for (std::size_t i = 0; i < line.words.size(); ++i) {
+        const RawWord *word = line.words[i];
+        if (!marks[i] || dotsAtEnd(word->text) < word->text.size()) {
+            result.words.push_back(word);
+            result.box = united(result.box, bodyOf(*word));
         }
-        result.words.push_back(word);
-        result.box = united(result.box, bodyOf(*word));
     }
     return result;
 }

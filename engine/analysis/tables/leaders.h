@@ -13,6 +13,7 @@ namespace leaders {
 struct Thresholds
 {
     qsizetype minDots = 4;   ///< in a word, or as words of a line
+    double maxDotGap = 1.5;  ///< em; between the dots of a leader
     double maxWordGap = 0.5; ///< em; wider gaps after a leader divide texts
     qsizetype minDashes = 8; ///< in a line that is typed instead of drawn
 };

@@ -54,8 +54,11 @@ TextGrid::TextGrid(std::vector<TextLine> lines, const Rulings &rulings) : m_line
     dropEmptyColumns();
     findFullRules();
     m_headLines = headerLines();
+    divideHeads();
+    joinHeadsWithColumns();
     widenToFrame();
     if (columns() > 1) {
+        spanTitlesOfRows();
         spanHeadsBetweenLines();
         spanUnderlinedHeads();
         spanCentredHeads();
@@ -422,14 +425,22 @@ std::size_t TextGrid::linesAfter() const
     return lines;
 }
 
-std::size_t TextGrid::conflicts() const
+std::size_t TextGrid::conflicts(std::size_t from, std::size_t to) const
 {
-    const auto body = m_grid.begin() + static_cast<std::ptrdiff_t>(m_headLines);
-    return static_cast<std::size_t>(std::count_if(body, m_grid.end(), [](const GridRow &row) {
-        return row.joined ||
-               (row.pieces.size() > 1 &&
-                std::any_of(row.pieces.begin(), row.pieces.end(), [](const Piece &p) { return p.span > 1; }));
+    const auto first = m_grid.begin() + static_cast<std::ptrdiff_t>(std::max(from, m_headLines));
+    const auto end = m_grid.begin() + static_cast<std::ptrdiff_t>(std::max(to, m_headLines));
+    const std::size_t few = hasNumbers() ? 2 * static_cast<std::size_t>(columns()) / 3 : 0;
+    return static_cast<std::size_t>(std::count_if(first, end, [few](const GridRow &row) {
+        const bool spans =
+            std::any_of(row.pieces.begin(), row.pieces.end(), [](const Piece &piece) { return piece.span > 1; });
+        return row.joined || (row.pieces.size() > 1 && (spans || row.pieces.size() <= few));
     }));
+}
+
+std::size_t TextGrid::linesOfSeveralTexts() const
+{
+    return static_cast<std::size_t>(
+        std::count_if(m_grid.begin(), m_grid.end(), [](const GridRow &row) { return row.pieces.size() > 1; }));
 }
 
 std::size_t TextGrid::textAmongRows() const

@@ -123,9 +123,13 @@ public:
     /// The first line of running text among the rows; the number of lines if there is none.
     std::size_t textAmongRows() const;
 
-    /// The number of lines below the head in which texts with a gap between them are in one column, or a text runs over
-    /// columns beside others: the lines do not have these columns in common.
-    std::size_t conflicts() const;
+    /// The number of lines in [from, to) below the head that do not have these columns: texts with a gap between them
+    /// are in one column, or a text runs over columns beside others, or a third of the columns or more have no text in
+    /// a table of numbers.
+    std::size_t conflicts(std::size_t from, std::size_t to) const;
+
+    /// The number of lines with texts in several columns.
+    std::size_t linesOfSeveralTexts() const;
 
     /// Whether the first line is a head: texts beside one another, none of them numbers beside the first one.
     bool startsWithHead() const;
@@ -162,6 +166,9 @@ private:
     void dropEmptyColumns();
     void findFullRules();
     void widenToFrame();
+    void divideHeads();
+    void joinHeadsWithColumns();
+    void spanTitlesOfRows();
     void spanHeadsBetweenLines();
     void spanUnderlinedHeads();
     void spanCentredHeads();

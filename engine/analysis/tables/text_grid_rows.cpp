@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tables/grid_columns.h"
 #include "tables/rulings.h"
 #include "tables/text_grid.h"
 
@@ -95,7 +96,16 @@ std::size_t TextGrid::headerLines() const
     // Lines with nothing but a text in the first column are the headings of the first rows.
     std::size_t lines = firstNumbers;
     const auto isSideHead = [](const GridRow &row) { return row.pieces.size() == 1 && row.pieces.front().column == 0; };
-    while (lines > 0 && isSideHead(m_grid[lines - 1])) {
+    // So is a text across the middle below headings side by side.
+    const auto isTitle = [this](std::size_t i) {
+        const Piece &piece = m_grid[i].pieces.front();
+        return i > 0 && m_grid[i].pieces.size() == 1 && piece.span > 1 &&
+               std::all_of(
+                   m_grid[i - 1].pieces.begin(), m_grid[i - 1].pieces.end(),
+                   [](const Piece &p) { return p.span == 1; }) &&
+               pieceIn(m_grid[i - 1].pieces, piece.column) && pieceIn(m_grid[i - 1].pieces, piece.end() - 1);
+    };
+    while (lines > 0 && (isSideHead(m_grid[lines - 1]) || isTitle(lines - 1))) {
         --lines;
     }
     return lines > 0 ? lines : firstNumbers;
@@ -107,6 +117,99 @@ bool TextGrid::startsWithHead() const
     return pieces.size() > 1 && std::none_of(pieces.begin() + 1, pieces.end(), [](const Piece &piece) {
                return isNumber(piece.words) && !isDate(piece.words);
            });
+}
+
+// Whether each text that stands alone below the head, in the middle of the table and under no other text, is the title
+// of the rows below it: it spans all columns.
+void TextGrid::spanTitlesOfRows()
+{
+    const double middle = (m_edges.front() + m_edges.back()) / 2;
+    for (std::size_t i = std::max<std::size_t>(1, m_headLines); i < m_grid.size(); ++i) {
+        GridRow &row = m_grid[i];
+        Piece &piece = row.pieces.front();
+        const Piece *above = pieceIn(m_grid[i - 1].pieces, piece.column);
+        if (row.pieces.size() == 1 && (piece.column > 0 || piece.span > 1) && !isNumber(piece.words) &&
+            !startsInLowerCase(piece.words) &&
+            std::abs(piece.box.centreX() - middle) <= thresholds.maxOffCentre * row.size &&
+            (!above || isNumber(above->words) || piece.span > 1)) {
+            piece.column = 0;
+            piece.span = columns();
+        }
+    }
+}
+
+// Where two headings came into one column although the head has as many texts as there are columns, each gets its own:
+// the edges move to where they divide the headings as well as the texts below.
+void TextGrid::divideHeads()
+{
+    const auto head =
+        std::find_if(m_grid.begin(), m_grid.begin() + static_cast<std::ptrdiff_t>(m_headLines), [](const GridRow &row) {
+            return row.joined;
+        });
+    if (head == m_grid.begin() + static_cast<std::ptrdiff_t>(m_headLines)) {
+        return;
+    }
+    const std::vector<Segment> texts = cellTexts(m_lines[static_cast<std::size_t>(head - m_grid.begin())]);
+    if (texts.size() != static_cast<std::size_t>(columns())) {
+        return;
+    }
+    std::vector<Box> extents;
+    extents.reserve(texts.size());
+    for (const Segment &text : texts) {
+        extents.push_back(text.box);
+    }
+    for (auto row = m_grid.begin() + static_cast<std::ptrdiff_t>(m_headLines); row != m_grid.end(); ++row) {
+        for (const Piece &piece : row->pieces) {
+            if (piece.span == 1) {
+                Box &extent = extents[static_cast<std::size_t>(piece.column)];
+                extent = united(extent, piece.box);
+            }
+        }
+    }
+    std::vector<double> edges{m_edges.front()};
+    for (std::size_t i = 1; i < extents.size(); ++i) {
+        if (extents[i - 1].right >= extents[i].left) {
+            return;
+        }
+        edges.push_back((extents[i - 1].right + extents[i].left) / 2);
+    }
+    edges.push_back(m_edges.back());
+    m_edges = std::move(edges);
+    fillRows();
+}
+
+// Joins a column that holds headings alone with the one beside it that has no heading: a heading may stand at the other
+// side of its column than the texts below it.
+void TextGrid::joinHeadsWithColumns()
+{
+    const auto n = static_cast<std::size_t>(columns());
+    std::vector<char> heads(n, 0);
+    std::vector<char> bodies(n, 0);
+    for (std::size_t i = 0; i < m_grid.size(); ++i) {
+        for (const Piece &piece : m_grid[i].pieces) {
+            for (int column = piece.column; column < piece.end(); ++column) {
+                (i < m_headLines ? heads : bodies)[static_cast<std::size_t>(column)] = 1;
+            }
+        }
+    }
+    for (const int side : {1, -1}) {
+        std::vector<double> edges = m_edges;
+        bool all = true;
+        for (int column = columns() - 1; column >= 0; --column) {
+            const int other = column + side;
+            if (bodies[static_cast<std::size_t>(column)]) {
+                continue;
+            }
+            all = all && other > 0 && other < columns() && !heads[static_cast<std::size_t>(other)];
+            edges.erase(edges.begin() + std::max(column, other));
+        }
+        if (all && edges.size() < m_edges.size()) {
+            m_edges = std::move(edges);
+            fillRows();
+            m_headLines = headerLines();
+            return;
+        }
+    }
 }
 
 // The headings, each with all of its lines, and its level in the head.
@@ -222,7 +325,8 @@ bool TextGrid::continues(const GridRow &upper, const GridRow &lower, double usua
     bool lowerCase = false;
     for (const Piece &piece : lower.pieces) {
         const Piece *above = pieceIn(upper.pieces, piece.column);
-        if (!above || above->column != piece.column || isNumber(piece.words)) {
+        if (!above || above->column != piece.column || isNumber(piece.words) ||
+            (isNumber(above->words) && !startsInLowerCase(piece.words))) {
             return false;
         }
         lowerCase = lowerCase || startsInLowerCase(piece.words);

@@ -88,6 +88,26 @@ bool isAligned(const std::vector<Segment> &upper, const std::vector<Segment> &lo
     return upper.size() == lower.size() && std::equal(upper.begin(), upper.end(), lower.begin(), linesUp);
 }
 
+// Whether the upper line is a head whose texts are close to one another: each lines up with one of the texts below, and
+// the gaps between them are wider than the blanks inside them, unlike those of justified text.
+bool isCloseHead(const TextLine &upper, const TextLine &lower, const std::vector<Segment> &below)
+{
+    const std::vector<Segment> texts = segmentsOf(upper, gridColumns::thresholds.minWeakGap);
+    if (texts.size() < 3 || !isAligned(texts, below) ||
+        lower.baseline - upper.baseline > thresholds.maxRowStep * upper.size) {
+        return false;
+    }
+    double blank = 0;
+    double gap = upper.box.width();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        gap = i == 0 ? gap : std::min(gap, texts[i].box.left - texts[i - 1].box.right);
+        for (std::size_t k = 1; k < texts[i].words.size(); ++k) {
+            blank = std::max(blank, bodyOf(*texts[i].words[k]).left - bodyOf(*texts[i].words[k - 1]).right);
+        }
+    }
+    return gap >= thresholds.minHeadGap * blank;
+}
+
 // Whether each text of the lower line is inside the column of one of the upper line, which is not the first.
 bool staysInCells(const std::vector<Segment> &upper, const std::vector<Segment> &lower)
 {
@@ -187,6 +207,7 @@ std::vector<LineRange> candidateRanges(
             const bool wraps =
                 lines[upper + 1].baseline - lines[upper].baseline <= thresholds.maxWrapStep * lines[upper].size;
             return isHeadingOver(lines[upper], lines[upper + 1], segments[upper + 1], horizontal) ||
+                   isCloseHead(lines[upper], lines[upper + 1], segments[upper + 1]) ||
                    (wraps && isBesideKeys(segments[upper].front()) && standOver(segments[upper], segments[upper + 1]));
         };
         while (range.first > floor && isHead(range.first - 1)) {
@@ -293,23 +314,35 @@ std::vector<LineRange> lowerParts(const CleanLines &clean, const LineRange &rang
 }
 
 // Where a range of lines is two tables, one above the other, whose columns are not the same: the first line of the
-// lower one, or of the title above it. The end of the range otherwise.
-std::size_t beginOfOtherTable(const CleanLines &clean, const LineRange &range, std::size_t conflicts)
+// lower one, or of the title above it. The end of the range otherwise. One of the two has hardly any conflicts by
+// itself (the other may be several tables), and both together have fewest.
+std::size_t beginOfOtherTable(const CleanLines &clean, const LineRange &range, const TextGrid &whole)
 {
     std::size_t begin = range.last + 1;
-    std::size_t fewest = static_cast<std::size_t>(thresholds.maxConflictsOfParts * static_cast<double>(conflicts)) + 1;
+    std::size_t fewest = whole.conflicts(0, range.size());
+    const auto improves = [](std::size_t before, std::size_t after) {
+        return before >= thresholds.minConflicts &&
+               static_cast<double>(after) <= thresholds.maxConflictsOfPart * static_cast<double>(before);
+    };
     for (const LineRange &lower : lowerParts(clean, range)) {
         LineRange below = lower;
         while (isSingleText(clean, below.first)) {
             ++below.first;
         }
         const TextGrid grid = gridOf(clean, below);
-        if (!grid.startsWithHead()) {
+        if (!grid.startsWithHead() || grid.hasNumbers() != whole.hasNumbers()) {
             continue;
         }
-        const std::size_t both = grid.conflicts() + gridOf(clean, {range.first, lower.first - 1}).conflicts();
-        if (both < fewest) {
-            fewest = both;
+        const LineRange upper{range.first, lower.first - 1};
+        const std::size_t ofUpper = gridOf(clean, upper).conflicts(0, upper.size());
+        const std::size_t ofLower = grid.conflicts(0, below.size());
+        // Texts that wrap are apt to leave columns empty: of tables of words, both parts must be better.
+        const bool partImproves =
+            whole.hasNumbers() && (improves(whole.conflicts(0, upper.size()), ofUpper) ||
+                                   improves(whole.conflicts(upper.size(), range.size()), ofLower));
+        if (ofUpper + ofLower < fewest &&
+            (partImproves || improves(whole.conflicts(0, range.size()), ofUpper + ofLower))) {
+            fewest = ofUpper + ofLower;
             begin = lower.first;
         }
     }
@@ -352,9 +385,9 @@ bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, Lines
             const bool above = addTables(tables, clean, linesOf, {range.first, text - 1});
             return addTables(tables, clean, linesOf, {text + 1, range.last}) || above;
         }
-        const std::size_t conflicts = grid.conflicts();
-        if (conflicts >= std::max(thresholds.minConflicts, range.size() / thresholds.maxLinesForConflict)) {
-            const std::size_t other = beginOfOtherTable(clean, range, conflicts);
+        if (grid.conflicts(0, range.size()) >=
+            std::max(thresholds.minConflicts, range.size() / thresholds.maxLinesForConflict)) {
+            const std::size_t other = beginOfOtherTable(clean, range, grid);
             if (other <= range.last) {
                 std::size_t below = other;
                 while (isSingleText(clean, below)) {
@@ -365,10 +398,10 @@ bool addTables(std::vector<UnruledTable> &tables, const CleanLines &clean, Lines
             }
         }
         const auto leaderLines = std::count(clean.leaders.begin() + first, clean.leaders.begin() + end, 1);
-        const bool contents = !grid.isRuled() && static_cast<double>(leaderLines) >
-                                                     thresholds.maxLeaderLines * static_cast<double>(end - first);
-        const bool columns = linesOf == LinesOf::Page &&
-                             (grid.isIndex() || (!grid.isDivided() && (!grid.hasNumbers() || grid.holdsProse())));
+        const auto rows = static_cast<double>(grid.linesOfSeveralTexts());
+        const bool contents = !grid.isRuled() && static_cast<double>(leaderLines) > thresholds.maxLeaderLines * rows;
+        const bool columns = grid.isIndex() || (linesOf == LinesOf::Page && !grid.isDivided() &&
+                                                (!grid.hasNumbers() || grid.holdsProse()));
         if (contents || columns || !grid.looksLikeTable()) {
             return false;
         }

@@ -28,10 +28,11 @@ struct Thresholds
     double minPartGap = 1.3;        ///< of the usual distance of baselines; between a table and text with columns
     std::size_t maxParts = 6;       ///< cuts at such gaps, one inside the other
     std::size_t minConflicts = 2;   ///< lines whose texts run over the edges of columns; fewer are exceptions
-    std::size_t maxLinesForConflict = 8;  ///< lines of the range for one of them; such a range may be two tables
-    double maxConflictsOfParts = 1.0 / 3; ///< of those of the whole range that its two parts may have
+    std::size_t maxLinesForConflict = 8; ///< lines of the range for one of them; such a range may be two tables
+    double maxConflictsOfPart = 1.0 / 3; ///< of those that its lines have in the whole range; of a table by itself
     double maxHeadWidth = 0.6;       ///< share of the next line's width; of a line that is only a heading of columns
-    double maxLeaderLines = 1.0 / 3; ///< share of the lines with a leader to one text; more are entries of a list
+    double minHeadGap = 1.5;         ///< of the widest blank inside the texts of a head; between such texts
+    double maxLeaderLines = 1.0 / 3; ///< share of the lines of several texts that have a leader to one; more are a list
 };
 
 inline constexpr Thresholds thresholds;

@@ -258,3 +258,78 @@ def table_of_groups_set_apart(sheet):
             sheet.text(LEFT, y, name, size=9)
             for x, value in zip((300, 380, 460), values):
                 sheet.text(x, y, value, size=9, align="right")
+
+
+def rows_of_text(sheet, y, rows, places, size=9.5, step=13):
+    """Writes rows of texts without lines. A place is a left edge, or a right edge if it is negative. Returns the end."""
+    for row in rows:
+        for text, x in zip(row, places):
+            sheet.text(abs(x), y, text, size=size, align="right" if x < 0 else "left")
+        y += step
+    return y
+
+
+@document
+def tables_below_one_another(sheet):
+    """Three tables, close to one another, the last below a title. Each has columns of its own."""
+    y = rows_of_text(sheet, 100, [("Boat", "Cars", "Fares"), ("Alder", "31", "4,120"), ("Brookland", "8", "977"),
+                                  ("Carver", "16", "12,040"), ("Dunn", "4", "318")], (LEFT, -250, -480))
+    y = rows_of_text(sheet, y + 8, [("Garden", "Beans", "Kale", "Leeks"), ("Upper", "41.5", "3.0", "17.2"),
+                                    ("Lower", "9.1", "22.4", "8.8"), ("School", "0.7", "1.9", "2.2")],
+                     (LEFT, -200, -340, -400))
+    sheet.text(LEFT, y + 4, "Harbour dues", "Sans-Bold", 9.5)
+    rows_of_text(sheet, y + 19, [("Month", "Small boats", "Large boats", "Sum"), ("March", "110", "94", "204"),
+                                 ("April", "127", "80", "207"), ("May", "131", "77", "208")], (LEFT, -290, -375, -RIGHT))
+
+
+@document
+def titles_among_rows(sheet):
+    """One table of four columns. Titles in the middle of the page divide its rows; they span all columns."""
+    rows = [("Ferry", "Cars", "Fares", "Days"), ("Alder", "31", "4,120", "200"), ("Carver", "16", "12,040", "365"),
+            ("Dunn", "4", "318", "90")]
+    y = rows_of_text(sheet, 100, rows[:1], (LEFT, -250, -360, -RIGHT))
+    for title, part in (("Lower river", rows[1:]), ("Upper river and lakes", rows[2:]), ("Coast", rows[1:3])):
+        sheet.text((LEFT + RIGHT) / 2, y, title, size=9.5, align="centre")
+        y = rows_of_text(sheet, y + 13, part, (LEFT, -250, -360, -RIGHT))
+
+
+@document
+def heads_beside_their_numbers(sheet):
+    """Four columns: heads at the left edges of wide columns, numbers at their right edges."""
+    y = rows_of_text(sheet, 100, [("Kind", "Plain", "Limed", "Sum")], (LEFT, 180, 290, 410))
+    rows_of_text(sheet, y, [("Alder white", "41", "49", "90"), ("Brookland", "50", "52", "102"), ("Old red", "33", "34", "67"),
+                            ("Winter king", "56", "61", "117")], (LEFT, -270, -395, -RIGHT))
+
+
+@document
+def accounts_of_two_sides(sheet):
+    """Four columns: the texts of the third begin close behind the numbers of the second, in the middle of theirs."""
+    y = 100
+    for text, amount, other, sum_ in [("Assets", "2020", "Debts", "2020"), ("Boats", "688,468", "Bonds", "6,358"),
+                                      ("Harbour", "75", "Loans from members", "1,946"), ("Seed in store", "5,233", "Wages", "252"),
+                                      ("Tools", "12,010", "Tax", "3"), ("Cash", "988", "Own funds", "978,915")]:
+        sheet.text(LEFT, y, text, size=10)
+        sheet.text(270, y, amount, size=10, align="centre")
+        sheet.text(270 + width_of("688,468", "Serif", 10) / 2 + 4, y, other, size=10)
+        sheet.text(RIGHT, y, sum_, size=10, align="right")
+        y += 13
+
+
+@document
+def head_of_close_texts(sheet):
+    """Three columns; the texts of the head stand closer than those of the rows."""
+    x = LEFT
+    places = []
+    for head in ("Upper river", "Number", "Days"):
+        places.append(x)
+        sheet.text(x, 100, head, size=9)
+        x += width_of(head, "Serif", 9) + 5.5
+    rows_of_text(sheet, 113, [("Total", "40.4", "94"), ("Lakes", "98.2", "45"), ("Coast", "7.5", "61")], places, 9)
+
+
+@document
+def marks_beside_leaders(sheet):
+    """Leaders behind the keys; "…" and "..." stand for missing values and stay."""
+    rows_of_text(sheet, 100, [("Year", "Boats", "Cars", "Fares"), ("1990 . . . . . . . . . .", "31", "…", "4,120"),
+                              ("1991 . . . . . . . . . .", "…", "16", "977"), ("1992 . . . . . . . . . .", "4", "8", "..."),
+                              ("1993 . . . . . . . . . .", "12", "9", "318")], (LEFT, -250, -340, -430))
