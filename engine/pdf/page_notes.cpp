@@ -9,6 +9,7 @@
 #include <Page.h>
 
 #include <QRegularExpression>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <array>
@@ -52,7 +53,7 @@ QDateTime dateOf(const QString &text)
     const QRegularExpressionMatch match = pattern.match(text);
     const auto number = [&match](int group) { return match.captured(group).toInt(); };
     const QDate day(number(1), number(2), number(3));
-    return match.hasMatch() && day.isValid() ? QDateTime(day, QTime(number(4), number(5), number(6)), Qt::UTC)
+    return match.hasMatch() && day.isValid() ? QDateTime(day, QTime(number(4), number(5), number(6)), QTimeZone::utc())
                                              : QDateTime();
 }
 

@@ -16,7 +16,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
-#include <ctime>
 #include <functional>
 #include <string>
 #include <thread>
@@ -48,7 +47,6 @@ private Q_SLOTS:
     void allows();
     void followsTheConfigurationOfFonts();
     void findsWhatRunsAProgram();
-    void costsLittle();
 
 private:
     std::string path(const char *name) const { return m_folder->filePath(QLatin1String(name)).toStdString(); }
@@ -64,8 +62,6 @@ private:
 
 namespace {
 
-constexpr double mostMilliseconds = 2;
-constexpr int measurements = 100;
 
 /// Asks the kernel without the functions under test.
 int kernelsLandlock()
@@ -98,13 +94,6 @@ int listenerAt(Address &address, int family)
 bool contains(const guards::FileRules &rules, const std::string &path)
 {
     return std::any_of(rules.begin(), rules.end(), [&](const guards::FileRule &rule) { return rule.path == path; });
-}
-
-double processorMilliseconds()
-{
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
 }
 
 } // namespace
@@ -271,30 +260,6 @@ void GuardsTest::findsWhatRunsAProgram()
     QVERIFY(guards::isScript(script));
     QVERIFY(contains(guards::programFiles(script), "/bin/sh"));
     QVERIFY(guards::programFiles(path("nothing")).size() == 1);
-}
-
-/// The least of many, because other processes disturb.
-void GuardsTest::costsLittle()
-{
-    double least = 1e9;
-    for (int i = 0; i < measurements; ++i) {
-        int ends[2];
-        QVERIFY(pipe(ends) == 0);
-        const attempts::Attempt measured{"cost", attempts::Filter, true, [this, &ends](const attempts::Place &) {
-                                             const double before = processorMilliseconds();
-                                             lockIn(Programs::ByFileRules);
-                                             const double taken = processorMilliseconds() - before;
-                                             return write(ends[1], &taken, sizeof taken) == sizeof taken ? 0 : 1;
-                                         }};
-        QCOMPARE(attempts::resultOf(measured, m_place), 0);
-        double taken = 0;
-        QVERIFY(read(ends[0], &taken, sizeof taken) == sizeof taken);
-        least = std::min(least, taken);
-        close(ends[0]);
-        close(ends[1]);
-    }
-    qInfo("%.2f ms of processor time", least);
-    QVERIFY2(least < mostMilliseconds, qPrintable(QString::number(least)));
 }
 
 QTEST_GUILESS_MAIN(GuardsTest)

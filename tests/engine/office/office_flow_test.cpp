@@ -4,6 +4,7 @@
 #include "word/word_flow.h"
 
 #include <QTest>
+#include <QTimeZone>
 
 using namespace quorra;
 using namespace quorra::office;
@@ -428,7 +429,7 @@ void OfficeFlowTest::writesBookmarksAndComments()
     model::Document document = oneBlock(fixture::paragraph(QStringLiteral("text"), {72, 72, 300, 84}));
     document.facts.outline = {{QStringLiteral("First & last"), 0, 1, 0}};
     document.pages[0].comments = {{{72, 72, 90, 84}, QStringLiteral("A. Reader"), QStringLiteral("one\ntwo"), {}}};
-    document.pages[0].comments[0].date = QDateTime({2026, 11, 22}, {5, 15}, Qt::UTC);
+    document.pages[0].comments[0].date = QDateTime({2026, 11, 22}, {5, 15}, QTimeZone::utc());
     const QString text = flow(document);
     QVERIFY(text.contains(QLatin1String("<text:bookmark text:name=\"page1\"/>")));
     QVERIFY(text.contains(QLatin1String("<text:bookmark text:name=\"First_last\"/>")));
