@@ -233,7 +233,8 @@ void writeMarks(QXmlStreamWriter &xml, const Marks &marks)
         const XmlElement annotation(xml, "office:annotation"_L1);
         xml.writeTextElement("dc:creator"_L1, xmlText(comment->author));
         // Without a date, LibreOffice writes an invalid one into Word's formats.
-        const QDateTime date = comment->date.isValid() ? comment->date : QDateTime::fromSecsSinceEpoch(0, QTimeZone::utc());
+        const QDateTime date =
+            comment->date.isValid() ? comment->date : QDateTime::fromSecsSinceEpoch(0, QTimeZone::utc());
         xml.writeTextElement("dc:date"_L1, date.toString(u"yyyy-MM-ddTHH:mm:ss"));
         const QStringList lines = comment->text.split(u'\n');
         for (const QString &line : lines) {

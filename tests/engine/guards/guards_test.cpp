@@ -62,7 +62,6 @@ private:
 
 namespace {
 
-
 /// Asks the kernel without the functions under test.
 int kernelsLandlock()
 {
