@@ -12,8 +12,7 @@ namespace {
 
 struct Thresholds
 {
-    double minHeight = 0.3;     ///< em; of the box around all characters, if the font's unit is the em
-    double maxHeight = 4;       ///< em; the same
+    double usualHeight = 1.15;  ///< em; of the box around all characters
     double widthOfM = 0.6;      ///< em; what the library takes the letter m to be
     double widthOfOthers = 0.5; ///< em; the same for the letter that it takes otherwise
 };
@@ -67,10 +66,11 @@ double sizeForLibrary(const GfxFont &font, double size)
     const double *box = font.getFontBBox();
     const double height = std::abs((box[3] - box[1]) * matrix[3]);
     const double scale = guessedScale(static_cast<const Gfx8BitFont &>(font));
-    if (scale <= 0 || height < thresholds.minHeight || height > thresholds.maxHeight) {
+    if (scale <= 0 || height <= 0) {
         return size;
     }
-    return size / scale;
+    const auto distance = [height](double em) { return std::abs(std::log(height / em / thresholds.usualHeight)); };
+    return distance(1) < distance(scale) ? size / scale : size;
 }
 
 } // namespace quorra
