@@ -73,7 +73,8 @@ private Q_SLOTS:
         }
         const Document document = page.build();
         const Paragraph *paragraph = paragraphWith(document, QStringLiteral("Old Harbour"));
-        QVERIFY(paragraph && paragraph->lines.size() == 2);
+        QVERIFY(paragraph);
+        QCOMPARE(paragraph->lines.size(), std::size_t(2));
         QCOMPARE(paragraph->alignment, otherLines ? Alignment::Justify : Alignment::Left);
     }
 
