@@ -2,6 +2,7 @@
 #include "own_pixels.h"
 
 #include "image/encode_picture.h"
+#include "library_versions.h"
 
 #include <GfxState.h>
 #include <PDFDoc.h>
@@ -10,6 +11,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace quorra {
@@ -156,8 +159,8 @@ Raster decoded(Image &image, const Orientation &orientation)
     const int components = image.space->getNComps();
     const bool gray = image.space->getMode() == csDeviceGray || image.space->getMode() == csCalGray ||
                       (image.space->getMode() == csICCBased && components == 1);
-    GfxImageColorMap colours(image.bits, &decode, image.space.release());
-    if (!colours.isOk()) {
+    const std::unique_ptr<GfxImageColorMap> colours = colourMapOf(image.bits, &decode, std::move(image.space));
+    if (!colours->isOk()) {
         return {};
     }
     const ColourDepth depth = gray ? ColourDepth::Gray : ColourDepth::Colour;
@@ -167,16 +170,18 @@ Raster decoded(Image &image, const Orientation &orientation)
         channels * width * static_cast<std::size_t>(image.height), std::uint8_t{0xff});
     std::vector<std::uint8_t> row(channels * width);
     ImageStream lines(image.stream.getStream(), image.width, components, image.bits);
-    lines.reset();
+    if (!rewind(lines)) {
+        return {};
+    }
     for (int y = 0; y < image.height; ++y) {
         unsigned char *line = lines.getLine();
         if (!line) {
             break; // the rest of a damaged image is white
         }
         if (gray) {
-            colours.getGrayLine(line, row.data(), image.width);
+            colours->getGrayLine(line, row.data(), image.width);
         } else {
-            colours.getRGBLine(line, row.data(), image.width);
+            colours->getRGBLine(line, row.data(), image.width);
         }
         for (int x = 0; x < image.width; ++x) {
             std::copy_n(

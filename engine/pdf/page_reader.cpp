@@ -6,6 +6,7 @@
 #include "drawn_characters.h"
 #include "drawn_fonts.h"
 #include "font_families.h"
+#include "library_versions.h"
 #include "marked_content.h"
 #include "page_links.h"
 #include "page_notes.h"
@@ -152,11 +153,11 @@ Box clipBox(const GfxState *state)
 }
 
 /// Extends the text device of the PDF library, which finds words, to record all other marks on the page.
-class Collector final : public TextOutputDev
+class Collector final : public FormDevice<TextOutputDev>
 {
 public:
     Collector(bool withPictures, const Structure *structure)
-        : TextOutputDev(nullptr, false, 0, false, false)
+        : FormDevice(nullptr, false, 0, false, false)
         , m_withPictures(withPictures)
         , m_contents(structure)
     {}
@@ -258,8 +259,8 @@ public:
         takePainted();
         m_contents.end();
     }
-    void beginForm(Ref id) override { m_contents.beginForm(id.num); }
-    void endForm(Ref /*id*/) override { m_contents.endForm(); }
+    void formBegins(int objectNumber) override { m_contents.beginForm(objectNumber); }
+    void formEnds() override { m_contents.endForm(); }
 
     void drawChar(
         GfxState *state, double x, double y, double dx, double dy, double originX, double originY, CharCode code,
