@@ -3,9 +3,10 @@
 
 add_library(quorra_warnings INTERFACE)
 target_compile_options(quorra_warnings INTERFACE -Wall -Wextra -Wpedantic $<$<BOOL:${QUORRA_WERROR}>:-Werror>)
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND (QUORRA_SANITIZE OR QUORRA_SANITIZE_THREADS))
-  # With the checks added by a sanitizer, GCC does not see that a member of a variant is initialised, so this warning
-  # has false positives. It is enabled in other builds.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND
+    (QUORRA_SANITIZE OR QUORRA_SANITIZE_THREADS OR CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 13))
+  # With the checks added by a sanitizer, GCC does not see that a member of a variant is initialised, and later versions
+  # do not see it of the value of an optional, so this warning has false positives. It is enabled in other builds.
   target_compile_options(quorra_warnings INTERFACE -Wno-maybe-uninitialized)
 endif()
 
