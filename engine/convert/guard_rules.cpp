@@ -14,11 +14,8 @@ guards::FileRules guardRules(const Options &options, const std::string &tempFold
 {
     using guards::Access;
     guards::FileRules rules = guards::systemFiles();
-    const auto append = [&rules](const guards::FileRules &more) {
-        rules.insert(rules.end(), more.begin(), more.end());
-    };
-    append(guards::fontFiles());
-    append(ocr::recognitionFiles());
+    append(rules, guards::fontFiles());
+    append(rules, ocr::recognitionFiles());
     rules.push_back({Access::Read, "/proc/self"});
     // Threads open it again.
     rules.push_back({Access::Read, options.inputPath});
@@ -26,7 +23,7 @@ guards::FileRules guardRules(const Options &options, const std::string &tempFold
     if (!tempFolder.empty()) {
         for (const std::string &program :
              office::officeCandidates(std::getenv("QUORRA_SOFFICE"), std::getenv("PATH"))) {
-            append(office::exportRules(program, tempFolder));
+            append(rules, office::exportRules(program, tempFolder));
         }
     }
     return rules;

@@ -206,11 +206,6 @@ constexpr std::array<const char *, 3> linkedFolders = {
 
 using guards::Access;
 
-void append(guards::FileRules &rules, const guards::FileRules &more)
-{
-    rules.insert(rules.end(), more.begin(), more.end());
-}
-
 /// What LibreOffice needs, besides fonts and libraries of the system.
 guards::FileRules officeRules(const std::string &program, const std::string &folder)
 {

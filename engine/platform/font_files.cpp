@@ -97,8 +97,6 @@ public:
         }
     }
 
-    void append(const FileRules &more) { rules.insert(rules.end(), more.begin(), more.end()); }
-
 private:
     /// Most are links to files that there are rules for already, which saves time.
     bool leadsElsewhere(const fs::directory_entry &link) const
@@ -149,7 +147,7 @@ private:
                 add(named, depth + 1);
                 continue;
             }
-            append(linkedFolder(named.string()));
+            append(rules, linkedFolder(named.string()));
             if (element == QLatin1String("dir") && kind == QLatin1String("xdg")) {
                 appendSystemFolders(text);
             }
@@ -161,7 +159,7 @@ private:
     {
         std::istringstream folders(valueOf("XDG_DATA_DIRS"));
         for (std::string folder; std::getline(folders, folder, ':');) {
-            append(linkedFolder((fs::path(folder) / name).string()));
+            append(rules, linkedFolder((fs::path(folder) / name).string()));
         }
     }
 
@@ -203,9 +201,9 @@ FileRules fontFiles()
         configuration.rules.push_back({Access::Read, each});
     }
     // What fontconfig uses without a configuration for the user.
-    configuration.append(linkedFolder(userFolder("XDG_DATA_HOME", "/.local/share") + "/fonts"));
-    configuration.append(linkedFolder(valueOf("HOME") + "/.fonts"));
-    configuration.append(linkedFolder(userFolder("XDG_CACHE_HOME", "/.cache") + "/fontconfig"));
+    append(configuration.rules, linkedFolder(userFolder("XDG_DATA_HOME", "/.local/share") + "/fonts"));
+    append(configuration.rules, linkedFolder(valueOf("HOME") + "/.fonts"));
+    append(configuration.rules, linkedFolder(userFolder("XDG_CACHE_HOME", "/.cache") + "/fontconfig"));
     return configuration.rules;
 }
 

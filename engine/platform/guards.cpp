@@ -3,6 +3,11 @@
 
 namespace quorra::guards {
 
+void append(FileRules &rules, const FileRules &more)
+{
+    rules.insert(rules.end(), more.begin(), more.end());
+}
+
 std::string describe(const Active &active)
 {
     std::string text;

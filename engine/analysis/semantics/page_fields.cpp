@@ -163,12 +163,16 @@ private:
         std::optional<std::size_t> found;
         for (std::size_t i = 0; i < line.numbers.size(); ++i) {
             const Number &number = line.numbers[i];
+            const bool certain = countsOn(line, number, page) || isLabel(number, page);
+            if (!certain && !isNumberOf(number, page)) {
+                continue;
+            }
             const bool written = isWrittenLikePageNumber(line, number) || countAfter(line, i, pageCount());
-            if (countsOn(line, number, page) || isLabel(number, page) || (written && isNumberOf(number, page))) {
+            if (certain || written) {
                 found = i;
-                if (written) {
-                    break;
-                }
+            }
+            if (written) {
+                break;
             }
         }
         return found;

@@ -28,6 +28,8 @@ struct FileRule
 
 using FileRules = std::vector<FileRule>;
 
+void append(FileRules &rules, const FileRules &more);
+
 /// Whether the process may start other programs, and its child processes may accept local connections.
 enum class Programs {
     None,
